@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/value.h"
+
+namespace orv {
+
+class Clock {
+public:
+    Clock() = default;
+    Clock(const Clock&) = delete;
+    Clock& operator=(const Clock&) = delete;
+    virtual ~Clock() = default;
+
+    /// The local date and time.
+    virtual DateTime now() const = 0;
+};
+
+}  // namespace orv

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orv {
+
+/// Files by the system's own paths: a drive letter, backslashes, names without regard to case. A failure raises a
+/// RunTimeError (53, 57, 61, 70, 75, 76) and leaves whatever stood at the target as it was.
+class FileSystem {
+public:
+    FileSystem() = default;
+    FileSystem(const FileSystem&) = delete;
+    FileSystem& operator=(const FileSystem&) = delete;
+    virtual ~FileSystem() = default;
+
+    /// Whether a file stands there; hidden, system and read-only ones count, folders do not. Never raises.
+    virtual bool exists(const std::string& path) const = 0;
+    virtual std::uint64_t sizeOf(const std::string& path) const = 0;
+    /// Whether the file can be opened for reading. Never raises.
+    virtual bool canOpen(const std::string& path) const = 0;
+    /// Made beside the target and put in place by one rename, so that no reader sees half a file.
+    virtual void copy(const std::string& from, const std::string& to) = 0;
+    virtual void remove(const std::string& path) = 0;
+    virtual void rename(const std::string& from, const std::string& to) = 0;
+    /// Opens, appends in one write, closes; a missing file is created, a missing folder is not.
+    virtual void append(const std::string& path, const std::string& bytes) = 0;
+    /// The whole file as bytes; longer than `limit` is failure 7.
+    virtual std::string read(const std::string& path, std::size_t limit) const = 0;
+    /// The folder of the running program, in the system's form, without a trailing separator.
+    virtual std::string programFolder() const = 0;
+    /// The same place in the form of the machine, for the libraries behind the interfaces.
+    virtual std::string nativePath(const std::string& path) const = 0;
+};
+
+}  // namespace orv

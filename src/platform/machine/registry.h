@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace orv {
+
+/// The registry. Results are codes, 0 for success, as the callers compare them; a handle is 0 for none.
+class Registry {
+public:
+    Registry() = default;
+    Registry(const Registry&) = delete;
+    Registry& operator=(const Registry&) = delete;
+    virtual ~Registry() = default;
+
+    using Handle = std::int32_t;
+
+    virtual std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) = 0;
+    /// `value`: as it stands, up to its first NUL. A value of `size` bytes or more of the code page is a failure.
+    virtual std::int32_t RegQueryValueEx(Handle key, const std::string& name, std::string& value,
+                                         std::int32_t size) = 0;
+    virtual std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type,
+                                       const std::string& value, std::int32_t byteCount) = 0;
+    virtual std::int32_t RegCreateKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) = 0;
+    virtual std::int32_t RegCloseKey(Handle key) = 0;
+};
+
+}  // namespace orv

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/design.h"
+
+namespace orv {
+
+class Form;
+
+/// A modal question or notice.
+struct Notice {
+    enum class Kind { Information, Warning, Critical, Question };
+
+    std::string title;
+    std::string text;
+    Kind kind = Kind::Information;
+    std::vector<std::string> buttons{"OK"};
+    /// The button under Enter, and the one that Esc and the close box stand for.
+    std::size_t defaultButton = 0;
+    std::size_t escapeButton = 0;
+};
+
+/// What needs a screen. A window that can't be shown is a RunTimeError.
+class WindowSystem {
+public:
+    WindowSystem() = default;
+    WindowSystem(const WindowSystem&) = delete;
+    WindowSystem& operator=(const WindowSystem&) = delete;
+    virtual ~WindowSystem() = default;
+
+    /// Makes the form's window, once per loading, hidden.
+    virtual void open(Form& form) = 0;
+    virtual void show(Form& form) = 0;
+    virtual void close(Form& form) = 0;
+    /// Shows the form and returns when it has been unloaded.
+    virtual void runModal(Form& form) = 0;
+    /// Owned by the active form's window. Returns the place of the button pressed.
+    virtual std::size_t showNotice(const Notice& notice) = 0;
+    /// Takes an input-method composition that is still open into its field.
+    virtual void commitComposition() = 0;
+    /// The hourglass while `busy`.
+    virtual void pointer(bool busy) = 0;
+    /// Lets what is due be painted, without letting the operator act.
+    virtual void repaint() = 0;
+};
+
+}  // namespace orv

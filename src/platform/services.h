@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace orv {
+
+class Clock;
+class CodePage;
+class CompanySendService;
+class DbService;
+class FileService;
+class FileSystem;
+class FormHost;
+class HttpControl;
+class MachineFacts;
+class MessageService;
+class PictureLibrary;
+class ProfileReader;
+class ProgramStarter;
+class Registry;
+class StringCheckService;
+class SysInfoService;
+class TransmitEngine;
+class WindowSystem;
+
+/// Everything that the system asks of the world outside. The program's root fills it once before `Main`, a test fixture
+/// with fakes; nobody else writes to it, and nobody keeps a copy.
+struct Services {
+    DbService* db = nullptr;
+    MessageService* message = nullptr;
+    SysInfoService* sysInfo = nullptr;
+    StringCheckService* stringCheck = nullptr;
+    FileService* files = nullptr;
+    std::function<std::unique_ptr<CompanySendService>()> send;
+    FileSystem* fileSystem = nullptr;
+    ProfileReader* profiles = nullptr;
+    Registry* registry = nullptr;
+    ProgramStarter* programs = nullptr;
+    MachineFacts* facts = nullptr;
+    Clock* clock = nullptr;
+    CodePage* codePage = nullptr;
+    std::function<std::unique_ptr<HttpControl>()> http;
+    PictureLibrary* pictures = nullptr;
+    WindowSystem* windows = nullptr;
+    TransmitEngine* transmitEngine = nullptr;
+    FormHost* forms = nullptr;
+};
+
+Services& services();
+
+}  // namespace orv

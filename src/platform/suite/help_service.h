@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "platform/suite/failure_record.h"
+
+namespace orv {
+
+class HelpService {
+public:
+    HelpService() = default;
+    HelpService(const HelpService&) = delete;
+    HelpService& operator=(const HelpService&) = delete;
+    virtual ~HelpService() = default;
+
+    virtual FailureRecord ErrorInfo() const = 0;
+    /// Shows what the help file says of the control; false: nothing could be shown.
+    virtual bool ShowHelp(const std::string& controlName, const std::string& group) = 0;
+};
+
+}  // namespace orv
