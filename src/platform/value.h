@@ -34,14 +34,14 @@ public:
     using Content = std::variant<Null, std::string, std::int64_t, double, bool, DateTime, Values>;
 
     Value() = default;
-    Value(std::string text) : content_(std::move(text)) {}           // NOLINT(google-explicit-constructor)
-    Value(const char* text) : content_(std::string(text)) {}         // NOLINT(google-explicit-constructor)
-    Value(int number) : content_(std::int64_t{number}) {}            // NOLINT(google-explicit-constructor)
-    Value(std::int64_t number) : content_(number) {}                 // NOLINT(google-explicit-constructor)
-    Value(double number) : content_(number) {}                       // NOLINT(google-explicit-constructor)
-    Value(bool flag) : content_(flag) {}                             // NOLINT(google-explicit-constructor)
-    Value(DateTime moment) : content_(moment) {}                     // NOLINT(google-explicit-constructor)
-    Value(Values list) : content_(std::move(list)) {}                // NOLINT(google-explicit-constructor)
+    Value(std::string text) : content_(std::move(text)) {}    // NOLINT(google-explicit-constructor)
+    Value(const char* text) : content_(std::string(text)) {}  // NOLINT(google-explicit-constructor)
+    Value(int number) : content_(std::int64_t{number}) {}     // NOLINT(google-explicit-constructor)
+    Value(std::int64_t number) : content_(number) {}          // NOLINT(google-explicit-constructor)
+    Value(double number) : content_(number) {}                // NOLINT(google-explicit-constructor)
+    Value(bool flag) : content_(flag) {}                      // NOLINT(google-explicit-constructor)
+    Value(DateTime moment) : content_(moment) {}              // NOLINT(google-explicit-constructor)
+    Value(Values list) : content_(std::move(list)) {}         // NOLINT(google-explicit-constructor)
 
     bool isNull() const noexcept { return std::holds_alternative<Null>(content_); }
     const Content& content() const noexcept { return content_; }

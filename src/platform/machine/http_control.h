@@ -22,8 +22,8 @@ public:
     virtual void URL(const std::string& url) = 0;
     /// PUTs the file's bytes to the URL with basic authentication and takes the response's body. Raises a RunTimeError
     /// when no response comes (24011, 24012) or the file can't be read (53); any status is a response.
-    virtual void Upload(const std::string& file, const std::optional<std::string>& contentType,
-                        std::string& response, const std::optional<std::string>& headers, const std::string& user,
+    virtual void Upload(const std::string& file, const std::optional<std::string>& contentType, std::string& response,
+                        const std::optional<std::string>& headers, const std::string& user,
                         const std::string& password) = 0;
     virtual std::int32_t ResponseCode() const = 0;
     virtual std::string ResponseText() const = 0;

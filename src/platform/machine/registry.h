@@ -19,8 +19,8 @@ public:
     /// `value`: as it stands, up to its first NUL. A value of `size` bytes or more of the code page is a failure.
     virtual std::int32_t RegQueryValueEx(Handle key, const std::string& name, std::string& value,
                                          std::int32_t size) = 0;
-    virtual std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type,
-                                       const std::string& value, std::int32_t byteCount) = 0;
+    virtual std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type, const std::string& value,
+                                       std::int32_t byteCount) = 0;
     virtual std::int32_t RegCreateKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) = 0;
     virtual std::int32_t RegCloseKey(Handle key) = 0;
 };

@@ -23,7 +23,8 @@ public:
     virtual void CheckTextFirst(const std::string& text, bool& passes) = 0;
     /// False for a character that would break the store or the wire.
     virtual void CheckTextSecond(const std::string& text, bool& passes) = 0;
-    /// True for a Japanese telephone number in half-width digits and hyphens. An empty text is rejected with an empty code.
+    /// True for a Japanese telephone number in half-width digits and hyphens. An empty text is rejected with an empty
+    /// code.
     virtual void CheckTelNumber(const std::string& text, bool& passes) = 0;
 };
 

@@ -1,0 +1,239 @@
+#include "adapters/http/curl_session.h"
+
+#include <curl/curl.h>
+
+#include <array>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+constexpr long kConnectSeconds = 30;
+constexpr std::size_t kLongestReason = 200;
+
+struct FailureText {
+    CURLcode code;
+    Failure number;
+    std::string_view text;
+};
+
+constexpr auto kFailures = std::to_array<FailureText>({
+    {CURLE_OPERATION_TIMEDOUT, Failure::TimedOut, "サーバーから時間内に応答がありません。"},
+    {CURLE_COULDNT_RESOLVE_HOST, Failure::ConnectionFailed, "サーバーの名前が見つかりません。"},
+    {CURLE_COULDNT_CONNECT, Failure::ConnectionFailed, "サーバーに接続できません。"},
+    {CURLE_URL_MALFORMAT, Failure::ConnectionFailed, "サーバーのアドレスが正しくありません。"},
+    {CURLE_UNSUPPORTED_PROTOCOL, Failure::ConnectionFailed, "サーバーの応答がHTTPの形式ではありません。"},
+    {CURLE_WEIRD_SERVER_REPLY, Failure::ConnectionFailed, "サーバーの応答がHTTPの形式ではありません。"},
+    {CURLE_GOT_NOTHING, Failure::ConnectionFailed, "サーバーが応答せずに接続を切りました。"},
+    {CURLE_PARTIAL_FILE, Failure::ConnectionFailed, "サーバーの応答が途中で切れました。"},
+    {CURLE_SEND_ERROR, Failure::ConnectionFailed, "サーバーとの通信が途中で切れました。"},
+    {CURLE_RECV_ERROR, Failure::ConnectionFailed, "サーバーとの通信が途中で切れました。"},
+    {CURLE_PEER_FAILED_VERIFICATION, Failure::ConnectionFailed, "サーバーの証明書を確認できません。"},
+    {CURLE_SSL_CONNECT_ERROR, Failure::ConnectionFailed, "サーバーと安全な接続を開始できません。"},
+    {CURLE_SSL_CACERT_BADFILE, Failure::ConnectionFailed, "証明書の一覧を読み込めません。"},
+    {CURLE_WRITE_ERROR, Failure::ConnectionFailed, "サーバーの応答が長すぎます。"},
+    {CURLE_ABORTED_BY_CALLBACK, Failure::DeviceIo, "送信するファイルを読み込めません。"},
+    {CURLE_OUT_OF_MEMORY, Failure::OutOfMemory, "メモリが足りません。"},
+});
+
+/// The one place where a failure of the library becomes one of the system. The library's number goes with it, for the
+/// person who reads the log.
+[[noreturn]] void raise(CURLcode code) {
+    const std::string number = "（" + std::to_string(static_cast<int>(code)) + "）";
+    for (const auto& known : kFailures) {
+        if (known.code == code) {
+            throw RunTimeError(known.number, std::string(known.text) + number);
+        }
+    }
+    throw RunTimeError(Failure::ConnectionFailed, "サーバーとの通信に失敗しました。" + number);
+}
+
+struct CurlCloser {
+    void operator()(CURL* curl) const { curl_easy_cleanup(curl); }
+    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+    void operator()(char* text) const { curl_free(text); }
+};
+using Curl = std::unique_ptr<CURL, CurlCloser>;
+using HeaderList = std::unique_ptr<curl_slist, CurlCloser>;
+
+Curl openCurl() {
+    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
+    Curl curl(started == CURLE_OK ? curl_easy_init() : nullptr);
+    if (!curl) {
+        raise(CURLE_FAILED_INIT);
+    }
+    return curl;
+}
+
+template <typename T>
+void set(const Curl& curl, CURLoption option, T value) {
+    if (const CURLcode code = curl_easy_setopt(curl.get(), option, value); code != CURLE_OK) {
+        raise(code);
+    }
+}
+
+/// The library would guess a scheme, and send the credentials to whatever host a broken setting happens to spell.
+void requireScheme(std::string url) {
+    url.resize(std::min<std::size_t>(url.size(), 8));
+    std::ranges::transform(url, url.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    if (!url.starts_with("http://") && !url.starts_with("https://")) {
+        raise(CURLE_URL_MALFORMAT);
+    }
+}
+
+std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* response) {
+    std::string& body = static_cast<HttpResponse*>(response)->body;
+    if (count > kLongestResponse - body.size()) {
+        return 0;
+    }
+    body.append(bytes, count);
+    return count;
+}
+
+/// "HTTP/1.1 404 Not Found": the words behind the code. The last status line counts, as interim ones go before it.
+std::size_t takeStatusLine(const char* bytes, std::size_t, std::size_t count, void* response) {
+    std::string_view line(bytes, count);
+    if (line.starts_with("HTTP/")) {
+        line = line.substr(0, line.find_first_of("\r\n"));
+        const std::size_t code = line.find(' ');
+        const std::size_t words = code == line.npos ? line.npos : line.find(' ', code + 1);
+        static_cast<HttpResponse*>(response)->reason = words == line.npos ? "" : line.substr(words + 1);
+    }
+    return count;
+}
+
+std::size_t giveFile(char* buffer, std::size_t, std::size_t room, void* file) {
+    auto& stream = *static_cast<std::ifstream*>(file);
+    stream.read(buffer, static_cast<std::streamsize>(room));
+    return stream.bad() ? CURL_READFUNC_ABORT : static_cast<std::size_t>(stream.gcount());
+}
+
+void setCommon(const Curl& curl, const HttpRequest& request, HttpResponse& response) {
+    requireScheme(request.url);
+    set(curl, CURLOPT_URL, request.url.c_str());
+    set(curl, CURLOPT_PROTOCOLS_STR, "http,https");
+    set(curl, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
+    set(curl, CURLOPT_FOLLOWLOCATION, 0L);
+    set(curl, CURLOPT_SSL_VERIFYPEER, 1L);
+    set(curl, CURLOPT_SSL_VERIFYHOST, 2L);
+    set(curl, CURLOPT_PROXY, "");
+    set(curl, CURLOPT_NETRC, CURL_NETRC_IGNORED);
+    set(curl, CURLOPT_NOSIGNAL, 1L);
+    // Without it a name server that doesn't answer holds the program beyond the time-out.
+    set(curl, CURLOPT_QUICK_EXIT, 1L);
+    set(curl, CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<std::int64_t>(request.timeout.count(), 0)));
+    set(curl, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
+    // Ends a wait without end when the other machine is gone.
+    set(curl, CURLOPT_TCP_KEEPALIVE, 1L);
+    set(curl, CURLOPT_WRITEFUNCTION, takeBody);
+    set(curl, CURLOPT_WRITEDATA, &response);
+    set(curl, CURLOPT_HEADERFUNCTION, takeStatusLine);
+    set(curl, CURLOPT_HEADERDATA, &response);
+}
+
+void setCredentials(const Curl& curl, const HttpRequest& request) {
+    if (!request.user.empty()) {
+        set(curl, CURLOPT_HTTPAUTH, CURLAUTH_BASIC);
+        set(curl, CURLOPT_USERNAME, request.user.c_str());
+        set(curl, CURLOPT_PASSWORD, request.password.c_str());
+    }
+}
+
+HeaderList headerList(const HttpRequest& request) {
+    // An empty "Expect:" keeps the library from asking first whether it may send: many servers never answer that.
+    HeaderList list(curl_slist_append(nullptr, "Expect:"));
+    for (const auto& header : request.headers) {
+        if (!list || !curl_slist_append(list.get(), header.c_str())) {
+            raise(CURLE_OUT_OF_MEMORY);
+        }
+    }
+    return list;
+}
+
+std::ifstream openFile(const std::filesystem::path& path) {
+    std::error_code none;
+    std::ifstream file;
+    if (std::filesystem::is_regular_file(path, none)) {
+        file.open(path, std::ios::binary);
+    }
+    if (!file.is_open()) {
+        throw RunTimeError(Failure::FileNotFound);
+    }
+    return file;
+}
+
+void setUpload(const Curl& curl, std::ifstream& file) {
+    file.seekg(0, std::ios::end);
+    const auto size = static_cast<curl_off_t>(file.tellg());
+    file.seekg(0);
+    if (!file || size < 0) {
+        raise(CURLE_ABORTED_BY_CALLBACK);
+    }
+    set(curl, CURLOPT_UPLOAD, 1L);
+    set(curl, CURLOPT_READFUNCTION, giveFile);
+    set(curl, CURLOPT_READDATA, &file);
+    set(curl, CURLOPT_INFILESIZE_LARGE, size);
+}
+
+void setPost(const Curl& curl, const std::string& body) {
+    set(curl, CURLOPT_POST, 1L);
+    set(curl, CURLOPT_POSTFIELDS, body.data());
+    set(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+}
+
+/// What a server writes is shown and logged, so it is cut, made valid UTF-8, and freed of control characters.
+std::string readable(std::string text) {
+    using nlohmann::json;
+    text.resize(std::min(text.size(), kLongestReason));
+    text = json::parse(json(text).dump(-1, ' ', false, json::error_handler_t::replace)).get<std::string>();
+    std::ranges::replace_if(text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, ' ');
+    return text;
+}
+
+}  // namespace
+
+HttpResponse exchange(const HttpRequest& request) {
+    HttpResponse response;
+    std::ifstream file;
+    const HeaderList headers = headerList(request);
+    const Curl curl = openCurl();
+    setCommon(curl, request, response);
+    setCredentials(curl, request);
+    set(curl, CURLOPT_HTTPHEADER, headers.get());
+    if (!request.file.empty()) {
+        file = openFile(request.file);
+        setUpload(curl, file);
+    } else if (!request.body.empty()) {
+        setPost(curl, request.body);
+    }
+    // A transfer that broke behind a good status line is a failure, so the result is judged before the status is read.
+    if (const CURLcode code = curl_easy_perform(curl.get()); code != CURLE_OK) {
+        raise(code);
+    }
+    long status = 0;
+    curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
+    response.status = static_cast<std::int32_t>(status);
+    response.reason = readable(std::move(response.reason));
+    return response;
+}
+
+std::string withEncodedName(const std::string& url) {
+    const std::size_t scheme = url.find("://");
+    const std::size_t host = scheme == std::string::npos ? 0 : scheme + 3;
+    const std::size_t slash = url.rfind('/');
+    if (slash == std::string::npos || slash < host || slash + 1 == url.size()) {
+        return url;
+    }
+    const std::string name = url.substr(slash + 1);
+    const std::unique_ptr<char, CurlCloser> encoded(
+        curl_easy_escape(nullptr, name.data(), static_cast<int>(name.size())));
+    if (!encoded) {
+        raise(CURLE_OUT_OF_MEMORY);
+    }
+    return url.substr(0, slash + 1) + encoded.get();
+}
+
+}  // namespace orv

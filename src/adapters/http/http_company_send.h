@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/suite/company_send_service.h"
+
+namespace orv {
+
+class DbService;
+struct HttpRequest;
+struct HttpResponse;
+
+/// Where the service finds what it needs; asked anew at each use. The three addresses are joined as they stand.
+struct CompanySendSettings {
+    std::function<std::string()> url;             ///< ORV_URL
+    std::function<std::string()> cusSendService;  ///< ORV_CusSendService
+    std::function<std::string()> sendCus;         ///< ORV_SendCus
+    std::function<std::string()> timeOut;         ///< ORV_TimeOut, in milliseconds; 0 or less: 60 seconds
+    std::function<std::string()> store;           ///< MdbOrvEstateDB
+};
+
+/// Sends a company as one JSON document over HTTP. Nothing is repeated: a failed send goes again with the next save.
+/// The code of `SendError` is the server's status, a run-time failure's number, or one of "SEND0001" to "SEND0005".
+class HttpCompanySend : public CompanySendService {
+public:
+    HttpCompanySend(DbService& db, CompanySendSettings settings) : db_(db), settings_(std::move(settings)) {}
+
+    FailureRecord SendError() const override { return error_; }
+    void SendPrepare(bool& ok) override;
+    void SendCompany(const std::string& userId, std::string& id, bool& ok) override;
+
+private:
+    [[nodiscard]] bool recorded(const std::function<void()>& steps);
+    HttpResponse exchangeInTime(HttpRequest request) const;
+
+    DbService& db_;
+    CompanySendSettings settings_;
+    FailureRecord error_;
+};
+
+}  // namespace orv

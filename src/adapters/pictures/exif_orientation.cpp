@@ -1,0 +1,99 @@
+#include "adapters/pictures/exif_orientation.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace orv {
+namespace {
+
+using namespace std::string_view_literals;
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr std::string_view kExifMark = "Exif\0\0"sv;
+constexpr int kOrientationTag = 0x0112;
+constexpr std::size_t kEntrySize = 12;
+/// Cameras write Exif first; a file that hides it behind more segments than this is not searched further.
+constexpr int kMostSegments = 64;
+
+/// The TIFF structure inside the Exif segment, in the byte order that it names. Reading beyond its end gives 0.
+class Tiff {
+public:
+    explicit Tiff(Bytes bytes) : bytes_(bytes), bigEndian_(!bytes.empty() && bytes[0] == 'M') {}
+
+    std::uint32_t number(std::size_t at, std::size_t length) const {
+        if (at > bytes_.size() || bytes_.size() - at < length) {
+            return 0;
+        }
+        std::uint32_t value = 0;
+        for (std::size_t i = 0; i < length; ++i) {
+            value = value << 8 | bytes_[at + (bigEndian_ ? i : length - 1 - i)];
+        }
+        return value;
+    }
+
+private:
+    Bytes bytes_;
+    bool bigEndian_;
+};
+
+int orientationIn(const Tiff& tiff) {
+    const std::size_t directory = tiff.number(4, 4);
+    const std::size_t entries = tiff.number(directory, 2);
+    for (std::size_t i = 0; i < entries; ++i) {
+        const std::size_t entry = directory + 2 + i * kEntrySize;
+        if (tiff.number(entry, 2) == kOrientationTag) {
+            const auto value = static_cast<int>(tiff.number(entry + 8, 2));
+            return value >= 1 && value <= 8 ? value : 1;
+        }
+    }
+    return 1;
+}
+
+bool isExif(Bytes segment) {
+    const std::string_view text(reinterpret_cast<const char*>(segment.data()), segment.size());
+    return text.starts_with(kExifMark);
+}
+
+struct Segment {
+    int marker = 0;
+    std::size_t length = 0;
+};
+
+/// Comments and application data, as they stand before the picture's own tables.
+bool isSide(int marker) { return (marker >= 0xE0 && marker <= 0xEF) || marker == 0xFE; }
+
+std::optional<Segment> nextSegment(std::FILE* jpeg) {
+    std::array<std::uint8_t, 4> head{};
+    if (std::fread(head.data(), 1, head.size(), jpeg) != head.size() || head[0] != 0xFF || !isSide(head[1])) {
+        return std::nullopt;
+    }
+    const std::size_t length = static_cast<std::size_t>(head[2] << 8 | head[3]);
+    if (length < 2) {
+        return std::nullopt;
+    }
+    return Segment{head[1], length - 2};
+}
+
+}  // namespace
+
+int exifOrientation(std::FILE* jpeg) {
+    std::fseek(jpeg, 2, SEEK_SET);
+    for (int i = 0; i < kMostSegments; ++i) {
+        const auto segment = nextSegment(jpeg);
+        if (!segment) {
+            return 1;
+        }
+        std::vector<std::uint8_t> bytes(segment->length);
+        bytes.resize(std::fread(bytes.data(), 1, bytes.size(), jpeg));
+        if (segment->marker == 0xE1 && isExif(bytes)) {
+            return orientationIn(Tiff(Bytes(bytes).subspan(kExifMark.size())));
+        }
+    }
+    return 1;
+}
+
+}  // namespace orv

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdio>
+
+namespace orv {
+
+/// How a JPEG file wants to be turned: the Exif code 1 to 8, 1 when it says nothing that makes sense. Reads the
+/// segments before the picture only, and leaves the stream anywhere.
+int exifOrientation(std::FILE* jpeg);
+
+/// Whether the orientation swaps width and height.
+constexpr bool swapsSides(int orientation) { return orientation >= 5; }
+
+}  // namespace orv

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+/// What can be wrong with a picture file. The numbers stand in the log, so they never change their meaning.
+enum class PictureFailure : int {
+    NotAFile = 20101,
+    Empty = 20102,
+    UnknownFormat = 20103,
+    Damaged = 20104,
+    TooManyPixels = 20105,
+    UnsupportedKind = 20106,
+    FileTooLarge = 20107,
+    NeedsTooMuchMemory = 20108,
+};
+
+/// The exception for `failure`, with the text that the operator reads.
+RunTimeError pictureError(PictureFailure failure);
+
+}  // namespace orv

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/machine/file_system.h"
+#include "platform/machine/picture_library.h"
+
+namespace orv {
+
+/// Pictures out of JPEG, PNG, BMP and GIF files.
+class PictureFiles : public PictureLibrary {
+public:
+    explicit PictureFiles(const FileSystem& files) : files_(files) {}
+
+    PictureInfo info(const std::string& path) const override;
+    std::unique_ptr<Picture> load(const std::string& path) const override;
+
+private:
+    const FileSystem& files_;
+};
+
+}  // namespace orv

@@ -1,0 +1,153 @@
+#include "adapters/text/cp932.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include "platform/run_time_error.h"
+#include "platform/utf8.h"
+
+namespace orv {
+namespace {
+
+constexpr char32_t kMiddleDot = 0x30FB;
+constexpr unsigned kCodes = 0x10000;
+
+/// Bytes that the C library refuses and Windows takes for a character each.
+constexpr auto kSingleBytes = std::to_array<std::pair<std::uint16_t, char16_t>>(
+    {{0x80, 0x0080}, {0xA0, 0x00A0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
+
+constexpr bool isLead(unsigned byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
+constexpr bool isTrail(unsigned byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
+
+/// The bytes of a code: one below 0x100, else lead and trail.
+void appendCode(std::string& bytes, unsigned code) {
+    if (code > 0xFF) {
+        bytes += static_cast<char>(code >> 8U);
+    }
+    bytes += static_cast<char>(code & 0xFFU);
+}
+
+/// One direction of the C library's conversion.
+class Conversion {
+public:
+    Conversion(const char* to, const char* from) : handle_(iconv_open(to, from)) {
+        // The C library gives an invalid handle as the number -1.
+        if (std::bit_cast<std::intptr_t>(handle_) == -1) {
+            throw RunTimeError(Failure::Internal, "文字コード CP932 の変換表がありません。");
+        }
+    }
+    Conversion(const Conversion&) = delete;
+    Conversion& operator=(const Conversion&) = delete;
+    ~Conversion() { iconv_close(handle_); }
+
+    /// Nothing when `bytes` are not one exact conversion.
+    std::optional<std::string> operator()(std::string bytes) {
+        std::array<char, 8> buffer{};
+        char* in = bytes.data();
+        char* out = buffer.data();
+        std::size_t inLeft = bytes.size();
+        std::size_t outLeft = buffer.size();
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(handle_, &in, &inLeft, &out, &outLeft) != 0 || inLeft != 0) {
+            return std::nullopt;
+        }
+        return std::string(buffer.data(), out);
+    }
+
+private:
+    iconv_t handle_;
+};
+
+constexpr const char* kCodePage = "CP932";
+constexpr const char* kUtf16 = "UTF-16BE";
+
+unsigned numberOf(const std::string& bytes) {
+    unsigned number = 0;
+    for (const char byte : bytes) {
+        number = (number << 8U) | static_cast<unsigned char>(byte);
+    }
+    return number;
+}
+
+}  // namespace
+
+/// 0 stands for "no such character" in both directions; NUL itself is code 0.
+struct Cp932::Tables {
+    std::array<char16_t, kCodes> characters{};
+    std::array<std::uint16_t, kCodes> codes{};
+
+    Tables() {
+        Conversion decoded(kUtf16, kCodePage);
+        Conversion encoded(kCodePage, kUtf16);
+        for (unsigned code = 1; code < kCodes; ++code) {
+            if (code < 0x100 || (isLead(code >> 8U) && isTrail(code & 0xFFU))) {
+                addCode(code, decoded, encoded);
+            }
+        }
+        for (const auto& [code, character] : kSingleBytes) {
+            characters[code] = character;
+            codes[character] = code;
+        }
+    }
+
+    /// The code of the character, if the code page holds it.
+    std::optional<unsigned> codeOf(char32_t character) const {
+        if (character >= kCodes || (character != 0 && codes[character] == 0)) {
+            return std::nullopt;
+        }
+        return codes[character];
+    }
+
+private:
+    void addCode(unsigned code, Conversion& decoded, Conversion& encoded) {
+        std::string bytes;
+        appendCode(bytes, code);
+        const std::optional<std::string> character = decoded(bytes);
+        if (!character || character->size() != 2) {
+            return;
+        }
+        characters[code] = static_cast<char16_t>(numberOf(*character));
+        codes[characters[code]] = static_cast<std::uint16_t>(numberOf(encoded(*character).value_or(bytes)));
+    }
+};
+
+const Cp932::Tables& Cp932::tables() {
+    static const auto shared = std::make_unique<const Tables>();
+    return *shared;
+}
+
+Cp932::Cp932() : tables_(tables()) {}
+
+std::string Cp932::encode(const std::string& text) const {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (const char32_t character : toCharacters(text)) {
+        appendCode(bytes, tables_.codeOf(character).value_or('?'));
+    }
+    return bytes;
+}
+
+std::string Cp932::decode(const std::string& bytes) const {
+    std::u32string characters;
+    characters.reserve(bytes.size());
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        unsigned code = static_cast<unsigned char>(bytes[i]);
+        if (isLead(code) && i + 1 < bytes.size() && isTrail(static_cast<unsigned char>(bytes[i + 1]))) {
+            ++i;
+            code = (code << 8U) | static_cast<unsigned char>(bytes[i]);
+        }
+        const char16_t character = tables_.characters[code];
+        characters += character == 0 && code != 0 ? kMiddleDot : char32_t{character};
+    }
+    return toUtf8(characters);
+}
+
+bool Cp932::holds(char32_t character) const { return tables_.codeOf(character).has_value(); }
+
+}  // namespace orv

@@ -1,0 +1,39 @@
+#include "platform/controls/captions.h"
+
+namespace orv {
+
+Label::Label(ControlOwner& owner, std::string_view name, const LabelDesign& design, int index)
+    : Control(owner, name, index, ControlKind::Label),
+      design_(design),
+      caption_(design.caption),
+      fontSize_(design.fontSize) {
+    Control::design({}, true, design.visible);
+}
+
+void Label::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+void Label::setFontSize(int points) {
+    fontSize_ = points;
+    changed();
+}
+
+Button::Button(ControlOwner& owner, std::string_view name, const ButtonDesign& design, int index)
+    : Control(owner, name, index, ControlKind::Button), design_(design), caption_(design.caption) {
+    setTabRank(design.tabRank);
+}
+
+void Button::setMarked(bool marked) {
+    marked_ = marked;
+    changed();
+}
+
+void Button::press() {
+    if (usable() && owner().ownerEnabled()) {
+        onClick.raise();
+    }
+}
+
+}  // namespace orv

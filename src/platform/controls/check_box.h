@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/controls/control.h"
+
+namespace orv {
+
+struct CheckDesign {
+    std::string_view caption = {};
+    std::optional<Colour> back = {};
+    Colour fore = {};
+    int value = 0;
+    /// What assistive technology reads where the box has no caption of its own.
+    std::string_view spokenName = {};
+};
+
+/// 0 off, 1 on, 2 grey. A change of the value raises click, by hand and by code.
+class CheckBox : public Control {
+public:
+    CheckBox(ControlOwner& owner, std::string_view name, const CheckDesign& design, int index = -1);
+
+    const CheckDesign& checkDesign() const { return design_; }
+    int value() const { return value_; }
+    /// Failure 380 outside 0 to 2.
+    void setValue(int value);
+    /// Failure 13 for a text that is no number, 380 outside 0 to 2.
+    void setText(const std::string& text);
+
+    bool focusable() const override { return usable(); }
+
+    Event<> onClick;
+
+private:
+    CheckDesign design_;
+    int value_;
+};
+
+}  // namespace orv

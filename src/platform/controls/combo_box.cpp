@@ -1,0 +1,59 @@
+#include "platform/controls/combo_box.h"
+
+#include <algorithm>
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+ComboBox::ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign& design, int index)
+    : Control(owner, name, index, ControlKind::ComboBox), design_(design) {
+    Control::design(design.back, true, true);
+    setTabRank(design.tabRank);
+}
+
+std::string ComboBox::list(int index) const {
+    return index >= 0 && index < listCount() ? list_[static_cast<std::size_t>(index)] : std::string();
+}
+
+void ComboBox::clear() {
+    list_.clear();
+    listIndex_ = -1;
+    changed();
+}
+
+void ComboBox::addItem(std::string text) {
+    list_.push_back(std::move(text));
+    changed();
+}
+
+void ComboBox::setListIndex(int index) {
+    if (index < -1 || index >= listCount()) {
+        throw RunTimeError(Failure::InvalidPropertyValue);
+    }
+    if (index != listIndex_) {
+        choose(index);
+    }
+}
+
+void ComboBox::setText(const std::string& text) {
+    if (listIndex_ >= 0 && this->text() == text) {
+        choose(listIndex_);
+        return;
+    }
+    const auto found = std::find(list_.begin(), list_.end(), text);
+    if (found == list_.end()) {
+        throw RunTimeError(Failure::TextNotInList);
+    }
+    choose(static_cast<int>(found - list_.begin()));
+}
+
+void ComboBox::choose(int index) {
+    listIndex_ = index;
+    changed();
+    if (enabled()) {
+        onClick.raise();
+    }
+}
+
+}  // namespace orv

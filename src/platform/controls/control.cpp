@@ -1,0 +1,53 @@
+#include "platform/controls/control.h"
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+Control::Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind)
+    : owner_(owner), name_(name), index_(index), kind_(kind) {
+    owner_.adopt(*this);
+}
+
+std::string Control::objectName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }
+
+void Control::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    changed();
+}
+
+void Control::setVisible(bool visible) {
+    visible_ = visible;
+    changed();
+}
+
+void Control::setBackColour(Colour colour) {
+    backColour_ = colour;
+    changed();
+}
+
+void Control::setForeColour(Colour colour) {
+    foreColour_ = colour;
+    changed();
+}
+
+void Control::setFocus() {
+    if (!usable()) {
+        throw RunTimeError(Failure::InvalidCall);
+    }
+    owner_.giveFocus(*this);
+}
+
+void Control::changed() const {
+    if (observer_) {
+        observer_();
+    }
+}
+
+void Control::design(std::optional<Colour> back, bool enabled, bool visible) {
+    backColour_ = back;
+    enabled_ = enabled;
+    visible_ = visible;
+}
+
+}  // namespace orv

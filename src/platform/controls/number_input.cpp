@@ -1,0 +1,52 @@
+#include "platform/controls/number_input.h"
+
+#include <cmath>
+
+#include "platform/controls/input_rules.h"
+#include "platform/controls/number_text.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+NumberInput::NumberInput(ControlOwner& owner, std::string_view name, const NumberDesign& design, int index)
+    : Control(owner, name, index, ControlKind::NumberInput), design_(design) {
+    Control::design(design.back, true, true);
+}
+
+std::string NumberInput::text() const { return value_.isNull() ? std::string() : toText(value_); }
+
+void NumberInput::setText(const std::string& text) {
+    Value next;
+    if (text.find_first_not_of(' ') != std::string::npos) {
+        const std::optional<double> number = readNumber(text);
+        if (!number) {
+            throw RunTimeError(Failure::TypeMismatch);
+        }
+        const double scale = std::pow(10.0, design_.decimals);
+        const double rounded = std::round(*number * scale) / scale;
+        if (!(rounded >= design_.least && rounded <= design_.most)) {
+            throw RunTimeError(Failure::InvalidPropertyValue);
+        }
+        next = rounded;
+    }
+    const bool differs = !(next == value_);
+    value_ = next;
+    changed();
+    if (differs) {
+        onChange.raise();
+    }
+}
+
+bool NumberInput::typed(const std::string& text) {
+    const std::string narrow = toHalfWidth(text);
+    const std::optional<double> number = readNumber(narrow);
+    const bool blank = narrow.find_first_not_of(' ') == std::string::npos;
+    if (!blank && (!number || *number < design_.least || *number > design_.most)) {
+        changed();
+        return false;
+    }
+    setText(narrow);
+    return true;
+}
+
+}  // namespace orv

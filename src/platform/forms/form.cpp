@@ -1,0 +1,115 @@
+#include "platform/forms/form.h"
+
+#include <algorithm>
+
+namespace orv {
+
+Form::Form(std::string_view name, std::string_view caption, Point size) : name_(name), caption_(caption), size_(size) {}
+
+void Form::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+void Form::resize(Point size) {
+    size_ = size;
+    onResize.raise();
+    changed();
+}
+
+Control* Form::find(std::string_view control, int index) const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const Control* candidate) {
+        return candidate->name() == control && candidate->index() == index;
+    });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+std::vector<Control*> Form::tabOrder() const {
+    std::vector<Control*> order = controls_;
+    std::stable_sort(order.begin(), order.end(),
+                     [](const Control* a, const Control* b) { return a->tabRank() < b->tabRank(); });
+    return order;
+}
+
+void Form::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    changed();
+    if (enabled_ && awaited_ != nullptr) {
+        Control& control = *awaited_;
+        awaited_ = nullptr;
+        if (control.usable()) {
+            activate(control);
+        }
+    }
+}
+
+void Form::focusArrived(Control& control) {
+    if (&control != active_) {
+        activate(control);
+    }
+}
+
+void Form::focusLeft() {
+    if (active_ != nullptr) {
+        active_->onLostFocus.raise();
+    }
+}
+
+void Form::keyDown(int key) {
+    onKeyDown.raise(key);
+    if (enabled_ && active_ != nullptr) {
+        active_->onKeyDown.raise(key);
+    }
+}
+
+void Form::adopt(Control& control) { controls_.push_back(&control); }
+
+void Form::giveFocus(Control& control) {
+    if (enabled_) {
+        activate(control);
+    } else {
+        awaited_ = &control;
+    }
+}
+
+void Form::focusNext() {
+    const std::vector<Control*> order = tabOrder();
+    const auto here = std::find(order.begin(), order.end(), active_);
+    const auto start = here == order.end() ? order.begin() : here + 1;
+    const auto canStand = [](const Control* control) { return control->focusable(); };
+    auto next = std::find_if(start, order.end(), canStand);
+    if (next == order.end()) {
+        next = std::find_if(order.begin(), order.end(), canStand);
+    }
+    if (next != order.end()) {
+        activate(**next);
+    }
+}
+
+void Form::activate(Control& control) {
+    if (&control != active_) {
+        leaveActive();
+        active_ = &control;
+    }
+    if (focusObserver_) {
+        focusObserver_(control);
+    }
+    control.onGotFocus.raise();
+}
+
+void Form::leaveActive() {
+    if (active_ == nullptr) {
+        return;
+    }
+    Control& left = *active_;
+    left.onValidate.raise();
+    left.onLostFocus.raise();
+}
+
+void Form::changed() const {
+    if (observer_) {
+        observer_();
+    }
+}
+
+}  // namespace orv

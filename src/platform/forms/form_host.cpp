@@ -1,0 +1,76 @@
+#include "platform/forms/form_host.h"
+
+#include <algorithm>
+
+#include "platform/machine/window_system.h"
+#include "platform/services.h"
+
+namespace orv {
+
+void FormHost::load(Form& form) {
+    if (form.loaded_) {
+        return;
+    }
+    form.loaded_ = true;
+    forms_.push_back(&form);
+    services().windows->open(form);
+    form.onLoad.raise();
+}
+
+void FormHost::show(Form& form) {
+    load(form);
+    form.visible_ = true;
+    std::erase(shown_, &form);
+    shown_.push_back(&form);
+    services().windows->show(form);
+    if (form.activeControl() == nullptr && form.enabled()) {
+        form.focusNext();
+    }
+}
+
+void FormHost::showModal(Form& form) {
+    load(form);
+    form.visible_ = true;
+    shown_.push_back(&form);
+    if (form.activeControl() == nullptr) {
+        form.focusNext();
+    }
+    services().windows->runModal(form);
+}
+
+bool FormHost::unload(Form& form, UnloadMode mode) {
+    if (!form.loaded_) {
+        return true;
+    }
+    bool kept = false;
+    form.onQueryUnload.raise(kept, mode);
+    if (kept) {
+        return false;
+    }
+    // The handler may have unloaded every form, this one too.
+    if (!form.loaded_) {
+        return true;
+    }
+    form.loaded_ = false;
+    form.visible_ = false;
+    std::erase(forms_, &form);
+    std::erase(shown_, &form);
+    form.onUnload.raise();
+    form.active_ = nullptr;
+    form.awaited_ = nullptr;
+    services().windows->close(form);
+    return true;
+}
+
+bool FormHost::isLoaded(const Form& form) const {
+    return std::find(forms_.begin(), forms_.end(), &form) != forms_.end();
+}
+
+Form* FormHost::activeForm() const { return shown_.empty() ? nullptr : shown_.back(); }
+
+void FormHost::setPointer(int pointer) {
+    pointer_ = pointer;
+    services().windows->pointer(pointer == kPointerHourglass);
+}
+
+}  // namespace orv

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orv {
+
+/// The characters of a UTF-8 text. A byte that is no UTF-8 becomes U+FFFD.
+std::u32string toCharacters(std::string_view text);
+
+std::string toUtf8(std::u32string_view characters);
+
+}  // namespace orv
