@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "platform/controls/number_text.h"
+#include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "platform/controls/input_rules.h"
-#include "platform/controls/number_text.h"
+#include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

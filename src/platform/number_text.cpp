@@ -1,4 +1,4 @@
-#include "platform/controls/number_text.h"
+#include "platform/number_text.h"
 
 #include <charconv>
 #include <cmath>

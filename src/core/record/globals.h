@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "core/record/company_record.h"
+#include "core/record/transmit_info.h"
+#include "platform/suite/db_service.h"
+
+namespace orv {
+
+/// All that lives for the whole run. The given names below are references into the one object, so that assigning a
+/// fresh one resets every one of them; only a test fixture does that.
+struct Context {
+    CompanyRecord tCustomerInfo;
+    TransmitInfo tTransmitInfo;
+
+    std::string gErrMsg;
+    std::string gErrCode;
+    std::string gErrItems;
+
+    ConnectionPtr gConn;
+    RecordsetPtr gRs;
+
+    std::string gUserId;
+    bool gMultiCompany = false;
+    bool gAddressByMaster = false;
+    bool gSaved = false;
+    bool gSaving = false;
+};
+
+inline Context theContext;
+
+/// The company that the program works on.
+inline constinit CompanyRecord& tCustomerInfo = theContext.tCustomerInfo;
+inline constinit TransmitInfo& tTransmitInfo = theContext.tTransmitInfo;
+/// The pair: text and code of the last failure, both empty when none is pending.
+inline constinit std::string& gErrMsg = theContext.gErrMsg;
+inline constinit std::string& gErrCode = theContext.gErrCode;
+/// Display names of the fields that refused a value while a page was filled.
+inline constinit std::string& gErrItems = theContext.gErrItems;
+/// The one connection and the one recordset; open only within one event.
+inline constinit ConnectionPtr& gConn = theContext.gConn;
+inline constinit RecordsetPtr& gRs = theContext.gRs;
+/// As the argument string gave it; after the load `USER_ID` of the record is the company in force.
+inline constinit std::string& gUserId = theContext.gUserId;
+inline constinit bool& gMultiCompany = theContext.gMultiCompany;
+inline constinit bool& gAddressByMaster = theContext.gAddressByMaster;
+/// A complete save has run since the company was loaded.
+inline constinit bool& gSaved = theContext.gSaved;
+/// A save is running: a change of the company list is its own.
+inline constinit bool& gSaving = theContext.gSaving;
+
+}  // namespace orv

@@ -1,0 +1,10 @@
+#include "logging/log_files.h"
+
+namespace orv {
+
+LogFiles& logFiles() {
+    static LogFiles theLogFiles;
+    return theLogFiles;
+}
+
+}  // namespace orv

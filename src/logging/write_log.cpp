@@ -1,0 +1,130 @@
+#include "logging/write_log.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/log_files.h"
+#include "logging/trap.h"
+#include "platform/machine/clock.h"
+#include "platform/machine/code_page.h"
+#include "platform/machine/file_system.h"
+#include "platform/run_time_error.h"
+#include "platform/services.h"
+
+namespace orv {
+namespace {
+
+constexpr std::uint64_t kRasLimit = 102400;
+constexpr std::string_view kLineEnd = "\r\n";
+
+const Values& listOf(const Value& value) {
+    const auto* list = std::get_if<Values>(&value.content());
+    if (list == nullptr) {
+        throw RunTimeError(Failure::TypeMismatch);
+    }
+    return *list;
+}
+
+std::string threeValues(const Values& args) {
+    return toText(args.at(0)) + "," + toText(args.at(1)) + "," + toText(args.at(2));
+}
+
+std::string oneList(const Values& args) {
+    std::string record;
+    for (const Value& element : listOf(args.at(0))) {
+        record += toText(element) + ",";
+    }
+    return record;
+}
+
+std::string sixLists(const Values& args) {
+    std::string record;
+    for (std::size_t row = 0; row < listOf(args.at(0)).size(); ++row) {
+        record += formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss") + ",";
+        for (std::size_t column = 0; column < 6; ++column) {
+            record += toText(listOf(args.at(column)).at(row)) + ",";
+        }
+        record += kLineEnd;
+    }
+    return record;
+}
+
+/// "ras.log" beside it becomes "rasbk.log"; the backup before it is lost.
+void rotate(const std::string& path) {
+    FileSystem& files = *services().fileSystem;
+    if (!files.exists(path) || files.sizeOf(path) <= kRasLimit) {
+        return;
+    }
+    const std::size_t split = path.rfind('\\') + 1;
+    const std::string name = path.substr(split);
+    const std::string backup = path.substr(0, split) + name.substr(0, 3) + "bk" +
+                               name.substr(name.size() - std::min<std::size_t>(4, name.size()));
+    if (files.exists(backup)) {
+        files.remove(backup);
+    }
+    files.rename(path, backup);
+}
+
+struct LogKind {
+    std::string_view kind;
+    std::string (*record)(const Values& args);
+    std::function<std::string()> LogFiles::*file;
+    bool rotates;
+};
+
+constexpr std::array<LogKind, 5> kKinds{{
+    {"ERR", threeValues, &LogFiles::err, false},
+    {"RAS", threeValues, &LogFiles::ras, true},
+    {"SND", oneList, &LogFiles::snd, false},
+    {"RCV", sixLists, &LogFiles::rcv, false},
+    {"DWL", threeValues, &LogFiles::dwl, false},
+}};
+
+bool write(const LogKind& kind, const Values& args) {
+    const std::string record = kind.record(args);
+    const std::string path = (logFiles().*kind.file)();
+    if (kind.rotates) {
+        rotate(path);
+    }
+    services().fileSystem->append(path, services().codePage->encode(record + std::string(kLineEnd)));
+    return true;
+}
+
+/// Up while a record is being written. Asking for the log's own path can fail in a setting, which logs its failure.
+class Writing {
+public:
+    Writing() { up_ = true; }
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+    ~Writing() { up_ = false; }
+    static bool up() { return up_; }
+
+private:
+    static inline bool up_ = false;
+};
+
+}  // namespace
+
+bool PF_WriteLog(const std::string& kind, const Values& args) {
+    if (Writing::up()) {
+        return false;
+    }
+    const Writing writing;
+    return trapped("[ PF_WriteLog ] ", [&] {
+        const auto* known =
+            std::find_if(kKinds.begin(), kKinds.end(), [&](const LogKind& row) { return row.kind == kind; });
+        if (known == kKinds.end()) {
+            return fail("[ PF_WriteLog ] 指定されたタイプは有りません。", "ECOM4001");
+        }
+        return write(*known, args);
+    });
+}
+
+void logError(const Value& code, const Value& text) { PF_WriteLog("ERR", {services().clock->now(), code, text}); }
+
+void logPair() { logError(gErrCode, gErrMsg); }
+
+}  // namespace orv

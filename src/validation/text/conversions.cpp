@@ -1,0 +1,57 @@
+#include "validation/text/conversions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <limits>
+
+#include "platform/number_text.h"
+#include "platform/run_time_error.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+template <class Whole>
+Whole toWhole(double number) {
+    const double rounded = std::nearbyint(number);
+    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max())) {
+        throw RunTimeError(Failure::Overflow);
+    }
+    return static_cast<Whole>(rounded);
+}
+
+bool sameWord(std::string_view text, std::string_view word) {
+    return std::equal(text.begin(), text.end(), word.begin(), word.end(), [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+    });
+}
+
+}  // namespace
+
+double toNumber(std::string_view text) {
+    const std::optional<double> number = readNumber(text);
+    if (!number) {
+        throw RunTimeError(Failure::TypeMismatch);
+    }
+    return *number;
+}
+
+std::int32_t toLong(std::string_view text) { return toLong(toNumber(text)); }
+
+std::int32_t toLong(double number) { return toWhole<std::int32_t>(number); }
+
+std::int16_t toInteger(double number) { return toWhole<std::int16_t>(number); }
+
+bool toBoolean(std::string_view text) {
+    const std::string word = trimmed(text);
+    if (sameWord(word, "true")) return true;
+    if (sameWord(word, "false")) return false;
+    return toNumber(word) != 0;
+}
+
+bool toBoolean(const Value& value) { return toBoolean(std::string_view(toText(value))); }
+
+bool isNumeric(std::string_view text) { return readNumber(text).has_value(); }
+
+}  // namespace orv
