@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace orv {
 
@@ -27,6 +28,8 @@ class WindowSystem;
 /// Everything that the system asks of the world outside. The program's root fills it once before `Main`, a test fixture
 /// with fakes; nobody else writes to it, and nobody keeps a copy.
 struct Services {
+    /// What stands behind the program's name on its command line.
+    std::string commandTail;
     DbService* db = nullptr;
     MessageService* message = nullptr;
     SysInfoService* sysInfo = nullptr;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <string_view>
 
 #include "platform/run_time_error.h"
@@ -17,9 +18,14 @@ std::string padded(int number, std::size_t width) {
     return text.substr(text.size() - width);
 }
 
+/// With an exponent only where the digits would run out of sight.
 std::string shortest(double number) {
+    const double size = std::abs(number);
+    const bool plain = size == 0 || (size >= 1e-4 && size < 1e15);
     std::array<char, 64> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                   plain ? std::chars_format::fixed : std::chars_format::scientific)
+                         .ptr;
     return {buffer.data(), end};
 }
 

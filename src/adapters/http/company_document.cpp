@@ -2,6 +2,7 @@
 
 #include <array>
 #include <nlohmann/json.hpp>
+#include <span>
 
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"

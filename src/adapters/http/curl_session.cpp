@@ -2,11 +2,14 @@
 
 #include <curl/curl.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
-#include <nlohmann/json.hpp>
+#include <memory>
+#include <string_view>
 
 #include "platform/run_time_error.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
@@ -186,11 +189,10 @@ void setPost(const Curl& curl, const std::string& body) {
 
 /// What a server writes is shown and logged, so it is cut, made valid UTF-8, and freed of control characters.
 std::string readable(std::string text) {
-    using nlohmann::json;
     text.resize(std::min(text.size(), kLongestReason));
-    text = json::parse(json(text).dump(-1, ' ', false, json::error_handler_t::replace)).get<std::string>();
-    std::ranges::replace_if(text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, ' ');
-    return text;
+    std::u32string characters = toCharacters(text);
+    std::ranges::replace_if(characters, [](char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, U' ');
+    return toUtf8(characters);
 }
 
 }  // namespace

@@ -3,50 +3,32 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string_view>
 #include <vector>
+
+#include "adapters/pictures/byte_order.h"
 
 namespace orv {
 namespace {
 
 using namespace std::string_view_literals;
-using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::string_view kExifMark = "Exif\0\0"sv;
-constexpr int kOrientationTag = 0x0112;
+constexpr std::uint64_t kOrientationTag = 0x0112;
 constexpr std::size_t kEntrySize = 12;
 /// Cameras write Exif first; a file that hides it behind more segments than this is not searched further.
 constexpr int kMostSegments = 64;
 
-/// The TIFF structure inside the Exif segment, in the byte order that it names. Reading beyond its end gives 0.
-class Tiff {
-public:
-    explicit Tiff(Bytes bytes) : bytes_(bytes), bigEndian_(!bytes.empty() && bytes[0] == 'M') {}
-
-    std::uint32_t number(std::size_t at, std::size_t length) const {
-        if (at > bytes_.size() || bytes_.size() - at < length) {
-            return 0;
-        }
-        std::uint32_t value = 0;
-        for (std::size_t i = 0; i < length; ++i) {
-            value = value << 8 | bytes_[at + (bigEndian_ ? i : length - 1 - i)];
-        }
-        return value;
-    }
-
-private:
-    Bytes bytes_;
-    bool bigEndian_;
-};
-
-int orientationIn(const Tiff& tiff) {
-    const std::size_t directory = tiff.number(4, 4);
-    const std::size_t entries = tiff.number(directory, 2);
+/// `tiff`: what follows the mark, in the byte order that its first letter names.
+int orientationIn(Bytes tiff) {
+    const bool highFirst = !tiff.empty() && tiff[0] == 'M';
+    const auto number = [=](std::size_t at, std::size_t length) { return numberAt(tiff, at, length, highFirst); };
+    const std::size_t directory = number(4, 4);
+    const std::size_t entries = number(directory, 2);
     for (std::size_t i = 0; i < entries; ++i) {
         const std::size_t entry = directory + 2 + i * kEntrySize;
-        if (tiff.number(entry, 2) == kOrientationTag) {
-            const auto value = static_cast<int>(tiff.number(entry + 8, 2));
+        if (number(entry, 2) == kOrientationTag) {
+            const auto value = static_cast<int>(number(entry + 8, 2));
             return value >= 1 && value <= 8 ? value : 1;
         }
     }
@@ -90,7 +72,7 @@ int exifOrientation(std::FILE* jpeg) {
         std::vector<std::uint8_t> bytes(segment->length);
         bytes.resize(std::fread(bytes.data(), 1, bytes.size(), jpeg));
         if (segment->marker == 0xE1 && isExif(bytes)) {
-            return orientationIn(Tiff(Bytes(bytes).subspan(kExifMark.size())));
+            return orientationIn(Bytes(bytes).subspan(kExifMark.size()));
         }
     }
     return 1;

@@ -1,5 +1,8 @@
 #include "platform/controls/captions.h"
 
+#include "platform/machine/window_system.h"
+#include "platform/services.h"
+
 namespace orv {
 
 Label::Label(ControlOwner& owner, std::string_view name, const LabelDesign& design, int index)
@@ -32,6 +35,7 @@ void Button::setMarked(bool marked) {
 
 void Button::press() {
     if (usable() && owner().ownerEnabled()) {
+        services().windows->commitComposition();
         onClick.raise();
     }
 }

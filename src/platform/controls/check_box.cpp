@@ -11,6 +11,7 @@ CheckBox::CheckBox(ControlOwner& owner, std::string_view name, const CheckDesign
     : Control(owner, name, index, ControlKind::CheckBox), design_(design), value_(design.value) {
     Control::design(design.back, true, true);
     setForeColour(design.fore);
+    setTabRank(design.tabRank);
 }
 
 void CheckBox::setValue(int value) {

@@ -12,6 +12,7 @@ struct CheckDesign {
     std::optional<Colour> back = {};
     Colour fore = {};
     int value = 0;
+    int tabRank = 0;
     /// What assistive technology reads where the box has no caption of its own.
     std::string_view spokenName = {};
 };

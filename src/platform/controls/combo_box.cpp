@@ -1,6 +1,7 @@
 #include "platform/controls/combo_box.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/run_time_error.h"
 
@@ -24,6 +25,11 @@ void ComboBox::clear() {
 
 void ComboBox::addItem(std::string text) {
     list_.push_back(std::move(text));
+    changed();
+}
+
+void ComboBox::addItems(std::vector<std::string> texts) {
+    list_.insert(list_.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
     changed();
 }
 

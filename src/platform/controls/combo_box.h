@@ -12,6 +12,8 @@ struct ComboDesign {
     std::string_view caption = {};
     std::optional<Colour> back = {};
     int tabRank = 0;
+    /// What assistive technology reads where the list has no caption of its own.
+    std::string_view spokenName = {};
 };
 
 /// A list to choose from; nothing can be typed. Index -1: nothing is chosen. Choosing raises click, by hand and by
@@ -21,6 +23,7 @@ public:
     ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign& design, int index = -1);
 
     std::string_view caption() const { return design_.caption; }
+    std::string_view spokenName() const { return design_.spokenName; }
     int listCount() const { return static_cast<int>(list_.size()); }
     /// Empty for a place outside the list.
     std::string list(int index) const;
@@ -31,6 +34,8 @@ public:
     /// Drops all entries and the choice; raises nothing.
     void clear();
     void addItem(std::string text);
+    /// All of them in one step, for long lists.
+    void addItems(std::vector<std::string> texts);
     /// Chooses by place, -1 for nothing; failure 380 outside the list. Raises click when the choice changes.
     void setListIndex(int index);
     /// Chooses the entry of that text and raises click; failure 383 when the list does not hold it.

@@ -15,6 +15,8 @@ struct NumberDesign {
     double most = 0;
     int decimals = 0;
     std::optional<Colour> back = {};
+    /// What assistive technology reads where the field has no caption of its own.
+    std::string_view spokenName = {};
 };
 
 /// Holds a number of its range, or null for nothing.

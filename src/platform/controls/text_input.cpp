@@ -7,6 +7,7 @@ namespace orv {
 TextInput::TextInput(ControlOwner& owner, std::string_view name, const TextDesign& design, int index)
     : Control(owner, name, index, ControlKind::TextInput), design_(design) {
     Control::design(design.back, design.enabled, design.visible);
+    setTabRank(design.tabRank);
 }
 
 void TextInput::setText(std::string text) {

@@ -36,6 +36,9 @@ struct TextDesign {
     bool enabled = true;
     bool visible = true;
     bool password = false;
+    int tabRank = 0;
+    /// What assistive technology reads where the field has no caption of its own.
+    std::string_view spokenName = {};
 };
 
 class TextInput : public Control {

@@ -34,6 +34,8 @@ public:
     virtual void open(Form& form) = 0;
     virtual void show(Form& form) = 0;
     virtual void close(Form& form) = 0;
+    /// Into the middle of the screen's work area (to its corner when the form is larger), and in front of the others.
+    virtual void centre(Form& form) = 0;
     /// Shows the form and returns when it has been unloaded.
     virtual void runModal(Form& form) = 0;
     /// Owned by the active form's window. Returns the place of the button pressed.

@@ -43,14 +43,12 @@ std::int32_t toLong(double number) { return toWhole<std::int32_t>(number); }
 
 std::int16_t toInteger(double number) { return toWhole<std::int16_t>(number); }
 
-bool toBoolean(std::string_view text) {
-    const std::string word = trimmed(text);
+bool toBoolean(const Value& value) {
+    const std::string word = trimmed(toText(value));
     if (sameWord(word, "true")) return true;
     if (sameWord(word, "false")) return false;
     return toNumber(word) != 0;
 }
-
-bool toBoolean(const Value& value) { return toBoolean(std::string_view(toText(value))); }
 
 bool isNumeric(std::string_view text) { return readNumber(text).has_value(); }
 

@@ -19,7 +19,6 @@ std::int32_t toLong(double number);
 /// The same in 16 bits.
 std::int16_t toInteger(double number);
 /// "True" and "False" without regard to case, or a number: anything but zero is true.
-bool toBoolean(std::string_view text);
 bool toBoolean(const Value& value);
 /// Whether a plain conversion to a number succeeds.
 bool isNumeric(std::string_view text);

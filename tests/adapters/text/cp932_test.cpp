@@ -108,13 +108,14 @@ TEST(Cp932, DecodesTheSecondCodeOfACharacterAndWritesTheFirst) {
 TEST(Cp932, NeverStopsAtBadBytes) {
     const Cp932 page;
     constexpr auto kCases = std::to_array<Pair>({
-        {"・", "\x81"},                         // cut inside a character, at the end
-        {"ﾟあ", "\xDF\x82\xA0"},              // cut inside a character, at the front
-        {"・", "\x81\xAD"},                     // a pair that means nothing
+        {"・", "\x81"},           // cut inside a character, at the end
+        {"ﾟあ", "\xDF\x82\xA0"},  // cut inside a character, at the front
+        {"・", "\x81\xAD"},       // a pair that means nothing
         {"・あ", "\x85\x40\x82\xA0"},
-        {"・\r\nあ", "\x82\r\n\x82\xA0"},       // a line break is never swallowed
-        {"・ ・9", "\x82 \x82"                  // nor a blank or a digit
-                   "9"},
+        {"・\r\nあ", "\x82\r\n\x82\xA0"},  // a line break is never swallowed
+        {"・ ・9",
+         "\x82 \x82"  // nor a blank or a digit
+         "9"},
         {"・\x7F", "\x82\x7F"},
         {"・\uF8F1", "\x82\xFD"},
         {"園\u0080", "\x89\x80\x80"},
@@ -164,8 +165,7 @@ TEST(Cp932, IsQuickEnoughForEveryKeyStroke) {
     const std::string back = page.decode(page.encode(text));
     const auto took = std::chrono::steady_clock::now() - begin;
     EXPECT_EQ(back, text);
-    RecordProperty("microseconds",
-                   std::to_string(std::chrono::duration_cast<std::chrono::microseconds>(took).count()));
+    RecordProperty("microseconds", std::to_string(std::chrono::duration_cast<std::chrono::microseconds>(took).count()));
     EXPECT_LT(took, std::chrono::milliseconds(200));
 }
 

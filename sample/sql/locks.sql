@@ -1,0 +1,4 @@
+-- A colleague at the front desk has this company open.
+
+INSERT INTO TBL_LOCK (USER_ID, PROPERTY_TYPE_CODE, PROPERTY_NO, LOCAL_INFO, INSERT_DATE)
+VALUES ('000004606', 'COS', '99999999', 'FRONT-PC02', '2026/11/02 09:14:37');

@@ -1,0 +1,126 @@
+#include "adapters/posix/ini_reader.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "adapters/posix/ascii.h"
+
+namespace orv {
+namespace {
+
+using Text = std::string_view;
+
+constexpr std::size_t kLargestFile = std::size_t{64} << 20;
+constexpr std::size_t kLongestValue = 511;
+constexpr Text kByteOrderMark = "\xEF\xBB\xBF";
+
+bool isLeadByte(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+}
+
+/// The bytes of the character that begins at `at`.
+std::size_t widthAt(Text text, std::size_t at) { return isLeadByte(text[at]) && at + 1 < text.size() ? 2 : 1; }
+
+/// The place of a single-byte character, or npos.
+std::size_t findCharacter(Text text, char wanted) {
+    for (std::size_t at = 0; at < text.size(); at += widthAt(text, at)) {
+        if (text[at] == wanted) {
+            return at;
+        }
+    }
+    return Text::npos;
+}
+
+bool sameName(Text a, Text b) {
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (std::size_t at = 0, width = 0; at < a.size(); at += width) {
+        width = widthAt(a, at);
+        const Text left = a.substr(at, width);
+        const Text right = b.substr(at, width);
+        if (width == 2 ? left != right : !sameFolded(left, right)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// The next line without its end, taken off `rest`. Of CR LF an empty line is left, which means nothing.
+Text takeLine(Text& rest) {
+    const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; });
+    const Text line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
+    return trimBlanks(line);
+}
+
+bool isHeader(Text line) { return line.starts_with('['); }
+
+/// What stands behind the header of the first section of that name.
+Text linesBehindHeader(Text rest, Text section) {
+    while (!rest.empty()) {
+        const Text line = takeLine(rest);
+        if (!isHeader(line)) {
+            continue;
+        }
+        const Text name = line.substr(1);
+        if (sameName(trimBlanks(name.substr(0, findCharacter(name, ']'))), section)) {
+            return rest;
+        }
+    }
+    return {};
+}
+
+/// The value of the first line with that key before the next header.
+Text valueOf(Text rest, Text key) {
+    while (!rest.empty()) {
+        const Text line = takeLine(rest);
+        if (isHeader(line)) {
+            break;
+        }
+        const std::size_t equals = line.starts_with(';') ? Text::npos : findCharacter(line, '=');
+        if (equals != Text::npos && sameName(trimBlanks(line.substr(0, equals)), key)) {
+            return trimBlanks(line.substr(equals + 1));
+        }
+    }
+    return {};
+}
+
+Text withoutQuotes(Text value) {
+    const bool quoted = value.size() >= 2 && value.front() == value.back() && (value[0] == '"' || value[0] == '\'');
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// As many whole characters as fit.
+Text cut(Text value, std::size_t limit) {
+    std::size_t end = 0;
+    while (end < value.size() && end + widthAt(value, end) <= limit) {
+        end += widthAt(value, end);
+    }
+    return value.substr(0, end);
+}
+
+}  // namespace
+
+std::string IniReader::GetPrivateProfileString(const std::string& section, const std::string& key,
+                                               const std::string& file) const {
+    const std::string path = placeOf(std::string(upToNul(file)));
+    if (!files_.exists(path)) {
+        return {};
+    }
+    const std::string sectionBytes = codePage_.encode(std::string(trimBlanks(upToNul(section))));
+    const std::string keyBytes = codePage_.encode(std::string(trimBlanks(upToNul(key))));
+    const std::string bytes = files_.read(path, kLargestFile);
+    Text text = bytes;
+    text.remove_prefix(text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
+    const Text value = valueOf(linesBehindHeader(text, sectionBytes), keyBytes);
+    return codePage_.decode(std::string(cut(withoutQuotes(value), kLongestValue)));
+}
+
+std::string IniReader::placeOf(const std::string& file) const {
+    const bool bare = file.find_first_of("\\/:") == std::string::npos;
+    return bare && !file.empty() ? facts_.GetWindowsDirectory() + "\\" + file : file;
+}
+
+}  // namespace orv

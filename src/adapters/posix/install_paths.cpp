@@ -1,0 +1,154 @@
+#include "adapters/posix/install_paths.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "adapters/posix/ascii.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+using Names = std::vector<std::string_view>;
+
+bool isDriveLetter(char c) { return foldAscii(c) >= 'A' && foldAscii(c) <= 'Z'; }
+
+bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isDriveLetter(path[0]); }
+
+/// The names that are left of a path when "." and ".." are worked off; ".." at the top is dropped.
+Names namesOf(std::string_view path) {
+    Names names;
+    while (!path.empty()) {
+        const auto end = std::min(path.find_first_of("\\/"), path.size());
+        const auto name = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (name == "..") {
+            if (!names.empty()) {
+                names.pop_back();
+            }
+        } else if (!name.empty() && name != ".") {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+bool isThere(const std::string& nativePath) {
+    struct stat facts {};
+    return ::lstat(nativePath.c_str(), &facts) == 0;
+}
+
+/// The entry of `folder` that is `name` in another case; of several the first in byte order, so that it is always the
+/// same one. Empty: there is none.
+std::string inOtherCase(const std::string& folder, std::string_view name) {
+    std::string found;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), &::closedir);
+    while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr) {
+        const std::string_view candidate = entry->d_name;
+        if (sameFolded(candidate, name) && (found.empty() || candidate < found)) {
+            found = candidate;
+        }
+    }
+    return found;
+}
+
+std::string follow(std::string place, const Names& names) {
+    bool known = true;
+    for (const auto name : names) {
+        std::string next = place + "/" + std::string(name);
+        if (known && !isThere(next)) {
+            const std::string other = inOtherCase(place.empty() ? "/" : place, name);
+            known = !other.empty();
+            next = known ? place + "/" + other : next;
+        }
+        place = std::move(next);
+    }
+    return place.empty() ? "/" : place;
+}
+
+/// A native path that code of the system has built on with backslashes is walked like its own.
+std::string followNative(const std::string& path) {
+    if (path.find('\\') == std::string::npos || isThere(path)) {
+        return path;
+    }
+    return follow("", namesOf(path));
+}
+
+std::string withoutTrailingSlash(const std::string& folder) {
+    std::string text = std::filesystem::path(folder).lexically_normal().string();
+    while (text.ends_with('/')) {
+        text.pop_back();
+    }
+    return text;
+}
+
+}  // namespace
+
+InstallPaths::InstallPaths(const std::string& nativeRoot, const std::string& nativeProgramFolder)
+    : root_(withoutTrailingSlash(nativeRoot)), programFolder_(toSystem(withoutTrailingSlash(nativeProgramFolder))) {}
+
+std::string InstallPaths::toNative(const std::string& path) const {
+    if (path.empty() || path.find('\0') != std::string::npos) {
+        throw RunTimeError(Failure::BadFileName);
+    }
+    if (path.front() == '/') {
+        return followNative(path);
+    }
+    if (hasDrive(path)) {
+        return onDrive(path[0], std::string_view(path).substr(2));
+    }
+    if (path.front() == '\\') {
+        return onDrive(hasDrive(programFolder_) ? programFolder_[0] : 'C', path);
+    }
+    if (hasDrive(programFolder_)) {
+        return onDrive(programFolder_[0], programFolder_.substr(2) + "\\" + path);
+    }
+    return followNative(programFolder_ + "\\" + path);
+}
+
+std::string InstallPaths::onDrive(char letter, std::string_view path) const {
+    const char drive = foldAscii(letter);
+    Names names = namesOf(path);
+    names.insert(names.begin(), std::string_view(&drive, 1));
+    return follow(root_, names);
+}
+
+std::string InstallPaths::toSystem(const std::string& nativePath) const {
+    const std::string prefix = root_ + "/";
+    const std::string rest = nativePath.starts_with(prefix) ? nativePath.substr(prefix.size()) : "";
+    const bool onADrive = !rest.empty() && rest[0] >= 'A' && rest[0] <= 'Z' && (rest.size() == 1 || rest[1] == '/');
+    if (!onADrive || rest.find('\\') != std::string::npos) {
+        return nativePath;
+    }
+    std::string path = rest.substr(0, 1) + ":" + rest.substr(1);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+}
+
+std::string runningProgramFolder() {
+    std::error_code failure;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", failure);
+    if (failure) {
+        throw RunTimeError(Failure::PathNotFound);
+    }
+    return program.parent_path().string();
+}
+
+std::string installRootOf(const std::string& nativeProgramFolder) {
+    const std::filesystem::path programFolder = withoutTrailingSlash(nativeProgramFolder);
+    for (auto folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
+        const std::string name = folder.filename().string();
+        if (name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z') {
+            return folder.parent_path().string();
+        }
+    }
+    return programFolder.parent_path().string();
+}
+
+}  // namespace orv

@@ -1,0 +1,172 @@
+#include "adapters/posix/native_file.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <filesystem>
+#include <utility>
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
+    {ENOENT, Failure::FileNotFound},
+    {ENOTDIR, Failure::PathNotFound},
+    {EACCES, Failure::PathFileAccess},
+    {EISDIR, Failure::PathFileAccess},
+    {ELOOP, Failure::PathFileAccess},
+    {ENXIO, Failure::PathFileAccess},
+    {EPERM, Failure::PermissionDenied},
+    {EROFS, Failure::PermissionDenied},
+    {EBUSY, Failure::PermissionDenied},
+    {ETXTBSY, Failure::PermissionDenied},
+    {EEXIST, Failure::FileExists},
+    {ENOSPC, Failure::DiskFull},
+    {EDQUOT, Failure::DiskFull},
+    {EFBIG, Failure::DiskFull},
+    {ENAMETOOLONG, Failure::BadFileName},
+    {EINVAL, Failure::BadFileName},
+    {ENOMEM, Failure::OutOfMemory},
+});
+
+std::string folderOf(const std::string& nativePath) { return std::filesystem::path(nativePath).parent_path().string(); }
+
+int openOrRaise(const std::string& path, int flags) {
+    // Without waiting: opening a pipe that nobody writes to must not hang the program.
+    constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    constexpr mode_t kMode = 0666;
+    const int descriptor = ::open(path.c_str(), flags | kAlways, kMode);
+    if (descriptor < 0) {
+        raiseErrno(errno, path);
+    }
+    return descriptor;
+}
+
+/// The name is short and its own, so that a target with the longest of names can have a file beside it.
+std::string freeNameBeside(const std::string& target) {
+    static std::atomic<unsigned> count{0};
+    std::string path;
+    struct stat facts {};
+    do {
+        path = folderOf(target) + "/.orv-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+    } while (::lstat(path.c_str(), &facts) == 0);
+    return path;
+}
+
+}  // namespace
+
+void raiseErrno(int error, const std::string& nativePath) {
+    if (error == ENOENT && ::access(folderOf(nativePath).c_str(), F_OK) != 0) {
+        throw RunTimeError(Failure::PathNotFound);
+    }
+    for (const auto& [known, failure] : kFailures) {
+        if (known == error) {
+            throw RunTimeError(failure);
+        }
+    }
+    throw RunTimeError(Failure::DeviceIo);
+}
+
+NativeFile::NativeFile(std::string path, int flags) : path_(std::move(path)), descriptor_(openOrRaise(path_, flags)) {
+    if (::fstat(descriptor_, &facts_) != 0 || !S_ISREG(facts_.st_mode)) {
+        ::close(descriptor_);
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+}
+
+NativeFile::~NativeFile() { ::close(descriptor_); }
+
+std::size_t NativeFile::read(char* buffer, std::size_t size) const {
+    ssize_t count = 0;
+    do {
+        count = ::read(descriptor_, buffer, size);
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        raiseErrno(errno, path_);
+    }
+    return static_cast<std::size_t>(count);
+}
+
+void NativeFile::writeAll(std::string_view bytes) const {
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
+        if (count >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            raiseErrno(errno, path_);
+        }
+    }
+}
+
+void NativeFile::append(std::string_view bytes) const {
+    ssize_t count = 0;
+    do {
+        count = ::write(descriptor_, bytes.data(), bytes.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        raiseErrno(errno, path_);
+    }
+    if (static_cast<std::size_t>(count) == bytes.size()) {
+        return;
+    }
+    // Only while nothing of another program stands behind the half record.
+    const off_t end = ::lseek(descriptor_, 0, SEEK_CUR);
+    struct stat now {};
+    if (::fstat(descriptor_, &now) == 0 && now.st_size == end && ::ftruncate(descriptor_, end - count) != 0) {
+        throw RunTimeError(Failure::DeviceIo);
+    }
+    throw RunTimeError(Failure::DiskFull);
+}
+
+void NativeFile::sync() const {
+    if (::fsync(descriptor_) != 0) {
+        raiseErrno(errno, path_);
+    }
+}
+
+FileBeside::FileBeside(std::string target)
+    : target_(std::move(target)),
+      path_(freeNameBeside(target_)),
+      file_(path_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW) {}
+
+FileBeside::~FileBeside() {
+    if (!placed_) {
+        ::unlink(path_.c_str());
+    }
+}
+
+void FileBeside::place() {
+    file_.sync();
+    if (::rename(path_.c_str(), target_.c_str()) != 0) {
+        raiseErrno(errno, target_);
+    }
+    placed_ = true;
+}
+
+std::string readWholeFile(const std::string& nativePath, std::size_t limit) {
+    const NativeFile file(nativePath, O_RDONLY);
+    const auto size = static_cast<std::size_t>(file.facts().st_size);
+    if (size > limit) {
+        throw RunTimeError(Failure::OutOfMemory);
+    }
+    std::string bytes(size + 1, '\0');  // one more, to see the end in the same reading
+    std::size_t filled = 0;
+    while (const std::size_t count = file.read(bytes.data() + filled, bytes.size() - filled)) {
+        filled += count;
+        if (filled > limit) {
+            throw RunTimeError(Failure::OutOfMemory);
+        }
+        if (filled == bytes.size()) {
+            bytes.resize(filled * 2);
+        }
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+}  // namespace orv

@@ -1,0 +1,125 @@
+#include "adapters/posix/posix_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+#include "adapters/posix/native_file.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+bool sameFile(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+void copyBytes(const NativeFile& from, const NativeFile& to) {
+    std::array<char, 1 << 16> buffer{};
+    while (const std::size_t count = from.read(buffer.data(), buffer.size())) {
+        to.writeAll({buffer.data(), count});
+    }
+}
+
+/// 0, or -1 with errno. Not every file system can refuse an existing target by itself.
+int renameToFreeName(const char* from, const char* to) {
+    const int result = ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    if (result == 0 || (errno != EINVAL && errno != ENOSYS)) {
+        return result;
+    }
+    struct stat facts {};
+    if (::lstat(to, &facts) == 0) {
+        errno = EEXIST;
+        return -1;
+    }
+    return ::rename(from, to);
+}
+
+}  // namespace
+
+bool PosixFiles::exists(const std::string& path) const {
+    try {
+        struct stat facts {};
+        return ::stat(nativePath(path).c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+std::uint64_t PosixFiles::sizeOf(const std::string& path) const {
+    const std::string native = nativePath(path);
+    struct stat facts {};
+    if (::stat(native.c_str(), &facts) != 0) {
+        raiseErrno(errno, native);
+    }
+    if (!S_ISREG(facts.st_mode)) {
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+    return static_cast<std::uint64_t>(facts.st_size);
+}
+
+bool PosixFiles::canOpen(const std::string& path) const {
+    try {
+        const NativeFile file(nativePath(path), O_RDONLY);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+void PosixFiles::copy(const std::string& from, const std::string& to) {
+    const NativeFile source(nativePath(from), O_RDONLY);
+    const std::string target = nativePath(to);
+    struct stat standing {};
+    if (::stat(target.c_str(), &standing) == 0) {
+        if (sameFile(standing, source.facts())) {
+            return;
+        }
+        if (!S_ISREG(standing.st_mode)) {
+            throw RunTimeError(Failure::PathFileAccess);
+        }
+    }
+    FileBeside copied(target);
+    copyBytes(source, copied.file());
+    copied.place();
+}
+
+void PosixFiles::remove(const std::string& path) {
+    const std::string native = nativePath(path);
+    if (::unlink(native.c_str()) != 0) {
+        raiseErrno(errno, native);
+    }
+}
+
+void PosixFiles::rename(const std::string& from, const std::string& to) {
+    const std::string source = nativePath(from);
+    const std::string target = nativePath(to);
+    if (renameToFreeName(source.c_str(), target.c_str()) != 0) {
+        const int error = errno;
+        struct stat facts {};
+        raiseErrno(error, ::lstat(source.c_str(), &facts) == 0 ? target : source);
+    }
+}
+
+void PosixFiles::append(const std::string& path, const std::string& bytes) {
+    NativeFile(nativePath(path), O_WRONLY | O_APPEND | O_CREAT).append(bytes);
+}
+
+std::string PosixFiles::read(const std::string& path, std::size_t limit) const {
+    return readWholeFile(nativePath(path), limit);
+}
+
+void PosixFileService::FileDelete(const std::string& path, bool& ok) {
+    failure_ = {};
+    try {
+        files_.remove(path);
+        ok = true;
+    } catch (const RunTimeError& error) {
+        failure_ = {"「" + path + "」を削除できませんでした。" + error.description(), std::to_string(error.number())};
+        ok = false;
+    }
+}
+
+}  // namespace orv

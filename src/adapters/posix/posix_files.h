@@ -1,0 +1,44 @@
+#pragma once
+
+#include "adapters/posix/install_paths.h"
+#include "platform/machine/file_system.h"
+#include "platform/suite/file_service.h"
+
+namespace orv {
+
+/// Files of an install. Only regular files count: a folder, a pipe or a device is never read or written.
+class PosixFiles : public FileSystem {
+public:
+    explicit PosixFiles(const InstallPaths& paths) : paths_(paths) {}
+
+    bool exists(const std::string& path) const override;
+    std::uint64_t sizeOf(const std::string& path) const override;
+    bool canOpen(const std::string& path) const override;
+    /// A file copied to itself stays as it is.
+    void copy(const std::string& from, const std::string& to) override;
+    void remove(const std::string& path) override;
+    /// A target that is there is failure 58.
+    void rename(const std::string& from, const std::string& to) override;
+    void append(const std::string& path, const std::string& bytes) override;
+    std::string read(const std::string& path, std::size_t limit) const override;
+    std::string programFolder() const override { return paths_.programFolder(); }
+    std::string nativePath(const std::string& path) const override { return paths_.toNative(path); }
+
+private:
+    const InstallPaths& paths_;
+};
+
+/// Deletes by a FileSystem, and tells the operator which file could not go and why.
+class PosixFileService : public FileService {
+public:
+    explicit PosixFileService(FileSystem& files) : files_(files) {}
+
+    void FileDelete(const std::string& path, bool& ok) override;
+    FailureRecord FileError() const override { return failure_; }
+
+private:
+    FileSystem& files_;
+    FailureRecord failure_;
+};
+
+}  // namespace orv

@@ -1,0 +1,184 @@
+#include "adapters/sqlite/sqlite_database.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <limits>
+#include <string_view>
+
+#include "adapters/sqlite/ascii_fold.h"
+#include "adapters/sqlite/sqlite_failure.h"
+#include "platform/utf8.h"
+
+namespace orv {
+namespace {
+
+// The folder is flushed too when the journal goes, so that a power cut cannot bring the journal, and with it the state
+// before the commit, back.
+constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
+constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
+constexpr std::string_view kBlanks = " \t\r\n\f";
+
+/// Another program may have put anything into a text column, while everything behind the store relies on UTF-8.
+std::string repairedUtf8(std::string_view bytes) {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    return std::ranges::all_of(bytes, isAscii) ? std::string(bytes) : toUtf8(toCharacters(bytes));
+}
+
+StoreFailure lastFailure(sqlite3* database, int result) {
+    const char* words = sqlite3_errmsg(database);
+    return engineFailure(result, repairedUtf8(words == nullptr ? "" : words));
+}
+
+void refuseUnlessOk(sqlite3* database, int result) {
+    if (result != SQLITE_OK) {
+        throw lastFailure(database, result);
+    }
+}
+
+/// The first characters of a text, all of one that is shorter; null of null.
+void left(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
+    if (bytes == nullptr || sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
+        return;
+    }
+    const std::int64_t length = sqlite3_value_int64(arguments[1]);
+    if (length < 0) {
+        sqlite3_result_error(context, "Left: negative length", -1);
+        return;
+    }
+    const std::u32string text = toCharacters({bytes, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))});
+    const std::string start = toUtf8(std::u32string_view(text).substr(0, static_cast<std::size_t>(length)));
+    sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
+}
+
+int denySettings(void*, int action, const char*, const char*, const char*, const char*) {
+    const bool denied = action == SQLITE_PRAGMA || action == SQLITE_ATTACH || action == SQLITE_DETACH;
+    return denied ? SQLITE_DENY : SQLITE_OK;
+}
+
+/// A text or a blob; the engine wants to be asked for the bytes first and for their number then.
+Value textValue(sqlite3_stmt* row, int column) {
+    const void* bytes = sqlite3_column_type(row, column) == SQLITE_BLOB ? sqlite3_column_blob(row, column)
+                                                                        : sqlite3_column_text(row, column);
+    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+    return bytes == nullptr ? std::string() : repairedUtf8({static_cast<const char*>(bytes), length});
+}
+
+struct Binder {
+    sqlite3_stmt* statement;
+    int place;
+
+    int operator()(Null) const { return sqlite3_bind_null(statement, place); }
+    int operator()(const std::string& text) const {
+        return sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, place, number); }
+    int operator()(double number) const { return sqlite3_bind_double(statement, place, number); }
+    int operator()(bool flag) const { return sqlite3_bind_int(statement, place, flag ? 1 : 0); }
+    int operator()(const DateTime&) const { return SQLITE_MISMATCH; }
+    int operator()(const Values&) const { return SQLITE_MISMATCH; }
+};
+
+}  // namespace
+
+void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
+
+SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait) {
+    const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(nativePath.c_str(), &opened, mode | SQLITE_OPEN_EXRESCODE, nullptr);
+    handle_.reset(opened);
+    refuseUnlessOk(opened, result);
+    refuseUnlessOk(opened, sqlite3_busy_timeout(opened, static_cast<int>(busyWait.count())));
+    refuseUnlessOk(opened, sqlite3_create_function_v2(opened, "Left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                                                      left, nullptr, nullptr, nullptr));
+    SqliteStatement(*this, kFullDurability).step();
+    SqliteStatement(*this, kReadSchema).step();
+}
+
+void SqliteDatabase::refuseSettings() { sqlite3_set_authorizer(handle(), denySettings, nullptr); }
+
+bool SqliteDatabase::inTransaction() const { return sqlite3_get_autocommit(handle()) == 0; }
+
+void SqliteDatabase::rollBack() {
+    if (!inTransaction()) {
+        return;
+    }
+    const int result = sqlite3_exec(handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+    if (inTransaction()) {
+        throw lastFailure(handle(), result);
+    }
+}
+
+void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+
+SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::string& sql)
+    : database_(database.handle()) {
+    if (sql.find('\0') != std::string::npos) {
+        throw StoreFailure(Failure::InvalidCall, "DBSQL01", "データベースへの命令に使えない文字があります。");
+    }
+    sqlite3_stmt* prepared = nullptr;
+    const char* rest = nullptr;
+    refuseUnlessOk(database_, sqlite3_prepare_v2(database_, sql.c_str(), -1, &prepared, &rest));
+    statement_.reset(prepared);
+    if (prepared == nullptr) {
+        throw StoreFailure(Failure::InvalidCall, "DBSQL02", "データベースへの命令が空です。");
+    }
+    if (std::string_view(rest).find_first_not_of(kBlanks) != std::string_view::npos) {
+        throw StoreFailure(Failure::InvalidCall, "DBSQL03", "データベースへの命令は一度に一つだけ実行できます。");
+    }
+}
+
+void SqliteStatement::bind(int place, const Value& value) {
+    refuseUnlessOk(database_, std::visit(Binder{statement_.get(), place}, value.content()));
+}
+
+bool SqliteStatement::step() {
+    const int result = sqlite3_step(statement_.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE) {
+        throw lastFailure(database_, result);
+    }
+    return result == SQLITE_ROW;
+}
+
+std::int32_t SqliteStatement::run() {
+    const std::int64_t before = sqlite3_total_changes64(database_);
+    while (step()) {
+    }
+    // A statement that changes no rows, such as CREATE, leaves the engine's count of the statement before it.
+    if (sqlite3_total_changes64(database_) == before) {
+        return 0;
+    }
+    constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min<std::int64_t>(sqlite3_changes64(database_), most));
+}
+
+bool SqliteStatement::isSelect() const { return columnCount() > 0 && sqlite3_stmt_readonly(statement_.get()) != 0; }
+
+bool SqliteStatement::isChange() const { return columnCount() == 0 && sqlite3_stmt_readonly(statement_.get()) == 0; }
+
+int SqliteStatement::columnCount() const { return sqlite3_column_count(statement_.get()); }
+
+std::string SqliteStatement::columnName(int column) const { return sqlite3_column_name(statement_.get(), column); }
+
+bool SqliteStatement::isFlag(int column) const {
+    const char* declared = sqlite3_column_decltype(statement_.get(), column);
+    return declared != nullptr && equalWithoutCase(declared, "boolean");
+}
+
+Value SqliteStatement::value(int column) const {
+    sqlite3_stmt* row = statement_.get();
+    switch (sqlite3_column_type(row, column)) {
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            return std::int64_t{sqlite3_column_int64(row, column)};
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(row, column);
+        default:
+            return textValue(row, column);
+    }
+}
+
+}  // namespace orv

@@ -1,0 +1,81 @@
+#include "adapters/sqlite/sqlite_failure.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace orv {
+namespace {
+
+enum class Detail : bool { Hidden, Shown };
+
+struct EngineResult {
+    int result;
+    Failure number;
+    Detail detail;
+    std::string_view text;
+};
+
+// An extended number is looked for first, then its primary one.
+constexpr auto kResults = std::to_array<EngineResult>({
+    {SQLITE_BUSY, Failure::PermissionDenied, Detail::Hidden,
+     "データベースがほかの端末またはプログラムで使用中です。しばらくしてから、もう一度実行してください。"},
+    {SQLITE_LOCKED, Failure::PermissionDenied, Detail::Hidden,
+     "データベースがこのプログラムのほかの処理で使用中です。"},
+    {SQLITE_READONLY_DIRECTORY, Failure::PermissionDenied, Detail::Hidden,
+     "データベースのフォルダーに書き込みが許可されていません。"},
+    {SQLITE_READONLY_ROLLBACK, Failure::PermissionDenied, Detail::Hidden,
+     "中断された書き込みの後始末が必要ですが、データベースが読み取り専用です。"},
+    {SQLITE_READONLY, Failure::PermissionDenied, Detail::Hidden, "データベースが読み取り専用のため、書き込めません。"},
+    {SQLITE_PERM, Failure::PermissionDenied, Detail::Hidden, "データベースを使う権限がありません。"},
+    {SQLITE_CANTOPEN, Failure::PathFileAccess, Detail::Hidden,
+     "データベースのファイルまたは作業用のファイルを開けません。"},
+    {SQLITE_FULL, Failure::DiskFull, Detail::Hidden,
+     "ディスクの空き容量が足りないため、データベースに書き込めません。"},
+    {SQLITE_IOERR_NOMEM, Failure::OutOfMemory, Detail::Hidden, "データベースを使うためのメモリが足りません。"},
+    {SQLITE_IOERR, Failure::DeviceIo, Detail::Hidden,
+     "データベースの読み書き中にエラーが発生しました。ディスクとネットワークを確認してください。"},
+    {SQLITE_CORRUPT, Failure::DeviceIo, Detail::Hidden,
+     "データベースのファイルが壊れています。バックアップから戻してください。"},
+    {SQLITE_NOTADB, Failure::DeviceIo, Detail::Hidden,
+     "データベースのファイルを読めません。壊れているか、暗号化されています。"},
+    {SQLITE_NOMEM, Failure::OutOfMemory, Detail::Hidden, "データベースを使うためのメモリが足りません。"},
+    {SQLITE_TOOBIG, Failure::Overflow, Detail::Hidden, "データが長すぎて、データベースで扱えません。"},
+    {SQLITE_CONSTRAINT_PRIMARYKEY, Failure::InvalidCall, Detail::Shown, "同じキーのデータがすでに登録されています。"},
+    {SQLITE_CONSTRAINT_UNIQUE, Failure::InvalidCall, Detail::Shown, "同じキーのデータがすでに登録されています。"},
+    {SQLITE_CONSTRAINT_NOTNULL, Failure::InvalidCall, Detail::Shown, "値が必要な項目が空です。"},
+    {SQLITE_CONSTRAINT, Failure::InvalidCall, Detail::Shown, "データベースの決まりに合わない値です。"},
+    {SQLITE_AUTH, Failure::InvalidCall, Detail::Shown, "データベースの設定を変える文は実行できません。"},
+});
+
+constexpr EngineResult kStatementRefused{SQLITE_ERROR, Failure::InvalidCall, Detail::Shown,
+                                         "データベースへの命令を実行できません。"};
+
+const EngineResult& rowFor(int result) {
+    for (const int number : {result, result & 0xff}) {
+        for (const EngineResult& row : kResults) {
+            if (row.result == number) {
+                return row;
+            }
+        }
+    }
+    return kStatementRefused;
+}
+
+}  // namespace
+
+StoreFailure::StoreFailure(Failure number, std::string code, std::string description)
+    : RunTimeError(number, std::move(description)), code_(std::move(code)) {}
+
+StoreFailure engineFailure(int result, const std::string& detail) {
+    const EngineResult& row = rowFor(result);
+    std::string text(row.text);
+    if (row.detail == Detail::Shown && !detail.empty()) {
+        text += "（" + detail + "）";
+    }
+    return {row.number, "DB" + std::to_string(result), std::move(text)};
+}
+
+}  // namespace orv

@@ -1,0 +1,132 @@
+#include "adapters/text/string_check.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <utility>
+
+#include "adapters/text/look_alikes.h"
+#include "adapters/text/tel_number.h"
+#include "platform/utf8.h"
+
+namespace orv {
+namespace {
+
+struct Range {
+    char32_t first;
+    char32_t last;
+};
+
+/// What has no shape of its own: nobody sees it in a field, and in a statement, a log line or a document it ends a line
+/// or turns the text behind it.
+constexpr auto kInvisible = std::to_array<Range>({
+    {0x0000, 0x001F},    // controls
+    {0x007F, 0x009F},    // delete and the second set of controls
+    {0x00AD, 0x00AD},    // soft hyphen
+    {0x034F, 0x034F},    // grapheme joiner
+    {0x061C, 0x061C},    // direction mark
+    {0x180E, 0x180E},    // vowel separator
+    {0x200B, 0x200F},    // zero-width characters, direction marks
+    {0x2028, 0x202E},    // line and paragraph separators, directions
+    {0x2060, 0x206F},    // word joiner, directions
+    {0xFE00, 0xFE0F},    // variants of the character in front
+    {0xFEFF, 0xFEFF},    // byte order mark
+    {0xFFF9, 0xFFFB},    // ruby
+    {0xFFFE, 0xFFFF},    // no characters
+    {0xE0000, 0xE0FFF},  // tags, variants of the ideograph in front
+});
+
+bool isInvisible(char32_t character) {
+    return std::ranges::any_of(kInvisible,
+                               [=](const Range& range) { return character >= range.first && character <= range.last; });
+}
+
+/// The character as the operator can find it again: itself and its number, or the number alone.
+std::string nameOf(char32_t character) {
+    std::array<char, 16> number{};
+    std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(character));
+    if (isInvisible(character)) {
+        return std::string("制御文字（") + number.data() + "）";
+    }
+    return "「" + toUtf8({&character, 1}) + "」（" + number.data() + "）";
+}
+
+/// The first character that is refused, if any, as a record.
+template <class Refused>
+FailureRecord verdictOn(const std::string& text, const char* code, Refused refused) {
+    const std::u32string characters = toCharacters(text);
+    const auto found = std::ranges::find_if(characters, refused);
+    if (found == characters.end()) {
+        return {};
+    }
+    return {nameOf(*found) + "は使用できない文字です。入力し直してください。", code};
+}
+
+FailureRecord recordOf(TelFault fault) {
+    switch (fault) {
+        case TelFault::Empty:
+            return {"電話・FAX番号が入力されていません。", ""};
+        case TelFault::Characters:
+            return {"電話・FAX番号は半角の数字とハイフンで入力してください。", "TELCHK01"};
+        case TelFault::Leading:
+            return {"電話・FAX番号は0で始まる市外局番から入力してください。", "TELCHK02"};
+        case TelFault::Digits:
+            return {"電話・FAX番号の桁数が正しくありません。", "TELCHK03"};
+        case TelFault::Hyphens:
+            return {"電話・FAX番号のハイフンの位置が正しくありません。", "TELCHK04"};
+        case TelFault::None:
+            break;
+    }
+    return {};
+}
+
+/// Keeps what was refused; true when nothing was.
+bool passed(FailureRecord verdict, FailureRecord& rejection) {
+    if (verdict.text.empty()) {
+        return true;
+    }
+    rejection = std::move(verdict);
+    return false;
+}
+
+void appendMark(std::u32string& text, char32_t mark) {
+    const char32_t kana = text.empty() ? 0 : text.back();
+    if (const char32_t joined = voiced(kana, mark); joined != 0) {
+        text.back() = joined;
+    } else {
+        text += standingMark(kana, mark);
+    }
+}
+
+}  // namespace
+
+void StringCheck::Normalize(const std::string& input, std::string& output) {
+    std::u32string cleaned;
+    for (const char32_t character : toCharacters(input)) {
+        if (isInvisible(character)) {
+            continue;
+        }
+        if (isVoiceMark(character)) {
+            appendMark(cleaned, character);
+        } else {
+            cleaned += lookAlikeOf(character);
+        }
+    }
+    output = toUtf8(cleaned);
+}
+
+void StringCheck::CheckTextFirst(const std::string& text, bool& passes) {
+    const auto unheld = [this](char32_t character) { return !codePage_.holds(character); };
+    passes = passed(verdictOn(text, "STRCHK01", unheld), rejection_);
+}
+
+void StringCheck::CheckTextSecond(const std::string& text, bool& passes) {
+    const auto breaking = [](char32_t character) { return character == U'\'' || isInvisible(character); };
+    passes = passed(verdictOn(text, "STRCHK02", breaking), rejection_);
+}
+
+void StringCheck::CheckTelNumber(const std::string& text, bool& passes) {
+    passes = passed(recordOf(telFaultOf(text)), rejection_);
+}
+
+}  // namespace orv

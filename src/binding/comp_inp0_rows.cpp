@@ -1,0 +1,178 @@
+#include "binding/page_bindings.h"
+#include "core/record/globals.h"
+#include "pages/common/control_helpers.h"
+#include "platform/services.h"
+#include "platform/suite/string_check_service.h"
+#include "validation/text/blanks.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+using P = frm_CompInp0;
+
+template <auto Member>
+constexpr ControlRef on = of<P, Member>;
+
+constexpr auto kRows = std::to_array<BindingRow>({
+    {&R::USER_PASSWD, on<&P::txt_User_Passwd>},
+    {&R::GROUP_NAME, on<&P::txt_Group_Name>},
+    {&R::COMPANY_NAME, on<&P::txt_Company_Name>},
+    {&R::COMPANY_KANA, on<&P::txt_Company_Kana>},
+    {&R::OFFICE_NAME, on<&P::txt_Office_Name>},
+    {&R::POST_CODE, on<&P::txt_Post_Code>},
+    {&R::ADDRESS, on<&P::txt_Address>},
+    {&R::ADDRESS_NUMBER, on<&P::txt_Address_number>},
+    {&R::ADDRESS_GOU, on<&P::txt_Address_Gou>},
+    {&R::ADDRESS_OTHER, on<&P::txt_Address_Other>},
+    {&R::ADDRESS_CODE, on<&P::txt_Address_Code>},
+    {&R::AREA_CODE, on<&P::txt_Area_Code>},
+    {&R::DAIHYO_NAME, on<&P::txt_Daihyo_Name>},
+    {&R::DAIHYO_NAME_KANA, on<&P::txt_Daihyo_Name_Kana>},
+    {&R::TAKKEN_SYUNIN_NAME, on<&P::txt_Takken_Syunin_Name>},
+    {&R::TANTO_NAME, on<&P::txt_Tanto_Name>},
+    {&R::TEL_NO1, on<&P::txt_Tel_No1>},
+    {&R::TEL_NO2, on<&P::txt_Tel_No2>},
+    {&R::FAX_NO, on<&P::txt_Fax_No>},
+    {&R::MAIL_ADDRESS, on<&P::txt_Mail_Address>},
+    {&R::PC_ADDRESS_NUMBER, on<&P::txt_Pc_Address_number>},
+    {&R::PC_ADDRESS_GOU, on<&P::txt_Pc_Address_Gou>},
+    {&R::PC_ADDRESS, on<&P::txt_Pc_Address>},
+    {&R::PC_ADDRESS_CODE, on<&P::txt_Pc_Address_Code>},
+    {&R::PC_POST_CODE, on<&P::txt_Pc_Post_Code>},
+    {&R::PC_OFFICE_NAME, on<&P::txt_Pc_Office_Name>},
+    {&R::PC_TEL_NO2, on<&P::txt_Pc_Tel_No2>},
+    {&R::PC_TEL_NO1, on<&P::txt_Pc_Tel_No1>},
+    {&R::PC_FAX_NO, on<&P::txt_Pc_Fax_No>},
+    {&R::PC_TANTO_NAME, on<&P::txt_Pc_Tanto_Name>},
+    {&R::PC_MAIL_ADDRESS, on<&P::txt_Pc_Mail_Address>},
+});
+
+/// The site of the computer is the office.
+bool same() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
+
+/// Only a company without a number types its password here.
+bool passwordBlock() {
+    P& form = page<P>();
+    const bool isNew = tCustomerInfo.USER_ID == kNewCompany;
+    PF_EnableControl(form.txt_User_Passwd, isNew, kRequiredField);
+    form.btm_ChangePW.setVisible(!isNew);
+    return true;
+}
+
+void addressesTyped(P& form) {
+    PF_EnableControl(form.txt_Post_Code, true, kRequiredField);
+    PF_EnableControl(form.txt_Address, true, kRequiredField);
+    form.btm_SearchOfficeAddress.setVisible(false);
+    const bool separate = !same();
+    PF_EnableControl(form.txt_Pc_Post_Code, separate, kRequiredField);
+    PF_EnableControl(form.txt_Pc_Address, separate, kRequiredField);
+    form.btm_Pc_SearchOfficeAddress.setVisible(false);
+}
+
+/// An address without its code did not come from the search: it goes, and the operator searches it again.
+void dropUncodedAddresses() {
+    if (isBlank(tCustomerInfo.ADDRESS_CODE)) {
+        tCustomerInfo.ADDRESS.clear();
+    }
+    if (isBlank(tCustomerInfo.PC_ADDRESS_CODE)) {
+        tCustomerInfo.PC_ADDRESS.clear();
+    }
+}
+
+void addressesSearched(P& form) {
+    dropUncodedAddresses();
+    for (TextInput* input : {&form.txt_Post_Code, &form.txt_Address, &form.txt_Pc_Post_Code, &form.txt_Pc_Address}) {
+        PF_EnableControl(*input, false);
+    }
+    form.btm_SearchOfficeAddress.setVisible(true);
+    form.btm_Pc_SearchOfficeAddress.setVisible(true);
+    form.btm_Pc_SearchOfficeAddress.setEnabled(!same());
+}
+
+bool addressMode() {
+    if (gAddressByMaster) {
+        addressesSearched(page<P>());
+    } else {
+        addressesTyped(page<P>());
+    }
+    return true;
+}
+
+bool showSameCheck() {
+    PF_SetControlValue(page<P>().chk_EqualData, same() ? "1" : "0");
+    return true;
+}
+
+/// A list that has lost its choice must not take the company's key away.
+bool takeUserId() {
+    const std::string chosen = page<P>().cbo_User_Id.text();
+    if (!chosen.empty()) {
+        services().stringCheck->Normalize(chosen, tCustomerInfo.USER_ID);
+    }
+    return true;
+}
+
+bool takeSameCheck() {
+    tCustomerInfo.SAME_CHECK = page<P>().chk_EqualData.value() == 1 ? "1" : "0";
+    return true;
+}
+
+constexpr auto kToPage = std::to_array<Step>({
+    step(passwordBlock),
+    row(&R::USER_PASSWD),
+    row(&R::GROUP_NAME),
+    row(&R::COMPANY_NAME),
+    row(&R::COMPANY_KANA),
+    row(&R::OFFICE_NAME),
+    step(addressMode),
+    row(&R::POST_CODE),
+    row(&R::ADDRESS),
+    row(&R::ADDRESS_NUMBER),
+    row(&R::ADDRESS_GOU),
+    row(&R::ADDRESS_CODE),
+    row(&R::AREA_CODE),
+    row(&R::ADDRESS_OTHER),
+    row(&R::DAIHYO_NAME),
+    row(&R::DAIHYO_NAME_KANA),
+    row(&R::TAKKEN_SYUNIN_NAME),
+    row(&R::TANTO_NAME),
+    row(&R::TEL_NO1),
+    row(&R::TEL_NO2),
+    row(&R::FAX_NO),
+    row(&R::MAIL_ADDRESS),
+    step(showSameCheck),
+    row(&R::PC_ADDRESS_NUMBER),
+    row(&R::PC_ADDRESS_GOU),
+    row(&R::PC_ADDRESS),
+    row(&R::PC_ADDRESS_CODE),
+    row(&R::PC_POST_CODE),
+    row(&R::PC_OFFICE_NAME),
+    row(&R::PC_TEL_NO2),
+    row(&R::PC_TEL_NO1),
+    row(&R::PC_FAX_NO),
+    row(&R::PC_TANTO_NAME),
+    row(&R::PC_MAIL_ADDRESS),
+});
+
+constexpr auto kToRecord = std::to_array<Step>({
+    step(takeUserId),         row(&R::USER_PASSWD),     row(&R::GROUP_NAME),        row(&R::COMPANY_NAME),
+    row(&R::COMPANY_KANA),    row(&R::OFFICE_NAME),     row(&R::POST_CODE),         row(&R::ADDRESS),
+    row(&R::ADDRESS_NUMBER),  row(&R::ADDRESS_GOU),     row(&R::ADDRESS_OTHER),     row(&R::ADDRESS_CODE),
+    row(&R::AREA_CODE),       row(&R::DAIHYO_NAME),     row(&R::DAIHYO_NAME_KANA),  row(&R::TAKKEN_SYUNIN_NAME),
+    row(&R::TANTO_NAME),      row(&R::TEL_NO1),         row(&R::TEL_NO2),           row(&R::FAX_NO),
+    row(&R::MAIL_ADDRESS),    step(takeSameCheck),      row(&R::PC_ADDRESS_NUMBER), row(&R::PC_ADDRESS_GOU),
+    row(&R::PC_ADDRESS),      row(&R::PC_ADDRESS_CODE), row(&R::PC_POST_CODE),      row(&R::PC_OFFICE_NAME),
+    row(&R::PC_TEL_NO2),      row(&R::PC_TEL_NO1),      row(&R::PC_FAX_NO),         row(&R::PC_TANTO_NAME),
+    row(&R::PC_MAIL_ADDRESS),
+});
+
+static_assert(namesRowsOnce(kRows, kToPage) && namesRowsOnce(kRows, kToRecord));
+static_assert(namesAllRows(kRows, kToRecord));
+
+}  // namespace
+
+constexpr PageBinding kBinding0{kRows, kToPage, kToRecord};
+
+}  // namespace orv

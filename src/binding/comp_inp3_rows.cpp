@@ -1,0 +1,41 @@
+#include "binding/flag_boxes.h"
+#include "binding/page_bindings.h"
+#include "core/record/globals.h"
+#include "pages/common/control_helpers.h"
+
+namespace orv {
+namespace {
+
+using P = frm_CompInp3;
+
+constexpr std::size_t kFlags = 64;
+
+template <std::size_t N>
+bool show(ControlArray<CheckBox, N>& boxes, const std::string& flags) {
+    for (std::size_t i = 0; i < N; ++i) {
+        PF_SetControlValue(boxes[i], flagAt(flags, i) ? "1" : "0");
+    }
+    return true;
+}
+
+bool showManagementTypes() { return show(page<P>().chk_Management_Type_Flg, tCustomerInfo.MANAGEMENT_TYPE_FLG); }
+bool showBusinessTypes() { return show(page<P>().chk_Business_Type_Flg, tCustomerInfo.BUSINESS_TYPE_FLG); }
+
+bool takeManagementTypes() {
+    tCustomerInfo.MANAGEMENT_TYPE_FLG = flagsOf(page<P>().chk_Management_Type_Flg, kFlags);
+    return true;
+}
+
+bool takeBusinessTypes() {
+    tCustomerInfo.BUSINESS_TYPE_FLG = flagsOf(page<P>().chk_Business_Type_Flg, kFlags);
+    return true;
+}
+
+constexpr auto kToPage = std::to_array<Step>({step(showManagementTypes), step(showBusinessTypes)});
+constexpr auto kToRecord = std::to_array<Step>({step(takeManagementTypes), step(takeBusinessTypes)});
+
+}  // namespace
+
+constexpr PageBinding kBinding3{{}, kToPage, kToRecord};
+
+}  // namespace orv

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "platform/controls/check_box.h"
+#include "validation/text/text_bytes.h"
+
+namespace orv {
+
+/// Whether the flag string has "1" at the place of element `index`. A string that is too short has not.
+inline bool flagAt(const std::string& flags, std::size_t index) {
+    return PF_MidB(flags, static_cast<std::int32_t>(index) + 1, 1) == "1";
+}
+
+/// The boxes as a flag string: "1" for each that is on and "0" for any other, filled up with "0" to `length`.
+template <std::size_t N>
+std::string flagsOf(const ControlArray<CheckBox, N>& boxes, std::size_t length) {
+    std::string flags;
+    for (std::size_t i = 0; i < N; ++i) {
+        flags += boxes[i].value() == 1 ? '1' : '0';
+    }
+    if (flags.size() < length) {
+        flags.append(length - flags.size(), '0');
+    }
+    return flags;
+}
+
+}  // namespace orv

@@ -1,0 +1,90 @@
+#include "binding/page_to_record.h"
+
+#include "binding/page_bindings.h"
+#include "core/record/globals.h"
+#include "logging/trap.h"
+#include "platform/services.h"
+#include "platform/suite/string_check_service.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+/// What the control holds, as text; a number that is null stays null.
+Value contentOf(const Control& control) {
+    switch (control.kind()) {
+        case ControlKind::TextInput:
+            return static_cast<const TextInput&>(control).text();
+        case ControlKind::NumberInput:
+            return static_cast<const NumberInput&>(control).value();
+        case ControlKind::ComboBox:
+            return static_cast<const ComboBox&>(control).text();
+        case ControlKind::Label:
+            return static_cast<const Label&>(control).caption();
+        case ControlKind::CheckBox:
+        case ControlKind::Button:
+        case ControlKind::Image:
+            break;
+    }
+    throw RunTimeError(Failure::InvalidCall);
+}
+
+std::string normalised(const std::string& text) {
+    std::string cleaned;
+    services().stringCheck->Normalize(text, cleaned);
+    return cleaned;
+}
+
+std::string taken(const BindingRow& row) {
+    const Value content = contentOf(row.control());
+    switch (row.takeBack) {
+        case TakeBack::NullToStr:
+            return PF_NullToStr(content, "");
+        case TakeBack::AsShown:
+            return toText(content);
+        case TakeBack::Normalised:
+            break;
+    }
+    return normalised(toText(content));
+}
+
+bool take(const PageBinding& binding) {
+    for (const Step& place : binding.toRecord) {
+        if (place.named != nullptr) {
+            if (!place.named()) {
+                return false;
+            }
+        } else {
+            tCustomerInfo.*place.field = taken(rowOf(binding.rows, place.field));
+        }
+    }
+    return true;
+}
+
+bool take(int pageNumber, const PageBinding& binding) {
+    return trapped("[ PF_SetData_tCustomerInfo" + std::to_string(pageNumber) + " ] ", [&] { return take(binding); });
+}
+
+constexpr std::array kRoutines{PF_SetData_tCustomerInfo0, PF_SetData_tCustomerInfo1, PF_SetData_tCustomerInfo2,
+                               PF_SetData_tCustomerInfo3, PF_SetData_tCustomerInfo4};
+
+}  // namespace
+
+bool PF_SetData_tCustomerInfo0() { return take(0, kBinding0); }
+bool PF_SetData_tCustomerInfo1() { return take(1, kBinding1); }
+bool PF_SetData_tCustomerInfo2() { return take(2, kBinding2); }
+bool PF_SetData_tCustomerInfo3() { return take(3, kBinding3); }
+bool PF_SetData_tCustomerInfo4() { return take(4, kBinding4); }
+
+bool PF_SetData_tCustomerInfo(const std::string& formName) {
+    return trapped("[ PF_SetData_tCustomerInfo ] ", [&] {
+        for (int number = 0; number < kPageCount; ++number) {
+            if (formName == "frm_CompInp" + std::to_string(number)) {
+                return !pageAt(number).ready || kRoutines.at(static_cast<std::size_t>(number))();
+            }
+        }
+        return true;
+    });
+}
+
+}  // namespace orv

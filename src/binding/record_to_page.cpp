@@ -1,0 +1,63 @@
+#include "binding/record_to_page.h"
+
+#include <string>
+
+#include "binding/page_bindings.h"
+#include "core/record/globals.h"
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "pages/common/control_helpers.h"
+
+namespace orv {
+namespace {
+
+void showCompany(PageForm& form) {
+    form.cbo_User_Id.setVisible(gMultiCompany);
+    form.lbl_UserId.setVisible(!gMultiCompany);
+    form.lbl_UserId.setCaption(tCustomerInfo.USER_ID);
+    PF_SetControlValue(form.cbo_User_Id, tCustomerInfo.USER_ID);
+}
+
+bool fill(const PageBinding& binding) {
+    for (const Step& place : binding.toPage) {
+        if (place.named != nullptr) {
+            if (!place.named()) {
+                return false;
+            }
+        } else {
+            PF_SetControlValue(rowOf(binding.rows, place.field).control(), tCustomerInfo.*place.field);
+        }
+    }
+    return true;
+}
+
+bool show(int pageNumber, const PageBinding& binding) {
+    const std::string label = "[ PF_SetData_Frm_CompInp" + std::to_string(pageNumber) + " ] ";
+    return trapped(label, [&] {
+        gErrItems.clear();
+        showCompany(pageAt(pageNumber));
+        if (!fill(binding)) {
+            return false;
+        }
+        if (!gErrItems.empty()) {
+            tell("ESSX5050", {gErrItems});
+        }
+        return true;
+    });
+}
+
+}  // namespace
+
+bool PF_SetData_Frm_CompInp0() { return show(0, kBinding0); }
+bool PF_SetData_Frm_CompInp1() { return show(1, kBinding1); }
+bool PF_SetData_Frm_CompInp2() { return show(2, kBinding2); }
+bool PF_SetData_Frm_CompInp3() { return show(3, kBinding3); }
+bool PF_SetData_Frm_CompInp4() { return show(4, kBinding4); }
+
+bool showRecordOn(int pageNumber) {
+    constexpr std::array kRoutines{PF_SetData_Frm_CompInp0, PF_SetData_Frm_CompInp1, PF_SetData_Frm_CompInp2,
+                                   PF_SetData_Frm_CompInp3, PF_SetData_Frm_CompInp4};
+    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
+}
+
+}  // namespace orv

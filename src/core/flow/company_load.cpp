@@ -1,0 +1,166 @@
+#include "core/flow/company_load.h"
+
+#include "config/shared_settings.h"
+#include "core/flow/environment_probe.h"
+#include "core/flow/photo_files.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "platform/services.h"
+#include "store/data_lock.h"
+#include "store/row_count.h"
+#include "store/rows.h"
+#include "store/statements.h"
+#include "store/store_session.h"
+#include "validation/text/blanks.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+
+constexpr std::size_t kAreaLength = 5;
+/// The edition whose members always belong to the association of this place.
+constexpr const char* kAssociationEdition = "3";
+constexpr std::size_t kAssociationPlace = 3;
+
+/// A computer's own lock is left by a run of it that died, and is taken over.
+bool lockCompany(const std::string& userId) {
+    std::string holder;
+    switch (PF_DataLockCheck(userId, kLockType, kLockNumber, holder)) {
+        case kLockedElsewhere:
+            tell("COS20003", {userId});
+            clearPair();
+            return false;
+        case kLockedHere:
+            if (!PF_DataUnlock(userId, kLockType, kLockNumber)) {
+                return false;
+            }
+            break;
+        case kNotLocked:
+            break;
+        default:
+            return false;
+    }
+    return PF_DataLock(userId, kLockType, kLockNumber);
+}
+
+/// No page will ever release the lock of a company that could not be loaded.
+void releaseAfterFailure(const std::string& userId) {
+    const FailureRecord failure{gErrMsg, gErrCode};
+    static_cast<void>(PF_DataUnlock(userId, kLockType, kLockNumber));  // the load's own failure is the one to tell
+    static_cast<void>(failFrom(failure));
+}
+
+void applyAssociationRule() {
+    std::string& flags = tCustomerInfo.DANTAI_FLG;
+    if (com().MinorVer() == kAssociationEdition && flags.size() > kAssociationPlace) {
+        flags[kAssociationPlace] = '1';
+    }
+}
+
+void zerosForBlank(const FieldInfo& field) {
+    std::string& flags = tCustomerInfo.*field.text;
+    if (field.zeros > 0 && flags.empty()) {
+        flags.assign(field.zeros, '0');
+    }
+}
+
+void beginNewCompany() {
+    tCustomerInfo.USER_ID = kNewCompany;
+    for (const FieldInfo& field : kFields) {
+        if (field.text != nullptr) {
+            zerosForBlank(field);
+        }
+    }
+    applyAssociationRule();
+}
+
+void deriveArea() {
+    if (trimmed(tCustomerInfo.AREA_CODE).empty() && !trimmed(tCustomerInfo.ADDRESS_CODE).empty()) {
+        tCustomerInfo.AREA_CODE = tCustomerInfo.ADDRESS_CODE.substr(0, kAreaLength);
+    }
+}
+
+void readText(const Recordset& row, const FieldInfo& field) {
+    const bool isKey = field.text == &R::USER_ID;
+    const Value value = row.Fields(isKey ? "A.USER_ID" : std::string(field.name));
+    tCustomerInfo.*field.text = PF_NullToStr(value, std::string(field.cleared));
+    zerosForBlank(field);
+}
+
+void readField(const Recordset& row, const FieldInfo& field) {
+    if (field.source != Source::Stored) {
+        return;
+    }
+    if (field.text == nullptr) {
+        tCustomerInfo.SEND_FLAG = toBoolean(row.Fields(std::string(field.name)));
+        return;
+    }
+    readText(row, field);
+    if (field.text == &R::AREA_CODE) {
+        deriveArea();
+    } else if (field.text == &R::DANTAI_FLG) {
+        applyAssociationRule();
+    }
+    for (const PhotoSlot& slot : kPhotoSlots) {
+        if (field.text == slot.file) {
+            takeWorkingCopy(slot);
+        }
+    }
+}
+
+bool readCompany(const std::string& userId) {
+    Rows rows(companyJoin(userId));
+    if (!rows.ok()) {
+        return failFrom(services().db->DbError());
+    }
+    if (rows->RecordCount() != 1) {
+        return fail(userId + "がDBに存在しないか、\r\n複数存在します。", "DBERR:02");
+    }
+    for (const FieldInfo& field : kFields) {
+        readField(*rows, field);
+    }
+    return rows.close() || failFrom(services().db->DbError());
+}
+
+bool fillRecord(const std::string& userId) {
+    if (!noRowOf(userId, kCountInfo)) {
+        return readCompany(userId);
+    }
+    if (userId != kNewCompany) {
+        return fail("DBデータ取得にしっぱいしました。", "ECOS5120");
+    }
+    beginNewCompany();
+    return true;
+}
+
+}  // namespace
+
+bool PF_GetCompanyData(const std::string& userId) {
+    StoreSession session;
+    return trapped("[ PF_GetCompanyData ] ", [&] {
+        if (!PF_SetCompanyDataStructureInis() || !session.open() || !lockCompany(userId)) {
+            return false;
+        }
+        if (!PF_SetCompanyDataStructureChng(userId)) {
+            releaseAfterFailure(userId);
+            return false;
+        }
+        return true;
+    });
+}
+
+bool PF_SetCompanyDataStructureChng(const std::string& userId) {
+    return trapped("[ PF_SetCompanyDataStructureChng ] ", [&] {
+        if (!fillRecord(userId)) {
+            return false;
+        }
+        probeEnvironment();
+        return true;
+    });
+}
+
+}  // namespace orv

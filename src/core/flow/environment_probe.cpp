@@ -1,0 +1,127 @@
+#include "core/flow/environment_probe.h"
+
+#include <array>
+
+#include "config/paths.h"
+#include "config/profile.h"
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "images/file_size_text.h"
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "logging/write_log.h"
+#include "platform/machine/machine_facts.h"
+#include "platform/services.h"
+#include "platform/suite/sys_info_service.h"
+#include "validation/text/conversions.h"
+#include "validation/text/text_bytes.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+
+constexpr const char* kLocalMachine = "-2147483646";
+constexpr const char* kCurrentUser = "-2147483647";
+constexpr std::int32_t kDriveLength = 3;
+
+SysInfoService& sysInfo() { return *services().sysInfo; }
+
+void logSysError(const std::string& note = {}) {
+    const FailureRecord failure = sysInfo().SysError();
+    logError(failure.code, failure.text + note);
+}
+
+/// Takes a measured text into the field, or logs why there is none.
+void take(TextField field, bool ok, const std::string& text, const std::string& note = {}) {
+    tCustomerInfo.*field = ok ? text : "";
+    if (!ok) {
+        logSysError(note);
+    }
+}
+
+void operatingSystem() {
+    constexpr std::array kParts{&R::OS_VER, &R::OS_MAJOR_VER, &R::OS_MINOR_VER, &R::OS_BUILD_VER, &R::CSD_VER};
+    std::array<std::string, kParts.size()> facts;
+    bool ok = false;
+    sysInfo().SysGetOsInfo(facts, ok);
+    for (std::size_t i = 0; i < kParts.size(); ++i) {
+        tCustomerInfo.*kParts[i] = ok ? facts[i] : "";
+    }
+    if (!ok) {
+        logSysError();
+    }
+}
+
+/// The settings tell by the pair, which belongs to nobody here.
+void connectionType() {
+    tCustomerInfo.NET_TYPE.clear();
+    if (!PF_GetProFile(com().SysSystemIni(), "NET", "TYPE", tCustomerInfo.NET_TYPE)) {
+        logPair();
+        clearPair();
+    }
+}
+
+void ipAddress() {
+    std::string address;
+    bool ok = false;
+    sysInfo().SysGetIpAddress(address, ok);
+    take(&R::IP_ADDRESS, ok, address);
+}
+
+void registryText(TextField field, const char* key, const char* name, const char* root, const char* note) {
+    std::string value;
+    bool ok = false;
+    sysInfo().SysGetRegString(key, name, root, value, ok);
+    take(field, ok, value, note);
+}
+
+void installFolder() {
+    registryText(&R::INS_ORV_PATH, "SOFTWARE\\ZENTHA\\ORV", "InstallKey", kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
+}
+
+void diskSpace(TextField field, std::string drive) {
+    std::string first;
+    std::string second;
+    bool ok = false;
+    sysInfo().SysGetDiskSpace(drive, first, second, ok);
+    const auto size = [](const std::string& bytes) { return PF_GetFileSizeString(toNumber(bytes)); };
+    take(field, ok, ok ? drive + " " + size(first) + "/" + size(second) : std::string());
+}
+
+void installDrive() { diskSpace(&R::INS_HD_CAP, PF_LeftB(com().SysSystemIni(), kDriveLength)); }
+
+void systemDrive() { diskSpace(&R::SYS_HD_CAP, PF_LeftB(PF_GetWindowsPath(), kDriveLength)); }
+
+void memory() {
+    std::string megabytes;
+    bool ok = false;
+    sysInfo().SysGetMemory(megabytes, ok);
+    take(&R::MEMORY, ok, megabytes + "MB");
+}
+
+void browser() {
+    registryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", kLocalMachine, "(IEバージョン)");
+}
+
+void proxy() {
+    registryText(&R::PROXY_INFO, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", "ProxyServer",
+                 kCurrentUser, "(プロキシ設定)");
+}
+
+constexpr std::array kProbes{operatingSystem, connectionType, ipAddress, installFolder, installDrive,
+                             systemDrive,     memory,         browser,   proxy};
+
+}  // namespace
+
+void probeEnvironment() {
+    for (const auto probe : kProbes) {
+        if (const auto failure = caught(probe)) {
+            logError(failure->number(), failure->description());
+        }
+    }
+}
+
+std::string PF_GetWindowsPath() { return P_AddBackslash(services().facts->GetWindowsDirectory()); }
+
+}  // namespace orv

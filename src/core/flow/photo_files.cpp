@@ -1,0 +1,96 @@
+#include "core/flow/photo_files.h"
+
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "platform/machine/file_system.h"
+#include "platform/services.h"
+#include "platform/suite/file_service.h"
+
+namespace orv {
+namespace {
+
+std::string& fieldOf(const PhotoSlot& slot) { return tCustomerInfo.*slot.file; }
+
+std::string storedName(const PhotoSlot& slot) {
+    return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
+}
+
+void copyOut(const PhotoSlot& slot, const std::string& stored) {
+    const std::string working = com().TmpNoTmpFile(slot.index);
+    services().fileSystem->copy(stored, working);
+    fieldOf(slot) = working;
+}
+
+bool deleteOld(const std::string& stored) {
+    bool ok = true;
+    if (services().fileSystem->exists(stored)) {
+        services().files->FileDelete(stored, ok);
+    }
+    return ok || failFrom(services().files->FileError());
+}
+
+/// The new file is whole beside its place before the old one goes, so that no photo is lost for longer than a rename.
+bool replaceStored(const std::string& chosen, const std::string& stored) {
+    FileSystem& files = *services().fileSystem;
+    const std::string beside = stored + ".new";
+    files.copy(chosen, beside);
+    if (!deleteOld(stored)) {
+        files.remove(beside);
+        return false;
+    }
+    files.rename(beside, stored);
+    return true;
+}
+
+bool place(const PhotoSlot& slot) {
+    std::string& field = fieldOf(slot);
+    if (field.empty() || !services().fileSystem->exists(field)) {
+        field.clear();
+        return true;
+    }
+    const std::string stored = com().ImgNoFolder(slot.index) + storedName(slot);
+    if (stored != field && !replaceStored(field, stored)) {
+        return false;
+    }
+    field = storedName(slot);
+    return true;
+}
+
+}  // namespace
+
+void takeWorkingCopy(const PhotoSlot& slot) {
+    std::string& field = fieldOf(slot);
+    if (field.empty()) {
+        return;
+    }
+    const std::string stored = com().ImgNoFolder(slot.index) + field;
+    if (services().fileSystem->exists(stored)) {
+        copyOut(slot, stored);
+    } else {
+        field.clear();
+    }
+}
+
+void workingCopiesAgain() {
+    for (const PhotoSlot& slot : kPhotoSlots) {
+        const std::string& field = fieldOf(slot);
+        if (!field.empty() && field.find('\\') == std::string::npos) {
+            copyOut(slot, com().ImgNoFolder(slot.index) + field);
+        }
+    }
+}
+
+bool PF_SaveCompanyDataOther() {
+    return trapped("[ PF_SaveCompanyDataOther ] ", [] {
+        for (const PhotoSlot& slot : kPhotoSlots) {
+            if (!place(slot)) {
+                return false;
+            }
+        }
+        return true;
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,187 @@
+#include "core/flow/save_company.h"
+
+#include <memory>
+
+#include "binding/page_to_record.h"
+#include "core/flow/company_write.h"
+#include "core/flow/photo_files.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "pages/common/master_lists.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+#include "platform/suite/company_send_service.h"
+#include "store/store_session.h"
+#include "transmission/frm_send.h"
+#include "transmission/image_upload.h"
+#include "validation/check_input_data.h"
+
+namespace orv {
+namespace {
+
+constexpr std::size_t kIdLength = 9;
+constexpr const char* kPasswordChanged = "2";
+constexpr const char* kPasswordSent = "1";
+
+/// What the steps of one save hand to each other.
+struct SaveRun {
+    std::unique_ptr<CompanySendService> service;
+    bool prepared = false;
+    /// The server has taken the company.
+    bool sent = false;
+    std::string id = {};
+    std::string target = {};
+};
+
+bool isNew() { return tCustomerInfo.USER_ID == kNewCompany; }
+
+/// From the moment that photos are placed, every way out gives the fields their working paths again. A failure of that
+/// does not replace the one that led here.
+class PhotosPlaced {
+public:
+    PhotosPlaced() = default;
+    PhotosPlaced(const PhotosPlaced&) = delete;
+    PhotosPlaced& operator=(const PhotosPlaced&) = delete;
+    ~PhotosPlaced() {
+        const auto failure = caught(workingCopiesAgain);
+        static_cast<void>(failure);
+    }
+};
+
+class SendFormLoaded {
+public:
+    SendFormLoaded() { services().forms->load(sendForm()); }
+    SendFormLoaded(const SendFormLoaded&) = delete;
+    SendFormLoaded& operator=(const SendFormLoaded&) = delete;
+    ~SendFormLoaded() {
+        services().forms->unload(sendForm(), UnloadMode::Code);
+        dropSendForm();
+    }
+};
+
+void prepareSending(SaveRun& run) {
+    run.service->SendPrepare(run.prepared);
+    if (!run.prepared) {
+        static_cast<void>(failFrom(run.service->SendError()));  // the save goes on without sending
+    }
+}
+
+void sendImages() {
+    const SendFormLoaded loaded;
+    PF_ImageDataTransfer();
+}
+
+void sendCompany(SaveRun& run) {
+    Form* active = services().forms->activeForm();
+    if (active != nullptr) {
+        active->setEnabled(false);
+    }
+    run.service->SendCompany(tCustomerInfo.USER_ID, run.id, run.sent);
+    if (active != nullptr) {
+        active->setEnabled(true);
+        services().forms->show(*active);
+    }
+}
+
+/// Only a new company takes the server's number, and only a whole one; any other answer is passed over.
+std::string targetOf(const SaveRun& run) {
+    return isNew() && run.id.size() == kIdLength ? run.id : tCustomerInfo.USER_ID;
+}
+
+bool send(SaveRun& run) {
+    prepareSending(run);
+    sendImages();
+    if (run.prepared) {
+        sendCompany(run);
+    }
+    workingCopiesAgain();
+    run.target = targetOf(run);
+    return run.sent || failFrom(run.service->SendError());
+}
+
+bool writeAnswer(SaveRun& run) {
+    tCustomerInfo.PWD_CHG_FLG = kPasswordSent;
+    tCustomerInfo.SEND_FLAG = false;
+    if (!PF_SaveCompanyDataOther() || !PF_SetCompanyDataSave(run.target)) {
+        return false;
+    }
+    workingCopiesAgain();
+    gSaved = true;
+    return true;
+}
+
+bool writeAndSend(SaveRun& run) {
+    if (isNew()) {
+        tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
+    }
+    const PhotosPlaced placed;
+    return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) && writeAnswer(run);
+}
+
+bool save(PageForm& form, SaveRun& run, StoreSession& session) {
+    if (!PF_SetData_tCustomerInfo(form.name()) || !session.open()) {
+        return false;
+    }
+    run.service = services().send();
+    return !PF_CheckInputData(form) || writeAndSend(run);
+}
+
+/// The list of companies is read again; should that fail, it holds at least the company in force and the entry for a
+/// new one. What the save has to tell stays in the pair.
+void refreshCompanies(ComboBox& combo) {
+    const FailureRecord told{gErrMsg, gErrCode};
+    const std::string current = tCustomerInfo.USER_ID;
+    const bool filled = fillCompanies(combo);
+    static_cast<void>(failFrom(told));
+    if (!filled) {
+        combo.clear();
+        combo.addItem(current);
+        if (!isNew()) {
+            combo.addItem(std::string(kNewCompany));
+        }
+    }
+    const auto notListed = caught([&] { combo.setText(current); });
+    static_cast<void>(notListed);
+}
+
+/// Disables the form and shows the hourglass for as long as it lives.
+class Busy {
+public:
+    explicit Busy(Form& form) : form_(form) {
+        form_.setEnabled(false);
+        services().forms->setPointer(kPointerHourglass);
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { form_.setEnabled(true); }
+
+private:
+    Form& form_;
+};
+
+}  // namespace
+
+bool PF_SndCos(PageForm& form, std::string& userId) {
+    if (!gLoadFailure.text.empty()) {
+        return failFrom(gLoadFailure);
+    }
+    if (!form.ready) {
+        return failFrom(form.failure);
+    }
+    const Busy busy(form);
+    SaveRun run;
+    StoreSession session;
+    const bool result = trapped("[ PF_SndCos ]", [&] { return save(form, run, session); });
+    refreshCompanies(form.cbo_User_Id);
+    userId = run.target.empty() ? tCustomerInfo.USER_ID : run.target;
+    static_cast<void>(session.close());  // told by the pair
+    services().forms->setPointer(kPointerDefault);
+    if (run.sent) {
+        tell("COS05574");
+    }
+    return result;
+}
+
+}  // namespace orv

@@ -1,0 +1,84 @@
+#include "core/flow/start.h"
+
+#include <string>
+#include <vector>
+
+#include "core/flow/company_load.h"
+#include "core/flow/leaving.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "logging/write_log.h"
+#include "pages/controls/page_set.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+#include "validation/text/blanks.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+std::vector<std::string> splitAtCommas(const std::string& tail) {
+    std::vector<std::string> elements(1);
+    for (const char character : tail) {
+        if (character == ',') {
+            elements.emplace_back();
+        } else {
+            elements.back() += character;
+        }
+    }
+    return elements;
+}
+
+/// The third flag works the other way round than the second.
+void readArgument(const std::string& tail) {
+    const std::vector<std::string> elements = splitAtCommas(tail);
+    gUserId = elements.at(0);
+    gMultiCompany = toNumber(elements.at(1)) != 0;
+    gAddressByMaster = toNumber(elements.at(2)) == 0;
+}
+
+bool begin(const std::string& tail) {
+    readArgument(tail);
+    if (!PF_GetCompanyData(gUserId)) {
+        return false;
+    }
+    services().forms->show(page<frm_CompInp0>());
+    return true;
+}
+
+void tellPair() {
+    const std::string code = gErrCode;
+    const std::string text = gErrMsg;
+    tell("COSERR01", {code, text});
+    logError(code, text);
+}
+
+/// With the caller not to be started either, the log is what is left.
+void backToCaller() {
+    if (const auto failure = caught(startCaller)) {
+        logError(failure->number(), failure->description());
+    }
+}
+
+}  // namespace
+
+void Main() {
+    const std::string& tail = services().commandTail;
+    if (trimmed(tail).empty()) {
+        static_cast<void>(fail("会社情報起動引数が取得できませんでした。", "EUSR7897"));
+        tellPair();
+        return;
+    }
+    if (trapped("[ COS main ]", [&] { return begin(tail); })) {
+        return;
+    }
+    if (!gErrMsg.empty()) {
+        tellPair();
+    }
+    backToCaller();
+    clearPair();
+}
+
+}  // namespace orv

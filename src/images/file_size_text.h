@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace orv {
+
+/// A count of bytes as the operator reads it: "1000B", "1.5KB", "12.5GB". "-1" when that fails.
+std::string PF_GetFileSizeString(double size);
+
+}  // namespace orv

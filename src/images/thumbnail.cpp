@@ -1,0 +1,67 @@
+#include "images/thumbnail.h"
+
+#include "logging/trap.h"
+#include "platform/machine/file_system.h"
+#include "platform/services.h"
+#include "validation/text/blanks.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+/// The control is not repainted while its parts do not fit each other; it is again on every way out.
+class Covered {
+public:
+    explicit Covered(ImageControl& image) : image_(image), width_(image.width()), height_(image.height()) {
+        image_.setAutoRepaint(false);
+        image_.setVisible(false);
+    }
+    Covered(const Covered&) = delete;
+    Covered& operator=(const Covered&) = delete;
+    ~Covered() {
+        image_.setHeight(height_);
+        image_.setWidth(width_);
+        image_.setAutoRepaint(true);
+        image_.setVisible(true);
+    }
+
+private:
+    ImageControl& image_;
+    int width_;
+    int height_;
+};
+
+/// Gives the control the picture's proportions for as long as the destination is read off it.
+void takeProportions(ImageControl& image) {
+    const double bitmapHeight = image.bitmapHeight();
+    const double bitmapWidth = image.bitmapWidth();
+    const std::int32_t maxHeight = toLong(image.scaleHeight() * 3.0 / 4.0);
+    const std::int32_t maxWidth = toLong(image.scaleWidth() * 3.0 / 4.0);
+    const double fittingHeight = bitmapHeight * maxWidth / bitmapWidth;
+    if (fittingHeight >= maxHeight) {
+        image.setWidth(toInteger(image.height() * bitmapWidth / bitmapHeight));
+    } else {
+        image.setHeight(toInteger(image.width() * bitmapHeight / bitmapWidth));
+    }
+}
+
+}  // namespace
+
+bool PF_Thumbnail(ImageControl& image, const std::string& file) {
+    return trapped("[ PF_Thumbnail ] ", [&] {
+        if (trimmed(file).empty() || !services().fileSystem->exists(file)) {
+            image.setAutoRepaint(true);
+            image.setVisible(true);
+            return true;
+        }
+        const Covered covered(image);
+        image.load(file);
+        takeProportions(image);
+        const Box whole{0, 0, image.scaleWidth(), image.scaleHeight()};
+        image.setDstRect(whole);
+        image.setDstClipRect(whole);
+        return true;
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,153 @@
+#include "pages/common/control_helpers.h"
+
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "logging/trap.h"
+#include "pages/common/display_names.h"
+#include "pages/controls/colours.h"
+#include "platform/controls/captions.h"
+#include "platform/controls/check_box.h"
+#include "platform/forms/form_host.h"
+#include "platform/machine/file_system.h"
+#include "platform/services.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+inline namespace bas_FromCommon {
+namespace {
+
+bool fieldNamesInPlace() {
+    const std::string file = com().HlpFile();
+    return !trimmed(file).empty() && services().fileSystem->exists(file);
+}
+
+void choose(ComboBox& combo, const std::string& raw, const std::string& value) {
+    if (raw.empty()) {
+        combo.setListIndex(-1);
+        return;
+    }
+    for (int i = 0; i <= combo.listCount(); ++i) {
+        if (combo.list(i) == value) {
+            combo.setText(value);
+        }
+    }
+}
+
+bool takesValue(ControlKind kind) { return kind != ControlKind::Button && kind != ControlKind::Image; }
+
+void assign(Control& control, const std::string& raw) {
+    const std::string value = trimmedRight(raw);
+    switch (control.kind()) {
+        case ControlKind::ComboBox:
+            choose(static_cast<ComboBox&>(control), raw, value);
+            break;
+        case ControlKind::CheckBox:
+            if (!raw.empty()) {
+                static_cast<CheckBox&>(control).setText(value);
+            }
+            break;
+        case ControlKind::TextInput:
+            static_cast<TextInput&>(control).setText(value);
+            break;
+        case ControlKind::NumberInput:
+            static_cast<NumberInput&>(control).setText(value);
+            break;
+        case ControlKind::Label:
+            static_cast<Label&>(control).setCaption(value);
+            break;
+        case ControlKind::Button:
+        case ControlKind::Image:
+            break;
+    }
+}
+
+/// The separator goes in front of the old list.
+void noteRefusal(const Control& control) {
+    std::string name = control.name();
+    const std::string shown = P_ChgControl(name);
+    gErrItems = gErrItems.empty() ? shown : "、" + gErrItems + shown;
+}
+
+void swallow(const std::function<void()>& body) {
+    const auto failure = caught(body);
+    static_cast<void>(failure);  // these helpers have no way to tell
+}
+
+}  // namespace
+
+bool PF_SetControlValue(Control& control, const std::string& value) {
+    if (!fieldNamesInPlace()) {
+        return true;
+    }
+    if (!takesValue(control.kind())) {
+        return false;
+    }
+    if (!caught([&] { assign(control, value); })) {
+        return true;
+    }
+    noteRefusal(control);
+    if (control.kind() != ControlKind::ComboBox) {
+        return false;
+    }
+    swallow([&] { static_cast<ComboBox&>(control).setListIndex(-1); });
+    return true;
+}
+
+void PF_EnableCombo(ComboBox& combo, bool enable, std::optional<Colour> colour, const std::string& value) {
+    swallow([&] {
+        if (!enable) {
+            combo.setBackColour(kDisabledField);
+            combo.setEnabled(false);
+            combo.setListIndex(-1);
+            return;
+        }
+        if (colour) {
+            combo.setBackColour(*colour);
+        }
+        if (combo.enabled()) {
+            return;
+        }
+        combo.setEnabled(true);
+        if (value.empty() || value == "0") {
+            combo.setListIndex(0);
+        } else {
+            combo.setText(value);
+        }
+    });
+}
+
+void PF_EnableControl(TextInput& input, bool enable, std::optional<Colour> colour) {
+    swallow([&] {
+        input.setEnabled(enable);
+        if (!enable) {
+            input.setBackColour(kDisabledField);
+            input.setText("");
+        } else if (colour) {
+            input.setBackColour(*colour);
+        }
+    });
+}
+
+void PF_EnableNumber(NumberInput& input, bool enable, std::optional<Colour> colour) {
+    swallow([&] {
+        input.setEnabled(enable);
+        if (!enable) {
+            input.setBackColour(kDisabledField);
+            input.setText("");
+        } else if (colour) {
+            input.setBackColour(*colour);
+        }
+    });
+}
+
+bool PF_SetFocusTo(Control* control) {
+    if (control != nullptr && control->usable()) {
+        control->setFocus();
+    }
+    return true;
+}
+
+bool PF_IsFormLoaded(const Form& form) { return services().forms->isLoaded(form); }
+
+}  // namespace bas_FromCommon
+}  // namespace orv

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "platform/controls/check_box.h"
+
+namespace orv {
+
+/// Gives a box the colours of its state: on, or anything else.
+void showTick(CheckBox& box);
+
+}  // namespace orv

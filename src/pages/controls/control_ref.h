@@ -1,0 +1,21 @@
+#pragma once
+
+#include "pages/controls/page_set.h"
+
+namespace orv {
+
+/// A control as a table names it: a function, so that a constexpr row can hold it and the page is made when the row is
+/// used.
+using ControlRef = Control& (*)();
+
+/// `of<frm_CompInp0, &frm_CompInp0::txt_Tel_No1>`; with an index `of<frm_CompInp1, &frm_CompInp1::chk_Dantai, 6>`.
+template <class F, auto Member, int Index = -1>
+Control& of() {
+    if constexpr (Index < 0) {
+        return page<F>().*Member;
+    } else {
+        return (page<F>().*Member)[static_cast<std::size_t>(Index)];
+    }
+}
+
+}  // namespace orv

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+
+#include "pages/controls/colours.h"
+#include "platform/controls/captions.h"
+#include "platform/controls/text_input.h"
+#include "platform/forms/form.h"
+
+namespace orv {
+
+inline constexpr Point kChangePasswordSize{380, 170};
+
+constexpr TextDesign passwordField(std::string_view spokenName) {
+    return {.mask = "aA#@",
+            .limit = characters(10),
+            .ime = Ime::Disabled,
+            .back = kRequiredField,
+            .password = true,
+            .spokenName = spokenName};
+}
+
+inline constexpr std::array kPasswordFields{passwordField("今までのパスワード"), passwordField("新しいパスワード"),
+                                            passwordField("新しいパスワードの確認入力")};
+
+/// Asks for the present password and twice for the new one.
+struct frm_ChangePassword : Form {
+    frm_ChangePassword() : Form("frm_ChangePassword", "パスワード変更", kChangePasswordSize) {}
+
+    // clang-format off
+    Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード", .look = LabelLook::Panel}};
+    Label lbl_New_Password{*this, "lbl_New_Password", {.caption = "新しいパスワード", .look = LabelLook::Panel}};
+    Label lbl_New_Password_Try{*this, "lbl_New_Password_Try", {.caption = "新しいパスワードの確認入力", .look = LabelLook::Panel}};
+    ControlArray<TextInput, 3> txt_Password{*this, "txt_Password", kPasswordFields};
+    Button btm_Entry{*this, "btm_Entry", {.caption = "確定", .look = ButtonLook::Action}};
+    Button btm_Cancel{*this, "btm_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};
+    // clang-format on
+};
+
+}  // namespace orv

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "pages/controls/page_form.h"
+#include "pages/controls/tick_boxes.h"
+
+namespace orv {
+
+// The list of associations stands beside the first box of its array, and so between the first and the second.
+inline constexpr int kTabDantaiName = kTabFields + 1;
+inline constexpr int kTabBehindDantaiName = kTabFields + 2;
+
+constexpr std::array<NumberDesign, 3> licenceDate(std::string_view behindTheDay, std::string_view year,
+                                                  std::string_view month, std::string_view day) {
+    return {{{.unit = "年", .least = 1, .most = 9999, .back = kRequiredField, .spokenName = year},
+             {.unit = "月", .least = 1, .most = 12, .back = kRequiredField, .spokenName = month},
+             {.unit = behindTheDay, .least = 1, .most = 31, .back = kRequiredField, .spokenName = day}}};
+}
+
+constexpr std::array<CheckDesign, 7> dantaiBoxes() {
+    auto boxes = tickBoxes<7>({"", "(社)全日本不動産協会", "(社)不動産協会", "(社)日本住宅建設産業協会",
+                               "(社)不動産流通経営協会", "(社)都市開発協会", "その他加盟団体"},
+                              kTabBehindDantaiName);
+    boxes[0].tabRank = kTabFields;
+    boxes[0].spokenName = "加盟団体に加盟";
+    return boxes;
+}
+
+constexpr std::array<CheckDesign, 9> koutoriBoxes() {
+    return tickBoxes<9>(
+        {"(社)北海道", "東北", "(社)首都圏", "東海", "北陸", "(社)近畿地方", "中国", "四国", "九州"},
+        kTabBehindDantaiName);
+}
+
+/// The broker's licence, the associations and the fair-trade councils.
+struct frm_CompInp1 : PageForm {
+    frm_CompInp1() : PageForm("frm_CompInp1", 1) {}
+
+    // clang-format off
+    ComboBox cbo_License_No{*this, "cbo_License_No", {.caption = "免許証番号："}};
+    TextInput txt_License_no_Dai{*this, "txt_License_no_Dai", {.unit = "第", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の更新回数"}};
+    TextInput txt_License_No_Go{*this, "txt_License_No_Go", {.unit = "号", .mask = "9", .limit = characters(6), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の号"}};
+    ComboBox cbo_Get_License_Nengou{*this, "cbo_Get_License_Nengou", {.caption = "免許証有効期限："}};
+    ControlArray<NumberInput, 3> txt_Get_License_Date{*this, "txt_Get_License_Date", licenceDate("日～", "有効期限開始の年", "有効期限開始の月", "有効期限開始の日")};
+    ComboBox cbo_Valid_License_Nengou{*this, "cbo_Valid_License_Nengou", {.spokenName = "有効期限終了の年号"}};
+    ControlArray<NumberInput, 3> txt_Valid_License_Date{*this, "txt_Valid_License_Date", licenceDate("日", "有効期限終了の年", "有効期限終了の月", "有効期限終了の日")};
+
+    Label lbl_Dantai_Name_Title{*this, "lbl_Dantai_Name_Title", {.caption = "加盟団体："}};
+    ControlArray<CheckBox, 7> chk_Dantai{*this, "chk_Dantai", dantaiBoxes()};
+    ComboBox cbo_Dantai_Name{*this, "cbo_Dantai_Name", {.tabRank = kTabDantaiName, .spokenName = "加盟団体"}};
+    TextInput txt_Other_Dantai_Name{*this, "txt_Other_Dantai_Name", {.limit = bytes(60), .ime = Ime::Hiragana, .back = kOptionalField, .tabRank = kTabBehindDantaiName, .spokenName = "その他加盟団体の名称"}};
+    ControlArray<CheckBox, 9> chk_Koutori{*this, "chk_Koutori", koutoriBoxes()};
+    // clang-format on
+};
+
+}  // namespace orv

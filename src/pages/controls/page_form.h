@@ -1,0 +1,65 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "pages/controls/colours.h"
+#include "platform/controls/captions.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/image_control.h"
+#include "platform/controls/number_input.h"
+#include "platform/controls/text_input.h"
+#include "platform/forms/form.h"
+#include "platform/suite/failure_record.h"
+
+namespace orv {
+
+// The order of Tab on every page: the company, the fields from top to bottom, what ends the work, the other pages.
+// Fields that follow an array whose elements do not stand together take a rank between.
+inline constexpr int kTabCompany = -1;
+inline constexpr int kTabFields = 0;
+inline constexpr int kTabSave = 10;
+inline constexpr int kTabLeave = 11;
+inline constexpr int kTabPages = 12;
+
+constexpr ButtonDesign pageButton(std::string_view caption) {
+    return {.caption = caption, .look = ButtonLook::Page, .tabRank = kTabPages};
+}
+
+inline constexpr std::array kPageButtons{pageButton("会社情報"), pageButton("免許・所属団体"),
+                                         pageButton("交通・会社ＰＲ"), pageButton("業務内容"), pageButton("動作環境")};
+
+/// What every page has, and its number.
+struct PageForm : Form {
+    PageForm(std::string_view form, int page)
+        : Form(form, "お客様情報設定", {kPageWidth, kPageHeight}), number(page) {
+        btm_ChangePage[static_cast<std::size_t>(page)].setMarked(true);
+    }
+
+    /// The page as failure texts name it: "CompInp0".
+    std::string tag() const { return "CompInp" + std::to_string(number); }
+
+    const int number;
+    /// The lists and the fill have worked. A page that is not ready hands nothing to the record, and a save on it reports
+    /// `failure`, which says why it is not.
+    bool ready = false;
+    FailureRecord failure;
+
+    // clang-format off
+    Label lbl_User_Id{*this, "lbl_User_Id", {.caption = "ユーザーID：", .look = LabelLook::Title}};
+    ComboBox cbo_User_Id{*this, "cbo_User_Id", {.tabRank = kTabCompany, .spokenName = "ユーザーID"}};
+    Label lbl_UserId{*this, "lbl_UserId", {.look = LabelLook::Panel, .visible = false, .spokenName = "ユーザーID"}};
+    Label lbl_TitleCompany{*this, "lbl_TitleCompany", {.look = LabelLook::Title, .fontSize = 15, .spokenName = "会社"}};
+    Label lbl_TitleRyutuKaiin{*this, "lbl_TitleRyutuKaiin", {.look = LabelLook::Title}};
+    ControlArray<Button, 5> btm_ChangePage{*this, "btm_ChangePage", kPageButtons};
+    Button btm_Save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .tabRank = kTabSave, .accessKey = U'S'}};
+    Button btm_Back_Menu{*this, "btm_Back_Menu", {.caption = "メニューへ戻る", .look = ButtonLook::Action, .tabRank = kTabLeave, .accessKey = U'M'}};
+    Label pic_Logo{*this, "pic_Logo", {.caption = "不動産業務", .look = LabelLook::Title, .fontSize = 12}};
+    /// A sunken line between the page buttons and the page.
+    Label pic_LeftLine{*this, "pic_LeftLine", {.look = LabelLook::Panel}};
+    // clang-format on
+};
+
+}  // namespace orv

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "pages/controls/colours.h"
+#include "platform/controls/check_box.h"
+
+namespace orv {
+
+/// Boxes that start unticked, in the colours of that, one for each caption.
+template <std::size_t N>
+constexpr std::array<CheckDesign, N> tickBoxes(const std::array<std::string_view, N>& captions, int tabRank = 0) {
+    std::array<CheckDesign, N> designs{};
+    for (std::size_t i = 0; i < N; ++i) {
+        designs[i] = {.caption = captions[i], .back = kTickOff, .fore = kTickOffText, .tabRank = tabRank};
+    }
+    return designs;
+}
+
+}  // namespace orv

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+
+#include "pages/controls/page_form.h"
+
+namespace orv {
+
+// What every page does on its common events. The failure texts carry the page's own tag.
+
+/// Starts the page; `afterwards` runs once it is ready.
+void Form_Load(PageForm& form, const std::function<bool()>& afterwards = {});
+void btm_ChangePage_Click(PageForm& form, int index);
+void btm_Back_Menu_Click(PageForm& form);
+/// Keeps the form by setting `cancel`.
+void Form_QueryUnload(PageForm& form, bool& cancel, UnloadMode mode);
+void Form_Unload(PageForm& form);
+
+/// Ties them all, with the save button, the company list and the Enter key there.
+void wireFrame(PageForm& form);
+
+}  // namespace orv

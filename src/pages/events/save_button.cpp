@@ -1,0 +1,43 @@
+#include "pages/events/save_button.h"
+
+#include "core/flow/save_company.h"
+#include "core/record/globals.h"
+#include "logging/handled.h"
+#include "logging/trap.h"
+
+namespace orv {
+namespace {
+
+class Saving {
+public:
+    Saving() { gSaving = true; }
+    Saving(const Saving&) = delete;
+    Saving& operator=(const Saving&) = delete;
+    ~Saving() { gSaving = false; }
+};
+
+/// A page that the save has left has no active control. A company that has got its number switches to it, silently.
+void showCompany(PageForm& form, const std::string& userId) {
+    if (!userId.empty() && form.activeControl() != nullptr) {
+        form.cbo_User_Id.setText(userId);
+    }
+}
+
+}  // namespace
+
+void btm_Save_Click(PageForm& form) {
+    const Saving saving;
+    handled("[ " + form.tag() + " btm_Save_Click ]", [&] {
+        std::string userId;
+        if (PF_SndCos(form, userId)) {
+            showCompany(form, userId);
+            return true;
+        }
+        // The save's own failure is the one to report, also where the number that it got is in no list.
+        const auto notListed = caught([&] { showCompany(form, userId); });
+        static_cast<void>(notListed);
+        return false;
+    });
+}
+
+}  // namespace orv

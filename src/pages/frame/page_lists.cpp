@@ -1,0 +1,64 @@
+#include "pages/frame/page_lists.h"
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "logging/trap.h"
+#include "pages/common/master_lists.h"
+#include "pages/controls/control_ref.h"
+#include "store/store_session.h"
+
+namespace orv {
+namespace {
+
+/// A list of a page beside the companies, by the type of its entries.
+struct PageList {
+    ControlRef combo;
+    const char* type;
+    bool addBlank;
+};
+
+constexpr std::array kLists1{
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_License_No>, "002", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Get_License_Nengou>, "003", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Valid_License_Nengou>, "003", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Dantai_Name>, "004", false},
+};
+
+constexpr std::array kLists2{
+    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 0>, "005", true},
+    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 1>, "005", true},
+};
+
+bool P_MakeComboBox_CompInpN(std::string_view label, PageForm& form, std::span<const PageList> lists) {
+    return trapped(label, [&] {
+        StoreSession session;
+        if (!session.openFresh() || !fillCompanies(form.cbo_User_Id)) {
+            return false;
+        }
+        for (const PageList& list : lists) {
+            if (!PF_MakeComboBox(static_cast<ComboBox&>(list.combo()), list.type, list.addBlank, kListOthers)) {
+                return false;
+            }
+        }
+        return true;
+    });
+}
+
+}  // namespace
+
+bool P_MakeComboBox_CompInp0() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp0 ]", pageAt(0), {}); }
+bool P_MakeComboBox_CompInp1() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(1), kLists1); }
+/// Its label is page 1's, and stays so.
+bool P_MakeComboBox_CompInp2() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(2), kLists2); }
+bool P_MakeComboBox_CompInp3() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp3 ]", pageAt(3), {}); }
+bool P_MakeComboBox_CompInp4() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp4 ]", pageAt(4), {}); }
+
+bool makeListsOf(int pageNumber) {
+    constexpr std::array kRoutines{P_MakeComboBox_CompInp0, P_MakeComboBox_CompInp1, P_MakeComboBox_CompInp2,
+                                   P_MakeComboBox_CompInp3, P_MakeComboBox_CompInp4};
+    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
+}
+
+}  // namespace orv

@@ -1,0 +1,121 @@
+#include "pages/frame/page_view.h"
+
+#include <array>
+#include <span>
+#include <string>
+
+#include "images/form_view.h"
+#include "logging/trap.h"
+
+namespace orv {
+namespace {
+
+/// A filled box from corner to corner, with or without a heading. A right edge of 0 or less counts from the right edge
+/// of the page.
+struct Bar {
+    Point from;
+    Point to;
+    Colour colour = kBar;
+    std::string_view heading = {};
+    Point headingAt = {};
+};
+
+constexpr int kToTheRight = -10;
+constexpr int kTopBand = 55;
+constexpr int kBottomBand = 40;
+constexpr int kHeadingSize = 9;
+constexpr int kTitleSize = 15;
+
+// clang-format off
+constexpr auto kBars0 = std::to_array<Bar>({
+    {{126,  84}, {kToTheRight, 102}, kBar, "　事務所・店舗情報", {126,  87}},
+    {{126, 290}, {kToTheRight, 308}, kBar, "　ＰＣ設置場所",     {126, 293}},
+    {{126, 448}, {kToTheRight, 466}, kBar, "　反響・問い合わせ", {126, 451}},
+    {{238, 311}, {338, 335}, kGroupBox},
+});
+
+constexpr auto kBars1 = std::to_array<Bar>({
+    {{126,  84}, {616, 102}, kBar, " 宅建免許証",               {126,  87}},
+    {{497, 175}, {771, 193}, kBar, " 公正取引協議会加盟事業者", {497, 178}},
+    {{205, 178}, {488, 355}, kGroupBox},
+    {{497, 199}, {771, 313}, kGroupBox},
+});
+
+constexpr auto kBars2 = std::to_array<Bar>({
+    {{126,  80}, {kToTheRight, 102}, kBar, " 交通情報",       {126,  85}},
+    {{126, 194}, {kToTheRight, 212}, kBar, " その他会社情報", {126, 197}},
+    {{126, 343}, {259, 361},         kBar, " 画像１",         {126, 346}},
+    {{261, 343}, {394, 361},         kBar, " 画像２",         {261, 346}},
+});
+
+constexpr auto kBars3 = std::to_array<Bar>({
+    {{126,  63}, {kToTheRight,  81}, kBar, "　取扱種別", {126,  66}},
+    {{126, 337}, {kToTheRight, 355}, kBar, "　業務内容", {126, 340}},
+    {{185,  87}, {424, 198}, kGroupBox},
+    {{493,  87}, {761, 198}, kGroupBox},
+    {{185, 203}, {313, 332}, kGroupBox},
+    {{381, 203}, {782, 332}, kGroupBox},
+    {{185, 364}, {292, 504}, kGroupBox},
+    {{381, 364}, {579, 504}, kGroupBox},
+    {{640, 364}, {782, 504}, kGroupBox},
+});
+
+constexpr auto kBars4 = std::to_array<Bar>({
+    {{126,  77}, {kToTheRight,  97}, kNoticeBar,
+     " *この情報はお客様設定送信時にゼンタへ転送いたします。（内容は変更できません。）", {126,  81}},
+    {{126, 105}, {435, 123},         kBar, "　ＯＳ",         {126, 108}},
+    {{441, 105}, {kToTheRight, 123}, kBar, "　システム",     {441, 108}},
+    {{126, 245}, {kToTheRight, 263}, kBar, "　ネットワーク", {126, 248}},
+    {{126, 301}, {kToTheRight, 319}, kBar, "　その他",       {126, 304}},
+});
+// clang-format on
+
+void fill(Form& form, Point from, Point to, Colour colour) {
+    form.canvas().draw(DrawnBox{{from.x, from.y, to.x - from.x, to.y - from.y}, colour});
+}
+
+void write(Form& form, Point at, std::string_view text, int size) {
+    form.canvas().draw(
+        DrawnText{.at = at, .text = std::string(text), .fontSize = size, .bold = true, .colour = kHeading});
+}
+
+void drawBar(Form& form, const Bar& bar) {
+    const int right = bar.to.x > 0 ? bar.to.x : form.scaleWidth() + bar.to.x;
+    fill(form, bar.from, {right, bar.to.y}, bar.colour);
+    if (!bar.heading.empty()) {
+        write(form, bar.headingAt, bar.heading, kHeadingSize);
+    }
+}
+
+bool makeView(std::string_view label, Form& form, std::span<const Bar> bars) {
+    return trapped(label, [&] {
+        const int width = form.scaleWidth();
+        const int height = form.scaleHeight();
+        drawStripes(form);
+        fill(form, {0, 0}, {width, kTopBand}, kBand);
+        fill(form, {0, height - kBottomBand}, {width, height}, kBand);
+        for (const Bar& bar : bars) {
+            drawBar(form, bar);
+        }
+        write(form, {126, 5}, "設定/お客様情報", kTitleSize);
+        return true;
+    });
+}
+
+}  // namespace
+
+bool P_MakeComp0View(frm_CompInp0& form) { return makeView("[ P_MakeComp0View ] ", form, kBars0); }
+bool P_MakeComp1View(frm_CompInp1& form) { return makeView("[ P_MakeComp1View ] ", form, kBars1); }
+bool P_MakeComp2View(frm_CompInp2& form) { return makeView("[ P_MakeComp2View ] ", form, kBars2); }
+bool P_MakeComp3View(frm_CompInp3& form) { return makeView("[ P_MakeComp3View ] ", form, kBars3); }
+bool P_MakeComp4View(frm_CompInp4& form) { return makeView("[ P_MakeComp4View ] ", form, kBars4); }
+
+bool makeViewOf(int pageNumber) {
+    constexpr std::array<bool (*)(), kPageCount> kRoutines{
+        [] { return P_MakeComp0View(page<frm_CompInp0>()); }, [] { return P_MakeComp1View(page<frm_CompInp1>()); },
+        [] { return P_MakeComp2View(page<frm_CompInp2>()); }, [] { return P_MakeComp3View(page<frm_CompInp3>()); },
+        [] { return P_MakeComp4View(page<frm_CompInp4>()); }};
+    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
+}
+
+}  // namespace orv

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "pages/controls/page_set.h"
+
+namespace orv {
+
+// What stands behind a page's controls: stripes, the bands above and below, the title, the page's bars and boxes.
+
+[[nodiscard]] bool P_MakeComp0View(frm_CompInp0& form);
+[[nodiscard]] bool P_MakeComp1View(frm_CompInp1& form);
+[[nodiscard]] bool P_MakeComp2View(frm_CompInp2& form);
+[[nodiscard]] bool P_MakeComp3View(frm_CompInp3& form);
+[[nodiscard]] bool P_MakeComp4View(frm_CompInp4& form);
+
+/// The one of that page number.
+[[nodiscard]] bool makeViewOf(int pageNumber);
+
+}  // namespace orv

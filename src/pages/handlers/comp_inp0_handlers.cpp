@@ -1,0 +1,118 @@
+#include "pages/handlers/comp_inp0_handlers.h"
+
+#include <array>
+
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/handled.h"
+#include "logging/trap.h"
+#include "pages/common/control_helpers.h"
+#include "pages/common/enter_key.h"
+#include "pages/common/tick_colours.h"
+#include "pages/events/frame_handlers.h"
+#include "platform/services.h"
+#include "platform/utf8.h"
+#include "store/rows.h"
+#include "store/store_session.h"
+
+namespace orv {
+namespace {
+
+constexpr std::size_t kAreaLength = 5;
+
+/// A field of the site's block and the colour in which it comes back.
+struct SiteField {
+    TextInput frm_CompInp0::*input;
+    Colour colour;
+};
+
+// The post code and the address come back only where addresses are typed.
+constexpr std::array<TextInput frm_CompInp0::*, 2> kSearchedFields{&frm_CompInp0::txt_Pc_Post_Code,
+                                                                   &frm_CompInp0::txt_Pc_Address};
+
+constexpr std::array<SiteField, 9> kTypedFields{{
+    {&frm_CompInp0::txt_Pc_Address_number, kOptionalField},
+    {&frm_CompInp0::txt_Pc_Address_Gou, kOptionalField},
+    {&frm_CompInp0::txt_Pc_Office_Name, kOptionalField},
+    {&frm_CompInp0::txt_Pc_Tanto_Name, kRequiredField},
+    {&frm_CompInp0::txt_Pc_Tel_No1, kRequiredField},
+    {&frm_CompInp0::txt_Pc_Tel_No2, kOptionalField},
+    {&frm_CompInp0::txt_Pc_Fax_No, kOptionalField},
+    {&frm_CompInp0::txt_Pc_Mail_Address, kRequiredField},
+    {&frm_CompInp0::txt_Pc_Address_Code, kOptionalField},
+}};
+
+void closeSite(frm_CompInp0& form) {
+    PF_EnableControl(form.txt_Pc_Post_Code, false);
+    form.btm_Pc_SearchOfficeAddress.setEnabled(false);
+    PF_EnableControl(form.txt_Pc_Address, false);
+    for (const SiteField& field : kTypedFields) {
+        PF_EnableControl(form.*field.input, false);
+    }
+}
+
+void openSite(frm_CompInp0& form) {
+    for (const auto input : kSearchedFields) {
+        PF_EnableControl(form.*input, !gAddressByMaster, kRequiredField);
+    }
+    form.btm_Pc_SearchOfficeAddress.setEnabled(true);
+    for (const SiteField& field : kTypedFields) {
+        PF_EnableControl(form.*field.input, true, field.colour);
+    }
+}
+
+void txt_Address_Code_Change(frm_CompInp0& form) {
+    handled("[ CompInp0 txt_Address_Code_Change ]", [&] {
+        form.txt_Area_Code.setText(form.txt_Address_Code.text().substr(0, kAreaLength));
+        return true;
+    });
+}
+
+bool showPublishNumber(frm_CompInp0& form) {
+    form.lbl_Pubish_Number_Title.setVisible(false);
+    form.lbl_Pubish_Number.setVisible(false);
+    StoreSession session;
+    if (!session.openFresh()) {
+        return false;
+    }
+    const Rows rows("SELECT CONTRACT_PUBLISHNUMBER FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + tCustomerInfo.USER_ID +
+                    "'");
+    if (!rows.ok()) {
+        return failFrom(services().db->DbError());
+    }
+    const Value number = rows->Eof() ? Value() : rows->Fields("CONTRACT_PUBLISHNUMBER");
+    if (!number.isNull()) {
+        form.lbl_Pubish_Number.setCaption(toText(number));
+        form.lbl_Pubish_Number_Title.setVisible(true);
+        form.lbl_Pubish_Number.setVisible(true);
+    }
+    return true;
+}
+
+}  // namespace
+
+void chk_EqualData_Click(frm_CompInp0& form) {
+    handled("[ CompInp0 chk_EqualData_Click ]", [&] {
+        if (form.chk_EqualData.value() == 1) {
+            closeSite(form);
+        } else {
+            openSite(form);
+        }
+        showTick(form.chk_EqualData);
+        return true;
+    });
+}
+
+bool F_Check_Pubish_Number(frm_CompInp0& form) {
+    return trapped("F_Check_Pubish_Number\r\n", [&] { return showPublishNumber(form); });
+}
+
+void wireCompInp0(frm_CompInp0& form) {
+    wireFrame(form);
+    form.onLoad = [&form] { Form_Load(form, [&form] { return F_Check_Pubish_Number(form); }); };
+    form.chk_EqualData.onClick = [&form] { chk_EqualData_Click(form); };
+    form.chk_EqualData.onKeyDown = [&form](int key) { enterMovesOn(form.chk_EqualData, key); };
+    form.txt_Address_Code.onChange = [&form] { txt_Address_Code_Change(form); };
+}
+
+}  // namespace orv

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "pages/controls/frm_comp_inp0.h"
+
+namespace orv {
+
+/// Opens or closes the block of the computer's site.
+void chk_EqualData_Click(frm_CompInp0& form);
+
+/// Shows how many contracts are published, where the store has a count. False: the pair tells why.
+[[nodiscard]] bool F_Check_Pubish_Number(frm_CompInp0& form);
+
+void wireCompInp0(frm_CompInp0& form);
+
+}  // namespace orv

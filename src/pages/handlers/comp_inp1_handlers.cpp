@@ -1,0 +1,123 @@
+#include "pages/handlers/comp_inp1_handlers.h"
+
+#include "config/shared_settings.h"
+#include "logging/handled.h"
+#include "pages/common/control_helpers.h"
+#include "pages/common/enter_key.h"
+#include "pages/common/tick_colours.h"
+#include "pages/events/frame_handlers.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+constexpr int kListedAssociation = 0;
+constexpr int kOtherAssociation = 6;
+/// In that edition every company belongs to the association of this box.
+constexpr const char* kAssociationEdition = "3";
+constexpr std::size_t kEditionAssociation = 3;
+constexpr const char* kWesternCalendar = "西暦";
+
+void openLicence(frm_CompInp1& form, bool open) {
+    PF_EnableControl(form.txt_License_no_Dai, open, kRequiredField);
+    PF_EnableControl(form.txt_License_No_Go, open, kRequiredField);
+    PF_EnableCombo(form.cbo_Get_License_Nengou, open, kRequiredField, kWesternCalendar);
+    PF_EnableCombo(form.cbo_Valid_License_Nengou, open, kRequiredField, kWesternCalendar);
+    for (auto* date : {&form.txt_Get_License_Date, &form.txt_Valid_License_Date}) {
+        for (std::size_t i = 0; i < date->size(); ++i) {
+            PF_EnableNumber((*date)[i], open, kRequiredField);
+        }
+    }
+}
+
+/// The focus is asked for while the field is still closed, so it does not move.
+void openOtherAssociation(frm_CompInp1& form, bool open) {
+    if (open) {
+        PF_SetFocusTo(&form.txt_Other_Dantai_Name);
+    }
+    PF_EnableControl(form.txt_Other_Dantai_Name, open, kRequiredField);
+}
+
+/// A name ticks its box, and no name unticks it.
+void tickOtherAssociation(frm_CompInp1& form, const char* label) {
+    handled(label, [&] {
+        form.chk_Dantai[kOtherAssociation].setValue(trimmed(form.txt_Other_Dantai_Name.text()).empty() ? 0 : 1);
+        return true;
+    });
+}
+
+bool keepEditionAssociation(frm_CompInp1& form) {
+    if (com().MinorVer() == kAssociationEdition) {
+        form.chk_Dantai[kEditionAssociation].setEnabled(false);
+    }
+    return true;
+}
+
+}  // namespace
+
+void cbo_License_No_Click(frm_CompInp1& form) {
+    handled("[ CompInp1 cbo_License_No_Click ]", [&] {
+        const std::string kind = form.cbo_License_No.text();
+        openLicence(form, kind != "無し" && kind != "貸主");
+        return true;
+    });
+}
+
+void chk_Dantai_Click(frm_CompInp1& form, int index) {
+    handled("[ CompInp1 chk_Dantai_Click ]", [&] {
+        CheckBox& box = form.chk_Dantai[static_cast<std::size_t>(index)];
+        const bool on = box.value() != 0;
+        if (index == kListedAssociation) {
+            PF_EnableCombo(form.cbo_Dantai_Name, on, kRequiredField);
+        } else if (index == kOtherAssociation) {
+            openOtherAssociation(form, on);
+        }
+        showTick(box);
+        return true;
+    });
+}
+
+void chk_Koutori_Click(frm_CompInp1& form, int index) {
+    handled("[ CompInp1 chk_Koutori_Click ]", [&] {
+        showTick(form.chk_Koutori[static_cast<std::size_t>(index)]);
+        return true;
+    });
+}
+
+void cbo_Dantai_Name_Click(frm_CompInp1& form) {
+    handled("[ CompInp1 cbo_Dantai_Name_Click ]", [&] {
+        if (!form.cbo_Dantai_Name.text().empty()) {
+            form.chk_Dantai[kListedAssociation].setValue(1);
+        }
+        return true;
+    });
+}
+
+void txt_Other_Dantai_Name_Change(frm_CompInp1& form) {
+    tickOtherAssociation(form, "[ CompInp1 txt_Other_Dantai_Name_Change ]");
+}
+
+void txt_Other_Dantai_Name_Validate(frm_CompInp1& form) {
+    tickOtherAssociation(form, "[ CompInp1 txt_Other_Dantai_Name_Validate ]");
+}
+
+void wireCompInp1(frm_CompInp1& form) {
+    wireFrame(form);
+    form.onLoad = [&form] { Form_Load(form, [&form] { return keepEditionAssociation(form); }); };
+    form.cbo_License_No.onClick = [&form] { cbo_License_No_Click(form); };
+    form.cbo_Dantai_Name.onClick = [&form] { cbo_Dantai_Name_Click(form); };
+    form.txt_Other_Dantai_Name.onChange = [&form] { txt_Other_Dantai_Name_Change(form); };
+    form.txt_Other_Dantai_Name.onValidate = [&form] { txt_Other_Dantai_Name_Validate(form); };
+    for (int i = 0; i < static_cast<int>(form.chk_Dantai.size()); ++i) {
+        form.chk_Dantai[static_cast<std::size_t>(i)].onClick = [&form, i] { chk_Dantai_Click(form, i); };
+    }
+    for (int i = 0; i < static_cast<int>(form.chk_Koutori.size()); ++i) {
+        form.chk_Koutori[static_cast<std::size_t>(i)].onClick = [&form, i] { chk_Koutori_Click(form, i); };
+    }
+    for (ComboBox* combo :
+         {&form.cbo_License_No, &form.cbo_Get_License_Nengou, &form.cbo_Valid_License_Nengou, &form.cbo_Dantai_Name}) {
+        combo->onKeyDown = [combo](int key) { enterMovesOn(*combo, key); };
+    }
+}
+
+}  // namespace orv

@@ -1,0 +1,49 @@
+#include "pages/handlers/comp_inp2_handlers.h"
+
+#include "logging/handled.h"
+#include "pages/common/enter_key.h"
+#include "pages/events/frame_handlers.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kPrefix = "http://";
+constexpr Report kTextReport{.id = "UTERR001", .keepPair = true};
+
+void followLinkName(frm_CompInp2& form, const char* label) {
+    handled(
+        label,
+        [&] {
+            const bool named = !trimmed(form.txt_Company_URL_Comment.text()).empty();
+            const std::string address = trimmed(form.txt_Company_URL.text());
+            if (named && address.empty()) {
+                form.txt_Company_URL.setText(kPrefix);
+            } else if (!named && address == kPrefix) {
+                form.txt_Company_URL.setText("");
+            }
+            return true;
+        },
+        kTextReport);
+}
+
+}  // namespace
+
+void txt_Company_URL_Comment_Change(frm_CompInp2& form) { followLinkName(form, "[ txt_Company_URL_Comment_Change ]"); }
+
+void txt_Company_URL_Comment_LostFocus(frm_CompInp2& form) {
+    followLinkName(form, "[ txt_Company_URL_Comment_LostFocus ]");
+}
+
+void wireCompInp2(frm_CompInp2& form) {
+    wireFrame(form);
+    form.onLoad = [&form] { Form_Load(form); };
+    form.txt_Company_URL_Comment.onChange = [&form] { txt_Company_URL_Comment_Change(form); };
+    form.txt_Company_URL_Comment.onLostFocus = [&form] { txt_Company_URL_Comment_LostFocus(form); };
+    for (std::size_t i = 0; i < form.cbo_pic_PhotoFile.size(); ++i) {
+        ComboBox& combo = form.cbo_pic_PhotoFile[i];
+        combo.onKeyDown = [&combo](int key) { enterMovesOn(combo, key); };
+    }
+}
+
+}  // namespace orv

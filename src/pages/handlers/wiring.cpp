@@ -1,0 +1,30 @@
+#include "pages/handlers/wiring.h"
+
+#include "pages/controls/page_set.h"
+#include "pages/events/frame_handlers.h"
+#include "pages/handlers/comp_inp0_handlers.h"
+#include "pages/handlers/comp_inp1_handlers.h"
+#include "pages/handlers/comp_inp2_handlers.h"
+#include "pages/handlers/comp_inp3_handlers.h"
+
+namespace orv {
+namespace {
+
+/// The page that only shows has no handler of its own.
+void wireCompInp4(frm_CompInp4& form) {
+    wireFrame(form);
+    form.onLoad = [&form] { Form_Load(form); };
+}
+
+}  // namespace
+
+void wirePages() {
+    wirePagesWith({.compInp0 = wireCompInp0,
+                   .compInp1 = wireCompInp1,
+                   .compInp2 = wireCompInp2,
+                   .compInp3 = wireCompInp3,
+                   .compInp4 = wireCompInp4,
+                   .changePassword = {}});
+}
+
+}  // namespace orv

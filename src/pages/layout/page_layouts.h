@@ -1,0 +1,20 @@
+#pragma once
+
+#include <span>
+
+#include "platform/design.h"
+
+namespace orv {
+
+// One table per form, in the files beside this one. All but the dialogs' are without what every page has.
+
+std::span<const Placement> frameLayout();
+std::span<const Placement> compInp0Layout();
+std::span<const Placement> compInp1Layout();
+std::span<const Placement> compInp2Layout();
+std::span<const Placement> compInp3Layout();
+std::span<const Placement> compInp4Layout();
+std::span<const Placement> changePasswordLayout();
+std::span<const Placement> imgCommonLayout();
+
+}  // namespace orv

@@ -1,0 +1,116 @@
+#include "store/data_lock.h"
+
+#include <functional>
+#include <string_view>
+
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "platform/machine/clock.h"
+#include "platform/machine/machine_facts.h"
+#include "platform/services.h"
+#include "store/rows.h"
+#include "store/transaction.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+/// The name under which this computer holds locks; empty when it can't be had.
+std::string PF_GetLocalInfo() {
+    std::string name = services().facts->GetComputerName();
+    std::erase(name, '\0');
+    return trimmed(name);
+}
+
+/// The frame of the three routines: the store's failure goes before a pending one, both under the routine's own label.
+/// Without a computer name `body` does not run: a lock of nobody could never be released.
+bool withLocalName(std::string_view label, const std::function<bool(const std::string& localName)>& body) {
+    bool result = false;
+    const auto failure = caught([&] {
+        const std::string localName = PF_GetLocalInfo();
+        result = !localName.empty() && body(localName);
+    });
+    if (result) {
+        return true;
+    }
+    FailureRecord record = services().db->DbError();
+    if (record.text.empty()) {
+        record =
+            failure ? FailureRecord{failure->description(), std::to_string(failure->number())} : FailureRecord{"", "0"};
+    }
+    return fail(std::string(label) + record.text, record.code);
+}
+
+std::string firstTwo(const std::string& typeCode) { return typeCode.substr(0, 2); }
+
+std::string selectHolder(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
+    return "select LOCAL_INFO   from TBL_LOCK  where USER_ID = '" + userId + "'   and Left(PROPERTY_TYPE_CODE, 2) = '" +
+           firstTwo(typeCode) + "'   and PROPERTY_NO = '" + propertyNo + "'";
+}
+
+std::string deleteLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
+                       const std::string& localName) {
+    return "delete from TBL_LOCK       where USER_ID = '" + userId + "'         and left(PROPERTY_TYPE_CODE,2) = '" +
+           firstTwo(typeCode) + "'         and PROPERTY_NO = '" + propertyNo + "'         and LOCAL_INFO = '" +
+           localName + "'";
+}
+
+std::string insertLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
+                       const std::string& localName) {
+    std::string sql =
+        "insert into TBL_LOCK ("
+        "            USER_ID,"
+        "            PROPERTY_TYPE_CODE,"
+        "            PROPERTY_NO,"
+        "            LOCAL_INFO, "
+        "            INSERT_DATE "
+        "   ) values (";
+    for (const std::string& value : {userId, typeCode, propertyNo}) {
+        sql += "            '" + value + "',";
+    }
+    sql += "            '" + localName + "', ";
+    sql += "            '" + formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss") + "' ";
+    return sql + "            )";
+}
+
+}  // namespace
+
+std::int16_t PF_DataLockCheck(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
+                              std::string& holder) {
+    holder.clear();
+    std::int16_t state = kLockFailed;
+    const bool told = withLocalName("[ PF_DataLockCheck ] ", [&](const std::string& localName) {
+        const Rows rows(selectHolder(userId, typeCode, propertyNo));
+        if (!rows.ok()) {
+            return false;
+        }
+        if (rows->Eof()) {
+            state = kNotLocked;
+            return true;
+        }
+        const std::string found = toText(rows->Fields("LOCAL_INFO"));
+        state = found == localName ? kLockedHere : kLockedElsewhere;
+        if (state == kLockedElsewhere) {
+            holder = trimmed(found);
+        }
+        return true;
+    });
+    return told ? state : kLockFailed;
+}
+
+bool PF_DataUnlock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
+    return withLocalName("[ PF_DataUnlock ] ", [&](const std::string& localName) {
+        return changeOnce(deleteLock(userId, typeCode, propertyNo, localName));
+    });
+}
+
+bool PF_DataLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
+    if (!PF_DataUnlock(userId, typeCode, propertyNo)) {
+        return false;
+    }
+    return withLocalName("[ PF_DataLock ] ", [&](const std::string& localName) {
+        return changeOnce(insertLock(userId, typeCode, propertyNo, localName));
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,66 @@
+#include "store/row_count.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "platform/services.h"
+#include "store/rows.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+struct CountMode {
+    std::int16_t mode;
+    std::string_view table;
+    std::string_view key2Column;
+    bool excludesKey3;
+};
+
+constexpr auto kModes = std::to_array<CountMode>({
+    {0, "TBL_SS_BASE", "INQUIRY_NO", true},
+    {1, "TBL_SS_BASE", "PROPERTY_NO", false},
+    {2, "TBL_SS_BASE", "ESTATE_INQUIRY_ID", true},
+    {kCountInfo, "TBL_CUSTOMER_INFO", "", false},
+    {kCountAdd, "TBL_CUSTOMER_ADD", "", false},
+    {kCountDate, "TBL_CUSTOMER_DATE", "", false},
+});
+
+/// Empty for a mode that does not exist; the store then refuses it.
+std::string countStatement(const std::string& key2, const std::string& userId, std::int16_t mode,
+                           const std::string& key3) {
+    const auto* row = std::find_if(kModes.begin(), kModes.end(), [mode](const CountMode& m) { return m.mode == mode; });
+    if (row == kModes.end()) {
+        return {};
+    }
+    std::string sql = "  SELECT COUNT(*)     FROM " + std::string(row->table) + "    WHERE USER_ID = '" + userId + "' ";
+    if (!row->key2Column.empty()) {
+        sql += "     AND " + std::string(row->key2Column) + " = '" + key2 + "' ";
+    }
+    if (row->excludesKey3 && !trimmed(key3).empty()) {
+        sql += " AND PROPERTY_NO <> '" + key3 + "'";
+    }
+    return sql;
+}
+
+}  // namespace
+
+bool PF_GetRowCountZero(const std::string& key2, const std::string& userId, std::int16_t mode,
+                        const std::string& key3) {
+    return trapped("", [&] {
+        Rows rows(countStatement(key2, userId, mode, key3));
+        if (!rows.ok()) {
+            return failFrom(services().db->DbError());
+        }
+        const bool none = toText(rows->Fields(0)) == "0";
+        if (!rows.close()) {
+            static_cast<void>(failFrom(services().db->DbError()));  // told by the pair; the answer stands
+        }
+        return none;
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,43 @@
+#include "store/transaction.h"
+
+#include "core/record/globals.h"
+#include "platform/services.h"
+
+namespace orv {
+
+Transaction::~Transaction() {
+    if (open_) {
+        static_cast<void>(rollback());  // the failure that left it open has been told
+    }
+}
+
+bool Transaction::begin() {
+    services().db->DbBeginTrans(gConn, open_);
+    return open_;
+}
+
+bool Transaction::commit() {
+    bool ok = false;
+    services().db->DbCommit(gConn, ok);
+    open_ = !ok;
+    return ok;
+}
+
+bool Transaction::rollback() {
+    open_ = false;
+    bool ok = false;
+    services().db->DbRollback(gConn, ok);
+    return ok;
+}
+
+bool changeOnce(const std::string& sql) {
+    Transaction transaction;
+    if (!transaction.begin()) {
+        return false;
+    }
+    std::int32_t rows = -1;
+    services().db->DbExecute(gConn, sql, rows);
+    return rows >= 0 && transaction.commit();
+}
+
+}  // namespace orv

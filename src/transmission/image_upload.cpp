@@ -1,0 +1,76 @@
+#include "transmission/image_upload.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "logging/write_log.h"
+#include "platform/run_time_error.h"
+#include "transmission/file_names.h"
+#include "transmission/frm_send.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kUser = "kvr73node";
+constexpr const char* kPassword = "Xk9TRbmW2";
+constexpr std::int32_t kIdle = 0;
+constexpr std::int32_t kFirstFailureStatus = 400;
+
+/// The photo of a slot, slots counted from 0.
+constexpr std::array<TextField, 2> kPhotos{&CompanyRecord::PHOTO_FILE1, &CompanyRecord::PHOTO_FILE2};
+
+HttpControl& httpControl() {
+    if (!sendForm().Http1) {
+        throw RunTimeError(Failure::ObjectNotSet);
+    }
+    return *sendForm().Http1;
+}
+
+void request(HttpControl& http, const std::string& file, const std::string& name) {
+    http.Timeout(toLong(com().ORV_TimeOut()));
+    http.Version("HTTP/1.1");
+    http.URL(multiCom().ORV_IMAGE_HTTP_URL() + name);
+    std::string response;
+    http.Upload(file, std::nullopt, response, std::nullopt, kUser, kPassword);
+}
+
+}  // namespace
+
+void PF_ImageDataTransfer() {
+    const bool isFtp = multiCom().ORV_IMAGE_TRANSFER_TYPE() == "FTP";
+    for (std::size_t slot = 0; slot < kPhotos.size(); ++slot) {
+        const std::string& photo = tCustomerInfo.*kPhotos[slot];
+        if (photo.empty()) {
+            continue;
+        }
+        const std::string path = com().ImgNoFolder(static_cast<std::int16_t>(slot)) + photo;
+        if (PF_FileCanOpen(path) && !isFtp) {
+            RH_ImageDataTransfr(path);
+        }
+    }
+}
+
+void RH_ImageDataTransfr(const std::string& file) {
+    const std::string label = "[ RH_ImageDataTransfr ] ";
+    const bool fine = trapped(label, [&] {
+        const std::string name = PF_BaseName(file);
+        HttpControl& http = httpControl();
+        if (http.State() > kIdle) {
+            return true;
+        }
+        request(http, file, name);
+        const std::int32_t status = http.ResponseCode();
+        return status < kFirstFailureStatus || fail(label + http.ResponseText(), std::to_string(status));
+    });
+    if (!fine) {
+        logPair();
+    }
+}
+
+}  // namespace orv

@@ -1,0 +1,61 @@
+#include "validation/check_input_data.h"
+
+#include <array>
+
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "pages/common/control_helpers.h"
+#include "pages/frame/change_page.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+#include "validation/rules/company_rules.h"
+
+namespace orv {
+namespace {
+
+struct PageCheck {
+    std::int16_t page;
+    bool (*check)(Refusal& out);
+};
+
+/// In this order, whichever page the operator is on.
+constexpr std::array kChecks{PageCheck{0, PF_CheckFrmCompInp0Data}};
+
+void pointerBack() { services().forms->setPointer(kPointerDefault); }
+
+void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusal) {
+    if (!PF_Change_Frm_CompInp(page, currentForm)) {
+        return;
+    }
+    PF_SetFocusTo(refusal.focus);
+    pointerBack();
+    tell("COS19800", {refusal.text});
+}
+
+bool checkPages(PageForm& currentForm) {
+    Refusal refusal;
+    for (const PageCheck& page : kChecks) {
+        refusal.text.clear();
+        if (!page.check(refusal)) {
+            takeToFault(page.page, currentForm, refusal);
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+bool PF_CheckInputData(PageForm& currentForm) {
+    return trapped("[ PF_CheckInputData ] ", [&] {
+        bool passed = false;
+        // The report of a failure does not stand under an hourglass.
+        if (const auto failure = caught([&] { passed = checkPages(currentForm); })) {
+            pointerBack();
+            throw *failure;
+        }
+        return passed;
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,75 @@
+#include "validation/rule/rule_tests.h"
+
+#include "logging/trap.h"
+#include "platform/services.h"
+#include "platform/suite/string_check_service.h"
+#include "platform/utf8.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+/// The earliest place of a full stop that makes a mail address, counted from 1.
+constexpr std::size_t kEarliestStop = 3;
+
+/// Places count from 1; 0: not found.
+std::size_t placeOf(const std::u32string& text, char32_t character) {
+    const auto found = text.find(character);
+    return found == std::u32string::npos ? 0 : found + 1;
+}
+
+bool refusedBy(void (StringCheckService::*check)(const std::string&, bool&), const std::string& text,
+               std::string& message) {
+    StringCheckService& service = *services().stringCheck;
+    bool passes = false;
+    (service.*check)(text, passes);
+    if (passes) {
+        return false;
+    }
+    message = service.ErrorInfo().text;
+    service.ClearError();
+    return true;
+}
+
+}  // namespace
+
+bool PF_CheckString(const std::string& text, std::string& message) {
+    return trapped("", [&] {
+        return !refusedBy(&StringCheckService::CheckTextFirst, text, message) &&
+               !refusedBy(&StringCheckService::CheckTextSecond, text, message);
+    });
+}
+
+Verdict blank(const std::string& value, Refusal&) { return isBlank(value) ? Verdict::Fails : Verdict::Passes; }
+
+Verdict blankNoted(const std::string& value, Refusal&) { return isBlank(value) ? Verdict::Noted : Verdict::Passes; }
+
+Verdict notAdmitted(const std::string& value, Refusal& out) {
+    return PF_CheckString(value, out.text) ? Verdict::Passes : Verdict::FailsAsTold;
+}
+
+Verdict noTelNumber(const std::string& value, Refusal& out) {
+    bool passes = false;
+    services().stringCheck->CheckTelNumber(value, passes);
+    if (passes) {
+        return Verdict::Passes;
+    }
+    const FailureRecord rejection = services().stringCheck->ErrorInfo();
+    if (rejection.code.empty()) {
+        return Verdict::Fails;
+    }
+    out.text = rejection.text;
+    return Verdict::FailsAsTold;
+}
+
+Verdict filledNoTelNumber(const std::string& value, Refusal& out) {
+    return isBlank(value) ? Verdict::Passes : noTelNumber(value, out);
+}
+
+Verdict noMailAddress(const std::string& value, Refusal&) {
+    const std::u32string characters = toCharacters(value);
+    const bool isAddress = placeOf(characters, U'.') >= kEarliestStop || placeOf(characters, U'@') >= 1;
+    return isAddress ? Verdict::Passes : Verdict::Fails;
+}
+
+}  // namespace orv

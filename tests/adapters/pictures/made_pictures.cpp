@@ -1,0 +1,218 @@
+#include "adapters/pictures/made_pictures.h"
+
+#include <unistd.h>
+
+#include <QBuffer>
+#include <QImage>
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+
+namespace orv::test {
+namespace {
+
+/// Which of the four colours, 0 to 3, stands at a place.
+std::size_t quarterAt(int x, int y, int width, int height) {
+    return static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0));
+}
+
+constexpr std::array kQuarters{kRed, kGreen, kBlue, kWhite};
+
+std::array<std::uint8_t, 3> channelsAt(int x, int y, int width, int height) {
+    const std::uint32_t colour = kQuarters[quarterAt(x, y, width, height)];
+    return {static_cast<std::uint8_t>(colour >> 16), static_cast<std::uint8_t>(colour >> 8),
+            static_cast<std::uint8_t>(colour)};
+}
+
+/// What the encoder takes for a colour. Print colours without black; Adobe's programs store them turned round, so
+/// that 255 is no ink.
+void appendInput(const JpegRecipe& recipe, std::array<std::uint8_t, 3> rgb, ByteVector& row) {
+    if (recipe.input == JCS_GRAYSCALE) {
+        row.push_back(rgb[1]);
+        return;
+    }
+    const bool turn = recipe.input == JCS_CMYK && !recipe.adobe;
+    for (const std::uint8_t channel : rgb) {
+        row.push_back(turn ? static_cast<std::uint8_t>(255 - channel) : channel);
+    }
+    if (recipe.input == JCS_CMYK) {
+        row.push_back(turn ? 0 : 255);
+    }
+}
+
+ByteVector exifSegment(int orientation, bool highFirst) {
+    const auto code = static_cast<std::uint8_t>(orientation);
+    if (highFirst) {
+        return {'E', 'x', 'i', 'f', 0, 0, 'M', 'M', 0, 42,   0, 0, 0, 8, 0, 1,  // one entry
+                1,   18,  0,   3,   0, 0, 0,   1,   0, code, 0, 0, 0, 0, 0, 0};
+    }
+    return {'E', 'x', 'i', 'f', 0, 0, 'I', 'I', 42,   0, 8, 0, 0, 0, 1, 0,  // one entry
+            18,  1,   3,   0,   1, 0, 0,   0,   code, 0, 0, 0, 0, 0, 0, 0};
+}
+
+void setUp(jpeg_compress_struct& jpeg, const JpegRecipe& recipe) {
+    jpeg.image_width = static_cast<JDIMENSION>(recipe.width);
+    jpeg.image_height = static_cast<JDIMENSION>(recipe.height);
+    jpeg.in_color_space = recipe.input;
+    jpeg.input_components = recipe.input == JCS_GRAYSCALE ? 1 : recipe.input == JCS_CMYK ? 4 : 3;
+    jpeg_set_defaults(&jpeg);
+    jpeg_set_colorspace(&jpeg, recipe.stored);
+    jpeg_set_quality(&jpeg, 95, TRUE);
+    if (!recipe.adobe) {
+        jpeg.write_Adobe_marker = FALSE;
+    }
+    if (recipe.progressive) {
+        jpeg_simple_progression(&jpeg);
+    }
+}
+
+void put(ByteVector& bytes, std::size_t number, int length) {
+    for (int i = 0; i < length; ++i) {
+        bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
+    }
+}
+
+}  // namespace
+
+ByteVector madeJpeg(const JpegRecipe& recipe) {
+    jpeg_compress_struct jpeg{};
+    jpeg_error_mgr errors{};
+    jpeg.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&jpeg);
+    unsigned char* bytes = nullptr;
+    unsigned long size = 0;
+    jpeg_mem_dest(&jpeg, &bytes, &size);
+    setUp(jpeg, recipe);
+    jpeg_start_compress(&jpeg, TRUE);
+    if (recipe.orientation != 0) {
+        const ByteVector exif = exifSegment(recipe.orientation, recipe.exifHighFirst);
+        jpeg_write_marker(&jpeg, JPEG_APP0 + 1, exif.data(), static_cast<unsigned>(exif.size()));
+    }
+    for (int y = 0; y < recipe.height; ++y) {
+        ByteVector row;
+        for (int x = 0; x < recipe.width; ++x) {
+            appendInput(recipe, channelsAt(x, y, recipe.width, recipe.height), row);
+        }
+        JSAMPROW start = row.data();
+        jpeg_write_scanlines(&jpeg, &start, 1);
+    }
+    jpeg_finish_compress(&jpeg);
+    ByteVector made(bytes, bytes + size);
+    jpeg_destroy_compress(&jpeg);
+    std::free(bytes);
+    return made;
+}
+
+ByteVector madeByQt(const char* format, int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            image.setPixel(x, y, kQuarters[quarterAt(x, y, width, height)]);
+        }
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format)) {
+        throw std::runtime_error(format);
+    }
+    return {bytes.begin(), bytes.end()};
+}
+
+ByteVector madeGif(int width, int height) {
+    ByteVector gif{'G', 'I', 'F', '8', '9', 'a'};
+    put(gif, static_cast<std::size_t>(width), 2);
+    put(gif, static_cast<std::size_t>(height), 2);
+    gif.insert(gif.end(), {0x81, 0, 0});
+    for (const std::uint32_t colour : kQuarters) {
+        gif.insert(gif.end(), {static_cast<std::uint8_t>(colour >> 16), static_cast<std::uint8_t>(colour >> 8),
+                               static_cast<std::uint8_t>(colour)});
+    }
+    // Something between the header and the picture, as every writer has it, then the frame.
+    gif.insert(gif.end(), {0x21, 0xF9, 4, 0, 0, 0, 0, 0, 0x2C, 0, 0, 0, 0});
+    put(gif, static_cast<std::size_t>(width), 2);
+    put(gif, static_cast<std::size_t>(height), 2);
+    // Root codes of 7 bits with a clear code before each run of 100 stay at 8 bits, a byte a code.
+    gif.insert(gif.end(), {0, 7});
+    for (int place = 0; place < width * height; place += 100) {
+        const int count = std::min(100, width * height - place);
+        gif.insert(gif.end(), {static_cast<std::uint8_t>(count + 1), 0x80});
+        for (int i = place; i < place + count; ++i) {
+            gif.push_back(static_cast<std::uint8_t>(quarterAt(i % width, i / width, width, height)));
+        }
+    }
+    gif.insert(gif.end(), {1, 0x81, 0, 0x3B});
+    return gif;
+}
+
+ByteVector madeRunLengthBmp(int width, int height) {
+    ByteVector runs;
+    for (int y = height - 1; y >= 0; --y) {
+        for (const int x : {0, width / 2}) {
+            put(runs, static_cast<std::size_t>(x == 0 ? width / 2 : width - width / 2), 1);
+            put(runs, quarterAt(x, y, width, height), 1);
+        }
+        put(runs, 0, 2);
+    }
+    put(runs, 0x0100, 2);
+    constexpr std::size_t kStart = 14 + 40 + 4 * 4;
+    ByteVector bmp{'B', 'M'};
+    put(bmp, kStart + runs.size(), 4);
+    put(bmp, 0, 4);
+    put(bmp, kStart, 4);
+    put(bmp, 40, 4);
+    put(bmp, static_cast<std::size_t>(width), 4);
+    put(bmp, static_cast<std::size_t>(height), 4);
+    put(bmp, 1, 2);
+    put(bmp, 8, 2);
+    put(bmp, 1, 4);
+    put(bmp, runs.size(), 4);
+    put(bmp, 0, 8);
+    put(bmp, 4, 4);
+    put(bmp, 0, 4);
+    for (const std::uint32_t colour : kQuarters) {
+        put(bmp, colour & 0xFFFFFF, 4);
+    }
+    bmp.insert(bmp.end(), runs.begin(), runs.end());
+    return bmp;
+}
+
+std::size_t frameHeader(const ByteVector& jpeg) {
+    std::size_t at = 2;
+    while (jpeg.at(at + 1) < 0xC0 || jpeg.at(at + 1) > 0xC2) {
+        at += 2 + (static_cast<std::size_t>(jpeg.at(at + 2)) << 8 | jpeg.at(at + 3));
+    }
+    return at;
+}
+
+ByteVector withJpegSize(ByteVector jpeg, int width, int height) {
+    const std::size_t at = frameHeader(jpeg) + 5;
+    jpeg.at(at) = static_cast<std::uint8_t>(height >> 8);
+    jpeg.at(at + 1) = static_cast<std::uint8_t>(height);
+    jpeg.at(at + 2) = static_cast<std::uint8_t>(width >> 8);
+    jpeg.at(at + 3) = static_cast<std::uint8_t>(width);
+    return jpeg;
+}
+
+PictureFolder::PictureFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "pictures-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::runtime_error(name);
+    }
+    folder_ = name;
+}
+
+PictureFolder::~PictureFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+std::string PictureFolder::keep(const std::string& name, const ByteVector& bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return pathOf(name);
+}
+
+}  // namespace orv::test

@@ -1,0 +1,173 @@
+#include "adapters/posix/posix_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <functional>
+
+#include "temp_office.h"
+
+namespace orv {
+namespace {
+
+class PosixFilesTest : public testing::Test {
+protected:
+    PosixFilesTest() {
+        office.write("C/D/a.txt", "alpha");
+        office.write("C/D/b.txt", "beta");
+        ::mkfifo((office.root() + "/C/D/pipe").c_str(), 0666);
+    }
+
+    TempOffice office;
+    PosixFiles files{office.paths()};
+};
+
+TEST_F(PosixFilesTest, OnlyRegularFilesAreThere) {
+    const struct {
+        std::string path;
+        bool there;
+    } cases[] = {
+        {"C:\\d\\A.TXT", true},
+        {office.root() + "/C/D/a.txt", true},
+        {"C:\\D", false},
+        {"C:\\D\\pipe", false},
+        {"C:\\D\\no.txt", false},
+        {"C:\\NO\\a.txt", false},
+        {"/dev/null", false},
+        {"", false},
+        {std::string("C:\\D\\a.txt\0", 11), false},
+    };
+    for (const auto& [path, there] : cases) {
+        EXPECT_EQ(files.exists(path), there) << path;
+        EXPECT_EQ(files.canOpen(path), there) << path;
+    }
+}
+
+TEST_F(PosixFilesTest, ReadsUpToTheLimit) {
+    EXPECT_EQ(files.read("C:\\D\\a.txt", 5), "alpha");
+    EXPECT_EQ(failureOf([&] { (void)files.read("C:\\D\\a.txt", 4); }), 7);
+    EXPECT_EQ(files.sizeOf("C:\\D\\a.txt"), 5U);
+    office.write("C/D/empty", "");
+    EXPECT_EQ(files.read("C:\\D\\empty", 0), "");
+    // A file whose size is told as 0 though it holds something.
+    EXPECT_EQ(files.read("/proc/sys/kernel/ostype", 100), "Linux\n");
+}
+
+TEST_F(PosixFilesTest, CopiesWholeFiles) {
+    const std::string large(300'000, 'x');
+    office.write("C/D/large", large);
+    files.copy("C:\\D\\large", "C:\\D\\" + std::string(255, 'n'));
+    EXPECT_EQ(office.bytesOf("C/D/" + std::string(255, 'n')), large);
+    files.copy("C:\\D\\a.txt", "C:\\D\\B.TXT");
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "alpha");
+    EXPECT_EQ(office.countIn("C/D"), 5);
+}
+
+TEST_F(PosixFilesTest, CopyToItselfIsHarmless) {
+    ::symlink("a.txt", (office.root() + "/C/D/link").c_str());
+    files.copy("C:\\D\\a.txt", "C:\\D\\A.TXT");
+    files.copy("C:\\D\\link", "C:\\D\\a.txt");
+    files.copy("C:\\D\\a.txt", "C:\\D\\link");
+    EXPECT_EQ(office.bytesOf("C/D/a.txt"), "alpha");
+    EXPECT_TRUE(std::filesystem::is_symlink(office.root() + "/C/D/link"));
+}
+
+TEST_F(PosixFilesTest, FailedCopyLeavesEverythingAsItWas) {
+    office.write("C/D/large", std::string(100'000, 'x'));
+    {
+        const FileSizeLimit full(50'000);
+        EXPECT_EQ(failureOf([&] { files.copy("C:\\D\\large", "C:\\D\\b.txt"); }), 61);
+    }
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    EXPECT_EQ(office.countIn("C/D"), 4);
+}
+
+TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
+    files.append("C:\\D\\log.txt", "one\r\n");
+    files.append("C:\\D\\LOG.txt", "two\r\n");
+    {
+        const FileSizeLimit full(12);
+        EXPECT_EQ(failureOf([&] { files.append("C:\\D\\log.txt", "three\r\n"); }), 61);
+    }
+    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\ntwo\r\n");
+    EXPECT_EQ(failureOf([&] { files.append("C:\\NO\\log.txt", "x"); }), 76);
+    EXPECT_FALSE(office.has("C/NO"));
+}
+
+TEST_F(PosixFilesTest, RenamesOnlyToAFreeName) {
+    EXPECT_EQ(failureOf([&] { files.rename("C:\\D\\a.txt", "C:\\D\\b.txt"); }), 58);
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    files.remove("C:\\D\\B.txt");
+    files.rename("C:\\D\\A.txt", "C:\\D\\b.txt");
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "alpha");
+    EXPECT_FALSE(office.has("C/D/a.txt"));
+}
+
+TEST_F(PosixFilesTest, EveryFailureHasItsNumber) {
+    const std::string tooLong = "C:\\D\\" + std::string(256, 'n');
+    const std::string loop = office.root() + "/loop";
+    ::symlink("loop", loop.c_str());
+    const struct {
+        int number;
+        std::function<void()> action;
+    } cases[] = {
+        {53, [&] { (void)files.read("C:\\D\\no", 9); }},
+        {76, [&] { (void)files.read("C:\\NO\\a.txt", 9); }},
+        {76, [&] { (void)files.read("C:\\D\\a.txt\\x", 9); }},
+        {75, [&] { (void)files.read("C:\\D", 9); }},
+        {75, [&] { (void)files.read("C:\\D\\pipe", 9); }},
+        {75, [&] { (void)files.read("/dev/zero", 9); }},
+        {75, [&] { (void)files.read(loop, 9); }},
+        {52, [&] { (void)files.read(tooLong, 9); }},
+        {52, [&] { (void)files.read("", 9); }},
+        {53, [&] { (void)files.sizeOf("C:\\D\\no"); }},
+        {75, [&] { (void)files.sizeOf("C:\\D"); }},
+        {53, [&] { files.copy("C:\\D\\no", "C:\\D\\b.txt"); }},
+        {75, [&] { files.copy("C:\\D\\pipe", "C:\\D\\b.txt"); }},
+        {75, [&] { files.copy("C:\\D\\a.txt", "C:\\D\\pipe"); }},
+        {75, [&] { files.copy("C:\\D\\a.txt", "C:\\D"); }},
+        {76, [&] { files.copy("C:\\D\\a.txt", "C:\\NO\\b.txt"); }},
+        {52, [&] { files.copy("C:\\D\\a.txt", tooLong); }},
+        {53, [&] { files.remove("C:\\D\\no"); }},
+        {75, [&] { files.remove("C:\\D"); }},
+        {53, [&] { files.rename("C:\\D\\no", "C:\\D\\new"); }},
+        {76, [&] { files.rename("C:\\D\\a.txt", "C:\\NO\\new"); }},
+        {75, [&] { files.append("C:\\D", "x"); }},
+        {75, [&] { files.append("C:\\D\\pipe", "x"); }},
+    };
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(failureOf(cases[i].action), cases[i].number) << "case " << i;
+    }
+    EXPECT_EQ(office.bytesOf("C/D/a.txt"), "alpha");
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    EXPECT_EQ(office.countIn("C/D"), 3);
+}
+
+TEST_F(PosixFilesTest, WithoutTheRightsNothingChanges) {
+    ::chmod((office.root() + "/C/D/a.txt").c_str(), 0);
+    const WithoutRights rights(office.root() + "/C/D");
+    EXPECT_FALSE(files.canOpen("C:\\D\\a.txt"));
+    EXPECT_TRUE(files.exists("C:\\D\\a.txt"));
+    EXPECT_EQ(failureOf([&] { (void)files.read("C:\\D\\a.txt", 9); }), 75);
+    EXPECT_EQ(failureOf([&] { files.copy("C:\\D\\b.txt", "C:\\D\\a.txt"); }), 75);
+    EXPECT_EQ(failureOf([&] { files.append("C:\\D\\new.log", "x"); }), 75);
+    EXPECT_EQ(failureOf([&] { files.remove("C:\\D\\b.txt"); }), 75);
+    EXPECT_EQ(office.countIn("C/D"), 3);
+}
+
+TEST_F(PosixFilesTest, FileServiceTellsWhichFileAndWhy) {
+    PosixFileService service(files);
+    bool ok = false;
+    service.FileDelete("C:\\D\\A.TXT", ok);
+    EXPECT_TRUE(ok);
+    EXPECT_FALSE(office.has("C/D/a.txt"));
+    service.FileDelete("C:\\D\\a.txt", ok);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(service.FileError(),
+              (FailureRecord{"「C:\\D\\a.txt」を削除できませんでした。ファイルが見つかりません。", "53"}));
+    service.FileDelete("C:\\D\\b.txt", ok);
+    EXPECT_EQ(service.FileError(), FailureRecord{});
+}
+
+}  // namespace
+}  // namespace orv

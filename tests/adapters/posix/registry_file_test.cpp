@@ -1,0 +1,169 @@
+#include "adapters/posix/registry_file.h"
+
+#include <gtest/gtest.h>
+
+#include "adapters/text/cp932.h"
+#include "temp_office.h"
+
+namespace orv {
+namespace {
+
+constexpr Registry::Handle kMachine = -2147483646;
+constexpr Registry::Handle kUser = -2147483647;
+constexpr std::int32_t kQuery = 1;
+constexpr std::int32_t kWrite = 6;
+constexpr std::int32_t kText = 1;
+
+constexpr const char* kFile =
+    "; the suite\r\n"
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\r\n"
+    "InstallKey = C:\\ORV \r\n"
+    "Quoted=\" a \"\r\n"
+    "名前=Ｃ店\r\n"
+    "Empty=\r\n"
+    "Twice=1\r\n"
+    "Twice=2\r\n"
+    "@=default\r\n"
+    "\r\n"
+    "[HKEY_CURRENT_USER\\Software\\Other]\r\n"
+    "InstallKey=D:\\\r\n";
+
+class RegistryFileTest : public testing::Test {
+protected:
+    RegistryFileTest() { office.write("registry.txt", kFile); }
+
+    /// The code, or the value behind "=".
+    std::string query(const std::string& subKey, const std::string& name, Registry::Handle hive = kMachine) {
+        Registry::Handle key = 0;
+        std::string value;
+        std::int32_t code = registry.RegOpenKeyEx(hive, subKey, kQuery, key);
+        if (code == 0) {
+            code = registry.RegQueryValueEx(key, name, value, 1024);
+            EXPECT_EQ(registry.RegCloseKey(key), 0);
+        }
+        return code == 0 ? "=" + value : std::to_string(code);
+    }
+    std::int32_t set(const std::string& subKey, const std::string& name, const std::string& value) {
+        Registry::Handle key = 0;
+        const std::int32_t code = registry.RegCreateKeyEx(kMachine, subKey, kWrite, key);
+        return code != 0 ? code : registry.RegSetValueEx(key, name, kText, value, 0);
+    }
+
+    TempOffice office;
+    Cp932 codePage;
+    RegistryFile registry{office.root() + "/registry.txt", codePage};
+};
+
+TEST_F(RegistryFileTest, FindsValues) {
+    const std::string orv = "SOFTWARE\\ZENTHA\\ORV";
+    const struct {
+        std::string subKey;
+        std::string name;
+        Registry::Handle hive;
+        std::string expected;
+    } cases[] = {
+        {orv, "InstallKey", kMachine, "=C:\\ORV"},
+        {"software\\zentha\\orv\\", "INSTALLKEY", kMachine, "=C:\\ORV"},
+        {orv, "Quoted", kMachine, "= a "},
+        {orv, "名前", kMachine, "=Ｃ店"},
+        {orv, "Empty", kMachine, "="},
+        {orv, "Twice", kMachine, "=1"},
+        {orv, "", kMachine, "=default"},
+        {orv, "Absent", kMachine, "2"},
+        {"SOFTWARE\\ZENTHA", "InstallKey", kMachine, "2"},
+        {"SOFTWARE\\ZENTHA\\OR", "InstallKey", kMachine, "2"},
+        {orv, "InstallKey", kUser, "2"},
+        {"Software\\Other", "InstallKey", kUser, "=D:\\"},
+        {orv, "InstallKey", 77, "6"},
+        {orv, "InstallKey", 0, "6"},
+    };
+    for (const auto& [subKey, name, hive, expected] : cases) {
+        EXPECT_EQ(query(subKey, name, hive), expected) << subKey << " " << name;
+    }
+}
+
+TEST_F(RegistryFileTest, HandlesLiveFromOpenToClose) {
+    Registry::Handle parent = 0;
+    Registry::Handle key = 0;
+    std::string value;
+    EXPECT_EQ(registry.RegOpenKeyEx(kMachine, "SOFTWARE\\ZENTHA", kQuery, parent), 0);
+    EXPECT_EQ(registry.RegOpenKeyEx(parent, "ORV", kQuery, key), 0);
+    EXPECT_EQ(registry.RegQueryValueEx(key, "InstallKey", value, 1024), 0);
+    EXPECT_EQ(value, "C:\\ORV");
+    EXPECT_EQ(registry.RegCloseKey(key), 0);
+    EXPECT_EQ(registry.RegCloseKey(key), 6);
+    EXPECT_EQ(registry.RegQueryValueEx(key, "InstallKey", value, 1024), 6);
+    EXPECT_EQ(registry.RegSetValueEx(key, "InstallKey", kText, "x", 2), 6);
+    EXPECT_EQ(registry.RegOpenKeyEx(kMachine, "NO", kQuery, key), 2);
+    EXPECT_EQ(key, 0);
+}
+
+TEST_F(RegistryFileTest, MeasuresTheBufferInBytesOfTheCodePage) {
+    Registry::Handle key = 0;
+    std::string value = "before";
+    ASSERT_EQ(registry.RegOpenKeyEx(kMachine, "SOFTWARE\\ZENTHA\\ORV", kQuery, key), 0);
+    EXPECT_EQ(registry.RegQueryValueEx(key, "名前", value, 4), 234);
+    EXPECT_EQ(registry.RegQueryValueEx(key, "名前", value, -1), 234);
+    EXPECT_EQ(value, "before");
+    EXPECT_EQ(registry.RegQueryValueEx(key, "名前", value, 5), 0);
+}
+
+TEST_F(RegistryFileTest, WritesOneLineAndKeepsAllOthers) {
+    std::string expected = kFile;
+    const auto replace = [&](const std::string& from, const std::string& to) {
+        expected.replace(expected.find(from), from.size(), to);
+    };
+    EXPECT_EQ(set("Software\\Zentha\\Orv", "installkey", "D:\\店"), 0);
+    replace("InstallKey = C:\\ORV \r\n", "installkey=D:\\店\r\n");
+    EXPECT_EQ(office.bytesOf("registry.txt"), expected);
+
+    EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "New", " x "), 0);
+    replace("@=default\r\n", "@=default\r\nNew=\" x \"\r\n");
+    EXPECT_EQ(office.bytesOf("registry.txt"), expected);
+    EXPECT_EQ(query("SOFTWARE\\ZENTHA\\ORV", "New"), "= x ");
+
+    // a key that so far is there only by what lies below it
+    EXPECT_EQ(set("SOFTWARE\\ZENTHA", "Version", "\"1\""), 0);
+    expected += "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA]\nVersion=\"\"1\"\"\n";
+    EXPECT_EQ(office.bytesOf("registry.txt"), expected);
+    EXPECT_EQ(query("SOFTWARE\\ZENTHA", "Version"), "=\"1\"");
+    EXPECT_EQ(office.countIn("."), 2);
+}
+
+TEST_F(RegistryFileTest, BeginsAFileThatIsNotThere) {
+    std::filesystem::remove(office.root() + "/registry.txt");
+    EXPECT_EQ(query("SOFTWARE\\ZENTHA\\ORV", "InstallKey"), "2");
+    EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "InstallKey", "C:\\ORV"), 0);
+    EXPECT_EQ(query("SOFTWARE\\ZENTHA\\ORV", "InstallKey"), "=C:\\ORV");
+    RegistryFile nowhere(office.root() + "/no/registry.txt", codePage);
+    Registry::Handle key = 0;
+    EXPECT_EQ(nowhere.RegCreateKeyEx(kMachine, "SOFTWARE", kWrite, key), 3);
+}
+
+TEST_F(RegistryFileTest, RefusesWhatWouldNotComeBack) {
+    for (const char* name : {"a=b", "[a", ";a", "a\nb", " a"}) {
+        EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", name, "x"), 87) << name;
+    }
+    EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "a", "x\r\n[HKEY_CURRENT_USER]"), 87);
+    EXPECT_EQ(set("SOFT\nWARE", "a", "x"), 87);
+    EXPECT_EQ(office.bytesOf("registry.txt"), kFile);
+}
+
+TEST_F(RegistryFileTest, WithoutTheRightsOrRoomTheFileStays) {
+    {
+        const WithoutRights rights(office.root());
+        EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "InstallKey", "x"), 5);
+    }
+    {
+        const FileSizeLimit full(20);
+        EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "InstallKey", "x"), 112);
+    }
+    EXPECT_EQ(office.bytesOf("registry.txt"), kFile);
+    EXPECT_EQ(office.countIn("."), 2);
+    ::chmod((office.root() + "/registry.txt").c_str(), 0);
+    const WithoutRights rights(office.root());
+    EXPECT_EQ(query("SOFTWARE\\ZENTHA\\ORV", "InstallKey"), "5");
+}
+
+}  // namespace
+}  // namespace orv

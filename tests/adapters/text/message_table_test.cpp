@@ -1,0 +1,126 @@
+#include "adapters/text/message_table.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/text/cp932.h"
+
+namespace orv {
+namespace {
+
+using Kind = Notice::Kind;
+using Buttons = Message::Buttons;
+
+TEST(MessageTable, ReadsALineAMessage) {
+    struct Case {
+        std::string_view line;
+        Message message;
+    };
+    const auto cases = std::to_array<Case>({
+        {"A,INFO,OK,文章", {Kind::Information, Buttons::Ok, "文章"}},
+        {"A,WARN,OK,文章\r", {Kind::Warning, Buttons::Ok, "文章"}},
+        {" A ,\tERROR , OK ,  文章 \t", {Kind::Critical, Buttons::Ok, "文章"}},
+        {"A,ASK,YESNO,a,b,%1", {Kind::Question, Buttons::YesNo, "a,b,%1"}},
+        {"A,INFO,OK,一行\\n二行\\\\n\\x\\", {Kind::Information, Buttons::Ok, "一行\n二行\\n\\x\\"}},
+        {"A,INFO,OK,前\nA,WARN,OK,後", {Kind::Warning, Buttons::Ok, "後"}},
+        {"\n; A,WARN,OK,x\n\r\nA,INFO,OK,文章\n\n", {Kind::Information, Buttons::Ok, "文章"}},
+    });
+    for (const auto& [line, message] : cases) {
+        const MessageFile file = readMessages(line);
+        EXPECT_EQ(file.messages, (Messages{{"A", message}})) << line;
+        EXPECT_TRUE(file.badLines.empty()) << line;
+    }
+}
+
+TEST(MessageTable, SkipsABadLineAndReadsOn) {
+    for (const std::string_view bad : {"A", "A,INFO", "A,INFO,OK", "A,INFO,OK,", "A,INFO,OK,  ", ",INFO,OK,x",
+                                       "A,info,OK,x", "A,,OK,x", "A,INFO,NO,x", "A,INFO,,x", "A B,INFO,OK,x",
+                                       "Ａ,INFO,OK,x", "A1234567890123456,INFO,OK,x", ",,,", "・", "[x]"}) {
+        const MessageFile file = readMessages("; head\n" + std::string(bad) + "\nGOOD,INFO,OK,x\n");
+        EXPECT_EQ(file.badLines, std::vector<std::size_t>{2}) << bad;
+        EXPECT_EQ(file.messages.size(), 1U) << bad;
+        EXPECT_TRUE(file.messages.contains("GOOD")) << bad;
+    }
+}
+
+TEST(MessageTable, SurvivesRandomBytes) {
+    const Cp932 page;
+    std::mt19937 random(4601);
+    std::string bytes(200'000, '\0');
+    for (int round = 0; round < 5; ++round) {
+        for (char& byte : bytes) {
+            byte = static_cast<char>(random());
+        }
+        const MessageFile file = readMessages(page.decode("GOOD,INFO,OK,x\r\n" + bytes + "\r\nLAST,INFO,OK,x"));
+        EXPECT_TRUE(file.messages.contains("GOOD"));
+        EXPECT_TRUE(file.messages.contains("LAST"));
+        EXPECT_FALSE(file.badLines.empty());
+    }
+}
+
+TEST(MessageTable, ReadsALargeFileInReasonableTime) {
+    std::string content;
+    for (int i = 0; content.size() < 1024 * 1024; ++i) {
+        content += std::to_string(i) + ",INFO,OK,x\n";
+    }
+    EXPECT_GT(readMessages(content).messages.size(), 50'000U);
+}
+
+TEST(MessageTable, LetsAFileSayItOtherwiseButNotAskLess) {
+    MessageTable table;
+    table.overrideBy(readMessages("IMGMSG01,WARN,OK,消します。\n"
+                                  "COS05574,INFO,YESNO,保存済み\n"
+                                  "NEW00001,ASK,YESNO,新しい質問\n")
+                         .messages);
+    EXPECT_EQ(table.messages().at("IMGMSG01"), (Message{Kind::Warning, Buttons::YesNo, "消します。"}));
+    EXPECT_EQ(table.messages().at("COS05574"), (Message{Kind::Information, Buttons::Ok, "保存済み"}));
+    EXPECT_EQ(table.messages().at("NEW00001"), (Message{Kind::Question, Buttons::YesNo, "新しい質問"}));
+    EXPECT_EQ(table.messages().at("COS20003"), MessageTable().messages().at("COS20003"));
+}
+
+TEST(MessageTable, PutsValuesInTheirPlaces) {
+    struct Case {
+        std::string_view text;
+        std::vector<std::string> values;
+        std::string_view full;
+    };
+    const auto cases = std::to_array<Case>({
+        {"%2は%1", {"a", "b"}, "bはa"},
+        {"%1%1", {"x"}, "xx"},
+        {"%1と%2", {"x"}, "xと"},
+        {"%1", {}, ""},
+        {"%1", {"a", "b"}, "a"},
+        {"%1・%2", {"%2", "%1"}, "%2・%1"},
+        {"100%、%0、%", {"x"}, "100%、%0、%"},
+        {"%12", {"x"}, "x2"},
+    });
+    for (const auto& [text, values, full] : cases) {
+        EXPECT_EQ(expanded(text, values), full) << text;
+    }
+}
+
+TEST(MessageTable, IsWhatTheSampleOfficeShips) {
+    std::ifstream stream(SAMPLE_FOLDER "/C/ORV/SYS/MSG.TBL", std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(stream), {});
+    const Cp932 page;
+    const std::string content = page.decode(bytes);
+    EXPECT_EQ(page.encode(content), bytes);
+    EXPECT_EQ(content.find("・\n"), std::string::npos);
+
+    const MessageFile file = readMessages(content);
+    EXPECT_EQ(file.badLines, std::vector<std::size_t>{});
+    EXPECT_EQ(file.messages, MessageTable().messages());
+    for (std::size_t i = content.find('\n'); i != std::string::npos; i = content.find('\n', i + 1)) {
+        EXPECT_EQ(content[i - 1], '\r');
+    }
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,141 @@
+#include "logging/write_log.h"
+
+#include "support/settings_test.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kRas = "C:\\LOG\\ras.log";
+constexpr const char* kRasBackup = "C:\\LOG\\rasbk.log";
+
+class WriteLog : public SettingsTest {
+protected:
+    WriteLog() {
+        logFiles().ras = [] { return std::string(kRas); };
+        logFiles().snd = [] { return std::string("C:\\LOG\\snd.log"); };
+        logFiles().rcv = [] { return std::string("C:\\LOG\\rcv.log"); };
+        logFiles().dwl = [] { return std::string("C:\\LOG\\dwl.log"); };
+    }
+
+    void expectPair(const std::string& text, const std::string& code) {
+        EXPECT_EQ(gErrMsg, text);
+        EXPECT_EQ(gErrCode, code);
+    }
+};
+
+struct Kind {
+    const char* kind;
+    const char* file;
+    Values args;
+    const char* record;
+};
+
+TEST_F(WriteLog, WritesTheRecordOfEachKindIntoItsFile) {
+    const DateTime moment{.year = 2026, .month = 1, .day = 2, .hour = 3, .minute = 4, .second = 5};
+    const Values rows{Value("a"), Value("b")};
+    const std::vector<Kind> kinds{
+        {"ERR", kLog, {moment, 13, "型が一致しません。"}, "2026/01/02 03:04:05,13,型が一致しません。\r\n"},
+        {"RAS", kRas, {"x", 1.5, true}, "x,1.5,True\r\n"},
+        {"DWL", "C:\\LOG\\dwl.log", {"a,b", "", "c", "ignored"}, "a,b,,c\r\n"},
+        {"SND", "C:\\LOG\\snd.log", {Values{"a", 2, "ｶﾅ"}}, "a,2,ｶﾅ,\r\n"},
+        {"RCV",
+         "C:\\LOG\\rcv.log",
+         {rows, rows, rows, rows, rows, rows},
+         "2026/05/04 09:08:07,a,a,a,a,a,a,\r\n2026/05/04 09:08:07,b,b,b,b,b,b,\r\n\r\n"},
+    };
+    for (const Kind& kind : kinds) {
+        EXPECT_TRUE(PF_WriteLog(kind.kind, kind.args)) << kind.kind << gErrMsg;
+        EXPECT_EQ(codePage.decode(files.get(kind.file)), kind.record) << kind.kind;
+    }
+    EXPECT_EQ(files.count(), kinds.size());
+}
+
+TEST_F(WriteLog, AnEmptyListIsAnEmptyRecord) {
+    EXPECT_TRUE(PF_WriteLog("SND", {Value(Values{})}));
+    EXPECT_EQ(files.get("C:\\LOG\\snd.log"), "\r\n");
+}
+
+TEST_F(WriteLog, AppendsInTheCodePage) {
+    logError("1", "髙〜");
+    logError(2, "b");
+    EXPECT_EQ(files.get(kLog), "2026/05/04 09:08:07,1,\xFB\xFC?\r\n2026/05/04 09:08:07,2,b\r\n");
+}
+
+struct Refused {
+    const char* kind;
+    Values args;
+    const char* text;
+    const char* code;
+};
+
+TEST_F(WriteLog, WhatCannotBeWrittenIsToldByThePairAlone) {
+    const std::vector<Refused> cases{
+        {"err", {"a", "b", "c"}, "[ PF_WriteLog ] 指定されたタイプは有りません。", "ECOM4001"},
+        {"", {}, "[ PF_WriteLog ] 指定されたタイプは有りません。", "ECOM4001"},
+        {"ERR", {"a", "b"}, "[ PF_WriteLog ] インデックスが有効範囲にありません。", "9"},
+        {"SND", {"a"}, "[ PF_WriteLog ] 型が一致しません。", "13"},
+        {"RCV",
+         {Values{"a"}, Values{"a"}, Values{}, Values{"a"}, Values{"a"}, Values{"a"}},
+         "[ PF_WriteLog ] インデックスが有効範囲にありません。",
+         "9"},
+    };
+    for (const Refused& row : cases) {
+        gErrMsg = "the caller's";
+        EXPECT_FALSE(PF_WriteLog(row.kind, row.args));
+        expectPair(row.text, row.code);
+    }
+    EXPECT_EQ(files.count(), 0U);
+}
+
+TEST_F(WriteLog, AMissingFolderIsAFailure) {
+    files.refuse(kLog, Failure::PathNotFound);
+    EXPECT_FALSE(PF_WriteLog("ERR", {"a", "b", "c"}));
+    EXPECT_EQ(gErrCode, "76");
+    EXPECT_TRUE(gErrMsg.starts_with("[ PF_WriteLog ] ")) << gErrMsg;
+}
+
+TEST_F(WriteLog, RotatesAboveTheLimitOnly) {
+    const std::string atLimit(102400, 'x');
+    files.put(kRas, atLimit);
+    EXPECT_TRUE(PF_WriteLog("RAS", {"a", "b", "c"}));
+    EXPECT_EQ(files.get(kRas), atLimit + "a,b,c\r\n");
+    EXPECT_FALSE(files.exists(kRasBackup));
+
+    files.put(kRas, atLimit + "y");
+    files.put(kRasBackup, "the backup before");
+    EXPECT_TRUE(PF_WriteLog("RAS", {"d", "e", "f"}));
+    EXPECT_EQ(files.get(kRas), "d,e,f\r\n");
+    EXPECT_EQ(files.get(kRasBackup), atLimit + "y");
+}
+
+TEST_F(WriteLog, OtherKindsNeverRotate) {
+    files.put(kLog, std::string(102401, 'x'));
+    logError("1", "a");
+    EXPECT_EQ(files.get(kLog).size(), 102401 + record("1", "a").size());
+}
+
+TEST_F(WriteLog, APathThatFailsToBeToldDoesNotRunInARound) {
+    logFiles().err = [] {
+        logError("5", "the path's own failure");
+        return std::string(kLog);
+    };
+    logError("1", "a");
+    EXPECT_EQ(log(), record("1", "a"));
+    logError("2", "b");
+    EXPECT_EQ(log(), record("1", "a") + record("2", "b"));
+}
+
+TEST_F(WriteLog, TheSettingsLogThroughThemselves) {
+    logFiles().err = [] { return com().LogErrFile(); };
+    set("PATH", "LOGERR", "C:\\LOG");
+    profiles.refuse("NET", "URL", Failure::DeviceIo);
+    EXPECT_EQ(com().ORV_URL(), "");
+    EXPECT_EQ(files.get("C:\\LOG\\260504_err.log"), record("0", ""));
+
+    profiles.refuse("PATH", "LOGERR", Failure::DeviceIo);
+    EXPECT_EQ(com().ORV_URL(), "");
+    EXPECT_EQ(files.get("260504_err.log"), record("0", ""));
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/machine/http_control.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+/// What the controls of a test sent, and what they are answered. An empty queue answers 200 "OK".
+struct HttpScript {
+    struct Sent {
+        std::string file;
+        std::string url;
+        std::string version;
+        std::int32_t timeout = 0;
+        std::string user;
+        std::string password;
+        bool omitted = false;
+    };
+    struct Answer {
+        std::int32_t status = 200;
+        std::string text = "OK";
+        std::optional<Failure> failure = std::nullopt;
+    };
+
+    std::vector<Sent> sent;
+    std::deque<Answer> answers;
+    std::int32_t state = 0;
+    /// Controls that are alive.
+    int alive = 0;
+};
+
+class RecordedHttp : public HttpControl {
+public:
+    explicit RecordedHttp(HttpScript& script) : script_(script) { ++script_.alive; }
+    ~RecordedHttp() override { --script_.alive; }
+
+    std::int32_t State() const override { return script_.state; }
+    void Timeout(std::int32_t milliseconds) override { next_.timeout = milliseconds; }
+    void Version(const std::string& version) override { next_.version = version; }
+    void URL(const std::string& url) override { next_.url = url; }
+    void Upload(const std::string& file, const std::optional<std::string>& contentType, std::string& response,
+                const std::optional<std::string>& headers, const std::string& user,
+                const std::string& password) override {
+        next_.file = file;
+        next_.user = user;
+        next_.password = password;
+        next_.omitted = !contentType && !headers;
+        script_.sent.push_back(next_);
+        answer_ = {};
+        if (!script_.answers.empty()) {
+            answer_ = script_.answers.front();
+            script_.answers.pop_front();
+        }
+        if (answer_.failure) {
+            throw RunTimeError(*answer_.failure);
+        }
+        response = answer_.text;
+    }
+    std::int32_t ResponseCode() const override { return answer_.status; }
+    std::string ResponseText() const override { return answer_.text; }
+
+private:
+    HttpScript& script_;
+    HttpScript::Sent next_;
+    HttpScript::Answer answer_;
+};
+
+/// What goes into `Services::http`.
+inline std::function<std::unique_ptr<HttpControl>()> recordedHttp(HttpScript& script) {
+    return [&script] { return std::make_unique<RecordedHttp>(script); };
+}
+
+}  // namespace orv

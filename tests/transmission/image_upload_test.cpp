@@ -1,0 +1,145 @@
+#include "transmission/image_upload.h"
+
+#include "support/recorded_http.h"
+#include "support/settings_test.h"
+#include "transmission/frm_send.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kFirst = "C:\\X\\IMG\\1\\a01.jpg";
+constexpr const char* kSecond = "C:\\X\\IMG\\2\\a02.jpg";
+
+class ImageUpload : public SettingsTest {
+protected:
+    ImageUpload() {
+        services().http = recordedHttp(http);
+        set("PATH", "IMG", "C:\\X\\IMG");
+        set("PATH", "SYS", "C:\\X\\SYS");
+        set("NET", "TRANSFERTYPE", "HTTP");
+        set("NET", "ORVIMG_HTTP", "http://img.test/davroot");
+        set("NET", "TIMEOUT", "30000");
+        files.put(kFirst, "one");
+        files.put(kSecond, "two");
+        tCustomerInfo.PHOTO_FILE1 = "a01.jpg";
+        tCustomerInfo.PHOTO_FILE2 = "a02.jpg";
+        dropSendForm();
+        sendForm().onLoad.raise();
+    }
+    ~ImageUpload() override { dropSendForm(); }
+
+    std::vector<std::string> filesSent() const {
+        std::vector<std::string> names;
+        for (const HttpScript::Sent& sent : http.sent) {
+            names.push_back(sent.file);
+        }
+        return names;
+    }
+
+    HttpScript http;
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(ImageUpload, BothPhotosGoTheFirstOneFirst) {
+    PF_ImageDataTransfer();
+    ASSERT_EQ(filesSent(), (Names{kFirst, kSecond}));
+    EXPECT_EQ(http.sent[0].url, "http://img.test/davroot/a01.jpg");
+    EXPECT_EQ(http.sent[1].url, "http://img.test/davroot/a02.jpg");
+    for (const HttpScript::Sent& sent : http.sent) {
+        EXPECT_EQ(sent.timeout, 30000);
+        EXPECT_EQ(sent.version, "HTTP/1.1");
+        EXPECT_EQ(sent.user + " " + sent.password, "kvr73node Xk9TRbmW2");
+        EXPECT_TRUE(sent.omitted);
+    }
+    EXPECT_EQ(log() + gErrMsg + gErrCode, "");
+}
+
+TEST_F(ImageUpload, OnlyWhatIsThereIsSent) {
+    tCustomerInfo.PHOTO_FILE1 = "";
+    PF_ImageDataTransfer();
+    tCustomerInfo.PHOTO_FILE1 = "missing.jpg";
+    PF_ImageDataTransfer();
+    files.refuse(kSecond, Failure::PermissionDenied);
+    PF_ImageDataTransfer();
+    EXPECT_EQ(filesSent(), (Names{kSecond, kSecond}));
+    EXPECT_EQ(log() + gErrMsg, "");
+}
+
+TEST_F(ImageUpload, ATransferByFtpIsNotOurs) {
+    for (const char* type : {"FTP", ""}) {
+        set("NET", "TRANSFERTYPE", type);
+        PF_ImageDataTransfer();
+    }
+    EXPECT_TRUE(http.sent.empty());
+    set("NET", "TRANSFERTYPE", "ftp");
+    PF_ImageDataTransfer();
+    EXPECT_EQ(http.sent.size(), 2U);
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(ImageUpload, ABusyControlIsLeftAlone) {
+    http.state = 1;
+    PF_ImageDataTransfer();
+    EXPECT_TRUE(http.sent.empty());
+    EXPECT_EQ(log() + gErrMsg, "");
+}
+
+TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
+    struct Case {
+        int status;
+        bool fails;
+    };
+    for (const Case& row : {Case{201, false}, Case{302, false}, Case{399, false}, Case{400, true}, Case{503, true}}) {
+        gErrMsg = gErrCode = "";
+        http.answers = {{row.status, "Reason"}};
+        RH_ImageDataTransfr(kFirst);
+        EXPECT_EQ(gErrMsg, row.fails ? "[ RH_ImageDataTransfr ] Reason" : "") << row.status;
+        EXPECT_EQ(gErrCode, row.fails ? std::to_string(row.status) : "") << row.status;
+    }
+    EXPECT_EQ(log(), record("400", "[ RH_ImageDataTransfr ] Reason") + record("503", "[ RH_ImageDataTransfr ] Reason"));
+}
+
+TEST_F(ImageUpload, AFailedPhotoDoesNotHoldUpTheOther) {
+    const std::string refused = "[ RH_ImageDataTransfr ] Unauthorized";
+    http.answers = {{401, "Unauthorized"}};
+    PF_ImageDataTransfer();
+    EXPECT_EQ(filesSent(), (Names{kFirst, kSecond}));
+    EXPECT_EQ(log(), record("401", refused));
+    EXPECT_EQ(gErrMsg, refused);
+    EXPECT_EQ(gErrCode, "401");
+    EXPECT_TRUE(messages.shown.empty());
+}
+
+TEST_F(ImageUpload, NoAnswerIsALoggedRunTimeFailure) {
+    http.answers = {{.failure = Failure::TimedOut}, {.failure = Failure::ConnectionFailed}};
+    PF_ImageDataTransfer();
+    const std::string label = "[ RH_ImageDataTransfr ] ";
+    const std::string last = label + std::string(descriptionOf(Failure::ConnectionFailed));
+    EXPECT_EQ(log(), record("24012", label + std::string(descriptionOf(Failure::TimedOut))) + record("24011", last));
+    EXPECT_EQ(gErrMsg, last);
+    EXPECT_EQ(gErrCode, "24011");
+}
+
+TEST_F(ImageUpload, ATimeOutThatIsNoNumberFailsEachPhoto) {
+    for (const char* timeOut : {"", "soon"}) {
+        set("NET", "TIMEOUT", timeOut);
+        PF_ImageDataTransfer();
+    }
+    EXPECT_TRUE(http.sent.empty());
+    const std::string once =
+        record("13", "[ RH_ImageDataTransfr ] " + std::string(descriptionOf(Failure::TypeMismatch)));
+    EXPECT_EQ(log(), once + once + once + once);
+}
+
+TEST_F(ImageUpload, TheControlLivesWhileTheFormIsLoaded) {
+    EXPECT_EQ(http.alive, 1);
+    sendForm().onUnload.raise();
+    EXPECT_EQ(http.alive, 0);
+    PF_ImageDataTransfer();
+    EXPECT_TRUE(http.sent.empty());
+    EXPECT_EQ(gErrCode, "91");
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,100 @@
+#include "validation/text/conversions.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "platform/run_time_error.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+template <class Body>
+int failureOf(Body body) {
+    try {
+        static_cast<void>(body());
+    } catch (const RunTimeError& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
+TEST(Blanks, TrimmingTakesAsciiBlanksOnly) {
+    struct Case {
+        const char* text;
+        const char* right;
+        const char* both;
+    };
+    for (const Case& row : {Case{"  abc  ", "  abc", "abc"}, Case{"   ", "", ""}, Case{"", "", ""},
+                            Case{"　a　", "　a　", "　a　"}, Case{" a\t", " a\t", "a\t"}}) {
+        EXPECT_EQ(trimmedRight(row.text), row.right);
+        EXPECT_EQ(trimmed(row.text), row.both);
+    }
+}
+
+TEST(Blanks, TheRulesCountTheIdeographicBlankToo) {
+    for (const char* text : {"", " ", "　", " 　 　"}) EXPECT_TRUE(isBlank(text)) << text;
+    for (const char* text : {"a", "　a", "\t", "・", "\xE3\x80"}) EXPECT_FALSE(isBlank(text)) << text;
+}
+
+TEST(Blanks, ANullHasADefault) {
+    EXPECT_EQ(PF_NullToStr(Value(), "default"), "default");
+    EXPECT_EQ(PF_NullToStr("abc  ", "default"), "abc");
+    EXPECT_EQ(PF_NullToStr("  abc", ""), "  abc");
+    EXPECT_EQ(PF_NullToStr("", "default"), "");
+    EXPECT_EQ(PF_NullToStr(12, ""), "12");
+    EXPECT_EQ(PF_NullToStr(true, ""), "True");
+}
+
+TEST(Conversions, WholeNumbersRoundAHalfToTheEvenNeighbour) {
+    struct Case {
+        const char* text;
+        int number;
+    };
+    for (const Case& row :
+         {Case{"0.5", 0}, Case{"1.5", 2}, Case{"2.5", 2}, Case{"-0.5", 0}, Case{"-1.5", -2}, Case{" +7 ", 7},
+          Case{"1e3", 1000}, Case{"2147483647", 2147483647}, Case{"-2147483646", -2147483646}}) {
+        EXPECT_EQ(toLong(row.text), row.number) << row.text;
+    }
+    EXPECT_EQ(toInteger(32767.4), 32767);
+}
+
+TEST(Conversions, WhatDoesNotConvertIsARunTimeFailure) {
+    for (const char* text : {"", " ", "abc", "1a", "1 2", "--1", "+-1", "0x10", "inf", "nan", "１", "1,000"}) {
+        EXPECT_EQ(failureOf([&] { return toLong(text); }), 13) << text;
+        EXPECT_FALSE(isNumeric(text)) << text;
+    }
+    EXPECT_EQ(failureOf([] { return toLong("2147483648"); }), 6);
+    EXPECT_EQ(failureOf([] { return toLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
+    EXPECT_EQ(failureOf([] { return toInteger(32767.5); }), 6);
+    EXPECT_EQ(failureOf([] { return toInteger(-32769); }), 6);
+}
+
+TEST(Conversions, Booleans) {
+    for (const Value& value : {Value("True"), Value(" TRUE "), Value("1"), Value("-0.1"), Value(2), Value(true)}) {
+        EXPECT_TRUE(toBoolean(value)) << toText(value);
+    }
+    for (const Value& value : {Value("false"), Value("0"), Value(" 0.0"), Value(0), Value(false)}) {
+        EXPECT_FALSE(toBoolean(value)) << toText(value);
+    }
+    for (const Value& value : {Value(""), Value("yes"), Value(Values{})}) {
+        EXPECT_EQ(failureOf([&] { return toBoolean(value); }), 13);
+    }
+    EXPECT_EQ(failureOf([] { return toBoolean(Value()); }), 94);
+}
+
+TEST(Conversions, ANumberBecomesItsShortestText) {
+    struct Case {
+        Value value;
+        const char* text;
+    };
+    for (const Case& row : {Case{100000.0, "100000"}, Case{1.5, "1.5"}, Case{-0.001, "-0.001"}, Case{0.0, "0"},
+                            Case{1048575.0, "1048575"}, Case{0.1, "0.1"}, Case{123456789012345.0, "123456789012345"},
+                            Case{1e300, "1e+300"}, Case{std::int64_t{-7}, "-7"}}) {
+        EXPECT_EQ(toText(row.value), row.text);
+    }
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,148 @@
+#include "suite_server.h"
+
+#include <httplib.h>
+
+#include <sstream>
+#include <thread>
+
+#include "company_desk.h"
+#include "durable_file.h"
+#include "misbehaviour.h"
+#include "photo_desk.h"
+#include "request_log.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kLoopback = "127.0.0.1";
+constexpr std::size_t kLargestRequest = 64 * 1024 * 1024;
+constexpr std::size_t kPromisedBytes = 1000;
+
+/// One port, one server: the library's own choice lets a second server share the port unseen.
+void ownPortOnly(int socket) {
+    const int yes = 1;
+    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+}
+
+/// Promises a body and closes the connection in the middle of it.
+void cutShort(httplib::Response& response, const char* contentType) {
+    response.set_content_provider(kPromisedBytes, contentType, [](std::size_t, std::size_t, httplib::DataSink& sink) {
+        sink.write("{\"id\":", 6);
+        return false;
+    });
+}
+
+void answerWith(const DeskAnswer& answer, const Misbehaviour& behaviour, const char* contentType,
+                httplib::Response& response) {
+    std::this_thread::sleep_for(behaviour.delay);
+    response.status = answer.status;
+    if (behaviour.cut) {
+        response.status = 200;
+        cutShort(response, contentType);
+    } else if (behaviour.garbage) {
+        response.set_content("<html>\xFF\xFE{]", contentType);
+    } else if (!answer.body.empty()) {
+        response.set_content(answer.body, contentType);
+    }
+}
+
+}  // namespace
+
+struct SuiteServer::Parts {
+    explicit Parts(const std::filesystem::path& at)
+        : folder(at), photos(at / "photos"), companies(at), log(at / "requests.log") {}
+
+    /// Work that a desk does for a request, and the misbehaviour around it.
+    template <typename Work>
+    auto handler(Desk desk, const char* contentType, Work work) {
+        return [this, desk, contentType, work](const httplib::Request& request, httplib::Response& response) {
+            const Misbehaviour behaviour = board.of(desk);
+            const DeskAnswer answer =
+                behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
+            answerWith(answer, behaviour, contentType, response);
+        };
+    }
+
+    void setRoutes();
+    void setHabits();
+    void takeInstructions(const httplib::Request& request, httplib::Response& response);
+
+    std::filesystem::path folder;
+    PhotoDesk photos;
+    CompanyDesk companies;
+    MisbehaviourBoard board;
+    RequestLog log;
+    httplib::Server http;
+};
+
+void SuiteServer::Parts::setRoutes() {
+    http.Get("/cussend/", handler(Desk::Prepare, "text/plain", [](const auto&, const Misbehaviour&) {
+                 return DeskAnswer{200, "ready\n"};
+             }));
+    http.Post("/cussend/register",
+              handler(Desk::Companies, "application/json",
+                      [this](const httplib::Request& request, const Misbehaviour& behaviour) {
+                          return companies.registerCompany(request.body, behaviour.idLength);
+                      }));
+    http.Put("/rereceive46/davroot/(.*)",
+             handler(Desk::Photos, "text/plain", [this](const httplib::Request& request, const Misbehaviour&) {
+                 return photos.put(request.matches[1], request.get_header_value("Authorization"), request.body);
+             }));
+    http.Post("/misbehave", [this](const httplib::Request& request, httplib::Response& response) {
+        takeInstructions(request, response);
+    });
+}
+
+void SuiteServer::Parts::takeInstructions(const httplib::Request& request, httplib::Response& response) {
+    if (request.remote_addr != kLoopback) {
+        response.status = 403;
+        return;
+    }
+    std::istringstream lines(request.body.empty() ? "well" : request.body);
+    response.status = 204;
+    for (std::string line; std::getline(lines, line);) {
+        if (!board.instruct(line)) {
+            response.status = 400;
+        }
+    }
+}
+
+void SuiteServer::Parts::setHabits() {
+    http.set_socket_options(ownPortOnly);
+    http.set_payload_max_length(kLargestRequest);
+    http.set_tcp_nodelay(true);
+    http.set_post_routing_handler([this](const httplib::Request& request, httplib::Response& response) {
+        if (response.status == 401) {
+            response.set_header("WWW-Authenticate", "Basic realm=\"photos\"");
+        }
+        // Before the answer goes out, so that whoever has the answer finds the line.
+        log.write(request.method, request.path, response.status, request.body.size());
+    });
+}
+
+SuiteServer::SuiteServer(const std::filesystem::path& folder) {
+    std::filesystem::create_directories(folder);
+    std::filesystem::remove(folder / "port");
+    parts_ = std::make_unique<Parts>(folder);
+    parts_->setRoutes();
+    parts_->setHabits();
+}
+
+SuiteServer::~SuiteServer() = default;
+
+int SuiteServer::bind(int port) {
+    auto& http = parts_->http;
+    const int bound = port == 0 ? http.bind_to_any_port(kLoopback) : http.bind_to_port(kLoopback, port) ? port : -1;
+    if (bound > 0) {
+        writeDurably(parts_->folder / "port", std::to_string(bound) + "\n");
+    }
+    return bound;
+}
+
+void SuiteServer::serve() { parts_->http.listen_after_bind(); }
+
+void SuiteServer::stop() { parts_->http.stop(); }
+
+bool SuiteServer::instruct(std::string_view instruction) { return parts_->board.instruct(instruction); }
+
+}  // namespace orv
