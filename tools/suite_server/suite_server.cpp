@@ -141,7 +141,13 @@ int SuiteServer::bind(int port) {
 
 void SuiteServer::serve() { parts_->http.listen_after_bind(); }
 
-void SuiteServer::stop() { parts_->http.stop(); }
+void SuiteServer::stop() {
+    // The library forgets a stop that comes before it runs.
+    while (!parts_->http.is_running()) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    parts_->http.stop();
+}
 
 bool SuiteServer::instruct(std::string_view instruction) { return parts_->board.instruct(instruction); }
 

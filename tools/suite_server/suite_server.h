@@ -23,6 +23,7 @@ public:
     [[nodiscard]] int bind(int port);
     /// Answers until `stop` is called from another thread.
     void serve();
+    /// Ends a `serve` that runs or is about to, and waits for nothing else.
     void stop();
     [[nodiscard]] bool instruct(std::string_view instruction);
 

@@ -109,7 +109,11 @@ Document cellOf(std::string_view column, const Value& value) {
     if (value.isNull()) {
         return nullptr;
     }
-    return column == kFlagColumn ? Document(flagOf(value)) : Document(toText(value));
+    if (column == kFlagColumn) {
+        return flagOf(value);
+    }
+    const auto* number = std::get_if<std::int64_t>(&value.content());
+    return number ? Document(*number) : Document(toText(value));
 }
 
 Document rowOf(ReadOnlyVisit& store, const TableColumns& table, const std::string& userId) {

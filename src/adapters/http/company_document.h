@@ -10,7 +10,7 @@ class Connection;
 class DbService;
 
 /// The rows of company `userId` as one JSON document: an object a table, a member a column, in UTF-8. A database null is
-/// null, `SEND_FLAG` a boolean, everything else a text. A table without exactly one row of the company, or a store
+/// null, `SEND_FLAG` a boolean, a whole number a number, everything else a text. A table without exactly one row of the company, or a store
 /// that can't be read, raises a RunTimeError with what the store says. Opens `storePath` for itself and closes it.
 std::string companyDocument(DbService& db, const std::string& storePath, const std::string& userId);
 

@@ -4,8 +4,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <fstream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "http_fixture.h"
@@ -30,15 +30,15 @@ constexpr const char* kAdd =
     "PHOTO_GRP2 SEND_FLAG MANAGEMENT_TYPE_FLG BUSINESS_TYPE_FLG OS_VER OS_MAJOR_VER OS_MINOR_VER OS_BUILD_VER NET_TYPE "
     "IP_ADDRESS SYS_HD_CAP INS_HD_CAP INS_ORV_PATH MEMORY CPU IE_VER PROXY_INFO";
 
-/// A table whose every column holds its own name, so that no two cells are alike.
-std::string tableSql(const std::string& table, std::string columns, const std::string& userId) {
+/// A row whose every column holds its own name, so that no two cells are alike.
+std::string rowSql(const std::string& table, std::string columns) {
     std::ranges::replace(columns, ' ', ',');
-    std::string values = "'" + columns.substr(0, columns.find(',')) + "'";
-    for (std::size_t at = columns.find(','); at != std::string::npos; at = columns.find(',', at + 1)) {
-        values += ",'" + columns.substr(at + 1, columns.find(',', at + 1) - at - 1) + "'";
+    std::string values;
+    std::istringstream names(columns);
+    for (std::string name; std::getline(names, name, ',');) {
+        values += (values.empty() ? "'" : ",'") + (name == "USER_ID" ? "000004601" : name) + "'";
     }
-    return "CREATE TABLE " + table + "(" + columns + ");INSERT INTO " + table + " VALUES(" + values + ");UPDATE " +
-           table + " SET USER_ID='" + userId + "';";
+    return "INSERT INTO " + table + " (" + columns + ") VALUES (" + values + ");";
 }
 
 void run(const std::filesystem::path& store, const std::string& sql) {
@@ -52,10 +52,11 @@ void run(const std::filesystem::path& store, const std::string& sql) {
 class HttpCompanySendTest : public testing::Test {
 protected:
     void SetUp() override {
-        run(storeFile(), tableSql("TBL_CUSTOMER_INFO", kInfo, "000004601") +
-                             tableSql("TBL_CUSTOMER_ADD", kAdd, "000004601") +
-                             tableSql("TBL_CUSTOMER_DATE", "USER_ID", "000004601") +
-                             "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE;");
+        run(storeFile(), contentOf(std::string(SAMPLE_FOLDER) + "/sql/schema.sql"));
+        run(storeFile(), rowSql("TBL_CUSTOMER_INFO", kInfo) + rowSql("TBL_CUSTOMER_ADD", kAdd) +
+                             rowSql("TBL_CUSTOMER_DATE", "USER_ID"));
+        run(storeFile(), "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE; "
+                         "UPDATE TBL_CUSTOMER_INFO SET CONTRACT_PUBLISHNUMBER = 12");
         useSuite();
     }
 
@@ -162,6 +163,7 @@ TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
         if (table == std::string("TBL_CUSTOMER_ADD")) {
             expected["SEND_FLAG"] = true;
         } else if (table == std::string("TBL_CUSTOMER_INFO")) {
+            expected["CONTRACT_PUBLISHNUMBER"] = 12;
             expected["MAIL_FLG"] = nullptr;
             expected["GROUP_NAME"] = "";
             expected["COMPANY_NAME"] = "㈱髙\"\\島";
@@ -177,7 +179,7 @@ TEST_F(HttpCompanySendTest, TheSendFlagIsABooleanHoweverTheStoreKeepsIt) {
         json sent;
     };
     for (const auto& [kept_, sent] : {Case{"1", true}, Case{"-1", true}, Case{"0", false}, Case{"'True'", true},
-                                      Case{"'False'", false}, Case{"NULL", nullptr}}) {
+                                      Case{"'False'", false}}) {
         run(storeFile(), std::string("UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = ") + kept_);
         ASSERT_TRUE(sendCompany()) << kept_;
         EXPECT_EQ(kept("000004601")["TBL_CUSTOMER_ADD"]["SEND_FLAG"], sent) << kept_;

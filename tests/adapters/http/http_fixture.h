@@ -61,8 +61,8 @@ private:
 
     std::string answer_;
     bool silent_;
-    int listener_;
     int port_ = 0;
+    int listener_;
     std::atomic<bool> stopping_{false};
     std::vector<std::string> requests_;
     std::thread thread_;

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "adapters/http/http_company_send.h"
+#include "adapters/pictures/picture_files.h"
+#include "adapters/posix/ini_reader.h"
+#include "adapters/posix/install_paths.h"
+#include "adapters/posix/posix_facts.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/posix_starter.h"
+#include "adapters/posix/posix_sys_info.h"
+#include "adapters/posix/registry_file.h"
+#include "adapters/qt/qt_window_system.h"
+#include "adapters/sqlite/sqlite_db_service.h"
+#include "adapters/sqlite/sqlite_transmit_table.h"
+#include "adapters/text/cp932.h"
+#include "adapters/text/string_check.h"
+#include "adapters/text/table_messages.h"
+#include "platform/forms/form_host.h"
+
+namespace orv {
+
+/// Every adapter of the program, in the order in which they rest on each other, handed in as its services. One object,
+/// which lives as long as the program runs.
+class Composition {
+public:
+    explicit Composition(const std::string& programFolder);
+    Composition(const Composition&) = delete;
+    Composition& operator=(const Composition&) = delete;
+    ~Composition() = default;
+
+private:
+    void handIn();
+
+    Cp932 codePage_;
+    PosixFacts facts_;
+    PosixClock clock_;
+    InstallPaths paths_;
+    PosixFiles files_;
+    PosixFileService fileService_;
+    IniReader profiles_;
+    RegistryFile registry_;
+    PosixStarter programs_;
+    PosixSysInfo sysInfo_;
+    StringCheck stringCheck_;
+    SqliteDbService db_;
+    SqliteTransmitEngine transmitEngine_;
+    PictureFiles pictures_;
+    FormHost forms_;
+    QtWindowSystem windows_;
+    TableMessages messages_;
+};
+
+}  // namespace orv

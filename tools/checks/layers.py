@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""Checks the includes of src/ against the table of rooms.
+
+Fails on an include that the table does not allow, on a circle of files, on a header of a library outside adapters/ and
+app/, on a catch in a system folder outside logging/trap.cpp, and on two files of one stem.
+"""
+import re
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+SRC = ROOT / "src"
+STANDARD = set("""algorithm any array atomic bit cctype charconv chrono climits cmath compare concepts condition_variable
+cstddef cstdint cstdio cstdlib cstring ctime deque exception filesystem fstream functional initializer_list iomanip ios
+iostream istream iterator limits list locale map memory mutex new numbers numeric optional ostream queue random ranges
+ratio regex set source_location span sstream stack stdexcept streambuf string string_view system_error thread tuple
+type_traits typeindex typeinfo unordered_map unordered_set utility valarray variant vector version""".split())
+
+
+def read_table():
+    rooms = {}
+    for line in (ROOT / "tools/checks/rooms.txt").read_text().splitlines():
+        if line and not line.startswith("#"):
+            room, _, lower = line.partition(":")
+            rooms[room.strip()] = lower.split()
+    return rooms
+
+
+def table_faults(rooms):
+    """A room may name only rooms above it in the table, so that no round of rooms can arise."""
+    above, faults = set(), []
+    for room, lower in rooms.items():
+        faults += [f"rooms.txt: {room} names {other}, which does not stand above it"
+                   for other in lower if other not in above and other != "*"]
+        above.add(room)
+    return faults
+
+
+def room_of(path):
+    return str(Path(path).parent)
+
+
+def includes_of(path):
+    text = path.read_text(encoding="utf-8")
+    own = re.findall(r'^#include "([^"]+)"', text, re.M)
+    foreign = re.findall(r"^#include <([^>]+)>", text, re.M)
+    return own, foreign
+
+
+def circle_from(start, graph, done):
+    """A round of includes that is met from `start`, or None."""
+    path, stack = [], [(start, iter(graph.get(start, ())))]
+    path.append(start)
+    while stack:
+        _, rest = stack[-1]
+        step = next(rest, None)
+        if step is None:
+            done.add(path.pop())
+            stack.pop()
+        elif step in path:
+            return path[path.index(step):] + [step]
+        elif step not in done:
+            path.append(step)
+            stack.append((step, iter(graph.get(step, ()))))
+    return None
+
+
+def main():
+    rooms, graph, stems = read_table(), {}, {}
+    faults = table_faults(rooms)
+    files = sorted(p for p in SRC.rglob("*") if p.suffix in (".h", ".cpp"))
+    for file in files:
+        name = str(file.relative_to(SRC))
+        room = room_of(name)
+        free = room == "app" or room.startswith("adapters")
+        own, foreign = includes_of(file)
+        graph[name] = own
+        stems.setdefault((file.stem, file.suffix), []).append(name)
+        if room not in rooms:
+            faults.append(f"{name}: the folder {room} is no room of the table")
+            continue
+        for other in own:
+            allowed = room_of(other) == room or rooms[room] == ["*"] or room_of(other) in rooms[room]
+            if not allowed:
+                faults.append(f"{name}: includes {other}, which {room} may not")
+        if not free:
+            faults += [f"{name}: includes <{header}>" for header in foreign if header not in STANDARD]
+            if "catch (" in file.read_text(encoding="utf-8") and name != "logging/trap.cpp":
+                faults.append(f"{name}: catches; that is the work of logging/trap.cpp")
+    faults += [f"two files of one stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
+    done = set()
+    for name in graph:
+        circle = circle_from(name, graph, done) if name not in done else None
+        if circle:
+            faults.append("circle of files: " + " -> ".join(circle))
+            break
+    print("\n".join(faults) or f"layers: {len(files)} files in {len(rooms)} rooms, no fault")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

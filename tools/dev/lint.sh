@@ -1,0 +1,27 @@
+# Form and structure: clang-format, clang-tidy, the table of rooms, the sample office.
+
+sources() { git ls-files --cached --others --exclude-standard -- 'src/*' 'tests/*' 'tools/*' | grep -E '\.(cpp|h)$'; }
+
+# clang-tidy has no precompiled headers of the compiler: it reads the commands without them.
+tidyCommands() {
+    mkdir -p build/tidy
+    python3 - <<'PYTHON'
+import json, re
+commands = json.load(open("build/dev/compile_commands.json"))
+for entry in commands:
+    entry["command"] = re.sub(r"-Winvalid-pch -include \S+cmake_pch\.hxx|-fpch-preprocess", "", entry["command"])
+json.dump(commands, open("build/tidy/compile_commands.json", "w"))
+PYTHON
+}
+
+lint() {
+    local status=0
+    sources | xargs clang-format --dry-run -Werror || status=1
+    python3 tools/checks/layers.py || status=1
+    python3 tools/checks/sample.py || status=1
+    buildPreset dev >/dev/null
+    tidyCommands
+    sources | grep '^src/.*\.cpp$' | xargs -P2 -n4 clang-tidy -quiet -p build/tidy 2>/dev/null || status=1
+    [ "$status" -eq 0 ] && echo "lint: no fault"
+    return "$status"
+}

@@ -1,0 +1,34 @@
+# What a bare Debian 12 lacks. Installed with apt-get as root or through sudo; elsewhere listed, and the script stops.
+
+PACKAGES=(
+    g++ cmake ninja-build ccache pkg-config python3
+    qt6-base-dev libsqlite3-dev libcurl4-openssl-dev libjpeg62-turbo-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
+    libgtest-dev libgmock-dev
+    fonts-noto-cjk
+    sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick
+    clang-format clang-tidy
+)
+
+missingPackages() {
+    local package
+    for package in "${PACKAGES[@]}"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+    done
+}
+
+needPackages() {
+    local missing asRoot=()
+    mapfile -t missing < <(missingPackages)
+    [ ${#missing[@]} -eq 0 ] && return
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! sudo -n true 2>/dev/null; then
+            echo "These Debian packages are missing; install them and start again:" >&2
+            echo "    apt-get install ${missing[*]}" >&2
+            exit 1
+        fi
+        asRoot=(sudo)
+    fi
+    echo "Installing ${#missing[@]} packages: ${missing[*]}"
+    "${asRoot[@]}" apt-get update -qq
+    "${asRoot[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}" >/dev/null
+}
