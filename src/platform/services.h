@@ -14,6 +14,7 @@ class FileService;
 class FileSystem;
 class FormHost;
 class HttpControl;
+class JapaneseCalendar;
 class MachineFacts;
 class MessageService;
 class PictureLibrary;
@@ -43,6 +44,7 @@ struct Services {
     MachineFacts* facts = nullptr;
     Clock* clock = nullptr;
     CodePage* codePage = nullptr;
+    JapaneseCalendar* calendar = nullptr;
     std::function<std::unique_ptr<HttpControl>()> http;
     PictureLibrary* pictures = nullptr;
     WindowSystem* windows = nullptr;

@@ -8,7 +8,9 @@
 #include "pages/frame/change_page.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
+#include "validation/rules/access_rules.h"
 #include "validation/rules/company_rules.h"
+#include "validation/rules/licence_page_check.h"
 
 namespace orv {
 namespace {
@@ -19,7 +21,8 @@ struct PageCheck {
 };
 
 /// In this order, whichever page the operator is on.
-constexpr std::array kChecks{PageCheck{0, PF_CheckFrmCompInp0Data}};
+constexpr auto kChecks = std::to_array<PageCheck>(
+    {{0, PF_CheckFrmCompInp0Data}, {1, PF_CheckFrmCompInp1Data}, {2, PF_CheckFrmCompInp2Data}});
 
 void pointerBack() { services().forms->setPointer(kPointerDefault); }
 

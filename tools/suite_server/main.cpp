@@ -32,6 +32,11 @@ struct Options {
     std::vector<std::string> misbehaviours;
 };
 
+bool takePort(std::string_view text, int& port) {
+    const char* end = text.data() + text.size();
+    return std::from_chars(text.data(), end, port).ptr == end && port >= 0 && port <= 65535;
+}
+
 /// Nothing for a command line that isn't understood.
 std::optional<Options> optionsOf(std::span<char*> arguments) {
     Options options;
@@ -41,12 +46,11 @@ std::optional<Options> optionsOf(std::span<char*> arguments) {
     for (std::size_t i = 0; i < arguments.size(); i += 2) {
         const std::string_view name = arguments[i];
         const std::string value = arguments[i + 1];
-        const char* end = value.data() + value.size();
         if (name == "--folder") {
             options.folder = value;
         } else if (name == "--misbehave") {
             options.misbehaviours.push_back(value);
-        } else if (name != "--port" || std::from_chars(value.data(), end, options.port).ptr != end) {
+        } else if (name != "--port" || !takePort(value, options.port)) {
             return std::nullopt;
         }
     }

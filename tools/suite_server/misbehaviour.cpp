@@ -40,7 +40,8 @@ bool apply(std::string_view text, Misbehaviour& behaviour) {
         int number = 0;
         if (kind.most > 0) {
             const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-            if (error != std::errc{} || end != value.data() + value.size() || number < kind.least || number > kind.most) {
+            if (error != std::errc{} || end != value.data() + value.size() || number < kind.least ||
+                number > kind.most) {
                 return false;
             }
         }

@@ -24,8 +24,9 @@ struct Misbehaviour {
 /// The misbehaviour of every desk, changed while requests are under way.
 class MisbehaviourBoard {
 public:
-    /// Takes one instruction: "well" (all desks behave), or DESK:KIND[=VALUE] with DESK prepare, photos or companies and
-    /// KIND well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64. Kinds add up. False: not understood.
+    /// Takes one instruction: "well" (all desks behave), or DESK:KIND[=VALUE] with DESK prepare, photos or companies
+    /// and KIND well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64. Kinds add up. False: not
+    /// understood.
     [[nodiscard]] bool instruct(std::string_view instruction);
     Misbehaviour of(Desk desk) const;
 

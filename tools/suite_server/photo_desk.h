@@ -12,8 +12,8 @@ class PhotoDesk {
 public:
     explicit PhotoDesk(std::filesystem::path folder);
 
-    /// `authorization`: the header's value. 401 without the agreed credentials, 400 for what is no plain file name, 201 for a new photo,
-    /// 204 for a replaced one.
+    /// `authorization`: the header's value. 401 without the agreed credentials, 400 for what is no plain file name, 201
+    /// for a new photo, 204 for a replaced one.
     DeskAnswer put(const std::string& name, const std::string& authorization, const std::string& bytes) const;
 
 private:

@@ -8,7 +8,8 @@ namespace orv {
 
 void RequestLog::write(const std::string& method, std::string path, int status, std::size_t bytes) {
     // A path is what the client makes of it; a line break in it would forge a line.
-    std::ranges::replace_if(path, [](char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }, '?');
+    std::ranges::replace_if(
+        path, [](char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }, '?');
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);

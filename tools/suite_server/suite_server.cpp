@@ -57,8 +57,7 @@ struct SuiteServer::Parts {
     auto handler(Desk desk, const char* contentType, Work work) {
         return [this, desk, contentType, work](const httplib::Request& request, httplib::Response& response) {
             const Misbehaviour behaviour = board.of(desk);
-            const DeskAnswer answer =
-                behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
+            const DeskAnswer answer = behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
             answerWith(answer, behaviour, contentType, response);
         };
     }
@@ -79,11 +78,10 @@ void SuiteServer::Parts::setRoutes() {
     http.Get("/cussend/", handler(Desk::Prepare, "text/plain", [](const auto&, const Misbehaviour&) {
                  return DeskAnswer{200, "ready\n"};
              }));
-    http.Post("/cussend/register",
-              handler(Desk::Companies, "application/json",
-                      [this](const httplib::Request& request, const Misbehaviour& behaviour) {
-                          return companies.registerCompany(request.body, behaviour.idLength);
-                      }));
+    http.Post("/cussend/register", handler(Desk::Companies, "application/json",
+                                           [this](const httplib::Request& request, const Misbehaviour& behaviour) {
+                                               return companies.registerCompany(request.body, behaviour.idLength);
+                                           }));
     http.Put("/rereceive46/davroot/(.*)",
              handler(Desk::Photos, "text/plain", [this](const httplib::Request& request, const Misbehaviour&) {
                  return photos.put(request.matches[1], request.get_header_value("Authorization"), request.body);

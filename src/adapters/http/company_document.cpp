@@ -2,7 +2,7 @@
 
 #include <array>
 #include <nlohmann/json.hpp>
-#include <span>
+#include <sstream>
 
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
@@ -15,40 +15,34 @@ using Document = nlohmann::ordered_json;
 constexpr std::size_t kLongestId = 64;
 constexpr std::string_view kFlagColumn = "SEND_FLAG";
 
-constexpr auto kInfoColumns = std::to_array<std::string_view>({
-    "USER_ID", "USER_PASSWD", "GROUP_NAME", "COMPANY_NAME", "COMPANY_KANA", "OFFICE_NAME",
-    "POST_CODE", "ADDRESS_CODE", "ADDRESS", "ADDRESS_NUMBER", "ADDRESS_GOU", "ADDRESS_OTHER",
-    "DAIHYO_NAME", "DAIHYO_NAME_KANA", "TAKKEN_SYUNIN_NAME", "TANTO_NAME",
-    "TEL_NO1", "TEL_NO2", "FAX_NO", "TIKU_CODE", "AREA_CODE",
-    "RAILROAD_CODE", "RAILROAD_NAME", "STATION_CODE", "STATION_NAME", "WALK_MINUTES",
-    "BUS_ROUTE", "BUSSTOP", "BUS_MINUTES", "TEIHO_MINUTES", "CAR_TARGET", "CAR_MINUTES", "CAR_DISTANCE",
-    "SAME_CHECK", "PC_OFFICE_NAME", "PC_POST_CODE", "PC_ADDRESS_CODE", "PC_ADDRESS", "PC_ADDRESS_NUMBER",
-    "PC_ADDRESS_GOU", "PC_TANTO_NAME", "PC_TEL_NO1", "PC_TEL_NO2", "PC_FAX_NO", "PC_MAIL_ADDRESS",
-    "MAIL_ADDRESS", "MAIL_FLG", "LICENSE_NO", "LICENSE_NO_DAI", "LICENSE_NO_GO",
-    "GET_LICENSE_DATE_YEAR", "GET_LICENSE_DATE_MONTH", "GET_LICENSE_DATE_DAY", "GET_LICENSE_NENGOU",
-    "VALID_LICENSE_DATE_YEAR", "VALID_LICENSE_DATE_MONTH", "VALID_LICENSE_DATE_DAY", "VALID_LICENSE_NENGOU",
-    "DANTAI_FLG", "DANTAI_NAME", "OTHER_DANTAI_NAME", "KOUTORI_FLG",
-    "INSERT_DATE", "UPDATE_DATE", "SERVICE_FLG", "PWD_CHG_FLG", "CONTRACT_PUBLISHNUMBER",
-});
+constexpr std::string_view kInfoColumns =
+    "USER_ID, USER_PASSWD, GROUP_NAME, COMPANY_NAME, COMPANY_KANA, OFFICE_NAME, POST_CODE, ADDRESS_CODE, ADDRESS, "
+    "ADDRESS_NUMBER, ADDRESS_GOU, ADDRESS_OTHER, DAIHYO_NAME, DAIHYO_NAME_KANA, TAKKEN_SYUNIN_NAME, TANTO_NAME, "
+    "TEL_NO1, TEL_NO2, FAX_NO, TIKU_CODE, AREA_CODE, RAILROAD_CODE, RAILROAD_NAME, STATION_CODE, STATION_NAME, "
+    "WALK_MINUTES, BUS_ROUTE, BUSSTOP, BUS_MINUTES, TEIHO_MINUTES, CAR_TARGET, CAR_MINUTES, CAR_DISTANCE, "
+    "SAME_CHECK, PC_OFFICE_NAME, PC_POST_CODE, PC_ADDRESS_CODE, PC_ADDRESS, PC_ADDRESS_NUMBER, PC_ADDRESS_GOU, "
+    "PC_TANTO_NAME, PC_TEL_NO1, PC_TEL_NO2, PC_FAX_NO, PC_MAIL_ADDRESS, MAIL_ADDRESS, MAIL_FLG, LICENSE_NO, "
+    "LICENSE_NO_DAI, LICENSE_NO_GO, GET_LICENSE_DATE_YEAR, GET_LICENSE_DATE_MONTH, GET_LICENSE_DATE_DAY, "
+    "GET_LICENSE_NENGOU, VALID_LICENSE_DATE_YEAR, VALID_LICENSE_DATE_MONTH, VALID_LICENSE_DATE_DAY, "
+    "VALID_LICENSE_NENGOU, DANTAI_FLG, DANTAI_NAME, OTHER_DANTAI_NAME, KOUTORI_FLG, INSERT_DATE, UPDATE_DATE, "
+    "SERVICE_FLG, PWD_CHG_FLG, CONTRACT_PUBLISHNUMBER";
 
-constexpr auto kAddColumns = std::to_array<std::string_view>({
-    "USER_ID", "OFFICE_HOURS", "DAY_OFF", "COMPANY_COMMENT", "COMPANY_URL_COMMENT", "COMPANY_URL",
-    "PHOTO_FILE1", "PHOTO_FILE2", "PHOTO_GRP1", "PHOTO_GRP2", kFlagColumn,
-    "MANAGEMENT_TYPE_FLG", "BUSINESS_TYPE_FLG", "OS_VER", "OS_MAJOR_VER", "OS_MINOR_VER", "OS_BUILD_VER",
-    "NET_TYPE", "IP_ADDRESS", "SYS_HD_CAP", "INS_HD_CAP", "INS_ORV_PATH", "MEMORY", "CPU", "IE_VER", "PROXY_INFO",
-});
+constexpr std::string_view kAddColumns =
+    "USER_ID, OFFICE_HOURS, DAY_OFF, COMPANY_COMMENT, COMPANY_URL_COMMENT, COMPANY_URL, PHOTO_FILE1, PHOTO_FILE2, "
+    "PHOTO_GRP1, PHOTO_GRP2, SEND_FLAG, MANAGEMENT_TYPE_FLG, BUSINESS_TYPE_FLG, OS_VER, OS_MAJOR_VER, "
+    "OS_MINOR_VER, OS_BUILD_VER, NET_TYPE, IP_ADDRESS, SYS_HD_CAP, INS_HD_CAP, INS_ORV_PATH, MEMORY, CPU, IE_VER, "
+    "PROXY_INFO";
 
-constexpr auto kDateColumns = std::to_array<std::string_view>({"USER_ID"});
-
+/// A table and its columns, as a select names them.
 struct TableColumns {
     std::string_view name;
-    std::span<const std::string_view> columns;
+    std::string_view columns;
 };
 
 constexpr auto kTables = std::to_array<TableColumns>({
     {"TBL_CUSTOMER_INFO", kInfoColumns},
     {"TBL_CUSTOMER_ADD", kAddColumns},
-    {"TBL_CUSTOMER_DATE", kDateColumns},
+    {"TBL_CUSTOMER_DATE", "USER_ID"},
 });
 
 [[noreturn]] void raiseFrom(const DbService& db) {
@@ -89,10 +83,7 @@ private:
 
 std::string selectOf(const TableColumns& table, const std::string& userId) {
     std::string sql = "SELECT ";
-    for (const auto column : table.columns) {
-        sql.append(column).append(column == table.columns.back() ? "" : ", ");
-    }
-    sql.append(" FROM ").append(table.name).append(" WHERE USER_ID = '");
+    sql.append(table.columns).append(" FROM ").append(table.name).append(" WHERE USER_ID = '");
     for (const char c : userId) {
         sql.append(c == '\'' ? 2 : 1, c);
     }
@@ -123,13 +114,15 @@ Document rowOf(ReadOnlyVisit& store, const TableColumns& table, const std::strin
                            "送信する会社のデータが1件ではありません。（" + std::string(table.name) + "）");
     }
     Document row = Document::object();
-    for (const auto column : table.columns) {
-        row[std::string(column)] = cellOf(column, rows->Fields(std::string(column)));
+    std::istringstream names{std::string(table.columns)};
+    for (std::string column; std::getline(names >> std::ws, column, ',');) {
+        row[column] = cellOf(column, rows->Fields(column));
     }
     return row;
 }
 
-/// ASCII and C1 control characters, the latter as UTF-8 has them, and the one character that ends a text in a statement.
+/// ASCII and C1 control characters, the latter as UTF-8 has them, and the one character that ends a text in a
+/// statement.
 bool fitForStatement(std::string_view id) {
     unsigned char before = 0;
     for (const char c : id) {

@@ -19,7 +19,8 @@ public:
     /// "HTTP/1.1" is the only version; another is failure 380.
     void Version(const std::string& version) override;
     void URL(const std::string& url) override { url_ = url; }
-    /// While an upload is under way another is refused with failure 5 and changes nothing. `headers`: "Name: value", one a line.
+    /// While an upload is under way another is refused with failure 5 and changes nothing. `headers`: "Name: value",
+    /// one a line.
     void Upload(const std::string& file, const std::optional<std::string>& contentType, std::string& response,
                 const std::optional<std::string>& headers, const std::string& user,
                 const std::string& password) override;

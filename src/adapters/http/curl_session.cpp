@@ -81,14 +81,20 @@ void set(const Curl& curl, CURLoption option, T value) {
 /// The library would guess a scheme, and send the credentials to whatever host a broken setting happens to spell.
 void requireScheme(std::string url) {
     url.resize(std::min<std::size_t>(url.size(), 8));
-    std::ranges::transform(url, url.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    std::ranges::transform(url, url.begin(),
+                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
     if (!url.starts_with("http://") && !url.starts_with("https://")) {
         raise(CURLE_URL_MALFORMAT);
     }
 }
 
-std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* response) {
-    std::string& body = static_cast<HttpResponse*>(response)->body;
+struct Arrival {
+    HttpResponse response;
+    bool headIsWhole = false;
+};
+
+std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* arrival) {
+    std::string& body = static_cast<Arrival*>(arrival)->response.body;
     if (count > kLongestResponse - body.size()) {
         return 0;
     }
@@ -96,25 +102,41 @@ std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* re
     return count;
 }
 
-/// "HTTP/1.1 404 Not Found": the words behind the code. The last status line counts, as interim ones go before it.
-std::size_t takeStatusLine(const char* bytes, std::size_t, std::size_t count, void* response) {
-    std::string_view line(bytes, count);
+/// "HTTP/1.1 404 Not Found": the words behind the code.
+std::string_view reasonIn(std::string_view line) {
+    const std::size_t code = line.find(' ');
+    const std::size_t words = code == line.npos ? line.npos : line.find(' ', code + 1);
+    return words == line.npos ? "" : line.substr(words + 1);
+}
+
+/// The last status line counts, as interim ones go before it. The blank line that ends the head is looked for because
+/// the library takes a head that was cut for a whole one.
+std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* data) {
+    auto& arrival = *static_cast<Arrival*>(data);
+    const std::string_view whole(bytes, count);
+    const std::string_view line = whole.substr(0, whole.find_first_of("\r\n"));
     if (line.starts_with("HTTP/")) {
-        line = line.substr(0, line.find_first_of("\r\n"));
-        const std::size_t code = line.find(' ');
-        const std::size_t words = code == line.npos ? line.npos : line.find(' ', code + 1);
-        static_cast<HttpResponse*>(response)->reason = words == line.npos ? "" : line.substr(words + 1);
+        arrival = {{.status = 0, .reason = std::string(reasonIn(line)), .body = {}}, false};
     }
+    arrival.headIsWhole |= line.empty();
     return count;
 }
 
-std::size_t giveFile(char* buffer, std::size_t, std::size_t room, void* file) {
-    auto& stream = *static_cast<std::ifstream*>(file);
-    stream.read(buffer, static_cast<std::streamsize>(room));
-    return stream.bad() ? CURL_READFUNC_ABORT : static_cast<std::size_t>(stream.gcount());
+/// The file on its way. Its length was announced, so it is sent with that length or not at all.
+struct Upload {
+    std::ifstream stream;
+    curl_off_t left = 0;
+};
+
+std::size_t giveFile(char* buffer, std::size_t, std::size_t room, void* data) {
+    auto& upload = *static_cast<Upload*>(data);
+    upload.stream.read(buffer, std::min(static_cast<curl_off_t>(room), upload.left));
+    const std::streamsize count = upload.stream.gcount();
+    upload.left -= count;
+    return count == 0 && upload.left > 0 ? CURL_READFUNC_ABORT : static_cast<std::size_t>(count);
 }
 
-void setCommon(const Curl& curl, const HttpRequest& request, HttpResponse& response) {
+void setCommon(const Curl& curl, const HttpRequest& request, Arrival& arrival) {
     requireScheme(request.url);
     set(curl, CURLOPT_URL, request.url.c_str());
     set(curl, CURLOPT_PROTOCOLS_STR, "http,https");
@@ -132,9 +154,9 @@ void setCommon(const Curl& curl, const HttpRequest& request, HttpResponse& respo
     // Ends a wait without end when the other machine is gone.
     set(curl, CURLOPT_TCP_KEEPALIVE, 1L);
     set(curl, CURLOPT_WRITEFUNCTION, takeBody);
-    set(curl, CURLOPT_WRITEDATA, &response);
-    set(curl, CURLOPT_HEADERFUNCTION, takeStatusLine);
-    set(curl, CURLOPT_HEADERDATA, &response);
+    set(curl, CURLOPT_WRITEDATA, &arrival);
+    set(curl, CURLOPT_HEADERFUNCTION, takeHeader);
+    set(curl, CURLOPT_HEADERDATA, &arrival);
 }
 
 void setCredentials(const Curl& curl, const HttpRequest& request) {
@@ -168,17 +190,18 @@ std::ifstream openFile(const std::filesystem::path& path) {
     return file;
 }
 
-void setUpload(const Curl& curl, std::ifstream& file) {
-    file.seekg(0, std::ios::end);
-    const auto size = static_cast<curl_off_t>(file.tellg());
-    file.seekg(0);
-    if (!file || size < 0) {
+void setUpload(const Curl& curl, const std::filesystem::path& path, Upload& upload) {
+    upload.stream = openFile(path);
+    upload.stream.seekg(0, std::ios::end);
+    upload.left = upload.stream.tellg();
+    upload.stream.seekg(0);
+    if (!upload.stream) {
         raise(CURLE_ABORTED_BY_CALLBACK);
     }
     set(curl, CURLOPT_UPLOAD, 1L);
     set(curl, CURLOPT_READFUNCTION, giveFile);
-    set(curl, CURLOPT_READDATA, &file);
-    set(curl, CURLOPT_INFILESIZE_LARGE, size);
+    set(curl, CURLOPT_READDATA, &upload);
+    set(curl, CURLOPT_INFILESIZE_LARGE, upload.left);
 }
 
 void setPost(const Curl& curl, const std::string& body) {
@@ -191,35 +214,35 @@ void setPost(const Curl& curl, const std::string& body) {
 std::string readable(std::string text) {
     text.resize(std::min(text.size(), kLongestReason));
     std::u32string characters = toCharacters(text);
-    std::ranges::replace_if(characters, [](char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, U' ');
+    std::ranges::replace_if(
+        characters, [](char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, U' ');
     return toUtf8(characters);
 }
 
 }  // namespace
 
 HttpResponse exchange(const HttpRequest& request) {
-    HttpResponse response;
-    std::ifstream file;
+    Arrival arrival;
+    Upload upload;
     const HeaderList headers = headerList(request);
     const Curl curl = openCurl();
-    setCommon(curl, request, response);
+    setCommon(curl, request, arrival);
     setCredentials(curl, request);
     set(curl, CURLOPT_HTTPHEADER, headers.get());
     if (!request.file.empty()) {
-        file = openFile(request.file);
-        setUpload(curl, file);
+        setUpload(curl, request.file, upload);
     } else if (!request.body.empty()) {
         setPost(curl, request.body);
     }
     // A transfer that broke behind a good status line is a failure, so the result is judged before the status is read.
-    if (const CURLcode code = curl_easy_perform(curl.get()); code != CURLE_OK) {
-        raise(code);
+    if (const CURLcode code = curl_easy_perform(curl.get()); code != CURLE_OK || !arrival.headIsWhole) {
+        raise(code == CURLE_OK ? CURLE_PARTIAL_FILE : code);
     }
     long status = 0;
     curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
-    response.status = static_cast<std::int32_t>(status);
-    response.reason = readable(std::move(response.reason));
-    return response;
+    arrival.response.status = static_cast<std::int32_t>(status);
+    arrival.response.reason = readable(std::move(arrival.response.reason));
+    return std::move(arrival.response);
 }
 
 std::string withEncodedName(const std::string& url) {

@@ -26,9 +26,8 @@ constexpr std::array<CheckDesign, 7> dantaiBoxes() {
 }
 
 constexpr std::array<CheckDesign, 9> koutoriBoxes() {
-    return tickBoxes<9>(
-        {"(社)北海道", "東北", "(社)首都圏", "東海", "北陸", "(社)近畿地方", "中国", "四国", "九州"},
-        kTabBehindDantaiName);
+    return tickBoxes<9>({"(社)北海道", "東北", "(社)首都圏", "東海", "北陸", "(社)近畿地方", "中国", "四国", "九州"},
+                        kTabBehindDantaiName);
 }
 
 /// The broker's licence, the associations and the fair-trade councils.

@@ -34,7 +34,9 @@ inline constexpr std::array kPageButtons{pageButton("会社情報"), pageButton(
 /// What every page has, and its number.
 struct PageForm : Form {
     PageForm(std::string_view form, int page)
-        : Form(form, "お客様情報設定", {kPageWidth, kPageHeight}), number(page) {
+        : Form(form, "お客様情報設定 - " + std::string(kPageButtons[static_cast<std::size_t>(page)].caption),
+               {kPageWidth, kPageHeight}),
+          number(page) {
         btm_ChangePage[static_cast<std::size_t>(page)].setMarked(true);
     }
 
@@ -42,8 +44,8 @@ struct PageForm : Form {
     std::string tag() const { return "CompInp" + std::to_string(number); }
 
     const int number;
-    /// The lists and the fill have worked. A page that is not ready hands nothing to the record, and a save on it reports
-    /// `failure`, which says why it is not.
+    /// The lists and the fill have worked. A page that is not ready hands nothing to the record, and a save on it
+    /// reports `failure`, which says why it is not.
     bool ready = false;
     FailureRecord failure;
 

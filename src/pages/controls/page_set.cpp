@@ -11,9 +11,9 @@
 namespace orv {
 namespace {
 
-using Pages = std::tuple<std::unique_ptr<frm_CompInp0>, std::unique_ptr<frm_CompInp1>, std::unique_ptr<frm_CompInp2>,
-                         std::unique_ptr<frm_CompInp3>, std::unique_ptr<frm_CompInp4>,
-                         std::unique_ptr<frm_ChangePassword>>;
+using Pages =
+    std::tuple<std::unique_ptr<frm_CompInp0>, std::unique_ptr<frm_CompInp1>, std::unique_ptr<frm_CompInp2>,
+               std::unique_ptr<frm_CompInp3>, std::unique_ptr<frm_CompInp4>, std::unique_ptr<frm_ChangePassword>>;
 
 Pages pages;
 PageWiring wiring;
@@ -30,9 +30,8 @@ PageForm& asPage() {
     return page<F>();
 }
 
-constexpr std::array<PageForm& (*)(), kPageCount> kPages{asPage<frm_CompInp0>, asPage<frm_CompInp1>,
-                                                         asPage<frm_CompInp2>, asPage<frm_CompInp3>,
-                                                         asPage<frm_CompInp4>};
+constexpr std::array<PageForm& (*)(), kPageCount> kPages{
+    asPage<frm_CompInp0>, asPage<frm_CompInp1>, asPage<frm_CompInp2>, asPage<frm_CompInp3>, asPage<frm_CompInp4>};
 
 template <class F>
 void dropIfSame(std::unique_ptr<F>& made, const Form& form) {

@@ -21,12 +21,9 @@ Placements alone(std::span<const Placement> dialog) { return {dialog.begin(), di
 
 const std::map<std::string_view, Placements>& layouts() {
     static const std::map<std::string_view, Placements> all{
-        {"frm_CompInp0", onFrame(compInp0Layout())},
-        {"frm_CompInp1", onFrame(compInp1Layout())},
-        {"frm_CompInp2", onFrame(compInp2Layout())},
-        {"frm_CompInp3", onFrame(compInp3Layout())},
-        {"frm_CompInp4", onFrame(compInp4Layout())},
-        {"frm_ChangePassword", alone(changePasswordLayout())},
+        {"frm_CompInp0", onFrame(compInp0Layout())}, {"frm_CompInp1", onFrame(compInp1Layout())},
+        {"frm_CompInp2", onFrame(compInp2Layout())}, {"frm_CompInp3", onFrame(compInp3Layout())},
+        {"frm_CompInp4", onFrame(compInp4Layout())}, {"frm_ChangePassword", alone(changePasswordLayout())},
         {"frm_ImgCommon", alone(imgCommonLayout())},
     };
     return all;

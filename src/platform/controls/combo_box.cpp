@@ -19,17 +19,20 @@ std::string ComboBox::list(int index) const {
 
 void ComboBox::clear() {
     list_.clear();
+    ++listVersion_;
     listIndex_ = -1;
     changed();
 }
 
 void ComboBox::addItem(std::string text) {
     list_.push_back(std::move(text));
+    ++listVersion_;
     changed();
 }
 
 void ComboBox::addItems(std::vector<std::string> texts) {
     list_.insert(list_.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
+    ++listVersion_;
     changed();
 }
 

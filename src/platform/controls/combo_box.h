@@ -27,6 +27,8 @@ public:
     int listCount() const { return static_cast<int>(list_.size()); }
     /// Empty for a place outside the list.
     std::string list(int index) const;
+    /// Counts the changes of the entries, so that a view sees without looking whether it must read them again.
+    int listVersion() const { return listVersion_; }
     int listIndex() const { return listIndex_; }
     /// The chosen entry, or empty.
     std::string text() const { return list(listIndex_); }
@@ -51,6 +53,7 @@ private:
     ComboDesign design_;
     std::vector<std::string> list_;
     int listIndex_ = -1;
+    int listVersion_ = 0;
 };
 
 }  // namespace orv

@@ -54,6 +54,12 @@ void ImageControl::setAutoRepaint(bool on) {
     repaint();
 }
 
+void ImageControl::drop(const std::string& file) {
+    if (acceptsDrops_ && usable() && owner().ownerEnabled()) {
+        onDrop.raise(file);
+    }
+}
+
 void ImageControl::repaint() const {
     if (autoRepaint_) {
         changed();

@@ -49,6 +49,15 @@ public:
     /// Repaints after each change while on; a change to on repaints at once.
     void setAutoRepaint(bool on);
 
+    /// Whether the operator may drop a file on it.
+    bool acceptsDrops() const { return acceptsDrops_; }
+    void setAcceptsDrops(bool accepts) { acceptsDrops_ = accepts; }
+    /// The operator drops a file: raises drop where that is accepted, on a usable control of an enabled form only.
+    void drop(const std::string& file);
+
+    /// The path of the file.
+    Event<const std::string&> onDrop;
+
 private:
     void repaint() const;
 
@@ -58,6 +67,7 @@ private:
     Box dstRect_;
     Box dstClipRect_;
     bool autoRepaint_ = true;
+    bool acceptsDrops_ = false;
     std::string_view spokenName_;
 };
 

@@ -22,12 +22,11 @@ void NumberInput::setText(const std::string& text) {
         if (!number) {
             throw RunTimeError(Failure::TypeMismatch);
         }
-        const double scale = std::pow(10.0, design_.decimals);
-        const double rounded = std::round(*number * scale) / scale;
-        if (!(rounded >= design_.least && rounded <= design_.most)) {
+        if (*number < design_.least || *number > design_.most) {
             throw RunTimeError(Failure::InvalidPropertyValue);
         }
-        next = rounded;
+        const double scale = std::pow(10.0, design_.decimals);
+        next = std::round(*number * scale) / scale;
     }
     const bool differs = !(next == value_);
     value_ = next;

@@ -11,9 +11,9 @@ void FormHost::load(Form& form) {
     if (form.loaded_) {
         return;
     }
+    services().windows->open(form);
     form.loaded_ = true;
     forms_.push_back(&form);
-    services().windows->open(form);
     form.onLoad.raise();
 }
 

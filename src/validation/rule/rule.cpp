@@ -14,7 +14,9 @@ bool passes(std::span<const Rule> rules, Refusal& out) {
         if (verdict == Verdict::Passes) {
             continue;
         }
-        out.focus = &rule.focus();
+        if (rule.focus != nullptr) {
+            out.focus = &rule.focus();
+        }
         out.id = rule.id;
         if (verdict != Verdict::FailsAsTold) {
             out.text = rule.text;

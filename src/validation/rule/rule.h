@@ -29,7 +29,7 @@ struct Rule {
     /// What is looked at.
     TextField field = nullptr;
     Verdict (*test)(const std::string& value, Refusal& out) = nullptr;
-    /// Taken when the rule fails and not before, since it makes the page.
+    /// Taken when the rule fails and not before, since it makes the page; null: the test has chosen the control.
     ControlRef focus = nullptr;
     std::string_view text = {};
     std::string_view id = "CHECK001";

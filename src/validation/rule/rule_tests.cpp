@@ -1,5 +1,8 @@
 #include "validation/rule/rule_tests.h"
 
+#include <utility>
+
+#include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/services.h"
 #include "platform/suite/string_check_service.h"
@@ -70,6 +73,11 @@ Verdict noMailAddress(const std::string& value, Refusal&) {
     const std::u32string characters = toCharacters(value);
     const bool isAddress = placeOf(characters, U'.') >= kEarliestStop || placeOf(characters, U'@') >= 1;
     return isAddress ? Verdict::Passes : Verdict::Fails;
+}
+
+Verdict asked(std::string question, Refusal& out) {
+    out.text = std::move(question);
+    return staysAfter("COS63212", {out.text}) ? Verdict::Fails : Verdict::Passes;
 }
 
 }  // namespace orv

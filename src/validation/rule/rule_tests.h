@@ -26,6 +26,9 @@ Verdict filledNoTelNumber(const std::string& value, Refusal& out);
 /// Neither an "@" nor a "." from the third character on.
 Verdict noMailAddress(const std::string& value, Refusal& out);
 
+/// A question to the operator. Fails when he wants to correct; otherwise the question stays behind in `out`.
+Verdict asked(std::string question, Refusal& out);
+
 /// Fewer bytes of the code page than `Least` or more than `Most`.
 template <std::int32_t Least, std::int32_t Most = Least>
 Verdict bytesOutside(const std::string& value, Refusal&) {

@@ -1,6 +1,7 @@
 #include "adapters/http/curl_http_control.h"
 
 #include <gtest/gtest.h>
+#include <httplib.h>
 
 #include <numeric>
 
@@ -99,6 +100,24 @@ TEST_F(CurlHttpControlTest, AFileThatCannotBeReadIsNotSent) {
     EXPECT_EQ(suite.log(), "");
 }
 
+TEST_F(CurlHttpControlTest, AFileThatShrinksOnItsWayIsAFailure) {
+    const auto file = folder.path / "big.jpg";
+    writeFile(file, "");
+    std::filesystem::resize_file(file, 64 * 1024 * 1024);
+    httplib::Server server;
+    server.Put("/big.jpg", [&](const httplib::Request&, httplib::Response&, const httplib::ContentReader& reader) {
+        reader([&](const char*, std::size_t) {
+            std::filesystem::resize_file(file, 1);
+            return true;
+        });
+    });
+    control.URL("http://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/big.jpg");
+    std::thread serving([&] { server.listen_after_bind(); });
+    EXPECT_EQ(raisedBy([&] { upload("C:\\big.jpg"); }).number(), 57);
+    server.stop();
+    serving.join();
+}
+
 TEST_F(CurlHttpControlTest, AFailureLeavesItIdleWithoutAnAnswer) {
     upload();
     ASSERT_EQ(control.ResponseCode(), 201);
@@ -140,7 +159,9 @@ TEST_F(CurlHttpControlTest, ASecondUploadIsRefusedWhileOneIsUnderWay) {
     EXPECT_EQ(control.ResponseCode(), 201);
 }
 
-TEST_F(CurlHttpControlTest, TheVersionIsOneOrRefused) { EXPECT_EQ(raisedBy([&] { control.Version("HTTP/2"); }).number(), 380); }
+TEST_F(CurlHttpControlTest, TheVersionIsOneOrRefused) {
+    EXPECT_EQ(raisedBy([&] { control.Version("HTTP/2"); }).number(), 380);
+}
 
 }  // namespace
 }  // namespace orv

@@ -27,6 +27,7 @@ TEST(CurlSession, AnAnswerThatIsNotWholeIsAFailureWhateverItsStatus) {
     const std::vector<BrokenAnswer> cases = {
         {"closed without a word", ""},
         {"cut in the head", "HTTP/1.1 200 OK\r\nContent-Le"},
+        {"cut behind an interim answer", "HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nA: b\r\n"},
         {"cut in the body", "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n{\"id\":"},
         {"cut in a chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n20\r\nabc"},
         {"chunks that are none", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\nzz\r\nabc\r\n"},

@@ -16,7 +16,8 @@ namespace {
 using nlohmann::json;
 
 constexpr const char* kInfo =
-    "USER_ID USER_PASSWD GROUP_NAME COMPANY_NAME COMPANY_KANA OFFICE_NAME POST_CODE ADDRESS_CODE ADDRESS ADDRESS_NUMBER "
+    "USER_ID USER_PASSWD GROUP_NAME COMPANY_NAME COMPANY_KANA OFFICE_NAME POST_CODE ADDRESS_CODE ADDRESS "
+    "ADDRESS_NUMBER "
     "ADDRESS_GOU ADDRESS_OTHER DAIHYO_NAME DAIHYO_NAME_KANA TAKKEN_SYUNIN_NAME TANTO_NAME TEL_NO1 TEL_NO2 FAX_NO "
     "TIKU_CODE AREA_CODE RAILROAD_CODE RAILROAD_NAME STATION_CODE STATION_NAME WALK_MINUTES BUS_ROUTE BUSSTOP "
     "BUS_MINUTES TEIHO_MINUTES CAR_TARGET CAR_MINUTES CAR_DISTANCE SAME_CHECK PC_OFFICE_NAME PC_POST_CODE "
@@ -55,8 +56,9 @@ protected:
         run(storeFile(), contentOf(std::string(SAMPLE_FOLDER) + "/sql/schema.sql"));
         run(storeFile(), rowSql("TBL_CUSTOMER_INFO", kInfo) + rowSql("TBL_CUSTOMER_ADD", kAdd) +
                              rowSql("TBL_CUSTOMER_DATE", "USER_ID"));
-        run(storeFile(), "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE; "
-                         "UPDATE TBL_CUSTOMER_INFO SET CONTRACT_PUBLISHNUMBER = 12");
+        run(storeFile(),
+            "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE; "
+            "UPDATE TBL_CUSTOMER_INFO SET CONTRACT_PUBLISHNUMBER = 12");
         useSuite();
     }
 
@@ -88,8 +90,9 @@ protected:
     SqliteDbService db{files};
     std::string url, cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "5000";
     std::string store = "C:\\ORVESTATE.MDB";
-    HttpCompanySend send{db, {[this] { return url; }, [this] { return cusSendService; }, [this] { return sendCus; },
-                              [this] { return timeOut; }, [this] { return store; }}};
+    HttpCompanySend send{db,
+                         {[this] { return url; }, [this] { return cusSendService; }, [this] { return sendCus; },
+                          [this] { return timeOut; }, [this] { return store; }}};
     std::string id = "before";
 };
 
@@ -145,8 +148,9 @@ TEST_F(HttpCompanySendTest, PreparedIsWhatAnswersWithSuccess) {
 }
 
 TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
-    run(storeFile(), "UPDATE TBL_CUSTOMER_INFO SET MAIL_FLG = NULL, GROUP_NAME = '', COMPANY_NAME = '㈱髙\"\\島', "
-                     "OFFICE_NAME = CAST(x'41FF42' AS TEXT)");
+    run(storeFile(),
+        "UPDATE TBL_CUSTOMER_INFO SET MAIL_FLG = NULL, GROUP_NAME = '', COMPANY_NAME = '㈱髙\"\\島', "
+        "OFFICE_NAME = CAST(x'41FF42' AS TEXT)");
     ASSERT_TRUE(sendCompany()) << send.SendError().text;
     EXPECT_EQ(id, "000004601");
 
@@ -178,8 +182,8 @@ TEST_F(HttpCompanySendTest, TheSendFlagIsABooleanHoweverTheStoreKeepsIt) {
         const char* kept;
         json sent;
     };
-    for (const auto& [kept_, sent] : {Case{"1", true}, Case{"-1", true}, Case{"0", false}, Case{"'True'", true},
-                                      Case{"'False'", false}}) {
+    for (const auto& [kept_, sent] :
+         {Case{"1", true}, Case{"-1", true}, Case{"0", false}, Case{"'True'", true}, Case{"'False'", false}}) {
         run(storeFile(), std::string("UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = ") + kept_);
         ASSERT_TRUE(sendCompany()) << kept_;
         EXPECT_EQ(kept("000004601")["TBL_CUSTOMER_ADD"]["SEND_FLAG"], sent) << kept_;
@@ -187,7 +191,9 @@ TEST_F(HttpCompanySendTest, TheSendFlagIsABooleanHoweverTheStoreKeepsIt) {
 }
 
 TEST_F(HttpCompanySendTest, TheDocumentGoesAsUtf8Json) {
-    const RawServer raw(R"(HTTP/1.1 201 Created)" "\r\n\r\n" R"({"id":"000005001"})");
+    const RawServer raw(R"(HTTP/1.1 201 Created)"
+                        "\r\n\r\n"
+                        R"({"id":"000005001"})");
     url = raw.url();
     ASSERT_TRUE(sendCompany());
     const std::string& sent = raw.requests().at(0);

@@ -1,0 +1,287 @@
+#include "adapters/qt/form_window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QScreen>
+#include <algorithm>
+
+#include "adapters/qt/canvas_painter.h"
+#include "adapters/qt/views/qt_text.h"
+
+namespace orv {
+namespace {
+
+constexpr Colour kFocus{0x0060e0};
+constexpr int kCaptionFont = 9;
+constexpr int kUnitGap = 3;
+constexpr int kUnitWidth = 60;
+
+/// The frame around what has the focus; it lets every click through.
+class FocusFrame : public QWidget {
+public:
+    explicit FocusFrame(QWidget* page) : QWidget(page) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFocusPolicy(Qt::NoFocus);
+        hide();
+    }
+    void around(const QWidget& widget) {
+        setGeometry(widget.geometry().adjusted(-2, -2, 2, 2));
+        raise();
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(QPen(toQt(kFocus), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+};
+
+bool takesFocus(const Control& control) {
+    return control.kind() != ControlKind::Label && control.kind() != ControlKind::Image;
+}
+
+/// The classic code of a key; 0 for what is no key down: Tab and the modifiers.
+int codeOf(int key) {
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return kKeyEnter;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_Shift:
+        case Qt::Key_Control:
+        case Qt::Key_Alt:
+        case Qt::Key_AltGr:
+        case Qt::Key_Meta:
+        case Qt::Key_CapsLock:
+        case Qt::Key_NumLock:
+            return 0;
+        case Qt::Key_Space:
+            return 32;
+        case Qt::Key_Escape:
+            return 27;
+        case Qt::Key_Backspace:
+            return 8;
+        case Qt::Key_Delete:
+            return 46;
+        case Qt::Key_Left:
+            return 37;
+        case Qt::Key_Up:
+            return 38;
+        case Qt::Key_Right:
+            return 39;
+        case Qt::Key_Down:
+            return 40;
+        default:
+            break;
+    }
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
+        return kKeyF1 + key - Qt::Key_F1;
+    }
+    return key < 0x100 ? key : 255;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout, QWidget* owner)
+    : QWidget(owner, Qt::Window), form_(form), forms_(forms) {
+    setObjectName(toQt(form.name()));
+    setFixedSize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
+    setFont(scale_.font(kCaptionFont));
+    for (Control* control : form.controls()) {
+        seat(*control, layout);
+    }
+    focusFrame_ = new FocusFrame(this);
+    orderTabs();
+    refresh();
+    form_.observe([this] { refresh(); });
+    form_.observeFocus([this](Control& control) { giveFocus(control); });
+}
+
+FormWindow::~FormWindow() {
+    form_.observe({});
+    form_.observeFocus({});
+}
+
+/// A control that the layout does not know works without being seen.
+void FormWindow::seat(Control& control, std::span<const Placement> layout) {
+    const auto place = std::find_if(layout.begin(), layout.end(), [&](const Placement& row) {
+        return row.control == control.name() && row.index == control.index();
+    });
+    if (place == layout.end()) {
+        return;
+    }
+    auto view = makeView(control, this, scale_);
+    QWidget& widget = view->widget();
+    widget.setGeometry(scale_.box(place->box));
+    widget.setFocusPolicy(takesFocus(control) ? Qt::StrongFocus : Qt::NoFocus);
+    widget.installEventFilter(this);
+    view->refresh();
+    seats_.push_back({std::move(view), *place, control.visible()});
+}
+
+void FormWindow::orderTabs() {
+    QWidget* last = nullptr;
+    for (const Control* control : form_.tabOrder()) {
+        ControlView* view = viewOf(*control);
+        if (view == nullptr || !takesFocus(*control)) {
+            continue;
+        }
+        if (last != nullptr) {
+            setTabOrder(last, &view->widget());
+        }
+        last = &view->widget();
+    }
+}
+
+void FormWindow::refresh() {
+    setWindowTitle(toQt(form_.caption()));
+    if (isEnabled() == form_.enabled()) {
+        return;
+    }
+    setEnabled(form_.enabled());
+    Control* active = form_.activeControl();
+    if (form_.enabled() && active != nullptr) {
+        giveFocus(*active);
+    }
+}
+
+void FormWindow::giveFocus(Control& control) {
+    if (ControlView* view = viewOf(control)) {
+        view->widget().setFocus(Qt::OtherFocusReason);
+        if (auto* line = qobject_cast<QLineEdit*>(&view->widget())) {
+            line->selectAll();
+        }
+    }
+}
+
+ControlView* FormWindow::viewOf(const QObject* widget) const {
+    const auto found =
+        std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->widget() == widget; });
+    return found == seats_.end() ? nullptr : found->view.get();
+}
+
+ControlView* FormWindow::viewOf(const Control& control) const {
+    const auto found =
+        std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->control() == &control; });
+    return found == seats_.end() ? nullptr : found->view.get();
+}
+
+void FormWindow::showForm() {
+    show();
+    raise();
+    activateWindow();
+    if (Control* active = form_.activeControl()) {
+        giveFocus(*active);
+    }
+}
+
+void FormWindow::centre() {
+    const QScreen* screen = this->screen() != nullptr ? this->screen() : QGuiApplication::primaryScreen();
+    if (screen == nullptr) {
+        return;
+    }
+    const QRect area = screen->availableGeometry();
+    const QSize outer = frameGeometry().size();
+    move(area.x() + std::max(0, (area.width() - outer.width()) / 2),
+         area.y() + std::max(0, (area.height() - outer.height()) / 2));
+    raise();
+}
+
+void FormWindow::commit() {
+    if (ControlView* view = viewOf(focusWidget())) {
+        view->commit();
+    }
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    ControlView* view = viewOf(watched);
+    if (view == nullptr) {
+        return false;
+    }
+    switch (event->type()) {
+        case QEvent::FocusAboutToChange:
+            view->commit();
+            return false;
+        case QEvent::FocusIn: {
+            const EventScope scope;
+            static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
+            form_.focusArrived(view->control());
+            return false;
+        }
+        case QEvent::FocusOut:
+            focusFrame_->hide();
+            return false;
+        case QEvent::Show:
+        case QEvent::Hide:
+            update();
+            return false;
+        case QEvent::KeyPress:
+            return keyPressed(*view, *static_cast<QKeyEvent*>(event));
+        default:
+            return false;
+    }
+}
+
+/// Enter presses a button; elsewhere it belongs to the page and never to the widget.
+bool FormWindow::keyPressed(ControlView& view, const QKeyEvent& event) {
+    const int code = codeOf(event.key());
+    if (code == 0) {
+        return false;
+    }
+    const EventScope scope;
+    if (code == kKeyEnter && view.pressedBy(event.key())) {
+        return true;
+    }
+    if (code == kKeyEnter) {
+        view.commit();
+    }
+    form_.keyDown(code);
+    return code == kKeyEnter;
+}
+
+void FormWindow::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintCanvas(painter, form_.canvas(), scale_, rect());
+    paintCaptions(painter);
+}
+
+void FormWindow::paintCaptions(QPainter& painter) const {
+    painter.setFont(scale_.font(kCaptionFont));
+    painter.setPen(Qt::black);
+    for (const Seat& seat : seats_) {
+        if (!seat.view->control().visible()) {
+            continue;
+        }
+        const ControlWords words = wordsOf(seat.view->control());
+        const Box& box = seat.place.box;
+        const QRect front = scale_.box({box.x - seat.place.captionWidth, box.y, seat.place.captionWidth, box.height});
+        painter.drawText(front, Qt::AlignRight | Qt::AlignVCenter, words.caption);
+        const QRect behind = scale_.box({box.right() + kUnitGap, box.y, kUnitWidth, box.height});
+        painter.drawText(behind, Qt::AlignLeft | Qt::AlignVCenter, words.unit);
+    }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    const EventScope scope;
+    event->ignore();
+    if (form_.enabled()) {
+        commit();
+        forms_.unload(form_, UnloadMode::CloseBox);
+    }
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
+        const EventScope scope;
+        form_.focusLeft();
+    }
+    QWidget::changeEvent(event);
+}
+
+}  // namespace orv

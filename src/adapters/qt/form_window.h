@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "adapters/qt/views/control_view.h"
+#include "platform/forms/form_host.h"
+
+namespace orv {
+
+/// The window of one form: what is drawn on the form, the captions, a view for each control, the focus and the keys.
+class FormWindow : public QWidget {
+public:
+    FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout, QWidget* owner);
+    ~FormWindow() override;
+
+    Form& form() const { return form_; }
+    void showForm();
+    void centre();
+    /// What is still being composed or typed in the field with the focus goes into its control.
+    void commit();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Seat {
+        std::unique_ptr<ControlView> view;
+        Placement place;
+        bool shown = true;
+    };
+
+    void seat(Control& control, std::span<const Placement> layout);
+    void orderTabs();
+    void refresh();
+    void giveFocus(Control& control);
+    ControlView* viewOf(const QObject* widget) const;
+    ControlView* viewOf(const Control& control) const;
+    bool keyPressed(ControlView& view, const QKeyEvent& event);
+    void paintCaptions(QPainter& painter) const;
+
+    Form& form_;
+    FormHost& forms_;
+    PageScale scale_;
+    std::vector<Seat> seats_;
+    QWidget* focusFrame_;
+};
+
+}  // namespace orv

@@ -1,0 +1,51 @@
+#include "adapters/qt/notice_box.h"
+
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "adapters/qt/views/qt_text.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+QMessageBox::Icon iconOf(Notice::Kind kind) {
+    switch (kind) {
+        case Notice::Kind::Warning:
+            return QMessageBox::Warning;
+        case Notice::Kind::Critical:
+            return QMessageBox::Critical;
+        case Notice::Kind::Question:
+            return QMessageBox::Question;
+        case Notice::Kind::Information:
+            break;
+    }
+    return QMessageBox::Information;
+}
+
+}  // namespace
+
+std::size_t runNotice(const Notice& notice, QWidget* owner) {
+    if (QGuiApplication::primaryScreen() == nullptr) {
+        throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
+    }
+    QMessageBox box(iconOf(notice.kind), toQt(notice.title), {}, QMessageBox::NoButton, owner);
+    box.setObjectName(QStringLiteral("notice"));
+    // The text comes from outside: it is never read as anything but text.
+    box.setTextFormat(Qt::PlainText);
+    box.setText(toQt(notice.text));
+    std::vector<QPushButton*> buttons;
+    for (const std::string& word : notice.buttons) {
+        QPushButton* button = box.addButton(toQt(word), QMessageBox::AcceptRole);
+        button->setObjectName(toQt("notice_" + std::to_string(buttons.size())));
+        buttons.push_back(button);
+    }
+    box.setDefaultButton(buttons.at(notice.defaultButton));
+    box.setEscapeButton(buttons.at(notice.escapeButton));
+    box.exec();
+    const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    return pressed == buttons.end() ? notice.escapeButton : static_cast<std::size_t>(pressed - buttons.begin());
+}
+
+}  // namespace orv

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <span>
+
+#include "adapters/qt/form_window.h"
+#include "platform/machine/window_system.h"
+
+namespace orv {
+
+/// The windows, in Qt. Where a form's controls stand is asked by the form's name.
+class QtWindowSystem : public WindowSystem {
+public:
+    using Layouts = std::function<std::span<const Placement>(std::string_view form)>;
+
+    QtWindowSystem(Layouts layouts, FormHost& forms) : layouts_(std::move(layouts)), forms_(forms) {}
+
+    void open(Form& form) override;
+    void show(Form& form) override;
+    void close(Form& form) override;
+    void centre(Form& form) override;
+    void runModal(Form& form) override;
+    std::size_t showNotice(const Notice& notice) override;
+    void commitComposition() override;
+    void pointer(bool busy) override;
+    void repaint() override;
+
+private:
+    void sweepLater();
+    QWidget* activeWindow() const;
+
+    Layouts layouts_;
+    FormHost& forms_;
+    std::map<const Form*, FormWindow*> windows_;
+    bool busy_ = false;
+};
+
+}  // namespace orv

@@ -1,0 +1,104 @@
+#include <QLabel>
+#include <QPushButton>
+
+#include "adapters/qt/views/qt_text.h"
+#include "adapters/qt/views/views.h"
+
+namespace orv {
+namespace {
+
+constexpr Colour kMarkedPage{0x996666};
+constexpr Colour kPageButton{0xfff6f6};
+constexpr Colour kActionButton{0xe8f4ff};
+constexpr Colour kWhite{0xffffff};
+constexpr Colour kBlack{0x000000};
+constexpr int kButtonFont = 9;
+
+class LabelView : public ControlView {
+public:
+    LabelView(Label& control, QLabel* label, const PageScale& scale)
+        : ControlView(control, label), caption_(control), label_(*label), scale_(scale) {
+        label_.setTextFormat(Qt::PlainText);
+        label_.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        const LabelLook look = control.labelDesign().look;
+        if (look == LabelLook::Panel) {
+            label_.setFrameStyle(QFrame::Panel | QFrame::Sunken);
+            label_.setAutoFillBackground(true);
+            label_.setBackgroundRole(QPalette::Base);
+            label_.setMargin(scale.length(2));
+        } else if (look == LabelLook::Title) {
+            QPalette palette = label_.palette();
+            palette.setColor(QPalette::WindowText, toQt(kWhite));
+            label_.setPalette(palette);
+        }
+    }
+
+private:
+    void show() override {
+        label_.setFont(scale_.font(caption_.fontSize(), caption_.labelDesign().look == LabelLook::Title));
+        label_.setText(toQt(caption_.caption()));
+    }
+
+    Label& caption_;
+    QLabel& label_;
+    PageScale scale_;
+};
+
+class ButtonView : public ControlView {
+public:
+    ButtonView(Button& control, QPushButton* button, const PageScale& scale)
+        : ControlView(control, button), button_(control), push_(*button), scale_(scale) {
+        push_.setAutoDefault(false);
+        connect(&push_, &QPushButton::clicked, this, [this] { press(); });
+    }
+
+    bool pressedBy(int key) override {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            press();
+            return true;
+        }
+        return false;
+    }
+
+private:
+    void show() override {
+        push_.setText(words());
+        push_.setFont(scale_.font(kButtonFont, button_.buttonDesign().look != ButtonLook::Plain));
+        if (button_.buttonDesign().look == ButtonLook::Plain) {
+            return;
+        }
+        const bool page = button_.buttonDesign().look == ButtonLook::Page;
+        const bool marked = button_.marked();
+        QPalette palette = push_.palette();
+        palette.setColor(QPalette::Button, toQt(marked ? kMarkedPage : page ? kPageButton : kActionButton));
+        palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kBlack));
+        push_.setPalette(palette);
+    }
+
+    QString words() const {
+        const char32_t key = button_.buttonDesign().accessKey;
+        const QString text = toQt(button_.caption());
+        return key == 0 ? text : text + QStringLiteral("(&") + QChar(static_cast<char16_t>(key)) + QStringLiteral(")");
+    }
+
+    void press() {
+        const EventScope scope;
+        button_.press();
+    }
+
+    Button& button_;
+    QPushButton& push_;
+    PageScale scale_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeLabelView(Label& control, QWidget* page, const PageScale& scale) {
+    return std::make_unique<LabelView>(control, new QLabel(page), scale);
+}
+
+std::unique_ptr<ControlView> makeButtonView(Button& control, QWidget* page, const PageScale& scale) {
+    return std::make_unique<ButtonView>(control, new QPushButton(page), scale);
+}
+
+}  // namespace orv

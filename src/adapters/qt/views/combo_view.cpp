@@ -1,0 +1,84 @@
+#include <QAbstractListModel>
+#include <QComboBox>
+#include <QListView>
+#include <QWheelEvent>
+
+#include "adapters/qt/views/qt_text.h"
+#include "adapters/qt/views/views.h"
+
+namespace orv {
+namespace {
+
+/// Reads the entries from the control when they are looked at, so that a long list costs nothing to show.
+class EntryModel : public QAbstractListModel {
+public:
+    EntryModel(const ComboBox& combo, QObject* parent) : QAbstractListModel(parent), combo_(combo) {}
+
+    int rowCount(const QModelIndex&) const override { return combo_.listCount(); }
+    QVariant data(const QModelIndex& index, int role) const override {
+        return role == Qt::DisplayRole || role == Qt::EditRole ? toQt(combo_.list(index.row())) : QVariant();
+    }
+    void readAgain() {
+        beginResetModel();
+        endResetModel();
+    }
+
+private:
+    const ComboBox& combo_;
+};
+
+/// The wheel scrolls past it: it never chooses another entry by accident.
+class ListBox : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+class ComboView : public ControlView {
+public:
+    ComboView(ComboBox& control, ListBox* box)
+        : ControlView(control, box), combo_(control), box_(*box), model_(new EntryModel(control, box)) {
+        box_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box_.setMaxVisibleItems(20);
+        auto* view = new QListView(&box_);
+        view->setUniformItemSizes(true);
+        box_.setView(view);
+        box_.setModel(model_);
+        connect(&box_, &QComboBox::activated, this, [this](int index) { choose(index); });
+    }
+
+private:
+    void show() override {
+        paintWith(QPalette::Button, QPalette::ButtonText);
+        if (version_ != combo_.listVersion()) {
+            version_ = combo_.listVersion();
+            model_->readAgain();
+        }
+        if (box_.currentIndex() != combo_.listIndex()) {
+            box_.setCurrentIndex(combo_.listIndex());
+        }
+    }
+
+    void choose(int index) {
+        const EventScope scope;
+        if (index < combo_.listCount()) {
+            combo_.setListIndex(index);
+        }
+        refresh();
+    }
+
+    ComboBox& combo_;
+    ListBox& box_;
+    EntryModel* model_;
+    int version_ = -1;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeComboView(ComboBox& control, QWidget* page) {
+    return std::make_unique<ComboView>(control, new ListBox(page));
+}
+
+}  // namespace orv

@@ -1,0 +1,74 @@
+#include <QImage>
+#include <QPainter>
+
+#include "adapters/qt/views/qt_text.h"
+#include "adapters/qt/views/views.h"
+
+namespace orv {
+namespace {
+
+constexpr Colour kEmpty{0xf4f4f4};
+constexpr Colour kEdge{0x996666};
+
+/// Paints the picture at its destination; what has been scaled is kept until the picture or the size changes.
+class PictureArea : public QWidget {
+public:
+    PictureArea(const ImageControl& image, QWidget* page, const PageScale& scale)
+        : QWidget(page), image_(image), scale_(scale) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), toQt(kEmpty));
+        if (image_.picture()) {
+            paintPicture(painter);
+        }
+        painter.setPen(toQt(kEdge));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+
+private:
+    void paintPicture(QPainter& painter) {
+        const QRect target = scale_.box(image_.dstRect());
+        const QSize size = (QSizeF(target.size()) * devicePixelRatioF()).toSize();
+        if (size.isEmpty()) {
+            return;
+        }
+        if (shown_ != image_.picture() || scaled_.size() != size) {
+            shown_ = image_.picture();
+            scaled_ = scaledTo(size);
+        }
+        painter.setClipRect(scale_.box(image_.dstClipRect()));
+        painter.drawImage(target, scaled_);
+    }
+
+    QImage scaledTo(QSize size) const {
+        const int width = std::min(size.width(), shown_->width());
+        const int height = std::min(size.height(), shown_->height());
+        const Pixels pixels = shown_->scaled(width, height);
+        const QImage image(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
+                           QImage::Format_RGB32);
+        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+
+    const ImageControl& image_;
+    PageScale scale_;
+    std::shared_ptr<const Picture> shown_;
+    QImage scaled_;
+};
+
+class ImageView : public ControlView {
+public:
+    ImageView(ImageControl& control, PictureArea* area) : ControlView(control, area) {}
+
+private:
+    void show() override { widget().update(); }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeImageView(ImageControl& control, QWidget* page, const PageScale& scale) {
+    return std::make_unique<ImageView>(control, new PictureArea(control, page, scale));
+}
+
+}  // namespace orv

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <string_view>
+
+#include "platform/design.h"
+
+namespace orv {
+
+inline QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline QColor toQt(Colour colour) {
+    return QColor(static_cast<int>(colour.bgr & 0xffU), static_cast<int>((colour.bgr >> 8U) & 0xffU),
+                  static_cast<int>((colour.bgr >> 16U) & 0xffU));
+}
+
+}  // namespace orv

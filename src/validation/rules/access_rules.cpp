@@ -1,0 +1,98 @@
+#include "validation/rules/access_rules.h"
+
+#include "core/record/globals.h"
+#include "validation/rule/rule_tests.h"
+#include "validation/rules/transport_rules.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+using P = frm_CompInp2;
+
+template <auto Member, int Index = -1>
+constexpr ControlRef on = of<P, Member, Index>;
+
+/// What the page writes into an empty address when a link name is typed.
+constexpr std::string_view kUrlPrefix = "http://";
+
+bool unnumbered() { return tCustomerInfo.USER_ID == kNewCompany; }
+bool numbered() { return !unnumbered(); }
+
+bool transportPasses(Refusal& out) {
+    R& record = tCustomerInfo;
+    P& form = page<P>();
+    if (!PF_CheckTransport(record.RAILROAD_CODE, form.btn_SelectRail, record.STATION_CODE, record.WALK_MINUTES,
+                           form.txt_Walk_Minutes, record.BUS_MINUTES, form.txt_Bus_Minutes, record.BUS_ROUTE,
+                           form.txt_Bus_Route, record.BUSSTOP, form.txt_Busstop, record.TEIHO_MINUTES,
+                           form.txt_Thiho_Minutes, out.focus, out.text, record.CAR_TARGET, form.txt_Car_Target,
+                           record.CAR_MINUTES, form.txt_Car_Minutes, record.CAR_DISTANCE, form.txt_Car_Distance)) {
+        return false;
+    }
+    if (out.text.empty()) {
+        return true;
+    }
+    out.id = "CHECK001";
+    return false;
+}
+
+/// The address that the page has preset means that nothing was entered.
+void dropBarePrefix() {
+    if (tCustomerInfo.COMPANY_URL == kUrlPrefix) {
+        tCustomerInfo.COMPANY_URL.clear();
+    }
+}
+
+/// Of two fields that go together one is empty and the other is not; a blank is an entry.
+template <TextField Other>
+Verdict onlyOneFilled(const std::string& value, Refusal&) {
+    return value.empty() != (tCustomerInfo.*Other).empty() ? Verdict::Fails : Verdict::Passes;
+}
+
+Verdict filled(const std::string& value, Refusal&) { return value.empty() ? Verdict::Passes : Verdict::Fails; }
+
+Verdict withoutPrefix(const std::string& address, Refusal& out) {
+    if (address.empty() || address.find(kUrlPrefix) != std::string::npos) {
+        return Verdict::Passes;
+    }
+    return asked("URLに「http://」がありません。", out);
+}
+
+// clang-format off
+constexpr auto kTexts = std::to_array<Rule>({
+    {nullptr, &R::BUS_ROUTE, notAdmitted, on<&P::txt_Bus_Route>},
+    {nullptr, &R::BUSSTOP, notAdmitted, on<&P::txt_Busstop>},
+    {nullptr, &R::CAR_TARGET, notAdmitted, on<&P::txt_Car_Target>},
+    {nullptr, &R::OFFICE_HOURS, notAdmitted, on<&P::txt_Office_Hours>},
+    {nullptr, &R::DAY_OFF, notAdmitted, on<&P::txt_Day_Off>},
+    {nullptr, &R::COMPANY_COMMENT, notAdmitted, on<&P::txt_Company_Comment>},
+    {nullptr, &R::COMPANY_URL, notAdmitted, on<&P::txt_Company_URL>},
+    {nullptr, &R::COMPANY_URL_COMMENT, notAdmitted, on<&P::txt_Company_URL_Comment>},
+});
+
+/// A company that the server has not numbered may not have images; their kinds are not looked at.
+constexpr auto kPairs = std::to_array<Rule>({
+    {nullptr, &R::COMPANY_URL, onlyOneFilled<&R::COMPANY_URL_COMMENT>, on<&P::txt_Company_URL>, "リンク名称とURLは双方の入力が必要です。"},
+    {nullptr, &R::COMPANY_URL, withoutPrefix, on<&P::txt_Company_URL>, "ホームページURL"},
+    {numbered, &R::PHOTO_GRP1, onlyOneFilled<&R::PHOTO_FILE1>, on<&P::cbo_pic_PhotoFile, 0>, "画像種類と画像ファイルは双方の登録が必要です。"},
+    {numbered, &R::PHOTO_GRP2, onlyOneFilled<&R::PHOTO_FILE2>, on<&P::cbo_pic_PhotoFile, 1>, "画像種類と画像ファイルは双方の登録が必要です。"},
+    {unnumbered, &R::PHOTO_FILE1, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
+    {unnumbered, &R::PHOTO_FILE2, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
+});
+// clang-format on
+
+bool accessPasses(Refusal& out) {
+    if (!transportPasses(out) || !passes(kTexts, out)) {
+        return false;
+    }
+    dropBarePrefix();
+    return passes(kPairs, out);
+}
+
+}  // namespace
+
+bool PF_CheckFrmCompInp2Data(Refusal& out) {
+    return checked("[ PF_CheckFrmCompInp2Data ] ", out, [&] { return accessPasses(out); });
+}
+
+}  // namespace orv

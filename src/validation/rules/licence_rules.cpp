@@ -1,0 +1,95 @@
+#include "validation/rules/licence_rules.h"
+
+#include <cmath>
+
+#include "core/record/globals.h"
+#include "platform/machine/clock.h"
+#include "platform/machine/japanese_calendar.h"
+#include "platform/number_text.h"
+#include "platform/services.h"
+#include "validation/rule/rule_tests.h"
+#include "validation/text/blanks.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+using P = frm_CompInp1;
+
+template <auto Member, int Index = -1>
+constexpr ControlRef on = of<P, Member, Index>;
+
+constexpr std::string_view kWestern = "西暦";
+constexpr std::string_view kComparable = "yyyymmdd";
+constexpr double kMostOfADate = 9999;
+
+bool unlicensed() {
+    const std::string kind = trimmed(tCustomerInfo.LICENSE_NO);
+    return kind == "貸主" || kind == "無し";
+}
+
+bool licensed() { return !unlicensed(); }
+
+/// At least two digits. What is no number, or none of a date, stays as it is, and then the date can't be read.
+std::string twoDigits(const std::string& text) {
+    const std::optional<double> number = readNumber(text);
+    if (!number || std::abs(*number) > kMostOfADate) {
+        return text;
+    }
+    const std::string digits = std::to_string(std::lround(*number));
+    return digits.size() < 2 ? "0" + digits : digits;
+}
+
+std::string expiryText() {
+    const R& record = tCustomerInfo;
+    const std::string era = record.VALID_LICENSE_NENGOU == kWestern ? "" : record.VALID_LICENSE_NENGOU;
+    return era + twoDigits(record.VALID_LICENSE_DATE_YEAR) + "年" + twoDigits(record.VALID_LICENSE_DATE_MONTH) + "月" +
+           twoDigits(record.VALID_LICENSE_DATE_DAY) + "日";
+}
+
+/// The day as one number; a text that is no date is failure 13.
+std::int32_t dayNumber(const std::string& dateText) {
+    const std::optional<DateTime> date = services().calendar->dateOf(dateText);
+    return toLong(date ? formatMoment(*date, kComparable) : dateText);
+}
+
+Verdict expired(const std::string&, Refusal&) {
+    const std::int32_t today = toLong(formatMoment(services().clock->now(), kComparable));
+    return dayNumber(expiryText()) < today ? Verdict::Fails : Verdict::Passes;
+}
+
+Verdict licenceFilled(const std::string&, Refusal&) {
+    constexpr std::array kLicenceFields{
+        &R::LICENSE_NO_DAI,           &R::LICENSE_NO_GO,         &R::GET_LICENSE_NENGOU,   &R::GET_LICENSE_DATE_YEAR,
+        &R::GET_LICENSE_DATE_MONTH,   &R::GET_LICENSE_DATE_DAY,  &R::VALID_LICENSE_NENGOU, &R::VALID_LICENSE_DATE_YEAR,
+        &R::VALID_LICENSE_DATE_MONTH, &R::VALID_LICENSE_DATE_DAY};
+    const bool empty =
+        std::ranges::all_of(kLicenceFields, [](TextField field) { return isBlank(tCustomerInfo.*field); });
+    return empty ? Verdict::Passes : Verdict::Fails;
+}
+
+// An expired licence sends the focus to the list that opens the two dates, and not to the expiry date. The last text
+// writes "なし" where the list has "無し".
+// clang-format off
+constexpr auto kRules = std::to_array<Rule>({
+    {licensed, &R::LICENSE_NO_DAI, blank, on<&P::txt_License_no_Dai>, "免許番号　第"},
+    {licensed, &R::LICENSE_NO_GO, blank, on<&P::txt_License_No_Go>, "免許番号　号"},
+    {licensed, &R::GET_LICENSE_NENGOU, blank, on<&P::cbo_Get_License_Nengou>, "免許登録日（年号）"},
+    {licensed, &R::GET_LICENSE_DATE_YEAR, blank, on<&P::txt_Get_License_Date, 0>, "免許登録日（年）"},
+    {licensed, &R::GET_LICENSE_DATE_MONTH, blank, on<&P::txt_Get_License_Date, 1>, "免許登録日（月）"},
+    {licensed, &R::GET_LICENSE_DATE_DAY, blank, on<&P::txt_Get_License_Date, 2>, "免許登録日（日）"},
+    {licensed, &R::VALID_LICENSE_NENGOU, blank, on<&P::cbo_Valid_License_Nengou>, "免許有効期限（年号）"},
+    {licensed, &R::VALID_LICENSE_DATE_YEAR, blank, on<&P::txt_Valid_License_Date, 0>, "免許有効期限（年）"},
+    {licensed, &R::VALID_LICENSE_DATE_MONTH, blank, on<&P::txt_Valid_License_Date, 1>, "免許有効期限（月）"},
+    {licensed, &R::VALID_LICENSE_DATE_DAY, blank, on<&P::txt_Valid_License_Date, 2>, "免許有効期限（日）"},
+    {licensed, &R::VALID_LICENSE_NENGOU, expired, on<&P::cbo_Get_License_Nengou>, "免許有効期限が切れております。\r\n免許有効期限を正しく入力して下さい。", "CHECK004"},
+    {unlicensed, &R::LICENSE_NO, licenceFilled, on<&P::cbo_License_No>, "免許番号が「なし」「貸主」の場合は\r\n免許期限は入力できません。"},
+});
+// clang-format on
+
+}  // namespace
+
+bool licencePasses(Refusal& out) { return passes(kRules, out); }
+
+}  // namespace orv

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "desk.h"
+
+namespace desk {
+
+/// A virtual display, the suite's server, and an office of its own for each test.
+class EndToEnd : public ::testing::Test {
+protected:
+    EndToEnd() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "orv-desk-XXXXXX").string();
+        folder_ = mkdtemp(pattern.data());
+        server_ = std::make_unique<ServerDesk>(folder_ / "server");
+        office_ = std::make_unique<Office>(folder_ / "office", server_->port());
+    }
+    ~EndToEnd() override {
+        server_->stop();
+        std::filesystem::remove_all(folder_);
+    }
+
+    Terminal terminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
+
+    /// Answers the question or notice that is on the screen: Return presses its default button.
+    void answer(Terminal& at, const std::string& keys) {
+        ASSERT_TRUE(at.waitForNotice());
+        at.key(keys);
+    }
+
+    std::string locks() const {
+        return office_->ask(
+            "select USER_ID || ' ' || LOCAL_INFO from TBL_LOCK where USER_ID <> '000004606' order by 1");
+    }
+    std::string field(const std::string& name, const std::string& user = "000004601") const {
+        return office_->ask("select " + name +
+                            " from TBL_CUSTOMER_INFO A left join TBL_CUSTOMER_ADD B on A.USER_ID = "
+                            "B.USER_ID where A.USER_ID = '" +
+                            user + "'");
+    }
+
+    std::filesystem::path folder_;
+    VirtualDisplay display_;
+    std::unique_ptr<ServerDesk> server_;
+    std::unique_ptr<Office> office_;
+};
+
+inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+inline bool sameContent(const std::filesystem::path& a, const std::filesystem::path& b) {
+    std::ifstream first(a, std::ios::binary);
+    std::ifstream second(b, std::ios::binary);
+    return first && second &&
+           std::string(std::istreambuf_iterator<char>(first), {}) ==
+               std::string(std::istreambuf_iterator<char>(second), {});
+}
+
+}  // namespace desk

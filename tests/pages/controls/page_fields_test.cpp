@@ -1,0 +1,223 @@
+#include <array>
+
+#include "pages/controls/page_set.h"
+#include "support/form_test.h"
+
+namespace orv {
+namespace {
+
+class PageFields : public FormTest {
+protected:
+    ~PageFields() override { dropPages(); }
+};
+
+template <class F>
+TextInput& text(std::string_view name, int index = -1) {
+    return dynamic_cast<TextInput&>(*page<F>().find(name, index));
+}
+
+struct EntryRow {
+    TextInput& (*field)(std::string_view, int);
+    std::string_view name;
+    std::string entered;
+    std::string taken;
+};
+
+std::string times(std::size_t count, std::string_view piece) {
+    std::string result;
+    for (std::size_t i = 0; i < count; ++i) {
+        result += piece;
+    }
+    return result;
+}
+
+constexpr auto kPage0 = &text<frm_CompInp0>;
+constexpr auto kPage1 = &text<frm_CompInp1>;
+constexpr auto kPage2 = &text<frm_CompInp2>;
+
+// Characters of every kind: what is left of them shows the field's mask.
+constexpr std::string_view kAllKinds = "5bC-ｱ５ｂＣ－ア漢";
+
+TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
+    const std::array<EntryRow, 15> rows{{
+        {kPage0, "txt_User_Passwd", "5bC-ｱ漢", "5bC-"},
+        {kPage0, "txt_Company_Name", std::string(kAllKinds), "5bC-５ｂＣ－ア漢"},
+        // Half-width katakana arrive in full width.
+        {kPage0, "txt_Company_Kana", std::string(kAllKinds), "ア５ｂＣ－ア"},
+        {kPage0, "txt_Daihyo_Name_Kana", std::string(kAllKinds), "ア５ｂＣ－ア"},
+        {kPage0, "txt_Post_Code", std::string(kAllKinds), "5-"},
+        {kPage0, "txt_Address", std::string(kAllKinds), std::string(kAllKinds)},
+        {kPage0, "txt_Pc_Address", std::string(kAllKinds), "5bC-５ｂＣ－ア漢"},
+        {kPage0, "txt_Address_number", std::string(kAllKinds), "5"},
+        {kPage0, "txt_Tel_No1", "03-1234(5678)a", "03-1234(5678)"},
+        {kPage0, "txt_Mail_Address", "a.B-9@ｱ例.jp ", "a.B-9@.jp"},
+        {kPage1, "txt_License_No_Go", std::string(kAllKinds), "5"},
+        {kPage1, "txt_Other_Dantai_Name", std::string(kAllKinds), std::string(kAllKinds)},
+        {kPage2, "txt_Walk_Minutes", std::string(kAllKinds), "5"},
+        {kPage2, "txt_Bus_Route", std::string(kAllKinds), std::string(kAllKinds)},
+        {kPage2, "txt_Company_URL", "http://a-B.jp/~x?y=1 漢", "http://a-B.jp/~x?y=1"},
+    }};
+    for (const EntryRow& row : rows) {
+        EXPECT_EQ(row.field(row.name, -1).typed("", row.entered, ""), row.taken) << row.name;
+    }
+}
+
+struct LengthRow {
+    TextInput& (*field)(std::string_view, int);
+    std::string_view name;
+    /// Of the piece, how often it fits.
+    std::string_view piece;
+    std::size_t fits;
+};
+
+TEST_F(PageFields, TakeAsMuchAsTheyCanHold) {
+    const auto rows = std::to_array<LengthRow>({
+        {kPage0, "txt_User_Passwd", "a", 10},
+        {kPage0, "txt_Group_Name", "漢", 20},
+        {kPage0, "txt_Company_Name", "漢", 30},
+        {kPage0, "txt_Company_Kana", "ア", 60},
+        {kPage0, "txt_Office_Name", "漢", 30},
+        {kPage0, "txt_Post_Code", "1", 8},
+        {kPage0, "txt_Address", "漢", 60},
+        {kPage0, "txt_Address_number", "1", 4},
+        {kPage0, "txt_Address_Gou", "1", 4},
+        {kPage0, "txt_Address_Other", "漢", 30},
+        {kPage0, "txt_Daihyo_Name", "漢", 20},
+        {kPage0, "txt_Daihyo_Name_Kana", "ア", 40},
+        {kPage0, "txt_Takken_Syunin_Name", "a", 40},
+        {kPage0, "txt_Tanto_Name", "漢", 20},
+        {kPage0, "txt_Tel_No1", "1", 13},
+        {kPage0, "txt_Tel_No2", "1", 13},
+        {kPage0, "txt_Fax_No", "1", 13},
+        {kPage0, "txt_Mail_Address", "a", 64},
+        {kPage0, "txt_Pc_Post_Code", "1", 8},
+        {kPage0, "txt_Pc_Address", "漢", 60},
+        {kPage0, "txt_Pc_Address_number", "1", 4},
+        {kPage0, "txt_Pc_Address_Gou", "1", 4},
+        {kPage0, "txt_Pc_Office_Name", "漢", 30},
+        {kPage0, "txt_Pc_Tanto_Name", "漢", 30},
+        {kPage0, "txt_Pc_Tel_No1", "1", 13},
+        {kPage0, "txt_Pc_Tel_No2", "1", 13},
+        {kPage0, "txt_Pc_Fax_No", "1", 13},
+        {kPage0, "txt_Pc_Mail_Address", "a", 64},
+        {kPage1, "txt_License_no_Dai", "1", 2},
+        {kPage1, "txt_License_No_Go", "1", 6},
+        {kPage1, "txt_Other_Dantai_Name", "漢", 30},
+        {kPage2, "txt_Walk_Minutes", "1", 2},
+        {kPage2, "txt_Bus_Route", "漢", 24},
+        {kPage2, "txt_Bus_Minutes", "1", 2},
+        {kPage2, "txt_Busstop", "漢", 12},
+        {kPage2, "txt_Thiho_Minutes", "1", 2},
+        {kPage2, "txt_Car_Target", "漢", 12},
+        {kPage2, "txt_Car_Minutes", "1", 2},
+        {kPage2, "txt_Company_URL", "a", 96},
+        {kPage2, "txt_Company_URL_Comment", "漢", 64},
+        {kPage2, "txt_Company_Comment", "漢", 100},
+        {kPage2, "txt_Day_Off", "漢", 50},
+        {kPage2, "txt_Office_Hours", "漢", 50},
+    });
+    for (const LengthRow& row : rows) {
+        const std::string full = times(row.fits, row.piece);
+        EXPECT_EQ(row.field(row.name, -1).typed("", full + std::string(row.piece), ""), full) << row.name;
+    }
+}
+
+TEST_F(PageFields, CodesThatTheSearchProgramsWriteAreNeitherSeenNorCut) {
+    const std::string code(200, '9');
+    for (TextInput* field : {&page<frm_CompInp0>().txt_Address_Code, &page<frm_CompInp0>().txt_Pc_Address_Code,
+                             &page<frm_CompInp2>().txt_Railroad_Code, &page<frm_CompInp2>().txt_Station_Code,
+                             &page<frm_CompInp2>().txt_PhotoFilePath[0], &page<frm_CompInp2>().txt_PhotoFilePath[1]}) {
+        EXPECT_EQ(field->typed("", code, ""), code) << field->objectName();
+        EXPECT_FALSE(field->focusable()) << field->objectName();
+    }
+}
+
+std::size_t countOf(const Form& form, Colour back) {
+    std::size_t count = 0;
+    for (const Control* control : form.controls()) {
+        count += control->backColour() == back ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(PageFields, StartInTheColoursOfWhatTheyAsk) {
+    const frm_CompInp0& first = page<frm_CompInp0>();
+    EXPECT_EQ(countOf(first, kRequiredField), 11U);
+    EXPECT_EQ(countOf(first, kOptionalField), 5U);
+    EXPECT_EQ(countOf(first, kDisabledField), 11U);
+    for (const Control* control : first.controls()) {
+        if (control->backColour() == kDisabledField) {
+            EXPECT_FALSE(control->enabled()) << control->name();
+        }
+    }
+    // Grey in their colour only when the address is locked; until then required, but closed.
+    EXPECT_FALSE(first.txt_Post_Code.enabled());
+    EXPECT_FALSE(first.txt_Address.enabled());
+    EXPECT_EQ(countOf(page<frm_CompInp1>(), kRequiredField), 8U);
+    EXPECT_EQ(countOf(page<frm_CompInp2>(), kRequiredField), 0U);
+    EXPECT_EQ(countOf(page<frm_ChangePassword>(), kRequiredField), 3U);
+}
+
+TEST_F(PageFields, OnlyTheBoxOfTheEqualPlaceStartsTicked) {
+    for (int number = 0; number < kPageCount; ++number) {
+        for (Control* control : pageAt(number).controls()) {
+            const auto* box = dynamic_cast<CheckBox*>(control);
+            if (box == nullptr) {
+                continue;
+            }
+            const bool ticked = box->name() == "chk_EqualData";
+            EXPECT_EQ(box->value(), ticked ? 1 : 0) << box->objectName();
+            EXPECT_EQ(box->backColour(), ticked ? kTickOn : kTickOff) << box->objectName();
+            EXPECT_EQ(box->foreColour(), ticked ? kTickOnText : kTickOffText) << box->objectName();
+        }
+    }
+}
+
+TEST_F(PageFields, DatesAndDistanceKeepToTheirRanges) {
+    frm_CompInp1& licence = page<frm_CompInp1>();
+    const std::array<std::array<std::string, 4>, 3> ends{
+        {{"0", "1", "9999", "10000"}, {"0", "1", "12", "13"}, {"0", "1", "31", "32"}}};
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        for (NumberInput* input : {&licence.txt_Get_License_Date[i], &licence.txt_Valid_License_Date[i]}) {
+            EXPECT_FALSE(input->typed(ends[i][0])) << input->objectName();
+            EXPECT_TRUE(input->typed(ends[i][1])) << input->objectName();
+            EXPECT_TRUE(input->typed(ends[i][2])) << input->objectName();
+            EXPECT_FALSE(input->typed(ends[i][3])) << input->objectName();
+        }
+    }
+    NumberInput& distance = page<frm_CompInp2>().txt_Car_Distance;
+    EXPECT_TRUE(distance.typed("0"));
+    EXPECT_TRUE(distance.typed("99.9"));
+    EXPECT_EQ(distance.text(), "99.9");
+    EXPECT_FALSE(distance.typed("100"));
+}
+
+bool hasSpokenText(const Control& control) {
+    if (const auto* field = dynamic_cast<const TextInput*>(&control)) {
+        return !field->textDesign().caption.empty() || !field->textDesign().spokenName.empty();
+    }
+    if (const auto* field = dynamic_cast<const NumberInput*>(&control)) {
+        return !field->numberDesign().caption.empty() || !field->numberDesign().spokenName.empty();
+    }
+    if (const auto* field = dynamic_cast<const ComboBox*>(&control)) {
+        return !field->caption().empty() || !field->spokenName().empty();
+    }
+    if (const auto* field = dynamic_cast<const CheckBox*>(&control)) {
+        return !field->checkDesign().caption.empty() || !field->checkDesign().spokenName.empty();
+    }
+    return !dynamic_cast<const Button&>(control).caption().empty();
+}
+
+TEST_F(PageFields, EverythingThatCanHaveTheFocusCanBeSpokenOf) {
+    for (int number = 0; number < kPageCount; ++number) {
+        for (Control* control : pageAt(number).controls()) {
+            control->setEnabled(true);
+            if (control->focusable()) {
+                EXPECT_TRUE(hasSpokenText(*control)) << control->objectName();
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace orv

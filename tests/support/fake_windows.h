@@ -1,0 +1,99 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "platform/forms/form.h"
+#include "platform/machine/window_system.h"
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+/// Shows nothing. The test says beforehand what the operator answers to each question and does in each modal form.
+/// A question or a modal form that the test has not foreseen fails it, and so does an answer that nobody asked for and
+/// a modal form that its script leaves open.
+class ScriptedWindows : public WindowSystem {
+public:
+    /// What the operator does in a modal form; the form must be unloaded at the end.
+    using Script = std::function<void(Form&)>;
+
+    ~ScriptedWindows() override {
+        EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers that nobody asked for";
+        for (const auto& [form, scripts] : scripts_) {
+            EXPECT_TRUE(scripts.empty()) << form << " was not opened as often as foreseen";
+        }
+    }
+
+    /// The place of the button that answers the next notice with more than one.
+    void answer(std::size_t button) { answers_.push_back(button); }
+    /// For one opening of the form.
+    void onModal(const std::string& form, Script script) { scripts_[form].push_back(std::move(script)); }
+
+    /// Every notice, those with a single button too.
+    std::vector<Notice> notices;
+    /// "open frm_CompInp0" and the like, in order.
+    std::vector<std::string> calls;
+    bool busy = false;
+    int commits = 0;
+    int repaints = 0;
+    /// The next call that is recorded as that is refused.
+    std::string refused;
+
+    void open(Form& form) override { record("open", form); }
+    void show(Form& form) override { record("show", form); }
+    void close(Form& form) override { record("close", form); }
+    void centre(Form& form) override { record("centre", form); }
+    void runModal(Form& form) override;
+    std::size_t showNotice(const Notice& notice) override;
+    void commitComposition() override { ++commits; }
+    void pointer(bool on) override { busy = on; }
+    void repaint() override { ++repaints; }
+
+private:
+    void record(const std::string& what, const Form& form) {
+        const std::string call = what + " " + form.name();
+        if (call == refused) {
+            refused.clear();
+            throw RunTimeError(Failure::OutOfMemory);
+        }
+        calls.push_back(call);
+    }
+
+    std::deque<std::size_t> answers_;
+    std::map<std::string, std::deque<Script>> scripts_;
+};
+
+inline void ScriptedWindows::runModal(Form& form) {
+    record("modal", form);
+    auto& scripts = scripts_[form.name()];
+    if (scripts.empty()) {
+        ADD_FAILURE() << form.name() << " was opened and nobody has foreseen it";
+        throw RunTimeError(Failure::Internal);
+    }
+    const Script script = scripts.front();
+    scripts.pop_front();
+    script(form);
+    EXPECT_FALSE(form.loaded()) << form.name() << " is still open after its script";
+}
+
+inline std::size_t ScriptedWindows::showNotice(const Notice& notice) {
+    notices.push_back(notice);
+    if (notice.buttons.size() == 1) {
+        return 0;
+    }
+    if (answers_.empty()) {
+        ADD_FAILURE() << "nobody has foreseen the question: " << notice.text;
+        return notice.escapeButton;
+    }
+    const std::size_t answer = answers_.front();
+    answers_.pop_front();
+    EXPECT_LT(answer, notice.buttons.size()) << notice.text;
+    return answer;
+}
+
+}  // namespace orv

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// Milliseconds that one run of `work` takes.
+inline double timed(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+inline double median(std::vector<double> values) {
+    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
+    return values[values.size() / 2];
+}
+
+struct Result {
+    double ours = 0;
+    double peer = 0;
+};
+
+/// Runs both in turn, so that what else the machine does meets both; the medians.
+inline Result alternately(int rounds, const std::function<void()>& ours, const std::function<void()>& peer) {
+    std::vector<double> oursTimes;
+    std::vector<double> peerTimes;
+    for (int i = 0; i < rounds; ++i) {
+        oursTimes.push_back(timed(ours));
+        peerTimes.push_back(timed(peer));
+    }
+    return {median(oursTimes), median(peerTimes)};
+}
+
+inline void print(const std::string& name, const Result& result) {
+    std::printf("%s ours=%.2f peer=%.2f ratio=%.2f unit=ms\n", name.c_str(), result.ours, result.peer,
+                result.ours / result.peer);
+}
+
+Result start(const std::string& folder);
+Result save(const std::string& folder);
+/// `companies`: how many the store holds.
+Result list(const std::string& folder, int companies);
+
+}  // namespace bench

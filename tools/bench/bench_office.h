@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "adapters/qt/application.h"
+#include "app/compose.h"
+#include "app/tie_system.h"
+#include "core/flow/start.h"
+#include "desk.h"
+#include "platform/services.h"
+
+namespace bench {
+
+/// A message service that shows nothing and answers that the action goes on: the benchmark has no operator.
+class Silent : public orv::MessageService {
+public:
+    orv::FailureRecord ErrorInfo() const override { return {}; }
+    std::int32_t LastAnswer() const override { return 0; }
+    bool ShowMessage(const std::string& id, const orv::Values&) override {
+        last_ = id;
+        return true;
+    }
+    const std::string& last() const { return last_; }
+
+private:
+    std::string last_;
+};
+
+/// The program itself in an office, without a screen and without an operator.
+class RunningProgram {
+public:
+    RunningProgram(const desk::Office& office, const std::string& argument)
+        : composition_((office.drive() / "ORV/BIN").string()) {
+        orv::services().message = &silent_;
+        orv::services().commandTail = argument;
+        orv::tieSystem();
+        orv::Main();
+    }
+
+    const Silent& messages() const { return silent_; }
+
+private:
+    orv::Composition composition_;
+    Silent silent_;
+};
+
+}  // namespace bench

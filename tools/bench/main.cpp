@@ -1,0 +1,24 @@
+// bench [start|save|list] FOLDER: one line a benchmark. FOLDER: where offices are made.
+#include <iostream>
+
+#include "bench.h"
+
+int main(int argc, char* argv[]) {
+    if (argc < 2) {
+        std::cerr << "bench FOLDER [start|save|list]\n";
+        return 2;
+    }
+    const std::string folder = argv[1];
+    const std::string only = argc > 2 ? argv[2] : "";
+    if (only.empty() || only == "start") {
+        bench::print("start", bench::start(folder));
+    }
+    if (only.empty() || only == "save") {
+        bench::print("save", bench::save(folder));
+    }
+    if (only.empty() || only == "list") {
+        bench::print("list100000", bench::list(folder, 100000));
+        bench::print("list10000", bench::list(folder, 10000));
+    }
+    return 0;
+}

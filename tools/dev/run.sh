@@ -1,0 +1,56 @@
+# The program on an office of its own, with the server stand-in beside it.
+
+OFFICE=office
+
+withServer() {
+    mkdir -p "$OFFICE-server"
+    rm -f "$OFFICE-server/port"
+    build/dev/tools/suite_server/suite_server --port 0 --folder "$OFFICE-server" >/dev/null &
+    SERVER=$!
+    trap 'kill $SERVER 2>/dev/null || true' EXIT
+    local tries
+    for tries in $(seq 100); do
+        [ -s "$OFFICE-server/port" ] && return
+        sleep 0.05
+    done
+    echo "The server did not start." >&2
+    exit 1
+}
+
+# What the store, the server and the log hold after the session.
+reportOffice() {
+    local store="$OFFICE/C/ORV/MDB/ORVESTATE.MDB" user="${1%%,*}"
+    echo "== store: $user"
+    sqlite3 -line "$store" "select A.USER_ID, COMPANY_NAME, TANTO_NAME, UPDATE_DATE, PWD_CHG_FLG, DAY_OFF, PHOTO_FILE1,
+        PHOTO_FILE2, SEND_FLAG from TBL_CUSTOMER_INFO A join TBL_CUSTOMER_ADD B on A.USER_ID = B.USER_ID
+        where A.USER_ID = '$user'"
+    echo "== locks"
+    sqlite3 "$store" "select USER_ID, PROPERTY_TYPE_CODE, LOCAL_INFO, INSERT_DATE from TBL_LOCK"
+    echo "== server"
+    cat "$OFFICE-server/requests.log" 2>/dev/null || true
+    echo "== err log"
+    find "$OFFICE/C/ORV/LOG" -name '*_err.log' -exec iconv -f CP932 -t UTF-8 {} +
+    echo "== menu"
+    cat "$OFFICE/C/ORV/LOG/menu_started.log" 2>/dev/null || true
+}
+
+run() {
+    local keep=no
+    if [ "${1:-}" = --keep ]; then
+        keep=yes
+        shift
+    fi
+    local argument="${1:-000004601,1,0}"
+    buildPreset dev company_information suite_server operator
+    withServer
+    if [ "$keep" = no ] || [ ! -d "$OFFICE" ]; then
+        tools/make_office.sh "$OFFICE" build/dev/src/app/company_information "$(cat "$OFFICE-server/port")"
+    fi
+    if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+        "$OFFICE/C/ORV/BIN/KELT_COS.EXE" "$argument"
+        return
+    fi
+    build/dev/tools/operator/operator session "$OFFICE" "$OFFICE-pictures" "$argument"
+    reportOffice "$argument"
+    echo "== pictures of the pages: $OFFICE-pictures"
+}

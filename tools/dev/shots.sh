@@ -1,0 +1,11 @@
+# A picture of each page and dialog of the sample company.
+
+shots() {
+    source tools/dev/run.sh
+    local folder="${1:?./dev shots DIR}"
+    buildPreset dev company_information suite_server operator
+    OFFICE=build/shots-office
+    withServer
+    tools/make_office.sh "$OFFICE" build/dev/src/app/company_information "$(cat "$OFFICE-server/port")"
+    build/dev/tools/operator/operator shots "$OFFICE" "$folder"
+}

@@ -1,0 +1,192 @@
+#include "desk.h"
+
+#include <signal.h>
+
+#include <array>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+
+#include "adapters/text/cp932.h"
+#include "pages/controls/page_form.h"
+#include "pages/layout/layouts.h"
+
+namespace desk {
+namespace {
+
+using namespace std::chrono_literals;
+namespace fs = std::filesystem;
+
+constexpr auto kPatience = 10s;
+constexpr const char* kNoticeTitle = "会社情報設定";
+
+std::string contentOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+}  // namespace
+
+bool eventually(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) {
+            return false;
+        }
+        std::this_thread::sleep_for(20ms);
+    }
+    return true;
+}
+
+VirtualDisplay::VirtualDisplay() {
+    const fs::path told = fs::temp_directory_path() / ("orv-display-" + std::to_string(getpid()));
+    const std::string command = "exec Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>" + told.string();
+    server_ = std::make_unique<Process>(std::vector<std::string>{"bash", "-c", command + " 2>/dev/null"});
+    const bool up = eventually([&] { return contentOf(told).ends_with('\n'); });
+    name_ = ":" + contentOf(told);
+    fs::remove(told);
+    if (!up) {
+        throw std::runtime_error("no virtual display");
+    }
+    name_.pop_back();
+    windowManager_ = std::make_unique<Process>(std::vector<std::string>{"openbox"}, Environment{{"DISPLAY", name_}});
+    std::this_thread::sleep_for(300ms);
+}
+
+ServerDesk::ServerDesk(const fs::path& folder) : folder_(folder) {
+    fs::create_directories(folder_);
+    process_ =
+        std::make_unique<Process>(std::vector<std::string>{SUITE_SERVER, "--port", "0", "--folder", folder_.string()});
+    if (!eventually([&] { return !contentOf(folder_ / "port").empty(); })) {
+        throw std::runtime_error("the server did not start");
+    }
+    port_ = contentOf(folder_ / "port");
+    while (port_.ends_with('\n')) {
+        port_.pop_back();
+    }
+}
+
+std::string ServerDesk::log() const { return contentOf(folder_ / "requests.log"); }
+
+void ServerDesk::misbehave(const std::string& how) const {
+    outputOf({"curl", "-sS", "--data-binary", how, "http://127.0.0.1:" + port_ + "/misbehave"});
+}
+
+Office::Office(fs::path folder, const std::string& port) : folder_(std::move(folder)) {
+    outputOf({MAKE_OFFICE, folder_.string(), PROGRAM, port});
+}
+
+std::string Office::ask(const std::string& sql) const { return outputOf({"sqlite3", store().string(), sql}); }
+
+void Office::change(const std::string& sql) const { ask(sql); }
+
+std::string Office::errLog() const {
+    std::string bytes;
+    for (const auto& entry : fs::recursive_directory_iterator(drive() / "ORV/LOG")) {
+        if (entry.path().string().ends_with("_err.log")) {
+            bytes += contentOf(entry.path());
+        }
+    }
+    return orv::Cp932().decode(bytes);
+}
+
+int Office::menuStarts() const {
+    const std::string log = contentOf(drive() / "ORV/LOG/menu_started.log");
+    return static_cast<int>(std::count(log.begin(), log.end(), '\n'));
+}
+
+Terminal::Terminal(const Office& office, std::string display, std::string computer)
+    : office_(office),
+      environment_{{"DISPLAY", std::move(display)},
+                   {"ORV_COMPUTER_NAME", std::move(computer)},
+                   {"QT_QPA_PLATFORM", "xcb"},
+                   {"ORV_SCALE", "1"}} {}
+
+void Terminal::start(const std::string& argument) {
+    process_ = std::make_unique<Process>(
+        std::vector<std::string>{(office_.drive() / "ORV/BIN/KELT_COS.EXE").string(), argument}, environment_);
+}
+
+std::string Terminal::tool(std::initializer_list<std::string> arguments) const {
+    std::vector<std::string> command{"xdotool"};
+    command.insert(command.end(), arguments);
+    return outputOf(command, environment_);
+}
+
+bool Terminal::waitForWindow(const std::string& title) {
+    return eventually([&] {
+        window_ = tool({"search", "--onlyvisible", "--name", "^" + title + "$"});
+        window_ = window_.substr(0, window_.find('\n'));
+        return !window_.empty();
+    });
+}
+
+bool Terminal::waitForPage(int number) {
+    form_ = "frm_CompInp" + std::to_string(number);
+    const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
+    const bool there = waitForWindow("お客様情報設定 - " + button);
+    std::this_thread::sleep_for(200ms);
+    return there;
+}
+
+bool Terminal::waitForNotice() {
+    const bool there = waitForWindow(kNoticeTitle);
+    std::this_thread::sleep_for(150ms);
+    return there;
+}
+
+bool Terminal::noticeGone() {
+    return eventually([&] {
+        return tool({"search", "--onlyvisible", "--name", std::string("^") + kNoticeTitle + "$"}).empty();
+    });
+}
+
+void Terminal::click(const std::string& control, int index) {
+    for (const orv::Placement& place : orv::layoutOf(form_)) {
+        if (place.control == control && place.index == index) {
+            const int x = place.box.x + place.box.width / 2;
+            const int y = place.box.y + place.box.height / 2;
+            tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click", "1"});
+            std::this_thread::sleep_for(80ms);
+            return;
+        }
+    }
+    throw std::runtime_error("no control " + control + " on " + form_);
+}
+
+void Terminal::enter(const std::string& control, const std::string& text) {
+    click(control);
+    key("ctrl+a");
+    const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
+    std::ofstream(file, std::ios::binary) << text;
+    outputOf({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);
+    fs::remove(file);
+    key("ctrl+v");
+}
+
+void Terminal::key(const std::string& keys) {
+    tool({"key", "--clearmodifiers", keys});
+    std::this_thread::sleep_for(80ms);
+}
+
+void Terminal::typeAscii(const std::string& text) {
+    tool({"type", "--delay", "15", text});
+    std::this_thread::sleep_for(80ms);
+}
+
+void Terminal::shot(const fs::path& picture) const {
+    std::this_thread::sleep_for(150ms);
+    outputOf({"import", "-window", window_, picture.string()}, environment_);
+}
+
+std::optional<int> Terminal::waitForEnd() { return process_->wait(kPatience); }
+
+void Terminal::kill() {
+    process_->signal(SIGKILL);
+    process_->wait(kPatience);
+}
+
+}  // namespace desk

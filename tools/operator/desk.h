@@ -1,0 +1,106 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "process.h"
+
+namespace desk {
+
+/// An X display that nobody sees, with a window manager, as long as the object lives.
+class VirtualDisplay {
+public:
+    VirtualDisplay();
+
+    const std::string& name() const { return name_; }
+
+private:
+    std::string name_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> windowManager_;
+};
+
+/// The suite's server, on a free port, with its own folder.
+class ServerDesk {
+public:
+    explicit ServerDesk(const std::filesystem::path& folder);
+
+    const std::string& port() const { return port_; }
+    const std::filesystem::path& folder() const { return folder_; }
+    /// Its log, a line a request.
+    std::string log() const;
+    void misbehave(const std::string& how) const;
+    void stop() { process_.reset(); }
+
+private:
+    std::filesystem::path folder_;
+    std::string port_;
+    std::unique_ptr<Process> process_;
+};
+
+/// A copy of the sample office with the program in it.
+class Office {
+public:
+    Office(std::filesystem::path folder, const std::string& port);
+    /// One that has been made before.
+    static Office standing(std::filesystem::path folder) { return Office(std::move(folder)); }
+
+    const std::filesystem::path& folder() const { return folder_; }
+    std::filesystem::path drive() const { return folder_ / "C"; }
+    std::filesystem::path store() const { return drive() / "ORV/MDB/ORVESTATE.MDB"; }
+    /// What the store answers to a select: columns parted by "|", rows by line breaks.
+    std::string ask(const std::string& sql) const;
+    void change(const std::string& sql) const;
+    /// The err logs of all days, as UTF-8.
+    std::string errLog() const;
+    /// How often the menu was started.
+    int menuStarts() const;
+
+private:
+    explicit Office(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    std::filesystem::path folder_;
+};
+
+/// The program at work in an office, in a real window, worked by real key and mouse events.
+class Terminal {
+public:
+    Terminal(const Office& office, std::string display, std::string computer);
+
+    void start(const std::string& argument);
+    /// Waits for the window of that title; false when it does not come in time. Its place is remembered.
+    [[nodiscard]] bool waitForWindow(const std::string& title);
+    [[nodiscard]] bool waitForPage(int number);
+    /// A question or notice of the program.
+    [[nodiscard]] bool waitForNotice();
+    [[nodiscard]] bool noticeGone();
+
+    /// Clicks the middle of a control of the page on the screen.
+    void click(const std::string& control, int index = -1);
+    /// Replaces the content of a field by a text, which is pasted.
+    void enter(const std::string& control, const std::string& text);
+    void key(const std::string& keys);
+    void typeAscii(const std::string& text);
+    void shot(const std::filesystem::path& picture) const;
+
+    bool running() { return process_ && process_->running(); }
+    std::optional<int> waitForEnd();
+    void kill();
+
+private:
+    std::string tool(std::initializer_list<std::string> arguments) const;
+
+    const Office& office_;
+    Environment environment_;
+    std::unique_ptr<Process> process_;
+    std::string form_ = "frm_CompInp0";
+    std::string window_;
+};
+
+/// Waits until `condition` holds, at most ten seconds.
+[[nodiscard]] bool eventually(const std::function<bool()>& condition);
+
+}  // namespace desk
