@@ -74,7 +74,7 @@ TEST_P(BadStart, EndsInAMessageAndALogRecord) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, BadStart, ::testing::ValuesIn(kInputs),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& input) { return std::string(input.param.name); });
 
 }  // namespace
 }  // namespace desk

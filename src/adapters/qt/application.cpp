@@ -3,38 +3,17 @@
 #include <QApplication>
 #include <QFont>
 #include <QPalette>
-#include <QStyleFactory>
-#include <QTranslator>
-#include <array>
-#include <utility>
+#include <cstdio>
+#include <cstdlib>
+
+#include "adapters/qt/views/office_style.h"
+#include "adapters/qt/views/page_scale.h"
 
 namespace orv {
 namespace {
 
-/// The words of the toolkit's own menu on a field.
-class FieldMenuWords : public QTranslator {
-public:
-    using QTranslator::QTranslator;
-
-    bool isEmpty() const override { return false; }
-    QString translate(const char*, const char* source, const char*, int) const override {
-        static constexpr std::array<std::pair<std::string_view, const char*>, 7> kWords{{
-            {"&Undo", "元に戻す(&U)"},
-            {"&Redo", "やり直し(&R)"},
-            {"Cu&t", "切り取り(&T)"},
-            {"&Copy", "コピー(&C)"},
-            {"&Paste", "貼り付け(&P)"},
-            {"Delete", "削除"},
-            {"Select All", "すべて選択"},
-        }};
-        for (const auto& [english, japanese] : kWords) {
-            if (english == source) {
-                return QString::fromUtf8(japanese);
-            }
-        }
-        return {};
-    }
-};
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+constexpr int kTextFont = 9;
 
 /// Light, and readable also where nothing can be entered.
 QPalette calmPalette() {
@@ -53,20 +32,35 @@ QFont japaneseFont() {
     QFont font;
     font.setFamilies({QStringLiteral("Noto Sans CJK JP"), QStringLiteral("IPAPGothic"), QStringLiteral("TakaoPGothic"),
                       QStringLiteral("sans-serif")});
-    font.setPixelSize(13);
     return font;
+}
+
+/// Without a display the toolkit would abort with a text of its own. So it may fall back to showing nothing, which is
+/// told apart here and said where it can be read.
+std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
+    if (qEnvironmentVariableIsSet(kPlatform)) {
+        return std::make_unique<QApplication>(count, arguments);
+    }
+    qputenv(kPlatform, "xcb;offscreen");
+    auto toolkit = std::make_unique<QApplication>(count, arguments);
+    qunsetenv(kPlatform);
+    if (QGuiApplication::platformName() == QStringLiteral("offscreen")) {
+        toolkit.reset();
+        std::fputs("画面に接続できません。\n", stderr);
+        std::exit(EXIT_FAILURE);
+    }
+    return toolkit;
 }
 
 }  // namespace
 
 Application::Application(const char* programName) : name_(programName), arguments_{name_.data(), nullptr} {
-    application_ = std::make_unique<QApplication>(count_, arguments_);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application_ = makeToolkit(count_, arguments_);
+    QApplication::setStyle(new OfficeStyle);
     QApplication::setPalette(calmPalette());
     QApplication::setFont(japaneseFont());
+    QApplication::setFont(PageScale().font(kTextFont));
     QApplication::setQuitOnLastWindowClosed(false);
-    auto* words = new FieldMenuWords(application_.get());
-    QCoreApplication::installTranslator(words);
 }
 
 Application::~Application() = default;

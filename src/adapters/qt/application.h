@@ -10,6 +10,7 @@ namespace orv {
 /// The toolkit, set up the same on every machine. It takes no options: what stands on the command line is the system's.
 class Application {
 public:
+    /// Without a display it says so on the error output and ends the program.
     explicit Application(const char* programName);
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;

@@ -1,14 +1,15 @@
 #include "adapters/qt/form_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 
 #include "adapters/qt/canvas_painter.h"
+#include "adapters/qt/nested_events.h"
 #include "adapters/qt/views/qt_text.h"
 
 namespace orv {
@@ -18,6 +19,7 @@ constexpr Colour kFocus{0x0060e0};
 constexpr int kCaptionFont = 9;
 constexpr int kUnitGap = 3;
 constexpr int kUnitWidth = 60;
+constexpr int kKeySpace = 32;
 
 /// The frame around what has the focus; it lets every click through.
 class FocusFrame : public QWidget {
@@ -62,7 +64,7 @@ int codeOf(int key) {
         case Qt::Key_NumLock:
             return 0;
         case Qt::Key_Space:
-            return 32;
+            return kKeySpace;
         case Qt::Key_Escape:
             return 27;
         case Qt::Key_Backspace:
@@ -88,8 +90,8 @@ int codeOf(int key) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout, QWidget* owner)
-    : QWidget(owner, Qt::Window), form_(form), forms_(forms) {
+FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout)
+    : QWidget(nullptr, Qt::Window), form_(form), forms_(forms) {
     setObjectName(toQt(form.name()));
     setFixedSize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
     setFont(scale_.font(kCaptionFont));
@@ -103,9 +105,20 @@ FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> l
     form_.observeFocus([this](Control& control) { giveFocus(control); });
 }
 
-FormWindow::~FormWindow() {
+FormWindow::~FormWindow() = default;
+
+void FormWindow::leave() {
+    left_ = true;
     form_.observe({});
     form_.observeFocus({});
+    for (const Seat& seat : seats_) {
+        seat.view->release();
+    }
+    hide();
+    deleteLater();
+    if (modalLoop_ != nullptr) {
+        modalLoop_->quit();
+    }
 }
 
 /// A control that the layout does not know works without being seen.
@@ -144,6 +157,11 @@ void FormWindow::refresh() {
     if (isEnabled() == form_.enabled()) {
         return;
     }
+    if (form_.enabled()) {
+        // What the operator did while nothing could be done is dropped, not done afterwards.
+        const NestedEvents nested;
+        QCoreApplication::processEvents();
+    }
     setEnabled(form_.enabled());
     Control* active = form_.activeControl();
     if (form_.enabled() && active != nullptr) {
@@ -152,11 +170,9 @@ void FormWindow::refresh() {
 }
 
 void FormWindow::giveFocus(Control& control) {
-    if (ControlView* view = viewOf(control)) {
-        view->widget().setFocus(Qt::OtherFocusReason);
-        if (auto* line = qobject_cast<QLineEdit*>(&view->widget())) {
-            line->selectAll();
-        }
+    ControlView* view = viewOf(control);
+    if (view != nullptr && !view->widget().hasFocus()) {
+        view->widget().setFocus(Qt::TabFocusReason);
     }
 }
 
@@ -181,6 +197,24 @@ void FormWindow::showForm() {
     }
 }
 
+void FormWindow::runModal() {
+    QWidget* owner = QApplication::activeWindow();
+    setWindowModality(Qt::ApplicationModal);
+    winId();
+    if (owner != nullptr) {
+        windowHandle()->setTransientParent(owner->windowHandle());
+    }
+    const NestedEvents nested;
+    QEventLoop loop;
+    modalLoop_ = &loop;
+    showForm();
+    loop.exec();
+    modalLoop_ = nullptr;
+    if (owner != nullptr) {
+        owner->activateWindow();
+    }
+}
+
 void FormWindow::centre() {
     const QScreen* screen = this->screen() != nullptr ? this->screen() : QGuiApplication::primaryScreen();
     if (screen == nullptr) {
@@ -200,7 +234,7 @@ void FormWindow::commit() {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
-    ControlView* view = viewOf(watched);
+    ControlView* view = left_ ? nullptr : viewOf(watched);
     if (view == nullptr) {
         return false;
     }
@@ -208,12 +242,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusAboutToChange:
             view->commit();
             return false;
-        case QEvent::FocusIn: {
-            const EventScope scope;
+        case QEvent::FocusIn:
             static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
             form_.focusArrived(view->control());
             return false;
-        }
         case QEvent::FocusOut:
             focusFrame_->hide();
             return false;
@@ -228,24 +260,27 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-/// Enter presses a button; elsewhere it belongs to the page and never to the widget.
+/// Enter and the blank press a button; elsewhere Enter belongs to the page and never to the widget.
 bool FormWindow::keyPressed(ControlView& view, const QKeyEvent& event) {
     const int code = codeOf(event.key());
     if (code == 0) {
         return false;
     }
-    const EventScope scope;
-    if (code == kKeyEnter && view.pressedBy(event.key())) {
-        return true;
+    const bool enter = code == kKeyEnter;
+    if (view.control().kind() == ControlKind::Button && (enter || code == kKeySpace)) {
+        return event.isAutoRepeat() || view.press();
     }
-    if (code == kKeyEnter) {
+    if (enter) {
         view.commit();
     }
     form_.keyDown(code);
-    return code == kKeyEnter;
+    return enter || left_;
 }
 
 void FormWindow::paintEvent(QPaintEvent*) {
+    if (left_) {
+        return;
+    }
     QPainter painter(this);
     paintCanvas(painter, form_.canvas(), scale_, rect());
     paintCaptions(painter);
@@ -268,17 +303,15 @@ void FormWindow::paintCaptions(QPainter& painter) const {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-    const EventScope scope;
     event->ignore();
-    if (form_.enabled()) {
+    if (isEnabled() && !left_) {
         commit();
         forms_.unload(form_, UnloadMode::CloseBox);
     }
 }
 
 void FormWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
-        const EventScope scope;
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !left_) {
         form_.focusLeft();
     }
     QWidget::changeEvent(event);

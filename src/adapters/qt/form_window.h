@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QWidget>
-#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
@@ -14,11 +14,14 @@ namespace orv {
 /// The window of one form: what is drawn on the form, the captions, a view for each control, the focus and the keys.
 class FormWindow : public QWidget {
 public:
-    FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout, QWidget* owner);
+    FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout);
     ~FormWindow() override;
 
-    Form& form() const { return form_; }
     void showForm();
+    /// Shows the window above all others and returns when `leave` has been called.
+    void runModal();
+    /// The form leaves: the window disappears and does not touch it any more. It is deleted when its own event is over.
+    void leave();
     void centre();
     /// What is still being composed or typed in the field with the focus goes into its control.
     void commit();
@@ -51,6 +54,8 @@ private:
     PageScale scale_;
     std::vector<Seat> seats_;
     QWidget* focusFrame_;
+    QEventLoop* modalLoop_ = nullptr;
+    bool left_ = false;
 };
 
 }  // namespace orv

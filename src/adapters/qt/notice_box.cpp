@@ -3,7 +3,9 @@
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
+#include "adapters/qt/nested_events.h"
 #include "adapters/qt/views/qt_text.h"
 #include "platform/run_time_error.h"
 
@@ -27,7 +29,7 @@ QMessageBox::Icon iconOf(Notice::Kind kind) {
 }  // namespace
 
 std::size_t runNotice(const Notice& notice, QWidget* owner) {
-    if (QGuiApplication::primaryScreen() == nullptr) {
+    if (qApp == nullptr || QGuiApplication::primaryScreen() == nullptr) {
         throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
     }
     QMessageBox box(iconOf(notice.kind), toQt(notice.title), {}, QMessageBox::NoButton, owner);
@@ -43,7 +45,11 @@ std::size_t runNotice(const Notice& notice, QWidget* owner) {
     }
     box.setDefaultButton(buttons.at(notice.defaultButton));
     box.setEscapeButton(buttons.at(notice.escapeButton));
+    const NestedEvents nested;
     box.exec();
+    if (owner != nullptr) {
+        owner->activateWindow();
+    }
     const auto pressed = std::find(buttons.begin(), buttons.end(), box.clickedButton());
     return pressed == buttons.end() ? notice.escapeButton : static_cast<std::size_t>(pressed - buttons.begin());
 }

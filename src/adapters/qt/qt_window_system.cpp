@@ -1,86 +1,93 @@
 #include "adapters/qt/qt_window_system.h"
 
 #include <QApplication>
-#include <QEventLoop>
+#include <QThread>
 #include <QTimer>
 
+#include "adapters/qt/nested_events.h"
 #include "adapters/qt/notice_box.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
 namespace {
 
-constexpr int kSweepPause = 50;  // milliseconds, while an event still runs
+constexpr int kTidyPause = 50;  // milliseconds, while an event still runs
 
 }  // namespace
+
+QtWindowSystem::~QtWindowSystem() {
+    for (const auto& [form, window] : windows_) {
+        window->leave();
+        delete window;
+    }
+}
 
 void QtWindowSystem::open(Form& form) {
     if (qApp == nullptr) {
         throw RunTimeError(Failure::Internal, "画面を表示できません。");
     }
-    windows_[&form] = new FormWindow(form, forms_, layouts_(form.name()), nullptr);
+    windows_[&form] = new FormWindow(form, forms_, layouts_(form.name()));
 }
 
-void QtWindowSystem::show(Form& form) { windows_.at(&form)->showForm(); }
+/// The form's own load may have unloaded it.
+void QtWindowSystem::show(Form& form) {
+    if (FormWindow* window = windowOf(&form)) {
+        window->showForm();
+    }
+}
 
 void QtWindowSystem::centre(Form& form) {
-    if (const auto found = windows_.find(&form); found != windows_.end()) {
-        found->second->centre();
+    if (FormWindow* window = windowOf(&form)) {
+        window->centre();
     }
 }
 
-/// The window goes when its own event has ended; the form, when no event of any form runs.
 void QtWindowSystem::close(Form& form) {
-    const auto found = windows_.find(&form);
-    if (found != windows_.end()) {
-        form.observe({});
-        form.observeFocus({});
-        found->second->hide();
-        found->second->deleteLater();
-        windows_.erase(found);
+    if (FormWindow* window = windowOf(&form)) {
+        windows_.erase(&form);
+        window->leave();
     }
-    sweepLater();
-    if (forms_.forms().empty()) {
-        QApplication::quit();
-    }
+    tidyLater();
 }
 
-void QtWindowSystem::sweepLater() {
-    QTimer::singleShot(0, qApp, [this] {
-        if (EventScope::running()) {
-            QTimer::singleShot(kSweepPause, qApp, [this] { sweepLater(); });
-        } else {
-            forms_.sweep();
-        }
-    });
+void QtWindowSystem::tidyLater() {
+    QTimer::singleShot(0, &queue_, [this] { tidy(); });
+}
+
+void QtWindowSystem::tidy() {
+    if (NestedEvents::running()) {
+        QTimer::singleShot(kTidyPause, &queue_, [this] { tidy(); });
+        return;
+    }
+    forms_.sweep();
+    // Told to end before it runs, the application would let no later notice wait for its answer.
+    const bool running = QThread::currentThread()->loopLevel() > 0;
+    if (running && forms_.forms().empty()) {
+        QCoreApplication::exit();
+    }
 }
 
 void QtWindowSystem::runModal(Form& form) {
-    FormWindow* window = windows_.at(&form);
-    window->setWindowModality(Qt::ApplicationModal);
-    QEventLoop loop;
-    QObject::connect(window, &QObject::destroyed, &loop, &QEventLoop::quit);
-    window->showForm();
-    while (form.loaded()) {
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
+    if (FormWindow* window = windowOf(&form)) {
+        window->runModal();
     }
 }
 
-QWidget* QtWindowSystem::activeWindow() const {
-    const auto found = windows_.find(forms_.activeForm());
+FormWindow* QtWindowSystem::windowOf(const Form* form) const {
+    const auto found = windows_.find(form);
     return found == windows_.end() ? nullptr : found->second;
 }
 
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
     const bool busy = busy_;
     pointer(false);
-    const std::size_t answer = runNotice(notice, activeWindow());
+    const std::size_t answer = runNotice(notice, windowOf(forms_.activeForm()));
     pointer(busy);
     return answer;
 }
 
 void QtWindowSystem::commitComposition() {
-    if (auto* window = dynamic_cast<FormWindow*>(activeWindow())) {
+    if (FormWindow* window = windowOf(forms_.activeForm())) {
         window->commit();
     }
 }
@@ -97,6 +104,9 @@ void QtWindowSystem::pointer(bool busy) {
     }
 }
 
-void QtWindowSystem::repaint() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+void QtWindowSystem::repaint() {
+    const NestedEvents nested;
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
 
 }  // namespace orv

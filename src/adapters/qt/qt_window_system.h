@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
 #include <map>
-#include <memory>
 #include <span>
 
 #include "adapters/qt/form_window.h"
@@ -10,12 +10,14 @@
 
 namespace orv {
 
-/// The windows, in Qt. Where a form's controls stand is asked by the form's name.
+/// The windows, in Qt. Where a form's controls stand is asked by the form's name. When no form is loaded any more and
+/// no event runs, the application's event loop ends.
 class QtWindowSystem : public WindowSystem {
 public:
     using Layouts = std::function<std::span<const Placement>(std::string_view form)>;
 
     QtWindowSystem(Layouts layouts, FormHost& forms) : layouts_(std::move(layouts)), forms_(forms) {}
+    ~QtWindowSystem() override;
 
     void open(Form& form) override;
     void show(Form& form) override;
@@ -28,13 +30,17 @@ public:
     void repaint() override;
 
 private:
-    void sweepLater();
-    QWidget* activeWindow() const;
+    void tidyLater();
+    void tidy();
+    /// Null for a form that is not loaded.
+    FormWindow* windowOf(const Form* form) const;
 
     Layouts layouts_;
     FormHost& forms_;
     std::map<const Form*, FormWindow*> windows_;
     bool busy_ = false;
+    /// Calls that are still queued die with it.
+    QObject queue_;
 };
 
 }  // namespace orv

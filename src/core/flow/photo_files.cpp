@@ -17,6 +17,14 @@ std::string storedName(const PhotoSlot& slot) {
     return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
 }
 
+/// The field has the form of the column, and not that of a path.
+bool namesStored(const PhotoSlot& slot) {
+    const std::string& field = fieldOf(slot);
+    return !field.empty() && field.find('\\') == std::string::npos;
+}
+
+std::string storedPath(const PhotoSlot& slot) { return com().ImgNoFolder(slot.index) + fieldOf(slot); }
+
 void copyOut(const PhotoSlot& slot, const std::string& stored) {
     const std::string working = com().TmpNoTmpFile(slot.index);
     services().fileSystem->copy(stored, working);
@@ -61,23 +69,32 @@ bool place(const PhotoSlot& slot) {
 }  // namespace
 
 void takeWorkingCopy(const PhotoSlot& slot) {
-    std::string& field = fieldOf(slot);
-    if (field.empty()) {
+    if (fieldOf(slot).empty()) {
         return;
     }
-    const std::string stored = com().ImgNoFolder(slot.index) + field;
+    const std::string stored = storedPath(slot);
     if (services().fileSystem->exists(stored)) {
         copyOut(slot, stored);
     } else {
-        field.clear();
+        fieldOf(slot).clear();
     }
 }
 
 void workingCopiesAgain() {
     for (const PhotoSlot& slot : kPhotoSlots) {
-        const std::string& field = fieldOf(slot);
-        if (!field.empty() && field.find('\\') == std::string::npos) {
-            copyOut(slot, com().ImgNoFolder(slot.index) + field);
+        if (namesStored(slot)) {
+            copyOut(slot, storedPath(slot));
+        }
+    }
+}
+
+void pathsAgainWhateverHappens() {
+    for (const PhotoSlot& slot : kPhotoSlots) {
+        if (namesStored(slot)) {
+            const std::string stored = storedPath(slot);
+            if (caught([&] { copyOut(slot, stored); })) {
+                fieldOf(slot) = stored;
+            }
         }
     }
 }

@@ -28,6 +28,10 @@ void takeWorkingCopy(const PhotoSlot& slot);
 /// During a save: each field that names a stored photo becomes the path of a fresh working copy.
 void workingCopiesAgain();
 
+/// The same on the way out of a save, for each photo by itself and without raising: one that can't be copied is known
+/// by the path of its stored file, which the next save keeps. A bare name would be taken for a file that has gone.
+void pathsAgainWhateverHappens();
+
 /// Brings the chosen photos to their stored place and gives the fields the form of the column. False: the pair tells
 /// why; a slot that was not yet placed keeps its path.
 [[nodiscard]] bool PF_SaveCompanyDataOther();

@@ -44,10 +44,7 @@ public:
     PhotosPlaced() = default;
     PhotosPlaced(const PhotosPlaced&) = delete;
     PhotosPlaced& operator=(const PhotosPlaced&) = delete;
-    ~PhotosPlaced() {
-        const auto failure = caught(workingCopiesAgain);
-        static_cast<void>(failure);
-    }
+    ~PhotosPlaced() { pathsAgainWhateverHappens(); }
 };
 
 class SendFormLoaded {

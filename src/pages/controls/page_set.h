@@ -30,12 +30,12 @@ void dropPages();
 
 /// What ties the events of a page that has just been made to their handlers, which stand above this file.
 struct PageWiring {
-    std::function<void(frm_CompInp0&)> compInp0;
-    std::function<void(frm_CompInp1&)> compInp1;
-    std::function<void(frm_CompInp2&)> compInp2;
-    std::function<void(frm_CompInp3&)> compInp3;
-    std::function<void(frm_CompInp4&)> compInp4;
-    std::function<void(frm_ChangePassword&)> changePassword;
+    std::function<void(frm_CompInp0&)> compInp0 = {};
+    std::function<void(frm_CompInp1&)> compInp1 = {};
+    std::function<void(frm_CompInp2&)> compInp2 = {};
+    std::function<void(frm_CompInp3&)> compInp3 = {};
+    std::function<void(frm_CompInp4&)> compInp4 = {};
+    std::function<void(frm_ChangePassword&)> changePassword = {};
 };
 
 /// Holds for pages that are made from now on. A page without a function stays untied.

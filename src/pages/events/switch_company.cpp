@@ -1,11 +1,14 @@
 #include "pages/events/switch_company.h"
 
+#include <utility>
+
 #include "binding/record_to_page.h"
 #include "core/flow/company_load.h"
 #include "core/record/globals.h"
 #include "logging/handled.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
+#include "pages/frame/page_lists.h"
 #include "pages/frame/page_start.h"
 #include "store/data_lock.h"
 #include "store/store_session.h"
@@ -13,10 +16,13 @@
 namespace orv {
 namespace {
 
-/// Sets the list to the company in force. That raises click again, which ends at once since nothing differs.
+/// Sets the list to the company in force, or to nothing where the list does not hold it: on the other company it would
+/// give that one's key to the record. Both raise click again, which ends at once.
 void backToCurrent(PageForm& form) {
-    const auto notListed = caught([&] { form.cbo_User_Id.setText(tCustomerInfo.USER_ID); });
-    static_cast<void>(notListed);
+    ComboBox& list = form.cbo_User_Id;
+    if (caught([&] { list.setText(tCustomerInfo.USER_ID); })) {
+        static_cast<void>(caught([&] { list.setListIndex(-1); }));  // on a way out, where nothing can be told
+    }
 }
 
 bool staysByAnswer(const std::string& wish) {
@@ -64,20 +70,57 @@ bool loadCompany(const std::string& label, const std::string& wish) {
     return loaded;
 }
 
-bool showCompany(PageForm& form, const std::string& label) {
-    form.ready = trapped(label, [&] { return showRecordOn(form.number); });
+/// A page whose start failed has lists to make up for: filled without them it would hand over blanks.
+bool showCompany(PageForm& form, const std::string& label, bool listsThere) {
+    form.ready = trapped(label, [&] { return (listsThere || makeListsOf(form.number)) && showRecordOn(form.number); });
     if (form.ready) {
         showTitle(form);
     }
     return form.ready;
 }
 
-void loadAndShow(PageForm& form, const std::string& label, const std::string& wish) {
-    form.ready = false;
-    if (!loadCompany(label, wish) || !showCompany(form, label)) {
+bool loadAndShow(PageForm& form, const std::string& label, const std::string& wish) {
+    const bool wasReady = std::exchange(form.ready, false);
+    const bool shown = loadCompany(label, wish) && showCompany(form, label, wasReady);
+    if (!shown) {
         form.failure = {gErrMsg, gErrCode};
-        report();
     }
+    return shown;
+}
+
+/// Puts the list back on every way out, but for the one on which the new company has been locked.
+class ListBack {
+public:
+    explicit ListBack(PageForm& form) : form_(form) {}
+    ListBack(const ListBack&) = delete;
+    ListBack& operator=(const ListBack&) = delete;
+    ~ListBack() {
+        if (armed_) {
+            backToCurrent(form_);
+        }
+    }
+    void letStand() { armed_ = false; }
+
+private:
+    PageForm& form_;
+    bool armed_ = true;
+};
+
+bool switchTo(PageForm& form, const std::string& label, const std::string& wish, StoreSession& session) {
+    ListBack list(form);
+    if (staysByAnswer(wish)) {
+        return true;
+    }
+    gSaved = false;
+    if (!session.openFresh()) {
+        return false;
+    }
+    const Moved moved = moveLock(wish);
+    if (moved != Moved::Yes) {
+        return moved == Moved::Refused;
+    }
+    list.letStand();
+    return loadAndShow(form, label, wish);
 }
 
 }  // namespace
@@ -87,29 +130,9 @@ void cbo_User_Id_Click(PageForm& form) {
     if (wish.empty() || wish == tCustomerInfo.USER_ID) {
         return;
     }
-    if (staysByAnswer(wish)) {
-        backToCurrent(form);
-        return;
-    }
-    gSaved = false;
     const std::string label = "[ " + form.tag() + " cbo_User_Id_Click ]";
     StoreSession session;
-    if (!session.openFresh()) {
-        report();
-        return;
-    }
-    switch (moveLock(wish)) {
-        case Moved::Yes:
-            loadAndShow(form, label, wish);
-            break;
-        case Moved::Refused:
-            backToCurrent(form);
-            break;
-        case Moved::Failed:
-            backToCurrent(form);
-            report();
-            break;
-    }
+    handled(label, [&] { return switchTo(form, label, wish, session); });
 }
 
 }  // namespace orv

@@ -23,13 +23,13 @@ constexpr auto kCompInp0 = std::to_array<Placement>({
     {"txt_Address_number",        -1, {232, 220,  40,  20}},
     {"txt_Address_Gou",           -1, {306, 220,  40,  20}},
     {"txt_Address_Other",         -1, {472, 220, 312,  20}, 100},
-    {"txt_Daihyo_Name",           -1, {232, 243, 252,  20}, 104},
-    {"txt_Daihyo_Name_Kana",      -1, {566, 243, 218,  20}, 76},
-    {"txt_Takken_Syunin_Name",    -1, {232, 266, 252,  20}, 104},
-    {"txt_Tanto_Name",            -1, {566, 266, 218,  20}, 76},
+    {"txt_Daihyo_Name",           -1, {232, 243, 246,  20}, 104},
+    {"txt_Daihyo_Name_Kana",      -1, {554, 243, 230,  20}, 74},
+    {"txt_Takken_Syunin_Name",    -1, {232, 266, 246,  20}, 104},
+    {"txt_Tanto_Name",            -1, {554, 266, 230,  20}, 74},
 
     // Where the computer stands.
-    {"lbl_EqualData",             -1, {156, 313,  78,  20}},
+    {"lbl_EqualData",             -1, {160, 313,  74,  20}},
     {"chk_EqualData",             -1, {241, 313,  94,  20}},
     {"txt_Pc_Post_Code",          -1, {232, 337,  66,  20}, 104},
     {"btm_Pc_SearchOfficeAddress",-1, {304, 336,  68,  22}},
@@ -41,13 +41,13 @@ constexpr auto kCompInp0 = std::to_array<Placement>({
     {"txt_Pc_Tel_No1",            -1, {232, 403,  92,  20}, 104},
     {"txt_Pc_Tel_No2",            -1, {408, 403,  92,  20}, 72},
     {"txt_Pc_Fax_No",             -1, {550, 403,  92,  20}, 42},
-    {"txt_Pc_Mail_Address",       -1, {232, 425, 402,  20}, 104},
+    {"txt_Pc_Mail_Address",       -1, {232, 425, 450,  20}, 104},
 
     // What customers call and write to.
     {"txt_Tel_No1",               -1, {232, 473,  92,  20}, 104},
     {"txt_Tel_No2",               -1, {408, 473,  92,  20}, 72},
     {"txt_Fax_No",                -1, {550, 473,  92,  20}, 42},
-    {"txt_Mail_Address",          -1, {232, 500, 402,  20}, 104},
+    {"txt_Mail_Address",          -1, {232, 500, 450,  20}, 104},
 });
 
 // clang-format on

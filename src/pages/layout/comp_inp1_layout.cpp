@@ -20,7 +20,7 @@ constexpr auto kCompInp1 = std::to_array<Placement>({
     {"txt_Valid_License_Date",     2, {654, 143,  30,  20}},
 
     // Associations.
-    {"lbl_Dantai_Name_Title",     -1, {141, 181,  62,  20}},
+    {"lbl_Dantai_Name_Title",     -1, {144, 181,  62,  20}},
     {"chk_Dantai",                 0, {209, 181,  20,  20}},
     {"cbo_Dantai_Name",           -1, {231, 180, 252,  22}},
     {"chk_Dantai",                 1, {209, 203, 274,  20}},

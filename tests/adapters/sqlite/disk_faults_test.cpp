@@ -2,8 +2,8 @@
 
 #include "adapters/sqlite/faulty_disk.h"
 #include "adapters/sqlite/sqlite_db_service.h"
-#include "adapters/sqlite/store_files.h"
 #include "adapters/store_terminal.h"
+#include "support/store_files.h"
 
 namespace orv {
 namespace {

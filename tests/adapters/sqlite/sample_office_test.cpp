@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "adapters/sqlite/sqlite_db_service.h"
-#include "adapters/sqlite/store_files.h"
 #include "adapters/store_terminal.h"
+#include "support/store_files.h"
 
 namespace orv {
 namespace {

@@ -8,8 +8,8 @@
 
 #include <csignal>
 
-#include "adapters/sqlite/store_files.h"
 #include "adapters/store_contract.h"
+#include "support/store_files.h"
 
 namespace orv {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "adapters/sqlite/store_files.h"
+#include "support/store_files.h"
 
 namespace orv {
 namespace {

@@ -36,7 +36,10 @@ public:
 private:
     void show() override {
         label_.setFont(scale_.font(caption_.fontSize(), caption_.labelDesign().look == LabelLook::Title));
-        label_.setText(toQt(caption_.caption()));
+        const QString text = toQt(caption_.caption());
+        const QString spoken = toQt(caption_.labelDesign().spokenName);
+        label_.setText(text);
+        label_.setAccessibleName(spoken.isEmpty() ? text : spoken + QStringLiteral("：") + text);
     }
 
     Label& caption_;
@@ -52,12 +55,13 @@ public:
         connect(&push_, &QPushButton::clicked, this, [this] { press(); });
     }
 
-    bool pressedBy(int key) override {
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            press();
-            return true;
+    /// The focus comes along, as it does with the mouse: the field that is left is validated first.
+    bool press() override {
+        if (push_.isEnabled()) {
+            push_.setFocus(Qt::ShortcutFocusReason);
+            button_.press();
         }
-        return false;
+        return true;
     }
 
 private:
@@ -79,11 +83,6 @@ private:
         const char32_t key = button_.buttonDesign().accessKey;
         const QString text = toQt(button_.caption());
         return key == 0 ? text : text + QStringLiteral("(&") + QChar(static_cast<char16_t>(key)) + QStringLiteral(")");
-    }
-
-    void press() {
-        const EventScope scope;
-        button_.press();
     }
 
     Button& button_;

@@ -11,8 +11,8 @@ public:
     CheckView(CheckBox& control, QCheckBox* box) : ControlView(control, box), check_(control), box_(*box) {
         box_.setText(toQt(control.checkDesign().caption));
         box_.setAutoFillBackground(true);
+        box_.setBackgroundRole(QPalette::Window);
         connect(&box_, &QCheckBox::clicked, this, [this](bool on) {
-            const EventScope scope;
             check_.setValue(on ? 1 : 0);
             refresh();
         });

@@ -62,7 +62,6 @@ private:
     }
 
     void choose(int index) {
-        const EventScope scope;
         if (index < combo_.listCount()) {
             combo_.setListIndex(index);
         }

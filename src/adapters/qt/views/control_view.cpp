@@ -53,7 +53,15 @@ ControlView::ControlView(Control& control, QWidget* widget) : control_(control),
     control_.observe([this] { refresh(); });
 }
 
-ControlView::~ControlView() { control_.observe({}); }
+ControlView::~ControlView() { release(); }
+
+void ControlView::release() {
+    if (!released_) {
+        released_ = true;
+        control_.observe({});
+        disconnect(widget_, nullptr, this, nullptr);
+    }
+}
 
 void ControlView::refresh() {
     const QSignalBlocker blocker(widget_);
@@ -61,8 +69,6 @@ void ControlView::refresh() {
     widget_->setEnabled(control_.enabled());
     widget_->setVisible(control_.visible());
 }
-
-bool ControlView::pressedBy(int) { return false; }
 
 void ControlView::paintWith(QPalette::ColorRole ground, QPalette::ColorRole text) {
     const QPalette standard = QPalette();

@@ -30,35 +30,26 @@ public:
     void refresh();
     /// What is still being composed or typed goes into the control.
     virtual void commit() {}
-    /// Enter on the widget belongs to it and not to the page.
-    virtual bool pressedBy(int key);
+    /// Presses a button; false: the control is none.
+    virtual bool press() { return false; }
+    /// Leaves the control, which may die before its view.
+    void release();
 
 protected:
     ControlView(Control& control, QWidget* widget);
 
     virtual void show() = 0;
+    bool released() const { return released_; }
     /// Fills the widget's ground and text with the control's colours.
     void paintWith(QPalette::ColorRole ground, QPalette::ColorRole text);
 
 private:
     Control& control_;
     QWidget* widget_;
+    bool released_ = false;
 };
 
 /// A view for the control's kind, its widget a child of `page`.
 std::unique_ptr<ControlView> makeView(Control& control, QWidget* page, const PageScale& scale);
-
-/// While an object of it lives, the system handles an event. Forms that were unloaded die when none lives.
-class EventScope {
-public:
-    EventScope() { ++depth_; }
-    EventScope(const EventScope&) = delete;
-    EventScope& operator=(const EventScope&) = delete;
-    ~EventScope() { --depth_; }
-    static bool running() { return depth_ > 0; }
-
-private:
-    static inline int depth_ = 0;
-};
 
 }  // namespace orv

@@ -1,5 +1,8 @@
+#include <QDropEvent>
 #include <QImage>
+#include <QMimeData>
 #include <QPainter>
+#include <QUrl>
 
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
@@ -13,10 +16,19 @@ constexpr Colour kEdge{0x996666};
 /// Paints the picture at its destination; what has been scaled is kept until the picture or the size changes.
 class PictureArea : public QWidget {
 public:
-    PictureArea(const ImageControl& image, QWidget* page, const PageScale& scale)
-        : QWidget(page), image_(image), scale_(scale) {}
+    PictureArea(ImageControl& image, QWidget* page, const PageScale& scale)
+        : QWidget(page), image_(image), scale_(scale) {
+        setAcceptDrops(true);
+    }
 
 protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        event->setAccepted(image_.acceptsDrops() && !droppedFile(*event).isEmpty());
+    }
+    void dropEvent(QDropEvent* event) override {
+        event->acceptProposedAction();
+        image_.drop(droppedFile(*event).toStdString());
+    }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), toQt(kEmpty));
@@ -28,6 +40,12 @@ protected:
     }
 
 private:
+    /// The first of them, where several are dropped; empty for what is no file.
+    static QString droppedFile(const QDropEvent& event) {
+        const QList<QUrl> files = event.mimeData()->urls();
+        return files.isEmpty() ? QString() : files.front().toLocalFile();
+    }
+
     void paintPicture(QPainter& painter) {
         const QRect target = scale_.box(image_.dstRect());
         const QSize size = (QSizeF(target.size()) * devicePixelRatioF()).toSize();
@@ -51,7 +69,7 @@ private:
         return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
-    const ImageControl& image_;
+    ImageControl& image_;
     PageScale scale_;
     std::shared_ptr<const Picture> shown_;
     QImage scaled_;

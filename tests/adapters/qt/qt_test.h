@@ -1,0 +1,136 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/qt/qt_window_system.h"
+#include "adapters/qt/views/qt_text.h"
+#include "adapters/text/cp932.h"
+#include "platform/controls/captions.h"
+#include "platform/controls/check_box.h"
+#include "platform/controls/combo_box.h"
+#include "platform/controls/image_control.h"
+#include "platform/controls/number_input.h"
+#include "platform/controls/text_input.h"
+#include "platform/services.h"
+
+namespace orv {
+
+/// A button pressed by its access key stays down for that long, in milliseconds.
+inline constexpr int kPressing = 150;
+
+/// A form with a control of each kind. It goes from the screen with its object.
+struct SamplePage : Form {
+    explicit SamplePage(std::string_view form = "page") : Form(form, "見本", {400, 300}) {}
+    ~SamplePage() override {
+        onQueryUnload = nullptr;
+        [[maybe_unused]] const bool gone = services().forms->unload(*this, UnloadMode::Code);
+    }
+
+    TextInput code{*this, "txt_Code", {.caption = "番号：", .mask = "9", .limit = characters(4), .ime = Ime::Disabled}};
+    TextInput name{*this, "txt_Name", {.caption = "会社名：", .refuse = "K", .limit = bytes(10), .ime = Ime::On}};
+    TextInput kana{
+        *this, "txt_Kana", {.caption = "カナ：", .mask = "Ｋ", .limit = bytes(10), .ime = Ime::FullKatakana}};
+    TextInput open{*this, "txt_Open", {.spokenName = "何でも"}};
+    TextInput secret{*this, "txt_Secret", {.caption = "パスワード：", .ime = Ime::Disabled, .password = true}};
+    NumberInput year{*this, "txt_Year", {.caption = "年：", .least = 1, .most = 9999}};
+    ComboBox list{*this, "cbo_List", {.caption = "一覧："}};
+    CheckBox tick{*this, "chk_Tick", {.caption = "上記と同じ", .back = Colour{0xffdddd}}};
+    CheckBox bare{*this, "chk_Bare", {.spokenName = "加盟"}, 0};
+    Label panel{*this, "lbl_Panel", {.caption = "12", .look = LabelLook::Panel, .spokenName = "件数"}};
+    Button save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .accessKey = U'S'}};
+    ImageControl photo{*this, "pic_Photo", {.width = 40, .height = 20}};
+};
+
+class QtTest : public testing::Test {
+protected:
+    QtTest() {
+        services() = {};
+        services().codePage = &codePage_;
+        services().windows = &windows;
+        services().forms = &forms;
+    }
+    ~QtTest() override {
+        qputenv("ORV_SCALE", "1");
+        settle();
+        services() = {};
+    }
+
+    /// The controls below each other, 20 design pixels high.
+    void place(const Form& form) {
+        std::vector<Placement>& rows = layouts_[form.name()];
+        rows.clear();
+        for (const Control* control : form.controls()) {
+            const int row = static_cast<int>(rows.size());
+            rows.push_back({control->name(), control->index(), {100, 22 * row, 120, 20}, 90});
+        }
+    }
+
+    void show(Form& form) {
+        place(form);
+        forms.show(form);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(form)));
+    }
+
+    QWidget* windowOf(const Form& form) const {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == toQt(form.name()) && window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
+
+    template <class W = QWidget>
+    W* widgetOf(const Control& control) const {
+        const QWidget* window = windowOf(dynamic_cast<const Form&>(control.owner()));
+        if (auto* widget = window->findChild<QWidget*>(toQt(control.objectName()))) {
+            return dynamic_cast<W*>(widget);
+        }
+        ADD_FAILURE() << control.objectName() << " has no widget";
+        return nullptr;
+    }
+    QLineEdit* lineOf(const Control& control) const { return widgetOf<QLineEdit>(control); }
+
+    /// Goes to the control as the operator does.
+    QLineEdit* enter(const Control& control) const {
+        QTest::mouseClick(widgetOf(control), Qt::LeftButton);
+        EXPECT_TRUE(widgetOf(control)->hasFocus());
+        return lineOf(control);
+    }
+
+    static void compose(QWidget& widget, const QString& preedit, const QString& commit = {}) {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(commit);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    /// Lets everything happen that is queued, deletions too.
+    static void settle() {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+private:
+    Cp932 codePage_;
+    std::map<std::string, std::vector<Placement>, std::less<>> layouts_;
+
+protected:
+    FormHost forms;
+    QtWindowSystem windows{[this](std::string_view form) -> std::span<const Placement> {
+                               const auto found = layouts_.find(form);
+                               return found == layouts_.end() ? std::span<const Placement>() : found->second;
+                           },
+                           forms};
+};
+
+}  // namespace orv

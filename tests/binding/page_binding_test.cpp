@@ -1,0 +1,287 @@
+#include <map>
+
+#include "binding/page_to_record.h"
+#include "binding/record_to_page.h"
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using R = CompanyRecord;
+using Texts = std::vector<std::string>;
+
+class Binding : public SystemTest {
+protected:
+    /// A company with a value in every field that a page shows, its sites apart and its licence open.
+    void startFull(int page = 0) {
+        sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '0', PC_OFFICE_NAME = '部署', PC_POST_CODE = '220-0011', "
+            "PC_ADDRESS_CODE = '14103010001', PC_ADDRESS = '横浜市', PC_ADDRESS_NUMBER = '1', PC_ADDRESS_GOU = '2', "
+            "PC_TANTO_NAME = '次郎', PC_TEL_NO1 = '045-000-0203', PC_TEL_NO2 = '0120-000-203', PC_FAX_NO = "
+            "'045-000-0204', PC_MAIL_ADDRESS = 'a@b.c', BUS_ROUTE = '路線', BUSSTOP = '停', BUS_MINUTES = '12', "
+            "TEIHO_MINUTES = '2', CAR_TARGET = '目印', CAR_MINUTES = '10', CAR_DISTANCE = '4.5', DANTAI_FLG = "
+            "'1110011000000000', OTHER_DANTAI_NAME = '家主会', KOUTORI_FLG = '1111111110000000' where USER_ID = "
+            "'000004601'");
+        startOn(page);
+    }
+    /// The fields that differ, with their values after.
+    static std::map<std::string, std::string> differences(const CompanyRecord& before, const CompanyRecord& after) {
+        std::map<std::string, std::string> found;
+        for (const FieldInfo& field : kFields) {
+            if (field.text != nullptr && before.*field.text != after.*field.text) {
+                found[std::string(field.name)] = after.*field.text;
+            }
+        }
+        return found;
+    }
+};
+
+TEST_F(Binding, EveryPageGivesBackWhatItWasGiven) {
+    startFull();
+    const CompanyRecord before = tCustomerInfo;
+    for (int page : {1, 2, 3, 4, 0}) {
+        turnTo(page);
+        EXPECT_TRUE(PF_SetData_tCustomerInfo("frm_CompInp" + std::to_string(page)));
+        EXPECT_TRUE(PF_SetData_tCustomerInfo("frm_CompInp" + std::to_string(page)));
+        EXPECT_EQ(differences(before, tCustomerInfo), (std::map<std::string, std::string>{})) << page;
+    }
+}
+
+TEST_F(Binding, EachControlGoesIntoItsOwnField) {
+    startFull();
+    for (int number = 0; number < 3; ++number) {
+        turnTo(number);
+        const CompanyRecord before = tCustomerInfo;
+        int marks = 0;
+        for (Control* control : screen().controls()) {
+            auto* input = dynamic_cast<TextInput*>(control);
+            if (input != nullptr && input->name() != "txt_Tiku_Code") {
+                input->setText("印" + std::to_string(++marks));
+            }
+        }
+        ASSERT_TRUE(PF_SetData_tCustomerInfo(screen().name()));
+        auto changed = differences(before, tCustomerInfo);
+        changed.erase("TIKU_CODE");
+        EXPECT_EQ(changed.size(), static_cast<std::size_t>(marks)) << "page " << number << ": each mark in one field";
+        for (Control* control : screen().controls()) {
+            auto* input = dynamic_cast<TextInput*>(control);
+            if (input == nullptr || input->name() == "txt_Tiku_Code") {
+                continue;
+            }
+            std::string name = input->name().substr(4);
+            std::transform(name.begin(), name.end(), name.begin(), ::toupper);
+            name = name == "THIHO_MINUTES"   ? "TEIHO_MINUTES"
+                   : name == "PHOTOFILEPATH" ? "PHOTO_FILE" + std::to_string(input->index() + 1)
+                                             : name;
+            EXPECT_EQ(changed[name], input->text()) << name;
+        }
+    }
+}
+
+TEST_F(Binding, TheDistrictFollowsFromTheLine) {
+    startOn(2);
+    auto& form = page<frm_CompInp2>();
+    form.txt_Tiku_Code.setText("never read");
+    for (const auto& [line, district] : {std::pair{"409999", "4000"}, {"", "00"}, {"7", "700"}}) {
+        form.txt_Railroad_Code.setText(line);
+        EXPECT_TRUE(PF_SetData_tCustomerInfo2());
+        EXPECT_EQ(tCustomerInfo.TIKU_CODE, district) << line;
+    }
+}
+
+TEST_F(Binding, BoxesBecomeFlags) {
+    startOn(1);
+    auto& form = page<frm_CompInp1>();
+    for (std::size_t i = 0; i < form.chk_Dantai.size(); ++i) {
+        form.chk_Dantai[i].setValue(i == 0 || i == 2 ? 1 : i == 3 ? 2 : 0);
+    }
+    for (std::size_t i = 0; i < form.chk_Koutori.size(); ++i) {
+        form.chk_Koutori[i].setValue(1);
+    }
+    EXPECT_TRUE(PF_SetData_tCustomerInfo1());
+    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "1010000000000000") << "grey counts as off";
+    EXPECT_EQ(tCustomerInfo.KOUTORI_FLG, "1111111110000000");
+    turnTo(3);
+    auto& boxes = page<frm_CompInp3>().chk_Management_Type_Flg;
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        boxes[i].setValue(1);
+    }
+    EXPECT_TRUE(PF_SetData_tCustomerInfo3());
+    EXPECT_EQ(tCustomerInfo.MANAGEMENT_TYPE_FLG, std::string(28, '1') + std::string(36, '0'));
+    EXPECT_EQ(tCustomerInfo.BUSINESS_TYPE_FLG.size(), 64u);
+}
+
+TEST_F(Binding, TextsAreCleanedOnTheirWayAndEmptyNumbersAreBlank) {
+    startOn(0);
+    page<frm_CompInp0>().txt_Company_Name.setText("O'Hara〜\x01社");
+    page<frm_CompInp0>().chk_EqualData.setValue(2);
+    EXPECT_TRUE(PF_SetData_tCustomerInfo0());
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "O’Hara～社");
+    EXPECT_EQ(tCustomerInfo.SAME_CHECK, "0");
+    turnTo(1);
+    page<frm_CompInp1>().txt_Get_License_Date[0].setText("");
+    EXPECT_TRUE(PF_SetData_tCustomerInfo1());
+    EXPECT_EQ(tCustomerInfo.GET_LICENSE_DATE_YEAR, "");
+    EXPECT_EQ(tCustomerInfo.GET_LICENSE_DATE_MONTH, "4");
+}
+
+TEST_F(Binding, OnlyTheNamedPageWritesAndOnlyWhenItIsReady) {
+    startOn(0);
+    page<frm_CompInp0>().txt_Company_Name.setText("x");
+    for (const char* name : {"frm_compinp0", "frm_CompInp5", "frm_CompInp", ""}) {
+        EXPECT_TRUE(PF_SetData_tCustomerInfo(name));
+        EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");
+    }
+    screen().ready = false;
+    EXPECT_TRUE(PF_SetData_tCustomerInfo("frm_CompInp0"));
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");
+    EXPECT_TRUE(PF_SetData_tCustomerInfo("frm_CompInp1")) << "a page that was never opened";
+    EXPECT_EQ(tCustomerInfo.LICENSE_NO, "東京都知事");
+}
+
+TEST_F(Binding, ALostChoiceNeverTakesTheCompanyAway) {
+    startOn(0);
+    screen().cbo_User_Id.setListIndex(-1);
+    EXPECT_TRUE(PF_SetData_tCustomerInfo0());
+    EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+}
+
+TEST_F(Binding, RefusedValuesAreToldTogetherAndTheRestIsFilled) {
+    sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x', VALID_LICENSE_DATE_MONTH = '13', "
+        "VALID_LICENSE_DATE_DAY = '1e9', OTHER_DANTAI_NAME = '家主会' where USER_ID = '000004601'");
+    start();
+    turnTo(1);
+    expectShown("ESSX5050", {"、、免許証有効期限(開始)免許証有効期限(終了)免許証有効期限(終了)"});
+    auto& form = page<frm_CompInp1>();
+    EXPECT_EQ(form.txt_Get_License_Date[0].text(), "");
+    EXPECT_EQ(form.txt_Get_License_Date[1].text(), "4");
+    EXPECT_EQ(form.txt_Other_Dantai_Name.text(), "家主会");
+    EXPECT_TRUE(form.ready);
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Binding, ThePasswordBlock) {
+    startOn(0);
+    auto& form = page<frm_CompInp0>();
+    EXPECT_FALSE(form.txt_User_Passwd.enabled());
+    EXPECT_EQ(form.txt_User_Passwd.text(), "mihon01") << "greyed, and handed back as it is";
+    EXPECT_TRUE(form.btm_ChangePW.visible());
+    choose(kMarker);
+    EXPECT_TRUE(form.txt_User_Passwd.enabled());
+    EXPECT_EQ(form.txt_User_Passwd.backColour(), kRequiredField);
+    EXPECT_FALSE(form.btm_ChangePW.visible());
+}
+
+TEST_F(Binding, BothAddressModes) {
+    struct Case {
+        std::string flag, same;
+        bool typed, siteTyped, searchSite;
+    };
+    for (const Case& c : {Case{"1", "1", true, false, true}, Case{"1", "0", true, true, true},
+                          Case{"0", "1", false, false, false}, Case{"0", "0", false, false, true}}) {
+        sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '" + c.same + "' where USER_ID = '000004601'");
+        startOn(0, "000004601,1," + c.flag);
+        auto& form = page<frm_CompInp0>();
+        const bool byMaster = c.flag == "0";
+        EXPECT_EQ(form.btm_SearchOfficeAddress.visible(), byMaster);
+        EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.visible(), byMaster);
+        if (byMaster) {
+            EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.enabled(), c.searchSite);
+        }
+        for (const auto* input : {&form.txt_Post_Code, &form.txt_Address}) {
+            EXPECT_EQ(input->enabled(), c.typed);
+            EXPECT_EQ(input->backColour(), c.typed ? kRequiredField : kDisabledField);
+        }
+        for (const auto* input : {&form.txt_Pc_Post_Code, &form.txt_Pc_Address}) {
+            EXPECT_EQ(input->enabled(), c.siteTyped) << c.flag << c.same;
+        }
+        EXPECT_EQ(form.txt_Address.text(), "東京都新宿区新宿３丁目");
+        EXPECT_EQ(form.chk_EqualData.value(), c.same == "1" ? 1 : 0);
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
+    sql("update TBL_CUSTOMER_INFO set ADDRESS_CODE = '', SAME_CHECK = '0', PC_ADDRESS = 'x' where USER_ID = "
+        "'000004601'");
+    startOn(0, "000004601,1,1");
+    EXPECT_EQ(tCustomerInfo.ADDRESS, "東京都新宿区新宿３丁目") << "typed addresses have no code";
+    leave();
+    messages.shown.clear();
+    startOn(0, "000004601,1,0");
+    EXPECT_EQ(tCustomerInfo.ADDRESS + tCustomerInfo.PC_ADDRESS, "");
+    EXPECT_EQ(page<frm_CompInp0>().txt_Address.text(), "");
+}
+
+TEST_F(Binding, WhatAFlagFailsToRead) {
+    for (const char* same : {"", "x"}) {
+        sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '" + std::string(same) + "' where USER_ID = '000004601'");
+        start();
+        expectReported("13", "[ PF_SetData_Frm_CompInp0 ] 型が一致しません。");
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Binding, TheAssociations) {
+    struct Case {
+        std::string flags, name;
+        bool enabled;
+        std::string shown;
+    };
+    for (const Case& c : {
+             Case{"1000000000000000", "(社)滋賀県宅地建物取引業協会", true, "(社)滋賀県宅地建物取引業協会"},
+             Case{"0000000000000000", "(社)滋賀県宅地建物取引業協会", false, "(社)滋賀県宅地建物取引業協会"},
+             Case{"1000000000000000", "なし", true, ""},
+             Case{"0000000000000000", "", false, ""},
+             Case{"01", "", false, ""},
+         }) {
+        sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = '" + c.flags + "', DANTAI_NAME = '" + c.name +
+            "' where USER_ID = '000004601'");
+        startOn(1);
+        auto& form = page<frm_CompInp1>();
+        EXPECT_EQ(form.cbo_Dantai_Name.enabled(), c.enabled) << c.flags;
+        EXPECT_EQ(form.cbo_Dantai_Name.backColour(), c.enabled ? kRequiredField : kDisabledField);
+        EXPECT_EQ(form.cbo_Dantai_Name.text(), c.shown) << c.flags << c.name;
+        EXPECT_EQ(form.chk_Dantai[0].value(), c.enabled ? 1 : 0);
+        EXPECT_EQ(form.chk_Dantai[1].value(), c.flags[1] - '0');
+        EXPECT_EQ(form.chk_Dantai[6].value(), 0);
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Binding, AWordThatTheListHasLostIsPassedOver) {
+    sql("update TBL_CUSTOMER_INFO set LICENSE_NO = '建設大臣' where USER_ID = '000004601'");
+    startOn(1);
+    EXPECT_EQ(page<frm_CompInp1>().cbo_License_No.text(), "");
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(Binding, ThePhotos) {
+    sql("update TBL_CUSTOMER_ADD set PHOTO_GRP1 = '' where USER_ID = '000004601'");
+    startOn(2);
+    auto& form = page<frm_CompInp2>();
+    EXPECT_EQ(form.cbo_pic_PhotoFile[0].listIndex(), 0) << "the first row, not none";
+    EXPECT_EQ(form.cbo_pic_PhotoFile[1].text(), "店内");
+    EXPECT_EQ(form.txt_PhotoFilePath[1].text(), "C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_EQ(pictures.loaded, (Texts{"C:\\ORV\\TMP\\TmpImg_1", "C:\\ORV\\TMP\\TmpImg_2"}));
+    files.remove("C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_TRUE(PF_SetData_Frm_CompInp2());
+    EXPECT_EQ(form.pic_PhotoFile[1].picture(), nullptr);
+    EXPECT_EQ(form.txt_PhotoFilePath[1].text(), "C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(Binding, TheComputerIsShownAndTakenAsItStands) {
+    startOn(4);
+    auto& form = page<frm_CompInp4>();
+    EXPECT_EQ(form.lbl_Ins_Hd_Cap.caption(), "C:\\ 12.5GB/74.5GB");
+    EXPECT_EQ(form.lbl_Build_Ver.caption() + form.lbl_OS_Ver.caption() + form.lbl_Csd_Ver.caption(), "7601OS名SP1");
+    form.lbl_Proxy_Info.setCaption("a'b");
+    EXPECT_TRUE(PF_SetData_tCustomerInfo4());
+    EXPECT_EQ(tCustomerInfo.PROXY_INFO, "a'b") << "not cleaned";
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,260 @@
+#include "core/flow/company_load.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kFill = "[ PF_SetCompanyDataStructureChng ] ";
+
+class Load : public SystemTest {
+protected:
+    void expectPair(const std::string& text, const std::string& code) {
+        EXPECT_EQ(gErrMsg, text);
+        EXPECT_EQ(gErrCode, code);
+    }
+};
+
+TEST_F(Load, EveryColumnComesIntoItsField) {
+    for (const FieldInfo& field : kFields) {
+        const bool stored = field.source == Source::Stored && field.text != nullptr && field.name != "USER_ID";
+        if (stored) {
+            const std::string table = field.table == Table::Info ? "TBL_CUSTOMER_INFO" : "TBL_CUSTOMER_ADD";
+            sql("update " + table + " set " + std::string(field.name) + " = '  v " + std::string(field.name) +
+                "  ' where USER_ID = '000004601'");
+        }
+    }
+    sql("update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE, CPU = 'old', MEMORY = 'old', PHOTO_FILE1 = null, "
+        "PHOTO_FILE2 = null where USER_ID = '000004601'");
+    load();
+    for (const FieldInfo& field : kFields) {
+        const bool photo = field.name.starts_with("PHOTO_FILE");
+        if (field.source == Source::Stored && field.text != nullptr && field.name != "USER_ID" && !photo) {
+            EXPECT_EQ(tCustomerInfo.*field.text, "  v " + std::string(field.name)) << "blanks in front stay";
+        }
+    }
+    EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+    EXPECT_TRUE(tCustomerInfo.SEND_FLAG);
+    EXPECT_EQ(tCustomerInfo.CPU, "") << "never read";
+    EXPECT_EQ(tCustomerInfo.MEMORY, "2048MB") << "measured, not read";
+}
+
+TEST_F(Load, NullsComeAsBlanksAndZeros) {
+    sql("delete from TBL_CUSTOMER_INFO where USER_ID = '000004601'");
+    sql("delete from TBL_CUSTOMER_ADD where USER_ID = '000004601'");
+    sql("insert into TBL_CUSTOMER_INFO (USER_ID) values ('000004601')");
+    sql("insert into TBL_CUSTOMER_ADD (USER_ID, SEND_FLAG) values ('000004601', FALSE)");
+    load();
+    for (const FieldInfo& field : kFields) {
+        if (field.source == Source::Stored && field.text != nullptr && field.name != "USER_ID") {
+            EXPECT_EQ(tCustomerInfo.*field.text, field.name == "SAME_CHECK" ? "1" : std::string(field.zeros, '0'))
+                << field.name;
+        }
+    }
+}
+
+TEST_F(Load, TheAreaFollowsFromTheAddressWhereItIsMissing) {
+    struct Case {
+        std::string area, address, result;
+    };
+    for (const Case& c :
+         {Case{"''", "'13104022003'", "13104"}, Case{"NULL", "'131'", "131"}, Case{"'  '", "'13104022003'", "13104"},
+          Case{"'99999'", "'13104022003'", "99999"}, Case{"''", "'  '", ""}}) {
+        sql("update TBL_CUSTOMER_INFO set AREA_CODE = " + c.area + ", ADDRESS_CODE = " + c.address +
+            " where USER_ID = '000004601'");
+        load();
+        EXPECT_EQ(tCustomerInfo.AREA_CODE, c.result) << c.area << c.address;
+    }
+}
+
+TEST_F(Load, ThatEditionAlwaysBelongsToItsAssociation) {
+    settings.set("VERSION", "MINOR", "3");
+    sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = '1000000000000001' where USER_ID = '000004601'");
+    load();
+    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "1001000000000001");
+    sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = NULL where USER_ID = '000004601'");
+    load();
+    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "0001000000000000");
+    load(kMarker);
+    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "0001000000000000");
+}
+
+TEST_F(Load, ANewCompanyHasNothingButItsMarkerItsZerosAndTheComputer) {
+    load(kMarker);
+    EXPECT_EQ(tCustomerInfo.USER_ID, kMarker);
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME + tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.INSERT_DATE, "");
+    EXPECT_EQ(tCustomerInfo.SAME_CHECK, "1");
+    EXPECT_EQ(tCustomerInfo.SERVICE_FLG, std::string(50, '0'));
+    EXPECT_EQ(tCustomerInfo.BUSINESS_TYPE_FLG, std::string(64, '0'));
+    EXPECT_EQ(tCustomerInfo.OS_VER, "OS名");
+    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+    EXPECT_EQ(everything().size(), 6u + 5u + 6u) << "nothing is written before the first save";
+}
+
+TEST_F(Load, AMarkerThatWasSavedLoadsLikeAnyOther) {
+    sql("insert into TBL_CUSTOMER_INFO (USER_ID, COMPANY_NAME) values ('---------', '新会社')");
+    sql("insert into TBL_CUSTOMER_ADD (USER_ID) values ('---------')");
+    load(kMarker);
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "新会社");
+}
+
+TEST_F(Load, PhotosGetWorkingCopies) {
+    load();
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "C:\\ORV\\TMP\\TmpImg_1");
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_EQ(bytesOf(tCustomerInfo.PHOTO_FILE2), bytesOf("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
+    files.remove("C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg");
+    load();
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "") << "the stored file is gone";
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Load, WhatStopsALoad) {
+    struct Case {
+        Call call;
+        std::string part, text, code;
+    };
+    for (const Case& c : {
+             Case{Call::Open, "", "ストアの故障", "DB:77"},
+             Case{Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障", "DB:77"},
+             Case{Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障", "DB:77"},
+             Case{Call::Execute, "insert", "[ PF_DataLock ] ストアの故障", "DB:77"},
+             Case{Call::Select, "LEFT JOIN", "ストアの故障", "DB:77"},
+         }) {
+        sql("delete from TBL_LOCK");
+        store.fail(c.call, c.part);
+        EXPECT_FALSE(PF_GetCompanyData(kCompany)) << c.text << c.part;
+        expectPair(c.text, c.code);
+        EXPECT_EQ(locks(), Texts{}) << "no page will ever release it";
+        EXPECT_EQ(store.open, 0);
+        store.mend();
+    }
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(Load, ACompanyThatIsNotThereOrNotWhole) {
+    EXPECT_FALSE(PF_GetCompanyData("000009999"));
+    expectPair("DBデータ取得にしっぱいしました。", "ECOS5120");
+    EXPECT_FALSE(PF_GetCompanyData("000004605"));
+    expectPair(std::string(kFill) + "値のない項目を値として使いました。", "94");
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "みずうみ見本住宅") << "the record is left as far as it got";
+    sql("create table T as select * from TBL_CUSTOMER_ADD; drop table TBL_CUSTOMER_ADD; alter table T rename to "
+        "TBL_CUSTOMER_ADD; insert into TBL_CUSTOMER_ADD select * from TBL_CUSTOMER_ADD where USER_ID = '000004601'");
+    EXPECT_FALSE(PF_GetCompanyData(kCompany));
+    expectPair("000004601がDBに存在しないか、\r\n複数存在します。", "DBERR:02");
+    EXPECT_EQ(locks(), Texts{});
+}
+
+TEST_F(Load, AFailureWhileReadingIsTrapped) {
+    sql("alter table TBL_CUSTOMER_INFO rename column TANTO_NAME to X");
+    EXPECT_FALSE(PF_GetCompanyData(kCompany));
+    EXPECT_TRUE(gErrMsg.starts_with(kFill)) << gErrMsg;
+    EXPECT_NE(gErrCode, "");
+    clearPair();
+    files.refuse("C:\\ORV\\TMP\\TmpImg_1", Failure::DiskFull);
+    sql("alter table TBL_CUSTOMER_INFO rename column X to TANTO_NAME");
+    EXPECT_FALSE(PF_GetCompanyData(kCompany));
+    expectPair(std::string(kFill) + "ディスクの空き容量が足りません。", "61");
+}
+
+TEST_F(Load, AForeignLockIsToldOnceAndChangesNothing) {
+    EXPECT_FALSE(PF_GetCompanyData("000004606"));
+    expectShown("COS20003", {"000004606"});
+    expectPair("", "");
+    EXPECT_EQ(log(), "");
+    EXPECT_EQ(one("select LOCAL_INFO || INSERT_DATE from TBL_LOCK"), "FRONT-PC022026/11/02 09:14:37");
+}
+
+TEST_F(Load, TheOwnLockOfADeadRunIsTakenOver) {
+    sql("insert into TBL_LOCK values ('000004601', 'COS', '99999999', 'DESK01', 'old')");
+    load();
+    EXPECT_EQ(one("select INSERT_DATE from TBL_LOCK where USER_ID = '000004601'"), "2026/05/04 09:08:07");
+}
+
+class EnvironmentProbe : public SystemTest {
+protected:
+    static std::string environment() {
+        std::string all;
+        for (const FieldInfo& field : kFields) {
+            if (field.source == Source::Probed) {
+                all += tCustomerInfo.*field.text + "|";
+            }
+        }
+        return all;
+    }
+};
+
+TEST_F(EnvironmentProbe, EverythingIsMeasuredInOrder) {
+    load();
+    EXPECT_EQ(
+        environment(),
+        "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|");
+    EXPECT_EQ(machine.asked,
+              (Texts{"os", "ip", "-2147483646 SOFTWARE\\ZENTHA\\ORV InstallKey", "disk C:\\", "disk C:\\", "memory",
+                     "-2147483646 SOFTWARE\\Microsoft\\Internet Explorer Version",
+                     "-2147483647 SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings ProxyServer"}));
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(EnvironmentProbe, AFailedMeasurementLeavesABlankAndOneLogLine) {
+    struct Case {
+        std::string refused, environment, note;
+        int lines = 1;
+    };
+    for (const Case& c : {
+             Case{"os", "|||||LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|",
+                  ""},
+             Case{"ip", "OS名|6|1|7601|SP1|LAN||C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|",
+                  ""},
+             Case{"InstallKey",
+                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB||2048MB|11.0|proxy:8080|",
+                  "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)"},
+             Case{"disk C:\\", "OS名|6|1|7601|SP1|LAN|192.168.0.9|||C:\\ORV|2048MB|11.0|proxy:8080|", "", 2},
+             Case{"memory",
+                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV||11.0|proxy:8080|",
+                  ""},
+             Case{"Version",
+                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB||proxy:8080|",
+                  "(IEバージョン)"},
+             Case{"ProxyServer",
+                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0||",
+                  "(プロキシ設定)"},
+         }) {
+        if (files.exists(com().LogErrFile())) {
+            files.remove(com().LogErrFile());
+        }
+        machine.refused = {c.refused};
+        load();
+        EXPECT_EQ(environment(), c.environment) << c.refused;
+        std::string expected;
+        for (int i = 0; i < c.lines; ++i) {
+            expected += record("SYS:1", "測定の故障" + c.note);
+        }
+        EXPECT_EQ(log(), expected) << c.refused;
+        EXPECT_EQ(gErrMsg + gErrCode, "") << "the pair is not touched";
+    }
+}
+
+TEST_F(EnvironmentProbe, TheConnectionTypeTellsByThePairWhichIsLoggedAndCleared) {
+    settings.refuse("NET", "TYPE");
+    load();
+    EXPECT_EQ(tCustomerInfo.NET_TYPE, "");
+    EXPECT_EQ(log(), record("57", "[ PF_GetProFile ] ファイルの読み書き中にエラーが発生しました。"));
+    EXPECT_EQ(gErrMsg + gErrCode, "");
+}
+
+TEST_F(EnvironmentProbe, WithoutAWindowsFolderOnlyItsDiskIsBlank) {
+    facts.windowsDirectory.clear();
+    machine.refused = {"disk "};
+    load();
+    EXPECT_EQ(tCustomerInfo.SYS_HD_CAP, "");
+    EXPECT_EQ(tCustomerInfo.INS_HD_CAP, "C:\\ 12.5GB/74.5GB");
+    EXPECT_EQ(log(), record("SYS:1", "測定の故障"));
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,117 @@
+#include "core/flow/leaving.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
+
+/// Both ways out, of each page.
+class Leaving : public SystemTest, public testing::WithParamInterface<std::tuple<int, bool>> {
+protected:
+    int page() const { return std::get<0>(GetParam()); }
+    bool byButton() const { return std::get<1>(GetParam()); }
+    void out() {
+        if (byButton()) {
+            leave();
+        } else {
+            closeBox();
+        }
+    }
+    std::string tag() const {
+        return byButton() ? "[ CompInp" + std::to_string(page()) + " btm_Back_Menu_Click ]" : "[ Form_QueryUnload ]";
+    }
+    void expectStillThere(const Texts& locksHeld) {
+        EXPECT_EQ(forms.forms().size(), 1u);
+        EXPECT_TRUE(screen().visible());
+        EXPECT_EQ(screen().number, page());
+        EXPECT_EQ(locks(), locksHeld);
+        EXPECT_EQ(programs.commandLines, Texts{});
+        EXPECT_EQ(store.open, 0);
+    }
+};
+
+TEST_P(Leaving, ReleasesTheCompanyAndStartsTheCaller) {
+    startOn(page());
+    out();
+    expectShown("ADD00010", {});
+    EXPECT_TRUE(forms.forms().empty());
+    EXPECT_EQ(locks(), Texts{});
+    EXPECT_EQ(programs.commandLines, Texts{kMenu});
+    EXPECT_EQ(windows.calls.back(), "close frm_CompInp" + std::to_string(page()));
+    EXPECT_EQ(log(), "");
+}
+
+TEST_P(Leaving, AfterACompleteSaveNothingIsAsked) {
+    startOn(page());
+    gSaved = true;
+    settings.set("UTILTY", "USER_STARTPARA", "ANOTHER.EXE 1 2");
+    out();
+    EXPECT_EQ(shownIds(), Texts{});
+    EXPECT_EQ(programs.commandLines, Texts{"ANOTHER.EXE 1 2"});
+    EXPECT_TRUE(forms.forms().empty());
+}
+
+TEST_P(Leaving, TheOperatorMayStay) {
+    startOn(page());
+    answer(1);
+    out();
+    expectShown("ADD00010", {});
+    expectStillThere({"000004601 DESK01"});
+}
+
+TEST_P(Leaving, AMessageThatCannotBeShownKeepsThePage) {
+    startOn(page());
+    messages.refusal = FailureRecord{"窓がない", "MSG:1"};
+    out();
+    expectStillThere({"000004601 DESK01"});
+}
+
+TEST_P(Leaving, AFailureOfTheStoreKeepsThePageAndCanBeTriedAgain) {
+    struct Case {
+        Call call;
+        std::string text;
+    };
+    startOn(page());
+    for (const Case& c : {Case{Call::Open, "ストアの故障"}, Case{Call::Begin, "[ PF_DataUnlock ] ストアの故障"},
+                          Case{Call::Execute, "[ PF_DataUnlock ] ストアの故障"},
+                          Case{Call::Commit, "[ PF_DataUnlock ] ストアの故障"}}) {
+        gSaved = true;
+        store.fail(c.call);
+        out();
+        expectReported("DB:77", c.text);
+        expectStillThere({"000004601 DESK01"});
+        store.mend();
+    }
+    out();
+    EXPECT_TRUE(forms.forms().empty());
+}
+
+TEST_P(Leaving, ACallerThatCannotBeStartedIsTold) {
+    startOn(page());
+    gSaved = true;
+    programs.failure = Failure::FileNotFound;
+    out();
+    expectReported("53", tag() + "ファイルが見つかりません。");
+    expectStillThere({});
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, Leaving, testing::Combine(testing::Range(0, 5), testing::Bool()), [](const auto& one) {
+    return "Page" + std::to_string(std::get<0>(one.param)) + (std::get<1>(one.param) ? "Button" : "CloseBox");
+});
+
+class FormClean : public SystemTest {};
+
+TEST_F(FormClean, UnloadsWhateverIsLoaded) {
+    startOn(0);
+    forms.load(sendForm());
+    EXPECT_TRUE(PF_Form_Clean());
+    EXPECT_TRUE(forms.forms().empty());
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,120 @@
+#include "binding/record_to_page.h"
+#include "core/flow/save_test.h"
+#include "store/data_lock.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+/// A company that the server has not numbered, filled like the sample's first one.
+class NewCompany : public SaveTest {
+protected:
+    NewCompany() {
+        load();
+        CompanyRecord filled = tCustomerInfo;
+        openStore();
+        EXPECT_TRUE(PF_DataUnlock(kCompany, kLockType, kLockNumber));
+        closeStore();
+        start("---------,1,0");
+        for (TextField field : {&CompanyRecord::PHOTO_FILE1, &CompanyRecord::PHOTO_FILE2, &CompanyRecord::PHOTO_GRP1,
+                                &CompanyRecord::PHOTO_GRP2, &CompanyRecord::UPDATE_DATE, &CompanyRecord::INSERT_DATE}) {
+            (filled.*field).clear();
+        }
+        filled.USER_ID = kMarker;
+        filled.PWD_CHG_FLG.clear();
+        tCustomerInfo = filled;
+        EXPECT_TRUE(PF_SetData_Frm_CompInp0());
+        server.id = "000004700";
+    }
+    /// How many rows each table has for the company.
+    std::string rowsOf(const std::string& userId) {
+        std::string counts;
+        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+            counts += one(std::string("select count(*) from ") + table + " where USER_ID = '" + userId + "'");
+        }
+        return counts;
+    }
+};
+
+TEST_F(NewCompany, IsInsertedSentNumberedAndMoved) {
+    server.meanwhile = [&] {
+        EXPECT_EQ(rowsOf(kMarker), "111");
+        EXPECT_EQ(info("PWD_CHG_FLG || '|' || UPDATE_DATE || '|' || INSERT_DATE", kMarker), "2||20260504 09:08:07");
+        EXPECT_EQ(info("SERVICE_FLG", kMarker), std::string(50, '0')) << "whatever the record holds";
+    };
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(server.sent, Texts{kMarker});
+    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "000111");
+    EXPECT_EQ(info("PWD_CHG_FLG || '|' || UPDATE_DATE", "000004700"), "1|20260504 09:08:07");
+    EXPECT_EQ(tCustomerInfo.USER_ID, "000004700");
+    EXPECT_EQ(form().cbo_User_Id.text() + form().lbl_UserId.caption(), "000004700000004700");
+    EXPECT_EQ(form().cbo_User_Id.list(form().cbo_User_Id.listCount() - 1), kMarker);
+    EXPECT_FALSE(form().txt_User_Passwd.enabled());
+    EXPECT_EQ(locks(), Texts{"000004700 DESK01"});
+    EXPECT_FALSE(gSaved) << "the silent switch clears it";
+    expectAtRest();
+    EXPECT_EQ(log(), "");
+    edit("次の変更");
+    server.meanwhile = {};
+    save();
+    EXPECT_EQ(info("COMPANY_NAME", "000004700"), "次の変更");
+    EXPECT_EQ(rowsOf("000004700"), "111");
+}
+
+TEST_F(NewCompany, AnAnswerOfAnotherLengthIsPassedOver) {
+    for (const char* id : {"00004700", "0000047000", ""}) {
+        server.id = id;
+        save();
+        expectShown("COS05574", {});
+        EXPECT_EQ(rowsOf(kMarker), "111") << id;
+        EXPECT_EQ(form().cbo_User_Id.text(), kMarker);
+        EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+        EXPECT_TRUE(gSaved);
+    }
+    EXPECT_EQ(everything().size(), 6u + 5u + 6u + 3u);
+}
+
+TEST_F(NewCompany, AFailedSendLeavesOneRowInEachTableHoweverOftenItIsTried) {
+    server.takes = false;
+    save();
+    save();
+    EXPECT_EQ(shownIds(), (Texts{"COSERR01", "COSERR01"}));
+    EXPECT_EQ(rowsOf(kMarker), "111");
+    EXPECT_EQ(info("PWD_CHG_FLG", kMarker), "2");
+    EXPECT_EQ(form().cbo_User_Id.text(), kMarker);
+    int markers = 0;
+    for (int i = 0; i < form().cbo_User_Id.listCount(); ++i) {
+        markers += form().cbo_User_Id.list(i) == kMarker ? 1 : 0;
+    }
+    EXPECT_EQ(markers, 1);
+    server.takes = true;
+    save();
+    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "000111");
+}
+
+TEST_F(NewCompany, ASecondWriteThatFailsKeepsTheMarker) {
+    store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_ADD");
+    save();
+    EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"}));
+    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "111000");
+    EXPECT_EQ(tCustomerInfo.USER_ID + form().cbo_User_Id.text(), "------------------");
+    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+    expectAtRest();
+}
+
+TEST_F(NewCompany, AProbeThatFailsNeverMakesASecondRow) {
+    server.takes = false;
+    save();
+    for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+        store.fail(Call::Select, std::string("FROM ") + table);
+        save();
+        EXPECT_EQ(rowsOf(kMarker), "111");
+        store.mend();
+    }
+}
+
+}  // namespace
+}  // namespace orv

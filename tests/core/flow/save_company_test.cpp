@@ -1,0 +1,272 @@
+#include "core/flow/save_company.h"
+
+#include <algorithm>
+
+#include "core/flow/save_test.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+class Save : public SaveTest {};
+
+TEST_F(Save, ACompleteSave) {
+    sql("update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE, CPU = 'old' where USER_ID = '000004601'");
+    sql("update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '2' where USER_ID = '000004601'");
+    startOn(0);
+    edit("変更後");
+    store.statements.clear();
+    server.meanwhile = [&] {
+        EXPECT_FALSE(form().enabled());
+        EXPECT_EQ(forms.pointer(), kPointerHourglass);
+        EXPECT_EQ(stored(), "変更後21") << "the first write stands whatever the server will say";
+    };
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(stored(), "変更後10");
+    EXPECT_EQ(server.sent, Texts{kCompany});
+    EXPECT_EQ(info("UPDATE_DATE || INSERT_DATE || MAIL_FLG"), "20260504 09:08:0720190401 10:05:001");
+    EXPECT_EQ(info("substr(SERVICE_FLG, 26, 1) || CONTRACT_PUBLISHNUMBER"), "212") << "left as they were";
+    EXPECT_EQ(add("CPU || '|' || MEMORY || '|' || NET_TYPE"), "|2048MB|LAN");
+    EXPECT_EQ(one("select CONTRACT_DATE from TBL_CUSTOMER_DATE where USER_ID = '000004601'"), "20190401");
+    EXPECT_TRUE(gSaved);
+    expectPhotosInTheRow();
+    expectPhotosAtHand();
+    expectAtRest();
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Save, RefusedInputWritesNothingAndIsToldOnce) {
+    startOn(0);
+    edit("");
+    const Texts before = everything();
+    save();
+    expectShown("COS19800", {"会社名が未入力です。"});
+    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(server.prepared, 0);
+    EXPECT_FALSE(gSaved);
+    EXPECT_EQ(form().activeControl(), &form().txt_Company_Name) << "given when the page is open again";
+    expectAtRest();
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Save, WhatAFailureOfTheStoreLeavesBehind) {
+    struct Case {
+        Call call;
+        std::string part;
+        int nth;
+        bool sent;
+    };
+    for (const Case& c : {
+             Case{Call::Open, "", 1, false},
+             Case{Call::Begin, "", 1, false},
+             Case{Call::Execute, "update TBL_CUSTOMER_INFO", 1, false},
+             Case{Call::Execute, "UPDATE TBL_CUSTOMER_ADD", 1, false},
+             Case{Call::Execute, "UPDATE TBL_CUSTOMER_DATE", 1, false},
+             Case{Call::Commit, "", 1, false},
+             Case{Call::Begin, "", 2, true},
+             Case{Call::Execute, "update TBL_CUSTOMER_INFO", 2, true},
+             Case{Call::Execute, "UPDATE TBL_CUSTOMER_ADD", 2, true},
+             Case{Call::Execute, "UPDATE TBL_CUSTOMER_DATE", 2, true},
+             Case{Call::Commit, "", 2, true},
+         }) {
+        sql("update TBL_CUSTOMER_INFO set COMPANY_NAME = '前', PWD_CHG_FLG = '2' where USER_ID = '000004601'");
+        sql("update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE where USER_ID = '000004601'");
+        startOn(0);
+        edit("変更後");
+        server.sent.clear();
+        gSaved = false;
+        store.fail(c.call, c.part, c.nth);
+        save();
+        EXPECT_EQ(shownIds(), c.sent ? (Texts{"COS05574", "COSERR01"}) : Texts{"COSERR01"}) << c.part;
+        EXPECT_EQ(messages.shown.back().args, (Values{"DB:77", "ストアの故障"}));
+        EXPECT_EQ(stored(), c.sent ? "変更後21" : "前21") << c.part << c.nth;
+        EXPECT_EQ(server.sent.size(), c.sent ? 1u : 0u);
+        EXPECT_FALSE(gSaved);
+        expectPhotosAtHand();
+        expectAtRest();
+        messages.shown.clear();
+
+        store.mend();
+        save();
+        expectShown("COS05574", {});
+        EXPECT_EQ(stored(), "変更後10");
+        expectPhotosInTheRow();
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Save, ARefusedStatementIsWrittenOut) {
+    startOn(0);
+    store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
+    save();
+    const std::string failed = record("DB:77", "ストアの故障");
+    EXPECT_EQ(log(), failed +
+                         record("SQL",
+                                "UPDATE TBL_CUSTOMER_DATE        SET             USER_ID  ='000004601'     WHERE  "
+                                "USER_ID = '000004601'") +
+                         failed)
+        << "the write logs its failure and its statement, the button what it told";
+}
+
+TEST_F(Save, AMissingRowIsNeverCreated) {
+    struct Case {
+        std::string table, text, code;
+    };
+    for (const Case& c : {Case{"TBL_CUSTOMER_DATE", "会社情報日付DB登録に失敗しました。", "ESSX0645"},
+                          Case{"TBL_CUSTOMER_ADD", "会社情報付加DB登録に失敗しました。", "ESSX0645"},
+                          Case{"TBL_CUSTOMER_INFO", "会社情報基本DB登録に失敗しました。", "ESSX0644"}}) {
+        startOn(0);
+        sql("delete from " + c.table + " where USER_ID = '000004601'");
+        const Texts before = everything();
+        save();
+        EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COSERR01", {c.code, c.text}}));
+        EXPECT_EQ(everything(), before);
+        EXPECT_TRUE(server.sent.empty());
+        EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+        forms.unload(screen(), UnloadMode::Code);
+        messages.shown.clear();
+        sql("delete from TBL_CUSTOMER_INFO");
+        sql("delete from TBL_CUSTOMER_ADD");
+        sql("delete from TBL_CUSTOMER_DATE");
+        runSampleFile(office.store(), "companies.sql");
+    }
+}
+
+TEST_F(Save, WhatTheServerDoesNotTakeStaysAsChanged) {
+    sql("update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '2' where USER_ID = '000004601'");
+    sql("update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE where USER_ID = '000004601'");
+    startOn(0);
+    edit("変更後");
+    server.prepares = false;
+    save();
+    expectReported("SEND:9", "サーバーの故障");
+    EXPECT_TRUE(server.sent.empty());
+    EXPECT_EQ(http.sent.size(), 2u) << "the photos go all the same";
+    EXPECT_EQ(stored(), "変更後21");
+
+    server.prepares = true;
+    server.takes = false;
+    save();
+    expectReported("SEND:9", "サーバーの故障");
+    EXPECT_EQ(server.sent.size(), 1u);
+    EXPECT_EQ(stored(), "変更後21");
+
+    server.failure = Failure::OutOfMemory;
+    save();
+    expectReported("7", "[ PF_SndCos ]メモリが足りません。");
+    EXPECT_EQ(stored(), "変更後21");
+    EXPECT_FALSE(gSaved);
+    expectPhotosAtHand();
+    expectAtRest();
+
+    server.failure.reset();
+    server.takes = true;
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(stored(), "変更後10");
+    expectPhotosInTheRow();
+}
+
+TEST_F(Save, WhateverCallToTheStoreFailsTheNextSaveSetsAllRight) {
+    startOn(0);
+    const std::string others = "select * from TBL_CUSTOMER_INFO where USER_ID <> '000004601' order by 1";
+    const Texts othersBefore = rows(others);
+    const int most = [&] {
+        const int before = store.calls;
+        save();
+        return store.calls - before;
+    }();
+    EXPECT_GT(most, 20);
+    for (int n = 1; n <= most; ++n) {
+        messages.shown.clear();
+        const std::string was = info("COMPANY_NAME");
+        edit("名" + std::to_string(n));
+        page<frm_CompInp0>().txt_Tanto_Name.setText("担当" + std::to_string(n));
+        gSaved = false;
+        store.fail(Call::Any, "", n);
+        save();
+        store.mend();
+        const Texts ids = shownIds();
+        const bool told = std::find(ids.begin(), ids.end(), "COSERR01") != ids.end();
+        EXPECT_TRUE(told || gSaved) << n << ": neither saved nor told";
+        EXPECT_EQ(gErrMsg.empty() || gSaved, true) << n << ": left in the pair after the report";
+        EXPECT_TRUE(info("COMPANY_NAME") == was || info("TANTO_NAME") == "担当" + std::to_string(n)) << n;
+        EXPECT_EQ(tCustomerInfo.USER_ID, kCompany) << n;
+        EXPECT_EQ(form().cbo_User_Id.text(), kCompany) << n;
+        expectPhotosAtHand();
+        expectAtRest();
+        save();
+        EXPECT_EQ(shownIds().back(), "COS05574") << n;
+        EXPECT_EQ(info("COMPANY_NAME"), "名" + std::to_string(n));
+        expectPhotosInTheRow();
+    }
+    EXPECT_EQ(rows(others), othersBefore);
+}
+
+TEST_F(Save, AListThatCannotBeReadAgainKeepsTheCompany) {
+    startOn(0);
+    edit("変更後");
+    store.fail(Call::Select, "ORDER BY USER_ID");
+    save();
+    expectShown("COS05574", {});
+    ComboBox& list = form().cbo_User_Id;
+    ASSERT_EQ(list.listCount(), 2);
+    EXPECT_EQ(list.list(0) + " " + list.list(1) + " " + list.text(), "000004601 --------- 000004601");
+    EXPECT_TRUE(gSaved);
+    EXPECT_EQ(gErrMsg, "");
+    save();
+    EXPECT_EQ(list.listCount(), 7);
+    EXPECT_EQ(info("COMPANY_NAME"), "変更後");
+}
+
+TEST_F(Save, APageThatHasLostItsChoiceSavesItsOwnCompany) {
+    startOn(0);
+    form().cbo_User_Id.clear();
+    edit("変更後");
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("COMPANY_NAME"), "変更後");
+    EXPECT_EQ(form().cbo_User_Id.text(), kCompany);
+}
+
+TEST_F(Save, OnlyThePageOnTheScreenIsTaken) {
+    startOn(0);
+    edit("捨てない");
+    turnTo(3);
+    page<frm_CompInp3>().chk_Business_Type_Flg[11].setValue(1);
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("COMPANY_NAME"), "捨てない") << "taken when the page was left";
+    EXPECT_EQ(add("substr(BUSINESS_TYPE_FLG, 1, 13)"), "1100010000010");
+}
+
+TEST_F(Save, ASaveThatMovedToAnotherPageEndsThere) {
+    startOn(0);
+    edit("");
+    turnTo(3);
+    save();
+    expectShown("COS19800", {"会社名が未入力です。"});
+    EXPECT_EQ(screen().number, 0);
+    EXPECT_EQ(screen().activeControl(), &form().txt_Company_Name);
+    expectAtRest();
+    edit("直した");
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("COMPANY_NAME"), "直した");
+}
+
+TEST_F(Save, AKnownCompanyKeepsItsNumberWhateverTheServerAnswers) {
+    startOn(0);
+    server.id = "000009999";
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("USER_ID"), kCompany);
+    EXPECT_EQ(one("select count(*) from TBL_CUSTOMER_INFO where USER_ID = '000009999'"), "0");
+}
+
+}  // namespace
+}  // namespace orv

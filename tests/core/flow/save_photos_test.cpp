@@ -1,0 +1,154 @@
+#include "core/flow/photo_files.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* kWorking1 = "C:\\ORV\\TMP\\TmpImg_1";
+constexpr const char* kWorking2 = "C:\\ORV\\TMP\\TmpImg_2";
+constexpr const char* kStored1 = "C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg";
+constexpr const char* kStored2 = "C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg";
+constexpr const char* kChosen = "C:\\ORV\\PHOTO\\new.jpg";
+
+/// On page 2, with a photo at hand that could be chosen.
+class SavePhotos : public SystemTest {
+protected:
+    SavePhotos() {
+        writeFile(files.nativePath(kChosen), "new photo");
+        startOn(2);
+    }
+    TextInput& path(std::size_t slot) { return page<frm_CompInp2>().txt_PhotoFilePath[slot]; }
+    std::string columns() { return add("PHOTO_FILE1 || '|' || PHOTO_FILE2"); }
+    std::size_t filesIn(const std::string& folder) {
+        std::size_t count = 0;
+        for (const auto& entry : std::filesystem::directory_iterator(paths.toNative(folder))) {
+            count += entry.path().filename() == ".gitkeep" ? 0 : 1;
+        }
+        return count;
+    }
+};
+
+TEST_F(SavePhotos, AChosenPhotoTakesThePlaceOfTheStoredOne) {
+    path(0).setText(kChosen);
+    tCustomerInfo.SEND_FLAG = true;
+    server.takes = false;
+    save();
+    EXPECT_EQ(bytesOf(kStored1), "new photo");
+    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, kWorking1);
+    EXPECT_EQ(bytesOf(kWorking1), "new photo");
+    EXPECT_EQ(add("SEND_FLAG"), "1") << "until it has been sent";
+    server.takes = true;
+    save();
+    EXPECT_EQ(add("SEND_FLAG"), "0");
+    EXPECT_EQ(filesIn("C:\\ORV\\IMG\\1"), 2u) << "this company's and another's; nothing beside them";
+    EXPECT_EQ(bytesOf(kChosen), "new photo");
+}
+
+TEST_F(SavePhotos, ARemovedPhotoLeavesItsFile) {
+    path(1).setText("");
+    page<frm_CompInp2>().cbo_pic_PhotoFile[1].setListIndex(0);
+    save();
+    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|");
+    EXPECT_TRUE(files.exists(kStored2));
+    EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "");
+    EXPECT_EQ(http.sent.size(), 1u);
+}
+
+TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
+    path(0).setText("C:\\ORV\\PHOTO\\gone.jpg");
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(columns(), "|000004601COS00000000_02.jpg");
+}
+
+TEST_F(SavePhotos, TheyAreUploadedBeforeTheCompany) {
+    server.meanwhile = [&] { EXPECT_EQ(http.sent.size(), 2u); };
+    save();
+    ASSERT_EQ(http.sent.size(), 2u);
+    EXPECT_EQ(http.sent[0].file, kStored1);
+    EXPECT_EQ(http.sent[0].url, "http://127.0.0.1:18080/rereceive46/davroot/000004601COS00000000_01.jpg");
+    EXPECT_EQ(http.sent[1].file, kStored2);
+    EXPECT_EQ(http.alive, 0);
+}
+
+TEST_F(SavePhotos, AnUploadThatFailsIsLoggedAndStopsNothing) {
+    http.answers = {{.failure = Failure::ConnectionFailed}, {.status = 507, .text = "full"}};
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(log(), record("24011", "[ RH_ImageDataTransfr ] サーバーに接続できません。") +
+                         record("507", "[ RH_ImageDataTransfr ] full"));
+    settings.set("NET", "TRANSFERTYPE", "");
+    http.sent.clear();
+    save();
+    EXPECT_EQ(http.sent.size(), 0u) << "FTP belongs to other programs";
+}
+
+TEST_F(SavePhotos, WhatCannotBePlacedStopsTheSaveAndLosesNothing) {
+    struct Case {
+        std::string refused, code, text;
+        Failure failure = Failure::PermissionDenied;
+    };
+    const std::string before1 = bytesOf(kStored1);
+    for (const Case& c : {
+             Case{kStored1, "70",
+                  "「" + std::string(kStored1) + "」を削除できませんでした。書き込みが許可されていません。"},
+             Case{std::string(kStored1) + ".new", "61", "[ PF_SaveCompanyDataOther ] ディスクの空き容量が足りません。",
+                  Failure::DiskFull},
+             Case{kStored2, "70",
+                  "「" + std::string(kStored2) + "」を削除できませんでした。書き込みが許可されていません。"},
+         }) {
+        path(0).setText(kWorking1);
+        path(1).setText(kWorking2);
+        files.refuse(c.refused, c.failure);
+        save();
+        expectReported(c.code, c.text);
+        EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+        EXPECT_EQ(bytesOf(kStored1), before1);
+        EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, std::string(kWorking1) + kWorking2);
+        files.allowAll();
+        turnTo(0);
+        save();
+        expectShown("COS05574", {});
+        EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+        turnTo(2);
+    }
+}
+
+TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
+    struct Case {
+        std::string refused;
+        std::string photo1, photo2;
+    };
+    for (const Case& c : {Case{kWorking1, kStored1, kWorking2}, Case{kWorking2, kWorking1, kStored2}}) {
+        turnTo(0);
+        files.refuse(c.refused, Failure::DiskFull);
+        save();
+        EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"})) << "the server has it, the second write did not come";
+        EXPECT_EQ(messages.shown.back().args, (Values{"61", "[ PF_SndCos ]ディスクの空き容量が足りません。"}));
+        messages.shown.clear();
+        EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, c.photo1);
+        EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, c.photo2);
+        files.allowAll();
+        save();
+        expectShown("COS05574", {});
+        EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+        EXPECT_TRUE(files.exists(kStored1) && files.exists(kStored2));
+        turnTo(2);
+    }
+}
+
+TEST_F(SavePhotos, APhotoThatIsItsOwnTargetStays) {
+    const std::string bytes = bytesOf(kStored1);
+    path(0).setText(kStored1);
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(bytesOf(kStored1), bytes);
+    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,118 @@
+#include "core/flow/start.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
+
+class Start : public SystemTest {};
+
+TEST_F(Start, WhatTheFlagsMean) {
+    struct Case {
+        std::string tail;
+        bool multi, master;
+    };
+    for (const Case& c : {Case{"000004601,0,1", false, false}, Case{"000004601,1,0", true, true},
+                          Case{"000004601,2,0.0", true, true}, Case{"000004601,00,-1", false, false},
+                          Case{"000004601, 1 ,000,rest,x", true, true}, Case{"000004601,0.5,1E2", true, false}}) {
+        start(c.tail);
+        EXPECT_EQ(gUserId, kCompany);
+        EXPECT_EQ(gMultiCompany, c.multi) << c.tail;
+        EXPECT_EQ(gAddressByMaster, c.master) << c.tail;
+        EXPECT_EQ(screen().name(), "frm_CompInp0") << c.tail;
+        EXPECT_EQ(screen().cbo_User_Id.visible(), c.multi);
+        EXPECT_EQ(screen().lbl_UserId.visible(), !c.multi);
+        EXPECT_EQ(programs.commandLines, Texts{});
+        forms.unload(screen(), UnloadMode::Code);
+    }
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(Start, WithoutAnArgumentNothingIsStarted) {
+    for (const char* tail : {"", "   "}) {
+        start(tail);
+        EXPECT_TRUE(forms.forms().empty());
+        EXPECT_EQ(programs.commandLines, Texts{});
+        expectShown("COSERR01", {"EUSR7897", "会社情報起動引数が取得できませんでした。"});
+    }
+    const std::string line = record("EUSR7897", "会社情報起動引数が取得できませんでした。");
+    EXPECT_EQ(log(), line + line);
+    EXPECT_EQ(store.calls, 0);
+}
+
+TEST_F(Start, AMalformedArgumentIsToldAndTheCallerComesBack) {
+    struct Case {
+        std::string tail, userId, text, code;
+    };
+    const std::string bounds = "[ COS main ]インデックスが有効範囲にありません。";
+    const std::string type = "[ COS main ]型が一致しません。";
+    for (const Case& c : {
+             Case{"000004601", "000004601", bounds, "9"},
+             Case{"000004601,1", "000004601", bounds, "9"},
+             Case{"000004601,,0", "000004601", type, "13"},
+             Case{"000004601,x,0", "000004601", type, "13"},
+             Case{"000004601,1,１", "000004601", type, "13"},
+             Case{"000004601,1,0x1", "000004601", type, "13"},
+             Case{"\"000004601,1,0\"", "\"000004601", type, "13"},
+             Case{",,", "", type, "13"},
+             Case{std::string(100000, 'a'), std::string(100000, 'a'), bounds, "9"},
+         }) {
+        programs.commandLines.clear();
+        start(c.tail);
+        expectReported(c.code, c.text);
+        EXPECT_EQ(gUserId, c.userId) << "it was set before the failure";
+        EXPECT_EQ(programs.commandLines, Texts{kMenu});
+        EXPECT_TRUE(forms.forms().empty());
+    }
+    EXPECT_EQ(store.calls, 0);
+}
+
+TEST_F(Start, TheUserIdStandsAsItIs) {
+    start(" 000004601,1,0");
+    expectReported("ECOS5120", "DBデータ取得にしっぱいしました。");
+    start("'; drop table TBL_LOCK; --,1,0");
+    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
+    EXPECT_EQ(one("select count(*) from TBL_LOCK"), "1");
+}
+
+TEST_F(Start, AnUnknownCompanyIsToldAndTheCallerComesBack) {
+    start("000009999,1,0");
+    expectReported("ECOS5120", "DBデータ取得にしっぱいしました。");
+    EXPECT_EQ(programs.commandLines, Texts{kMenu});
+    EXPECT_EQ(locks(), Texts{});
+}
+
+TEST_F(Start, AForeignLockIsToldOnce) {
+    start("000004606,1,0");
+    expectShown("COS20003", {"000004606"});
+    EXPECT_EQ(log(), "");
+    EXPECT_EQ(programs.commandLines, Texts{kMenu});
+    EXPECT_TRUE(forms.forms().empty());
+}
+
+TEST_F(Start, ANewCompanyOpensOnABlankPage) {
+    start("---------,1,1");
+    EXPECT_EQ(shownIds(), Texts{});
+    EXPECT_EQ(screen().cbo_User_Id.text(), kMarker);
+    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+}
+
+TEST_F(Start, TheCallerMayBeAnotherProgram) {
+    settings.set("UTILTY", "USER_STARTPARA", "C:\\OTHER\\MENU.EXE /from cos");
+    start("000004606,1,0");
+    EXPECT_EQ(programs.commandLines, Texts{"C:\\OTHER\\MENU.EXE /from cos"});
+}
+
+TEST_F(Start, ACallerThatCannotBeStartedIsLogged) {
+    programs.failure = Failure::FileNotFound;
+    start("000004606,1,0");
+    EXPECT_EQ(shownIds(), Texts{"COS20003"});
+    EXPECT_EQ(log(), record("53", "ファイルが見つかりません。"));
+}
+
+}  // namespace
+}  // namespace orv

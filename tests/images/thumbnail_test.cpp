@@ -1,0 +1,59 @@
+#include "images/thumbnail.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+class Thumbnail : public SystemTest {
+protected:
+    Thumbnail() { writeFile(files.nativePath(kFile), "a picture"); }
+    static constexpr const char* kFile = "C:\\ORV\\PHOTO\\a.jpg";
+    ImageControl& image = page<frm_CompInp2>().pic_PhotoFile[0];
+};
+
+TEST_F(Thumbnail, KeepsThePicturesProportions) {
+    struct Case {
+        int width, height;
+        Box box;
+    };
+    for (const Case& c : {
+             Case{640, 480, {0, 0, 121, 91}},
+             Case{480, 640, {0, 0, 75, 100}},
+             Case{121, 100, {0, 0, 121, 100}},
+             Case{1000, 10, {0, 0, 121, 1}},
+             Case{10, 1000, {0, 0, 1, 100}},
+             Case{1, 1, {0, 0, 100, 100}},
+         }) {
+        pictures.width = c.width;
+        pictures.height = c.height;
+        EXPECT_TRUE(PF_Thumbnail(image, kFile));
+        EXPECT_EQ(image.dstRect(), c.box)
+            << c.width << "x" << c.height << ": " << image.dstRect().width << "x" << image.dstRect().height;
+        EXPECT_EQ(image.dstClipRect(), c.box);
+        EXPECT_EQ(image.width(), 121);
+        EXPECT_EQ(image.height(), 100);
+        EXPECT_TRUE(image.visible());
+    }
+}
+
+TEST_F(Thumbnail, AnAbsentPhotoIsNoFailure) {
+    for (const char* file : {"", "  ", "C:\\ORV\\PHOTO\\none.jpg"}) {
+        image.setVisible(false);
+        EXPECT_TRUE(PF_Thumbnail(image, file));
+        EXPECT_TRUE(image.visible());
+    }
+    EXPECT_TRUE(pictures.loaded.empty());
+}
+
+TEST_F(Thumbnail, WhatIsNoPictureIsAndLeavesTheControlUsable) {
+    pictures.broken = true;
+    EXPECT_FALSE(PF_Thumbnail(image, kFile));
+    EXPECT_EQ(gErrMsg, "[ PF_Thumbnail ] 画像ではありません。");
+    EXPECT_EQ(gErrCode, "57");
+    EXPECT_TRUE(image.visible());
+    EXPECT_EQ(image.width(), 121);
+}
+
+}  // namespace
+}  // namespace orv

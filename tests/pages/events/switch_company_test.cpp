@@ -1,0 +1,253 @@
+#include "pages/events/switch_company.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+constexpr const char* kOther = "000004602";
+
+class Switch : public SystemTest {
+protected:
+    frm_CompInp0& form() { return page<frm_CompInp0>(); }
+    /// The company before the switch is in force, on the list and in the record.
+    void expectBack() {
+        EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
+        EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+        EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");
+        EXPECT_EQ(store.open, 0);
+    }
+    std::string tag(int page) const { return "[ CompInp" + std::to_string(page) + " cbo_User_Id_Click ]"; }
+};
+
+TEST_F(Switch, MovesLockRecordAndPage) {
+    startOn(0);
+    gSaved = true;
+    form().txt_Company_Name.setText("捨てられる");
+    choose(kOther);
+    expectShown("COS20001", {});
+    EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
+    EXPECT_EQ(form().txt_Company_Name.text(), "㈲さくら見本管理");
+    EXPECT_EQ(form().txt_Pc_Office_Name.text(), "管理センター");
+    EXPECT_EQ(form().lbl_TitleCompany.caption(), "㈲さくら見本管理　");
+    EXPECT_EQ(form().lbl_TitleRyutuKaiin.caption(), "");
+    EXPECT_EQ(form().lbl_Pubish_Number.caption(), "12") << "stays until the page is opened again";
+    EXPECT_FALSE(gSaved);
+    EXPECT_EQ(info("COMPANY_NAME"), "あおぞら架空不動産㈱");
+    EXPECT_EQ(log(), "");
+    EXPECT_EQ(store.open, 0);
+    save();
+    EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
+}
+
+TEST_F(Switch, ANewCompanyIsAskedForInItsOwnWay) {
+    startOn(0);
+    choose(kMarker);
+    expectShown("COS20002", {});
+    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+    EXPECT_EQ(form().txt_Company_Name.text(), "");
+    EXPECT_TRUE(form().txt_User_Passwd.enabled());
+    EXPECT_FALSE(form().btm_ChangePW.visible());
+}
+
+TEST_F(Switch, TheOpenCompanyAsksNothing) {
+    startOn(0);
+    const int calls = store.calls;
+    choose(kCompany);
+    gSaving = true;
+    choose(kCompany);
+    gSaving = false;
+    form().cbo_User_Id.setListIndex(-1);
+    EXPECT_EQ(shownIds(), Texts{});
+    EXPECT_EQ(store.calls, calls);
+}
+
+TEST_F(Switch, TheOperatorMayStay) {
+    for (const char* wish : {kOther, kMarker}) {
+        startOn(0);
+        gSaved = true;
+        answer(1);
+        choose(wish);
+        EXPECT_EQ(shownIds().size(), 1u);
+        expectBack();
+        EXPECT_TRUE(gSaved);
+        EXPECT_EQ(locks(), Texts{"000004601 DESK01"});
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Switch, ACompanyHeldElsewhereIsRefused) {
+    startOn(0);
+    gSaved = true;
+    choose("000004606");
+    EXPECT_EQ(shownIds(), (Texts{"COS20001", "COS20003"}));
+    EXPECT_EQ(messages.shown.back().args, Values{"000004606"});
+    expectBack();
+    EXPECT_FALSE(gSaved) << "cleared before the switch has worked";
+    EXPECT_EQ(locks(), Texts{"000004601 DESK01"});
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Switch, TheOwnLockOfADeadRunIsTakenOver) {
+    sql("insert into TBL_LOCK values ('000004602', 'COS', '99999999', 'DESK01', 'old')");
+    startOn(0);
+    choose(kOther);
+    EXPECT_EQ(rows("select USER_ID, INSERT_DATE from TBL_LOCK where LOCAL_INFO = 'DESK01'"),
+              Texts{"000004602|2026/05/04 09:08:07"});
+}
+
+TEST_F(Switch, AFailureBeforeTheLockHasMovedPutsTheListBack) {
+    struct Case {
+        Call call;
+        std::string part, text;
+        int nth;
+        Texts locksHeld;
+    };
+    const Texts kept{"000004601 DESK01"};
+    for (const Case& c : {
+             Case{Call::Open, "", "ストアの故障", 1, kept},
+             Case{Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障", 1, kept},
+             Case{Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障", 1, kept},
+             Case{Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障", 2, {}},
+             Case{Call::Execute, "insert", "[ PF_DataLock ] ストアの故障", 1, {}},
+         }) {
+        startOn(0);
+        store.fail(c.call, c.part, c.nth);
+        choose(kOther);
+        store.mend();
+        EXPECT_EQ(shownIds(), (Texts{"COS20001", "COSERR01"})) << c.text;
+        EXPECT_EQ(messages.shown.back().args, (Values{"DB:77", c.text}));
+        EXPECT_TRUE(log().ends_with(record("DB:77", c.text)));
+        expectBack();
+        EXPECT_EQ(locks(), c.locksHeld);
+        const std::string other = info("COMPANY_NAME", kOther);
+        save();
+        EXPECT_EQ(shownIds().back(), "COS05574");
+        EXPECT_EQ(info("COMPANY_NAME", kOther), other) << "the wish has not become the key of this company's data";
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Switch, ACompanyThatHasLeftTheListLeavesNoChoiceBehind) {
+    startOn(0);
+    form().cbo_User_Id.clear();
+    form().cbo_User_Id.addItem(kOther);
+    store.fail(Call::Open);
+    choose(kOther);
+    store.mend();
+    EXPECT_EQ(form().cbo_User_Id.text(), "");
+    save();
+    EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+    EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
+}
+
+/// A load that fails, seen from each page.
+class BrokenSwitch : public Switch, public testing::WithParamInterface<int> {};
+
+TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {
+    startOn(GetParam());
+    const Texts before = everything();
+    choose("000004605");
+    EXPECT_EQ(shownIds(), (Texts{"COS20001", "COSERR01"}));
+    const Values told{"94", "[ PF_SetCompanyDataStructureChng ] 値のない項目を値として使いました。"};
+    EXPECT_EQ(messages.shown.back().args, told);
+    EXPECT_EQ(screen().cbo_User_Id.text(), "000004605") << "the list is not put back";
+    EXPECT_EQ(locks(), Texts{"000004605 DESK01"});
+
+    for (int page = 0; page < kPageCount; ++page) {
+        messages.shown.clear();
+        save();
+        expectShown("COSERR01", told);
+        turnTo(page);
+        messages.shown.clear();
+        save();
+        expectShown("COSERR01", told);
+    }
+    EXPECT_EQ(everything(), before);
+    EXPECT_TRUE(server.sent.empty());
+
+    choose(kCompany);
+    messages.shown.clear();
+    EXPECT_EQ(locks(), Texts{"000004601 DESK01"});
+    save();
+    EXPECT_EQ(shownIds(), Texts{"COS05574"}) << "a switch that works cleans up";
+}
+
+TEST_P(BrokenSwitch, CanBeLeft) {
+    startOn(GetParam());
+    choose("000004605");
+    leave();
+    EXPECT_EQ(locks(), Texts{});
+    EXPECT_TRUE(forms.forms().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5));
+
+TEST_F(Switch, ALoadThatReadNothingStillKnowsWhatItLocked) {
+    startOn(0);
+    store.fail(Call::Select, "LEFT JOIN");
+    choose(kOther);
+    store.mend();
+    EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
+    leave();
+    EXPECT_EQ(locks(), Texts{});
+}
+
+TEST_F(Switch, AFillThatFailsHandsNothingOver) {
+    sql("update TBL_CUSTOMER_INFO set SAME_CHECK = 'x' where USER_ID = '000004602'");
+    startOn(0);
+    const Texts before = everything();
+    choose(kOther);
+    EXPECT_EQ(messages.shown.back().args, (Values{"13", "[ PF_SetData_Frm_CompInp0 ] 型が一致しません。"}));
+    EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
+    messages.shown.clear();
+    save();
+    expectReported("13", "[ PF_SetData_Frm_CompInp0 ] 型が一致しません。");
+    turnTo(3);
+    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "㈲さくら見本管理") << "not what the page still shows of the other company";
+    save();
+    EXPECT_EQ(everything(), before);
+}
+
+TEST_F(Switch, APageWhoseListsFailedMakesUpForThemBeforeItIsFilled) {
+    start();
+    store.fail(Call::Select, "TYPE_CODE = '002'", 1, true);
+    turnTo(1);
+    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
+    choose("000004604");
+    EXPECT_FALSE(screen().ready);
+    turnTo(0);
+    EXPECT_EQ(tCustomerInfo.LICENSE_NO, "国土交通大臣") << "an empty list hands nothing over";
+    turnTo(1);
+    store.mend();
+    choose(kCompany);
+    EXPECT_TRUE(screen().ready);
+    EXPECT_EQ(page<frm_CompInp1>().cbo_License_No.text(), "東京都知事");
+    EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
+    turnTo(0);
+    EXPECT_EQ(tCustomerInfo.LICENSE_NO, "東京都知事");
+}
+
+TEST_F(Switch, PhotosFollowTheCompany) {
+    startOn(2);
+    choose(kOther);
+    auto& photos = page<frm_CompInp2>();
+    EXPECT_EQ(photos.pic_PhotoFile[0].picture(), nullptr) << "not the photo of the company before";
+    EXPECT_EQ(photos.txt_PhotoFilePath[0].text(), "");
+    EXPECT_FALSE(photos.lbl_ImgMsg.visible());
+    choose(kMarker);
+    EXPECT_TRUE(photos.lbl_ImgMsg.visible());
+    EXPECT_FALSE(photos.btm_PhotoSelect[1].enabled());
+    choose(kCompany);
+    EXPECT_FALSE(photos.lbl_ImgMsg.visible());
+    EXPECT_TRUE(photos.btm_PhotoSelect[1].enabled());
+    EXPECT_NE(photos.pic_PhotoFile[1].picture(), nullptr);
+}
+
+}  // namespace
+}  // namespace orv

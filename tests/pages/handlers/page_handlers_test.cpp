@@ -1,0 +1,240 @@
+#include "pages/handlers/comp_inp0_handlers.h"
+#include "pages/handlers/comp_inp1_handlers.h"
+#include "pages/handlers/comp_inp2_handlers.h"
+#include "pages/handlers/comp_inp3_handlers.h"
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+using Texts = std::vector<std::string>;
+
+class Handlers : public SystemTest {
+protected:
+    static void expectTick(const CheckBox& box, bool on) {
+        EXPECT_EQ(box.backColour(), on ? kTickOn : kTickOff) << box.objectName();
+        EXPECT_EQ(box.foreColour(), on ? kTickOnText : kTickOffText) << box.objectName();
+    }
+    static void expectField(const TextInput& input, std::optional<Colour> colour) {
+        EXPECT_EQ(input.enabled(), colour.has_value()) << input.name();
+        EXPECT_EQ(input.backColour(), colour.value_or(kDisabledField)) << input.name();
+    }
+};
+
+TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
+    for (const bool byMaster : {false, true}) {
+        startOn(0, byMaster ? "000004601,1,0" : "000004601,1,1");
+        auto& form = page<frm_CompInp0>();
+        const std::vector<TextInput*> all{
+            &form.txt_Pc_Post_Code,   &form.txt_Pc_Address,      &form.txt_Pc_Address_number, &form.txt_Pc_Address_Gou,
+            &form.txt_Pc_Office_Name, &form.txt_Pc_Tanto_Name,   &form.txt_Pc_Tel_No1,        &form.txt_Pc_Tel_No2,
+            &form.txt_Pc_Fax_No,      &form.txt_Pc_Mail_Address, &form.txt_Pc_Address_Code};
+        expectTick(form.chk_EqualData, true);
+        form.chk_EqualData.setValue(0);
+        expectTick(form.chk_EqualData, false);
+        const std::optional<Colour> searched = byMaster ? std::nullopt : std::optional(kRequiredField);
+        expectField(form.txt_Pc_Post_Code, searched);
+        expectField(form.txt_Pc_Address, searched);
+        EXPECT_TRUE(form.btm_Pc_SearchOfficeAddress.enabled());
+        for (TextInput* input : {&form.txt_Pc_Tanto_Name, &form.txt_Pc_Tel_No1, &form.txt_Pc_Mail_Address}) {
+            expectField(*input, kRequiredField);
+        }
+        for (TextInput* input : {&form.txt_Pc_Address_number, &form.txt_Pc_Address_Gou, &form.txt_Pc_Office_Name,
+                                 &form.txt_Pc_Tel_No2, &form.txt_Pc_Fax_No, &form.txt_Pc_Address_Code}) {
+            expectField(*input, kOptionalField);
+        }
+        for (TextInput* input : all) {
+            input->setText("x");
+        }
+        form.chk_EqualData.setValue(1);
+        for (TextInput* input : all) {
+            expectField(*input, std::nullopt);
+            EXPECT_EQ(input->text(), "") << input->name();
+        }
+        EXPECT_FALSE(form.btm_Pc_SearchOfficeAddress.enabled());
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Handlers, TheAreaFollowsTheAddressCode) {
+    startOn(0);
+    page<frm_CompInp0>().txt_Address_Code.setText("27127001001");
+    EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), "27127");
+    page<frm_CompInp0>().txt_Address_Code.setText("27");
+    EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), "27");
+}
+
+TEST_F(Handlers, ThePublishNumber) {
+    auto& form = page<frm_CompInp0>();
+    struct Case {
+        std::string userId, shown;
+    };
+    for (const Case& c : {Case{"000004601", "12"}, Case{"000004602", ""}, Case{"000004606", "0"}, Case{kMarker, ""}}) {
+        tCustomerInfo.USER_ID = c.userId;
+        form.lbl_Pubish_Number.setCaption("");
+        form.lbl_Pubish_Number.setVisible(true);
+        EXPECT_TRUE(F_Check_Pubish_Number(form));
+        EXPECT_EQ(store.statements.back(),
+                  "SELECT CONTRACT_PUBLISHNUMBER FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + c.userId + "'");
+        EXPECT_EQ(form.lbl_Pubish_Number.caption(), c.shown);
+        EXPECT_EQ(form.lbl_Pubish_Number.visible(), !c.shown.empty());
+        EXPECT_EQ(form.lbl_Pubish_Number_Title.visible(), !c.shown.empty());
+    }
+    for (const Call call : {Call::Open, Call::Select}) {
+        store.fail(call);
+        EXPECT_FALSE(F_Check_Pubish_Number(form));
+        EXPECT_EQ(gErrCode, "DB:77");
+        store.mend();
+    }
+}
+
+TEST_F(Handlers, APublishNumberThatFailsLeavesThePageReady) {
+    store.fail(Call::Select, "CONTRACT_PUBLISHNUMBER");
+    start();
+    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
+    EXPECT_TRUE(screen().ready);
+    messages.shown.clear();
+    page<frm_CompInp0>().txt_Company_Name.setText("x");
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("COMPANY_NAME"), "x");
+}
+
+TEST_F(Handlers, TheLicenceBlock) {
+    startOn(1);
+    auto& form = page<frm_CompInp1>();
+    const auto expectOpen = [&](bool open) {
+        expectField(form.txt_License_no_Dai, open ? std::optional(kRequiredField) : std::nullopt);
+        expectField(form.txt_License_No_Go, open ? std::optional(kRequiredField) : std::nullopt);
+        for (const auto* list : {&form.cbo_Get_License_Nengou, &form.cbo_Valid_License_Nengou}) {
+            EXPECT_EQ(list->enabled(), open);
+            EXPECT_EQ(list->backColour(), open ? kRequiredField : kDisabledField);
+        }
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(form.txt_Get_License_Date[i].enabled(), open);
+            EXPECT_EQ(form.txt_Valid_License_Date[i].enabled(), open);
+        }
+    };
+    form.cbo_License_No.setText("大阪府知事");
+    expectOpen(true);
+    EXPECT_EQ(form.cbo_Get_License_Nengou.text() + form.txt_License_No_Go.text(), "令和123456") << "open, and kept";
+    for (const char* none : {"無し", "貸主"}) {
+        form.cbo_License_No.setText(none);
+        expectOpen(false);
+        EXPECT_EQ(form.txt_License_no_Dai.text() + form.txt_License_No_Go.text() + form.cbo_Get_License_Nengou.text() +
+                      form.txt_Valid_License_Date[2].text(),
+                  "");
+        form.cbo_License_No.setText("国土交通大臣");
+        expectOpen(true);
+        EXPECT_EQ(form.cbo_Get_License_Nengou.text() + form.cbo_Valid_License_Nengou.text(), "西暦西暦");
+    }
+}
+
+TEST_F(Handlers, TheAssociationBoxes) {
+    startOn(1);
+    auto& form = page<frm_CompInp1>();
+    form.chk_Dantai[0].setValue(0);
+    EXPECT_FALSE(form.cbo_Dantai_Name.enabled());
+    EXPECT_EQ(form.cbo_Dantai_Name.text(), "");
+    expectTick(form.chk_Dantai[0], false);
+    form.chk_Dantai[0].setValue(1);
+    EXPECT_EQ(form.cbo_Dantai_Name.list(0), form.cbo_Dantai_Name.text()) << "it comes back on its first row";
+    expectTick(form.chk_Dantai[0], true);
+    form.chk_Dantai[0].setValue(2);
+    EXPECT_TRUE(form.cbo_Dantai_Name.enabled());
+    expectTick(form.chk_Dantai[0], false);
+    form.cbo_Dantai_Name.setText("(社)滋賀県宅地建物取引業協会");
+    EXPECT_EQ(form.chk_Dantai[0].value(), 1) << "a choice ticks its box";
+
+    form.chk_Dantai[6].setValue(1);
+    form.chk_Dantai[6].setValue(0);
+    expectField(form.txt_Other_Dantai_Name, std::nullopt);
+    form.cbo_License_No.setFocus();
+    form.chk_Dantai[6].setValue(1);
+    expectField(form.txt_Other_Dantai_Name, kRequiredField);
+    EXPECT_EQ(form.activeControl(), &form.cbo_License_No) << "asked for while the field was still closed";
+    form.txt_Other_Dantai_Name.setText("家主会");
+    form.txt_Other_Dantai_Name.setText(" ");
+    EXPECT_EQ(form.chk_Dantai[6].value(), 0);
+    expectField(form.txt_Other_Dantai_Name, std::nullopt);
+    form.txt_Other_Dantai_Name.setText("家主会");
+    EXPECT_EQ(form.chk_Dantai[6].value(), 1);
+    form.chk_Dantai[6].setValue(2);
+    form.txt_Other_Dantai_Name.onValidate.raise();
+    EXPECT_EQ(form.chk_Dantai[6].value(), 1);
+
+    form.chk_Koutori[8].setValue(1);
+    expectTick(form.chk_Koutori[8], true);
+    form.chk_Koutori[8].setValue(2);
+    expectTick(form.chk_Koutori[8], false);
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(Handlers, ThatEditionsAssociationCannotBeChanged) {
+    for (const auto& [minor, enabled] : {std::pair{"3", false}, {"2", true}, {"33", true}}) {
+        settings.set("VERSION", "MINOR", minor);
+        startOn(1);
+        EXPECT_EQ(page<frm_CompInp1>().chk_Dantai[3].enabled(), enabled) << minor;
+        EXPECT_EQ(page<frm_CompInp1>().chk_Dantai[3].value(), enabled ? 0 : 1);
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
+    startOn(2);
+    auto& form = page<frm_CompInp2>();
+    struct Case {
+        std::string name, address, after;
+    };
+    for (const Case& c :
+         {Case{"会社", "", "http://"}, Case{"会社", "  ", "http://"}, Case{"会社", "http://a", "http://a"},
+          Case{"", "http://", ""}, Case{" ", " http:// ", ""}, Case{"", "http://a", "http://a"}, Case{"", "", ""}}) {
+        for (const bool byChange : {true, false}) {
+            form.txt_Company_URL_Comment.setText(byChange ? "before" : c.name);
+            form.txt_Company_URL.setText(c.address);
+            if (byChange) {
+                form.txt_Company_URL_Comment.setText(c.name);
+            } else {
+                form.txt_Company_URL_Comment.onLostFocus.raise();
+            }
+            EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address;
+        }
+    }
+}
+
+TEST_F(Handlers, TheBoxesOfTheBusinessPage) {
+    startOn(3);
+    auto& form = page<frm_CompInp3>();
+    expectTick(form.chk_Management_Type_Flg[0], true);
+    expectTick(form.chk_Management_Type_Flg[1], false);
+    form.chk_Management_Type_Flg[27].setValue(1);
+    expectTick(form.chk_Management_Type_Flg[27], true);
+    form.chk_Business_Type_Flg[0].setValue(0);
+    expectTick(form.chk_Business_Type_Flg[0], false);
+}
+
+TEST_F(Handlers, EnterMovesOnWhereItShould) {
+    for (int number = 0; number < kPageCount; ++number) {
+        startOn(number);
+        for (Control* control : screen().controls()) {
+            const bool list = control->kind() == ControlKind::ComboBox;
+            const bool box = control->kind() == ControlKind::CheckBox && number != 1;
+            if (!(list || box) || !control->usable()) {
+                continue;
+            }
+            control->setFocus();
+            screen().keyDown('X');
+            EXPECT_EQ(screen().activeControl(), control);
+            screen().keyDown(kKeyEnter);
+            EXPECT_NE(screen().activeControl(), control) << number << control->objectName();
+        }
+        leave();
+        messages.shown.clear();
+    }
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,155 @@
+#include "store/data_lock.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Call = FailingStore::Call;
+
+class Lock : public SystemTest {
+protected:
+    Lock() {
+        openStore();
+        store.statements.clear();
+    }
+    ~Lock() override { closeStore(); }
+
+    std::int16_t check(const std::string& userId) { return PF_DataLockCheck(userId, kLockType, kLockNumber, holder); }
+    void lockFor(const std::string& userId, const std::string& type, const std::string& computer) {
+        sql("insert into TBL_LOCK values ('" + userId + "', '" + type + "', '99999999', '" + computer + "', 'old')");
+    }
+
+    std::string holder = "left over";
+};
+
+TEST_F(Lock, TheStatementsToTheBlank) {
+    EXPECT_EQ(check("U"), kNotLocked);
+    EXPECT_EQ(store.statements.back(),
+              "select LOCAL_INFO "
+              "  from TBL_LOCK "
+              " where USER_ID = 'U'"
+              "   and Left(PROPERTY_TYPE_CODE, 2) = 'CO'"
+              "   and PROPERTY_NO = '99999999'");
+    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
+    ASSERT_EQ(store.statements.size(), 3u);
+    EXPECT_EQ(store.statements[1],
+              "delete from TBL_LOCK "
+              "      where USER_ID = 'U' "
+              "        and left(PROPERTY_TYPE_CODE,2) = 'CO' "
+              "        and PROPERTY_NO = '99999999' "
+              "        and LOCAL_INFO = 'DESK01'");
+    EXPECT_EQ(store.statements[2],
+              "insert into TBL_LOCK ("
+              "            USER_ID,"
+              "            PROPERTY_TYPE_CODE,"
+              "            PROPERTY_NO,"
+              "            LOCAL_INFO, "
+              "            INSERT_DATE "
+              "   ) values ("
+              "            'U',"
+              "            'COS',"
+              "            '99999999',"
+              "            'DESK01', "
+              "            '2026/05/04 09:08:07' "
+              "            )");
+}
+
+TEST_F(Lock, WhoHoldsACompany) {
+    struct Case {
+        std::string type, computer;
+        std::int16_t state;
+        std::string holder;
+    };
+    for (const Case& c : {
+             Case{"COS", "DESK01", kLockedHere, ""},
+             Case{"COS", "DESK02", kLockedElsewhere, "DESK02"},
+             Case{"COS", " DESK02 ", kLockedElsewhere, "DESK02"},
+             Case{"COS", "DESK01 ", kLockedElsewhere, "DESK01"},
+             Case{"COS", "desk01", kLockedElsewhere, "desk01"},
+             Case{"COX", "DESK02", kLockedElsewhere, "DESK02"},
+             Case{"CO", "DESK01", kLockedHere, ""},
+             Case{"CX", "DESK02", kNotLocked, ""},
+         }) {
+        sql("delete from TBL_LOCK");
+        lockFor("U", c.type, c.computer);
+        EXPECT_EQ(check("U"), c.state) << c.type << c.computer;
+        EXPECT_EQ(holder, c.holder) << c.type << c.computer;
+    }
+    EXPECT_EQ(check("another"), kNotLocked);
+    EXPECT_EQ(gErrMsg, "");
+}
+
+TEST_F(Lock, TakingOverReplacesTheOwnRowAndLeavesThoseOfOthers) {
+    lockFor("U", "COS", "DESK01");
+    lockFor("U", "RH", "DESK01");
+    lockFor("U", "COS", "DESK02");
+    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
+    EXPECT_EQ(
+        rows("select PROPERTY_TYPE_CODE, LOCAL_INFO, INSERT_DATE from TBL_LOCK where USER_ID = 'U' order by 1, 2"),
+        (std::vector<std::string>{"COS|DESK01|2026/05/04 09:08:07", "COS|DESK02|old", "RH|DESK01|old"}));
+    EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber));
+    EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber)) << "nothing left to remove is no failure";
+    EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "2");
+}
+
+TEST_F(Lock, WithoutAComputerNameNoStatementRuns) {
+    facts.computerName = std::string(" \0\0", 3);
+    EXPECT_EQ(check("U"), kLockFailed);
+    EXPECT_EQ(gErrMsg, "[ PF_DataLockCheck ] ");
+    EXPECT_EQ(gErrCode, "0");
+    EXPECT_FALSE(PF_DataUnlock("U", kLockType, kLockNumber));
+    EXPECT_EQ(gErrMsg, "[ PF_DataUnlock ] ");
+    EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber));
+    EXPECT_EQ(gErrMsg, "[ PF_DataUnlock ] ") << "it unlocks first";
+    EXPECT_EQ(store.statements, std::vector<std::string>{});
+}
+
+TEST_F(Lock, TheBufferOfTheNameEndsInNuls) {
+    facts.computerName = std::string("DESK09\0\0\0", 9);
+    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
+    EXPECT_EQ(one("select LOCAL_INFO from TBL_LOCK where USER_ID = 'U'"), "DESK09");
+}
+
+TEST_F(Lock, FailuresBearTheRoutinesName) {
+    struct Case {
+        Call call;
+        std::string part, label;
+    };
+    for (const Case& c : {
+             Case{Call::Begin, "", "[ PF_DataUnlock ] "},
+             Case{Call::Execute, "delete", "[ PF_DataUnlock ] "},
+             Case{Call::Execute, "insert", "[ PF_DataLock ] "},
+             Case{Call::Commit, "", "[ PF_DataUnlock ] "},
+         }) {
+        store.mend();
+        store.DbReset();
+        store.fail(c.call, c.part);
+        EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber)) << c.label;
+        EXPECT_EQ(gErrMsg, c.label + "ストアの故障");
+        EXPECT_EQ(gErrCode, "DB:77");
+        EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "0");
+        sqlite3* other = nullptr;
+        ASSERT_EQ(sqlite3_open(office.store().c_str(), &other), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(other, "begin immediate; rollback", nullptr, nullptr, nullptr), SQLITE_OK)
+            << "a transaction was left open";
+        sqlite3_close(other);
+    }
+    store.mend();
+    store.fail(Call::Select);
+    EXPECT_EQ(check("U"), kLockFailed);
+    EXPECT_EQ(gErrMsg, "[ PF_DataLockCheck ] ストアの故障");
+    EXPECT_EQ(holder, "");
+}
+
+TEST_F(Lock, ARunTimeFailureIsToldWhereTheStoreHasNoneToTell) {
+    sql("drop table TBL_LOCK");
+    sql("create table TBL_LOCK (USER_ID, PROPERTY_TYPE_CODE, PROPERTY_NO, LOCAL_INFO, INSERT_DATE)");
+    sql("insert into TBL_LOCK values ('U', 'COS', '99999999', NULL, '')");
+    EXPECT_EQ(check("U"), kLockFailed);
+    EXPECT_EQ(gErrMsg, "[ PF_DataLockCheck ] 値のない項目を値として使いました。");
+    EXPECT_EQ(gErrCode, "94");
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,131 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/run_time_error.h"
+#include "platform/suite/db_service.h"
+
+namespace orv {
+
+/// Forwards to the real store and keeps what was asked of it; the operations that a test names fail. A failed close or
+/// rollback has been done all the same, so that nothing stays behind in the real store.
+class FailingStore : public DbService {
+public:
+    enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit, Any };
+
+    explicit FailingStore(DbService& real) : real_(real) {}
+
+    static FailureRecord failure() { return {"ストアの故障", "DB:77"}; }
+
+    /// From now on the `nth` call of that kind fails whose statement contains `part`; every further one too when
+    /// `again`.
+    void fail(Call call, const std::string& part = "", int nth = 1, bool again = false) {
+        faults_.push_back({call, part, nth, again});
+    }
+    void mend() {
+        faults_.clear();
+        raised.reset();
+    }
+    /// What fails raises this instead, as no store should.
+    std::optional<Failure> raised;
+
+    /// The statements that were handed over, in order, selects too; and how many calls of any kind there were.
+    std::vector<std::string> statements;
+    int calls = 0;
+    /// Connections that are open.
+    int open = 0;
+
+    FailureRecord DbError() const override { return injected_ ? failure() : real_.DbError(); }
+    void DbReset() override {
+        injected_ = false;
+        real_.DbReset();
+    }
+    void DbOpen(ConnectionPtr& connection, const std::string& path, bool& ok) override {
+        ok = !hit(Call::Open, path);
+        if (ok) {
+            forward(ok, [&] { real_.DbOpen(connection, path, ok); });
+            open += ok ? 1 : 0;
+        }
+    }
+    void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) override {
+        statements.push_back(sql);
+        ok = !hit(Call::Select, sql);
+        if (ok) {
+            forward(ok, [&] { real_.DbOpenRs(connection, recordset, sql, ok); });
+        }
+    }
+    void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) override {
+        statements.push_back(sql);
+        if (hit(Call::Execute, sql)) {
+            rows = -1;
+            return;
+        }
+        real_.DbExecute(connection, sql, rows);
+        injected_ = injected_ && rows >= 0;
+    }
+    void DbClose(ConnectionPtr& connection, bool& ok) override {
+        open -= connection ? 1 : 0;
+        after(Call::Close, ok, [&] { real_.DbClose(connection, ok); });
+    }
+    void DbCloseRs(RecordsetPtr& recordset, bool& ok) override {
+        after(Call::CloseRows, ok, [&] { real_.DbCloseRs(recordset, ok); });
+    }
+    void DbBeginTrans(ConnectionPtr& connection, bool& ok) override {
+        ok = !hit(Call::Begin, "");
+        if (ok) {
+            forward(ok, [&] { real_.DbBeginTrans(connection, ok); });
+        }
+    }
+    void DbRollback(ConnectionPtr& connection, bool& ok) override {
+        after(Call::Rollback, ok, [&] { real_.DbRollback(connection, ok); });
+    }
+    void DbCommit(ConnectionPtr& connection, bool& ok) override {
+        ok = !hit(Call::Commit, "");
+        if (ok) {
+            forward(ok, [&] { real_.DbCommit(connection, ok); });
+        }
+    }
+
+private:
+    struct Fault {
+        Call call;
+        std::string part;
+        int nth;
+        bool again;
+    };
+
+    bool hit(Call call, const std::string& text) {
+        ++calls;
+        bool failing = false;
+        for (Fault& fault : faults_) {
+            const bool meant = fault.call == Call::Any || fault.call == call;
+            if (meant && text.find(fault.part) != std::string::npos) {
+                --fault.nth;
+                failing = failing || fault.nth == 0 || (fault.nth < 0 && fault.again);
+            }
+        }
+        if (failing && raised) {
+            throw RunTimeError(*raised);
+        }
+        injected_ = injected_ || failing;
+        return failing;
+    }
+    void forward(const bool& ok, const std::function<void()>& call) {
+        call();
+        injected_ = injected_ && ok;
+    }
+    void after(Call call, bool& ok, const std::function<void()>& real) {
+        const bool failing = hit(call, "");
+        real();
+        ok = ok && !failing;
+    }
+
+    DbService& real_;
+    std::vector<Fault> faults_;
+    bool injected_ = false;
+};
+
+}  // namespace orv

@@ -1,0 +1,241 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "adapters/posix/ini_reader.h"
+#include "adapters/posix/install_paths.h"
+#include "adapters/posix/posix_files.h"
+#include "adapters/posix/registry_file.h"
+#include "adapters/sqlite/sqlite_db_service.h"
+#include "adapters/text/cp932.h"
+#include "adapters/text/era_calendar.h"
+#include "app/tie_system.h"
+#include "config/shared_settings.h"
+#include "core/flow/company_load.h"
+#include "core/flow/start.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/log_files.h"
+#include "pages/controls/page_set.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+#include "support/failing_store.h"
+#include "support/fake_windows.h"
+#include "support/fixed_clock.h"
+#include "support/fixed_facts.h"
+#include "support/recorded_http.h"
+#include "support/recorded_messages.h"
+#include "support/scripted_machine.h"
+#include "support/scripted_send.h"
+#include "support/started_programs.h"
+#include "support/store_files.h"
+#include "support/watched_files.h"
+#include "transmission/frm_send.h"
+
+namespace orv {
+
+/// A copy of the sample office on the disk: its folders, its settings, its registry, its store.
+struct OfficeCopy {
+    OfficeCopy() {
+        std::filesystem::copy(SAMPLE_FOLDER, folder.path(), std::filesystem::copy_options::recursive);
+        makeSampleStore(store());
+    }
+    std::string root() const { return folder.path().string(); }
+    std::string store() const { return root() + "/C/ORV/MDB/ORVESTATE.MDB"; }
+
+    TempFolder folder;
+};
+
+/// The whole system without a screen, on a copy of the sample office: real store, files, settings and text checks, each
+/// of which a test can break; no server, no other program, no operator but the test.
+class SystemTest : public testing::Test {
+protected:
+    static constexpr const char* kCompany = "000004601";
+    static constexpr const char* kMarker = "---------";
+
+    SystemTest() {
+        theContext = {};
+        dropSharedSettings();
+        Services& all = services();
+        all = {};
+        all.db = &store;
+        all.message = &messages;
+        all.sysInfo = &machine;
+        all.stringCheck = &strings;
+        all.files = &fileService;
+        all.send = [this] { return std::make_unique<ScriptedSend>(server); };
+        all.fileSystem = &files;
+        all.profiles = &settings;
+        all.registry = &registry;
+        all.programs = &programs;
+        all.facts = &facts;
+        all.clock = &clock;
+        all.codePage = &codePage;
+        all.calendar = &calendar;
+        all.http = recordedHttp(http);
+        all.pictures = &pictures;
+        all.windows = &windows;
+        all.forms = &forms;
+        tieSystem();
+    }
+    ~SystemTest() override {
+        const std::vector<Form*> loaded = forms.forms();
+        for (Form* form : loaded) {
+            forms.unload(*form, UnloadMode::Code);
+        }
+        forms.sweep();
+        dropPages();
+        dropSendForm();
+        dropSharedSettings();
+        theContext = {};
+        EXPECT_EQ(store.open, 0) << "connections left open";
+        services() = {};
+        logFiles() = {};
+    }
+
+    /// As the menu program starts it.
+    void start(const std::string& tail = "000004601,1,0") {
+        services().commandTail = tail;
+        Main();
+    }
+    /// Starts and goes to that page; what was shown on the way is forgotten.
+    PageForm& startOn(int page, const std::string& tail = "000004601,1,0") {
+        start(tail);
+        if (page != 0) {
+            turnTo(page);
+        }
+        EXPECT_EQ(shownIds(), std::vector<std::string>{});
+        messages.shown.clear();
+        return screen();
+    }
+    /// The page on the screen.
+    PageForm& screen() {
+        Form* active = forms.activeForm();
+        EXPECT_NE(active, nullptr) << "no page on the screen";
+        return active != nullptr ? dynamic_cast<PageForm&>(*active) : pageAt(0);
+    }
+    void turnTo(int page) { screen().btm_ChangePage[static_cast<std::size_t>(page)].press(); }
+    void save() { screen().btm_Save.press(); }
+    void leave() { screen().btm_Back_Menu.press(); }
+    void closeBox() { forms.unload(screen(), UnloadMode::CloseBox); }
+    void choose(const std::string& userId) { screen().cbo_User_Id.setText(userId); }
+    /// What the operator answers to the next question: 1 keeps the present state.
+    void answer(std::int32_t number) { messages.answers.push_back(number); }
+
+    /// The company into the record, as the start does it.
+    void load(const std::string& userId = kCompany) { ASSERT_TRUE(PF_GetCompanyData(userId)) << gErrMsg; }
+    /// A connection for routines that expect one.
+    void openStore() {
+        bool ok = false;
+        store.DbOpen(gConn, com().MdbOrvEstateDB(), ok);
+        ASSERT_TRUE(ok);
+    }
+    void closeStore() {
+        bool ok = false;
+        store.DbClose(gConn, ok);
+    }
+
+    /// Changes the store behind the program's back.
+    void sql(const std::string& text) { runSql(office.store(), text); }
+    /// The rows of a select behind the program's back, columns joined with "|".
+    std::vector<std::string> rows(const std::string& select);
+    std::string one(const std::string& select) {
+        const std::vector<std::string> found = rows(select);
+        return found.size() == 1 ? found.front() : std::to_string(found.size()) + " rows";
+    }
+    std::string info(const std::string& column, const std::string& userId = kCompany) {
+        return one("select " + column + " from TBL_CUSTOMER_INFO where USER_ID = '" + userId + "'");
+    }
+    std::string add(const std::string& column, const std::string& userId = kCompany) {
+        return one("select " + column + " from TBL_CUSTOMER_ADD where USER_ID = '" + userId + "'");
+    }
+    /// "USER_ID holder" of each lock but the sample's own.
+    std::vector<std::string> locks() {
+        return rows("select USER_ID || ' ' || LOCAL_INFO from TBL_LOCK where LOCAL_INFO <> 'FRONT-PC02' order by 1");
+    }
+    /// Everything that the store holds, to see that nothing changed.
+    std::vector<std::string> everything() {
+        std::vector<std::string> all;
+        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+            const auto found = rows(std::string("select * from ") + table + " order by USER_ID");
+            all.insert(all.end(), found.begin(), found.end());
+        }
+        return all;
+    }
+
+    std::string log() const {
+        const std::string path = com().LogErrFile();
+        return files.exists(path) ? codePage.decode(files.read(path, 1 << 20)) : std::string();
+    }
+    /// A record of the log at the clock's time.
+    std::string record(const std::string& code, const std::string& text) const {
+        return toText(Value(clock.now())) + "," + code + "," + text + "\r\n";
+    }
+    std::vector<std::string> shownIds() const {
+        std::vector<std::string> ids;
+        for (const auto& shown : messages.shown) {
+            ids.push_back(shown.id);
+        }
+        return ids;
+    }
+    /// The one message since the last look was that, with those values.
+    void expectShown(const std::string& id, const Values& args) {
+        ASSERT_EQ(shownIds(), std::vector<std::string>{id});
+        EXPECT_EQ(messages.shown.front().args, args);
+        messages.shown.clear();
+    }
+    /// An event was reported: shown, logged, cleared.
+    void expectReported(const std::string& code, const std::string& text, const std::string& id = "COSERR01") {
+        expectShown(id, {code, text});
+        EXPECT_TRUE(log().ends_with(record(code, text))) << log();
+        EXPECT_EQ(gErrMsg + gErrCode, "");
+    }
+    std::string bytesOf(const std::string& path) const { return files.read(path, 1 << 20); }
+
+    OfficeCopy office;
+    Cp932 codePage;
+    FixedFacts facts;
+    FixedClock clock;
+    EraCalendar calendar;
+    InstallPaths paths{office.root(), office.root() + "/C/ORV/BIN"};
+    PosixFiles realFiles{paths};
+    WatchedFiles files{realFiles};
+    PosixFileService fileService{files};
+    IniReader iniReader{files, codePage, facts};
+    OverriddenProfiles settings{iniReader};
+    RegistryFile registry{office.root() + "/registry.txt", codePage};
+    SqliteDbService sqlite{files};
+    FailingStore store{sqlite};
+    ScriptedSysInfo machine;
+    BreakableStringCheck strings{codePage};
+    BlankPictures pictures;
+    RecordedMessages messages;
+    StartedPrograms programs;
+    SendScript server;
+    HttpScript http;
+    ScriptedWindows windows;
+    FormHost forms;
+};
+
+inline std::vector<std::string> SystemTest::rows(const std::string& select) {
+    std::vector<std::string> found;
+    sqlite3* database = nullptr;
+    EXPECT_EQ(sqlite3_open(office.store().c_str(), &database), SQLITE_OK);
+    const auto take = [](void* list, int count, char** values, char**) {
+        std::string row;
+        for (int i = 0; i < count; ++i) {
+            row += std::string(i > 0 ? "|" : "") + (values[i] != nullptr ? values[i] : "NULL");
+        }
+        static_cast<std::vector<std::string>*>(list)->push_back(row);
+        return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(database, select.c_str(), take, &found, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+    sqlite3_close(database);
+    return found;
+}
+
+}  // namespace orv

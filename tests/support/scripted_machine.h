@@ -1,0 +1,147 @@
+#pragma once
+
+#include <array>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "adapters/text/string_check.h"
+#include "platform/machine/picture_library.h"
+#include "platform/machine/profile_reader.h"
+#include "platform/run_time_error.h"
+#include "platform/suite/sys_info_service.h"
+#include "support/system_path.h"
+
+namespace orv {
+
+/// A computer whose measurements a test chooses. An operation in `refused` fails: "os", "memory", "ip", "disk C:\" and
+/// the like, or the name of a registry value.
+class ScriptedSysInfo : public SysInfoService {
+public:
+    std::array<std::string, 5> os{"OS名", "6", "1", "7601", "SP1"};
+    std::map<std::string, std::string> registry{
+        {"InstallKey", "C:\\ORV"}, {"Version", "11.0"}, {"ProxyServer", "proxy:8080"}};
+    std::set<std::string> refused;
+    /// In the order in which they were asked, registry values as "root key name".
+    std::vector<std::string> asked;
+
+    FailureRecord SysError() const override { return {"測定の故障", "SYS:1"}; }
+    void SysGetOsInfo(std::array<std::string, 5>& facts, bool& ok) override {
+        facts = os;
+        ok = answer("os");
+    }
+    void SysGetMemory(std::string& megabytes, bool& ok) override {
+        megabytes = "2048";
+        ok = answer("memory");
+    }
+    void SysGetDiskSpace(std::string& drive, std::string& first, std::string& second, bool& ok) override {
+        first = "13421772800";
+        second = "79993765888";
+        ok = answer("disk " + drive);
+    }
+    void SysGetIpAddress(std::string& address, bool& ok) override {
+        address = "192.168.0.9";
+        ok = answer("ip");
+    }
+    void SysGetRegString(const std::string& key, const std::string& name, const std::string& root, std::string& value,
+                         bool& ok) override {
+        asked.push_back(root + " " + key + " " + name);
+        value = registry[name];
+        ok = !refused.contains(name);
+    }
+
+private:
+    bool answer(const std::string& what) {
+        asked.push_back(what);
+        return !refused.contains(what);
+    }
+};
+
+/// The settings of a real file, but for those that a test sets, by section and key.
+class OverriddenProfiles : public ProfileReader {
+public:
+    explicit OverriddenProfiles(const ProfileReader& real) : real_(real) {}
+
+    void set(const std::string& section, const std::string& key, std::string value) {
+        values_[folded(section + "=" + key)] = std::move(value);
+    }
+    void refuse(const std::string& section, const std::string& key) { refused_.insert(folded(section + "=" + key)); }
+
+    std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                        const std::string& file) const override {
+        const std::string name = folded(section + "=" + key);
+        if (refused_.contains(name)) {
+            throw RunTimeError(Failure::DeviceIo);
+        }
+        const auto value = values_.find(name);
+        return value == values_.end() ? real_.GetPrivateProfileString(section, key, file) : value->second;
+    }
+
+private:
+    const ProfileReader& real_;
+    std::map<std::string, std::string> values_;
+    std::set<std::string> refused_;
+};
+
+/// The real checks, until a test breaks them.
+class BreakableStringCheck : public StringCheck {
+public:
+    using StringCheck::StringCheck;
+
+    bool normalizeBreaks = false;
+    bool checksBreak = false;
+
+    void Normalize(const std::string& input, std::string& output) override {
+        breakIf(normalizeBreaks);
+        StringCheck::Normalize(input, output);
+    }
+    void CheckTextFirst(const std::string& text, bool& passes) override {
+        breakIf(checksBreak);
+        StringCheck::CheckTextFirst(text, passes);
+    }
+    void CheckTelNumber(const std::string& text, bool& passes) override {
+        breakIf(checksBreak);
+        StringCheck::CheckTelNumber(text, passes);
+    }
+
+private:
+    static void breakIf(bool broken) {
+        if (broken) {
+            throw RunTimeError(Failure::OutOfMemory);
+        }
+    }
+};
+
+/// A picture of a size and nothing else.
+class BlankPicture : public Picture {
+public:
+    BlankPicture(int width, int height) : width_(width), height_(height) {}
+    int width() const override { return width_; }
+    int height() const override { return height_; }
+    Pixels scaled(int width, int height) const override { return {width, height, {}}; }
+
+private:
+    int width_;
+    int height_;
+};
+
+/// Every file is a picture of the same size, until a test says that none is one.
+class BlankPictures : public PictureLibrary {
+public:
+    int width = 640;
+    int height = 480;
+    bool broken = false;
+    mutable std::vector<std::string> loaded;
+
+    PictureInfo info(const std::string&) const override { return {.width = width, .height = height}; }
+    std::unique_ptr<Picture> load(const std::string& path) const override {
+        if (broken) {
+            throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
+        }
+        loaded.push_back(path);
+        return std::make_unique<BlankPicture>(width, height);
+    }
+};
+
+}  // namespace orv
