@@ -24,6 +24,7 @@ public:
     void open(Form&) override {}
     void show(Form&) override {}
     void close(Form&) override {}
+    void centre(Form&) override {}
     void runModal(Form&) override {}
     void commitComposition() override {}
     void pointer(bool) override {}
