@@ -51,6 +51,7 @@ void Composition::handIn() {
     all.programs = &programs_;
     all.facts = &facts_;
     all.clock = &clock_;
+    all.calendar = &calendar_;
     all.codePage = &codePage_;
     all.http = [this] { return std::make_unique<CurlHttpControl>(files_); };
     all.pictures = &pictures_;

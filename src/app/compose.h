@@ -13,6 +13,7 @@
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "adapters/sqlite/sqlite_transmit_table.h"
 #include "adapters/text/cp932.h"
+#include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
 #include "adapters/text/table_messages.h"
 #include "platform/forms/form_host.h"
@@ -42,6 +43,7 @@ private:
     PosixStarter programs_;
     PosixSysInfo sysInfo_;
     StringCheck stringCheck_;
+    EraCalendar calendar_;
     SqliteDbService db_;
     SqliteTransmitEngine transmitEngine_;
     PictureFiles pictures_;
