@@ -32,8 +32,9 @@ Composition::Composition(const std::string& programFolder)
       transmitEngine_(files_),
       pictures_(files_),
       windows_(layoutOf, forms_),
-      messages_(windows_, files_, codePage_, [] { return com().SysMsgTbl(); },
-                [](const std::string& code, const std::string& text) { logError(code, text); }) {
+      messages_(
+          windows_, files_, codePage_, [] { return com().SysMsgTbl(); },
+          [](const std::string& code, const std::string& text) { logError(code, text); }) {
     handIn();
 }
 

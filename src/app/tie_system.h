@@ -2,8 +2,8 @@
 
 namespace orv {
 
-/// Fills the tables of functions through which lower rooms call upwards: the log's paths, the pages' handlers. No adapter is
-/// in it, so that a test fixture calls the same.
+/// Fills the tables of functions through which lower rooms call upwards: the log's paths, the pages' handlers. No
+/// adapter is in it, so that a test fixture calls the same.
 void tieSystem();
 
 }  // namespace orv

@@ -1,5 +1,7 @@
 #include "adapters/pictures/resample.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 

@@ -51,8 +51,8 @@ inline constinit bool& gAddressByMaster = theContext.gAddressByMaster;
 inline constinit bool& gSaved = theContext.gSaved;
 /// A save is running: a change of the company list is its own.
 inline constinit bool& gSaving = theContext.gSaving;
-/// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record is
-/// never written.
+/// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
+/// is never written.
 inline constinit FailureRecord& gLoadFailure = theContext.gLoadFailure;
 
 }  // namespace orv

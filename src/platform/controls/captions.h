@@ -55,8 +55,8 @@ public:
     /// Marked: the button of the page that is on the screen.
     bool marked() const { return marked_; }
     void setMarked(bool marked);
-    /// The operator presses the button: raises click, on an enabled button of an enabled form only. A text that is still
-    /// being composed goes into its field first.
+    /// The operator presses the button: raises click, on an enabled button of an enabled form only. A text that is
+    /// still being composed goes into its field first.
     void press();
 
     bool focusable() const override { return usable(); }

@@ -1,0 +1,193 @@
+#include "validation/rules/licence_page_check.h"
+#include "validation/rules/rules_test.h"
+
+namespace orv {
+namespace {
+
+struct Prefecture {
+    const char* name;
+    /// The council asked for when the association's name holds it, and when the licence does; 0: none.
+    std::size_t byAssociation;
+    std::size_t byLicence;
+};
+
+/// In the official order.
+constexpr Prefecture kPrefectures[] = {
+    {"北海道", 1, 1}, {"青森県", 2, 2},   {"岩手県", 2, 2}, {"宮城県", 2, 2},   {"秋田県", 2, 2}, {"山形県", 2, 2},
+    {"福島県", 2, 2}, {"茨城県", 3, 0},   {"栃木県", 3, 0}, {"群馬県", 3, 0},   {"埼玉県", 3, 3}, {"千葉県", 3, 3},
+    {"東京都", 3, 3}, {"神奈川県", 3, 3}, {"新潟県", 3, 0}, {"富山県", 5, 0},   {"石川県", 5, 0}, {"福井県", 5, 0},
+    {"山梨県", 3, 0}, {"長野県", 3, 0},   {"岐阜県", 4, 0}, {"静岡県", 4, 4},   {"愛知県", 4, 4}, {"三重県", 4, 4},
+    {"滋賀県", 6, 6}, {"京都府", 6, 6},   {"大阪府", 6, 6}, {"兵庫県", 6, 6},   {"奈良県", 6, 6}, {"和歌山県", 6, 6},
+    {"鳥取県", 7, 7}, {"島根県", 7, 7},   {"岡山県", 7, 0}, {"広島県", 7, 7},   {"山口県", 7, 7}, {"徳島県", 8, 8},
+    {"香川県", 8, 8}, {"愛媛県", 8, 8},   {"高知県", 8, 8}, {"福岡県", 9, 9},   {"佐賀県", 9, 9}, {"長崎県", 9, 9},
+    {"熊本県", 9, 9}, {"大分県", 9, 9},   {"宮崎県", 9, 9}, {"鹿児島県", 9, 9}, {"沖縄県", 9, 0},
+};
+static_assert(std::size(kPrefectures) == 47);
+
+constexpr const char* kRegions[] = {"北海道",   "東北地区", "首都圏",   "東海", "北陸",
+                                    "近畿地区", "中国地区", "四国地区", "九州"};
+
+std::string question(const std::string& association, std::size_t council) {
+    return association + "が選択されておりますが、\r\n公正取引協議会で" + kRegions[council - 1] +
+           "が選択されておりません。";
+}
+
+/// 中国 and 四国, the seventh and the eighth, send the focus to each other's box.
+std::size_t elementOf(std::size_t council) { return council == 7 ? 7 : council == 8 ? 6 : council - 1; }
+
+constexpr const char* kNone = "加盟団体が選択されてません。加盟団体なしでよろしいでしょうか？";
+
+class AssociationRules : public RulesTest {
+protected:
+    bool check(std::deque<std::int32_t> answers = {}) {
+        messages.answers = std::move(answers);
+        return passes(PF_CheckFrmCompInp1Data);
+    }
+    void expectRefused(const std::string& control, const std::string& text) const {
+        EXPECT_EQ(focus(), "frm_CompInp1." + control);
+        EXPECT_EQ(out.id, "CHECK001");
+        EXPECT_EQ(out.text, text);
+    }
+    /// One association with a prefecture in its name or in the licence, and every council but one.
+    void expectCouncil(std::size_t council, const std::string& association) {
+        tCustomerInfo.KOUTORI_FLG.assign(9, '1');
+        if (council == 0) {
+            tCustomerInfo.KOUTORI_FLG.assign(9, '0');
+            EXPECT_TRUE(check({1}));
+            EXPECT_TRUE(messages.shown.empty());
+            return;
+        }
+        EXPECT_TRUE(check({1})) << "every council is ticked";
+        tCustomerInfo.KOUTORI_FLG[council - 1] = '0';
+        EXPECT_FALSE(check({1}));
+        EXPECT_EQ(questions(), std::vector{question(association, council)});
+        expectRefused("chk_Koutori(" + std::to_string(elementOf(council)) + ")", "公正取引協議会");
+        EXPECT_TRUE(check({0}));
+        EXPECT_EQ(questions(), std::vector{question(association, council)});
+        EXPECT_EQ(out.text, question(association, council)) << "the text stays behind";
+    }
+};
+
+TEST_F(AssociationRules, KnowTheCouncilOfEachPrefectureByTheAssociationsName) {
+    tCustomerInfo.DANTAI_FLG = "1000000";
+    for (const Prefecture& prefecture : kPrefectures) {
+        SCOPED_TRACE(prefecture.name);
+        tCustomerInfo.DANTAI_NAME = std::string("(社)") + prefecture.name + "宅地建物取引業協会";
+        expectCouncil(prefecture.byAssociation, tCustomerInfo.DANTAI_NAME);
+    }
+    tCustomerInfo.DANTAI_NAME = "架空協会";
+    expectCouncil(0, "");
+}
+
+TEST_F(AssociationRules, KnowFewerCouncilsByTheLicence) {
+    tCustomerInfo.DANTAI_FLG = "0100000";
+    for (const Prefecture& prefecture : kPrefectures) {
+        SCOPED_TRACE(prefecture.name);
+        tCustomerInfo.LICENSE_NO = std::string(prefecture.name) + "知事";
+        expectCouncil(prefecture.byLicence, "(社)全日本不動産協会 ");
+    }
+    tCustomerInfo.LICENSE_NO = "国土交通大臣";
+    expectCouncil(0, "");
+}
+
+TEST_F(AssociationRules, TheNationalAssociationsImplyTheCapital) {
+    constexpr const char* kNames[] = {"(社)不動産協会 ", "(社)日本住宅建設産業協会 ", "(社)不動産流通経営協会 ",
+                                      "(社)都市開発協会 "};
+    tCustomerInfo.LICENSE_NO = "北海道知事";
+    for (std::size_t i = 0; i < std::size(kNames); ++i) {
+        SCOPED_TRACE(kNames[i]);
+        tCustomerInfo.DANTAI_FLG.assign(7, '0');
+        tCustomerInfo.DANTAI_FLG[i + 2] = '1';
+        expectCouncil(3, kNames[i]);
+    }
+}
+
+TEST_F(AssociationRules, AskWhenNoneIsTicked) {
+    for (const char* flags : {"0000000", "0000000000000000", ""}) {
+        tCustomerInfo.DANTAI_FLG = flags;
+        EXPECT_TRUE(check({2}));
+        EXPECT_EQ(questions(), std::vector<std::string>{kNone});
+        EXPECT_EQ(out.text, kNone);
+        EXPECT_FALSE(check({1}));
+        EXPECT_EQ(questions(), std::vector<std::string>{kNone});
+        expectRefused("chk_Dantai(0)", "加盟団体");
+    }
+}
+
+TEST_F(AssociationRules, OneSaveCanPutSeveralQuestions) {
+    tCustomerInfo.DANTAI_FLG = "1111110";
+    tCustomerInfo.DANTAI_NAME = "(社)香川県宅地建物取引業協会";
+    tCustomerInfo.LICENSE_NO = "大阪府知事";
+    tCustomerInfo.KOUTORI_FLG = "";
+    const std::vector<std::string> all{question("(社)香川県宅地建物取引業協会", 8),
+                                       question("(社)全日本不動産協会 ", 6),
+                                       question("(社)不動産協会 ", 3),
+                                       question("(社)日本住宅建設産業協会 ", 3),
+                                       question("(社)不動産流通経営協会 ", 3),
+                                       question("(社)都市開発協会 ", 3)};
+    EXPECT_TRUE(check());
+    EXPECT_EQ(questions(), all);
+    for (std::size_t stop = 1; stop <= all.size(); ++stop) {
+        std::deque<std::int32_t> answers(stop, 0);
+        answers.back() = 1;
+        EXPECT_FALSE(check(answers));
+        EXPECT_EQ(questions(), std::vector<std::string>(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(stop)));
+        EXPECT_EQ(out.text, "公正取引協議会");
+    }
+    tCustomerInfo.KOUTORI_FLG = "00100001";
+    EXPECT_TRUE(check());
+    EXPECT_EQ(questions(), std::vector{all[1]}) << "ticked councils are not asked for";
+}
+
+TEST_F(AssociationRules, NamesOfWhatIsChosenAreWanted) {
+    struct Case {
+        const char* flags;
+        const char* name;
+        const char* other;
+        const char* focus;
+        std::string text;
+    };
+    const std::string emoji = "組合\U0001F600";
+    std::string refused;
+    ASSERT_FALSE([&] {
+        bool admitted = true;
+        stringCheck.CheckTextFirst(emoji, admitted);
+        refused = stringCheck.ErrorInfo().text;
+        return admitted;
+    }());
+    for (const Case& row : {
+             Case{"1000000", "", "", "cbo_Dantai_Name", "加盟団体名"},
+             {"1000001", " 　", "", "cbo_Dantai_Name", "加盟団体名"},
+             {"1000000", "架空協会", "", "", ""},
+             {"0010001", "", "", "txt_Other_Dantai_Name", "その他加盟団体"},
+             {"0000001", "", " 　", "txt_Other_Dantai_Name", "その他加盟団体"},
+             {"0000001", "", "見本組合", "", ""},
+             {"0010000", "", "見本組合", "", ""},
+             {"0000001", "", emoji.c_str(), "txt_Other_Dantai_Name", refused},
+             {"0010000", "", emoji.c_str(), "txt_Other_Dantai_Name", refused},
+         }) {
+        SCOPED_TRACE(std::string(row.flags) + row.name + row.other);
+        tCustomerInfo.DANTAI_FLG = row.flags;
+        tCustomerInfo.DANTAI_NAME = row.name;
+        tCustomerInfo.OTHER_DANTAI_NAME = row.other;
+        EXPECT_EQ(check(), row.text.empty());
+        EXPECT_TRUE(messages.shown.empty());
+        if (!row.text.empty()) {
+            expectRefused(row.focus, row.text);
+        }
+    }
+}
+
+TEST_F(AssociationRules, AQuestionThatCanNotBeShownRefuses) {
+    tCustomerInfo.KOUTORI_FLG = "";
+    messages.refusal = FailureRecord{"画面がありません。", "MSG01"};
+    EXPECT_FALSE(check());
+    expectRefused("chk_Koutori(2)", "公正取引協議会");
+    messages.refusal.reset();
+    messages.failure = Failure::OutOfMemory;
+    EXPECT_FALSE(check());
+    expectRunTimeFailure("[ PF_CheckFrmCompInp1Data ] " + std::string(descriptionOf(Failure::OutOfMemory)), "7");
+}
+
+}  // namespace
+}  // namespace orv
