@@ -56,6 +56,22 @@ const std::vector<BadInput> kInputs{
      "000004601,1,0", "DBFILE02,", 1},
 };
 
+std::filesystem::path settings(const Office& office) { return office.drive() / "ORV/SYS/system.ini"; }
+
+/// Without settings the names of files are bare, and the store is looked for beside the program.
+const std::vector<BadInput> kSettings{
+    {"absent", [](const Office& o) { std::filesystem::remove(settings(o)); }, "000004601,1,0", "DBFILE01,", 1},
+    {"empty", [](const Office& o) { write(settings(o), ""); }, "000004601,1,0", "DBFILE01,", 1},
+    {"random", [](const Office& o) { write(settings(o), randomBytes(5000)); }, "000004601,1,0", "DBFILE01,", 1},
+    {"huge", [](const Office& o) { write(settings(o), randomBytes(50'000'000)); }, "000004601,1,0", "DBFILE01,", 1},
+    {"folder",
+     [](const Office& o) {
+         std::filesystem::remove(settings(o));
+         std::filesystem::create_directory(settings(o));
+     },
+     "000004601,1,0", "DBFILE01,", 1},
+};
+
 class BadStart : public EndToEnd, public ::testing::WithParamInterface<BadInput> {};
 
 TEST_P(BadStart, EndsInAMessageAndALogRecord) {
@@ -74,6 +90,8 @@ TEST_P(BadStart, EndsInAMessageAndALogRecord) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, BadStart, ::testing::ValuesIn(kInputs),
+                         [](const auto& input) { return std::string(input.param.name); });
+INSTANTIATE_TEST_SUITE_P(Settings, BadStart, ::testing::ValuesIn(kSettings),
                          [](const auto& input) { return std::string(input.param.name); });
 
 }  // namespace

@@ -85,7 +85,7 @@ void Office::change(const std::string& sql) const { ask(sql); }
 
 std::string Office::errLog() const {
     std::string bytes;
-    for (const auto& entry : fs::recursive_directory_iterator(drive() / "ORV/LOG")) {
+    for (const auto& entry : fs::recursive_directory_iterator(drive() / "ORV")) {
         if (entry.path().string().ends_with("_err.log")) {
             bytes += contentOf(entry.path());
         }

@@ -54,7 +54,7 @@ public:
     /// What the store answers to a select: columns parted by "|", rows by line breaks.
     std::string ask(const std::string& sql) const;
     void change(const std::string& sql) const;
-    /// The err logs of all days, as UTF-8.
+    /// The err logs of all days, wherever the settings have put them, as UTF-8.
     std::string errLog() const;
     /// How often the menu was started.
     int menuStarts() const;

@@ -11,12 +11,12 @@
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: suite_server --port N --folder DIR [--misbehave SPEC]...\n"
+    "usage: suite_server --port N --folder DIR [--misbehave HOW]...\n"
     "\n"
     "Stands for the suite's server on 127.0.0.1. Port 0 takes any free one; it is printed and written to DIR/port.\n"
     "DIR/requests.log has a line a request; photos are kept in DIR/photos, companies in DIR/companies.\n"
     "\n"
-    "SPEC is \"well\" or DESK:KIND, and adds to what was told before:\n"
+    "HOW is \"well\" or DESK:KIND, and adds to what was told before:\n"
     "  DESK       prepare, photos or companies\n"
     "  KIND       well          behave again\n"
     "             status=N      answer with N (200..599) and do nothing\n"

@@ -73,6 +73,20 @@ void swallow(const std::function<void()>& body) {
     static_cast<void>(failure);  // these helpers have no way to tell
 }
 
+/// `Field`: a text or a number input.
+template <class Field>
+void enableField(Field& input, bool enable, std::optional<Colour> colour) {
+    swallow([&] {
+        input.setEnabled(enable);
+        if (!enable) {
+            input.setBackColour(kDisabledField);
+            input.setText("");
+        } else if (colour) {
+            input.setBackColour(*colour);
+        }
+    });
+}
+
 }  // namespace
 
 bool PF_SetControlValue(Control& control, const std::string& value) {
@@ -117,27 +131,11 @@ void PF_EnableCombo(ComboBox& combo, bool enable, std::optional<Colour> colour, 
 }
 
 void PF_EnableControl(TextInput& input, bool enable, std::optional<Colour> colour) {
-    swallow([&] {
-        input.setEnabled(enable);
-        if (!enable) {
-            input.setBackColour(kDisabledField);
-            input.setText("");
-        } else if (colour) {
-            input.setBackColour(*colour);
-        }
-    });
+    enableField(input, enable, colour);
 }
 
 void PF_EnableNumber(NumberInput& input, bool enable, std::optional<Colour> colour) {
-    swallow([&] {
-        input.setEnabled(enable);
-        if (!enable) {
-            input.setBackColour(kDisabledField);
-            input.setText("");
-        } else if (colour) {
-            input.setBackColour(*colour);
-        }
-    });
+    enableField(input, enable, colour);
 }
 
 bool PF_SetFocusTo(Control* control) {

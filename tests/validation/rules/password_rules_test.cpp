@@ -1,7 +1,7 @@
 #include "validation/rules/password_rules.h"
 
 #include "adapters/sqlite/sqlite_db_service.h"
-#include "adapters/sqlite/store_files.h"
+#include "support/store_files.h"
 #include "validation/rules/rules_test.h"
 
 namespace orv {

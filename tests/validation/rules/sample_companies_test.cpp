@@ -1,5 +1,5 @@
 #include "adapters/sqlite/sqlite_db_service.h"
-#include "adapters/sqlite/store_files.h"
+#include "support/store_files.h"
 #include "adapters/store_terminal.h"
 #include "validation/rules/access_rules.h"
 #include "validation/rules/company_rules.h"
