@@ -43,8 +43,13 @@ run() {
     local argument="${1:-000004601,1,0}"
     buildPreset dev company_information suite_server operator
     withServer
-    if [ "$keep" = no ] || [ ! -d "$OFFICE" ]; then
-        tools/make_office.sh "$OFFICE" build/dev/src/app/company_information "$(cat "$OFFICE-server/port")"
+    local program=build/dev/src/app/company_information port
+    port=$(cat "$OFFICE-server/port")
+    if [ "$keep" = yes ] && [ -d "$OFFICE" ]; then
+        cp "$program" "$OFFICE/C/ORV/BIN/KELT_COS.EXE"
+        LC_ALL=C sed -i "s/127\.0\.0\.1:[0-9]*/127.0.0.1:$port/" "$OFFICE/C/ORV/SYS/system.ini"
+    else
+        tools/make_office.sh "$OFFICE" "$program" "$port"
     fi
     if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
         "$OFFICE/C/ORV/BIN/KELT_COS.EXE" "$argument"

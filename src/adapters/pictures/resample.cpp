@@ -72,7 +72,7 @@ void blendRows(const Pixels& source, const Taps& taps, std::vector<float>& row) 
     }
 }
 
-std::uint32_t channel(float value) { return static_cast<std::uint32_t>(std::clamp(value, 0.0F, 255.0F) + 0.5F); }
+std::uint32_t channel(float value) { return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.0F, 255.0F))); }
 
 std::uint32_t blendPlaces(const std::vector<float>& row, const Taps& taps) {
     std::array<float, kChannels> sums{};

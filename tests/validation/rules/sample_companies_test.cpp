@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_db_service.h"
-#include "support/store_files.h"
 #include "adapters/store_terminal.h"
+#include "support/store_files.h"
 #include "validation/rules/access_rules.h"
 #include "validation/rules/company_rules.h"
 #include "validation/rules/licence_page_check.h"
