@@ -58,6 +58,7 @@ VirtualDisplay::VirtualDisplay() {
 
 ServerDesk::ServerDesk(const fs::path& folder) : folder_(folder) {
     fs::create_directories(folder_);
+    fs::remove(folder_ / "port");
     process_ =
         std::make_unique<Process>(std::vector<std::string>{SUITE_SERVER, "--port", "0", "--folder", folder_.string()});
     if (!eventually([&] { return !contentOf(folder_ / "port").empty(); })) {

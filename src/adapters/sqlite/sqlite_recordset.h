@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,7 @@ private:
     std::size_t columnOf(const std::string& name) const;
 
     std::vector<Column> columns_;
-    std::vector<Value> cells_;  // row after row
+    std::deque<Value> cells_;  // row after row; it grows without moving what it holds
     std::size_t rows_ = 0;
     std::size_t cursor_ = 0;
 };

@@ -1,6 +1,9 @@
 #include "validation/rules/licence_rules.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <optional>
 
 #include "core/record/globals.h"
 #include "platform/machine/clock.h"
