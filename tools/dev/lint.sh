@@ -21,7 +21,10 @@ lint() {
     python3 tools/checks/sample.py || status=1
     buildPreset dev >/dev/null
     tidyCommands
-    sources | grep '^src/.*\.cpp$' | xargs -P2 -n4 clang-tidy -quiet -p build/tidy 2>/dev/null || status=1
+    sources | grep '^src/.*\.cpp$' | grep -v '/cp932\.cpp$' |
+        xargs -P2 -n4 clang-tidy -quiet -p build/tidy 2>/dev/null || status=1
+    # The analyzer of clang-tidy 14 itself crashes on this one; the other checks run.
+    clang-tidy -quiet -checks='-clang-analyzer-*' -p build/tidy src/adapters/text/cp932.cpp 2>/dev/null || status=1
     [ "$status" -eq 0 ] && echo "lint: no fault"
     return "$status"
 }
