@@ -5,7 +5,7 @@ PACKAGES=(
     qt6-base-dev libsqlite3-dev libcurl4-openssl-dev libjpeg62-turbo-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
     fonts-noto-cjk
-    sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick
+    sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
 )
 
