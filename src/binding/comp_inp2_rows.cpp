@@ -4,6 +4,7 @@
 #include "pages/common/control_helpers.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
@@ -74,7 +75,7 @@ bool photoSlots() {
 
 /// The district follows from the line and is never read back.
 bool deriveDistrict() {
-    tCustomerInfo.TIKU_CODE = tCustomerInfo.RAILROAD_CODE.substr(0, 2) + "00";
+    tCustomerInfo.TIKU_CODE = firstCharacters(tCustomerInfo.RAILROAD_CODE, 2) + "00";
     return true;
 }
 

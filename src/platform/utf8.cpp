@@ -82,4 +82,8 @@ std::string toUtf8(std::u32string_view characters) {
     return text;
 }
 
+std::string firstCharacters(std::string_view text, std::size_t count) {
+    return toUtf8(std::u32string_view(toCharacters(text)).substr(0, count));
+}
+
 }  // namespace orv

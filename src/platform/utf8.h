@@ -10,4 +10,7 @@ std::u32string toCharacters(std::string_view text);
 
 std::string toUtf8(std::u32string_view characters);
 
+/// At most the first `count` characters of a UTF-8 text.
+std::string firstCharacters(std::string_view text, std::size_t count);
+
 }  // namespace orv

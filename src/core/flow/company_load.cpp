@@ -8,6 +8,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/services.h"
+#include "platform/utf8.h"
 #include "store/data_lock.h"
 #include "store/row_count.h"
 #include "store/rows.h"
@@ -80,7 +81,7 @@ void beginNewCompany() {
 
 void deriveArea() {
     if (trimmed(tCustomerInfo.AREA_CODE).empty() && !trimmed(tCustomerInfo.ADDRESS_CODE).empty()) {
-        tCustomerInfo.AREA_CODE = tCustomerInfo.ADDRESS_CODE.substr(0, kAreaLength);
+        tCustomerInfo.AREA_CODE = firstCharacters(tCustomerInfo.ADDRESS_CODE, kAreaLength);
     }
 }
 

@@ -13,6 +13,7 @@
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
+#include "platform/utf8.h"
 #include "store/store_session.h"
 #include "transmission/frm_send.h"
 #include "transmission/image_upload.h"
@@ -84,7 +85,7 @@ void sendCompany(SaveRun& run) {
 
 /// Only a new company takes the server's number, and only a whole one; any other answer is passed over.
 std::string targetOf(const SaveRun& run) {
-    return isNew() && run.id.size() == kIdLength ? run.id : tCustomerInfo.USER_ID;
+    return isNew() && toCharacters(run.id).size() == kIdLength ? run.id : tCustomerInfo.USER_ID;
 }
 
 bool send(SaveRun& run) {

@@ -63,7 +63,7 @@ void openSite(frm_CompInp0& form) {
 
 void txt_Address_Code_Change(frm_CompInp0& form) {
     handled("[ CompInp0 txt_Address_Code_Change ]", [&] {
-        form.txt_Area_Code.setText(form.txt_Address_Code.text().substr(0, kAreaLength));
+        form.txt_Area_Code.setText(firstCharacters(form.txt_Address_Code.text(), kAreaLength));
         return true;
     });
 }

@@ -60,9 +60,9 @@ TEST_F(Load, TheAreaFollowsFromTheAddressWhereItIsMissing) {
     struct Case {
         std::string area, address, result;
     };
-    for (const Case& c :
-         {Case{"''", "'13104022003'", "13104"}, Case{"NULL", "'131'", "131"}, Case{"'  '", "'13104022003'", "13104"},
-          Case{"'99999'", "'13104022003'", "99999"}, Case{"''", "'  '", ""}}) {
+    for (const Case& c : {Case{"''", "'13104022003'", "13104"}, Case{"NULL", "'131'", "131"},
+                          Case{"'  '", "'13104022003'", "13104"}, Case{"'99999'", "'13104022003'", "99999"},
+                          Case{"''", "'  '", ""}, Case{"''", "'１３１０４０２２'", "１３１０４"}}) {
         sql("update TBL_CUSTOMER_INFO set AREA_CODE = " + c.area + ", ADDRESS_CODE = " + c.address +
             " where USER_ID = '000004601'");
         load();

@@ -65,7 +65,7 @@ TEST_F(NewCompany, IsInsertedSentNumberedAndMoved) {
 }
 
 TEST_F(NewCompany, AnAnswerOfAnotherLengthIsPassedOver) {
-    for (const char* id : {"00004700", "0000047000", ""}) {
+    for (const char* id : {"00004700", "0000047000", "番号１", ""}) {
         server.id = id;
         save();
         expectShown("COS05574", {});
