@@ -154,17 +154,21 @@ void FormWindow::orderTabs() {
 
 void FormWindow::refresh() {
     setWindowTitle(toQt(form_.caption()));
-    if (isEnabled() == form_.enabled()) {
-        return;
+    if (form_.enabled() && gate_) {
+        openGate();
+    } else if (!form_.enabled() && !gate_) {
+        gate_ = std::make_unique<InputGate>(*this);
     }
-    if (form_.enabled()) {
-        // What the operator did while nothing could be done is dropped, not done afterwards.
+}
+
+/// What the operator did while nothing could be done is dropped, not done afterwards.
+void FormWindow::openGate() {
+    {
         const NestedEvents nested;
         QCoreApplication::processEvents();
     }
-    setEnabled(form_.enabled());
-    Control* active = form_.activeControl();
-    if (form_.enabled() && active != nullptr) {
+    gate_.reset();
+    if (Control* active = form_.activeControl()) {
         giveFocus(*active);
     }
 }
@@ -189,11 +193,18 @@ ControlView* FormWindow::viewOf(const Control& control) const {
 }
 
 void FormWindow::showForm() {
+    comeToFront();
     show();
-    raise();
     activateWindow();
     if (Control* active = form_.activeControl()) {
         giveFocus(*active);
+    }
+}
+
+/// A window that appears is in front by itself.
+void FormWindow::comeToFront() {
+    if (isVisible() && !isActiveWindow()) {
+        raise();
     }
 }
 
@@ -224,7 +235,7 @@ void FormWindow::centre() {
     const QSize outer = frameGeometry().size();
     move(area.x() + std::max(0, (area.width() - outer.width()) / 2),
          area.y() + std::max(0, (area.height() - outer.height()) / 2));
-    raise();
+    comeToFront();
 }
 
 void FormWindow::commit() {
@@ -304,7 +315,7 @@ void FormWindow::paintCaptions(QPainter& painter) const {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (isEnabled() && !left_) {
+    if (!gate_ && !left_) {
         commit();
         forms_.unload(form_, UnloadMode::CloseBox);
     }

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "adapters/qt/input_gate.h"
 #include "adapters/qt/views/control_view.h"
 #include "platform/forms/form_host.h"
 
@@ -43,6 +44,8 @@ private:
     void seat(Control& control, std::span<const Placement> layout);
     void orderTabs();
     void refresh();
+    void openGate();
+    void comeToFront();
     void giveFocus(Control& control);
     ControlView* viewOf(const QObject* widget) const;
     ControlView* viewOf(const Control& control) const;
@@ -54,6 +57,7 @@ private:
     PageScale scale_;
     std::vector<Seat> seats_;
     QWidget* focusFrame_;
+    std::unique_ptr<InputGate> gate_;  // while the form is disabled
     QEventLoop* modalLoop_ = nullptr;
     bool left_ = false;
 };

@@ -57,7 +57,7 @@ public:
 
     /// The focus comes along, as it does with the mouse: the field that is left is validated first.
     bool press() override {
-        if (push_.isEnabled()) {
+        if (button_.usable() && button_.owner().ownerEnabled()) {
             push_.setFocus(Qt::ShortcutFocusReason);
             button_.press();
         }

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace orv {
+
+/// Keeps keys, the mouse, input methods and drops from a window and all that stands in it, as long as it lives. Unlike
+/// disabling the widgets it leaves the focus where it is and paints nothing anew.
+class InputGate : public QObject {
+public:
+    explicit InputGate(const QWidget& window);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    const QWidget& window_;
+};
+
+}  // namespace orv
