@@ -1,3 +1,4 @@
+#include <csignal>
 #include <span>
 #include <string>
 
@@ -22,6 +23,8 @@ std::string commandTail(std::span<char*> arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    // A connection or an output that breaks while it is written to is a failure like others, not the end.
+    std::signal(SIGPIPE, SIG_IGN);
     const orv::Application application(argv[0]);
     const orv::Composition composition(orv::runningProgramFolder());
     orv::services().commandTail = commandTail({argv, static_cast<std::size_t>(argc)});

@@ -26,11 +26,15 @@ struct Result {
     double peer = 0;
 };
 
-/// Runs both in turn, so that what else the machine does meets both; the medians.
-inline Result alternately(int rounds, const std::function<void()>& ours, const std::function<void()>& peer) {
+/// Runs both in turn, so that what else the machine does meets both; the medians. `prepare` goes before each round and
+/// is not measured.
+inline Result alternately(
+    int rounds, const std::function<void()>& ours, const std::function<void()>& peer,
+    const std::function<void()>& prepare = [] {}) {
     std::vector<double> oursTimes;
     std::vector<double> peerTimes;
     for (int i = 0; i < rounds; ++i) {
+        prepare();
         oursTimes.push_back(timed(ours));
         peerTimes.push_back(timed(peer));
     }

@@ -5,8 +5,10 @@
 #include <memory>
 #include <stdexcept>
 
+#include "adapters/http/company_document.h"
 #include "bench.h"
 #include "bench_office.h"
+#include "config/shared_settings.h"
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"
 #include "pages/controls/page_set.h"
@@ -16,6 +18,7 @@ namespace bench {
 namespace {
 
 using Curl = std::unique_ptr<CURL, decltype(&curl_easy_cleanup)>;
+using HeaderList = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
 using File = std::unique_ptr<std::FILE, decltype(&std::fclose)>;
 
 std::size_t ignore(char*, std::size_t size, std::size_t count, void*) { return size * count; }
@@ -24,6 +27,7 @@ Curl request(const std::string& url) {
     Curl curl(curl_easy_init(), curl_easy_cleanup);
     curl_easy_setopt(curl.get(), CURLOPT_URL, url.c_str());
     curl_easy_setopt(curl.get(), CURLOPT_WRITEFUNCTION, ignore);
+    curl_easy_setopt(curl.get(), CURLOPT_FAILONERROR, 1L);
     return curl;
 }
 
@@ -45,6 +49,9 @@ void put(const std::string& url, const std::filesystem::path& photo) {
 
 void post(const std::string& url, const std::string& body) {
     const Curl curl = request(url);
+    const HeaderList headers(curl_slist_append(nullptr, "Content-Type: application/json; charset=utf-8"),
+                             curl_slist_free_all);
+    curl_easy_setopt(curl.get(), CURLOPT_HTTPHEADER, headers.get());
     curl_easy_setopt(curl.get(), CURLOPT_POSTFIELDS, body.c_str());
     perform(curl);
 }
@@ -75,7 +82,8 @@ Result save(const std::string& folder) {
     const RunningProgram program(office, "000004601,1,0");
     orv::PageForm& page = orv::page<orv::frm_CompInp0>();
     const std::string base = "http://127.0.0.1:" + server.port();
-    const std::string body(8000, 'x');
+    // The server does the same with it as with ours.
+    const std::string body = orv::companyDocument(*orv::services().db, orv::com().MdbOrvEstateDB(), "000004601");
     const auto photo = [&](int slot) {
         return office.drive() /
                ("ORV/IMG/" + std::to_string(slot) + "/000004601COS00000000_0" + std::to_string(slot) + ".jpg");

@@ -1,6 +1,8 @@
 #include "process.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,7 +10,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <stdexcept>
-#include <thread>
 
 namespace desk {
 namespace {
@@ -49,16 +50,15 @@ Process::~Process() {
 bool Process::running() { return !wait(std::chrono::milliseconds(0)); }
 
 std::optional<int> Process::wait(std::chrono::milliseconds most) {
-    const auto deadline = std::chrono::steady_clock::now() + most;
-    while (!ended_) {
-        int status = 0;
-        if (waitpid(pid_, &status, WNOHANG) == pid_) {
-            ended_ = codeOf(status);
-        } else if (std::chrono::steady_clock::now() >= deadline) {
-            return std::nullopt;
-        } else {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
+    if (ended_) {
+        return ended_;
+    }
+    pollfd end{.fd = static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)), .events = POLLIN, .revents = 0};
+    poll(&end, 1, static_cast<int>(most.count()));
+    close(end.fd);
+    int status = 0;
+    if (waitpid(pid_, &status, WNOHANG) == pid_) {
+        ended_ = codeOf(status);
     }
     return ended_;
 }
