@@ -1,3 +1,4 @@
+#include <csignal>
 #include <thread>
 
 #include "end_to_end.h"
@@ -45,6 +46,13 @@ TEST_F(BrokenSave, AServerThatRefusesThePhotosStillGetsTheCompany) {
     EXPECT_EQ(field("PWD_CHG_FLG"), "1");
     EXPECT_TRUE(contains(office_->errLog(), "500,[ RH_ImageDataTransfr ] ")) << office_->errLog();
     EXPECT_TRUE(contains(server_->log(), "POST /cussend/register 200")) << server_->log();
+}
+
+TEST_F(BrokenSave, APipeThatBreaksIsNotTheEnd) {
+    Terminal desk = opened();
+    desk.signal(SIGPIPE);
+    desk.click("btm_ChangePage", 1);
+    EXPECT_TRUE(desk.waitForPage(1));
 }
 
 TEST_F(BrokenSave, AStoreInUseElsewhereIsWaitedForAndThenToldOf) {

@@ -28,6 +28,14 @@ std::string contentOf(const fs::path& file) {
     return text.str();
 }
 
+/// What a login would have made for the session.
+std::string runtimeFolder(const Office& office) {
+    const fs::path folder = office.folder() / "runtime";
+    fs::create_directories(folder);
+    fs::permissions(folder, fs::perms::owner_all);
+    return folder.string();
+}
+
 }  // namespace
 
 bool eventually(const std::function<bool()>& condition) {
@@ -103,6 +111,7 @@ Terminal::Terminal(const Office& office, std::string display, std::string comput
     : office_(office),
       environment_{{"DISPLAY", std::move(display)},
                    {"ORV_COMPUTER_NAME", std::move(computer)},
+                   {"XDG_RUNTIME_DIR", runtimeFolder(office)},
                    {"QT_QPA_PLATFORM", "xcb"},
                    {"ORV_SCALE", "1"}} {}
 

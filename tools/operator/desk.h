@@ -88,6 +88,7 @@ public:
 
     bool running() { return process_ && process_->running(); }
     std::optional<int> waitForEnd();
+    void signal(int number) { process_->signal(number); }
     void kill();
 
 private:

@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "adapters/posix/native_file.h"
 #include "platform/run_time_error.h"
@@ -15,6 +16,31 @@ namespace orv {
 namespace {
 
 bool sameFile(const struct stat& a, const struct stat& b) { return a.st_dev == b.st_dev && a.st_ino == b.st_ino; }
+
+bool sameContent(const NativeFile& a, const NativeFile& b) {
+    std::array<char, 1 << 16> left{};
+    std::array<char, 1 << 16> right{};
+    std::size_t count = 0;
+    if (a.facts().st_size != b.facts().st_size) {
+        return false;
+    }
+    do {
+        count = a.read(left.data(), left.size());
+        if (b.read(right.data(), right.size()) != count || std::memcmp(left.data(), right.data(), count) != 0) {
+            return false;
+        }
+    } while (count > 0);
+    return true;
+}
+
+/// What cannot be read is not the same.
+bool sameBytes(const std::string& a, const std::string& b) {
+    try {
+        return sameContent(NativeFile(a, O_RDONLY), NativeFile(b, O_RDONLY));
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
 
 void copyBytes(const NativeFile& from, const NativeFile& to) {
     std::array<char, 1 << 16> buffer{};
@@ -79,6 +105,9 @@ void PosixFiles::copy(const std::string& from, const std::string& to) {
         }
         if (!S_ISREG(standing.st_mode)) {
             throw RunTimeError(Failure::PathFileAccess);
+        }
+        if (sameBytes(nativePath(from), target)) {
+            return;
         }
     }
     FileBeside copied(target);

@@ -14,7 +14,7 @@ public:
     bool exists(const std::string& path) const override;
     std::uint64_t sizeOf(const std::string& path) const override;
     bool canOpen(const std::string& path) const override;
-    /// A file copied to itself stays as it is.
+    /// A target that is the file itself, or holds the same bytes already, stays as it is.
     void copy(const std::string& from, const std::string& to) override;
     void remove(const std::string& path) override;
     /// A target that is there is failure 58.

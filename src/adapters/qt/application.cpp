@@ -1,10 +1,14 @@
 #include "adapters/qt/application.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QPalette>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 #include "adapters/qt/views/office_style.h"
 #include "adapters/qt/views/page_scale.h"
@@ -28,11 +32,15 @@ QPalette calmPalette() {
     return palette;
 }
 
+/// The first that the machine has. For a font of several families the toolkit would look for substitutes at once, not
+/// when a character is missing.
 QFont japaneseFont() {
-    QFont font;
-    font.setFamilies({QStringLiteral("Noto Sans CJK JP"), QStringLiteral("IPAPGothic"), QStringLiteral("TakaoPGothic"),
-                      QStringLiteral("sans-serif")});
-    return font;
+    for (const char* name : {"Noto Sans CJK JP", "IPAPGothic", "TakaoPGothic"}) {
+        if (const QString family = QString::fromLatin1(name); QFontDatabase::hasFamily(family)) {
+            return QFont(family);
+        }
+    }
+    return QFont(QStringLiteral("sans-serif"));
 }
 
 /// Without a display the toolkit would abort with a text of its own. So it may fall back to showing nothing, which is
@@ -55,6 +63,9 @@ std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
 }  // namespace
 
 Application::Application(const char* programName) : name_(programName), arguments_{name_.data(), nullptr} {
+    // The toolkit asks for the machine's fonts once the display is connected. Each takes a while, so they go on at
+    // once.
+    const std::jthread fonts([] { FcInit(); });
     application_ = makeToolkit(count_, arguments_);
     QApplication::setStyle(new OfficeStyle);
     QApplication::setPalette(calmPalette());

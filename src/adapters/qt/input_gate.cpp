@@ -36,7 +36,9 @@ bool isInput(QEvent::Type type) {
 
 }  // namespace
 
-InputGate::InputGate(const QWidget& window) : window_(window) { QCoreApplication::instance()->installEventFilter(this); }
+InputGate::InputGate(const QWidget& window) : window_(window) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
 
 /// The toolkit's own window is let through: it keeps account of pressed buttons and hands on to the widgets.
 bool InputGate::eventFilter(QObject* watched, QEvent* event) {

@@ -58,9 +58,8 @@ int denySettings(void*, int action, const char*, const char*, const char*, const
 }
 
 /// A text or a blob; the engine wants to be asked for the bytes first and for their number then.
-Value textValue(sqlite3_stmt* row, int column) {
-    const void* bytes = sqlite3_column_type(row, column) == SQLITE_BLOB ? sqlite3_column_blob(row, column)
-                                                                        : sqlite3_column_text(row, column);
+Value textValue(sqlite3_stmt* row, int column, int type) {
+    const void* bytes = type == SQLITE_BLOB ? sqlite3_column_blob(row, column) : sqlite3_column_text(row, column);
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
     return bytes == nullptr ? std::string() : repairedUtf8({static_cast<const char*>(bytes), length});
 }
@@ -87,7 +86,9 @@ void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept { sqlite
 SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait) {
     const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     sqlite3* opened = nullptr;
-    const int result = sqlite3_open_v2(nativePath.c_str(), &opened, mode | SQLITE_OPEN_EXRESCODE, nullptr);
+    // One thread works with a connection, so that no call has to lock it.
+    constexpr int kAlways = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
+    const int result = sqlite3_open_v2(nativePath.c_str(), &opened, mode | kAlways, nullptr);
     handle_.reset(opened);
     refuseUnlessOk(opened, result);
     refuseUnlessOk(opened, sqlite3_busy_timeout(opened, static_cast<int>(busyWait.count())));
@@ -169,7 +170,7 @@ bool SqliteStatement::isFlag(int column) const {
 
 Value SqliteStatement::value(int column) const {
     sqlite3_stmt* row = statement_.get();
-    switch (sqlite3_column_type(row, column)) {
+    switch (const int type = sqlite3_column_type(row, column)) {
         case SQLITE_NULL:
             return {};
         case SQLITE_INTEGER:
@@ -177,7 +178,7 @@ Value SqliteStatement::value(int column) const {
         case SQLITE_FLOAT:
             return sqlite3_column_double(row, column);
         default:
-            return textValue(row, column);
+            return textValue(row, column, type);
     }
 }
 

@@ -40,8 +40,10 @@ void SqliteRecordset::describe(const SqliteStatement& statement) {
 
 void SqliteRecordset::fetchRow(const SqliteStatement& statement) {
     for (int column = 0; const Column& described : columns_) {
-        Value value = statement.value(column++);
-        cells_.push_back(described.isFlag && isNumber(value) ? Value(isTruth(value)) : std::move(value));
+        const Value& value = cells_.emplace_back(statement.value(column++));
+        if (described.isFlag && isNumber(value)) {
+            cells_.back() = isTruth(value);
+        }
     }
     ++rows_;
 }

@@ -2,12 +2,15 @@
 
 #include <iconv.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
@@ -46,18 +49,16 @@ public:
     Conversion& operator=(const Conversion&) = delete;
     ~Conversion() { iconv_close(handle_); }
 
-    /// Nothing when `bytes` are not one exact conversion.
-    std::optional<std::string> operator()(std::string bytes) {
-        std::array<char, 8> buffer{};
+    /// From the front on, as far as the C library knows the characters.
+    std::string operator()(std::string bytes) {
+        std::string converted(bytes.size() * 2, '\0');
         char* in = bytes.data();
-        char* out = buffer.data();
+        char* out = converted.data();
         std::size_t inLeft = bytes.size();
-        std::size_t outLeft = buffer.size();
-        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(handle_, &in, &inLeft, &out, &outLeft) != 0 || inLeft != 0) {
-            return std::nullopt;
-        }
-        return std::string(buffer.data(), out);
+        std::size_t outLeft = converted.size();
+        iconv(handle_, &in, &inLeft, &out, &outLeft);
+        converted.resize(converted.size() - outLeft);
+        return converted;
     }
 
 private:
@@ -83,13 +84,15 @@ struct Cp932::Tables {
     std::array<std::uint16_t, kCodes> codes{};
 
     Tables() {
-        Conversion decoded(kUtf16, kCodePage);
-        Conversion encoded(kCodePage, kUtf16);
-        for (unsigned code = 1; code < kCodes; ++code) {
-            if (code < 0x100 || (isLead(code >> 8U) && isTrail(code & 0xFFU))) {
-                addCode(code, decoded, encoded);
+        std::vector<unsigned> single;
+        for (unsigned code = 1; code < 0x100; ++code) {
+            if (isLead(code)) {
+                addRow(codesBehind(code));
+            } else {
+                single.push_back(code);
             }
         }
+        addRow(single);
         for (const auto& [code, character] : kSingleBytes) {
             characters[code] = character;
             codes[character] = code;
@@ -105,15 +108,40 @@ struct Cp932::Tables {
     }
 
 private:
-    void addCode(unsigned code, Conversion& decoded, Conversion& encoded) {
-        std::string bytes;
-        appendCode(bytes, code);
-        const std::optional<std::string> character = decoded(bytes);
-        if (!character || character->size() != 2) {
-            return;
+    Conversion decoded_{kUtf16, kCodePage};
+    Conversion encoded_{kCodePage, kUtf16};
+
+    static std::vector<unsigned> codesBehind(unsigned lead) {
+        std::vector<unsigned> row;
+        for (unsigned trail = 0; trail < 0x100; ++trail) {
+            if (isTrail(trail)) {
+                row.push_back((lead << 8U) | trail);
+            }
         }
-        characters[code] = static_cast<char16_t>(numberOf(*character));
-        codes[characters[code]] = static_cast<std::uint16_t>(numberOf(encoded(*character).value_or(bytes)));
+        return row;
+    }
+
+    /// Codes of one length; each is a character of 16 bits, or none, where the conversion stops and goes on behind it.
+    void addRow(std::span<const unsigned> row) {
+        while (!row.empty()) {
+            std::string bytes;
+            for (const unsigned code : row) {
+                appendCode(bytes, code);
+            }
+            const std::string found = decoded_(bytes);
+            const std::size_t count = found.size() / 2;
+            for (std::size_t i = 0; i < count; ++i) {
+                add(row[i], found.substr(2 * i, 2));
+            }
+            row = row.subspan(std::min(count + 1, row.size()));
+        }
+    }
+
+    /// Of several codes for one character the C library knows which is written.
+    void add(unsigned code, const std::string& utf16) {
+        const unsigned character = numberOf(utf16);
+        characters[code] = static_cast<char16_t>(character);
+        codes[character] = static_cast<std::uint16_t>(codes[character] == 0 ? code : numberOf(encoded_(utf16)));
     }
 };
 

@@ -39,6 +39,16 @@ bool deleteOld(const std::string& stored) {
     return ok || failFrom(services().files->FileError());
 }
 
+/// A photo that the operator has not changed stays where it is: what is not touched cannot be lost.
+bool holdsAlready(const std::string& stored, const std::string& chosen) {
+    const FileSystem& files = *services().fileSystem;
+    if (!files.canOpen(stored) || files.sizeOf(stored) != files.sizeOf(chosen)) {
+        return false;
+    }
+    const std::size_t size = files.sizeOf(stored);
+    return files.read(stored, size) == files.read(chosen, size);
+}
+
 /// The new file is whole beside its place before the old one goes, so that no photo is lost for longer than a rename.
 bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
@@ -59,7 +69,7 @@ bool place(const PhotoSlot& slot) {
         return true;
     }
     const std::string stored = com().ImgNoFolder(slot.index) + storedName(slot);
-    if (stored != field && !replaceStored(field, stored)) {
+    if (stored != field && !holdsAlready(stored, field) && !replaceStored(field, stored)) {
         return false;
     }
     field = storedName(slot);

@@ -56,6 +56,7 @@ bool takeRows(ComboBox& combo, const Rows& rows, bool addBlank, std::int16_t kin
         return fail("コンボボックスデータ取得に失敗しました。", "ECBO0001");
     }
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(rows->RecordCount()) + 1);
     if (addBlank) {
         items.emplace_back();
     }

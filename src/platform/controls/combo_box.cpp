@@ -13,8 +13,9 @@ ComboBox::ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign
     setTabRank(design.tabRank);
 }
 
-std::string ComboBox::list(int index) const {
-    return index >= 0 && index < listCount() ? list_[static_cast<std::size_t>(index)] : std::string();
+const std::string& ComboBox::list(int index) const {
+    static const std::string none;
+    return index >= 0 && index < listCount() ? list_[static_cast<std::size_t>(index)] : none;
 }
 
 void ComboBox::clear() {
@@ -31,7 +32,11 @@ void ComboBox::addItem(std::string text) {
 }
 
 void ComboBox::addItems(std::vector<std::string> texts) {
-    list_.insert(list_.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
+    if (list_.empty()) {
+        list_ = std::move(texts);
+    } else {
+        list_.insert(list_.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
+    }
     ++listVersion_;
     changed();
 }

@@ -25,8 +25,8 @@ public:
     std::string_view caption() const { return design_.caption; }
     std::string_view spokenName() const { return design_.spokenName; }
     int listCount() const { return static_cast<int>(list_.size()); }
-    /// Empty for a place outside the list.
-    std::string list(int index) const;
+    /// Empty for a place outside the list. It is good until the list changes.
+    const std::string& list(int index) const;
     /// Counts the changes of the entries, so that a view sees without looking whether it must read them again.
     int listVersion() const { return listVersion_; }
     int listIndex() const { return listIndex_; }

@@ -72,6 +72,17 @@ TEST_F(PosixFilesTest, CopyToItselfIsHarmless) {
     EXPECT_TRUE(std::filesystem::is_symlink(office.root() + "/C/D/link"));
 }
 
+TEST_F(PosixFilesTest, CopyOfTheSameBytesWritesNothing) {
+    const std::string twin = office.write("C/D/twin", "alpha");
+    std::filesystem::create_hard_link(twin, twin + ".mark");
+    files.copy("C:\\D\\a.txt", "C:\\D\\twin");
+    EXPECT_TRUE(std::filesystem::equivalent(twin, twin + ".mark"));
+    office.write("C/D/a.txt", "alphb");
+    files.copy("C:\\D\\a.txt", "C:\\D\\twin");
+    EXPECT_EQ(office.bytesOf("C/D/twin"), "alphb");
+    EXPECT_EQ(office.bytesOf("C/D/twin.mark"), "alpha");
+}
+
 TEST_F(PosixFilesTest, FailedCopyLeavesEverythingAsItWas) {
     office.write("C/D/large", std::string(100'000, 'x'));
     {

@@ -89,20 +89,21 @@ TEST_F(SavePhotos, AnUploadThatFailsIsLoggedAndStopsNothing) {
 
 TEST_F(SavePhotos, WhatCannotBePlacedStopsTheSaveAndLosesNothing) {
     struct Case {
-        std::string refused, code, text;
+        std::string changed, refused, code, text;
         Failure failure = Failure::PermissionDenied;
     };
-    const std::string before1 = bytesOf(kStored1);
     for (const Case& c : {
-             Case{kStored1, "70",
+             Case{kWorking1, kStored1, "70",
                   "「" + std::string(kStored1) + "」を削除できませんでした。書き込みが許可されていません。"},
-             Case{std::string(kStored1) + ".new", "61", "[ PF_SaveCompanyDataOther ] ディスクの空き容量が足りません。",
-                  Failure::DiskFull},
-             Case{kStored2, "70",
+             Case{kWorking1, std::string(kStored1) + ".new", "61",
+                  "[ PF_SaveCompanyDataOther ] ディスクの空き容量が足りません。", Failure::DiskFull},
+             Case{kWorking2, kStored2, "70",
                   "「" + std::string(kStored2) + "」を削除できませんでした。書き込みが許可されていません。"},
          }) {
         path(0).setText(kWorking1);
         path(1).setText(kWorking2);
+        writeFile(files.nativePath(c.changed), "instead of " + c.refused);
+        const std::string before1 = bytesOf(kStored1);
         files.refuse(c.refused, c.failure);
         save();
         expectReported(c.code, c.text);
@@ -139,6 +140,15 @@ TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
         EXPECT_TRUE(files.exists(kStored1) && files.exists(kStored2));
         turnTo(2);
     }
+}
+
+TEST_F(SavePhotos, APhotoThatHasNotChangedIsNotTouched) {
+    files.refuse(kStored1, Failure::PermissionDenied);
+    files.refuse(kStored2, Failure::PermissionDenied);
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+    EXPECT_EQ(http.sent.size(), 2u);
 }
 
 TEST_F(SavePhotos, APhotoThatIsItsOwnTargetStays) {
