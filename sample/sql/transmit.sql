@@ -5,38 +5,38 @@ BEGIN;
 
 CREATE TABLE Transmit_Info (
     TransmitNo             SMALLINT     NOT NULL,
-    UserID                 VARCHAR(20)  NOT NULL COLLATE NOCASE,
-    DefinitionFileName     VARCHAR(255),
-    DefinitionFileName2    VARCHAR(255),
-    DefinitionFileName3    VARCHAR(255),
-    OutPutFileName         VARCHAR(255),
-    ImageFileSendPath      VARCHAR(255),
+    UserID                 TEXT NOT NULL COLLATE NOCASE, -- 20
+    DefinitionFileName     TEXT,           -- 255
+    DefinitionFileName2    TEXT,           -- 255
+    DefinitionFileName3    TEXT,           -- 255
+    OutPutFileName         TEXT,           -- 255
+    ImageFileSendPath      TEXT,           -- 255
     DefinitionFileNameMode SMALLINT,
     DataMax                INTEGER,
     ImageUpLoadFlg         SMALLINT,
     MakeMode               SMALLINT,
     SendMode               SMALLINT,     -- 0: FTP, 2: files only, any other: HTTP
-    SiteAddress2           VARCHAR(255),
-    GroupID                VARCHAR(40),
-    LoginID                VARCHAR(40),
-    Passwd                 VARCHAR(40),
-    HomeDir                VARCHAR(255),
+    SiteAddress2           TEXT,           -- 255
+    GroupID                TEXT,           -- 40
+    LoginID                TEXT,           -- 40
+    Passwd                 TEXT,           -- 40
+    HomeDir                TEXT,           -- 255
     HomeImageDirCheck      SMALLINT,
-    HomeImageDir           VARCHAR(255),
-    HomeImageDir2          VARCHAR(255),
-    HomeImageDir3          VARCHAR(255),
-    HomeImageDir4          VARCHAR(255),
-    HomeImageDir5          VARCHAR(255),
-    HomeImageDir6          VARCHAR(255),
-    HomeImageDir7          VARCHAR(255),
-    HomeImageDir8          VARCHAR(255),
-    HomeImageDir9          VARCHAR(255),
-    HomeImageDir10         VARCHAR(255),
-    AppendFilePath         VARCHAR(255),
+    HomeImageDir           TEXT,           -- 255
+    HomeImageDir2          TEXT,           -- 255
+    HomeImageDir3          TEXT,           -- 255
+    HomeImageDir4          TEXT,           -- 255
+    HomeImageDir5          TEXT,           -- 255
+    HomeImageDir6          TEXT,           -- 255
+    HomeImageDir7          TEXT,           -- 255
+    HomeImageDir8          TEXT,           -- 255
+    HomeImageDir9          TEXT,           -- 255
+    HomeImageDir10         TEXT,           -- 255
+    AppendFilePath         TEXT,           -- 255
     OrvTransmitMode        SMALLINT,
     ImageFileNameFlg       SMALLINT,
     ImageGifFileFlg        SMALLINT,
-    CommandFilePath        VARCHAR(255),
+    CommandFilePath        TEXT,           -- 255
     PRIMARY KEY (TransmitNo, UserID)
 );
 

@@ -1,6 +1,7 @@
 #include "app/compose.h"
 
 #include "adapters/http/curl_http_control.h"
+#include "adapters/office_store/office_store.h"
 #include "config/shared_settings.h"
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"
@@ -28,8 +29,8 @@ Composition::Composition(const std::string& programFolder)
       programs_(paths_),
       sysInfo_(registry_, paths_),
       stringCheck_(codePage_),
-      db_(files_),
-      transmitEngine_(files_),
+      db_(files_, officeStore()),
+      transmitEngine_(files_, officeStore()),
       pictures_(files_),
       windows_(layoutOf, forms_),
       messages_(

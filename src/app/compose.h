@@ -10,8 +10,8 @@
 #include "adapters/posix/posix_sys_info.h"
 #include "adapters/posix/registry_file.h"
 #include "adapters/qt/qt_window_system.h"
-#include "adapters/sqlite/sqlite_db_service.h"
-#include "adapters/sqlite/sqlite_transmit_table.h"
+#include "adapters/store/store_service.h"
+#include "adapters/store/transmit_tables.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
@@ -44,8 +44,8 @@ private:
     PosixSysInfo sysInfo_;
     StringCheck stringCheck_;
     EraCalendar calendar_;
-    SqliteDbService db_;
-    SqliteTransmitEngine transmitEngine_;
+    StoreService db_;
+    TransmitTables transmitEngine_;
     PictureFiles pictures_;
     FormHost forms_;
     QtWindowSystem windows_;

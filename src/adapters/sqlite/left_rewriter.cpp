@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "adapters/sqlite/ascii_fold.h"
+#include "adapters/store/ascii_fold.h"
 
 namespace orv {
 namespace {

@@ -6,8 +6,8 @@
 #include <limits>
 #include <string_view>
 
-#include "adapters/sqlite/ascii_fold.h"
 #include "adapters/sqlite/sqlite_failure.h"
+#include "adapters/store/ascii_fold.h"
 #include "platform/utf8.h"
 
 namespace orv {
@@ -27,7 +27,7 @@ std::string repairedUtf8(std::string_view bytes) {
 
 StoreFailure lastFailure(sqlite3* database, int result) {
     const char* words = sqlite3_errmsg(database);
-    return engineFailure(result, repairedUtf8(words == nullptr ? "" : words));
+    return sqliteFailure(result, repairedUtf8(words == nullptr ? "" : words));
 }
 
 void refuseUnlessOk(sqlite3* database, int result) {
@@ -52,9 +52,10 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
 }
 
-int denySettings(void*, int action, const char*, const char*, const char*, const char*) {
-    const bool denied = action == SQLITE_PRAGMA || action == SQLITE_ATTACH || action == SQLITE_DETACH;
-    return denied ? SQLITE_DENY : SQLITE_OK;
+/// Asking for a table's columns is no setting.
+int denySettings(void*, int action, const char* name, const char*, const char*, const char*) {
+    const bool isSetting = action == SQLITE_PRAGMA && !equalWithoutCase(name, "table_info");
+    return isSetting || action == SQLITE_ATTACH || action == SQLITE_DETACH ? SQLITE_DENY : SQLITE_OK;
 }
 
 /// A text or a blob; the engine wants to be asked for the bytes first and for their number then.
@@ -117,17 +118,17 @@ void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const noexc
 SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::string& sql)
     : database_(database.handle()) {
     if (sql.find('\0') != std::string::npos) {
-        throw StoreFailure(Failure::InvalidCall, "DBSQL01", "データベースへの命令に使えない文字があります。");
+        refuse(kBadCharacter);
     }
     sqlite3_stmt* prepared = nullptr;
     const char* rest = nullptr;
     refuseUnlessOk(database_, sqlite3_prepare_v2(database_, sql.c_str(), -1, &prepared, &rest));
     statement_.reset(prepared);
     if (prepared == nullptr) {
-        throw StoreFailure(Failure::InvalidCall, "DBSQL02", "データベースへの命令が空です。");
+        refuse(kNoStatement);
     }
     if (std::string_view(rest).find_first_not_of(kBlanks) != std::string_view::npos) {
-        throw StoreFailure(Failure::InvalidCall, "DBSQL03", "データベースへの命令は一度に一つだけ実行できます。");
+        refuse(kManyStatements);
     }
 }
 

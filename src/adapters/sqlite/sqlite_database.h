@@ -5,14 +5,13 @@
 #include <memory>
 #include <string>
 
+#include "adapters/store/store_connection.h"
 #include "platform/value.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace orv {
-
-enum class StoreAccess : std::uint8_t { ReadWrite, ReadOnly };
 
 /// One open database file. Every failure is a StoreFailure.
 /// Commits are fully durable: a rollback journal, the file, the journal and the folder flushed. A file that another

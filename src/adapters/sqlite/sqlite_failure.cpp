@@ -4,7 +4,6 @@
 
 #include <array>
 #include <string_view>
-#include <utility>
 
 namespace orv {
 namespace {
@@ -66,16 +65,10 @@ const EngineResult& rowFor(int result) {
 
 }  // namespace
 
-StoreFailure::StoreFailure(Failure number, std::string code, std::string description)
-    : RunTimeError(number, std::move(description)), code_(std::move(code)) {}
-
-StoreFailure engineFailure(int result, const std::string& detail) {
+StoreFailure sqliteFailure(int result, std::string_view detail) {
     const EngineResult& row = rowFor(result);
-    std::string text(row.text);
-    if (row.detail == Detail::Shown && !detail.empty()) {
-        text += "（" + detail + "）";
-    }
-    return {row.number, "DB" + std::to_string(result), std::move(text)};
+    return {row.number, "DB" + std::to_string(result),
+            withDetail(row.text, row.detail == Detail::Shown ? detail : std::string_view())};
 }
 
 }  // namespace orv

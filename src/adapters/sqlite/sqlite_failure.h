@@ -1,25 +1,13 @@
 #pragma once
 
-#include <string>
+#include <string_view>
 
-#include "platform/run_time_error.h"
+#include "adapters/store/store_failure.h"
 
 namespace orv {
 
-/// Why the store refused: besides number and text a code that names the cause in the log. The codes are
-/// "DB" and SQLite's extended result number where the engine refused, "DBFILE", "DBSQL", "DBTRAN" or "DBCONN" and two
-/// digits where this adapter did.
-class StoreFailure : public RunTimeError {
-public:
-    StoreFailure(Failure number, std::string code, std::string description);
-
-    const std::string& code() const noexcept { return code_; }
-
-private:
-    std::string code_;
-};
-
-/// The failure for SQLite's result number. `detail`, SQLite's own words, is added where the statement is to blame.
-StoreFailure engineFailure(int result, const std::string& detail);
+/// The failure for SQLite's result number, which stands in its code. `detail`, SQLite's own words, is added where the
+/// statement is to blame.
+StoreFailure sqliteFailure(int result, std::string_view detail);
 
 }  // namespace orv

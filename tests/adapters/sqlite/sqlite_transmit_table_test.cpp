@@ -1,4 +1,5 @@
-#include "adapters/sqlite/sqlite_transmit_table.h"
+#include "adapters/sqlite/sqlite_store.h"
+#include "adapters/store/transmit_tables.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +33,7 @@ protected:
 
     TempFolder folder;
     const std::string path = folder.file("TRANSMIT.MDB");
-    SqliteTransmitEngine engine{nativePaths(), std::chrono::milliseconds(50)};
+    TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
     std::unique_ptr<TransmitWorkspace> workspace = engine.CreateWorkspace("NewJetWorkspace", "admin", "", kEmbedded);
 };
 

@@ -2,19 +2,21 @@
 
 #include <deque>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "adapters/sqlite/sqlite_database.h"
 #include "platform/suite/db_service.h"
 
 namespace orv {
 
 /// The rows of a select, fetched whole: their number is exact, and no lock on the store outlives the call that read
-/// them. A column declared as a boolean gives booleans, whatever number stands for true in the file.
-class SqliteRecordset : public Recordset {
+/// them.
+class FetchedRows : public Recordset {
 public:
-    /// Runs the statement to its end.
-    explicit SqliteRecordset(SqliteStatement& statement);
+    explicit FetchedRows(std::vector<std::string> columns) : columns_(std::move(columns)) {}
+
+    /// The next value: from left to right, row after row.
+    void add(Value value) { cells_.push_back(std::move(value)); }
 
     std::int32_t RecordCount() const override;
     bool Eof() const override;
@@ -29,18 +31,11 @@ public:
     Value Fields(int index) const override;
 
 private:
-    struct Column {
-        std::string name;
-        bool isFlag;
-    };
-
-    void describe(const SqliteStatement& statement);
-    void fetchRow(const SqliteStatement& statement);
+    std::size_t rows() const { return columns_.empty() ? 0 : cells_.size() / columns_.size(); }
     std::size_t columnOf(const std::string& name) const;
 
-    std::vector<Column> columns_;
-    std::deque<Value> cells_;  // row after row; it grows without moving what it holds
-    std::size_t rows_ = 0;
+    std::vector<std::string> columns_;
+    std::deque<Value> cells_;  // it grows without moving what it holds
     std::size_t cursor_ = 0;
 };
 

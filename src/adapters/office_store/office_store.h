@@ -1,0 +1,10 @@
+#pragma once
+
+#include "adapters/store/store_connection.h"
+
+namespace orv {
+
+/// Opens the office's store wherever it is: the file itself, or the server that the text in the file names.
+StoreOpener officeStore();
+
+}  // namespace orv

@@ -1,0 +1,230 @@
+#include "adapters/postgres/postgres_store.h"
+
+#include <libpq-fe.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+#include <span>
+
+#include "adapters/postgres/postgres_failure.h"
+#include "adapters/store/ascii_fold.h"
+#include "adapters/store/fetched_rows.h"
+
+namespace orv {
+namespace {
+
+constexpr Refusal kCommitUnknown{"DBCONN08", Failure::ConnectionFailed,
+                                 "データベースのサーバーとの接続が書き込みの完了前に切れました。"
+                                 "保存されたかどうかわからないため、会社を開き直して内容を確認してください。"};
+
+constexpr std::string_view kBlanks = " \t\r\n\f";
+constexpr auto kReadingWords = std::to_array<std::string_view>({"select", "with", "values"});
+constexpr auto kChangingWords = std::to_array<std::string_view>({"insert", "update", "delete"});
+
+// A read is undone at its end: nothing that it did beside reading, such as a changed setting, stays.
+constexpr const char* kReadInside = "SAVEPOINT orv_call; SET LOCAL transaction_read_only = on";
+constexpr const char* kChangeInside = "SAVEPOINT orv_call";
+constexpr const char* kUndoInside = "ROLLBACK TO SAVEPOINT orv_call; RELEASE SAVEPOINT orv_call";
+constexpr const char* kKeepInside = "RELEASE SAVEPOINT orv_call";
+
+constexpr const char* kKeyColumns =
+    "SELECT a.attname FROM pg_index i, unnest(i.indkey) WITH ORDINALITY AS k (number, place), pg_attribute a"
+    " WHERE i.indrelid = to_regclass($1) AND i.indisprimary AND a.attrelid = i.indrelid AND a.attnum = k.number"
+    " ORDER BY k.place";
+
+// The server's numbers of its types that are no texts here.
+constexpr Oid kBool = 16;
+constexpr auto kWholeNumbers = std::to_array<Oid>({20, 21, 23});
+constexpr auto kBrokenNumbers = std::to_array<Oid>({700, 701, 1700});
+
+std::string_view firstWord(std::string_view sql) {
+    sql.remove_prefix(std::min(sql.find_first_not_of(kBlanks), sql.size()));
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isLetter) - sql.begin()));
+}
+
+std::string_view withoutLast(std::string_view text, std::string_view unwanted) {
+    return text.substr(0, text.find_last_not_of(unwanted) + 1);
+}
+
+/// The server takes one statement a message with parameters and refuses more; it overlooks empty ones behind it.
+void requireStatement(std::string_view sql, std::span<const std::string_view> words, const Refusal& otherwise) {
+    if (sql.find('\0') != std::string_view::npos) {
+        refuse(kBadCharacter);
+    }
+    std::string_view rest = withoutLast(sql, kBlanks);
+    if (rest.ends_with(';')) {
+        rest.remove_suffix(1);
+        if (withoutLast(rest, kBlanks).ends_with(';')) {
+            refuse(kManyStatements);
+        }
+    }
+    const std::string_view word = firstWord(rest);
+    if (word.empty()) {
+        refuse(kNoStatement);
+    }
+    if (std::ranges::none_of(words, [&](std::string_view known) { return equalWithoutCase(word, known); })) {
+        refuse(otherwise);
+    }
+}
+
+template <typename Number>
+Value numberOf(std::string_view text) {
+    Number number{};
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() ? Value(number) : Value(std::string(text));
+}
+
+Value valueOf(const PGresult* result, int row, int column) {
+    if (PQgetisnull(result, row, column) != 0) {
+        return {};
+    }
+    const std::string_view text(PQgetvalue(result, row, column),
+                                static_cast<std::size_t>(PQgetlength(result, row, column)));
+    const Oid type = PQftype(result, column);
+    if (type == kBool) {
+        return text == "t";
+    }
+    if (std::ranges::find(kWholeNumbers, type) != kWholeNumbers.end()) {
+        return numberOf<std::int64_t>(text);
+    }
+    if (std::ranges::find(kBrokenNumbers, type) != kBrokenNumbers.end()) {
+        return numberOf<double>(text);
+    }
+    return std::string(text);
+}
+
+RecordsetPtr rowsOf(const PGresult* result) {
+    std::vector<std::string> names;
+    for (int column = 0; column < PQnfields(result); ++column) {
+        names.emplace_back(PQfname(result, column));
+    }
+    auto rows = std::make_unique<FetchedRows>(std::move(names));
+    for (int row = 0; row < PQntuples(result); ++row) {
+        for (int column = 0; column < PQnfields(result); ++column) {
+            rows->add(valueOf(result, row, column));
+        }
+    }
+    return rows;
+}
+
+std::int32_t touchedRows(PGresult* result) {
+    const std::string_view digits = PQcmdTuples(result);
+    std::int64_t rows = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), rows);
+    return static_cast<std::int32_t>(std::min<std::int64_t>(rows, std::numeric_limits<std::int32_t>::max()));
+}
+
+std::string opening(const ServerLimits& limits, std::string_view access) {
+    const auto setting = [](const char* name, std::chrono::milliseconds time) {
+        return std::string("; SET LOCAL ") + name + " = " + std::to_string(time.count());
+    };
+    std::string text("BEGIN ISOLATION LEVEL READ COMMITTED");
+    text.append(access).append("; SET LOCAL standard_conforming_strings = on");
+    return text + setting("lock_timeout", limits.lock) + setting("statement_timeout", limits.statement) +
+           setting("idle_in_transaction_session_timeout", limits.idle);
+}
+
+class PostgresStore : public StoreConnection {
+public:
+    PostgresStore(const ServerSettings& settings, const ServerLimits& limits, StoreAccess access)
+        : link_(settings, limits.patience),
+          beginRead_(opening(limits, " READ ONLY")),
+          begin_(access == StoreAccess::ReadOnly ? beginRead_ : opening(limits, "")) {}
+
+    RecordsetPtr select(const std::string& sql, const Values& parameters) override {
+        requireStatement(sql, kReadingWords, kNoSelect);
+        const bool isInside = inTransaction();
+        command(isInside ? kReadInside : beginRead_);
+        const ServerResult result = link_.ask(sql, parameters);
+        static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
+        require(result, PGRES_TUPLES_OK, kNoSelect);
+        return rowsOf(result.get());
+    }
+
+    std::int32_t change(const std::string& sql) override {
+        requireStatement(sql, kChangingWords, kNoChange);
+        const bool isInside = inTransaction();
+        command(isInside ? kChangeInside : begin_);
+        const ServerResult result = link_.ask(sql, {});
+        if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+            static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
+        }
+        require(result, PGRES_COMMAND_OK, kNoChange);
+        if (isInside) {
+            command(kKeepInside);
+        } else {
+            commit();
+        }
+        return touchedRows(result.get());
+    }
+
+    bool inTransaction() const override { return link_.inTransaction(); }
+
+    void begin() override { command(begin_); }
+
+    void commit() override {
+        const ServerResult result = link_.askAll("COMMIT");
+        if (result == nullptr) {
+            refuse(kCommitUnknown);
+        }
+        require(result, PGRES_COMMAND_OK, kNoTransaction);
+        if (std::string_view(PQcmdStatus(result.get())) != "COMMIT") {
+            refuse(kNoTransaction);
+        }
+    }
+
+    /// On a wire that is cut meanwhile the server does it by itself.
+    void rollBack() override {
+        if (inTransaction()) {
+            static_cast<void>(link_.askAll("ROLLBACK"));
+        }
+    }
+
+    std::vector<std::string> keyColumns(const std::string& table) override {
+        const RecordsetPtr rows = select(kKeyColumns, {table});
+        std::vector<std::string> names;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            names.push_back(toText(rows->Fields(0)));
+        }
+        return names;
+    }
+
+private:
+    void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }
+
+    /// Throws what kept a message from ending as it should.
+    void require(const ServerResult& result, int wanted, const Refusal& otherwise) const {
+        if (result == nullptr) {
+            refuse(link_.whyCut());
+        }
+        const int status = PQresultStatus(result.get());
+        const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
+        if (state != nullptr) {
+            const char* words = PQresultErrorField(result.get(), PG_DIAG_MESSAGE_PRIMARY);
+            throw serverFailure(state, words == nullptr ? "" : words);
+        }
+        if (status == PGRES_EMPTY_QUERY) {
+            refuse(kNoStatement);
+        }
+        if (status != wanted) {
+            refuse(otherwise);
+        }
+    }
+
+    ServerLink link_;
+    std::string beginRead_;
+    std::string begin_;
+};
+
+}  // namespace
+
+StoreOpener postgresStore(const ServerLimits& limits) {
+    return [limits](const std::string& nativePath, StoreAccess access) {
+        return std::make_unique<PostgresStore>(readServerText(nativePath), limits, access);
+    };
+}
+
+}  // namespace orv

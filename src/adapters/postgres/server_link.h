@@ -1,0 +1,64 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+#include "adapters/postgres/server_text.h"
+#include "adapters/store/store_failure.h"
+#include "platform/value.h"
+
+struct pg_conn;
+struct pg_result;
+
+namespace orv {
+
+struct ResultClearer {
+    void operator()(pg_result* result) const noexcept;
+};
+using ServerResult = std::unique_ptr<pg_result, ResultClearer>;
+
+/// How long the server is waited for.
+struct ServerPatience {
+    /// For one host to let us in, where the settings do not say (`connect_timeout`).
+    std::chrono::milliseconds connect{5000};
+    /// For an answer, whatever the server does or does not do.
+    std::chrono::milliseconds answer{10000};
+};
+
+/// The wire to a server: messages with a time limit. Nothing here waits for ever, not even for a server that stands
+/// still in the middle of a message.
+class ServerLink {
+public:
+    /// Failure: a StoreFailure that tells what kept the server from letting us in.
+    ServerLink(const ServerSettings& settings, const ServerPatience& patience);
+
+    /// Sends one message and waits for its end: one statement with parameters, or several without. The last result, or
+    /// the first that failed. Null: the wire is cut, and `whyCut` tells by whom; the server rolls back what was open.
+    ServerResult ask(const std::string& sql, const Values& parameters);
+    ServerResult askAll(const std::string& sql);
+
+    const Refusal& whyCut() const noexcept { return *whyCut_; }
+    /// A transaction is open on the server; false on a cut wire.
+    bool inTransaction() const;
+
+private:
+    using Clock = std::chrono::steady_clock;
+    struct Closer {
+        void operator()(pg_conn* connection) const noexcept;
+    };
+
+    void start(const ServerSettings& settings);
+    void letIn(Clock::time_point deadline);
+    ServerResult answer(bool sent);
+    bool flushed(Clock::time_point deadline);
+    ServerResult nextResult(Clock::time_point deadline);
+    bool wait(short events, Clock::time_point deadline);
+    void cut(const Refusal& why);
+
+    std::unique_ptr<pg_conn, Closer> connection_;
+    ServerPatience patience_;
+    const Refusal* whyCut_;
+};
+
+}  // namespace orv

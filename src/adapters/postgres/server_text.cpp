@@ -1,0 +1,74 @@
+#include "adapters/postgres/server_text.h"
+
+#include <libpq-fe.h>
+
+#include <fstream>
+#include <memory>
+
+#include "adapters/store/store_failure.h"
+#include "adapters/store/store_file_check.h"
+
+namespace orv {
+namespace {
+
+constexpr Refusal kFaulty{"DBFILE08", Failure::InvalidCall,
+                          "データベースのサーバーを示すファイルの書き方が正しくありません。"};
+constexpr Refusal kPassword{"DBFILE09", Failure::InvalidCall,
+                            "データベースのサーバーを示すファイルにパスワードは書けません。"
+                            "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
+constexpr std::size_t kLongest = 4096;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+using OptionsPtr = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
+
+std::string connectionText(const std::string& nativePath) {
+    std::ifstream file(nativePath, std::ios::binary);
+    std::string text;
+    for (std::string line; std::getline(file, line);) {
+        if (text.empty() && line.starts_with(kByteOrderMark)) {
+            line.erase(0, kByteOrderMark.size());
+        }
+        const std::size_t first = line.find_first_not_of(" \t\r");
+        if (first != std::string::npos && line[first] != '#') {
+            text += line.substr(first, line.find_last_not_of(" \t\r") + 1 - first) + " ";
+        }
+        if (text.size() > kLongest) {
+            refuse(kFaulty);
+        }
+    }
+    if (!text.empty()) {
+        text.pop_back();  // behind an address a blank would count
+    }
+    return text;
+}
+
+OptionsPtr parsed(const std::string& text) {
+    char* words = nullptr;
+    OptionsPtr options(PQconninfoParse(text.c_str(), &words), PQconninfoFree);
+    const std::unique_ptr<char, decltype(&PQfreemem)> kept(words, PQfreemem);
+    if (options == nullptr) {
+        refuse(kFaulty, words == nullptr ? "" : words);
+    }
+    return options;
+}
+
+}  // namespace
+
+ServerSettings readServerText(const std::string& nativePath) {
+    requireStoreKind(nativePath, StoreKind::Server);
+    const OptionsPtr options = parsed(connectionText(nativePath));
+    ServerSettings settings;
+    for (const PQconninfoOption* option = options.get(); option->keyword != nullptr; ++option) {
+        if (option->val == nullptr) {
+            continue;
+        }
+        // The library marks so what must not be shown on a screen.
+        if (*option->dispchar == '*') {
+            refuse(kPassword);
+        }
+        settings[option->keyword] = option->val;
+    }
+    return settings;
+}
+
+}  // namespace orv

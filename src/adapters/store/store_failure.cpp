@@ -1,0 +1,24 @@
+#include "adapters/store/store_failure.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orv {
+
+StoreFailure::StoreFailure(Failure number, std::string code, std::string description)
+    : RunTimeError(number, std::move(description)), code_(std::move(code)) {}
+
+std::string withDetail(std::string_view text, std::string_view detail) {
+    std::string whole(text);
+    if (!detail.empty()) {
+        whole.append("（").append(detail).append("）");
+    }
+    std::ranges::replace(whole, '\n', ' ');
+    return whole;
+}
+
+void refuse(const Refusal& refusal, std::string_view detail) {
+    throw StoreFailure(refusal.number, std::string(refusal.code), withDetail(refusal.text, detail));
+}
+
+}  // namespace orv

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <utility>
+
+#include "adapters/store/store_connection.h"
+#include "platform/machine/file_system.h"
+
+namespace orv {
+
+/// The suite's gateway over a store of whatever kind.
+///
+/// - `DbOpenRs` takes statements that yield rows and change nothing, `DbExecute` those that change the store, each one
+///   statement a call.
+/// - `DbError` keeps the last failure until the next one or `DbReset`.
+class StoreService : public DbService {
+public:
+    /// `files` gives the place of the file on this machine, and must outlive the service.
+    StoreService(const FileSystem& files, StoreOpener opener) : files_(files), opener_(std::move(opener)) {}
+
+    FailureRecord DbError() const override { return failure_; }
+    void DbReset() override { failure_ = {}; }
+    /// Closes what the connection held. A failure leaves it closed.
+    void DbOpen(ConnectionPtr& connection, const std::string& path, bool& ok) override;
+    /// A failure leaves the recordset closed.
+    void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) override;
+    void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) override;
+    void DbClose(ConnectionPtr& connection, bool& ok) override;
+    void DbCloseRs(RecordsetPtr& recordset, bool& ok) override;
+    void DbBeginTrans(ConnectionPtr& connection, bool& ok) override;
+    void DbRollback(ConnectionPtr& connection, bool& ok) override;
+    /// Fails where no transaction is open, which is so too when the engine has ended it: its changes are gone then.
+    void DbCommit(ConnectionPtr& connection, bool& ok) override;
+
+private:
+    template <typename Action>
+    bool guarded(Action action);
+
+    const FileSystem& files_;
+    StoreOpener opener_;
+    FailureRecord failure_;
+};
+
+}  // namespace orv

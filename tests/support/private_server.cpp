@@ -1,0 +1,168 @@
+#include "support/private_server.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace orv {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kOwner = "keeper";
+constexpr ::uid_t kNobody = 65534;
+
+std::string contentOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+pid_t processOf(const fs::path& pidFile) {
+    const std::string digits = contentOf(pidFile);
+    return digits.empty() ? 0 : std::stoi(digits);
+}
+
+/// The server and the processes of its sessions.
+std::vector<pid_t> serverProcesses(const fs::path& folder) {
+    std::vector<pid_t> processes;
+    const pid_t server = processOf(folder / "data/postmaster.pid");
+    if (server > 0) {
+        const std::string id = std::to_string(server);
+        std::ifstream children("/proc/" + id + "/task/" + id + "/children");
+        processes.assign(std::istream_iterator<pid_t>(children), {});
+        processes.push_back(server);
+    }
+    return processes;
+}
+
+void sendAll(const fs::path& folder, int signal) {
+    for (const pid_t process : serverProcesses(folder)) {
+        ::kill(process, signal);
+    }
+}
+
+/// Ends what runs in the folder, and the folder.
+void cleanUp(const fs::path& folder) {
+    const pid_t pooler = processOf(folder / "pooler.pid");
+    if (pooler > 0) {
+        ::kill(pooler, SIGTERM);
+    }
+    const pid_t server = processOf(folder / "data/postmaster.pid");
+    sendAll(folder, SIGCONT);
+    if (server > 0) {
+        ::kill(server, SIGQUIT);
+        for (int tenths = 0; ::kill(server, 0) == 0 && tenths < 100; ++tenths) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        }
+        ::kill(server, SIGKILL);
+    }
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
+}  // namespace
+
+PrivateServer::PrivateServer() {
+    makeFolder();
+    run("initdb -D data -U " + std::string(kOwner) + " -A trust -E UTF8 --locale=C --no-sync --no-instructions");
+    std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
+        << "listen_addresses = ''\nunix_socket_directories = '" << folder_.string()
+        << "'\nfsync = off\nshared_buffers = 16MB\nlog_min_messages = fatal\n";
+    const std::string rules = contentOf(folder_ / "data/pg_hba.conf");
+    std::ofstream(folder_ / "data/pg_hba.conf") << "local all guarded scram-sha-256\n" << rules;
+    start();
+    sql("postgres", "CREATE DATABASE sample");
+    for (const char* name : {"server", "schema", "masters", "companies", "locks", "transmit"}) {
+        sql("sample", contentOf(fs::path(SAMPLE_FOLDER) / "sql" / (std::string(name) + ".sql")));
+    }
+}
+
+PrivateServer::PrivateServer(const PrivateServer& primary) {
+    makeFolder();
+    run("pg_basebackup -h " + primary.folder_.string() + " -U " + kOwner + " -D data -R -X stream -c fast --no-sync");
+    std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
+        << "unix_socket_directories = '" << folder_.string() << "'\n";
+    start();
+}
+
+PrivateServer::~PrivateServer() {
+    ::close(watch_);
+    ::waitpid(watcher_, nullptr, 0);
+}
+
+void PrivateServer::makeFolder() {
+    std::string pattern = (fs::temp_directory_path() / "server-XXXXXX").string();
+    folder_ = ::mkdtemp(pattern.data());
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown(folder_.c_str(), kNobody, kNobody), 0);
+    }
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    watch_ = ends[1];
+    watcher_ = ::fork();
+    if (watcher_ == 0) {
+        ::setsid();
+        ::close(ends[1]);
+        const int nowhere = ::open("/dev/null", O_RDWR);
+        ::dup2(nowhere, STDOUT_FILENO);
+        ::dup2(nowhere, STDERR_FILENO);
+        char byte = 0;
+        while (::read(ends[0], &byte, 1) < 0) {
+        }
+        cleanUp(folder_);
+        ::_exit(0);
+    }
+    ::close(ends[0]);
+}
+
+void PrivateServer::run(const std::string& command) const {
+    const std::string user = ::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    const std::string whole = "cd '" + folder_.string() + "' && " + user + POSTGRES_FOLDER "/" + command +
+                              " >command.log 2>&1 </dev/null";
+    if (std::system(whole.c_str()) != 0) {  // NOLINT(cert-env33-c)
+        ADD_FAILURE() << command << "\n" << contentOf(folder_ / "command.log");
+    }
+}
+
+std::string PrivateServer::text(const std::string& database) const {
+    return "host=" + folder_.string() + " user=" + kOwner + " dbname=" + database;
+}
+
+std::string PrivateServer::sql(const std::string& database, const std::string& sql) const {
+    std::ofstream(folder_ / "statements.sql") << sql;
+    run("psql -X -q -A -t -v ON_ERROR_STOP=1 -f statements.sql -o rows.txt '" + text(database) + "'");
+    return contentOf(folder_ / "rows.txt");
+}
+
+std::string PrivateServer::storeFile() {
+    const std::string name = "store" + std::to_string(++stores_);
+    sql("postgres", "CREATE DATABASE " + name + " TEMPLATE sample");
+    std::ofstream(folder_ / name) << text(name) << "\n";
+    return (folder_ / name).string();
+}
+
+void PrivateServer::start() const { run("pg_ctl -D data -l server.log -w -s start"); }
+
+void PrivateServer::stop(const std::string& mode) const { run("pg_ctl -D data -w -s -m " + mode + " stop"); }
+
+void PrivateServer::signalAll(int signal) const { sendAll(folder_, signal); }
+
+void PrivateServer::startPooler() {
+    std::ofstream(folder_ / "users.txt") << '"' << kOwner << "\" \"\"\n";
+    std::ofstream(folder_ / "pooler.ini") << "[databases]\n* = host=" << folder_.string()
+                                          << "\n[pgbouncer]\nlisten_addr =\nlisten_port = 6432\nunix_socket_dir = "
+                                          << folder_.string()
+                                          << "\npool_mode = transaction\nauth_type = trust\nauth_file = users.txt\n"
+                                             "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
+    run("../../../../usr/sbin/pgbouncer -q -d pooler.ini");
+}
+
+}  // namespace orv

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+namespace orv {
+
+/// A PostgreSQL server of the tests' own: a cluster in a folder of its own, on a Unix socket there and no network, run by
+/// an unprivileged user. A second process watches over it: however the test ends, also killed, it ends the server and
+/// removes the folder.
+class PrivateServer {
+public:
+    /// A new cluster with a database `sample` that holds the sample's rows.
+    PrivateServer();
+    /// A standby that follows `primary`.
+    explicit PrivateServer(const PrivateServer& primary);
+    PrivateServer(const PrivateServer&) = delete;
+    PrivateServer& operator=(const PrivateServer&) = delete;
+    ~PrivateServer();
+
+    /// Where the socket is; the folder is there for files of the tests too.
+    const std::filesystem::path& folder() const { return folder_; }
+    /// The text that names `database` on this server.
+    std::string text(const std::string& database) const;
+    /// Runs `sql` as the owner of the server, past the adapter. What it yields, a row a line.
+    std::string sql(const std::string& database, const std::string& sql) const;
+    /// A copy of `sample` under a name of its own; its text is written into a file, whose path is returned.
+    std::string storeFile();
+
+    void start() const;
+    /// `mode`: fast (sessions are told) or immediate (as in a crash).
+    void stop(const std::string& mode) const;
+    /// Stands still with all its sessions, until `thaw`.
+    void freeze() const { signalAll(SIGSTOP); }
+    void thaw() const { signalAll(SIGCONT); }
+
+    /// Starts a transaction pooler before the server; its socket is in the same folder, on port 6432.
+    void startPooler();
+
+private:
+    void makeFolder();
+    void run(const std::string& command) const;
+    void signalAll(int signal) const;
+
+    std::filesystem::path folder_;
+    int watch_ = -1;
+    pid_t watcher_ = -1;
+    int stores_ = 0;
+};
+
+}  // namespace orv
