@@ -5,7 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -55,11 +55,12 @@ void cleanUp(const fs::path& folder) {
     if (pooler > 0) {
         ::kill(pooler, SIGTERM);
     }
-    const pid_t server = processOf(folder / "data/postmaster.pid");
+    const fs::path pidFile = folder / "data/postmaster.pid";
+    const pid_t server = processOf(pidFile);
     sendAll(folder, SIGCONT);
     if (server > 0) {
         ::kill(server, SIGQUIT);
-        for (int tenths = 0; ::kill(server, 0) == 0 && tenths < 100; ++tenths) {
+        for (int tries = 0; fs::exists(pidFile) && ::kill(server, 0) == 0 && tries < 100; ++tries) {
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
         }
         ::kill(server, SIGKILL);
@@ -85,9 +86,9 @@ PrivateServer::PrivateServer() {
     }
 }
 
-PrivateServer::PrivateServer(const PrivateServer& primary) {
+PrivateServer::PrivateServer(const fs::path& primary) {
     makeFolder();
-    run("pg_basebackup -h " + primary.folder_.string() + " -U " + kOwner + " -D data -R -X stream -c fast --no-sync");
+    run("pg_basebackup -h " + primary.string() + " -U " + kOwner + " -D data -R -X stream -c fast --no-sync");
     std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
         << "unix_socket_directories = '" << folder_.string() << "'\n";
     start();
@@ -125,8 +126,8 @@ void PrivateServer::makeFolder() {
 
 void PrivateServer::run(const std::string& command) const {
     const std::string user = ::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
-    const std::string whole = "cd '" + folder_.string() + "' && " + user + POSTGRES_FOLDER "/" + command +
-                              " >command.log 2>&1 </dev/null";
+    const std::string whole = "cd '" + folder_.string() + "' && PATH=" POSTGRES_FOLDER ":/usr/sbin:$PATH " + user +
+                              command + " >command.log 2>&1 </dev/null";
     if (std::system(whole.c_str()) != 0) {  // NOLINT(cert-env33-c)
         ADD_FAILURE() << command << "\n" << contentOf(folder_ / "command.log");
     }
@@ -157,12 +158,12 @@ void PrivateServer::signalAll(int signal) const { sendAll(folder_, signal); }
 
 void PrivateServer::startPooler() {
     std::ofstream(folder_ / "users.txt") << '"' << kOwner << "\" \"\"\n";
-    std::ofstream(folder_ / "pooler.ini") << "[databases]\n* = host=" << folder_.string()
-                                          << "\n[pgbouncer]\nlisten_addr =\nlisten_port = 6432\nunix_socket_dir = "
-                                          << folder_.string()
-                                          << "\npool_mode = transaction\nauth_type = trust\nauth_file = users.txt\n"
-                                             "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
-    run("../../../../usr/sbin/pgbouncer -q -d pooler.ini");
+    std::ofstream(folder_ / "pooler.ini")
+        << "[databases]\n* = host=" << folder_.string()
+        << "\n[pgbouncer]\nlisten_addr =\nlisten_port = 6432\nunix_socket_dir = " << folder_.string()
+        << "\npool_mode = transaction\nauth_type = trust\nauth_file = users.txt\n"
+           "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
+    run("pgbouncer -q -d pooler.ini");
 }
 
 }  // namespace orv

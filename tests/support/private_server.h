@@ -2,21 +2,21 @@
 
 #include <sys/types.h>
 
-#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <string>
 
 namespace orv {
 
-/// A PostgreSQL server of the tests' own: a cluster in a folder of its own, on a Unix socket there and no network, run by
-/// an unprivileged user. A second process watches over it: however the test ends, also killed, it ends the server and
-/// removes the folder.
+/// A PostgreSQL server of the tests' own: a cluster in a folder of its own, on a Unix socket there and no network, run
+/// by an unprivileged user. A second process watches over it: however the test ends, also killed, it ends the server
+/// and removes the folder.
 class PrivateServer {
 public:
     /// A new cluster with a database `sample` that holds the sample's rows.
     PrivateServer();
-    /// A standby that follows `primary`.
-    explicit PrivateServer(const PrivateServer& primary);
+    /// A standby that follows the server whose folder is `primary`.
+    explicit PrivateServer(const std::filesystem::path& primary);
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
     ~PrivateServer();

@@ -1,0 +1,62 @@
+#include "end_to_end.h"
+#include "support/private_server.h"
+
+namespace desk {
+namespace {
+
+/// The same office, its store moved to a server.
+class ServerStore : public EndToEnd {
+protected:
+    ServerStore() {
+        std::filesystem::remove(office_->store());
+        std::ofstream(office_->store()) << "# the office's server\n" << database_.text("sample") << "\n";
+    }
+
+    std::string company(const std::string& field) const {
+        return database_.sql("sample", "select " + field + " from TBL_CUSTOMER_INFO where USER_ID = '000004601'");
+    }
+    std::string serverLocks() const {
+        return database_.sql("sample", "select LOCAL_INFO from TBL_LOCK where USER_ID = '000004601'");
+    }
+
+    orv::PrivateServer database_;
+};
+
+TEST_F(ServerStore, ACompanyIsOpenedChangedAndSavedThere) {
+    Terminal desk = terminal("DESK-01");
+    desk.start("000004601,1,0");
+    ASSERT_TRUE(desk.waitForPage(0));
+    EXPECT_EQ(serverLocks(), "DESK-01\n");
+    desk.enter("txt_Tanto_Name", "操作　花子");
+    desk.click("btm_Save");
+    answer(desk, "Return");
+    ASSERT_TRUE(desk.noticeGone());
+    desk.click("btm_Back_Menu");
+    EXPECT_EQ(desk.waitForEnd(), 0);
+    EXPECT_EQ(company("TANTO_NAME || PWD_CHG_FLG"), "操作　花子1\n");
+    EXPECT_EQ(serverLocks(), "");
+    EXPECT_EQ(office_->errLog(), "");
+}
+
+TEST_F(ServerStore, AServerThatGoesAndComesBackCostsNothing) {
+    Terminal desk = terminal("DESK-01");
+    desk.start("000004601,1,0");
+    ASSERT_TRUE(desk.waitForPage(0));
+    desk.enter("txt_Tanto_Name", "操作　花子");
+    database_.stop("immediate");
+    desk.click("btm_Save");
+    ASSERT_TRUE(desk.waitForNotice());
+    EXPECT_TRUE(contains(office_->errLog(), "DBCONN02,")) << office_->errLog();
+    desk.key("Return");
+    ASSERT_TRUE(desk.noticeGone());
+    database_.start();
+    EXPECT_NE(company("TANTO_NAME"), "操作　花子\n");
+    desk.click("btm_Save");
+    answer(desk, "Return");
+    ASSERT_TRUE(desk.noticeGone());
+    EXPECT_EQ(company("TANTO_NAME"), "操作　花子\n");
+    EXPECT_EQ(serverLocks(), "DESK-01\n");
+}
+
+}  // namespace
+}  // namespace desk
