@@ -31,6 +31,7 @@ TEST_F(ServerStore, ACompanyIsOpenedChangedAndSavedThere) {
     desk.click("btm_Save");
     answer(desk, "Return");
     ASSERT_TRUE(desk.noticeGone());
+    ASSERT_TRUE(desk.waitForPage(0));
     desk.click("btm_Back_Menu");
     EXPECT_EQ(desk.waitForEnd(), 0);
     EXPECT_EQ(company("TANTO_NAME || PWD_CHG_FLG"), "操作　花子1\n");
@@ -49,11 +50,13 @@ TEST_F(ServerStore, AServerThatGoesAndComesBackCostsNothing) {
     EXPECT_TRUE(contains(office_->errLog(), "DBCONN02,")) << office_->errLog();
     desk.key("Return");
     ASSERT_TRUE(desk.noticeGone());
+    ASSERT_TRUE(desk.waitForPage(0));
     database_.start();
     EXPECT_NE(company("TANTO_NAME"), "操作　花子\n");
     desk.click("btm_Save");
     answer(desk, "Return");
     ASSERT_TRUE(desk.noticeGone());
+    ASSERT_TRUE(desk.waitForPage(0));
     EXPECT_EQ(company("TANTO_NAME"), "操作　花子\n");
     EXPECT_EQ(serverLocks(), "DESK-01\n");
 }
