@@ -2,6 +2,7 @@
 
 #include "adapters/http/curl_http_control.h"
 #include "adapters/office_store/office_store.h"
+#include "adapters/qt/descriptor_watch.h"
 #include "config/shared_settings.h"
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"
@@ -27,6 +28,7 @@ Composition::Composition(const std::string& programFolder)
       profiles_(files_, codePage_, facts_),
       registry_(installRootOf(programFolder) + "/registry.txt", codePage_),
       programs_(paths_),
+      siblings_(programs_, watchDescriptor),
       sysInfo_(registry_, paths_),
       stringCheck_(codePage_),
       db_(files_, officeStore()),
@@ -51,6 +53,7 @@ void Composition::handIn() {
     all.profiles = &profiles_;
     all.registry = &registry_;
     all.programs = &programs_;
+    all.siblings = &siblings_;
     all.facts = &facts_;
     all.clock = &clock_;
     all.calendar = &calendar_;

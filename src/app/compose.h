@@ -9,6 +9,7 @@
 #include "adapters/posix/posix_starter.h"
 #include "adapters/posix/posix_sys_info.h"
 #include "adapters/posix/registry_file.h"
+#include "adapters/posix/sibling_socket.h"
 #include "adapters/qt/qt_window_system.h"
 #include "adapters/store/store_service.h"
 #include "adapters/store/transmit_tables.h"
@@ -41,6 +42,7 @@ private:
     IniReader profiles_;
     RegistryFile registry_;
     PosixStarter programs_;
+    SiblingSocket siblings_;
     PosixSysInfo sysInfo_;
     StringCheck stringCheck_;
     EraCalendar calendar_;

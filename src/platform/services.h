@@ -21,6 +21,7 @@ class PictureLibrary;
 class ProfileReader;
 class ProgramStarter;
 class Registry;
+class SiblingDesk;
 class StringCheckService;
 class SysInfoService;
 class TransmitEngine;
@@ -41,6 +42,7 @@ struct Services {
     ProfileReader* profiles = nullptr;
     Registry* registry = nullptr;
     ProgramStarter* programs = nullptr;
+    SiblingDesk* siblings = nullptr;
     MachineFacts* facts = nullptr;
     Clock* clock = nullptr;
     CodePage* codePage = nullptr;

@@ -31,6 +31,7 @@
 #include "support/recorded_messages.h"
 #include "support/scripted_machine.h"
 #include "support/scripted_send.h"
+#include "support/scripted_sibling.h"
 #include "support/started_programs.h"
 #include "support/store_files.h"
 #include "support/watched_files.h"
@@ -72,6 +73,7 @@ protected:
         all.profiles = &settings;
         all.registry = &registry;
         all.programs = &programs;
+        all.siblings = &siblings;
         all.facts = &facts;
         all.clock = &clock;
         all.codePage = &codePage;
@@ -215,6 +217,7 @@ protected:
     BlankPictures pictures;
     RecordedMessages messages;
     StartedPrograms programs;
+    ScriptedSibling siblings;
     SendScript server;
     HttpScript http;
     ScriptedWindows windows;

@@ -53,8 +53,16 @@ bool hasExtension(std::string_view name) {
     ::_exit(127);
 }
 
+/// Everything that exec needs, ready before the fork.
+struct Start {
+    const char* program;
+    char* const* arguments;
+    char* const* environment;
+    int lifeLine;
+};
+
 /// In the child: only what may be called between fork and exec.
-[[noreturn]] void become(const char* program, char* const* arguments, int pipeEnd) {
+[[noreturn]] void become(const Start& start, int pipeEnd) {
     sigset_t none;
     ::sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -64,19 +72,22 @@ bool hasExtension(std::string_view name) {
         ::dup2(nothing, STDIN_FILENO);
     }
     ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
-    ::execv(program, arguments);
+    if (start.lifeLine >= 0) {
+        ::fcntl(start.lifeLine, F_SETFD, 0);
+    }
+    ::execve(start.program, start.arguments, start.environment);
     giveUp(pipeEnd, errno);
 }
 
 /// A child that leaves at once, so that its own child belongs to nobody and never becomes a zombie of ours.
-[[noreturn]] void leaveGrandchild(const char* program, char* const* arguments, int pipeEnd) {
+[[noreturn]] void leaveGrandchild(const Start& start, int pipeEnd) {
     ::setsid();
     const pid_t grandchild = ::fork();
     if (grandchild < 0) {
         giveUp(pipeEnd, errno);
     }
     if (grandchild == 0) {
-        become(program, arguments, pipeEnd);
+        become(start, pipeEnd);
     }
     ::_exit(0);
 }
@@ -91,14 +102,14 @@ bool isSilent(int pipeEnd) {
     return count == 0;
 }
 
-bool launch(const char* program, char* const* arguments) {
+bool launch(const Start& start) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
         return false;
     }
     const pid_t child = ::fork();
     if (child == 0) {
-        leaveGrandchild(program, arguments, ends[1]);
+        leaveGrandchild(start, ends[1]);
     }
     ::close(ends[1]);
     const bool runs = child > 0 && isSilent(ends[0]);
@@ -108,21 +119,42 @@ bool launch(const char* program, char* const* arguments) {
     return runs;
 }
 
+/// This program's environment with some values of its own in it.
+std::vector<std::string> environmentWith(const std::vector<std::string>& own) {
+    std::vector<std::string> all = own;
+    for (char** entry = environ; *entry != nullptr; ++entry) {
+        const std::string_view text = *entry;
+        const std::string_view name = text.substr(0, text.find('=') + 1);
+        if (std::none_of(own.begin(), own.end(), [&](const std::string& value) { return value.starts_with(name); })) {
+            all.emplace_back(text);
+        }
+    }
+    return all;
+}
+
+/// As exec takes them: pointers into `words`, with a null at the end.
+std::vector<char*> pointersTo(std::vector<std::string>& words) {
+    std::vector<char*> pointers;
+    for (auto& word : words) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
 }  // namespace
 
-void PosixStarter::start(const std::string& commandLine) {
+void PosixStarter::startWith(const std::string& commandLine, const Extras& extras) const {
     const auto command = find(trimBlanks(upToNul(commandLine)));
     if (!command) {
         throw RunTimeError(Failure::FileNotFound);
     }
     std::vector<std::string> words = splitArguments(command->arguments);
     words.insert(words.begin(), command->program);
-    std::vector<char*> pointers;
-    for (auto& word : words) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
-    if (!launch(command->program.c_str(), pointers.data())) {
+    std::vector<std::string> values = environmentWith(extras.environment);
+    const std::vector<char*> arguments = pointersTo(words);
+    const std::vector<char*> environment = pointersTo(values);
+    if (!launch({command->program.c_str(), arguments.data(), environment.data(), extras.lifeLine})) {
         throw RunTimeError(Failure::FileNotFound);
     }
 }

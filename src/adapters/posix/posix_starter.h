@@ -21,7 +21,17 @@ class PosixStarter : public ProgramStarter {
 public:
     explicit PosixStarter(const InstallPaths& paths) : paths_(paths) {}
 
-    void start(const std::string& commandLine) override;
+    /// What a program gets beside its command line.
+    struct Extras {
+        /// "NAME=value", in place of this program's own value of that name.
+        std::vector<std::string> environment;
+        /// An open descriptor that the program and all that it starts keep open as long as they run; -1 for none.
+        int lifeLine = -1;
+    };
+
+    void start(const std::string& commandLine) override { startWith(commandLine, {}); }
+    /// Failure 53 as in start().
+    void startWith(const std::string& commandLine, const Extras& extras) const;
 
 private:
     struct Command {

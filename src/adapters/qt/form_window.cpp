@@ -315,10 +315,15 @@ void FormWindow::paintCaptions(QPainter& painter) const {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!gate_ && !left_) {
-        commit();
-        forms_.unload(form_, UnloadMode::CloseBox);
+    if (left_) {
+        return;
     }
+    if (gate_) {
+        form_.onCloseRefused.raise();
+        return;
+    }
+    commit();
+    forms_.unload(form_, UnloadMode::CloseBox);
 }
 
 void FormWindow::changeEvent(QEvent* event) {

@@ -11,6 +11,7 @@
 #include "pages/frame/change_page.h"
 #include "pages/frame/page_start.h"
 #include "platform/forms/form_host.h"
+#include "platform/machine/sibling_desk.h"
 #include "platform/services.h"
 
 namespace orv {
@@ -64,7 +65,10 @@ void Form_QueryUnload(PageForm&, bool& cancel, UnloadMode mode) {
     });
 }
 
-void Form_Unload(PageForm& form) { dropPage(form); }
+void Form_Unload(PageForm& form) {
+    services().siblings->dismiss();
+    dropPage(form);
+}
 
 void wireFrame(PageForm& form) {
     form.onQueryUnload = [&form](bool& cancel, UnloadMode mode) { Form_QueryUnload(form, cancel, mode); };

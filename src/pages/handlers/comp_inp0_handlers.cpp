@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "config/shared_settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/handled.h"
@@ -10,6 +11,7 @@
 #include "pages/common/enter_key.h"
 #include "pages/common/tick_colours.h"
 #include "pages/events/frame_handlers.h"
+#include "pages/events/sibling_search.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "store/rows.h"
@@ -103,6 +105,42 @@ void chk_EqualData_Click(frm_CompInp0& form) {
     });
 }
 
+void btm_SearchOfficeAddress_Click(frm_CompInp0& form) {
+    handled("[ SS_Base btn_Search_Address_Click ]", [&] {
+        form.btm_SearchOfficeAddress.setEnabled(false);
+        startSearch(form, {.program = com().BinAddExe(),
+                           .known = {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code},
+                           .filled = {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code},
+                           .button = form.btm_SearchOfficeAddress});
+        return true;
+    });
+}
+
+void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
+    handled("[ CompInp0 btm_SearchOfficeAddress_KeyDown ]", [&] {
+        form.btm_SearchOfficeAddress.setEnabled(true);
+        backFromSearch(form, form.txt_Address_number);
+        return true;
+    });
+}
+
+void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form) {
+    handled("[ SS_Base btn_Pc_Search_Address_Click ]", [&] {
+        startSearch(form, {.program = com().BinAddExe(),
+                           .known = {&form.txt_Pc_Post_Code, &form.txt_Pc_Address, &form.txt_Pc_Address_Code},
+                           .filled = {&form.txt_Pc_Post_Code, &form.txt_Pc_Address, &form.txt_Pc_Address_Code},
+                           .button = form.btm_Pc_SearchOfficeAddress});
+        return true;
+    });
+}
+
+void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
+    handled("[ CompInp0 btm_Pc_SearchOfficeAddress_KeyDown ]", [&] {
+        backFromSearch(form, form.txt_Pc_Address_number);
+        return true;
+    });
+}
+
 bool F_Check_Pubish_Number(frm_CompInp0& form) {
     return trapped("F_Check_Pubish_Number\r\n", [&] { return showPublishNumber(form); });
 }
@@ -113,6 +151,10 @@ void wireCompInp0(frm_CompInp0& form) {
     form.chk_EqualData.onClick = [&form] { chk_EqualData_Click(form); };
     form.chk_EqualData.onKeyDown = [&form](int key) { enterMovesOn(form.chk_EqualData, key); };
     form.txt_Address_Code.onChange = [&form] { txt_Address_Code_Change(form); };
+    form.btm_SearchOfficeAddress.onClick = [&form] { btm_SearchOfficeAddress_Click(form); };
+    form.btm_SearchOfficeAddress.onKeyDown = [&form](int) { btm_SearchOfficeAddress_KeyDown(form); };
+    form.btm_Pc_SearchOfficeAddress.onClick = [&form] { btm_Pc_SearchOfficeAddress_Click(form); };
+    form.btm_Pc_SearchOfficeAddress.onKeyDown = [&form](int) { btm_Pc_SearchOfficeAddress_KeyDown(form); };
 }
 
 }  // namespace orv

@@ -7,6 +7,12 @@ namespace orv {
 /// Opens or closes the block of the computer's site.
 void chk_EqualData_Click(frm_CompInp0& form);
 
+// The address search works for one of the two blocks while the page waits; any key on the button ends the waiting.
+void btm_SearchOfficeAddress_Click(frm_CompInp0& form);
+void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
+void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form);
+void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
+
 /// Shows how many contracts are published, where the store has a count. False: the pair tells why.
 [[nodiscard]] bool F_Check_Pubish_Number(frm_CompInp0& form);
 

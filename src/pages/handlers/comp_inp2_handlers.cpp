@@ -1,8 +1,10 @@
 #include "pages/handlers/comp_inp2_handlers.h"
 
+#include "config/shared_settings.h"
 #include "logging/handled.h"
 #include "pages/common/enter_key.h"
 #include "pages/events/frame_handlers.h"
+#include "pages/events/sibling_search.h"
 #include "validation/text/blanks.h"
 
 namespace orv {
@@ -29,6 +31,26 @@ void followLinkName(frm_CompInp2& form, const char* label) {
 
 }  // namespace
 
+void btn_SelectRail_Click(frm_CompInp2& form) {
+    handled("[ CompInp2 btn_SelectRail_Click ]", [&] {
+        form.btn_SelectRail.setEnabled(false);
+        startSearch(form, {.program = com().BinLineExe(),
+                           .known = {},
+                           .filled = {&form.txt_Railroad_Code, &form.txt_Station_Code, &form.lbl_Railroad_Name,
+                                      &form.lbl_Station_Name},
+                           .button = form.btn_SelectRail});
+        return true;
+    });
+}
+
+void btn_SelectRail_KeyDown(frm_CompInp2& form) {
+    handled("[ CompInp2 btn_SelectRail_KeyDown ]", [&] {
+        form.btn_SelectRail.setEnabled(true);
+        backFromSearch(form, form.txt_Walk_Minutes);
+        return true;
+    });
+}
+
 void txt_Company_URL_Comment_Change(frm_CompInp2& form) { followLinkName(form, "[ txt_Company_URL_Comment_Change ]"); }
 
 void txt_Company_URL_Comment_LostFocus(frm_CompInp2& form) {
@@ -38,6 +60,8 @@ void txt_Company_URL_Comment_LostFocus(frm_CompInp2& form) {
 void wireCompInp2(frm_CompInp2& form) {
     wireFrame(form);
     form.onLoad = [&form] { Form_Load(form); };
+    form.btn_SelectRail.onClick = [&form] { btn_SelectRail_Click(form); };
+    form.btn_SelectRail.onKeyDown = [&form](int) { btn_SelectRail_KeyDown(form); };
     form.txt_Company_URL_Comment.onChange = [&form] { txt_Company_URL_Comment_Change(form); };
     form.txt_Company_URL_Comment.onLostFocus = [&form] { txt_Company_URL_Comment_LostFocus(form); };
     for (std::size_t i = 0; i < form.cbo_pic_PhotoFile.size(); ++i) {

@@ -3,9 +3,14 @@
 #include "platform/run_time_error.h"
 
 namespace orv {
+namespace {
+
+std::uint32_t lastHandle = 0;
+
+}  // namespace
 
 Control::Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind)
-    : owner_(owner), name_(name), index_(index), kind_(kind) {
+    : owner_(owner), name_(name), index_(index), kind_(kind), handle_(++lastHandle) {
     owner_.adopt(*this);
 }
 

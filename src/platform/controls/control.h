@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -51,6 +52,8 @@ public:
     /// The name, in an array with its place in brackets: "chk_Dantai(0)".
     std::string objectName() const;
     ControlKind kind() const { return kind_; }
+    /// A number above 0 that no other control of this run has or will have: what other programs call the control by.
+    std::uint32_t handle() const { return handle_; }
     ControlOwner& owner() const { return owner_; }
 
     bool enabled() const { return enabled_; }
@@ -90,6 +93,7 @@ private:
     std::string name_;
     int index_;
     ControlKind kind_;
+    std::uint32_t handle_;
     bool enabled_ = true;
     bool visible_ = true;
     std::optional<Colour> backColour_;

@@ -63,6 +63,8 @@ public:
     /// Setting the first argument keeps the form.
     Event<bool&, UnloadMode> onQueryUnload;
     Event<> onUnload;
+    /// The operator has pressed the close box of the disabled form, which keeps it.
+    Event<> onCloseRefused;
     Event<int> onKeyDown;
     Event<> onResize;
 

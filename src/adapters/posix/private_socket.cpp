@@ -1,0 +1,66 @@
+#include "adapters/posix/private_socket.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cstdlib>
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+namespace {
+
+constexpr int kMostWaiting = 4;
+
+/// A folder of mode 0700 with a name of its own; empty when it can't be made.
+std::string freshFolder() {
+    const char* session = std::getenv("XDG_RUNTIME_DIR");
+    for (const std::string place : {session != nullptr ? session : "", "/tmp"}) {
+        std::string folder = place + "/orv-siblings-XXXXXX";
+        if (!place.empty() && ::mkdtemp(folder.data()) != nullptr) {
+            return folder;
+        }
+    }
+    return {};
+}
+
+Descriptor listenAt(const std::string& path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!socket || path.size() >= sizeof address.sun_path) {
+        return Descriptor();
+    }
+    path.copy(address.sun_path, path.size());
+    const auto* const name = reinterpret_cast<const sockaddr*>(&address);
+    const bool listens =
+        ::bind(socket.number(), name, sizeof address) == 0 && ::listen(socket.number(), kMostWaiting) == 0;
+    return listens ? std::move(socket) : Descriptor();
+}
+
+bool isOfThisUser(const Descriptor& peer) {
+    ucred who{};
+    socklen_t size = sizeof who;
+    return ::getsockopt(peer.number(), SOL_SOCKET, SO_PEERCRED, &who, &size) == 0 && who.uid == ::geteuid();
+}
+
+}  // namespace
+
+PrivateSocket::PrivateSocket() : folder_(freshFolder()), path_(folder_ + "/line"), listener_(listenAt(path_)) {
+    if (!listener_) {
+        ::rmdir(folder_.c_str());
+        throw RunTimeError(Failure::DeviceIo);
+    }
+}
+
+PrivateSocket::~PrivateSocket() {
+    ::unlink(path_.c_str());
+    ::rmdir(folder_.c_str());
+}
+
+Descriptor PrivateSocket::accept() const {
+    Descriptor peer(::accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    return peer && isOfThisUser(peer) ? std::move(peer) : Descriptor();
+}
+
+}  // namespace orv

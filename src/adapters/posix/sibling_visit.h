@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "adapters/posix/private_socket.h"
+#include "adapters/posix/sibling_socket.h"
+
+namespace orv {
+
+/// One sibling program, from its start until it is gone or dismissed. While one of its calls runs it may be dismissed,
+/// and events may be raised again inside.
+class SiblingVisit : public std::enable_shared_from_this<SiblingVisit> {
+public:
+    explicit SiblingVisit(SiblingCalls calls) : calls_(std::move(calls)) {}
+
+    void begin(const PosixStarter& programs, const std::string& commandLine, const SiblingSocket::Watch& watch);
+    /// Closes everything; nothing is called any more.
+    void end();
+
+private:
+    /// An open descriptor and its watch. The watch goes first.
+    struct Watched {
+        Descriptor descriptor;
+        std::shared_ptr<void> watch;
+        void close() {
+            watch.reset();
+            descriptor = Descriptor();
+        }
+    };
+
+    std::shared_ptr<void> watched(const Descriptor& descriptor, void (SiblingVisit::*act)());
+    void knocked();
+    void lifeEnded();
+    void spoke();
+    void obeyLines();
+    void answer(bool obeyed) const;
+    void leave();
+
+    SiblingCalls calls_;
+    SiblingSocket::Watch watch_;
+    std::unique_ptr<PrivateSocket> socket_;
+    std::shared_ptr<void> knocks_;
+    Watched life_;
+    Watched connection_;
+    std::string heard_;
+    bool over_ = false;
+};
+
+}  // namespace orv

@@ -1,0 +1,38 @@
+#include "adapters/posix/sibling_words.h"
+
+#include <charconv>
+#include <optional>
+
+namespace orv {
+namespace {
+
+/// What stands in front of the first blank; it and the blank leave `line`.
+std::string_view nextWord(std::string_view& line) {
+    const std::string_view word = line.substr(0, line.find(' '));
+    line.remove_prefix(std::min(word.size() + 1, line.size()));
+    return word;
+}
+
+template <class Number>
+std::optional<Number> numberIn(std::string_view word) {
+    Number number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    return error == std::errc() && end == word.data() + word.size() ? std::optional(number) : std::nullopt;
+}
+
+}  // namespace
+
+bool obey(std::string_view line, const SiblingCalls& calls) {
+    const std::string_view verb = nextWord(line);
+    const auto handle = numberIn<std::uint32_t>(nextWord(line));
+    if (!handle) {
+        return false;
+    }
+    if (verb == "TEXT") {
+        return calls.setText(*handle, std::string(line));
+    }
+    const auto key = numberIn<std::uint8_t>(line);
+    return verb == "KEY" && key && calls.pressKey(*handle, *key);
+}
+
+}  // namespace orv

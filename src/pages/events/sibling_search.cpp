@@ -1,0 +1,134 @@
+#include "pages/events/sibling_search.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "pages/common/control_helpers.h"
+#include "platform/controls/input_rules.h"
+#include "platform/forms/form_host.h"
+#include "platform/machine/sibling_desk.h"
+#include "platform/services.h"
+#include "platform/utf8.h"
+#include "validation/text/blanks.h"
+
+namespace orv {
+namespace {
+
+constexpr char32_t kNoCharacter = 0xFFFD;
+
+/// Neither a control character nor bytes that are no text.
+bool isText(const std::string& text) {
+    const std::u32string characters = toCharacters(text);
+    return std::none_of(characters.begin(), characters.end(), [](char32_t character) {
+        return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == kNoCharacter;
+    });
+}
+
+/// The text comes from outside, so the control takes of it what it would take of the operator's.
+void enterInto(Control& control, const std::string& text) {
+    if (control.kind() == ControlKind::TextInput) {
+        static_cast<TextInput&>(control).typed("", text, "");
+    } else {
+        static_cast<Label&>(control).setCaption(text);
+    }
+}
+
+/// One search while its program works.
+class RunningSearch {
+public:
+    RunningSearch(Form& form, const SiblingSearch& search)
+        : form_(form), button_(search.button), filled_(search.filled) {}
+
+    bool setText(std::uint32_t handle, const std::string& text) {
+        const auto control =
+            std::find_if(filled_.begin(), filled_.end(), [&](const Control* c) { return c->handle() == handle; });
+        if (control == filled_.end() || !isText(text)) {
+            return false;
+        }
+        std::erase_if(texts_, [&](const auto& earlier) { return earlier.first == *control; });
+        texts_.emplace_back(*control, text);
+        return true;
+    }
+
+    bool pressKey(std::uint32_t handle, int key) {
+        if (handle != button_.handle()) {
+            return false;
+        }
+        finish(key, std::exchange(texts_, {}));
+        return true;
+    }
+
+    void giveUp() { finish(kKeyEnter, {}); }
+
+private:
+    using Texts = std::vector<std::pair<Control*, std::string>>;
+
+    /// Nobody is listened to any more when the controls and the page's events get to work.
+    void finish(int key, const Texts& texts) {
+        form_.onCloseRefused = nullptr;
+        services().siblings->dismiss();
+        for (const auto& [control, text] : texts) {
+            enterInto(*control, text);
+        }
+        button_.onKeyDown.raise(key);
+    }
+
+    Form& form_;
+    Button& button_;
+    std::vector<Control*> filled_;
+    Texts texts_;
+};
+
+/// The texts, then the handles, parted by commas.
+std::string parameters(const SiblingSearch& search) {
+    std::string text;
+    for (const TextInput* input : search.known) {
+        text += trimmed(input->text()) + ",";
+    }
+    for (const Control* control : search.filled) {
+        text += std::to_string(control->handle()) + ",";
+    }
+    return text + std::to_string(search.button.handle());
+}
+
+/// A disabled form, enabled again unless the search has started.
+class Waiting {
+public:
+    explicit Waiting(Form& form) : form_(form) { form_.setEnabled(false); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+    ~Waiting() {
+        if (!started_) {
+            form_.setEnabled(true);
+        }
+    }
+    void started() { started_ = true; }
+
+private:
+    Form& form_;
+    bool started_ = false;
+};
+
+}  // namespace
+
+void startSearch(Form& form, const SiblingSearch& search) {
+    Waiting waiting(form);
+    const auto running = std::make_shared<RunningSearch>(form, search);
+    services().siblings->start(
+        search.program + " " + parameters(search),
+        {.setText = [running](std::uint32_t handle,
+                              const std::string& text) { return running->setText(handle, text); },
+         .pressKey = [running](std::uint32_t handle, int key) { return running->pressKey(handle, key); },
+         .gone = [running] { running->giveUp(); }});
+    form.onCloseRefused = [running] { running->giveUp(); };
+    waiting.started();
+}
+
+void backFromSearch(Form& form, Control& next) {
+    form.setEnabled(true);
+    PF_SetFocusTo(&next);
+    services().forms->setPointer(kPointerDefault);
+}
+
+}  // namespace orv
