@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes an office to work in: a copy of sample/ with its store, the program in its folder, and the server's port in the
-# settings.   make_office.sh FOLDER PROGRAM [PORT]
+# Makes an office to work in: a copy of sample/ with its store, the program and its two search programs (of the same
+# build) in their folder, and the server's port in the settings.   make_office.sh FOLDER PROGRAM [PORT]
 set -euo pipefail
 folder="$1"
 program="$2"
@@ -15,3 +15,6 @@ cat "$sample"/sql/{schema,masters,companies,locks}.sql | sqlite3 -bail "$folder/
 sqlite3 -bail "$folder/C/ORV/MDB/TRANSMIT.MDB" <"$sample/sql/transmit.sql"
 LC_ALL=C sed -i "s/127\.0\.0\.1:18080/127.0.0.1:$port/" "$folder/C/ORV/SYS/system.ini"
 cp "$program" "$folder/C/ORV/BIN/KELT_COS.EXE"
+searches="$(dirname "$program")/../../tools/search"
+cp "$searches"/KELT_{ADD,LINE}.EXE "$folder/C/ORV/BIN/"
+cp "$sample"/search/*.csv "$folder/C/ORV/BIN/DAT/"

@@ -41,7 +41,7 @@ run() {
         shift
     fi
     local argument="${1:-000004601,1,0}"
-    buildPreset dev company_information suite_server operator
+    buildPreset dev company_information searches suite_server operator
     withServer
     local program=build/dev/src/app/company_information port
     port=$(cat "$OFFICE-server/port")

@@ -3,7 +3,7 @@
 shots() {
     source tools/dev/run.sh
     local folder="${1:?./dev shots DIR}"
-    buildPreset dev company_information suite_server operator
+    buildPreset dev company_information searches suite_server operator
     OFFICE=build/shots-office
     withServer
     tools/make_office.sh "$OFFICE" build/dev/src/app/company_information "$(cat "$OFFICE-server/port")"

@@ -117,8 +117,7 @@ void startSearch(Form& form, const SiblingSearch& search) {
     const auto running = std::make_shared<RunningSearch>(form, search);
     services().siblings->start(
         search.program + " " + parameters(search),
-        {.setText = [running](std::uint32_t handle,
-                              const std::string& text) { return running->setText(handle, text); },
+        {.setText = [running](std::uint32_t handle, const std::string& text) { return running->setText(handle, text); },
          .pressKey = [running](std::uint32_t handle, int key) { return running->pressKey(handle, key); },
          .gone = [running] { running->giveUp(); }});
     form.onCloseRefused = [running] { running->giveUp(); };

@@ -1,0 +1,15 @@
+// The rail search: a part of a line's or a station's name finds both and their codes.
+#include "search_window.h"
+
+int main(int argc, char* argv[]) {
+    const search::SearchPlan plan{.title = "沿線検索",
+                                  .prompt = "沿線名または駅名(&A)",
+                                  .nothingFound = "該当する沿線・駅がありません。",
+                                  .dataFile = "lines.csv",
+                                  .fieldCount = 4,
+                                  .shown = {1, 3},
+                                  .headings = {"沿線", "駅"},
+                                  .sent = {0, 2, 1, 3},
+                                  .valueCount = 0};
+    return search::runSearch(plan, argc, argv);
+}
