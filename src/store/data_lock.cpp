@@ -41,6 +41,15 @@ bool withLocalName(std::string_view label, const std::function<bool(const std::s
     return fail(std::string(label) + record.text, record.code);
 }
 
+/// A computer's name may hold an apostrophe.
+std::string quoted(const std::string& name) {
+    std::string text = "'";
+    for (const char character : name) {
+        text.append(character == '\'' ? 2 : 1, character);
+    }
+    return text + "'";
+}
+
 std::string firstTwo(const std::string& typeCode) { return typeCode.substr(0, 2); }
 
 std::string selectHolder(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
@@ -51,8 +60,8 @@ std::string selectHolder(const std::string& userId, const std::string& typeCode,
 std::string deleteLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
                        const std::string& localName) {
     return "delete from TBL_LOCK       where USER_ID = '" + userId + "'         and left(PROPERTY_TYPE_CODE,2) = '" +
-           firstTwo(typeCode) + "'         and PROPERTY_NO = '" + propertyNo + "'         and LOCAL_INFO = '" +
-           localName + "'";
+           firstTwo(typeCode) + "'         and PROPERTY_NO = '" + propertyNo +
+           "'         and LOCAL_INFO = " + quoted(localName);
 }
 
 std::string insertLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
@@ -68,7 +77,7 @@ std::string insertLock(const std::string& userId, const std::string& typeCode, c
     for (const std::string& value : {userId, typeCode, propertyNo}) {
         sql += "            '" + value + "',";
     }
-    sql += "            '" + localName + "', ";
+    sql += "            " + quoted(localName) + ", ";
     sql += "            '" + formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss") + "' ";
     return sql + "            )";
 }

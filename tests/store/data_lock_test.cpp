@@ -55,6 +55,15 @@ TEST_F(Lock, TheStatementsToTheBlank) {
               "            )");
 }
 
+TEST_F(Lock, AComputersNameMayHoldAnApostrophe) {
+    facts.computerName = "O'DESK";
+    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
+    EXPECT_EQ(locks(), (std::vector<std::string>{"U O'DESK"}));
+    EXPECT_EQ(check("U"), kLockedHere);
+    EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber));
+    EXPECT_EQ(check("U"), kNotLocked);
+}
+
 TEST_F(Lock, WhoHoldsACompany) {
     struct Case {
         std::string type, computer;

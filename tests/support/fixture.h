@@ -85,6 +85,14 @@ protected:
         tieSystem();
     }
     ~SystemTest() override {
+        endRun();
+        EXPECT_EQ(store.open, 0) << "connections left open";
+        services() = {};
+        logFiles() = {};
+    }
+
+    /// What ends with the process: the forms and all that lives for a run.
+    void endRun() {
         const std::vector<Form*> loaded = forms.forms();
         for (Form* form : loaded) {
             forms.unload(*form, UnloadMode::Code);
@@ -94,9 +102,6 @@ protected:
         dropSendForm();
         dropSharedSettings();
         theContext = {};
-        EXPECT_EQ(store.open, 0) << "connections left open";
-        services() = {};
-        logFiles() = {};
     }
 
     /// As the menu program starts it.

@@ -1,12 +1,14 @@
 #include "adapters/posix/native_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "platform/run_time_error.h"
@@ -34,6 +36,9 @@ constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
     {ENOMEM, Failure::OutOfMemory},
 });
 
+constexpr std::string_view kBesideBegin = ".orv-";
+constexpr std::string_view kBesideEnd = ".tmp";
+
 std::string folderOf(const std::string& nativePath) { return std::filesystem::path(nativePath).parent_path().string(); }
 
 int openOrRaise(const std::string& path, int flags) {
@@ -53,9 +58,44 @@ std::string freeNameBeside(const std::string& target) {
     std::string path;
     struct stat facts {};
     do {
-        path = folderOf(target) + "/.orv-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+        path = folderOf(target) + "/" + std::string(kBesideBegin) + std::to_string(::getpid()) + "-" +
+               std::to_string(++count) + std::string(kBesideEnd);
     } while (::lstat(path.c_str(), &facts) == 0);
     return path;
+}
+
+/// A run that lives holds the lock of its file, on whichever computer it runs.
+void removeUnlessHeld(const std::string& path) {
+    try {
+        const NativeFile file(path, O_WRONLY | O_NOFOLLOW);
+        if (file.lock()) {
+            ::unlink(path.c_str());
+        }
+    } catch (const RunTimeError&) {  // gone meanwhile, or not to be opened: no matter here
+    }
+}
+
+void removeLeftovers(const std::string& folder) {
+    std::error_code unreadable;
+    for (std::filesystem::directory_iterator entry(folder, unreadable), end; !unreadable && entry != end;
+         entry.increment(unreadable)) {
+        const std::string name = entry->path().filename().string();
+        if (name.starts_with(kBesideBegin) && name.ends_with(kBesideEnd)) {
+            removeUnlessHeld(entry->path().string());
+        }
+    }
+}
+
+/// A new file that is held from now on. Between its making and its locking another run may have taken it for a
+/// leftover; then the next one is made.
+std::unique_ptr<NativeFile> makeBeside(const std::string& target, std::string& path) {
+    removeLeftovers(folderOf(target));
+    std::unique_ptr<NativeFile> file;
+    do {
+        path = freeNameBeside(target);
+        file = std::make_unique<NativeFile>(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
+    } while (!file->waitForLock());
+    return file;
 }
 
 }  // namespace
@@ -129,10 +169,16 @@ void NativeFile::sync() const {
     }
 }
 
-FileBeside::FileBeside(std::string target)
-    : target_(std::move(target)),
-      path_(freeNameBeside(target_)),
-      file_(path_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW) {}
+bool NativeFile::lock() const { return ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0; }
+
+bool NativeFile::waitForLock() const {
+    // Where the file system has no locks, nobody can take this file for a leftover either.
+    static_cast<void>(::flock(descriptor_, LOCK_EX));
+    struct stat now {};
+    return ::fstat(descriptor_, &now) != 0 || now.st_nlink > 0;
+}
+
+FileBeside::FileBeside(std::string target) : target_(std::move(target)), file_(makeBeside(target_, path_)) {}
 
 FileBeside::~FileBeside() {
     if (!placed_) {
@@ -141,7 +187,7 @@ FileBeside::~FileBeside() {
 }
 
 void FileBeside::place() {
-    file_.sync();
+    file_->sync();
     if (::rename(path_.c_str(), target_.c_str()) != 0) {
         raiseErrno(errno, target_);
     }

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,10 @@ public:
     /// One write at the end. A write that stopped half-way is taken back and is a failure.
     void append(std::string_view bytes) const;
     void sync() const;
+    /// Takes the file's lock for as long as the file is open here; false when another run has it, or can't be had.
+    bool lock() const;
+    /// Waits for the lock. False when the file has lost its name meanwhile.
+    bool waitForLock() const;
 
 private:
     std::string path_;
@@ -34,7 +39,8 @@ private:
     struct stat facts_ {};
 };
 
-/// A file that grows beside its target and takes its place by one rename. It removes itself unless it was placed.
+/// A file that grows beside its target and takes its place by one rename. It removes itself unless it was placed; those
+/// that runs which died have left in the folder are removed by the next one made there.
 class FileBeside {
 public:
     explicit FileBeside(std::string target);
@@ -42,14 +48,14 @@ public:
     FileBeside& operator=(const FileBeside&) = delete;
     ~FileBeside();
 
-    const NativeFile& file() const { return file_; }
+    const NativeFile& file() const { return *file_; }
     /// The bytes are on the disk before the name is.
     void place();
 
 private:
     std::string target_;
     std::string path_;
-    NativeFile file_;
+    std::unique_ptr<NativeFile> file_;
     bool placed_ = false;
 };
 

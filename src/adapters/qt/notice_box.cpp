@@ -1,6 +1,8 @@
 #include "adapters/qt/notice_box.h"
 
+#include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
@@ -26,13 +28,28 @@ QMessageBox::Icon iconOf(Notice::Kind kind) {
     return QMessageBox::Information;
 }
 
+/// Its text can be copied by key, as in the boxes that the operator knows, for whoever is asked for help.
+class NoticeBox : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Copy)) {
+            QGuiApplication::clipboard()->setText(text());
+        } else {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+};
+
 }  // namespace
 
 std::size_t runNotice(const Notice& notice, QWidget* owner) {
     if (qApp == nullptr || QGuiApplication::primaryScreen() == nullptr) {
         throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
     }
-    QMessageBox box(iconOf(notice.kind), toQt(notice.title), {}, QMessageBox::NoButton, owner);
+    NoticeBox box(iconOf(notice.kind), toQt(notice.title), {}, QMessageBox::NoButton, owner);
     box.setObjectName(QStringLiteral("notice"));
     // The text comes from outside: it is never read as anything but text.
     box.setTextFormat(Qt::PlainText);

@@ -31,6 +31,22 @@ void copyOut(const PhotoSlot& slot, const std::string& stored) {
     fieldOf(slot) = working;
 }
 
+std::string besideOf(const std::string& stored) { return stored + ".new"; }
+
+/// A run that died while it replaced a photo has left the new one, whole, beside its place, and perhaps no old one.
+void finishReplacing(const std::string& stored) {
+    FileSystem& files = *services().fileSystem;
+    const std::string beside = besideOf(stored);
+    if (!files.exists(beside)) {
+        return;
+    }
+    if (files.exists(stored)) {
+        static_cast<void>(caught([&] { files.remove(beside); }));  // the next replacement overwrites it
+    } else {
+        files.rename(beside, stored);
+    }
+}
+
 bool deleteOld(const std::string& stored) {
     bool ok = true;
     if (services().fileSystem->exists(stored)) {
@@ -52,7 +68,7 @@ bool holdsAlready(const std::string& stored, const std::string& chosen) {
 /// The new file is whole beside its place before the old one goes, so that no photo is lost for longer than a rename.
 bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
-    const std::string beside = stored + ".new";
+    const std::string beside = besideOf(stored);
     files.copy(chosen, beside);
     if (!deleteOld(stored)) {
         files.remove(beside);
@@ -83,6 +99,7 @@ void takeWorkingCopy(const PhotoSlot& slot) {
         return;
     }
     const std::string stored = storedPath(slot);
+    finishReplacing(stored);
     if (services().fileSystem->exists(stored)) {
         copyOut(slot, stored);
     } else {

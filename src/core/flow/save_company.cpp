@@ -162,8 +162,8 @@ private:
 }  // namespace
 
 bool PF_SndCos(PageForm& form, std::string& userId) {
-    if (!gLoadFailure.text.empty()) {
-        return failFrom(gLoadFailure);
+    if (gLoadFailure) {
+        return failFrom(*gLoadFailure);
     }
     if (!form.ready) {
         return failFrom(form.failure);

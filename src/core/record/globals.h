@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/record/company_record.h"
@@ -27,7 +28,7 @@ struct Context {
     bool gSaved = false;
     bool gSaving = false;
 
-    FailureRecord gLoadFailure;
+    std::optional<FailureRecord> gLoadFailure;
 };
 
 inline Context theContext;
@@ -53,6 +54,6 @@ inline constinit bool& gSaved = theContext.gSaved;
 inline constinit bool& gSaving = theContext.gSaving;
 /// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
 /// is never written.
-inline constinit FailureRecord& gLoadFailure = theContext.gLoadFailure;
+inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFailure;
 
 }  // namespace orv

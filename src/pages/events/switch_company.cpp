@@ -56,12 +56,12 @@ Moved moveLock(const std::string& wish) {
 
 /// The record keeps the key of the company that is locked now, so that leaving, or a new switch, releases it.
 void rememberBrokenLoad(const std::string& wish) {
-    gLoadFailure = {gErrMsg, gErrCode};
+    gLoadFailure = FailureRecord{gErrMsg, gErrCode};
     tCustomerInfo.USER_ID = wish;
 }
 
 bool loadCompany(const std::string& label, const std::string& wish) {
-    gLoadFailure = {};
+    gLoadFailure.reset();
     const bool loaded =
         trapped(label, [&] { return PF_SetCompanyDataStructureInis() && PF_SetCompanyDataStructureChng(wish); });
     if (!loaded) {

@@ -142,7 +142,8 @@ void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
 }
 
 bool F_Check_Pubish_Number(frm_CompInp0& form) {
-    return trapped("F_Check_Pubish_Number\r\n", [&] { return showPublishNumber(form); });
+    static const std::string kLabel = "F_Check_Pubish_Number\r\n";
+    return trapped(kLabel, [&] { return showPublishNumber(form) || fail(kLabel + gErrMsg, gErrCode); });
 }
 
 void wireCompInp0(frm_CompInp0& form) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "adapters/posix/native_file.h"
 #include "temp_office.h"
 
 namespace orv {
@@ -91,6 +92,19 @@ TEST_F(PosixFilesTest, FailedCopyLeavesEverythingAsItWas) {
     }
     EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
     EXPECT_EQ(office.countIn("C/D"), 4);
+}
+
+TEST_F(PosixFilesTest, WhatADeadRunLeftGoesWithTheNextCopyAndNothingElse) {
+    office.write("C/D/.orv-1-1.tmp", "half a pho");
+    office.write("C/D/.orv-notes", "of the clerk");
+    {
+        const FileBeside living(office.root() + "/C/D/other.txt");
+        living.file().writeAll("being written");
+        files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
+        EXPECT_FALSE(office.has("C/D/.orv-1-1.tmp"));
+        EXPECT_EQ(office.countIn("C/D"), 5) << "the three, the notes, and the one that is being written";
+    }
+    EXPECT_EQ(office.bytesOf("C/D/.orv-notes"), "of the clerk");
 }
 
 TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
