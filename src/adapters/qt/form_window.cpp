@@ -66,7 +66,7 @@ int codeOf(int key) {
         case Qt::Key_Space:
             return kKeySpace;
         case Qt::Key_Escape:
-            return 27;
+            return kKeyEscape;
         case Qt::Key_Backspace:
             return 8;
         case Qt::Key_Delete:

@@ -27,6 +27,9 @@ inline constexpr std::array kPasswordFields{passwordField("今までのパスワ
 struct frm_ChangePassword : Form {
     frm_ChangePassword() : Form("frm_ChangePassword", "パスワード変更", kChangePasswordSize) {}
 
+    /// The load has worked: the dialog may be shown.
+    bool ready = false;
+
     // clang-format off
     Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード", .look = LabelLook::Panel}};
     Label lbl_New_Password{*this, "lbl_New_Password", {.caption = "新しいパスワード", .look = LabelLook::Panel}};

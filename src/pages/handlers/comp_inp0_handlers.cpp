@@ -1,5 +1,6 @@
 #include "pages/handlers/comp_inp0_handlers.h"
 
+#include <algorithm>
 #include <array>
 
 #include "config/shared_settings.h"
@@ -10,8 +11,10 @@
 #include "pages/common/control_helpers.h"
 #include "pages/common/enter_key.h"
 #include "pages/common/tick_colours.h"
+#include "pages/controls/page_set.h"
 #include "pages/events/frame_handlers.h"
 #include "pages/events/sibling_search.h"
+#include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "store/rows.h"
@@ -21,6 +24,8 @@ namespace orv {
 namespace {
 
 constexpr std::size_t kAreaLength = 5;
+constexpr std::size_t kPostCodeDigits = 7;
+constexpr std::size_t kPostCodeFront = 3;
 
 /// A field of the site's block and the colour in which it comes back.
 struct SiteField {
@@ -70,6 +75,41 @@ void txt_Address_Code_Change(frm_CompInp0& form) {
     });
 }
 
+void hyphenate(TextInput& postCode, const char* label) {
+    handled(label, [&] {
+        const std::string& text = postCode.text();
+        const bool digits = std::ranges::all_of(text, [](char sign) { return sign >= '0' && sign <= '9'; });
+        if (digits && text.size() == kPostCodeDigits) {
+            postCode.setText(text.substr(0, kPostCodeFront) + "-" + text.substr(kPostCodeFront));
+        }
+        return true;
+    });
+}
+
+/// The button cannot be pressed again while its dialog stands, and the dialog goes on every way out.
+class PasswordDialog {
+public:
+    explicit PasswordDialog(Button& opener) : opener_(opener) { opener_.setEnabled(false); }
+    PasswordDialog(const PasswordDialog&) = delete;
+    PasswordDialog& operator=(const PasswordDialog&) = delete;
+    ~PasswordDialog() {
+        services().forms->unload(dialog_, UnloadMode::Code);
+        opener_.setEnabled(true);
+    }
+    /// False: the dialog could not be opened, which has been told.
+    bool run() {
+        services().forms->load(dialog_);
+        if (dialog_.ready) {
+            services().forms->showModal(dialog_);
+        }
+        return dialog_.ready;
+    }
+
+private:
+    Button& opener_;
+    frm_ChangePassword& dialog_ = page<frm_ChangePassword>();
+};
+
 bool showPublishNumber(frm_CompInp0& form) {
     form.lbl_Pubish_Number_Title.setVisible(false);
     form.lbl_Pubish_Number.setVisible(false);
@@ -116,6 +156,16 @@ void btm_SearchOfficeAddress_Click(frm_CompInp0& form) {
     });
 }
 
+void btm_ChangePW_Click(frm_CompInp0& form) {
+    handled("[ CompInp0 btm_ChangePW_Click ]", [&] {
+        PasswordDialog dialog(form.btm_ChangePW);
+        if (dialog.run()) {
+            form.txt_User_Passwd.setText(tCustomerInfo.USER_PASSWD);
+        }
+        return true;
+    });
+}
+
 void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
     handled("[ CompInp0 btm_SearchOfficeAddress_KeyDown ]", [&] {
         form.btm_SearchOfficeAddress.setEnabled(true);
@@ -141,6 +191,14 @@ void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
     });
 }
 
+void txt_Post_Code_Validate(frm_CompInp0& form) {
+    hyphenate(form.txt_Post_Code, "[ CompInp0 txt_Post_Code_Validate ]");
+}
+
+void txt_Pc_Post_Code_Validate(frm_CompInp0& form) {
+    hyphenate(form.txt_Pc_Post_Code, "[ CompInp0 txt_Pc_Post_Code_Validate ]");
+}
+
 bool F_Check_Pubish_Number(frm_CompInp0& form) {
     static const std::string kLabel = "F_Check_Pubish_Number\r\n";
     return trapped(kLabel, [&] { return showPublishNumber(form) || fail(kLabel + gErrMsg, gErrCode); });
@@ -151,6 +209,9 @@ void wireCompInp0(frm_CompInp0& form) {
     form.onLoad = [&form] { Form_Load(form, [&form] { return F_Check_Pubish_Number(form); }); };
     form.chk_EqualData.onClick = [&form] { chk_EqualData_Click(form); };
     form.chk_EqualData.onKeyDown = [&form](int key) { enterMovesOn(form.chk_EqualData, key); };
+    form.btm_ChangePW.onClick = [&form] { btm_ChangePW_Click(form); };
+    form.txt_Post_Code.onValidate = [&form] { txt_Post_Code_Validate(form); };
+    form.txt_Pc_Post_Code.onValidate = [&form] { txt_Pc_Post_Code_Validate(form); };
     form.txt_Address_Code.onChange = [&form] { txt_Address_Code_Change(form); };
     form.btm_SearchOfficeAddress.onClick = [&form] { btm_SearchOfficeAddress_Click(form); };
     form.btm_SearchOfficeAddress.onKeyDown = [&form](int) { btm_SearchOfficeAddress_KeyDown(form); };

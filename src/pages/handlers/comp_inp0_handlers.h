@@ -13,6 +13,13 @@ void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
 void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form);
 void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
 
+/// Asks for a new password in a dialog; what it has put into the record shows here at once.
+void btm_ChangePW_Click(frm_CompInp0& form);
+
+// Seven digits become a post code when the field is left. Nothing is refused.
+void txt_Post_Code_Validate(frm_CompInp0& form);
+void txt_Pc_Post_Code_Validate(frm_CompInp0& form);
+
 /// Shows how many contracts are published, where the store has a count. False: the pair tells why.
 [[nodiscard]] bool F_Check_Pubish_Number(frm_CompInp0& form);
 

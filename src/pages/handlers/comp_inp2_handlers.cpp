@@ -57,11 +57,22 @@ void txt_Company_URL_Comment_LostFocus(frm_CompInp2& form) {
     followLinkName(form, "[ txt_Company_URL_Comment_LostFocus ]");
 }
 
+void btn_DelRail_Click(frm_CompInp2& form) {
+    handled("[ CompInp2 btn_DelRail_Click ]", [&] {
+        form.lbl_Railroad_Name.setCaption("");
+        form.lbl_Station_Name.setCaption("");
+        form.txt_Railroad_Code.setText("");
+        form.txt_Station_Code.setText("");
+        return true;
+    });
+}
+
 void wireCompInp2(frm_CompInp2& form) {
     wireFrame(form);
     form.onLoad = [&form] { Form_Load(form); };
     form.btn_SelectRail.onClick = [&form] { btn_SelectRail_Click(form); };
     form.btn_SelectRail.onKeyDown = [&form](int) { btn_SelectRail_KeyDown(form); };
+    form.btn_DelRail.onClick = [&form] { btn_DelRail_Click(form); };
     form.txt_Company_URL_Comment.onChange = [&form] { txt_Company_URL_Comment_Change(form); };
     form.txt_Company_URL_Comment.onLostFocus = [&form] { txt_Company_URL_Comment_LostFocus(form); };
     for (std::size_t i = 0; i < form.cbo_pic_PhotoFile.size(); ++i) {

@@ -8,6 +8,9 @@ namespace orv {
 void btn_SelectRail_Click(frm_CompInp2& form);
 void btn_SelectRail_KeyDown(frm_CompInp2& form);
 
+/// Takes the line and the station back; the ways from the station stay.
+void btn_DelRail_Click(frm_CompInp2& form);
+
 // A link name always comes with at least the beginning of an address, and the bare beginning goes with the link name.
 void txt_Company_URL_Comment_Change(frm_CompInp2& form);
 void txt_Company_URL_Comment_LostFocus(frm_CompInp2& form);

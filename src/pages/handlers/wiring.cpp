@@ -2,6 +2,7 @@
 
 #include "pages/controls/page_set.h"
 #include "pages/events/frame_handlers.h"
+#include "pages/handlers/change_password_handlers.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp2_handlers.h"
@@ -24,7 +25,7 @@ void wirePages() {
                    .compInp2 = wireCompInp2,
                    .compInp3 = wireCompInp3,
                    .compInp4 = wireCompInp4,
-                   .changePassword = {}});
+                   .changePassword = wireChangePassword});
 }
 
 }  // namespace orv

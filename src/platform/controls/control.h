@@ -17,6 +17,7 @@ enum class ControlKind { TextInput, NumberInput, ComboBox, CheckBox, Label, Butt
 
 inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
+inline constexpr int kKeyEscape = 27;
 inline constexpr int kKeyF1 = 112;
 
 class Control;
