@@ -2,8 +2,9 @@
 
 PACKAGES=(
     g++ cmake ninja-build ccache pkg-config python3
-    qt6-base-dev libsqlite3-dev libpq-dev libcurl4-openssl-dev libjpeg62-turbo-dev libfontconfig-dev libcpp-httplib-dev
-    libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
+    qt6-base-dev libsqlite3-dev libpq-dev libcurl4-openssl-dev libfontconfig-dev
+    libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev
+    libcpp-httplib-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
     postgresql pgbouncer
     fonts-noto-cjk
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
