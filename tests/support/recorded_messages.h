@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,6 +27,8 @@ public:
     std::optional<FailureRecord> refusal;
     /// The service itself breaks.
     std::optional<Failure> failure;
+    /// While a message is on the screen.
+    std::function<void()> onShow;
 
     FailureRecord ErrorInfo() const override { return refusal.value_or(FailureRecord{}); }
     std::int32_t LastAnswer() const override { return lastAnswer_; }
@@ -38,6 +41,9 @@ public:
             return false;
         }
         shown.push_back({id, args});
+        if (onShow) {
+            onShow();
+        }
         lastAnswer_ = 0;
         if (!answers.empty()) {
             lastAnswer_ = answers.front();

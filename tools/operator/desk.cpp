@@ -148,10 +148,17 @@ bool Terminal::waitForNotice() {
     return there;
 }
 
-bool Terminal::noticeGone() {
-    return eventually([&] {
-        return tool({"search", "--onlyvisible", "--name", std::string("^") + kNoticeTitle + "$"}).empty();
-    });
+bool Terminal::windowGone(const std::string& title) const {
+    return eventually([&] { return tool({"search", "--onlyvisible", "--name", "^" + title + "$"}).empty(); });
+}
+
+bool Terminal::noticeGone() const { return windowGone(kNoticeTitle); }
+
+int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", window_})); }
+
+void Terminal::toFront() const {
+    tool({"windowactivate", "--sync", window_});
+    std::this_thread::sleep_for(100ms);
 }
 
 void Terminal::click(const std::string& control, int index) {
@@ -190,6 +197,10 @@ void Terminal::typeAscii(const std::string& text) {
 void Terminal::shot(const fs::path& picture) const {
     std::this_thread::sleep_for(150ms);
     outputOf({"import", "-window", window_, picture.string()}, environment_);
+}
+
+void Terminal::shotOfScreen(const fs::path& picture) const {
+    outputOf({"import", "-window", "root", picture.string()}, environment_);
 }
 
 std::optional<int> Terminal::waitForEnd() { return process_->wait(kPatience); }

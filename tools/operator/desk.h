@@ -76,7 +76,12 @@ public:
     [[nodiscard]] bool waitForPage(int number);
     /// A question or notice of the program.
     [[nodiscard]] bool waitForNotice();
-    [[nodiscard]] bool noticeGone();
+    [[nodiscard]] bool windowGone(const std::string& title) const;
+    [[nodiscard]] bool noticeGone() const;
+    /// The process of the window that has been waited for last.
+    int windowProcess() const;
+    /// Brings that window in front of the others.
+    void toFront() const;
 
     /// Clicks the middle of a control of the page on the screen.
     void click(const std::string& control, int index = -1);
@@ -85,6 +90,8 @@ public:
     void key(const std::string& keys);
     void typeAscii(const std::string& text);
     void shot(const std::filesystem::path& picture) const;
+    /// Of everything on the display.
+    void shotOfScreen(const std::filesystem::path& picture) const;
 
     bool running() { return process_ && process_->running(); }
     std::optional<int> waitForEnd();

@@ -50,11 +50,28 @@ void session(Terminal& terminal, const std::string& argument, const std::filesys
     must(terminal.waitForEnd() == 0, "the program has ended");
 }
 
+/// A search program's window, and the page that waits for it.
+void searchShots(Terminal& terminal, const std::string& button, const std::string& title, const std::string& name,
+                 const std::filesystem::path& pictures) {
+    terminal.click(button);
+    must(terminal.waitForWindow(title), title);
+    terminal.shot(pictures / (name + ".png"));
+    terminal.shotOfScreen(pictures / (name + "_waiting.png"));
+    terminal.key("Escape");
+    must(terminal.windowGone(title), title + " has ended");
+}
+
 void shots(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     for (const int page : {1, 2, 3, 4, 0}) {
         goTo(terminal, page, pictures);
+        if (page == 2) {
+            searchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
+            must(terminal.waitForPage(page), "page 2 is back");
+        }
     }
+    searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
+    must(terminal.waitForPage(0), "page 0 is back");
     terminal.enter("txt_Company_Name", "");
     terminal.click("btm_Save");
     must(terminal.waitForNotice(), "the refusal of an empty company name");

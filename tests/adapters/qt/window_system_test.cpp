@@ -1,6 +1,10 @@
+#include <unistd.h>
+
 #include <QMessageBox>
 #include <QPushButton>
+#include <array>
 
+#include "adapters/qt/descriptor_watch.h"
 #include "adapters/qt/qt_test.h"
 
 namespace orv {
@@ -102,6 +106,39 @@ TEST_F(WindowSystemTest, AFormThatItsOwnLoadUnloadsIsNotShown) {
     windows.show(page);
     windows.runModal(page);
     EXPECT_EQ(windowOf(page), nullptr);
+}
+
+TEST_F(WindowSystemTest, TheCloseBoxOfADisabledFormKeepsItAndTells) {
+    SamplePage page;
+    show(page);
+    int asked = 0;
+    int refused = 0;
+    page.onQueryUnload = [&](bool&, UnloadMode) { ++asked; };
+    page.onCloseRefused = [&] { ++refused; };
+    page.setEnabled(false);
+    windowOf(page)->close();
+    EXPECT_EQ(refused, 1);
+    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(page.loaded());
+}
+
+TEST_F(WindowSystemTest, ADescriptorIsWatchedUntilTheWatchIsReleased) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe(ends.data()), 0);
+    int calls = 0;
+    std::shared_ptr<void> watch = watchDescriptor(ends[0], [&] {
+        if (++calls == 2) {
+            watch.reset();
+        }
+    });
+    settle();
+    EXPECT_EQ(calls, 0);
+    ASSERT_EQ(::write(ends[1], "x", 1), 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calls == 2; }));
+    QTest::qWait(20);
+    EXPECT_EQ(calls, 2);
+    ::close(ends[0]);
+    ::close(ends[1]);
 }
 
 struct MortalPage : SamplePage {

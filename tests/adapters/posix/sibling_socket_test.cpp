@@ -1,0 +1,309 @@
+#include "adapters/posix/sibling_socket.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <list>
+#include <thread>
+
+#include "adapters/posix/descriptor.h"
+#include "temp_office.h"
+
+namespace orv {
+namespace {
+
+/// The event loop: waits for the watched descriptors.
+class PolledWatches {
+public:
+    SiblingSocket::Watch watch() {
+        return [this](int descriptor, std::function<void()> readable) {
+            const auto place = entries_.insert(entries_.end(), {descriptor, std::move(readable)});
+            return std::shared_ptr<void>(nullptr, [this, place](void*) { entries_.erase(place); });
+        };
+    }
+    /// Raises what is due, one event after the other, until `done`. False: it did not come within five seconds.
+    bool until(const std::function<bool()>& done) {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (!done() && std::chrono::steady_clock::now() < deadline) {
+            turn();
+        }
+        return done();
+    }
+    void turn() {
+        for (const Entry& entry : entries_) {
+            pollfd look{entry.descriptor, POLLIN, 0};
+            if (::poll(&look, 1, 1) > 0) {
+                const auto readable = entry.readable;
+                readable();
+                return;
+            }
+        }
+    }
+    /// So many turns that what could come has come.
+    void settle() {
+        for (int i = 0; i < 50; ++i) {
+            turn();
+        }
+    }
+
+private:
+    struct Entry {
+        int descriptor;
+        std::function<void()> readable;
+    };
+    std::list<Entry> entries_;
+};
+
+/// What a sibling program does, in this process.
+class Client {
+public:
+    explicit Client(const std::string& path) : socket_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path, sizeof address.sun_path - 1);
+        connected_ = ::connect(socket_.number(), reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        ::fcntl(socket_.number(), F_SETFL, O_NONBLOCK);
+    }
+    bool connected() const { return connected_; }
+    void say(const std::string& bytes) const {
+        EXPECT_EQ(::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
+                  static_cast<ssize_t>(bytes.size()));
+    }
+    /// What has been answered until now; "|" for a connection that is closed.
+    std::string heard() const {
+        std::string all;
+        std::array<char, 4096> bytes{};
+        ssize_t count = 0;
+        while ((count = ::read(socket_.number(), bytes.data(), bytes.size())) > 0) {
+            all.append(bytes.data(), static_cast<std::size_t>(count));
+        }
+        return count == 0 || errno != EAGAIN ? all + "|" : all;
+    }
+    void hangUp() { socket_ = Descriptor(); }
+
+private:
+    Descriptor socket_;
+    bool connected_ = false;
+};
+
+class SiblingSocketTest : public testing::Test {
+protected:
+    SiblingSocketTest() {
+        ::setenv("XDG_RUNTIME_DIR", (runtime.root() + "/C/ORV/BIN").c_str(), 1);
+        ::setenv(kSiblingSocketVariable, "of another program", 1);
+    }
+    ~SiblingSocketTest() override {
+        office.write("end", "");
+        office.write("go", "");
+        desk.dismiss();
+        EXPECT_EQ(leftovers(), 0);
+        ::unsetenv("XDG_RUNTIME_DIR");
+        ::unsetenv(kSiblingSocketVariable);
+    }
+
+    /// A program that tells its socket and runs until "end" is there. Returns the socket's path.
+    std::string start(const std::string& before = "") {
+        const std::string root = office.root();
+        const std::string script = "#!/bin/sh\n" + before + "\nprintf %s \"$ORV_SIBLING_SOCKET\" > " + root +
+                                   "/new\nmv " + root + "/new " + root + "/path\n" + untilThere("end") + "\n";
+        ::chmod(office.write("C/ORV/BIN/KELT_ADD.EXE", script).c_str(), 0755);
+        desk.start("KELT_ADD.EXE 1,2", calls());
+        EXPECT_TRUE(loop.until([&] { return office.has("path"); }));
+        return office.bytesOf("path");
+    }
+    std::string untilThere(const std::string& file) const {
+        return "while [ ! -e " + office.root() + "/" + file + " ]; do sleep 0.01; done";
+    }
+    SiblingCalls calls() {
+        return {.setText =
+                    [this](std::uint32_t handle, const std::string& text) {
+                        happened += "T" + std::to_string(handle) + "[" + text + "]";
+                        return handle != 99;
+                    },
+                .pressKey =
+                    [this](std::uint32_t handle, int key) {
+                        happened += "K" + std::to_string(handle) + "," + std::to_string(key);
+                        desk.dismiss();
+                        return true;
+                    },
+                .gone = [this] { happened += "gone"; }};
+    }
+    std::ptrdiff_t leftovers() const { return runtime.countIn("C/ORV/BIN"); }
+    bool waitFor(const std::string& all) {
+        return loop.until([&] { return happened == all; });
+    }
+    bool waitForAnswer(const Client& client, const std::string& all) {
+        std::string heard;
+        return loop.until([&] { return (heard += client.heard()) == all; });
+    }
+
+    TempOffice office;
+    TempOffice runtime;
+    PosixStarter programs{office.paths()};
+    PolledWatches loop;
+    SiblingSocket desk{programs, loop.watch()};
+    std::string happened;
+};
+
+TEST_F(SiblingSocketTest, OnlyThisUserComesToTheSocket) {
+    const std::string path = start();
+    const std::string folder = path.substr(0, path.rfind('/'));
+    struct stat facts {};
+    ASSERT_EQ(::stat(folder.c_str(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 0777U, 0700U);
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root can be somebody else";
+    }
+    // With every door open on the way there, it is still asked who knocks.
+    for (const std::string& door : {runtime.root(), folder, path}) {
+        ::chmod(door.c_str(), 0777);
+    }
+    ASSERT_EQ(::seteuid(65534), 0);
+    const Client stranger(path);
+    ASSERT_EQ(::seteuid(0), 0);
+    ASSERT_TRUE(stranger.connected());
+    EXPECT_TRUE(waitForAnswer(stranger, "|"));
+    const Client friendly(path);
+    friendly.say("TEXT 1 x\n");
+    EXPECT_TRUE(waitForAnswer(friendly, "OK\n"));
+}
+
+TEST_F(SiblingSocketTest, ObeysLines) {
+    const struct {
+        std::string line, done, answer;
+    } cases[] = {
+        {"TEXT 7 東京都 港区", "T7[東京都 港区]", "OK\n"},
+        {"TEXT 7 ", "T7[]", "OK\n"},
+        {"TEXT 7", "T7[]", "OK\n"},
+        {"TEXT 4294967295  x ", "T4294967295[ x ]", "OK\n"},
+        {"TEXT 99 refused", "T99[refused]", "NG\n"},
+        {"TEXT 4294967296 x", "", "NG\n"},
+        {"TEXT -1 x", "", "NG\n"},
+        {"TEXT 0x1 x", "", "NG\n"},
+        {"TEXT", "", "NG\n"},
+        {"text 7 x", "", "NG\n"},
+        {"KEY 7", "", "NG\n"},
+        {"KEY 7 256", "", "NG\n"},
+        {"KEY 7 13 13", "", "NG\n"},
+        {"", "", "NG\n"},
+        {std::string("\0\xFF TEXT 7 x", 11), "", "NG\n"},
+        {"TEXT 7 " + std::string(4089, 'x'), "T7[" + std::string(4089, 'x') + "]", "OK\n"},
+    };
+    const Client client(start());
+    for (const auto& c : cases) {
+        happened.clear();
+        client.say(c.line + "\n");
+        EXPECT_TRUE(waitForAnswer(client, c.answer)) << c.line;
+        EXPECT_EQ(happened, c.done) << c.line;
+    }
+    happened.clear();
+    client.say("TEXT 1 \xE6");
+    loop.settle();
+    client.say("\x9D\xB1\nTEXT 2 b\nKEY 3 13\nTEXT 4 too late\n");
+    EXPECT_TRUE(waitFor("T1[東]T2[b]K3,13"));
+    loop.settle();
+    EXPECT_EQ(happened, "T1[東]T2[b]K3,13") << "the key was the last word";
+    EXPECT_TRUE(client.heard().ends_with("|"));
+}
+
+TEST_F(SiblingSocketTest, AProgramThatEndsIsGoneOnce) {
+    const std::string path = start();
+    loop.settle();
+    EXPECT_EQ(happened, "");
+    office.write("end", "");
+    EXPECT_TRUE(waitFor("gone")) << "it never spoke";
+    loop.settle();
+    EXPECT_EQ(happened, "gone");
+    EXPECT_EQ(leftovers(), 0);
+    EXPECT_FALSE(Client(path).connected());
+}
+
+TEST_F(SiblingSocketTest, WhatAProgramHasStartedWorksOnForIt) {
+    start("( " + untilThere("go") + " ) &");
+    office.write("end", "");
+    loop.settle();
+    EXPECT_EQ(happened, "");
+    office.write("go", "");
+    EXPECT_TRUE(waitFor("gone"));
+}
+
+TEST_F(SiblingSocketTest, TheLastWordsOfAProgramThatHasEndedAreHeard) {
+    Client client(start());
+    client.say("TEXT 1 a\nKEY 2 13\n");
+    client.hangUp();
+    office.write("end", "");
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_TRUE(waitFor("T1[a]K2,13"));
+}
+
+TEST_F(SiblingSocketTest, HangingUpInTheMiddleIsGone) {
+    Client client(start());
+    client.say("TEXT 1 a\nTEXT 2 never fini");
+    client.hangUp();
+    EXPECT_TRUE(waitFor("T1[a]gone"));
+}
+
+TEST_F(SiblingSocketTest, ALineWithoutEndIsGone) {
+    for (const bool ended : {false, true}) {
+        happened.clear();
+        std::filesystem::remove(office.root() + "/path");
+        const Client client(start());
+        client.say("TEXT 1 " + std::string(4090, 'x') + (ended ? "\n" : ""));
+        EXPECT_TRUE(waitFor("gone"));
+        EXPECT_TRUE(client.heard().ends_with("|"));
+    }
+}
+
+TEST_F(SiblingSocketTest, ASecondVisitorIsShownOut) {
+    const std::string path = start();
+    const Client first(path);
+    first.say("TEXT 1 a\n");
+    EXPECT_TRUE(waitForAnswer(first, "OK\n"));
+    const Client second(path);
+    EXPECT_TRUE(waitForAnswer(second, "|"));
+    first.say("KEY 2 13\n");
+    EXPECT_TRUE(waitFor("T1[a]K2,13"));
+}
+
+TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
+    const std::string path = start();
+    const Client early(path);
+    early.say("TEXT 1 a\n");
+    EXPECT_TRUE(waitFor("T1[a]"));
+    std::filesystem::remove(office.root() + "/path");
+    const std::string later = start();
+    EXPECT_NE(later, path);
+    EXPECT_EQ(leftovers(), 1);
+    EXPECT_TRUE(early.heard().ends_with("|"));
+    EXPECT_FALSE(Client(path).connected());
+    const Client now(later);
+    now.say("KEY 2 13\n");
+    EXPECT_TRUE(waitFor("T1[a]K2,13"));
+}
+
+TEST_F(SiblingSocketTest, AProgramThatNeverReadsItsAnswersHoldsNobodyUp) {
+    const Client client(start());
+    for (int i = 0; i < 2000; ++i) {
+        client.say(std::string(300, '\n'));
+        loop.turn();
+        loop.turn();
+    }
+    client.say("KEY 2 13\n");
+    EXPECT_TRUE(waitFor("K2,13"));
+}
+
+TEST_F(SiblingSocketTest, AProgramThatCannotBeStartedLeavesNothing) {
+    EXPECT_EQ(failureOf([&] { desk.start("NO.EXE 1", calls()); }), 53);
+    EXPECT_EQ(leftovers(), 0);
+    loop.settle();
+    EXPECT_EQ(happened, "");
+}
+
+}  // namespace
+}  // namespace orv

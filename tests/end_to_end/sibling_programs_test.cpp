@@ -1,0 +1,98 @@
+#include <csignal>
+
+#include "end_to_end.h"
+
+namespace desk {
+namespace {
+
+constexpr const char* kAddressSearch = "住所検索";
+constexpr const char* kRailSearch = "沿線検索";
+
+/// The real search programs beside the real page, worked by keys.
+class SiblingPrograms : public EndToEnd {
+protected:
+    void SetUp() override {
+        desk.start("000004601,1,0");
+        ASSERT_TRUE(desk.waitForPage(0));
+    }
+    void saveAndAnswer(int page) {
+        desk.click("btm_Save");
+        answer(desk, "Return");
+        ASSERT_TRUE(desk.noticeGone());
+        ASSERT_TRUE(desk.waitForPage(page));
+        EXPECT_EQ(office_->errLog(), "");
+    }
+    /// The page is at the clerk's disposal again, at the house number, with the address as before.
+    void expectUsable(const std::string& number) {
+        ASSERT_TRUE(desk.waitForPage(0));
+        desk.typeAscii(number);
+        saveAndAnswer(0);
+        EXPECT_EQ(field("ADDRESS_NUMBER"), number);
+        EXPECT_EQ(field("ADDRESS || ADDRESS_CODE || POST_CODE"), "東京都新宿区新宿３丁目13104022003160-0022");
+    }
+
+    Terminal desk = terminal("DESK-01");
+};
+
+TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
+    desk.click("btm_SearchOfficeAddress");
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    desk.typeAscii("150");
+    desk.key("Down");
+    desk.key("Return");
+    ASSERT_TRUE(desk.windowGone(kAddressSearch));
+    ASSERT_TRUE(desk.waitForPage(0));
+    desk.typeAscii("77");
+    saveAndAnswer(0);
+    EXPECT_EQ(field("POST_CODE || ADDRESS || ADDRESS_CODE || AREA_CODE || ADDRESS_NUMBER"),
+              "150-0043東京都渋谷区道玄坂１丁目131130180011311377");
+}
+
+TEST_F(SiblingPrograms, ALineAndAStation) {
+    desk.click("btm_ChangePage", 2);
+    ASSERT_TRUE(desk.waitForPage(2));
+    desk.click("btn_SelectRail");
+    ASSERT_TRUE(desk.waitForWindow(kRailSearch));
+    for (int i = 0; i < 8; ++i) {
+        desk.key("Down");
+    }
+    desk.key("Return");
+    ASSERT_TRUE(desk.windowGone(kRailSearch));
+    ASSERT_TRUE(desk.waitForPage(2));
+    desk.typeAscii("9");
+    saveAndAnswer(2);
+    EXPECT_EQ(field("RAILROAD_CODE || RAILROAD_NAME || STATION_CODE || STATION_NAME || WALK_MINUTES"),
+              "130102見本環状線002南見本9");
+}
+
+TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
+    desk.click("btm_SearchOfficeAddress");
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    desk.typeAscii("150");
+    desk.key("Escape");
+    ASSERT_TRUE(desk.windowGone(kAddressSearch));
+    expectUsable("88");
+
+    desk.click("btm_SearchOfficeAddress");
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    kill(desk.windowProcess(), SIGKILL);
+    expectUsable("99");
+}
+
+TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
+    desk.click("btm_SearchOfficeAddress");
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    const int search = desk.windowProcess();
+    kill(search, SIGSTOP);
+    ASSERT_TRUE(desk.waitForPage(0));
+    desk.toFront();
+    desk.click("btm_Back_Menu");
+    desk.key("alt+F4");
+    expectUsable("66");
+    EXPECT_TRUE(desk.running());
+    kill(search, SIGCONT);
+    EXPECT_TRUE(desk.windowGone(kAddressSearch)) << "nobody listens to it any more";
+}
+
+}  // namespace
+}  // namespace desk

@@ -1,0 +1,209 @@
+#include "pages/events/sibling_search.h"
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::string textOf(const Control& control) {
+    return control.kind() == ControlKind::Label ? dynamic_cast<const Label&>(control).caption()
+                                                : dynamic_cast<const TextInput&>(control).text();
+}
+
+/// One of the three searches: its page, its controls, what the programs get and answer.
+struct Search {
+    int page;
+    std::string button;
+    bool closesButton;
+    std::vector<std::string> filled;
+    std::string next;
+    /// Program and values of the command line, in front of the handles.
+    std::string begins;
+    Texts answer;
+    std::string failure;
+};
+
+const std::vector<Search> kSearches{
+    {0,
+     "btm_SearchOfficeAddress",
+     true,
+     {"txt_Post_Code", "txt_Address", "txt_Address_Code"},
+     "txt_Address_number",
+     "C:\\ORV\\BIN\\KELT_ADD.EXE 160-0022,東京都 新宿区,13104022003,",
+     {"530-0001", "大阪府大阪市北区梅田１丁目", "27127001001"},
+     "[ SS_Base btn_Search_Address_Click ]"},
+    {0,
+     "btm_Pc_SearchOfficeAddress",
+     false,
+     {"txt_Pc_Post_Code", "txt_Pc_Address", "txt_Pc_Address_Code"},
+     "txt_Pc_Address_number",
+     "C:\\ORV\\BIN\\KELT_ADD.EXE ,,,",
+     {"530-0001", "大阪府大阪市北区梅田１丁目", "27127001001"},
+     "[ SS_Base btn_Pc_Search_Address_Click ]"},
+    {2,
+     "btn_SelectRail",
+     true,
+     {"txt_Railroad_Code", "txt_Station_Code", "lbl_Railroad_Name", "lbl_Station_Name"},
+     "txt_Walk_Minutes",
+     "C:\\ORV\\BIN\\KELT_LINE.EXE ",
+     {"270105", "101", "なにわ見本線", "見本大橋"},
+     "[ CompInp2 btn_SelectRail_Click ]"},
+};
+
+class SiblingSearches : public SystemTest, public testing::WithParamInterface<Search> {
+protected:
+    void SetUp() override {
+        startOn(GetParam().page);
+        if (GetParam().page == 0) {
+            page<frm_CompInp0>().txt_Address.setText(" 東京都 新宿区 ");
+            page<frm_CompInp0>().chk_EqualData.setValue(0);
+        }
+        before = texts();
+    }
+    Button& button() { return dynamic_cast<Button&>(*screen().find(GetParam().button)); }
+    std::vector<Control*> filled() {
+        std::vector<Control*> controls;
+        for (const std::string& name : GetParam().filled) {
+            controls.push_back(screen().find(name));
+        }
+        return controls;
+    }
+    Texts texts() {
+        Texts all;
+        for (const Control* control : filled()) {
+            all.push_back(textOf(*control));
+        }
+        return all;
+    }
+    void answerAll() {
+        for (std::size_t i = 0; i < filled().size(); ++i) {
+            EXPECT_TRUE(siblings.setText(filled()[i]->handle(), GetParam().answer[i]));
+        }
+    }
+    void expectBack() {
+        EXPECT_TRUE(screen().enabled());
+        EXPECT_TRUE(button().enabled());
+        EXPECT_EQ(screen().activeControl(), screen().find(GetParam().next));
+        EXPECT_EQ(forms.pointer(), kPointerDefault);
+        EXPECT_FALSE(siblings.listenedTo());
+        screen().setEnabled(false);
+        screen().onCloseRefused.raise();
+        EXPECT_FALSE(screen().enabled()) << "the close box is for a search only";
+        screen().setEnabled(true);
+    }
+
+    Texts before;
+};
+
+TEST_P(SiblingSearches, StartsItsProgramAndWaits) {
+    button().press();
+    std::string line = GetParam().begins;
+    for (const Control* control : filled()) {
+        line += std::to_string(control->handle()) + ",";
+    }
+    EXPECT_EQ(siblings.commandLines, Texts{line + std::to_string(button().handle())});
+    EXPECT_FALSE(screen().enabled());
+    EXPECT_EQ(button().enabled(), !GetParam().closesButton);
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_P(SiblingSearches, TheKeyPutsEverythingInAtOnce) {
+    button().press();
+    EXPECT_TRUE(siblings.setText(filled()[0]->handle(), "1"));
+    answerAll();
+    EXPECT_EQ(texts(), before);
+    EXPECT_TRUE(siblings.pressKey(button().handle(), 65));
+    EXPECT_EQ(texts(), GetParam().answer);
+    expectBack();
+}
+
+TEST_P(SiblingSearches, ThePageComesBackUnchangedWithoutTheKey) {
+    forms.setPointer(kPointerHourglass);
+    for (const bool byCloseBox : {false, true}) {
+        button().press();
+        answerAll();
+        byCloseBox ? screen().onCloseRefused.raise() : siblings.end();
+        EXPECT_EQ(texts(), before);
+        expectBack();
+    }
+    EXPECT_EQ(siblings.commandLines.size(), 2U);
+}
+
+TEST_P(SiblingSearches, RefusesWhatIsNotForThePage) {
+    button().press();
+    const std::uint32_t field = filled()[0]->handle();
+    EXPECT_FALSE(siblings.setText(0, "x"));
+    EXPECT_FALSE(siblings.setText(button().handle(), "x"));
+    EXPECT_FALSE(siblings.setText(screen().find("cbo_User_Id")->handle(), "000004602"));
+    EXPECT_FALSE(siblings.pressKey(field, kKeyEnter));
+    EXPECT_FALSE(siblings.pressKey(screen().btm_Save.handle(), kKeyEnter));
+    for (const char* text : {"a\tb", "\x7F", "\xC2\x80", "\xFF", "\xE3\x81", "\xED\xA0\x80"}) {
+        EXPECT_FALSE(siblings.setText(field, text)) << text;
+    }
+    EXPECT_FALSE(screen().enabled());
+    siblings.end();
+    EXPECT_EQ(texts(), before);
+}
+
+TEST_P(SiblingSearches, APageThatGoesIsNotFoundAnyMore) {
+    button().press();
+    const std::uint32_t field = filled()[0]->handle();
+    forms.unload(screen(), UnloadMode::Code);
+    forms.sweep();
+    EXPECT_FALSE(siblings.listenedTo());
+    EXPECT_GT(pageAt(GetParam().page).find(GetParam().filled[0])->handle(), field) << "made anew";
+}
+
+TEST_P(SiblingSearches, AProgramThatCannotBeStartedLeavesThePageUsable) {
+    siblings.failure = Failure::FileNotFound;
+    bool enabledWhenTold = false;
+    messages.onShow = [&] { enabledWhenTold = screen().enabled(); };
+    button().press();
+    EXPECT_TRUE(enabledWhenTold);
+    expectReported("53", GetParam().failure + std::string(descriptionOf(Failure::FileNotFound)));
+    EXPECT_EQ(button().enabled(), !GetParam().closesButton);
+    EXPECT_EQ(texts(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, SiblingSearches, testing::ValuesIn(kSearches),
+                         [](const auto& search) { return search.param.button; });
+
+using Search0 = SystemTest;
+
+TEST_F(Search0, TakesOfATextWhatItTakesOfTheOperator) {
+    startOn(0, "000004601,1,0");
+    auto& form = page<frm_CompInp0>();
+    form.chk_EqualData.setValue(0);
+    form.btm_Pc_SearchOfficeAddress.press();
+    std::string address;
+    for (int i = 0; i < 100; ++i) {
+        address += "ｱ港";
+    }
+    EXPECT_TRUE(siblings.setText(form.txt_Pc_Post_Code.handle(), "１06-00 32-99"));
+    EXPECT_TRUE(siblings.setText(form.txt_Pc_Address.handle(), address));
+    EXPECT_TRUE(siblings.pressKey(form.btm_Pc_SearchOfficeAddress.handle(), kKeyEnter));
+    EXPECT_EQ(form.txt_Pc_Post_Code.text(), "06-0032-");
+    EXPECT_EQ(codePage.encode(form.txt_Pc_Address.text()).size(), 120U);
+    EXPECT_EQ(form.txt_Pc_Address.text().find("ｱ"), std::string::npos);
+}
+
+TEST_F(Search0, TheAreaFollowsAndASaveWritesBoth) {
+    startOn(0, "000004601,1,0");
+    auto& form = page<frm_CompInp0>();
+    form.btm_SearchOfficeAddress.press();
+    for (const auto& [control, text] : {std::pair<Control*, const char*>{&form.txt_Post_Code, "150-0043"},
+                                        {&form.txt_Address, "東京都渋谷区道玄坂１丁目"},
+                                        {&form.txt_Address_Code, "13113018001"}}) {
+        EXPECT_TRUE(siblings.setText(control->handle(), text));
+    }
+    EXPECT_TRUE(siblings.pressKey(form.btm_SearchOfficeAddress.handle(), kKeyEnter));
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("POST_CODE || ADDRESS || ADDRESS_CODE || AREA_CODE"),
+              "150-0043東京都渋谷区道玄坂１丁目1311301800113113");
+}
+
+}  // namespace
+}  // namespace orv
