@@ -134,13 +134,19 @@ bool Terminal::waitForWindow(const std::string& title) {
     });
 }
 
-bool Terminal::waitForPage(int number) {
-    form_ = "frm_CompInp" + std::to_string(number);
-    const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
-    const bool there = waitForWindow("お客様情報設定 - " + button);
+bool Terminal::waitForForm(const std::string& form, const std::string& title) {
+    form_ = form;
+    const bool there = waitForWindow(title);
     std::this_thread::sleep_for(200ms);
     return there;
 }
+
+bool Terminal::waitForPage(int number) {
+    const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
+    return waitForForm("frm_CompInp" + std::to_string(number), "お客様情報設定 - " + button);
+}
+
+bool Terminal::waitForPasswordDialog() { return waitForForm("frm_ChangePassword", "パスワード変更"); }
 
 bool Terminal::waitForNotice() {
     const bool there = waitForWindow(kNoticeTitle);
@@ -177,6 +183,10 @@ void Terminal::click(const std::string& control, int index) {
 void Terminal::enter(const std::string& control, const std::string& text) {
     click(control);
     key("ctrl+a");
+    if (text.empty()) {
+        key("Delete");
+        return;
+    }
     const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
     std::ofstream(file, std::ios::binary) << text;
     outputOf({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);

@@ -74,6 +74,7 @@ public:
     /// Waits for the window of that title; false when it does not come in time. Its place is remembered.
     [[nodiscard]] bool waitForWindow(const std::string& title);
     [[nodiscard]] bool waitForPage(int number);
+    [[nodiscard]] bool waitForPasswordDialog();
     /// A question or notice of the program.
     [[nodiscard]] bool waitForNotice();
     [[nodiscard]] bool windowGone(const std::string& title) const;
@@ -99,6 +100,7 @@ public:
     void kill();
 
 private:
+    [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title);
     std::string tool(std::initializer_list<std::string> arguments) const;
 
     const Office& office_;

@@ -61,6 +61,67 @@ void searchShots(Terminal& terminal, const std::string& button, const std::strin
     must(terminal.windowGone(title), title + " has ended");
 }
 
+/// Answers the notice that is on the screen by its default button; then the page stands there again.
+void dismiss(Terminal& terminal, int page) {
+    terminal.key("Return");
+    must(terminal.noticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
+}
+
+void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_ChangePW");
+    must(terminal.waitForPasswordDialog(), "the password dialog");
+    terminal.typeAscii("mihon01");
+    terminal.shot(pictures / "password.png");
+    terminal.key("Return");
+    must(terminal.waitForNotice(), "the refusal of an empty password");
+    terminal.shot(pictures / "password_refused.png");
+    terminal.key("Return");
+    must(terminal.noticeGone() && terminal.waitForPasswordDialog(), "the password dialog with the focus on the field");
+    terminal.shot(pictures / "password_focus.png");
+    terminal.key("Escape");
+    must(terminal.waitForPage(0), "page 0 after the password dialog");
+}
+
+void refusalShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.enter("txt_Company_Name", "");
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the refusal of an empty company name");
+    terminal.shot(pictures / "refused.png");
+    dismiss(terminal, 0);
+    terminal.shot(pictures / "refused_focus.png");
+    terminal.enter("txt_Company_Name", "あおぞら架空不動産");
+}
+
+void councilShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_ChangePage", 1);
+    must(terminal.waitForPage(1), "page 1");
+    terminal.click("chk_Koutori", 2);
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the question for a council");
+    terminal.shot(pictures / "council.png");
+    terminal.key("Return");
+    must(terminal.waitForNotice(), "the refusal that follows");
+    terminal.shot(pictures / "council_refused.png");
+    dismiss(terminal, 1);
+    terminal.shot(pictures / "council_focus.png");
+}
+
+void leave(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_Back_Menu");
+    must(terminal.waitForNotice(), "the question before leaving");
+    terminal.shot(pictures / "leave.png");
+    terminal.key("Left");
+    terminal.key("Return");
+    must(terminal.waitForEnd() == 0, "the program has ended");
+}
+
+/// A company without a licence and with a site of its own, where addresses are typed.
+void otherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    open(terminal, "000004602,1,1", pictures / "other");
+    goTo(terminal, 1, pictures / "other");
+    terminal.kill();
+}
+
 void shots(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     for (const int page : {1, 2, 3, 4, 0}) {
@@ -72,17 +133,11 @@ void shots(Terminal& terminal, const std::string& argument, const std::filesyste
     }
     searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
     must(terminal.waitForPage(0), "page 0 is back");
-    terminal.enter("txt_Company_Name", "");
-    terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the refusal of an empty company name");
-    terminal.shot(pictures / "refused.png");
-    terminal.key("Return");
-    must(terminal.noticeGone() && terminal.waitForPage(0), "page 0 with the focus on the field");
-    terminal.shot(pictures / "refused_focus.png");
-    terminal.click("btm_Back_Menu");
-    must(terminal.waitForNotice(), "the question before leaving");
-    terminal.shot(pictures / "leave.png");
-    terminal.kill();
+    passwordShots(terminal, pictures);
+    refusalShots(terminal, pictures);
+    councilShots(terminal, pictures);
+    leave(terminal, pictures);
+    otherCompanyShots(terminal, pictures);
 }
 
 }  // namespace
@@ -96,7 +151,7 @@ int main(int argc, char* argv[]) {
     const std::filesystem::path pictures = argv[3];
     const std::string argument = argc > 4 ? argv[4] : "000004601,1,0";
     try {
-        std::filesystem::create_directories(pictures);
+        std::filesystem::create_directories(pictures / "other");
         const desk::VirtualDisplay display;
         const Office office = Office::standing(argv[2]);
         Terminal terminal(office, display.name(), "DESK-01");

@@ -50,14 +50,13 @@ constexpr auto kCompInp3 = std::to_array<Placement>({
     {"chk_Business_Type_Flg",      3, {189, 435, 100,  22}},
     {"chk_Business_Type_Flg",      4, {189, 458, 100,  22}},
 
-    // One caption is wider than the group's box, so all boxes here are.
     {"lbl_Business_Type_Table",    1, {316, 367,  62,  20}},
-    {"chk_Business_Type_Flg",      5, {381, 365, 211,  23}},
-    {"chk_Business_Type_Flg",      6, {381, 388, 211,  23}},
-    {"chk_Business_Type_Flg",      7, {381, 411, 211,  23}},
-    {"chk_Business_Type_Flg",      8, {381, 434, 211,  23}},
-    {"chk_Business_Type_Flg",      9, {381, 457, 211,  23}},
-    {"chk_Business_Type_Flg",     10, {381, 480, 211,  23}},
+    {"chk_Business_Type_Flg",      5, {385, 366, 190,  22}},
+    {"chk_Business_Type_Flg",      6, {385, 389, 190,  22}},
+    {"chk_Business_Type_Flg",      7, {385, 412, 190,  22}},
+    {"chk_Business_Type_Flg",      8, {385, 435, 190,  22}},
+    {"chk_Business_Type_Flg",      9, {385, 458, 190,  22}},
+    {"chk_Business_Type_Flg",     10, {385, 481, 190,  22}},
 
     {"lbl_Business_Type_Table",    2, {592, 367,  48,  20}},
     {"chk_Business_Type_Flg",     11, {644, 366, 134,  22}},

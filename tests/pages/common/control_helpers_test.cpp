@@ -65,14 +65,6 @@ TEST_F(Helpers, RefusedValues) {
     EXPECT_EQ(page2.txt_Car_Distance.text(), "3") << "a number is not reset";
 }
 
-TEST_F(Helpers, WithoutTheFileOfNamesNothingIsTouched) {
-    files.remove("C:\\ORV\\HLP\\help.hlp");
-    EXPECT_TRUE(PF_SetControlValue(page0.txt_Office_Name, "店"));
-    EXPECT_TRUE(PF_SetControlValue(page0.btm_Save, "x"));
-    EXPECT_TRUE(PF_SetControlValue(page2.txt_Car_Distance, "x"));
-    EXPECT_EQ(page0.txt_Office_Name.text() + gErrItems, "");
-}
-
 TEST_F(Helpers, DisplayNames) {
     settings.set("SSX", "txt_Property_Type_Code", "0,種目,説明");
     settings.set("SSX", "one", "0");

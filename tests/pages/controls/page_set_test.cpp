@@ -1,6 +1,5 @@
 #include "pages/controls/page_set.h"
 
-#include "pages/controls/control_ref.h"
 #include "support/form_test.h"
 
 namespace orv {
@@ -60,32 +59,6 @@ TEST_F(PageSet, APageThatDropsItselfWhileItUnloadsLivesUntilNoEventRuns) {
     EXPECT_NE(&page<frm_CompInp0>(), &old);
     EXPECT_EQ(page<frm_CompInp0>().txt_Tel_No1.text(), "") << "a new page is as it was designed";
     EXPECT_TRUE(page<frm_CompInp0>().onUnload.handled()) << "and tied like the first";
-}
-
-TEST_F(PageSet, DroppingAnotherFormTouchesNoPage) {
-    Form other{"frm_Other", "", {1, 1}};
-    PageForm& kept = pageAt(1);
-    dropPage(other);
-    EXPECT_EQ(&pageAt(1), &kept);
-}
-
-struct Row {
-    std::string_view objectName;
-    ControlRef control;
-};
-
-constexpr auto kRows = std::to_array<Row>({
-    {"txt_Tel_No1", of<frm_CompInp0, &frm_CompInp0::txt_Tel_No1>},
-    {"cbo_User_Id", of<frm_CompInp4, &frm_CompInp4::cbo_User_Id>},
-    {"chk_Dantai(6)", of<frm_CompInp1, &frm_CompInp1::chk_Dantai, 6>},
-    {"txt_Password(0)", of<frm_ChangePassword, &frm_ChangePassword::txt_Password, 0>},
-});
-
-TEST_F(PageSet, TablesNameControlsOfPagesThatDoNotExistYet) {
-    for (const Row& row : kRows) {
-        EXPECT_EQ(row.control().objectName(), row.objectName);
-    }
-    EXPECT_EQ(&kRows[0].control(), &page<frm_CompInp0>().txt_Tel_No1);
 }
 
 }  // namespace

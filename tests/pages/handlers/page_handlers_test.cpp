@@ -2,7 +2,7 @@
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp2_handlers.h"
 #include "pages/handlers/comp_inp3_handlers.h"
-#include "support/fixture.h"
+#include "support/window_test.h"
 
 namespace orv {
 namespace {
@@ -10,7 +10,7 @@ namespace {
 using Call = FailingStore::Call;
 using Texts = std::vector<std::string>;
 
-class Handlers : public SystemTest {
+class Handlers : public WindowTest {
 protected:
     static void expectTick(const CheckBox& box, bool on) {
         EXPECT_EQ(box.backColour(), on ? kTickOn : kTickOff) << box.objectName();
@@ -31,7 +31,7 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
             &form.txt_Pc_Office_Name, &form.txt_Pc_Tanto_Name,   &form.txt_Pc_Tel_No1,        &form.txt_Pc_Tel_No2,
             &form.txt_Pc_Fax_No,      &form.txt_Pc_Mail_Address, &form.txt_Pc_Address_Code};
         expectTick(form.chk_EqualData, true);
-        form.chk_EqualData.setValue(0);
+        click(form.chk_EqualData);
         expectTick(form.chk_EqualData, false);
         const std::optional<Colour> searched = byMaster ? std::nullopt : std::optional(kRequiredField);
         expectField(form.txt_Pc_Post_Code, searched);
@@ -47,7 +47,7 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
         for (TextInput* input : all) {
             input->setText("x");
         }
-        form.chk_EqualData.setValue(1);
+        click(form.chk_EqualData);
         for (TextInput* input : all) {
             expectField(*input, std::nullopt);
             EXPECT_EQ(input->text(), "") << input->name();
@@ -60,10 +60,11 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
 
 TEST_F(Handlers, TheAreaFollowsTheAddressCode) {
     startOn(0);
-    page<frm_CompInp0>().txt_Address_Code.setText("27127001001");
-    EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), "27127");
-    page<frm_CompInp0>().txt_Address_Code.setText("27");
-    EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), "27");
+    for (const auto& [code, area] :
+         {std::pair{"27127001001", "27127"}, {"27", "27"}, {"２７１２７００", "２７１２７"}}) {
+        page<frm_CompInp0>().txt_Address_Code.setText(code);
+        EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), area);
+    }
 }
 
 TEST_F(Handlers, ThePublishNumber) {
@@ -117,16 +118,16 @@ TEST_F(Handlers, TheLicenceBlock) {
             EXPECT_EQ(form.txt_Valid_License_Date[i].enabled(), open);
         }
     };
-    form.cbo_License_No.setText("大阪府知事");
+    pick(form.cbo_License_No, "大阪府知事");
     expectOpen(true);
     EXPECT_EQ(form.cbo_Get_License_Nengou.text() + form.txt_License_No_Go.text(), "令和123456") << "open, and kept";
     for (const char* none : {"無し", "貸主"}) {
-        form.cbo_License_No.setText(none);
+        pick(form.cbo_License_No, none);
         expectOpen(false);
         EXPECT_EQ(form.txt_License_no_Dai.text() + form.txt_License_No_Go.text() + form.cbo_Get_License_Nengou.text() +
                       form.txt_Valid_License_Date[2].text(),
                   "");
-        form.cbo_License_No.setText("国土交通大臣");
+        pick(form.cbo_License_No, "国土交通大臣");
         expectOpen(true);
         EXPECT_EQ(form.cbo_Get_License_Nengou.text() + form.cbo_Valid_License_Nengou.text(), "西暦西暦");
     }
@@ -135,41 +136,44 @@ TEST_F(Handlers, TheLicenceBlock) {
 TEST_F(Handlers, TheAssociationBoxes) {
     startOn(1);
     auto& form = page<frm_CompInp1>();
-    form.chk_Dantai[0].setValue(0);
+    click(form.chk_Dantai[0]);
     EXPECT_FALSE(form.cbo_Dantai_Name.enabled());
     EXPECT_EQ(form.cbo_Dantai_Name.text(), "");
     expectTick(form.chk_Dantai[0], false);
-    form.chk_Dantai[0].setValue(1);
+    click(form.chk_Dantai[0]);
     EXPECT_EQ(form.cbo_Dantai_Name.list(0), form.cbo_Dantai_Name.text()) << "it comes back on its first row";
     expectTick(form.chk_Dantai[0], true);
     form.chk_Dantai[0].setValue(2);
     EXPECT_TRUE(form.cbo_Dantai_Name.enabled());
     expectTick(form.chk_Dantai[0], false);
-    form.cbo_Dantai_Name.setText("(社)滋賀県宅地建物取引業協会");
+    pick(form.cbo_Dantai_Name, "(社)滋賀県宅地建物取引業協会");
     EXPECT_EQ(form.chk_Dantai[0].value(), 1) << "a choice ticks its box";
+    click(form.chk_Koutori[8]);
+    expectTick(form.chk_Koutori[8], true);
+    click(form.chk_Koutori[8]);
+    expectTick(form.chk_Koutori[8], false);
+}
 
-    form.chk_Dantai[6].setValue(1);
-    form.chk_Dantai[6].setValue(0);
-    expectField(form.txt_Other_Dantai_Name, std::nullopt);
-    form.cbo_License_No.setFocus();
-    form.chk_Dantai[6].setValue(1);
+TEST_F(Handlers, TheOtherAssociation) {
+    startOn(1);
+    auto& form = page<frm_CompInp1>();
+    click(form.chk_Dantai[6]);
     expectField(form.txt_Other_Dantai_Name, kRequiredField);
-    EXPECT_EQ(form.activeControl(), &form.cbo_License_No) << "asked for while the field was still closed";
-    form.txt_Other_Dantai_Name.setText("家主会");
-    form.txt_Other_Dantai_Name.setText(" ");
-    EXPECT_EQ(form.chk_Dantai[6].value(), 0);
+    EXPECT_EQ(focused(), "chk_Dantai(6)") << "asked for while the field was still closed";
+    click(form.chk_Dantai[6]);
     expectField(form.txt_Other_Dantai_Name, std::nullopt);
-    form.txt_Other_Dantai_Name.setText("家主会");
+    click(form.chk_Dantai[6]);
+    enter(form.txt_Other_Dantai_Name, "家主会");
     EXPECT_EQ(form.chk_Dantai[6].value(), 1);
     form.chk_Dantai[6].setValue(2);
-    form.txt_Other_Dantai_Name.onValidate.raise();
-    EXPECT_EQ(form.chk_Dantai[6].value(), 1);
-
-    form.chk_Koutori[8].setValue(1);
-    expectTick(form.chk_Koutori[8], true);
-    form.chk_Koutori[8].setValue(2);
-    expectTick(form.chk_Koutori[8], false);
-    EXPECT_EQ(shownIds(), Texts{});
+    click(form.txt_Other_Dantai_Name);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(form.chk_Dantai[6].value(), 1) << "also when the field is left";
+    click(form.txt_Other_Dantai_Name);
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(form.chk_Dantai[6].value(), 0);
+    expectField(form.txt_Other_Dantai_Name, std::nullopt);
 }
 
 TEST_F(Handlers, ThatEditionsAssociationCannotBeChanged) {
@@ -183,6 +187,35 @@ TEST_F(Handlers, ThatEditionsAssociationCannotBeChanged) {
     }
 }
 
+TEST_F(Handlers, SevenDigitsBecomeAPostCodeWhenTheFieldIsLeft) {
+    startOn(0, "000004601,1,1");
+    auto& form = page<frm_CompInp0>();
+    click(form.chk_EqualData);
+    for (const TextInput* field : {&form.txt_Post_Code, &form.txt_Pc_Post_Code}) {
+        for (const auto& [typed, after] : {std::pair{"1234567", "123-4567"},
+                                           {"123-4567", "123-4567"},
+                                           {"12345", "12345"},
+                                           {"12345678", "12345678"},
+                                           {"123456-", "123456-"},
+                                           {"-123456", "-123456"},
+                                           {"", ""}}) {
+            enter(*field, typed);
+            EXPECT_EQ(field->text(), after) << field->name();
+            EXPECT_NE(focused(), field->name()) << "nothing is refused";
+        }
+    }
+}
+
+TEST_F(Handlers, TheLineAndTheStationAreTakenBack) {
+    startOn(2);
+    auto& form = page<frm_CompInp2>();
+    click(form.btn_DelRail);
+    EXPECT_EQ(form.lbl_Railroad_Name.caption() + form.lbl_Station_Name.caption() + form.txt_Railroad_Code.text() +
+                  form.txt_Station_Code.text(),
+              "");
+    EXPECT_EQ(form.txt_Walk_Minutes.text(), "4");
+}
+
 TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
     startOn(2);
     auto& form = page<frm_CompInp2>();
@@ -192,16 +225,14 @@ TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
     for (const Case& c :
          {Case{"会社", "", "http://"}, Case{"会社", "  ", "http://"}, Case{"会社", "http://a", "http://a"},
           Case{"", "http://", ""}, Case{" ", " http:// ", ""}, Case{"", "http://a", "http://a"}, Case{"", "", ""}}) {
-        for (const bool byChange : {true, false}) {
-            form.txt_Company_URL_Comment.setText(byChange ? "before" : c.name);
-            form.txt_Company_URL.setText(c.address);
-            if (byChange) {
-                form.txt_Company_URL_Comment.setText(c.name);
-            } else {
-                form.txt_Company_URL_Comment.onLostFocus.raise();
-            }
-            EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address;
-        }
+        form.txt_Company_URL_Comment.setText("before");
+        form.txt_Company_URL.setText(c.address);
+        enter(form.txt_Company_URL_Comment, c.name);
+        EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address;
+        form.txt_Company_URL.setText(c.address);
+        click(form.txt_Company_URL_Comment);
+        press(Qt::Key_Tab);
+        EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address << " when it is left";
     }
 }
 
@@ -210,30 +241,10 @@ TEST_F(Handlers, TheBoxesOfTheBusinessPage) {
     auto& form = page<frm_CompInp3>();
     expectTick(form.chk_Management_Type_Flg[0], true);
     expectTick(form.chk_Management_Type_Flg[1], false);
-    form.chk_Management_Type_Flg[27].setValue(1);
+    click(form.chk_Management_Type_Flg[27]);
     expectTick(form.chk_Management_Type_Flg[27], true);
-    form.chk_Business_Type_Flg[0].setValue(0);
+    click(form.chk_Business_Type_Flg[0]);
     expectTick(form.chk_Business_Type_Flg[0], false);
-}
-
-TEST_F(Handlers, EnterMovesOnWhereItShould) {
-    for (int number = 0; number < kPageCount; ++number) {
-        startOn(number);
-        for (Control* control : screen().controls()) {
-            const bool list = control->kind() == ControlKind::ComboBox;
-            const bool box = control->kind() == ControlKind::CheckBox && number != 1;
-            if (!(list || box) || !control->usable()) {
-                continue;
-            }
-            control->setFocus();
-            screen().keyDown('X');
-            EXPECT_EQ(screen().activeControl(), control);
-            screen().keyDown(kKeyEnter);
-            EXPECT_NE(screen().activeControl(), control) << number << control->objectName();
-        }
-        leave();
-        messages.shown.clear();
-    }
 }
 
 }  // namespace

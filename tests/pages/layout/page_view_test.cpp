@@ -115,8 +115,7 @@ TEST_F(PageView, TickBoxesStandInTheirGroups) {
             if (!each.control.starts_with("chk_")) {
                 continue;
             }
-            const Box corner{each.box.x, each.box.y, 1, each.box.height};
-            EXPECT_TRUE(std::any_of(groups.begin(), groups.end(), [&](const Box& box) { return inside(corner, box); }))
+            EXPECT_TRUE(std::any_of(groups.begin(), groups.end(), [&](const Box& box) { return inside(each.box, box); }))
                 << each.control << " " << each.index;
         }
     }

@@ -9,13 +9,6 @@ using Texts = std::vector<std::string>;
 
 class CheckInput : public SystemTest {};
 
-TEST_F(CheckInput, PassesWithoutAWord) {
-    startOn(3);
-    EXPECT_TRUE(PF_CheckInputData(screen()));
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(screen().number, 3);
-}
-
 TEST_F(CheckInput, AFaultOfPage0HidesAllOthersWhereverTheOperatorIs) {
     for (int from : {4, 0, 2}) {
         startOn(from);

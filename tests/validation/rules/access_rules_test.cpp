@@ -25,50 +25,6 @@ protected:
     }
 };
 
-/// Everything is wrong at first, and is mended in the order in which it is told.
-TEST_F(AccessRules, RunInTheirOrder) {
-    const std::string bad = "\U0001F600";
-    std::string refused;
-    bool admitted = true;
-    stringCheck.CheckTextFirst(bad, admitted);
-    refused = stringCheck.ErrorInfo().text;
-    ASSERT_FALSE(admitted);
-
-    const std::vector<FieldCase> cases{
-        {&R::TEIHO_MINUTES, "", "2", "txt_Thiho_Minutes", "停歩が入力されておりません。"},
-        {&R::BUS_ROUTE, bad, "見本線", "txt_Bus_Route", refused},
-        {&R::BUSSTOP, bad, "見本前", "txt_Busstop", refused},
-        {&R::OFFICE_HOURS, bad, "", "txt_Office_Hours", refused},
-        {&R::DAY_OFF, bad, "水曜日", "txt_Day_Off", refused},
-        {&R::COMPANY_COMMENT, bad, "", "txt_Company_Comment", refused},
-        {&R::COMPANY_URL, bad, "", "txt_Company_URL", refused},
-        {&R::COMPANY_URL_COMMENT, bad, "見本", "txt_Company_URL_Comment", refused},
-        {&R::COMPANY_URL, "", "www.example.jp", "txt_Company_URL", kPair},
-        {&R::COMPANY_URL, "www.example.jp", "http://www.example.jp", "txt_Company_URL", "ホームページURL"},
-        {&R::PHOTO_FILE1, "", "C:\\1.jpg", "cbo_pic_PhotoFile(0)", kPhotoPair},
-        {&R::PHOTO_GRP2, "", "外観", "cbo_pic_PhotoFile(1)", kPhotoPair},
-    };
-    for (auto row = cases.rbegin(); row != cases.rend(); ++row) {
-        tCustomerInfo.*row->field = row->spoilt;
-    }
-    tCustomerInfo.BUS_MINUTES = "10";
-    tCustomerInfo.PHOTO_GRP1 = "店内";
-    tCustomerInfo.PHOTO_FILE2 = "C:\\2.jpg";
-    for (const FieldCase& row : cases) {
-        SCOPED_TRACE(row.focus + row.text);
-        EXPECT_FALSE(check({1}));
-        expectRefused(row.focus, row.text);
-        tCustomerInfo.*row.field = row.mended;
-    }
-    EXPECT_TRUE(check()) << out.text;
-}
-
-TEST_F(AccessRules, TheLandmarkIsRefusedBeforeItsTextIsLookedAt) {
-    tCustomerInfo.CAR_TARGET = "\U0001F600";
-    EXPECT_FALSE(check());
-    expectRefused("txt_Car_Target", "沿線・駅が存在する場合は車目標物は必要ありません。");
-}
-
 TEST_F(AccessRules, AddressAndLinkNameGoTogether) {
     struct Case {
         const char* url;

@@ -114,67 +114,25 @@ TEST_F(AssociationRules, AskWhenNoneIsTicked) {
     }
 }
 
-TEST_F(AssociationRules, OneSaveCanPutSeveralQuestions) {
-    tCustomerInfo.DANTAI_FLG = "1111110";
-    tCustomerInfo.DANTAI_NAME = "(社)香川県宅地建物取引業協会";
-    tCustomerInfo.LICENSE_NO = "大阪府知事";
-    tCustomerInfo.KOUTORI_FLG = "";
-    const std::vector<std::string> all{question("(社)香川県宅地建物取引業協会", 8),
-                                       question("(社)全日本不動産協会 ", 6),
-                                       question("(社)不動産協会 ", 3),
-                                       question("(社)日本住宅建設産業協会 ", 3),
-                                       question("(社)不動産流通経営協会 ", 3),
-                                       question("(社)都市開発協会 ", 3)};
-    EXPECT_TRUE(check());
-    EXPECT_EQ(questions(), all);
-    for (std::size_t stop = 1; stop <= all.size(); ++stop) {
-        std::deque<std::int32_t> answers(stop, 0);
-        answers.back() = 1;
-        EXPECT_FALSE(check(answers));
-        EXPECT_EQ(questions(), std::vector<std::string>(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(stop)));
-        EXPECT_EQ(out.text, "公正取引協議会");
-    }
-    tCustomerInfo.KOUTORI_FLG = "00100001";
-    EXPECT_TRUE(check());
-    EXPECT_EQ(questions(), std::vector{all[1]}) << "ticked councils are not asked for";
-}
-
-TEST_F(AssociationRules, NamesOfWhatIsChosenAreWanted) {
+TEST_F(AssociationRules, WhatNeedsNoNameAndWhatNeedsNoQuestion) {
     struct Case {
         const char* flags;
+        const char* councils;
         const char* name;
         const char* other;
-        const char* focus;
-        std::string text;
     };
-    const std::string emoji = "組合\U0001F600";
-    std::string refused;
-    ASSERT_FALSE([&] {
-        bool admitted = true;
-        stringCheck.CheckTextFirst(emoji, admitted);
-        refused = stringCheck.ErrorInfo().text;
-        return admitted;
-    }());
     for (const Case& row : {
-             Case{"1000000", "", "", "cbo_Dantai_Name", "加盟団体名"},
-             {"1000001", " 　", "", "cbo_Dantai_Name", "加盟団体名"},
-             {"1000000", "架空協会", "", "", ""},
-             {"0010001", "", "", "txt_Other_Dantai_Name", "その他加盟団体"},
-             {"0000001", "", " 　", "txt_Other_Dantai_Name", "その他加盟団体"},
-             {"0000001", "", "見本組合", "", ""},
-             {"0010000", "", "見本組合", "", ""},
-             {"0000001", "", emoji.c_str(), "txt_Other_Dantai_Name", refused},
-             {"0010000", "", emoji.c_str(), "txt_Other_Dantai_Name", refused},
+             Case{"1000000", "", "架空協会", ""},
+             {"0000001", "", "", "見本組合"},
+             {"0010000", "001", "", "見本組合"},
+             {"1010000", "001000010", "(社)香川県宅地建物取引業協会", ""},
          }) {
-        SCOPED_TRACE(std::string(row.flags) + row.name + row.other);
         tCustomerInfo.DANTAI_FLG = row.flags;
+        tCustomerInfo.KOUTORI_FLG = row.councils;
         tCustomerInfo.DANTAI_NAME = row.name;
         tCustomerInfo.OTHER_DANTAI_NAME = row.other;
-        EXPECT_EQ(check(), row.text.empty());
+        EXPECT_TRUE(check({1})) << row.flags;
         EXPECT_TRUE(messages.shown.empty());
-        if (!row.text.empty()) {
-            expectRefused(row.focus, row.text);
-        }
     }
 }
 

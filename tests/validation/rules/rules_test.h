@@ -99,13 +99,4 @@ inline CompanyRecord RulesTest::goodCompany() {
     return record;
 }
 
-/// One rule that tells of a single field: what spoils it and mends it, and what is then told.
-struct FieldCase {
-    TextField field;
-    std::string spoilt;
-    std::string mended;
-    std::string focus;
-    std::string text;
-};
-
 }  // namespace orv

@@ -1,10 +1,16 @@
 #include <QCheckBox>
+#include <QStyle>
+#include <algorithm>
 
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
 
 namespace orv {
 namespace {
+
+/// In percent of the plain width: narrower letters could not be read well.
+constexpr int kPlain = 100;
+constexpr int kNarrowest = 85;
 
 class CheckView : public ControlView {
 public:
@@ -21,9 +27,24 @@ public:
 private:
     void show() override {
         paintWith(QPalette::Window, QPalette::WindowText);
+        fitWords();
         box_.setCheckState(check_.value() == 2   ? Qt::PartiallyChecked
                            : check_.value() == 1 ? Qt::Checked
                                                  : Qt::Unchecked);
+    }
+
+    /// Words that are a little too long for their place stand in narrower letters.
+    void fitWords() {
+        const QStyle& style = *box_.style();
+        const int tick = style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &box_) +
+                         style.pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box_);
+        const int room = std::max(1, box_.width() - tick);
+        QFont font = box_.parentWidget()->font();
+        const int words = QFontMetrics(font).horizontalAdvance(box_.text());
+        if (words > room) {
+            font.setStretch(std::max(kNarrowest, kPlain * room / words));
+            box_.setFont(font);
+        }
     }
 
     CheckBox& check_;

@@ -26,6 +26,23 @@ QSize OfficeStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     return type == CT_MenuItem && option != nullptr ? plain + QSize(option->fontMetrics.height(), 0) : plain;
 }
 
+/// The plain style shades a list towards white, which hides that it must be filled.
+void OfficeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                     const QWidget* widget) const {
+    if (control != CC_ComboBox || option == nullptr) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    QStyleOptionFrame field;
+    field.QStyleOption::operator=(*option);
+    field.lineWidth = 1;
+    field.palette.setColor(QPalette::Base, option->palette.color(QPalette::Button));
+    drawPrimitive(PE_PanelLineEdit, &field, painter, widget);
+    QStyleOption arrow(*option);
+    arrow.rect = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+    drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
+}
+
 int OfficeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     const bool indicator = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
     return indicator && widget != nullptr ? widget->font().pixelSize() + 1

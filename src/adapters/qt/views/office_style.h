@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The toolkit's plain style, with what pages need: the classic password sign, lists that open below their box, and
-/// tick boxes as large as their text.
+/// The toolkit's plain style, with what pages need: the classic password sign, lists that open below their box and
+/// stand in exactly the colour that the page gives them, and tick boxes as large as their text.
 class OfficeStyle : public QProxyStyle {
 public:
     OfficeStyle();
@@ -14,6 +14,8 @@ public:
                   QStyleHintReturn* data) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
 };
 

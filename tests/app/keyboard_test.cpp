@@ -1,0 +1,122 @@
+#include <map>
+
+#include "support/window_test.h"
+
+namespace orv {
+namespace {
+
+/// What the keys do at some of the controls on the way; at all others they only go on.
+struct Doing {
+    std::string typed;
+    Qt::Key key = Qt::Key_unknown;
+};
+
+const std::map<std::string, Doing>& doings() {
+    static const std::map<std::string, Doing> all{
+        {"txt_Tanto_Name", {"架空　次郎", {}}},
+        {"txt_Mail_Address", {"desk@aozora.example.jp", {}}},
+        {"cbo_Get_License_Nengou", {"", Qt::Key_Up}},
+        {"txt_License_No_Go", {"654321", {}}},
+        {"chk_Koutori(3)", {"", Qt::Key_Space}},
+        {"txt_Day_Off", {"水曜日", {}}},
+        {"chk_Management_Type_Flg(1)", {"", Qt::Key_Space}},
+        {"chk_Business_Type_Flg(11)", {"", Qt::Key_Space}},
+    };
+    return all;
+}
+
+class Keyboard : public WindowTest {
+protected:
+    static void doAt(const std::string& control) {
+        const auto found = doings().find(control);
+        if (found == doings().end()) {
+            return;
+        }
+        if (found->second.typed.empty()) {
+            press(found->second.key);
+        } else {
+            press(Qt::Key_A, Qt::ControlModifier);
+            type(found->second.typed);
+        }
+    }
+    /// With Tab from the first control to Save, working on the way; tells where the keys have been.
+    std::vector<std::string> goThrough() {
+        std::vector<std::string> way{focused()};
+        for (doAt(way.back()); way.back() != "btm_Save" && way.size() < screen().controls().size();) {
+            press(Qt::Key_Tab);
+            way.push_back(focused());
+            doAt(way.back());
+        }
+        return way;
+    }
+    /// What the operator can stand on, in the order of Tab, up to Save.
+    std::vector<std::string> standing() {
+        std::vector<std::string> names;
+        for (const Control* control : screen().tabOrder()) {
+            if (control->focusable() && control->tabRank() <= kTabSave) {
+                names.push_back(control->objectName());
+            }
+        }
+        return names;
+    }
+    /// Assistive technology can name whatever can have the focus, now or later.
+    void expectSpoken() {
+        for (const QWidget* widget :
+             windowOf(screen())->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (widget->focusPolicy() != Qt::NoFocus) {
+                EXPECT_NE(widget->accessibleName(), QString()) << widget->objectName().toStdString();
+            }
+        }
+    }
+    void tabTo(const std::string& control) {
+        for (int i = 0; i < 20 && focused() != control; ++i) {
+            press(Qt::Key_Tab);
+        }
+        ASSERT_EQ(focused(), control);
+    }
+};
+
+TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
+    startOn(0);
+    for (int number = 0; number < kPageCount; ++number) {
+        ASSERT_EQ(screen().number, number);
+        EXPECT_EQ(goThrough(), standing()) << number;
+        expectSpoken();
+        if (number + 1 < kPageCount) {
+            tabTo("btm_ChangePage(" + std::to_string(number + 1) + ")");
+            press(Qt::Key_Space);
+        }
+    }
+    EXPECT_EQ(focused(), "btm_Save");
+    press(Qt::Key_Return);
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("TANTO_NAME || '|' || MAIL_ADDRESS || '|' || LICENSE_NO_GO || '|' || KOUTORI_FLG"),
+              "架空　次郎|desk@aozora.example.jp|654321|0011000000000000");
+    EXPECT_EQ(info("GET_LICENSE_NENGOU"), "西暦") << "the entry above 令和";
+    EXPECT_EQ(add("DAY_OFF || substr(MANAGEMENT_TYPE_FLG, 1, 4) || substr(BUSINESS_TYPE_FLG, 12, 1)"), "水曜日11111");
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(Keyboard, EnterMovesOnFromListsAndFromTheBoxesThatAreForIt) {
+    for (int number = 0; number < kPageCount; ++number) {
+        startOn(number);
+        for (Control* control : screen().controls()) {
+            const bool list = control->kind() == ControlKind::ComboBox;
+            const bool box = control->kind() == ControlKind::CheckBox && number != 1;
+            if (!(list || box) || !control->usable()) {
+                continue;
+            }
+            control->setFocus();
+            press(Qt::Key_X);
+            EXPECT_EQ(focused(), control->objectName());
+            press(Qt::Key_Return);
+            EXPECT_NE(focused(), control->objectName()) << number;
+        }
+        leave();
+        settle();
+        messages.shown.clear();
+    }
+}
+
+}  // namespace
+}  // namespace orv

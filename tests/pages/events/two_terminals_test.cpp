@@ -1,0 +1,153 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <thread>
+
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using Texts = std::vector<std::string>;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kCompanies = 10;
+constexpr int kShortRun = 2;  // seconds
+constexpr std::chrono::seconds kPatience(60);
+constexpr int kLongestStay = 8;  // milliseconds
+constexpr const char* kSeconds = "ORV_TERMINALS_SECONDS";
+
+/// A company as a terminal had it: the switch to it began and ended, the switch away from it began. In nanoseconds.
+struct Stay {
+    std::string company;
+    long long asked = 0;
+    long long had = 0;
+    long long left = 0;
+};
+
+/// What a terminal has done.
+struct Tally {
+    std::vector<Stay> stays;
+    int refused = 0;
+    int faults = 0;
+};
+
+long long now() { return Clock::now().time_since_epoch().count(); }
+
+std::string companyAt(int place) { return "00000461" + std::to_string(place); }
+
+int secondsToRun() {
+    const char* given = std::getenv(kSeconds);
+    return given == nullptr ? kShortRun : std::atoi(given);
+}
+
+class TwoTerminals : public SystemTest {
+protected:
+    TwoTerminals() {
+        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+            for (int i = 0; i < kCompanies; ++i) {
+                sql("create temp table one as select * from " + std::string(table) +
+                    " where USER_ID = '000004602'; update one set USER_ID = '" + companyAt(i) + "'; insert into " +
+                    table + " select * from one; drop table one");
+            }
+        }
+    }
+
+    /// Switches at random until the time is over and the other one has been in the way, and leaves.
+    Tally work(int own, Clock::time_point end) {
+        facts.computerName = "DESK0" + std::to_string(own);
+        std::mt19937 random(static_cast<unsigned>(getpid()));
+        Tally tally;
+        start(companyAt(own) + ",1,0");
+        tally.stays.push_back({companyAt(own), 0, now(), 0});
+        while (Clock::now() < end || (tally.refused == 0 && Clock::now() < end + kPatience)) {
+            switchTo(companyAt(static_cast<int>(random() % kCompanies)), tally);
+            std::this_thread::sleep_for(std::chrono::milliseconds(random() % kLongestStay));
+        }
+        tally.stays.back().left = now();
+        leave();
+        return tally;
+    }
+    void switchTo(const std::string& wish, Tally& tally) {
+        if (wish == tCustomerInfo.USER_ID) {
+            return;
+        }
+        messages.shown.clear();
+        const long long asked = now();
+        choose(wish);
+        const Texts shown = shownIds();
+        if (shown == Texts{"COS20001", "COS20003"}) {
+            ++tally.refused;
+        } else if (shown == Texts{"COS20001"} && tCustomerInfo.USER_ID == wish) {
+            tally.stays.back().left = asked;
+            tally.stays.push_back({wish, asked, now(), 0});
+        } else {
+            ++tally.faults;
+        }
+    }
+    /// A terminal in a process of its own, which writes down what it has done.
+    pid_t terminal(int own, Clock::time_point end) {
+        const pid_t child = fork();
+        if (child == 0) {
+            const Tally tally = work(own, end);
+            std::ofstream file(report(own));
+            file << tally.refused << ' ' << tally.faults << '\n';
+            for (const Stay& stay : tally.stays) {
+                file << stay.company << ' ' << stay.asked << ' ' << stay.had << ' ' << stay.left << '\n';
+            }
+            file.close();
+            _exit(file ? 0 : 1);
+        }
+        return child;
+    }
+    Tally read(int own) const {
+        Tally tally;
+        std::ifstream file(report(own));
+        file >> tally.refused >> tally.faults;
+        for (Stay stay; file >> stay.company >> stay.asked >> stay.had >> stay.left;) {
+            tally.stays.push_back(stay);
+        }
+        return tally;
+    }
+    std::string report(int own) const { return office.root() + "/terminal" + std::to_string(own); }
+};
+
+bool together(const Stay& a, const Stay& b) { return a.company == b.company && a.had < b.left && b.had < a.left; }
+
+/// The second asked when the first had the company already and still had it when the second got it: no race of two
+/// that both saw it free.
+bool takenFrom(const Stay& first, const Stay& second) { return first.had <= second.asked && second.had <= first.left; }
+
+TEST_F(TwoTerminals, NeverHaveACompanyTogetherButByTheRaceForAFreeOne) {
+    const Clock::time_point end = Clock::now() + std::chrono::seconds(secondsToRun());
+    const std::array children{terminal(1, end), terminal(2, end)};
+    for (const pid_t child : children) {
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    const Tally first = read(1);
+    const Tally second = read(2);
+    int races = 0;
+    for (const Stay& a : first.stays) {
+        for (const Stay& b : second.stays) {
+            if (together(a, b)) {
+                ++races;
+                EXPECT_FALSE(takenFrom(a, b) || takenFrom(b, a)) << a.company << " had by both";
+            }
+        }
+    }
+    std::cout << "terminals: " << first.stays.size() << " and " << second.stays.size() << " companies, "
+              << first.refused + second.refused << " refusals, " << races << " races\n";
+    EXPECT_GT(std::min(first.refused, second.refused), 0);
+    EXPECT_EQ(first.faults + second.faults, 0);
+    EXPECT_EQ(locks(), Texts{});
+    EXPECT_EQ(log(), "");
+}
+
+}  // namespace
+}  // namespace orv

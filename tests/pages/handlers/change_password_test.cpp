@@ -1,0 +1,158 @@
+#include "support/window_test.h"
+
+namespace orv {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+constexpr const char* kLabel = "[ ChangePassword btm_Cancel_Click ]";
+
+class ChangePassword : public WindowTest {
+protected:
+    frm_CompInp0& form() { return page<frm_CompInp0>(); }
+    frm_ChangePassword& dialog() { return page<frm_ChangePassword>(); }
+    static void typeThree(const std::string& present, const std::string& wanted, const std::string& again) {
+        for (const std::string& text : {present, wanted, again}) {
+            typeKeys(text);
+            press(Qt::Key_Tab);
+        }
+    }
+    /// Opens the dialog by the mouse and works in it; it must be gone at the end.
+    void inDialog(const std::function<void()>& work) {
+        bool worked = false;
+        QTimer operatorAtWork;
+        QObject::connect(&operatorAtWork, &QTimer::timeout, [&] {
+            if (QApplication::activeModalWidget() == nullptr) {
+                return;
+            }
+            operatorAtWork.stop();
+            worked = true;
+            EXPECT_FALSE(form().btm_ChangePW.enabled());
+            work();
+            EXPECT_EQ(forms.activeForm(), &form()) << "the dialog is still open";
+            static_cast<void>(forms.unload(dialog(), UnloadMode::Code));
+        });
+        operatorAtWork.start(5);
+        click(form().btm_ChangePW);
+        EXPECT_TRUE(worked);
+        EXPECT_TRUE(form().btm_ChangePW.enabled());
+        EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
+    }
+    void expectUnchanged() {
+        EXPECT_EQ(tCustomerInfo.USER_PASSWD + tCustomerInfo.PWD_CHG_FLG + form().txt_User_Passwd.text(),
+                  "mihon011mihon01");
+    }
+};
+
+TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
+    startOn(0);
+    inDialog([&] {
+        EXPECT_EQ(focused(), "txt_Password(0)");
+        EXPECT_EQ(windowOf(dialog())->windowTitle(), "パスワード変更");
+        for (std::size_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(widgetOf<QLineEdit>(dialog().txt_Password[i])->echoMode(), QLineEdit::Password);
+        }
+        typeThree("mihon01", "himitsu1", "himitsu1");
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        press(Qt::Key_Return);
+    });
+    EXPECT_EQ(tCustomerInfo.USER_PASSWD + tCustomerInfo.PWD_CHG_FLG, "himitsu12");
+    EXPECT_EQ(form().txt_User_Passwd.text(), "himitsu1");
+    EXPECT_EQ(info("USER_PASSWD"), "mihon01") << "not before the save";
+    EXPECT_EQ(shownIds(), Texts{});
+    click(form().btm_Save);
+    expectShown("COS05574", {});
+    EXPECT_EQ(info("USER_PASSWD || PWD_CHG_FLG"), "himitsu11");
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(ChangePassword, GivingUpChangesNothing) {
+    startOn(0);
+    for (const auto& leaveIt : std::vector<std::function<void()>>{
+             [] { press(Qt::Key_Escape); },
+             [&] { click(dialog().btm_Cancel); },
+             [&] {
+                 dialog().btm_Cancel.setFocus();
+                 press(Qt::Key_Return);
+             },
+             [&] { windowOf(dialog())->close(); },
+         }) {
+        inDialog([&] {
+            EXPECT_EQ(dialog().txt_Password[0].text(), "") << "nothing stays from one opening to the next";
+            typeThree("mihon01", "himitsu1", "himitsu1");
+            leaveIt();
+        });
+        expectUnchanged();
+    }
+    EXPECT_EQ(shownIds(), Texts{});
+}
+
+TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
+    struct Case {
+        const char* present;
+        const char* wanted;
+        const char* again;
+        RecordedMessages::Shown shown;
+        const char* focus;
+    };
+    constexpr const char* kPresent = "今までのパスワード";
+    constexpr const char* kWanted = "新しいパスワード";
+    constexpr const char* kAgain = "新しいパスワードの確認入力";
+    const RecordedMessages::Shown missing{"CHECK001", {kPresent}};
+    const RecordedMessages::Shown wrong{"CHECK002", {kPresent, "保存されているパスワード", "\r\n"}};
+    const RecordedMessages::Shown length{"CHECK003", {kWanted, 5, 10}};
+    const RecordedMessages::Shown different{"CHECK002", {kWanted, kAgain, "\r\n"}};
+    startOn(0);
+    for (const Case& row : {
+             Case{"", "", "x", missing, "txt_Password(0)"},
+             {"-", "", "x", wrong, "txt_Password(0)"},
+             {"Mihon01", "abcde", "abcde", wrong, "txt_Password(0)"},
+             {"mihon01", "abcd", "x", length, "txt_Password(1)"},
+             {"mihon01", "", "", length, "txt_Password(1)"},
+             {"mihon01", "abcde", "abcdE", different, "txt_Password(2)"},
+             {"mihon01", "abcde", "", different, "txt_Password(2)"},
+         }) {
+        SCOPED_TRACE(std::string(row.present) + "/" + row.wanted + "/" + row.again);
+        messages.shown.clear();
+        inDialog([&] {
+            typeThree(row.present, row.wanted, row.again);
+            click(dialog().btm_Entry);
+            EXPECT_EQ(messages.shown, std::vector{row.shown});
+            EXPECT_EQ(focused(), row.focus);
+            EXPECT_EQ(dialog().txt_Password[1].text(), row.wanted) << "the texts stay";
+            press(Qt::Key_Escape);
+        });
+        expectUnchanged();
+    }
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(ChangePassword, FailuresAreReportedUnderTheOneLabel) {
+    startOn(0);
+    inDialog([&] {
+        messages.refusal = FailureRecord{"画面がありません。", "MSG01"};
+        press(Qt::Key_Return);
+        messages.refusal.reset();
+        EXPECT_EQ(log(), record("MSG01", "画面がありません。"));
+        EXPECT_EQ(gErrMsg, "");
+        press(Qt::Key_Escape);
+    });
+    for (const auto& [call, text] :
+         {std::pair{"centre frm_ChangePassword", std::string(kLabel) + "メモリが足りません。"},
+          std::pair{"open frm_ChangePassword", std::string("[ CompInp0 btm_ChangePW_Click ]メモリが足りません。")}}) {
+        // Behind windows that nobody sees: there one can be refused.
+        services().windows = &windows;
+        windows.refused = call;
+        form().btm_ChangePW.press();
+        services().windows = &desk;
+        EXPECT_EQ(shownIds(), Texts{"COSERR01"});
+        EXPECT_EQ(messages.shown.back().args, (Values{"7", text}));
+        messages.shown.clear();
+        EXPECT_TRUE(form().btm_ChangePW.enabled());
+        EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
+    }
+    expectUnchanged();
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <string>
+
+#include "adapters/qt/qt_window_system.h"
+#include "adapters/qt/views/qt_text.h"
+#include "pages/layout/layouts.h"
+#include "support/fixture.h"
+
+namespace orv {
+
+/// The whole system in its real windows, worked by key and mouse events. Messages are kept, not shown.
+class WindowTest : public SystemTest {
+protected:
+    WindowTest() { services().windows = &desk; }
+    ~WindowTest() override {
+        const std::vector<Form*> loaded = forms.forms();
+        for (Form* form : loaded) {
+            forms.unload(*form, UnloadMode::Code);
+        }
+        settle();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        services().windows = &windows;
+    }
+
+    /// Lets everything happen that is queued, but for deletions: a dialog may be at work below.
+    static void settle() { QCoreApplication::processEvents(); }
+    static QWidget* windowOf(const Form& form) {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == toQt(form.name()) && window->isVisible()) {
+                return window;
+            }
+        }
+        throw std::runtime_error(form.name() + " is not on the screen");
+    }
+    template <class W = QWidget>
+    static W* widgetOf(const Control& control) {
+        const QWidget* window = windowOf(dynamic_cast<const Form&>(control.owner()));
+        if (auto* widget = dynamic_cast<W*>(window->findChild<QWidget*>(toQt(control.objectName())))) {
+            return widget;
+        }
+        throw std::runtime_error(control.objectName() + " has no such widget");
+    }
+    /// Where the next key goes.
+    static QWidget* keyboard() {
+        if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; })) {
+            throw std::runtime_error("nothing has the focus");
+        }
+        return QApplication::focusWidget();
+    }
+    static std::string focused() { return keyboard()->objectName().toStdString(); }
+
+    static void click(const Control& control) {
+        QTest::mouseClick(widgetOf(control), Qt::LeftButton);
+        settle();
+    }
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(keyboard(), key, modifiers);
+        settle();
+    }
+    /// Goes to the field with the mouse, replaces what stands in it, and leaves it with Tab.
+    static void enter(const TextInput& field, const std::string& text) {
+        click(field);
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_Delete);
+        type(text);
+        press(Qt::Key_Tab);
+    }
+    static void type(const std::string& text) {
+        QInputMethodEvent event;
+        event.setCommitString(toQt(text));
+        QApplication::sendEvent(keyboard(), &event);
+    }
+    static void typeKeys(const std::string& ascii) { QTest::keyClicks(keyboard(), toQt(ascii)); }
+    /// Picks the entry in the opened list.
+    static void pick(const ComboBox& list, const std::string& entry) {
+        auto* box = widgetOf<QComboBox>(list);
+        box->setFocus();
+        box->showPopup();
+        box->view()->setCurrentIndex(box->model()->index(box->findText(toQt(entry)), 0));
+        QTest::keyClick(box->view(), Qt::Key_Return);
+        settle();
+    }
+
+    QtWindowSystem desk{layoutOf, forms};
+};
+
+}  // namespace orv
