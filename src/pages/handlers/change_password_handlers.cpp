@@ -50,7 +50,7 @@ void btm_Entry_Click(frm_ChangePassword& dialog) {
             return true;
         }
         // A refusal has told the operator itself and fills no pair.
-        return gErrMsg.empty();
+        return gErrMsg.empty() && gErrCode.empty();
     });
 }
 

@@ -62,6 +62,14 @@ TEST_F(ViewsTest, AListFollowsTheSystem) {
     EXPECT_EQ(clicks, 2);
 }
 
+TEST_F(ViewsTest, AListStandsInExactlyItsColour) {
+    page.list.setBackColour(Colour{0xddddff});
+    EXPECT_EQ(colourOf(page.list, {60, 10}).name(), "#ffdddd");
+    page.list.setEnabled(false);
+    page.list.setBackColour(Colour{0xe0e0e0});
+    EXPECT_EQ(colourOf(page.list, {60, 10}).name(), "#e0e0e0");
+}
+
 TEST_F(ViewsTest, AHandlerThatTakesTheChoiceBackIsFollowed) {
     page.list.setListIndex(0);
     page.list.onClick = [&] {

@@ -131,8 +131,12 @@ TEST_F(ChangePassword, FailuresAreReportedUnderTheOneLabel) {
     startOn(0);
     inDialog([&] {
         messages.refusal = FailureRecord{"画面がありません。", "MSG01"};
+        services().windows = &windows;
         press(Qt::Key_Return);
+        services().windows = &desk;
         messages.refusal.reset();
+        ASSERT_EQ(windows.notices.size(), 1u);
+        EXPECT_EQ(windows.notices.front().title + windows.notices.front().text, "MSG01画面がありません。");
         EXPECT_EQ(log(), record("MSG01", "画面がありません。"));
         EXPECT_EQ(gErrMsg, "");
         press(Qt::Key_Escape);

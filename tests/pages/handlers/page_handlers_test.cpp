@@ -1,7 +1,7 @@
 #include "pages/handlers/comp_inp0_handlers.h"
-#include "pages/handlers/comp_inp1_handlers.h"
-#include "pages/handlers/comp_inp2_handlers.h"
-#include "pages/handlers/comp_inp3_handlers.h"
+
+#include <QCheckBox>
+
 #include "support/window_test.h"
 
 namespace orv {
@@ -9,6 +9,9 @@ namespace {
 
 using Call = FailingStore::Call;
 using Texts = std::vector<std::string>;
+
+/// The tick and the gap behind it, in pixels.
+constexpr int kTickMark = 17;
 
 class Handlers : public WindowTest {
 protected:
@@ -245,6 +248,10 @@ TEST_F(Handlers, TheBoxesOfTheBusinessPage) {
     expectTick(form.chk_Management_Type_Flg[27], true);
     click(form.chk_Business_Type_Flg[0]);
     expectTick(form.chk_Business_Type_Flg[0], false);
+    for (const QAbstractButton* box : windowOf(form)->findChildren<QCheckBox*>()) {
+        const int words = QFontMetrics(box->font()).horizontalAdvance(box->text());
+        EXPECT_LE(words, box->width() - kTickMark) << box->text().toStdString() << " is cut";
+    }
 }
 
 }  // namespace
