@@ -1,0 +1,140 @@
+#include <cmath>
+#include <cstdio>
+
+#include "adapters/pictures/quality_map.h"
+#include "bench.h"
+#include "measured_process.h"
+#include "pictures_bench.h"
+#include "plain_jpeg.h"
+
+namespace bench {
+namespace {
+
+constexpr orv::PictureSize kWithin{640, 480};
+
+/// One scaled decoding to twice the target at least, one resampling, ten encodings, and nothing else.
+void floorOf(const std::string& source, orv::PictureSize own) {
+    const orv::PictureSize target = fittedSize(own.width, own.height, kWithin);
+    unsigned eighths = 1;
+    while (eighths < 8 && own.width * static_cast<int>(eighths) / 8 < 2 * target.width) {
+        eighths *= 2;
+    }
+    const orv::Bitmap small = resampled(decoded(source, false, eighths), target.width, target.height);
+    for (const int quality : {1, 95, 60, 80, 88, 92, 90, 91, 91, 91}) {
+        encoded(small, quality);
+    }
+}
+
+struct Peer {
+    const char* name;
+    /// SRC, DST, SIZE (as 640x480) and LIMIT (bytes) stand for what they say.
+    const char* command;
+};
+
+/// vips has no limit of bytes: its small picture is searched for like ours, by runs of its encoder.
+constexpr Peer kPeers[] = {
+    {"imagemagick", "convert SRC -resize SIZE! -define jpeg:extent=LIMIT DST"},
+    {"imagemagick-hint", "convert -define jpeg:size=1280x960 SRC -resize SIZE! -define jpeg:extent=LIMIT DST"},
+    {"graphicsmagick+jpegoptim",
+     "gm convert -size 1280x960 SRC -resize SIZE! +profile '*' -quality 98 DST && "
+     "jpegoptim -q --size=$((LIMIT / 1024)) DST"},
+    {"vips",
+     "vipsthumbnail SRC -s SIZE! -o DST.v && low=1 && high=100 && while [ $((high - low)) -gt 1 ]; do "
+     "q=$(((low + high) / 2)); vips jpegsave DST.v DST --Q $q --optimize-coding --strip; "
+     "if [ $(stat -c %s DST) -le LIMIT ]; then low=$q; else high=$q; fi; done; "
+     "vips jpegsave DST.v DST --Q $low --optimize-coding --strip"},
+};
+
+std::string filledIn(std::string command, const std::vector<std::pair<std::string, std::string>>& values) {
+    for (const auto& [name, value] : values) {
+        for (std::size_t at = command.find(name); at != std::string::npos; at = command.find(name, at + value.size())) {
+            command.replace(at, name.size(), value);
+        }
+    }
+    return command;
+}
+
+void report(const std::string& name, const std::string& command, const std::string& target,
+            const orv::Bitmap& reference) {
+    std::vector<double> times;
+    double megabytes = 0;
+    for (int i = 0; i < 5; ++i) {
+        const Measured run = measured(command);
+        times.push_back(run.milliseconds);
+        megabytes = std::max(megabytes, run.megabytes);
+    }
+    const Likeness like = likeness(reference, decoded(target, true));
+    std::printf("  %-26s %7.0f ms %6.0f MB %7zu bytes  psnr %.2f  ssim %.4f\n", name.c_str(), median(times), megabytes,
+                static_cast<std::size_t>(std::filesystem::file_size(target)), like.psnr, like.ssim);
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+orv::PictureSize fittedSize(int width, int height, orv::PictureSize within) {
+    const double rateHeight = static_cast<double>(height) / within.height;
+    const double rateWidth = static_cast<double>(width) / within.width;
+    if (rateHeight <= 1 && rateWidth <= 1) {
+        return {width, height};
+    }
+    const auto part = [](int limit, int side, int other) {
+        return static_cast<int>(std::nearbyint(static_cast<double>(limit) * side / other));
+    };
+    return rateHeight <= rateWidth ? orv::PictureSize{within.width, part(within.width, height, width)}
+                                   : orv::PictureSize{part(within.height, width, height), within.height};
+}
+
+int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit) {
+    const PlainPaths paths;
+    const orv::PictureFiles pictures(paths);
+    const orv::PictureInfo info = pictures.info(source);
+    const auto picture = pictures.load(source, within);
+    const orv::PictureSize size = fittedSize(info.width, info.height, within);
+    picture->size(size.width, size.height);
+    const auto fits = [&](int factor) {
+        picture->save(target, info.format, info.bits, factor);
+        return static_cast<std::uintmax_t>(pictures.info(target).sizeDisk) <= limit;
+    };
+    fits(orv::kBestQuality);
+    int below = 1;
+    int found = orv::kSmallestQuality;
+    fits(found);
+    while (found - below > 1) {
+        const int middle = (below + found) / 2;
+        (fits(middle) ? found : below) = middle;
+    }
+    fits(found);
+    return found;
+}
+
+void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program) {
+    const PlainPaths paths;
+    for (const auto& photo : photosIn(photos)) {
+        const orv::PictureInfo info = orv::PictureFiles(paths).info(photo);
+        const orv::PictureSize size = fittedSize(info.width, info.height, kWithin);
+        const orv::Bitmap reference = resampled(decoded(photo, true), size.width, size.height);
+        for (const int limit : {60 * 1024, 20 * 1024}) {
+            const std::string target = work / "target.jpg";
+            std::printf("fit %s %dx%d to %dx%d and %d bytes\n", photo.stem().c_str(), info.width, info.height,
+                        size.width, size.height, limit);
+            print("  against-floor", alternately(
+                                         7, [&] { fitted(photo, target, kWithin, static_cast<unsigned>(limit)); },
+                                         [&] {
+                                             floorOf(photo, {info.width, info.height});
+                                         }));
+            const std::string sizes = std::to_string(size.width) + "x" + std::to_string(size.height);
+            report("ours", program + " one " + photo.string() + " " + target + " 640 480 " + std::to_string(limit),
+                   target, reference);
+            for (const Peer& peer : kPeers) {
+                report(
+                    peer.name,
+                    filledIn(
+                        peer.command,
+                        {{"SRC", photo.string()}, {"DST", target}, {"SIZE", sizes}, {"LIMIT", std::to_string(limit)}}),
+                    target, reference);
+            }
+        }
+    }
+}
+
+}  // namespace bench

@@ -1,0 +1,35 @@
+#include <cmath>
+
+#include "bench.h"
+#include "pictures_bench.h"
+#include "plain_jpeg.h"
+
+namespace bench {
+
+/// A page start with the photo in both slots: loaded for the slots' size and scaled to it.
+void thumb(const std::filesystem::path& photos) {
+    constexpr orv::PictureSize kSlot{484, 400};
+    const PlainPaths paths;
+    const orv::PictureFiles pictures(paths);
+    for (const auto& photo : photosIn(photos)) {
+        const orv::PictureInfo info = pictures.info(photo);
+        const orv::PictureSize shown = fittedSize(info.width, info.height, {121, 100});
+        unsigned eighths = 1;
+        while (eighths < 8 &&
+               info.width * static_cast<int>(eighths) / 8 < 2 * fittedSize(info.width, info.height, kSlot).width) {
+            eighths *= 2;
+        }
+        const auto ours = [&] {
+            for (int slot = 0; slot < 2; ++slot) {
+                static_cast<void>(pictures.load(photo, kSlot)->scaled(shown.width, shown.height));
+            }
+        };
+        const auto peer = [&] {
+            decoded(photo, false, eighths);
+            decoded(photo, false, eighths);
+        };
+        print("thumb " + photo.stem().string(), alternately(7, ours, peer));
+    }
+}
+
+}  // namespace bench

@@ -1,0 +1,26 @@
+#!/bin/sh
+# Makes the photos that the picture benchmarks work on, from those of Debian's wallpapers: ./make_photos.sh FOLDER
+# Enlarged, with the grain of a camera's sensor, stored as cameras do: baseline, half the colour. Then smaller ones for
+# the walk over every factor.
+set -eu
+
+folder=$1
+wallpapers=/usr/share/backgrounds/mate
+mkdir -p "$folder/large" "$folder/small"
+
+# large NAME SOURCE SIZE [OPTION...]
+large() {
+    name=$1 source=$2 size=$3
+    shift 3
+    [ -s "$folder/large/$name.jpg" ] || convert "$wallpapers/$source" -resize "$size^" -gravity center -extent "$size" \
+        -seed 1 -attenuate 0.15 +noise Gaussian -strip -sampling-factor 2x2 -quality 92 "$@" "$folder/large/$name.jpg"
+}
+
+large photo-12 nature/Garden.jpg 4000x3000
+large photo-24 nature/LadyBird.jpg 6000x4000
+large photo-48 nature/Wood.jpg 8000x6000
+large photo-48-progressive nature/Wood.jpg 8000x6000 -interlace Plane
+
+for source in Aqua Dune Garden LadyBird RainDrops Storm TwoWings YellowFlower; do
+    [ -s "$folder/small/$source.jpg" ] || convert "$wallpapers/nature/$source.jpg" -quality 95 "$folder/small/$source.jpg"
+done

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "adapters/pictures/picture_files.h"
+
+namespace bench {
+
+/// The machine's own paths. Nothing but their translation is asked of it.
+class PlainPaths : public orv::FileSystem {
+public:
+    std::string nativePath(const std::string& path) const override { return path; }
+    bool exists(const std::string&) const override { return false; }
+    std::uint64_t sizeOf(const std::string&) const override { return 0; }
+    bool canOpen(const std::string&) const override { return false; }
+    void copy(const std::string&, const std::string&) override {}
+    void remove(const std::string&) override {}
+    void rename(const std::string&, const std::string&) override {}
+    void append(const std::string&, const std::string&) override {}
+    std::string read(const std::string&, std::size_t) const override { return {}; }
+    std::string programFolder() const override { return {}; }
+};
+
+/// The pictures of the folder, by name.
+std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder);
+
+/// What the program does with a photo that is too large: inside `within`, then the ten saves of the search for `limit`
+/// bytes. The factor found.
+int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit);
+
+/// The size of a picture once it is inside `within`.
+orv::PictureSize fittedSize(int width, int height, orv::PictureSize within);
+
+void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program);
+void thumb(const std::filesystem::path& photos);
+/// Every factor of every photo: how often a file grew as the factor rose, and whether the search misses a better
+/// factor.
+void factors(const std::filesystem::path& photos, const std::filesystem::path& work);
+
+}  // namespace bench

@@ -1,0 +1,38 @@
+// bench_pictures fit|thumb|factors PHOTOS WORK: the photos are *.jpg of the folder PHOTOS.
+// bench_pictures one SOURCE TARGET WIDTH HEIGHT LIMIT: one photo, for a process of its own.
+#include <algorithm>
+#include <iostream>
+
+#include "pictures_bench.h"
+
+namespace bench {
+
+std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> photos;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".jpg") {
+            photos.push_back(entry.path());
+        }
+    }
+    std::ranges::sort(photos);
+    return photos;
+}
+
+}  // namespace bench
+
+int main(int argc, char* argv[]) {
+    const std::vector<std::string> given(argv + 1, argv + argc);
+    if (given.size() == 6 && given[0] == "one") {
+        bench::fitted(given[1], given[2], {std::stoi(given[3]), std::stoi(given[4])}, std::stoul(given[5]));
+    } else if (given.size() == 3 && given[0] == "fit") {
+        bench::fit(given[1], given[2], argv[0]);
+    } else if (given.size() == 3 && given[0] == "thumb") {
+        bench::thumb(given[1]);
+    } else if (given.size() == 3 && given[0] == "factors") {
+        bench::factors(given[1], given[2]);
+    } else {
+        std::cerr << "bench_pictures fit|thumb|factors PHOTOS WORK\n";
+        return 2;
+    }
+    return 0;
+}
