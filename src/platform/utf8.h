@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,7 @@ std::u32string toCharacters(std::string_view text);
 
 std::string toUtf8(std::u32string_view characters);
 
-/// At most the first `count` characters of a UTF-8 text.
+/// The first characters of a UTF-8 text, `count` of them or all.
 std::string firstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace orv

@@ -7,11 +7,13 @@
 #include "binding/record_to_page.h"
 #include "core/flow/company_write.h"
 #include "core/flow/photo_files.h"
+#include "core/short_memory.h"
 #include "images/file_size_text.h"
 #include "logging/write_log.h"
 #include "pages/common/master_lists.h"
 #include "pages/frame/change_page.h"
 #include "pages/frame/page_lists.h"
+#include "pages/frame/page_view.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp3_handlers.h"
@@ -34,6 +36,11 @@ public:
     DateTime now() const override { breaks(); }
 };
 
+class BrokenPointer : public ScriptedWindows {
+public:
+    void pointer(bool) override { breaks(); }
+};
+
 class Labels : public SystemTest {
 protected:
     struct Routine {
@@ -41,6 +48,12 @@ protected:
         std::function<bool()> run;
     };
 
+    static std::function<bool()> withoutMemory(std::size_t bytes, const std::function<bool()>& routine) {
+        return [bytes, routine] {
+            refuseMemory(bytes);
+            return routine();
+        };
+    }
     void breakStore(Call call) {
         store.mend();
         store.raised = Failure::OutOfMemory;
@@ -96,6 +109,20 @@ TEST_F(Labels, OfTheStore) {
     });
     EXPECT_EQ(text, "") << "what stood in it before is gone";
     services().clock = &clock;
+    expectLabelled({
+        {"[ P_MakeInsertSQL_Add ] ", withoutMemory(300, [&] { return P_MakeInsertSQL_Add(text); })},
+        {"[ P_MakeUpdateSQL_Add ] ", withoutMemory(300, [&] { return P_MakeUpdateSQL_Add(text, kCompany); })},
+        {"[ P_MakeInsertSQL_Date ] ", withoutMemory(60, [&] { return P_MakeInsertSQL_Date(text); })},
+        {"[ P_MakeUpdateSQL_Date ] ", withoutMemory(60, [&] { return P_MakeUpdateSQL_Date(text, kCompany); })},
+    });
+}
+
+TEST_F(Labels, OfTheBackgrounds) {
+    for (int number = 0; number < kPageCount; ++number) {
+        static_cast<void>(pageAt(number));  // made before there is no memory
+        expectLabelled({{"[ P_MakeComp" + std::to_string(number) + "View ] ",
+                         withoutMemory(2000, [&] { return makeViewOf(number); })}});
+    }
 }
 
 TEST_F(Labels, OfTheFlow) {
@@ -144,7 +171,12 @@ TEST_F(Labels, OfThePages) {
                          [&] { return PF_SetData_tCustomerInfo("frm_CompInp" + std::to_string(number)); }}});
     }
     strings.normalizeBreaks = false;
+    pageAt(3).ready = pageAt(4).ready = true;
+    page<frm_CompInp4>().lbl_Proxy_Info.setCaption(std::string(1000, 'x'));
     expectLabelled({
+        {"[ PF_SetData_tCustomerInfo3 ] ", withoutMemory(60, [] { return PF_SetData_tCustomerInfo("frm_CompInp3"); })},
+        {"[ PF_SetData_tCustomerInfo4 ] ",
+         withoutMemory(1000, [] { return PF_SetData_tCustomerInfo("frm_CompInp4"); })},
         {"[ PF_Change_Frm_CompInp ] ",
          [&] {
              windows.refused = "open frm_CompInp3";
@@ -196,6 +228,16 @@ TEST_F(Labels, OfTheHandlers) {
         handler.run();
         expectReported("7", handler.label + kNoMemory);
     }
+}
+
+TEST_F(Labels, OfAPageButton) {
+    startOn(3);
+    BrokenPointer broken;
+    services().windows = &broken;
+    turnTo(0);
+    services().windows = &windows;
+    expectReported("7", std::string("[ CompInp3 btm_ChangePage_Click ]") + kNoMemory);
+    EXPECT_EQ(screen().number, 3);
 }
 
 TEST_F(Labels, OfALoadThatFailsBeforeItsRoutines) {

@@ -1,6 +1,7 @@
 #include "desk.h"
 
 #include <signal.h>
+#include <unistd.h>
 
 #include <array>
 #include <fstream>
@@ -115,9 +116,20 @@ Terminal::Terminal(const Office& office, std::string display, std::string comput
                    {"QT_QPA_PLATFORM", "xcb"},
                    {"ORV_SCALE", "1"}} {}
 
-void Terminal::start(const std::string& argument) {
-    process_ = std::make_unique<Process>(
-        std::vector<std::string>{(office_.drive() / "ORV/BIN/KELT_COS.EXE").string(), argument}, environment_);
+void Terminal::start(const std::string& argument) { start({}, argument); }
+
+void Terminal::startUnprivileged(const std::string& argument) {
+    if (geteuid() == 0) {
+        start({"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"}, argument);
+    } else {
+        start({}, argument);
+    }
+}
+
+void Terminal::start(std::vector<std::string> under, const std::string& argument) {
+    under.push_back((office_.drive() / "ORV/BIN/KELT_COS.EXE").string());
+    under.push_back(argument);
+    process_ = std::make_unique<Process>(under, environment_);
 }
 
 std::string Terminal::tool(std::initializer_list<std::string> arguments) const {
@@ -165,6 +177,11 @@ int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", win
 void Terminal::toFront() const {
     tool({"windowactivate", "--sync", window_});
     std::this_thread::sleep_for(100ms);
+}
+
+std::string Terminal::noticeText() {
+    key("ctrl+c");
+    return outputOf({"xclip", "-selection", "clipboard", "-o"}, environment_);
 }
 
 void Terminal::click(const std::string& control, int index) {

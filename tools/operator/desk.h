@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "process.h"
 
@@ -71,6 +72,8 @@ public:
     Terminal(const Office& office, std::string display, std::string computer);
 
     void start(const std::string& argument);
+    /// The same as a user whom rights bind, whoever runs this. The office must be open to all.
+    void startUnprivileged(const std::string& argument);
     /// Waits for the window of that title; false when it does not come in time. Its place is remembered.
     [[nodiscard]] bool waitForWindow(const std::string& title);
     [[nodiscard]] bool waitForPage(int number);
@@ -83,6 +86,8 @@ public:
     int windowProcess() const;
     /// Brings that window in front of the others.
     void toFront() const;
+    /// What the notice on the screen says.
+    std::string noticeText();
 
     /// Clicks the middle of a control of the page on the screen.
     void click(const std::string& control, int index = -1);
@@ -101,6 +106,7 @@ public:
 
 private:
     [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title);
+    void start(std::vector<std::string> under, const std::string& argument);
     std::string tool(std::initializer_list<std::string> arguments) const;
 
     const Office& office_;

@@ -23,6 +23,7 @@ constexpr std::string_view kUsage =
     "             delay=MS      do the work and answer late\n"
     "             cut           do the work, close the connection in the middle of the answer\n"
     "             garbage       do the work, answer with something else\n"
+    "             gone=N        the server ends at the Nth request there from now on\n"
     "             id-length=N   (companies) tell an id of N characters\n"
     "The same, one a line, is taken at any time by POST /misbehave; an empty body: all behave again.\n";
 

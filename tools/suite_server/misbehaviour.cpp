@@ -22,6 +22,7 @@ constexpr auto kKinds = std::to_array<Kind>({
     {"garbage", 0, 0, [](Misbehaviour& m, int) { m.garbage = true; }},
     {"status", 200, 599, [](Misbehaviour& m, int value) { m.status = value; }},
     {"delay", 0, 600'000, [](Misbehaviour& m, int value) { m.delay = std::chrono::milliseconds(value); }},
+    {"gone", 1, 99, [](Misbehaviour& m, int value) { m.goneAt = value; }},
     {"id-length", 0, 64, [](Misbehaviour& m, int value) { m.idLength = static_cast<std::size_t>(value); }},
 });
 
@@ -71,6 +72,14 @@ bool MisbehaviourBoard::instruct(std::string_view instruction) {
 Misbehaviour MisbehaviourBoard::of(Desk desk) const {
     const std::lock_guard lock(guard_);
     return byDesk_[static_cast<std::size_t>(desk)];
+}
+
+Misbehaviour MisbehaviourBoard::arrivedAt(Desk desk) {
+    const std::lock_guard lock(guard_);
+    Misbehaviour& behaviour = byDesk_[static_cast<std::size_t>(desk)];
+    const Misbehaviour now = behaviour;
+    behaviour.goneAt -= behaviour.goneAt > 0 ? 1 : 0;
+    return now;
 }
 
 }  // namespace orv

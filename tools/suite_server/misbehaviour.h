@@ -19,16 +19,20 @@ struct Misbehaviour {
     bool cut = false;
     bool garbage = false;
     std::optional<std::size_t> idLength;
+    /// The server ends at that request from now on, before it looks at it. 0: it stays.
+    int goneAt = 0;
 };
 
 /// The misbehaviour of every desk, changed while requests are under way.
 class MisbehaviourBoard {
 public:
     /// Takes one instruction: "well" (all desks behave), or DESK:KIND[=VALUE] with DESK prepare, photos or companies
-    /// and KIND well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64. Kinds add up. False: not
-    /// understood.
+    /// and KIND well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64, gone=1..99. Kinds add up.
+    /// False: not understood.
     [[nodiscard]] bool instruct(std::string_view instruction);
     Misbehaviour of(Desk desk) const;
+    /// The same for a request that has arrived, which counts.
+    Misbehaviour arrivedAt(Desk desk);
 
 private:
     mutable std::mutex guard_;

@@ -2,6 +2,7 @@
 
 #include <httplib.h>
 
+#include <cstdlib>
 #include <sstream>
 #include <thread>
 
@@ -56,7 +57,11 @@ struct SuiteServer::Parts {
     template <typename Work>
     auto handler(Desk desk, const char* contentType, Work work) {
         return [this, desk, contentType, work](const httplib::Request& request, httplib::Response& response) {
-            const Misbehaviour behaviour = board.of(desk);
+            const Misbehaviour behaviour = board.arrivedAt(desk);
+            if (behaviour.goneAt == 1) {
+                http.stop();  // first the door, so that nobody is let in and dropped
+                std::_Exit(EXIT_SUCCESS);
+            }
             const DeskAnswer answer = behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
             answerWith(answer, behaviour, contentType, response);
         };

@@ -103,7 +103,7 @@ TEST(PhotoDesk, OnlyTheAgreedCredentialsOpenIt) {
 TEST(MisbehaviourBoard, UnderstandsItsInstructionsAndNoOthers) {
     MisbehaviourBoard board;
     for (const char* good : {"photos:status=503", "photos:delay=20", "photos:cut", "companies:id-length=8",
-                             "companies:garbage", "prepare:status=503"}) {
+                             "companies:garbage", "prepare:status=503", "prepare:gone=2"}) {
         EXPECT_TRUE(board.instruct(good)) << good;
     }
     const Misbehaviour photos = board.of(Desk::Photos);
@@ -115,6 +115,8 @@ TEST(MisbehaviourBoard, UnderstandsItsInstructionsAndNoOthers) {
                             "photos:status=2x0", "photos:delay=-1", "companies:id-length=65", "photos:wave"}) {
         EXPECT_FALSE(board.instruct(bad)) << bad;
     }
+    EXPECT_EQ(board.arrivedAt(Desk::Prepare).goneAt, 2);
+    EXPECT_EQ(board.arrivedAt(Desk::Prepare).goneAt, 1) << "it counts down to the last request";
     EXPECT_TRUE(board.instruct("photos:well"));
     EXPECT_EQ(board.of(Desk::Photos).status, std::nullopt);
     EXPECT_EQ(board.of(Desk::Companies).idLength, 8U);

@@ -18,6 +18,7 @@ TEST(PosixFacts, ComputerNameIsUpperCaseAndWhole) {
         {"terminal-with-a-long-name-02.office", "TERMINAL-WITH-A-LONG-NAME-02.OFFICE"},
         {" desk1\t", "DESK1"},
         {"端末a", "端末A"},
+        {"o'desk", "O'DESK"},
     };
     for (const auto& [given, expected] : cases) {
         ::setenv("ORV_COMPUTER_NAME", given, 1);

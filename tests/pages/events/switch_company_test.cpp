@@ -282,6 +282,26 @@ TEST_P(BrokenSwitch, CanBeLeft) {
 
 INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5));
 
+TEST_F(Switch, ALoadThatReadNothingStillKnowsWhatItLocked) {
+    startOn(0);
+    store.fail(Call::Select, "LEFT JOIN");
+    choose(kOther);
+    store.mend();
+    EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
+    leave();
+    EXPECT_EQ(locks(), Texts{});
+}
+
+TEST_F(Switch, ALoadThatFailedWithoutAWordIsNotWrittenEither) {
+    startOn(0);
+    gLoadFailure = FailureRecord{"", "0"};
+    page<frm_CompInp0>().txt_Company_Name.setText("x");
+    const Texts before = everything();
+    save();
+    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
+    EXPECT_EQ(everything(), before);
+}
+
 TEST_F(Switch, AFillThatFailsHandsNothingOver) {
     sql("update TBL_CUSTOMER_INFO set SAME_CHECK = 'x' where USER_ID = '000004602'");
     startOn(0);

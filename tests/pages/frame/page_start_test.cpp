@@ -111,10 +111,16 @@ TEST_F(PageStart, AFillThatFailsIsReportedAndHandsNothingOver) {
 }
 
 TEST_F(PageStart, AnEmptyMasterStopsThePage) {
-    sql("update MST_OTHERS set DEL_FLAG = TRUE where TYPE_CODE = '004'");
-    start();
-    turnTo(1);
-    expectReported("ECBO0001", "コンボボックスデータ取得に失敗しました。");
+    for (const auto& [type, number] : {std::pair{"002", 1}, {"003", 1}, {"004", 1}, {"005", 2}}) {
+        startOn(0);
+        sql(std::string("update MST_OTHERS set DEL_FLAG = TRUE where TYPE_CODE = '") + type + "'");
+        turnTo(number);
+        expectReported("ECBO0001", "コンボボックスデータ取得に失敗しました。");
+        EXPECT_FALSE(screen().ready) << type;
+        leave();
+        messages.shown.clear();
+        sql("update MST_OTHERS set DEL_FLAG = FALSE");
+    }
 }
 
 TEST_F(PageStart, WithoutHelpFileThePagesStayAsTheyWereDesigned) {

@@ -89,6 +89,7 @@ TEST_F(Handlers, ThePublishNumber) {
     for (const Call call : {Call::Open, Call::Select}) {
         store.fail(call);
         EXPECT_FALSE(F_Check_Pubish_Number(form));
+        EXPECT_EQ(gErrMsg, "F_Check_Pubish_Number\r\nストアの故障");
         EXPECT_EQ(gErrCode, "DB:77");
         store.mend();
     }
