@@ -17,11 +17,21 @@ void FormHost::load(Form& form) {
     form.onLoad.raise();
 }
 
-void FormHost::show(Form& form) {
+bool FormHost::loadToShow(Form& form) {
     load(form);
+    if (!form.loaded_) {
+        return false;
+    }
     form.visible_ = true;
     std::erase(shown_, &form);
     shown_.push_back(&form);
+    return true;
+}
+
+void FormHost::show(Form& form) {
+    if (!loadToShow(form)) {
+        return;
+    }
     services().windows->show(form);
     if (form.activeControl() == nullptr && form.enabled()) {
         form.focusNext();
@@ -29,9 +39,9 @@ void FormHost::show(Form& form) {
 }
 
 void FormHost::showModal(Form& form) {
-    load(form);
-    form.visible_ = true;
-    shown_.push_back(&form);
+    if (!loadToShow(form)) {
+        return;
+    }
     if (form.activeControl() == nullptr) {
         form.focusNext();
     }

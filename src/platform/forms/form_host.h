@@ -21,7 +21,8 @@ public:
 
     /// Makes the window, hidden, and raises load. Nothing on a form that is loaded.
     void load(Form& form);
-    /// Modeless; loads first where that has not happened. Gives the focus to the first control that can have it.
+    /// Modeless; loads first where that has not happened. Gives the focus to the first control that can have it. A form
+    /// that its own load unloads is not shown.
     void show(Form& form);
     /// Returns when the form has been unloaded.
     void showModal(Form& form);
@@ -41,6 +42,9 @@ public:
     void sweep() { retired_.clear(); }
 
 private:
+    /// The form is the active one from now on; false when its own load has unloaded it.
+    bool loadToShow(Form& form);
+
     std::vector<Form*> forms_;
     std::vector<Form*> shown_;
     std::vector<std::unique_ptr<Form>> retired_;

@@ -28,14 +28,9 @@ protected:
     Window b{"b"};
 };
 
-TEST_F(Host, MakingAFormLoadsNothing) {
-    EXPECT_FALSE(a.loaded());
-    EXPECT_TRUE(windows.calls.empty());
-    EXPECT_TRUE(forms.unload(a, UnloadMode::Code)) << "nothing to unload is no failure";
-    EXPECT_TRUE(windows.calls.empty());
-}
-
 TEST_F(Host, LoadingOpensAHiddenWindowOnce) {
+    EXPECT_TRUE(forms.unload(a, UnloadMode::Code)) << "nothing to unload is no failure";
+    EXPECT_TRUE(windows.calls.empty()) << "making a form loads nothing";
     int loads = 0;
     a.onLoad = [&] { ++loads; };
     forms.load(a);
@@ -49,17 +44,24 @@ TEST_F(Host, LoadingOpensAHiddenWindowOnce) {
 
 TEST_F(Host, ShowingLoadsFirstAndFocusesTheFirstControlThatCanHaveIt) {
     a.onLoad = [&] { EXPECT_FALSE(a.visible()); };
+    b.closed.setEnabled(true);
+    b.onLoad = [&] { b.open.setFocus(); };
+    forms.show(b);
+    EXPECT_EQ(b.activeControl(), &b.open) << "the focus that loading gave is kept";
     forms.show(a);
-    EXPECT_EQ(windows.calls, (Names{"open a", "show a"}));
+    EXPECT_EQ(windows.calls, (Names{"open b", "show b", "open a", "show a"}));
     EXPECT_EQ(a.activeControl(), &a.open);
     EXPECT_EQ(forms.activeForm(), &a);
+    EXPECT_EQ(loaded(), (Names{"b", "a"}));
 }
 
-TEST_F(Host, AFocusThatLoadingGaveIsKept) {
-    a.closed.setEnabled(true);
-    a.onLoad = [&] { a.open.setFocus(); };
+TEST_F(Host, AFormThatItsOwnLoadUnloadsIsNotShown) {
+    a.onLoad = [&] { EXPECT_TRUE(forms.unload(a, UnloadMode::Code)); };
     forms.show(a);
-    EXPECT_EQ(a.activeControl(), &a.open);
+    forms.showModal(a);
+    EXPECT_FALSE(a.visible());
+    EXPECT_EQ(forms.activeForm(), nullptr);
+    EXPECT_EQ(windows.calls, (Names{"open a", "close a", "open a", "close a"}));
 }
 
 TEST_F(Host, AWindowThatCannotBeMadeLeavesTheFormUnloaded) {
@@ -69,17 +71,6 @@ TEST_F(Host, AWindowThatCannotBeMadeLeavesTheFormUnloaded) {
     EXPECT_TRUE(loaded().empty());
     forms.load(a);
     EXPECT_EQ(loaded(), Names{"a"});
-}
-
-TEST_F(Host, FormsStandInTheOrderOfTheirLoading) {
-    forms.load(b);
-    forms.load(a);
-    forms.show(b);
-    EXPECT_EQ(loaded(), (Names{"b", "a"}));
-    EXPECT_TRUE(forms.unload(b, UnloadMode::Code));
-    EXPECT_EQ(loaded(), Names{"a"});
-    EXPECT_TRUE(forms.isLoaded(a));
-    EXPECT_FALSE(forms.isLoaded(b));
 }
 
 TEST_F(Host, UnloadAsksThenTellsThenCloses) {
@@ -144,30 +135,6 @@ TEST_F(Host, AModalFormIsTheActiveOneUntilItGoes) {
     forms.showModal(b);
     EXPECT_EQ(forms.activeForm(), &a);
     EXPECT_EQ(windows.calls, (Names{"open a", "show a", "open b", "modal b", "close b"}));
-}
-
-TEST_F(Host, ARetiredFormLivesUntilTheSweep) {
-    struct Watched : Form {
-        explicit Watched(bool& gone) : Form("w", "", {1, 1}), gone_(gone) {}
-        ~Watched() override { gone_ = true; }
-        bool& gone_;
-    };
-    bool gone = false;
-    auto owned = std::make_unique<Watched>(gone);
-    Watched& watched = *owned;
-    watched.onUnload = [&] { forms.retire(std::move(owned)); };
-    forms.show(watched);
-    EXPECT_TRUE(forms.unload(watched, UnloadMode::Code));
-    EXPECT_FALSE(gone);
-    forms.sweep();
-    EXPECT_TRUE(gone);
-}
-
-TEST_F(Host, ThePointerIsTheHourglassOrNot) {
-    forms.setPointer(kPointerHourglass);
-    EXPECT_TRUE(windows.busy);
-    forms.setPointer(kPointerDefault);
-    EXPECT_FALSE(windows.busy);
 }
 
 }  // namespace
