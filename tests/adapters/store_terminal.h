@@ -71,10 +71,6 @@ inline std::string companyJoin(const std::string& userId) {
            userId + "'";
 }
 
-inline std::string probe(const std::string& table, const std::string& userId) {
-    return "  SELECT COUNT(*)     FROM " + table + "    WHERE USER_ID = '" + userId + "' ";
-}
-
 inline std::string lockSelect(const std::string& userId) {
     return "select LOCAL_INFO   from TBL_LOCK  where USER_ID = '" + userId +
            "'   and Left(PROPERTY_TYPE_CODE, 2) = 'CO'   and PROPERTY_NO = '99999999'";

@@ -1,3 +1,6 @@
+#include <array>
+#include <map>
+
 #include "support/settings_test.h"
 
 namespace orv {
@@ -15,27 +18,16 @@ struct Row {
     const char* onFailure = "";
 };
 
-/// The value set is "12" throughout.
+/// A setting of each treatment. The value set is "12" throughout.
 constexpr auto kSettings = std::to_array<Row>({
     {&cls_Com::IniImgW, "IMG", "LONG_W", "12", "", "0"},
-    {&cls_Com::IniImgH, "IMG", "LONG_H", "12", "", "0"},
-    {&cls_Com::IniImgSize, "IMG", "MAXSIZE", "12", "", "0"},
     {&cls_Com::ORV_GifImgMode, "IMG", "GIFIMGMODE", "12", "False"},
     {&cls_Com::IniCSV, "UTILTY", "CSV", "12\\", ""},
-    {&cls_Com::IniGetImg, "UTILTY", "GET_IMG", "12\\", ""},
     {&cls_Com::IniMinorVer, "VERSION", "MINOR", "12", ""},
     {&cls_Com::MinorVer, "VERSION", "MINOR", "12", ""},
     {&cls_Com::ORV_URL, "NET", "URL", "12", ""},
-    {&cls_Com::ORV_CusSendService, "NET", "CUSSENDSERVICE", "12", ""},
     {&cls_Com::ORV_SendCus, "NET", "SENDCUS", "12", ""},
-    {&cls_Com::ORV_SendService, "NET", "SENDSERVICE", "12", ""},
-    {&cls_Com::ORV_Send, "NET", "SEND", "12", ""},
-    {&cls_Com::ORV_ReceiveService, "NET", "RECEIVESERVICE", "12", ""},
-    {&cls_Com::ORV_Receive, "NET", "RECEIVE", "12", ""},
     {&cls_Com::ORV_TimeOut, "NET", "TIMEOUT", "12", ""},
-    {&cls_Com::ORV_Interval, "NET", "INTERVAL", "12", ""},
-    {&cls_Com::ORV_NextInterval, "NET", "NEXTINTERVAL", "12", ""},
-    {&cls_Com::ORV_UseProxy, "NET", "USEPROXY", "12", ""},
     {&cls_Com::ORV_PassiveMode, "NET", "PASSIVE", "12", "True"},
     {&cls_Com::ORV_FtpTimeOut, "NET", "FTPTIMEOUT", "12", "60000"},
     {&cls_Com::ORV_RetryCount, "NET", "RETRY", "13", "4"},
@@ -43,8 +35,6 @@ constexpr auto kSettings = std::to_array<Row>({
     {&cls_Com::VimblChirasiRoot, "VIMBL", "ChirasiDir", "12\\", ""},
     {&cls_Com::VimblMnuExe, "VIMBL", "MenuExeFile", "12", ""},
     {&cls_Com::VimblMnuExeStartPara, "VIMBL", "MenuStartPara", " 12", " "},
-    {&cls_Com::VimblMkRmExe, "VIMBL", "MakeRomExeFile", "12", ""},
-    {&cls_Com::VimblMkRmExeStartPara, "VIMBL", "MakeRomStartPara", " 12", " "},
 });
 
 TEST_F(Settings, PresentEmptyAndUnreadable) {
@@ -63,13 +53,10 @@ TEST_F(Settings, PresentEmptyAndUnreadable) {
 }
 
 TEST_F(Settings, AFailureInATreatmentIsLoggedWithItsNumber) {
-    services().codePage = nullptr;
-    class Broken : public CodePage {
+    struct Broken : Cp932 {
         std::string encode(const std::string& text) const override {
             return text == "C:\\BIN" ? throw RunTimeError(Failure::OutOfMemory) : text;
         }
-        std::string decode(const std::string& bytes) const override { return bytes; }
-        bool holds(char32_t) const override { return true; }
     } broken;
     services().codePage = &broken;
     set("PATH", "BIN", "C:\\BIN");
@@ -79,14 +66,10 @@ TEST_F(Settings, AFailureInATreatmentIsLoggedWithItsNumber) {
 }
 
 TEST_F(Settings, RetriesCountTheFirstAttempt) {
-    struct Case {
-        const char* set;
-        const char* count;
-    };
-    for (const Case& row : {Case{"abc", "4"}, Case{"", "4"}, Case{"0", "1"}, Case{"2", "3"}, Case{"-1", "0"},
-                            Case{" 5 ", "6"}, Case{"99999", "100000"}}) {
-        set("NET", "RETRY", row.set);
-        EXPECT_EQ(com().ORV_RetryCount(), row.count) << row.set;
+    for (const auto& [retries, count] : std::map<std::string, std::string>{
+             {"abc", "4"}, {"", "4"}, {"0", "1"}, {"2", "3"}, {"-1", "0"}, {" 5 ", "6"}, {"99999", "100000"}}) {
+        set("NET", "RETRY", retries);
+        EXPECT_EQ(com().ORV_RetryCount(), count) << retries;
     }
 }
 
@@ -115,32 +98,30 @@ TEST_F(Settings, LeafletFoldersGoByTheKindOfProperty) {
     for (const char* key : {"ChintaiDir", "TenantoDir", "TochiDir", "MansionDir", "KodateDir"}) {
         set("VIMBL", key, key);
     }
-    struct Case {
-        const char* code;
-        const char* folder;
-    };
-    for (const Case& row : {Case{"RH", "ChintaiDir\\"}, Case{"RHX", "ChintaiDir\\"}, Case{"RJ", "TenantoDir\\"},
-                            Case{"SL1", "TochiDir\\"}, Case{"SHM", "MansionDir\\"}, Case{"SHW ", "MansionDir\\"},
-                            Case{"SHR", "KodateDir\\"}, Case{"SHT", "KodateDir\\"}, Case{"SHX", ""}, Case{"SH", ""},
-                            Case{"SHMM", ""}, Case{"rh", ""}, Case{"", ""}, Case{"R", ""}}) {
-        EXPECT_EQ(com().VimblChirasiDir(row.code), std::string("C:\\CH\\") + row.folder) << row.code;
+    for (const auto& [code, folder] : std::map<std::string, std::string>{{"RH", "ChintaiDir\\"},
+                                                                         {"RHX", "ChintaiDir\\"},
+                                                                         {"RJ", "TenantoDir\\"},
+                                                                         {"SL1", "TochiDir\\"},
+                                                                         {"SHM", "MansionDir\\"},
+                                                                         {"SHW ", "MansionDir\\"},
+                                                                         {"SHR", "KodateDir\\"},
+                                                                         {"SHT", "KodateDir\\"},
+                                                                         {"SH", ""},
+                                                                         {"SHMM", ""},
+                                                                         {"rh", ""},
+                                                                         {"", ""}}) {
+        EXPECT_EQ(com().VimblChirasiDir(code), "C:\\CH\\" + folder) << code;
     }
 }
 
-TEST_F(Settings, VimblProgramsStandInTheirFolder) {
+TEST_F(Settings, WhatIsComposed) {
     set("VIMBL", "VimblDir", "C:\\V");
     set("VIMBL", "MenuExeFile", "menu.exe");
     EXPECT_EQ(com().VimblMnuExe(), "C:\\V\\menu.exe");
     EXPECT_EQ(com().VimblMkRmExe(), "C:\\V\\");
-}
-
-TEST_F(Settings, WhatACallerIsStartedWith) {
     set("UTILTY", "USER_STARTPARA", "menu.exe COS");
     EXPECT_EQ(com().ORV_STARTPARA("USER_"), "menu.exe COS");
     EXPECT_EQ(com().ORV_STARTPARA(""), "");
-}
-
-TEST_F(Settings, OneVersionIsTrimmedTheOtherAsRead) {
     set("VERSION", "MINOR", "4.6 ");
     EXPECT_EQ(com().IniMinorVer(), "4.6");
     EXPECT_EQ(com().MinorVer(), "4.6 ");

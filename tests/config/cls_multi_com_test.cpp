@@ -55,21 +55,5 @@ TEST_F(ClsMultiCom, TheUploadUrlEndsInOneSlash) {
     EXPECT_TRUE(kImageUploadUrl.ends_with("/rereceive46/davroot/"));
 }
 
-TEST_F(ClsMultiCom, ItsPrograms) {
-    set("PATH", "BIN", "C:\\X\\BIN");
-    struct Case {
-        Property property;
-        const char* file;
-    };
-    for (const Case& row : {Case{&cls_Multi_Com::BinBuildingSearchExe, "KELT_BS_RH.EXE"},
-                            Case{&cls_Multi_Com::BinContentsExe, "KELT_CONTENTS.EXE"},
-                            Case{&cls_Multi_Com::BinAdvantageInfoExe, "KELT_ADVANTAGEINFO.EXE"},
-                            Case{&cls_Multi_Com::BinSendEnvExe, "KELT_SENDENV.EXE"},
-                            Case{&cls_Multi_Com::BinTimeSendExe, "KELT_TIMESEND.EXE"},
-                            Case{&cls_Multi_Com::BinDataImportExe, "Kelt_DataImport.exe"}}) {
-        EXPECT_EQ((multiCom().*row.property)(), std::string("C:\\X\\BIN\\") + row.file);
-    }
-}
-
 }  // namespace
 }  // namespace orv

@@ -21,7 +21,7 @@ constexpr auto kFolders = std::to_array<FolderRow>({
     {&cls_Com::TmpFolder, "TMP"},         {&cls_Com::InfFolder, "INF"},
 });
 
-/// A property that is a file name behind the folder of `key`.
+/// A property that is a file name behind the folder of `key`: those that this system opens or starts.
 struct FileRow {
     Property property;
     const char* key;
@@ -29,59 +29,17 @@ struct FileRow {
 };
 
 constexpr auto kFiles = std::to_array<FileRow>({
-    {&cls_Com::BinInfoExe, "BIN", "KELT_INFO.EXE"},
-    {&cls_Com::BinDataConvert, "BIN", "KeltDataConvert.exe"},
-    {&cls_Com::BinDataConvert2, "BIN", "KeltDataConvert2.exe"},
     {&cls_Com::BinAddExe, "BIN", "KELT_ADD.EXE"},
     {&cls_Com::BinLineExe, "BIN", "KELT_LINE.EXE"},
     {&cls_Com::BinMenuExe, "BIN", "KELT_MENU.EXE"},
-    {&cls_Com::BinOwnerExe, "BIN", "KELT_OWNER.EXE"},
-    {&cls_Com::BinPaccorExe, "BIN", "KELT_PACCOR.EXE"},
-    {&cls_Com::BinPacdisExe, "BIN", "KELT_PACDIS.EXE"},
-    {&cls_Com::BinRhExe, "BIN", "KELT_RH.EXE"},
-    {&cls_Com::BinRhprtdExe, "BIN", "KELT_RHPRT.EXE"},
-    {&cls_Com::BinRjExe, "BIN", "KELT_RJ.EXE"},
-    {&cls_Com::BinRjprtExe, "BIN", "KELT_RJPRT.EXE"},
-    {&cls_Com::BinRlExe, "BIN", "KELT_RL.EXE"},
-    {&cls_Com::BinRpExe, "BIN", "KELT_RP.EXE"},
-    {&cls_Com::BinShExe, "BIN", "KELT_SH.EXE"},
-    {&cls_Com::BinShprtdExe, "BIN", "KELT_SHPRT.EXE"},
-    {&cls_Com::BinSlExe, "BIN", "KELT_SL.EXE"},
-    {&cls_Com::BinSlprtExe, "BIN", "KELT_SLPRT.EXE"},
-    {&cls_Com::BinSsExe, "BIN", "KELT_SS.EXE"},
-    {&cls_Com::BinViewExe, "BIN", "KELT_VIEW.EXE"},
-    {&cls_Com::BinSsprtExe, "BIN", "KELT_SSPRT.EXE"},
-    {&cls_Com::BinStartExe, "BIN", "KELT_START.EXE"},
-    {&cls_Com::BinUserExe, "BIN", "KELT_USER.EXE"},
-    {&cls_Com::BinUtilyExe, "BIN", "KELT_UTILY.EXE"},
-    {&cls_Com::BinSndExe, "BIN", "KELT_SND.EXE"},
-    {&cls_Com::BinAllSndExe, "BIN", "KELT_ALLSND.EXE"},
-    {&cls_Com::BinBkupExe, "BIN", "KELTBACKUP.EXE"},
-    {&cls_Com::BinDownloadExe, "BIN", "KELTDOWNLOAD.EXE"},
-    {&cls_Com::BinBase64Exe, "BIN", "Base64.EXE"},
-    {&cls_Com::BinSaftyPriceExe, "BIN", "KELT_SAFTYPRICE.exe"},
-    {&cls_Com::BkupFile, "BKUP", "ZTBKUP.LZH"},
     {&cls_Com::HlpFile, "HLP", "help.hlp"},
-    {&cls_Com::MdbOrvDB, "MDB", "Orv.MDB"},
     {&cls_Com::MdbOrvEstateDB, "MDB", "ORVESTATE.MDB"},
-    {&cls_Com::MdbOrvReplaceDB, "MDB", "ORVREPLACE.MDB"},
-    {&cls_Com::MdbAddressDB, "MDB", "ADDRESS.MDB"},
-    {&cls_Com::MdbRailDB, "MDB", "RAIL.MDB"},
-    {&cls_Com::SysBknoIni, "SYS", "BKNO.INI"},
-    {&cls_Com::SysContCsv, "SYS", "CONT.CSV"},
     {&cls_Com::TmpWorkImgFile, "TMP", "WorkImg"},
-    {&cls_Com::TmpWorkImodeImgFile, "TMP", "WorkImg_i"},
-    {&cls_Com::TmpImodeFile, "TMP", "TmpImg_i"},
-    {&cls_Com::TmpWorkRom, "TMP", "WorkRom.rom"},
-    {&cls_Com::TmpRom, "TMP", "TmpRom.rom"},
     {&cls_Com::LogErrFile, "LOGERR", "260504_err.log"},
     {&cls_Com::LogSndFile, "LOGSND", "260504_snd.log"},
     {&cls_Com::LogRcvFile, "LOGRCV", "260504_rcv.log"},
     {&cls_Com::LogDwlFile, "LOGDWL", "260504_dwl.log"},
     {&cls_Com::LogRasFile, "LOGRAS", "ras.log"},
-    {&cls_Com::InfFile, "INF", "Information.html"},
-    {&cls_Com::AdvFile, "INF", "Advertisement.html"},
-    {&cls_Com::HisFile, "INF", "History.html"},
 });
 
 TEST_F(InstallLayout, AFolderEndsInOneBackslash) {
@@ -96,18 +54,6 @@ TEST_F(InstallLayout, AFolderEndsInOneBackslash) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(InstallLayout, AFolderThatCannotBeReadIsEmptyAndLogged) {
-    std::string expected;
-    for (const FolderRow& row : kFolders) {
-        profiles.refuse("PATH", row.key, Failure::DeviceIo);
-        EXPECT_EQ((com().*row.property)(), "") << row.key;
-        expected += record("0", "");
-    }
-    EXPECT_EQ(log(), expected);
-    EXPECT_EQ(gErrCode, "57");
-    EXPECT_TRUE(gErrMsg.starts_with("[ PF_GetProFile ] ")) << gErrMsg;
-}
-
 TEST_F(InstallLayout, AFileStandsBehindItsFolder) {
     for (const FileRow& row : kFiles) {
         set("PATH", row.key, std::string("C:\\X\\") + row.key);
@@ -118,12 +64,6 @@ TEST_F(InstallLayout, AFileStandsBehindItsFolder) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(InstallLayout, AFileOfAFolderThatCannotBeReadIsABareNameLoggedOnce) {
-    profiles.refuse("PATH", "MDB", Failure::DeviceIo);
-    EXPECT_EQ(com().MdbOrvEstateDB(), "ORVESTATE.MDB");
-    EXPECT_EQ(log(), record("0", ""));
-}
-
 TEST_F(InstallLayout, PictureSlotsCountFromZeroAndFilesFromOne) {
     EXPECT_EQ(com().ImgNoFolder(0), "1\\");
     EXPECT_EQ(com().TmpNoTmpFile(0), "TmpImg_1");
@@ -132,14 +72,6 @@ TEST_F(InstallLayout, PictureSlotsCountFromZeroAndFilesFromOne) {
     EXPECT_EQ(com().ImgNoFolder(0), "C:\\X\\IMG\\1\\");
     EXPECT_EQ(com().ImgNoFolder(1), "C:\\X\\IMG\\2\\");
     EXPECT_EQ(com().TmpNoTmpFile(1), "C:\\X\\TMP\\TmpImg_2");
-}
-
-TEST_F(InstallLayout, ALogStartsAfreshEachDay) {
-    set("PATH", "LOGERR", "C:\\LOG");
-    clock.moment = {.year = 2009, .month = 12, .day = 31, .hour = 23, .minute = 59, .second = 59};
-    EXPECT_EQ(com().LogErrFile(), "C:\\LOG\\091231_err.log");
-    clock.moment = {.year = 2010, .month = 1, .day = 1};
-    EXPECT_EQ(com().LogErrFile(), "C:\\LOG\\100101_err.log");
 }
 
 TEST_F(InstallLayout, TheMessageTableLiesBesideTheProgram) {

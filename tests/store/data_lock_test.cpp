@@ -112,12 +112,9 @@ TEST_F(Lock, WithoutAComputerNameNoStatementRuns) {
     EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber));
     EXPECT_EQ(gErrMsg, "[ PF_DataUnlock ] ") << "it unlocks first";
     EXPECT_EQ(store.statements, std::vector<std::string>{});
-}
-
-TEST_F(Lock, TheBufferOfTheNameEndsInNuls) {
     facts.computerName = std::string("DESK09\0\0\0", 9);
     EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
-    EXPECT_EQ(one("select LOCAL_INFO from TBL_LOCK where USER_ID = 'U'"), "DESK09");
+    EXPECT_EQ(one("select LOCAL_INFO from TBL_LOCK where USER_ID = 'U'"), "DESK09") << "the buffer ends in NULs";
 }
 
 TEST_F(Lock, FailuresBearTheRoutinesName) {

@@ -9,15 +9,15 @@
 #include <vector>
 
 #include "platform/forms/form.h"
-#include "platform/machine/window_system.h"
 #include "platform/run_time_error.h"
+#include "support/no_windows.h"
 
 namespace orv {
 
 /// Shows nothing. The test says beforehand what the operator answers to each question and does in each modal form.
 /// A question or a modal form that the test has not foreseen fails it, and so does an answer that nobody asked for and
 /// a modal form that its script leaves open.
-class ScriptedWindows : public WindowSystem {
+class ScriptedWindows : public NoWindows {
 public:
     /// What the operator does in a modal form; the form must be unloaded at the end.
     using Script = std::function<void(Form&)>;

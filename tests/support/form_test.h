@@ -5,6 +5,7 @@
 #include "adapters/text/cp932.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
+#include "support/failure_of.h"
 #include "support/fake_windows.h"
 
 namespace orv {
@@ -26,16 +27,5 @@ protected:
 private:
     Cp932 codePage_;
 };
-
-/// The number of the run-time failure that `body` ends in, 0 when it ends well.
-template <class Body>
-int failureOf(const Body& body) {
-    try {
-        body();
-    } catch (const RunTimeError& failure) {
-        return failure.number();
-    }
-    return 0;
-}
 
 }  // namespace orv

@@ -1,5 +1,7 @@
 #include "transmission/file_names.h"
 
+#include <map>
+
 #include "support/settings_test.h"
 
 namespace orv {
@@ -8,13 +10,14 @@ namespace {
 using FileNames = SettingsTest;
 
 TEST_F(FileNames, OnePairOfQuotesGoes) {
-    struct Case {
-        const char* text;
-        const char* name;
-    };
-    for (const Case& row : {Case{"ab", "ab"}, Case{" \"a b\" ", "a b"}, Case{"\"\"", ""}, Case{"\"\"a\"\"", "\"a\""},
-                            Case{"\"ab", "\"ab"}, Case{"ab\"", "ab\""}, Case{"写真", "写真"}}) {
-        EXPECT_EQ(PF_StripQuotes(row.text), row.name);
+    for (const auto& [text, name] : std::map<std::string, std::string>{{"ab", "ab"},
+                                                                       {" \"a b\" ", "a b"},
+                                                                       {"\"\"", ""},
+                                                                       {"\"\"a\"\"", "\"a\""},
+                                                                       {"\"ab", "\"ab"},
+                                                                       {"ab\"", "ab\""},
+                                                                       {"写真", "写真"}}) {
+        EXPECT_EQ(PF_StripQuotes(text), name);
     }
     for (const char* text : {"", "  ", "a", "\"", " 写 "}) {
         EXPECT_THROW(PF_StripQuotes(text), RunTimeError) << text;
@@ -22,14 +25,14 @@ TEST_F(FileNames, OnePairOfQuotesGoes) {
 }
 
 TEST_F(FileNames, TheBaseNameIsBehindTheLastSeparator) {
-    struct Case {
-        const char* path;
-        const char* name;
-    };
-    for (const Case& row :
-         {Case{"C:\\X\\1\\a.jpg", "a.jpg"}, Case{"C:a.jpg", "a.jpg"}, Case{"a.jpg", "a.jpg"}, Case{"", ""},
-          Case{"C:\\X\\", ""}, Case{"X\\b:c", "c"}, Case{"a/b", "a/b"}, Case{"C:\\表\\能.jpg", "能.jpg"}}) {
-        EXPECT_EQ(PF_BaseName(row.path), row.name);
+    for (const auto& [path, name] : std::map<std::string, std::string>{{"C:\\X\\1\\a.jpg", "a.jpg"},
+                                                                       {"C:a.jpg", "a.jpg"},
+                                                                       {"a.jpg", "a.jpg"},
+                                                                       {"C:\\X\\", ""},
+                                                                       {"X\\b:c", "c"},
+                                                                       {"a/b", "a/b"},
+                                                                       {"C:\\表\\能.jpg", "能.jpg"}}) {
+        EXPECT_EQ(PF_BaseName(path), name);
     }
 }
 

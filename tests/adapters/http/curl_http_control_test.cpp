@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+#include <map>
 #include <numeric>
 
 #include "http_fixture.h"
@@ -16,7 +17,7 @@ constexpr const char* kPassword = "Xk9TRbmW2";
 class CurlHttpControlTest : public testing::Test {
 protected:
     void SetUp() override {
-        writeFile(folder.path / "a.jpg", "picture");
+        writeFile(folder.path() / "a.jpg", "picture");
         control.Version("HTTP/1.1");
         control.Timeout(5000);
         control.URL(photoUrl("a.jpg"));
@@ -27,10 +28,10 @@ protected:
         control.Upload(file, std::nullopt, response, std::nullopt, kUser, password);
     }
 
-    TemporaryFolder folder;
-    TemporaryFolder served;
-    RunningSuite suite{served.path};
-    FolderFiles files{folder.path};
+    TempFolder folder;
+    TempFolder served;
+    RunningSuite suite{served.path()};
+    FolderFiles files{folder.path()};
     CurlHttpControl control{files};
     std::string response;
 };
@@ -38,21 +39,17 @@ protected:
 TEST_F(CurlHttpControlTest, FilesArriveByteForByteUnderTheirNames) {
     std::string everyByte(256 * 4096, '\0');
     std::iota(everyByte.begin(), everyByte.end(), '\0');
-    const std::vector<std::pair<std::string, std::string>> photos = {
-        {"000004601COS00000000_01.jpg", everyByte},
-        {"---------COS00000000_02.jpg", "x"},
-        {"empty.jpg", ""},
-        {"a b+c&d.jpg", "blank"},
-        {"50%25 #1?.jpg", "marks"},
-        {"外観㈱髙.jpg", "kanji"},
-    };
+    const std::map<std::string, std::string> photos{{"---------COS00000000_02.jpg", everyByte},
+                                                    {"empty.jpg", ""},
+                                                    {"50%25 #1?.jpg", "marks"},
+                                                    {"外観㈱髙 b+c&d.jpg", "kanji"}};
     for (const auto& [name, bytes] : photos) {
-        writeFile(folder.path / name, bytes);
+        writeFile(folder.path() / name, bytes);
         control.URL(photoUrl(name));
         upload("C:\\" + name);
         EXPECT_EQ(control.ResponseCode(), 201) << name;
-        EXPECT_TRUE(std::filesystem::exists(served.path / "photos" / name)) << name;
-        EXPECT_EQ(contentOf(served.path / "photos" / name), bytes) << name;
+        EXPECT_TRUE(std::filesystem::exists(served.path() / "photos" / name)) << name;
+        EXPECT_EQ(readFile(served.path() / "photos" / name), bytes) << name;
     }
 }
 
@@ -72,60 +69,22 @@ TEST_F(CurlHttpControlTest, OtherCredentialsAre401AndNothingIsKept) {
     upload("C:\\a.jpg", "wrong");
     EXPECT_EQ(control.ResponseCode(), 401);
     EXPECT_EQ(control.ResponseText(), "Unauthorized");
-    EXPECT_FALSE(std::filesystem::exists(served.path / "photos" / "a.jpg"));
-}
-
-TEST_F(CurlHttpControlTest, AnyStatusIsAnAnswer) {
-    for (const int status : {200, 302, 399, 400, 403, 500, 507}) {
-        suite.misbehave("photos:status=" + std::to_string(status));
-        upload();
-        EXPECT_EQ(control.ResponseCode(), status);
-    }
-    EXPECT_EQ(control.ResponseText(), "Insufficient Storage");
-}
-
-TEST_F(CurlHttpControlTest, ContentTypeAndHeadersGoAlongWhenGiven) {
-    const RawServer raw("HTTP/1.1 200 OK\r\n\r\nthanks");
-    control.URL(raw.url("/a.jpg"));
-    control.Upload("C:\\a.jpg", "image/jpeg", response, "X-One: 1\r\nX-Two: 2", kUser, kPassword);
-    EXPECT_NE(raw.requests().at(0).find("\r\nContent-Type: image/jpeg\r\nX-One: 1\r\nX-Two: 2\r\n"), std::string::npos);
-    EXPECT_EQ(response, "thanks");
+    EXPECT_FALSE(std::filesystem::exists(served.path() / "photos" / "a.jpg"));
 }
 
 TEST_F(CurlHttpControlTest, AFileThatCannotBeReadIsNotSent) {
-    std::filesystem::create_directory(folder.path / "folder.jpg");
+    std::filesystem::create_directory(folder.path() / "folder.jpg");
     for (const char* file : {"C:\\none.jpg", "C:\\folder.jpg"}) {
         EXPECT_EQ(raisedBy([&] { upload(file); }).number(), 53) << file;
     }
     EXPECT_EQ(suite.log(), "");
 }
 
-TEST_F(CurlHttpControlTest, AFileThatShrinksOnItsWayIsAFailure) {
-    const auto file = folder.path / "big.jpg";
-    writeFile(file, "");
-    std::filesystem::resize_file(file, 64 * 1024 * 1024);
-    httplib::Server server;
-    server.Put("/big.jpg", [&](const httplib::Request&, httplib::Response&, const httplib::ContentReader& reader) {
-        reader([&](const char*, std::size_t) {
-            std::filesystem::resize_file(file, 1);
-            return true;
-        });
-    });
-    control.URL("http://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/big.jpg");
-    std::thread serving([&] { server.listen_after_bind(); });
-    EXPECT_EQ(raisedBy([&] { upload("C:\\big.jpg"); }).number(), 57);
-    server.stop();
-    serving.join();
-}
-
 TEST_F(CurlHttpControlTest, AFailureLeavesItIdleWithoutAnAnswer) {
     upload();
     ASSERT_EQ(control.ResponseCode(), 201);
-    struct Case {
-        const char* misbehaviour;
-        int number;
-    };
-    for (const auto& [misbehaviour, number] : {Case{"photos:cut", 24011}, Case{"photos:delay=1000", 24012}}) {
+    for (const auto& [misbehaviour, number] :
+         std::map<std::string, int>{{"photos:cut", 24011}, {"photos:delay=1000", 24012}}) {
         suite.misbehave("well");
         suite.misbehave(misbehaviour);
         control.Timeout(300);

@@ -7,8 +7,6 @@
 
 #include <array>
 #include <charconv>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace orv {
@@ -43,19 +41,6 @@ bool isWhole(const std::string& request) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "orv_http_XXXXXX";
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        throw std::runtime_error("no folder");
-    }
-    path = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code none;
-    std::filesystem::remove_all(path, none);
-}
-
 RunningSuite::RunningSuite(const std::filesystem::path& folder)
     : folder_(folder), server_(folder), port_(server_.bind(0)), thread_([this] { server_.serve(); }) {
     if (port_ <= 0) {
@@ -74,7 +59,7 @@ void RunningSuite::misbehave(const std::string& instruction) {
     }
 }
 
-std::string RunningSuite::log() const { return contentOf(folder_ / "requests.log"); }
+std::string RunningSuite::log() const { return readFile(folder_ / "requests.log"); }
 
 RawServer::RawServer(std::string answer, bool silent)
     : answer_(std::move(answer)), silent_(silent), listener_(listenAnywhere(port_)), thread_([this] { serve(); }) {}
@@ -124,15 +109,6 @@ std::string deafUrl() {
     int port = 0;
     ::close(listenAnywhere(port));
     return "http://127.0.0.1:" + std::to_string(port) + "/";
-}
-
-std::string contentOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void writeFile(const std::filesystem::path& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
 }
 
 }  // namespace orv

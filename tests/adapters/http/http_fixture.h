@@ -7,22 +7,12 @@
 #include <thread>
 #include <vector>
 
-#include "platform/machine/file_system.h"
 #include "platform/run_time_error.h"
 #include "suite_server.h"
+#include "support/native_paths.h"
+#include "support/temp_folder.h"
 
 namespace orv {
-
-/// A folder that goes with the test.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    std::filesystem::path path;
-};
 
 /// The suite's server on a port of its own, in a thread of the test.
 class RunningSuite {
@@ -72,27 +62,14 @@ private:
 std::string deafUrl();
 
 /// The files of one folder, as C:\NAME.
-class FolderFiles : public FileSystem {
+class FolderFiles : public NativePaths {
 public:
     explicit FolderFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
     std::string nativePath(const std::string& path) const override { return folder_ / path.substr(3); }
 
-    bool exists(const std::string&) const override { throw RunTimeError(Failure::Internal); }
-    std::uint64_t sizeOf(const std::string&) const override { throw RunTimeError(Failure::Internal); }
-    bool canOpen(const std::string&) const override { throw RunTimeError(Failure::Internal); }
-    void copy(const std::string&, const std::string&) override { throw RunTimeError(Failure::Internal); }
-    void remove(const std::string&) override { throw RunTimeError(Failure::Internal); }
-    void rename(const std::string&, const std::string&) override { throw RunTimeError(Failure::Internal); }
-    void append(const std::string&, const std::string&) override { throw RunTimeError(Failure::Internal); }
-    std::string read(const std::string&, std::size_t) const override { throw RunTimeError(Failure::Internal); }
-    std::string programFolder() const override { throw RunTimeError(Failure::Internal); }
-
 private:
     std::filesystem::path folder_;
 };
-
-std::string contentOf(const std::filesystem::path& file);
-void writeFile(const std::filesystem::path& file, const std::string& bytes);
 
 /// What `act` raises; number 0 where it raises nothing.
 template <typename Act>

@@ -1,13 +1,10 @@
 #include "adapters/pictures/made_pictures.h"
 
-#include <unistd.h>
-
 #include <QBuffer>
 #include <QImage>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <fstream>
 #include <stdexcept>
 
 namespace orv::test {
@@ -159,19 +156,22 @@ ByteVector madeRunLengthBmp(int width, int height) {
     put(runs, 0x0100, 2);
     constexpr std::size_t kStart = 14 + 40 + 4 * 4;
     ByteVector bmp{'B', 'M'};
-    put(bmp, kStart + runs.size(), 4);
-    put(bmp, 0, 4);
-    put(bmp, kStart, 4);
-    put(bmp, 40, 4);
-    put(bmp, static_cast<std::size_t>(width), 4);
-    put(bmp, static_cast<std::size_t>(height), 4);
-    put(bmp, 1, 2);
-    put(bmp, 8, 2);
-    put(bmp, 1, 4);
-    put(bmp, runs.size(), 4);
-    put(bmp, 0, 8);
-    put(bmp, 4, 4);
-    put(bmp, 0, 4);
+    const std::pair<std::size_t, int> header[] = {{kStart + runs.size(), 4},
+                                                  {0, 4},
+                                                  {kStart, 4},
+                                                  {40, 4},
+                                                  {static_cast<std::size_t>(width), 4},
+                                                  {static_cast<std::size_t>(height), 4},
+                                                  {1, 2},
+                                                  {8, 2},
+                                                  {1, 4},
+                                                  {runs.size(), 4},
+                                                  {0, 8},
+                                                  {4, 4},
+                                                  {0, 4}};
+    for (const auto& [number, length] : header) {
+        put(bmp, number, length);
+    }
     for (const std::uint32_t colour : kQuarters) {
         put(bmp, colour & 0xFFFFFF, 4);
     }
@@ -194,25 +194,6 @@ ByteVector withJpegSize(ByteVector jpeg, int width, int height) {
     jpeg.at(at + 2) = static_cast<std::uint8_t>(width >> 8);
     jpeg.at(at + 3) = static_cast<std::uint8_t>(width);
     return jpeg;
-}
-
-PictureFolder::PictureFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "pictures-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error(name);
-    }
-    folder_ = name;
-}
-
-PictureFolder::~PictureFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-}
-
-std::string PictureFolder::keep(const std::string& name, const ByteVector& bytes) const {
-    std::ofstream(folder_ / name, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return pathOf(name);
 }
 
 }  // namespace orv::test

@@ -6,12 +6,12 @@
 #include <jpeglib.h>
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <vector>
 
-#include "platform/machine/file_system.h"
 #include "platform/machine/picture_library.h"
+#include "support/native_paths.h"
+#include "support/temp_folder.h"
 
 namespace orv::test {
 
@@ -48,29 +48,17 @@ std::size_t frameHeader(const ByteVector& jpeg);
 /// The same file with another size in its frame header.
 ByteVector withJpegSize(ByteVector jpeg, int width, int height);
 
-/// A temporary folder whose paths are the machine's own. Nothing but the translation of paths is asked of it.
-class PictureFolder : public FileSystem {
+/// A folder whose paths are the machine's own.
+class PictureFolder : public NativePaths {
 public:
-    PictureFolder();
-    ~PictureFolder() override;
-
-    std::string pathOf(const std::string& name) const { return (folder_ / name).string(); }
+    std::string pathOf(const std::string& name) const { return folder_.file(name); }
     /// Writes the file and gives its path.
-    std::string keep(const std::string& name, const ByteVector& bytes) const;
-
-    std::string nativePath(const std::string& path) const override { return path; }
-    bool exists(const std::string&) const override { return false; }
-    std::uint64_t sizeOf(const std::string&) const override { return 0; }
-    bool canOpen(const std::string&) const override { return false; }
-    void copy(const std::string&, const std::string&) override {}
-    void remove(const std::string&) override {}
-    void rename(const std::string&, const std::string&) override {}
-    void append(const std::string&, const std::string&) override {}
-    std::string read(const std::string&, std::size_t) const override { return {}; }
-    std::string programFolder() const override { return {}; }
+    std::string keep(const std::string& name, const ByteVector& bytes) const {
+        return folder_.write(name, {bytes.begin(), bytes.end()});
+    }
 
 private:
-    std::filesystem::path folder_;
+    TempFolder folder_;
 };
 
 }  // namespace orv::test

@@ -1,66 +1,26 @@
 #pragma once
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
 
 #include "adapters/posix/install_paths.h"
-#include "platform/run_time_error.h"
+#include "support/failure_of.h"
+#include "support/temp_folder.h"
 
 namespace orv {
 
-/// A folder of its own for each test, with the drives of an office in it. It goes with the test.
-class TempOffice {
+/// A folder with the drives of an office in it.
+class TempOffice : public TempFolder {
 public:
-    TempOffice() {
-        ::chmod(root_.c_str(), 0755);
-        std::filesystem::create_directories(root_ + "/C/ORV/BIN");
-    }
-    TempOffice(const TempOffice&) = delete;
-    TempOffice& operator=(const TempOffice&) = delete;
-    ~TempOffice() {
-        std::error_code ignored;
-        std::filesystem::remove_all(root_, ignored);
-    }
+    TempOffice() { std::filesystem::create_directories(file("C/ORV/BIN")); }
 
-    const std::string& root() const { return root_; }
+    std::string root() const { return path().string(); }
     const InstallPaths& paths() const { return paths_; }
 
-    /// `place` is below the root. Makes the folders on the way.
-    std::string write(const std::string& place, const std::string& bytes) const {
-        const std::filesystem::path path = root_ + "/" + place;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path.string();
-    }
-    std::string bytesOf(const std::string& place) const {
-        std::ifstream file(root_ + "/" + place, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    bool has(const std::string& place) const { return std::filesystem::exists(root_ + "/" + place); }
-    /// How many names a folder holds, hidden ones too.
-    std::ptrdiff_t countIn(const std::string& place) const {
-        return std::distance(std::filesystem::directory_iterator(root_ + "/" + place), {});
-    }
-
 private:
-    static std::string freshFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "orv-posix-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) {
-            std::abort();
-        }
-        return name;
-    }
-
-    std::string root_ = freshFolder();
-    InstallPaths paths_{root_, root_ + "/C/ORV/BIN"};
+    InstallPaths paths_{root(), root() + "/C/ORV/BIN"};
 };
 
 /// Nobody may change `folder` while it lives, not even the user who runs the tests, to whom all may be allowed.
@@ -104,16 +64,5 @@ private:
     rlimit before_{};
     void (*handler_)(int) = nullptr;
 };
-
-/// The number of the failure that `action` ends in; 0: none.
-template <typename Action>
-int failureOf(Action action) {
-    try {
-        action();
-        return 0;
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-}
 
 }  // namespace orv

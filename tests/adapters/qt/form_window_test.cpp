@@ -1,4 +1,5 @@
 #include <QWindow>
+#include <tuple>
 
 #include "adapters/qt/qt_test.h"
 
@@ -50,8 +51,7 @@ TEST_F(FormWindowTest, TheFocusIsOneOnBothSides) {
     EXPECT_EQ(page.activeControl(), &page.list);
     EXPECT_EQ(events, (std::vector<std::string>{"validate 12", "name", "validate 7"}));
     page.year.setFocus();
-    press(Qt::Key_S, Qt::AltModifier);
-    QTest::qWait(kPressing);
+    pressAccessKey(widgetOf(page.year));
     EXPECT_EQ(page.activeControl(), &page.save);
     EXPECT_EQ(events.back(), "validate 7");
     EXPECT_EQ(events.size(), 4U);
@@ -104,9 +104,8 @@ TEST_F(FormWindowTest, ADisabledFormTakesNothing) {
     page.setEnabled(false);
     QTest::mouseClick(windowOf(page), Qt::LeftButton, Qt::NoModifier, widgetOf(page.save)->geometry().center());
     QTest::keyClicks(windowOf(page), "abc");
-    QTest::keyClick(windowOf(page), Qt::Key_S, Qt::AltModifier);
     windowOf(page)->close();
-    QTest::qWait(kPressing);
+    pressAccessKey(windowOf(page));
     EXPECT_EQ(clicks, 0);
     EXPECT_EQ(page.open.text(), "");
     EXPECT_EQ(page.activeControl(), &page.open);
@@ -142,50 +141,18 @@ TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FormWindowTest, TheCloseBoxAsksTheForm) {
-    show(page);
-    bool keep = true;
-    std::vector<UnloadMode> modes;
-    page.onQueryUnload = [&](bool& kept, UnloadMode mode) {
-        modes.push_back(mode);
-        kept = keep;
-    };
-    windowOf(page)->close();
-    EXPECT_TRUE(page.loaded());
-    ASSERT_NE(windowOf(page), nullptr);
-    keep = false;
-    windowOf(page)->close();
-    EXPECT_FALSE(page.loaded());
-    EXPECT_EQ(windowOf(page), nullptr);
-    EXPECT_EQ(modes, (std::vector<UnloadMode>{UnloadMode::CloseBox, UnloadMode::CloseBox}));
-}
-
-TEST_F(FormWindowTest, LosingTheWindowIsToldOnce) {
-    SamplePage other("other");
-    show(page);
-    int lost = 0;
-    page.code.onLostFocus = [&] { ++lost; };
-    show(other);
-    EXPECT_EQ(lost, 1);
-}
-
 TEST_F(FormWindowTest, EveryScaleIsExact) {
-    struct Case {
-        const char* scale;
-        QSize window;
-        QRect second;
-        int font;
-    };
-    for (const Case& row :
-         {Case{"1", {400, 300}, {100, 22, 120, 20}, 12}, Case{"1.5", {600, 450}, {150, 33, 180, 30}, 18},
-          Case{"2", {800, 600}, {200, 44, 240, 40}, 24}}) {
-        SCOPED_TRACE(row.scale);
-        qputenv("ORV_SCALE", row.scale);
+    for (const auto& [scale, window, second, font] :
+         std::vector<std::tuple<const char*, QSize, QRect, int>>{{"1", {400, 300}, {100, 22, 120, 20}, 12},
+                                                                 {"1.5", {600, 450}, {150, 33, 180, 30}, 18},
+                                                                 {"2", {800, 600}, {200, 44, 240, 40}, 24}}) {
+        SCOPED_TRACE(scale);
+        qputenv("ORV_SCALE", scale);
         SamplePage scaled("scaled");
         show(scaled);
-        EXPECT_EQ(windowOf(scaled)->size(), row.window);
-        EXPECT_EQ(widgetOf(scaled.name)->geometry(), row.second);
-        EXPECT_EQ(widgetOf(scaled.name)->font().pixelSize(), row.font);
+        EXPECT_EQ(windowOf(scaled)->size(), window);
+        EXPECT_EQ(widgetOf(scaled.name)->geometry(), second);
+        EXPECT_EQ(widgetOf(scaled.name)->font().pixelSize(), font);
         forms.unload(scaled, UnloadMode::Code);
     }
 }

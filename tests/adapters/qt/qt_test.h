@@ -25,8 +25,11 @@
 
 namespace orv {
 
-/// A button pressed by its access key stays down for that long, in milliseconds.
-inline constexpr int kPressing = 150;
+inline void compose(QWidget& widget, const QString& preedit, const QString& commit = {}) {
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QApplication::sendEvent(&widget, &event);
+}
 
 /// A form with a control of each kind. It goes from the screen with its object.
 struct SamplePage : Form {
@@ -108,10 +111,10 @@ protected:
         return lineOf(control);
     }
 
-    static void compose(QWidget& widget, const QString& preedit, const QString& commit = {}) {
-        QInputMethodEvent event(preedit, {});
-        event.setCommitString(commit);
-        QApplication::sendEvent(&widget, &event);
+    /// The button's own key, pressed anywhere on the form; the button stays down for a while.
+    static void pressAccessKey(QWidget* anywhere) {
+        QTest::keyClick(anywhere, Qt::Key_S, Qt::AltModifier);
+        QTest::qWait(150);
     }
 
     /// Lets everything happen that is queued, deletions too.

@@ -3,6 +3,7 @@
 #include <QMimeData>
 #include <QUrl>
 #include <QWheelEvent>
+#include <tuple>
 
 #include "adapters/qt/qt_test.h"
 
@@ -138,11 +139,7 @@ TEST_F(ViewsTest, AButtonIsPressedOnceWhicheverWay) {
         {"blank", [&] { QTest::keyClick(button, Qt::Key_Space); }},
         {"enter", [&] { QTest::keyClick(button, Qt::Key_Return); }},
         {"keypad", [&] { QTest::keyClick(button, Qt::Key_Enter, Qt::KeypadModifier); }},
-        {"access key",
-         [&] {
-             QTest::keyClick(widgetOf(page.open), Qt::Key_S, Qt::AltModifier);
-             QTest::qWait(kPressing);
-         }},
+        {"access key", [&] { pressAccessKey(widgetOf(page.open)); }},
     };
     const auto pressed = [&](const auto& way) {
         const int before = clicks;
@@ -165,19 +162,17 @@ TEST_F(ViewsTest, AButtonIsPressedOnceWhicheverWay) {
 }
 
 TEST_F(ViewsTest, EveryControlCanBeFoundByNameAndHeard) {
-    struct Case {
-        Control& control;
-        const char* object;
-        const char* spoken;
-    };
-    for (const Case& row : {Case{page.code, "txt_Code", "番号"}, Case{page.open, "txt_Open", "何でも"},
-                            Case{page.year, "txt_Year", "年"}, Case{page.list, "cbo_List", "一覧"},
-                            Case{page.tick, "chk_Tick", "上記と同じ"}, Case{page.bare, "chk_Bare(0)", "加盟"},
-                            Case{page.save, "btm_Save", "保存"}, Case{page.panel, "lbl_Panel", "件数：12"}}) {
-        const QWidget* widget = widgetOf(row.control);
-        ASSERT_NE(widget, nullptr);
-        EXPECT_EQ(widget->objectName(), toQt(row.object));
-        EXPECT_EQ(widget->accessibleName(), toQt(row.spoken));
+    for (const auto& [control, object, spoken] :
+         std::vector<std::tuple<Control*, const char*, const char*>>{{&page.code, "txt_Code", "番号"},
+                                                                     {&page.open, "txt_Open", "何でも"},
+                                                                     {&page.year, "txt_Year", "年"},
+                                                                     {&page.list, "cbo_List", "一覧"},
+                                                                     {&page.tick, "chk_Tick", "上記と同じ"},
+                                                                     {&page.bare, "chk_Bare(0)", "加盟"},
+                                                                     {&page.save, "btm_Save", "保存"},
+                                                                     {&page.panel, "lbl_Panel", "件数：12"}}) {
+        EXPECT_EQ(widgetOf(*control)->objectName(), toQt(object));
+        EXPECT_EQ(widgetOf(*control)->accessibleName(), toQt(spoken));
     }
     page.panel.setCaption("13");
     EXPECT_EQ(widgetOf(page.panel)->accessibleName(), toQt("件数：13"));

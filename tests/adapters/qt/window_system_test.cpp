@@ -49,19 +49,6 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
     }
 }
 
-TEST_F(WindowSystemTest, TheButtonsOfANoticeStandInTheirOrder) {
-    meanwhile([](QWidget& box) {
-        int last = -1;
-        for (const char* name : {"notice_0", "notice_1", "notice_2"}) {
-            auto* button = box.findChild<QPushButton*>(name);
-            EXPECT_GT(button->x(), last);
-            last = button->x();
-        }
-        box.close();
-    });
-    EXPECT_EQ(windows.showNotice({.title = "", .text = "", .buttons = {"一", "二", "三"}}), 0U);
-}
-
 TEST_F(WindowSystemTest, TheHourglassYieldsToANotice) {
     windows.pointer(true);
     windows.pointer(true);
@@ -95,17 +82,6 @@ TEST_F(WindowSystemTest, AModalFormRunsUntilItIsUnloadedAndMayDieAtOnce) {
     }
     settle();
     EXPECT_TRUE(QTest::qWaitForWindowActive(windowOf(page)));
-}
-
-TEST_F(WindowSystemTest, AFormThatItsOwnLoadUnloadsIsNotShown) {
-    SamplePage page;
-    page.onLoad = [&] { forms.unload(page, UnloadMode::Code); };
-    place(page);
-    windows.open(page);
-    windows.close(page);
-    windows.show(page);
-    windows.runModal(page);
-    EXPECT_EQ(windowOf(page), nullptr);
 }
 
 TEST_F(WindowSystemTest, TheCloseBoxOfADisabledFormKeepsItAndTells) {
@@ -171,28 +147,6 @@ TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
     EXPECT_EQ(windowOf(page), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }));
     EXPECT_NE(windowOf(next), nullptr);
-}
-
-TEST_F(WindowSystemTest, AFormIsCentred) {
-    SamplePage page;
-    place(page);
-    forms.load(page);
-    windows.centre(page);
-    forms.show(page);
-    const QRect area = windowOf(page)->screen()->availableGeometry();
-    const QPoint off = windowOf(page)->frameGeometry().center() - area.center();
-    EXPECT_LE(std::abs(off.x()), 20);
-    EXPECT_LE(std::abs(off.y()), 30);
-}
-
-TEST_F(WindowSystemTest, ANoticeBeforeTheProgramRunsWaits) {
-    {
-        SamplePage page;
-        show(page);
-    }
-    settle();
-    meanwhile([](QWidget& box) { box.findChild<QPushButton*>("notice_1")->click(); });
-    EXPECT_EQ(windows.showNotice({.title = "題", .text = "文", .buttons = {"一", "二"}}), 1U);
 }
 
 TEST_F(WindowSystemTest, TheProgramEndsWithItsLastForm) {

@@ -1,12 +1,10 @@
 #include "adapters/sqlite/sqlite_db_service.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <array>
 
 #include "adapters/store_contract.h"
 #include "support/store_files.h"
@@ -21,8 +19,8 @@ constexpr auto kShortWait = 50ms;
 StoreUnderTest makeStore(std::shared_ptr<void>& keep) {
     auto folder = std::make_shared<TempFolder>();
     keep = folder;
-    makeSampleStore(folder->file("ORVESTATE.MDB"));
-    return {std::make_unique<SqliteDbService>(nativePaths(), kShortWait), folder->file("ORVESTATE.MDB")};
+    return {std::make_unique<SqliteDbService>(nativePaths(), kShortWait),
+            makeSampleStore(folder->file("ORVESTATE.MDB"))};
 }
 
 std::string withBytes(std::string file, std::size_t at, const std::string& bytes) {
@@ -49,57 +47,45 @@ protected:
 
 TEST_F(SqliteStore, WhatIsNoStoreIsRefusedByCauseAndLeftAlone) {
     const std::string good = readFile(path);
-    writeFile(folder.file("empty"), "");
-    writeFile(folder.file("one byte"), "S");
-    writeFile(folder.file("text"), "host=store.example.jp dbname=orv\n");
-    writeFile(folder.file("jet"), withBytes(std::string(4096, '\0'), 0, {"\0\1\0\0Standard Jet DB\0", 20}));
-    writeFile(folder.file("ace"), withBytes(std::string(4096, '\0'), 0, {"\0\1\0\0Standard ACE DB\0", 20}));
-    writeFile(folder.file("sign only"), good.substr(0, 16));
-    writeFile(folder.file("header only"), good.substr(0, 100));
-    writeFile(folder.file("cut"), good.substr(0, good.size() / 2));
-    writeFile(folder.file("bad header"), withBytes(good, 16, std::string(60, '\xFF')));
-    writeFile(folder.file("bad schema"), withBytes(good, 100, std::string(2000, '\xEE')));
+    const std::map<std::string, std::string> broken{
+        {"empty", ""},
+        {"text", "host=store.example.jp dbname=orv\n"},
+        {"jet", withBytes(std::string(4096, '\0'), 0, {"\0\1\0\0Standard Jet DB\0", 20})},
+        {"ace", withBytes(std::string(4096, '\0'), 0, {"\0\1\0\0Standard ACE DB\0", 20})},
+        {"sign only", good.substr(0, 16)},
+        {"cut", good.substr(0, good.size() / 2)},
+        {"bad header", withBytes(good, 16, std::string(60, '\xFF'))},
+        {"bad schema", withBytes(good, 100, std::string(2000, '\xEE'))},
+    };
+    for (const auto& [name, bytes] : broken) {
+        writeFile(folder.file(name), bytes);
+    }
     std::filesystem::create_directory(folder.file("folder"));
     ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
     std::filesystem::create_symlink(folder.file("nowhere"), folder.file("broken link"));
     const auto before = folder.contents();
-    struct Case {
-        std::string file, code, word;
-    };
-    for (const Case& row : {
-             Case{folder.file("missing"), "DBFILE01", "見つかりません"},
-             Case{folder.file("no folder/missing"), "DBFILE01", "見つかりません"},
-             Case{folder.file("broken link"), "DBFILE01", "見つかりません"},
-             Case{"", "DBFILE01", "見つかりません"},
-             Case{folder.file("folder"), "DBFILE02", "フォルダー"},
-             Case{folder.file("pipe"), "DBFILE03", "普通のファイルではありません"},
-             Case{folder.file("empty"), "DBFILE05", "空です"},
-             Case{folder.file("jet"), "DBFILE06", "以前の形式"},
-             Case{folder.file("ace"), "DBFILE06", "以前の形式"},
-             Case{folder.file("text"), "DBFILE07", "データベースではありません"},
-             Case{folder.file("one byte"), "DBFILE07", "データベースではありません"},
-             Case{folder.file("sign only"), "DB26", "壊れているか"},
-             Case{folder.file("header only"), "DB11", "壊れています"},
-             Case{folder.file("cut"), "DB11", "壊れています"},
-             Case{folder.file("bad header"), "DB26", "壊れているか"},
-             Case{folder.file("bad schema"), "DB11", "壊れています"},
-             Case{"bad name", "52", "ファイル名"},
-         }) {
-        EXPECT_FALSE(opens(row.file)) << row.file;
-        EXPECT_EQ(service.DbError().code, row.code) << row.file;
-        EXPECT_NE(service.DbError().text.find(row.word), std::string::npos) << row.file << service.DbError().text;
+    for (const auto& [name, code, word] : std::to_array<std::array<std::string, 3>>({
+             {"missing", "DBFILE01", "見つかりません"},
+             {"no folder/missing", "DBFILE01", "見つかりません"},
+             {"broken link", "DBFILE01", "見つかりません"},
+             {"folder", "DBFILE02", "フォルダー"},
+             {"pipe", "DBFILE03", "普通のファイルではありません"},
+             {"empty", "DBFILE05", "空です"},
+             {"jet", "DBFILE06", "以前の形式"},
+             {"ace", "DBFILE06", "以前の形式"},
+             {"text", "DBFILE07", "データベースではありません"},
+             {"sign only", "DB26", "壊れているか"},
+             {"cut", "DB11", "壊れています"},
+             {"bad header", "DB26", "壊れているか"},
+             {"bad schema", "DB11", "壊れています"},
+         })) {
+        EXPECT_FALSE(opens(folder.file(name))) << name;
+        EXPECT_EQ(service.DbError().code, code) << name;
+        EXPECT_NE(service.DbError().text.find(word), std::string::npos) << name << service.DbError().text;
     }
+    EXPECT_FALSE(opens("bad name"));
+    EXPECT_EQ(service.DbError().code, "52");
     EXPECT_TRUE(folder.contents() == before);
-}
-
-TEST_F(SqliteStore, ADamagedPageFailsTheSelectThatMeetsIt) {
-    const std::string good = readFile(path);
-    const std::string page = good.substr(good.find("あおぞら架空不動産㈱") / 4096 * 4096, 4096);
-    writeFile(path, withBytes(good, good.find(page), std::string(4096, '\xEE')));
-    Terminal terminal(service, path);
-    EXPECT_FALSE(terminal.select(companyJoin("000004601")));
-    EXPECT_EQ(service.DbError().code.substr(0, 4), "DB11");
-    EXPECT_EQ(terminal.rs, nullptr);
 }
 
 TEST_F(SqliteStore, OpeningReadingAndClosingAlterNothing) {
@@ -161,12 +147,6 @@ TEST_F(SqliteStore, StatementsChangeNoSettingsAndReachNoOtherFile) {
     EXPECT_EQ(service.DbError().code, "DBTRAN01");
 }
 
-TEST_F(SqliteStore, AChangeOfNoRowsCountsNone) {
-    Terminal terminal(service, path);
-    EXPECT_EQ(terminal.execute(lockInsert("000004601", "DESK-PC01")), 1);
-    EXPECT_EQ(terminal.execute("CREATE TABLE TBL_NEW (A TEXT)"), 0);
-}
-
 TEST_F(SqliteStore, AStoreThatAnotherHoldsIsWaitedForAndThenAFailure) {
     Terminal here(service, path);
     Terminal there(service, path);
@@ -180,16 +160,6 @@ TEST_F(SqliteStore, AStoreThatAnotherHoldsIsWaitedForAndThenAFailure) {
     EXPECT_TRUE(there.rollback());
     EXPECT_TRUE(here.rollback());
     EXPECT_TRUE(there.begin());
-}
-
-TEST_F(SqliteStore, AStoreThatIsLockedWholeDoesNotOpen) {
-    sqlite3* other = nullptr;
-    ASSERT_EQ(sqlite3_open(path.c_str(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-    EXPECT_FALSE(opens(path));
-    EXPECT_EQ(service.DbError().code, "DB5");
-    sqlite3_close(other);
-    EXPECT_TRUE(opens(path));
 }
 
 TEST_F(SqliteStore, AReaderDelaysACommitThatSucceedsLater) {
@@ -240,52 +210,6 @@ TEST_F(SqliteStore, WhatCanOnlyBeReadIsReadAndEachWriteRefused) {
     const OrdinaryUser user;
     EXPECT_FALSE(opens(path));
     EXPECT_EQ(service.DbError().code, "DBFILE04");
-}
-
-TEST_F(SqliteStore, AFileInWriteAheadModeIsUsedAndStaysSo) {
-    runSql(path, "PRAGMA journal_mode = WAL");
-    {
-        Terminal terminal(service, path);
-        ASSERT_TRUE(terminal.begin());
-        EXPECT_EQ(terminal.execute(lockInsert("000004601", "DESK-PC01")), 1);
-        EXPECT_TRUE(terminal.commit());
-    }
-    EXPECT_EQ(Terminal(service, path).one(lockSelect("000004601")), "DESK-PC01");
-    EXPECT_EQ(readFile(path)[18], 2) << "the header's mark of the mode";
-    EXPECT_EQ(folder.contents().size(), 1U) << "no file beside it is left";
-}
-
-/// Begins a transaction, changes more than the engine keeps in memory, so that half of it is in the file, and is
-/// killed.
-void writeAndDie(const std::string& path) {
-    SqliteDbService service(nativePaths());
-    Terminal terminal(service, path);
-    const bool begun = terminal.begin();
-    terminal.execute(nameUpdate("000004601", "000004601", "半端"));
-    for (int row = 0; begun && row < 2000; ++row) {
-        terminal.execute(lockInsert("000004601", std::string(2000, 'x')));
-    }
-    ::kill(::getpid(), SIGKILL);
-}
-
-TEST_F(SqliteStore, WhatAKilledWriterLeftIsPutBackByTheNextOpening) {
-    const std::size_t size = readFile(path).size();
-    const ::pid_t child = ::fork();
-    if (child == 0) {
-        writeAndDie(path);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFSIGNALED(status));
-    ASSERT_TRUE(std::filesystem::exists(path + "-journal"));
-    ASSERT_GT(readFile(path).size(), size) << "half of the transaction is in the file";
-
-    Terminal terminal(service, path);
-    EXPECT_EQ(terminal.one(nameOf("000004601")), "あおぞら架空不動産㈱");
-    EXPECT_TRUE(terminal.list(lockSelect("000004601")).empty());
-    EXPECT_EQ(terminal.execute(lockInsert("000004601", "DESK-PC01")), 1);
-    EXPECT_FALSE(std::filesystem::exists(path + "-journal"));
-    EXPECT_EQ(readFile(path).size(), size);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sqlite, StoreContract, ::testing::Values(StoreFactory{"Sqlite", makeStore}),

@@ -46,14 +46,6 @@ TEST_F(Forms, LeavingValidatesBeforeTheNextControlHasTheFocus) {
     EXPECT_EQ(events.size(), 4U) << "it has the focus already";
 }
 
-TEST_F(Forms, AValidateHandlerMayChangeItsOwnText) {
-    first.onValidate = [this] { first.setText("123-4567"); };
-    first.setFocus();
-    form.focusNext();
-    EXPECT_EQ(first.text(), "123-4567");
-    EXPECT_EQ(form.activeControl(), &second);
-}
-
 TEST_F(Forms, FocusOnAClosedOrHiddenControlIsAFailure) {
     EXPECT_EQ(failureOf([&] { closed.setFocus(); }), kInvalidCall);
     EXPECT_EQ(failureOf([&] { hidden.setFocus(); }), kInvalidCall);
@@ -83,14 +75,6 @@ TEST_F(Forms, KeysGoToTheFormFirstAndToTheControlOnlyWhenTheFormIsEnabled) {
     form.setEnabled(false);
     form.keyDown(kKeyEnter);
     EXPECT_EQ(events, (std::vector<std::string>{"form 112", "got first", "form 13", "key first", "form 13"}));
-}
-
-TEST_F(Forms, TheViewFollowsTheFocus) {
-    std::vector<std::string> followed;
-    form.observeFocus([&](Control& control) { followed.push_back(control.name()); });
-    second.setFocus();
-    form.focusNext();
-    EXPECT_EQ(followed, (std::vector<std::string>{"second", "save"}));
 }
 
 }  // namespace

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/run_time_error.h"
+
+namespace orv {
+
+/// The number of the run-time failure that `body` ends in, 0 when it ends well.
+template <class Body>
+int failureOf(const Body& body) {
+    try {
+        body();
+    } catch (const RunTimeError& failure) {
+        return failure.description().empty() ? -1 : failure.number();
+    }
+    return 0;
+}
+
+}  // namespace orv
