@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 
 #include "adapters/sqlite/sqlite_transmit_table.h"
@@ -6,6 +7,8 @@
 
 namespace orv {
 namespace {
+
+using Texts = std::vector<std::string>;
 
 /// The loader on the sample's profiles: number 1 is filled, of number 2 there is the key alone.
 class TransmitProfile : public SettingsTest {
@@ -31,37 +34,27 @@ protected:
 };
 
 TEST_F(TransmitProfile, EachColumnGoesIntoItsField) {
-    const std::map<std::string, const std::string*> texts{
-        {"DefinitionFileName", &info.DefinitionFileName},
-        {"DefinitionFileName2", &info.DefinitionFileName2},
-        {"DefinitionFileName3", &info.DefinitionFileName3},
-        {"OutPutFileName", &info.OutPutFileName},
-        {"ImageFileSendPath", &info.ImageFileSendPath},
-        {"SiteAddress2", &info.SiteAddress2},
-        {"GroupID", &info.GroupID},
-        {"LoginID", &info.LoginID},
-        {"Passwd", &info.Passwd},
-        {"AppendFilePath", &info.AppendFilePath},
-        {"CommandFilePath", &info.CommandFilePath},
-    };
-    const std::map<std::string, const std::string*> paths{
-        {"HomeDir", &info.HomeDir},
-        {"HomeImageDir", &info.HomeImageDir},
-        {"HomeImageDir2", &info.HomeImageDir2},
-        {"HomeImageDir3", &info.HomeImageDir3},
-        {"HomeImageDir4", &info.HomeImageDir4},
-        {"HomeImageDir5", &info.HomeImageDir5},
-        {"HomeImageDir6", &info.HomeImageDir6},
-        {"HomeImageDir7", &info.HomeImageDir7},
-        {"HomeImageDir8", &info.HomeImageDir8},
-        {"HomeImageDir9", &info.HomeImageDir9},
-        {"HomeImageDir10", &info.HomeImageDir10},
-    };
-    for (const auto& fields : {texts, paths}) {
-        for (const auto& [column, field] : fields) {
+    const Texts texts = {"DefinitionFileName",
+                         "DefinitionFileName2",
+                         "DefinitionFileName3",
+                         "OutPutFileName",
+                         "ImageFileSendPath",
+                         "SiteAddress2",
+                         "GroupID",
+                         "LoginID",
+                         "Passwd",
+                         "AppendFilePath",
+                         "CommandFilePath"};
+    Texts paths{"HomeDir", "HomeImageDir"};
+    for (int number = 2; number <= 10; ++number) {
+        paths.push_back("HomeImageDir" + std::to_string(number));
+    }
+    for (const Texts& columns : {texts, paths}) {
+        for (const std::string& column : columns) {
             put(column, "'" + column + "'");
         }
     }
+    std::transform(paths.begin(), paths.end(), paths.begin(), [](const std::string& column) { return column + "/"; });
     put("DefinitionFileNameMode",
         "71, DataMax = '70000', ImageUpLoadFlg = 72, MakeMode = 73, HomeImageDirCheck = 74,"
         " OrvTransmitMode = 75, ImageFileNameFlg = 76, ImageGifFileFlg = 77");
@@ -69,12 +62,14 @@ TEST_F(TransmitProfile, EachColumnGoesIntoItsField) {
     set("NET", "FTPTIMEOUT", "500");
     set("NET", "FTPOVERWRITE", "0");
     load();
-    for (const auto& [column, field] : texts) {
-        EXPECT_EQ(*field, column);
-    }
-    for (const auto& [column, field] : paths) {
-        EXPECT_EQ(*field, column + "/");
-    }
+    EXPECT_EQ((Texts{info.DefinitionFileName, info.DefinitionFileName2, info.DefinitionFileName3, info.OutPutFileName,
+                     info.ImageFileSendPath, info.SiteAddress2, info.GroupID, info.LoginID, info.Passwd,
+                     info.AppendFilePath, info.CommandFilePath}),
+              texts);
+    EXPECT_EQ((Texts{info.HomeDir, info.HomeImageDir, info.HomeImageDir2, info.HomeImageDir3, info.HomeImageDir4,
+                     info.HomeImageDir5, info.HomeImageDir6, info.HomeImageDir7, info.HomeImageDir8, info.HomeImageDir9,
+                     info.HomeImageDir10}),
+              paths);
     EXPECT_EQ((std::vector<int>{info.DefinitionFileNameMode, info.DataMax, info.ImageUpLoadFlg, info.MakeMode,
                                 info.HomeImageDirCheck, info.OrvTransmitMode, info.ImageFileNameFlg,
                                 info.ImageGifFileFlg, info.FtpTimeOut}),

@@ -208,7 +208,7 @@ TEST_F(HttpCompanySendTest, AnAnswerThatIsNoneIsAFailureWithTextAndCode) {
 TEST_F(HttpCompanySendTest, WhatTheStoreCannotGiveIsNotSent) {
     EXPECT_FALSE(sendCompany("000009999"));
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_INFO"), std::string::npos);
-    EXPECT_FALSE(sendCompany("' OR ''='"));
+    EXPECT_FALSE(sendCompany("' OR USER_ID = '000004601"));
     run("DELETE FROM TBL_CUSTOMER_DATE");
     EXPECT_FALSE(sendCompany());
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_DATE"), std::string::npos);

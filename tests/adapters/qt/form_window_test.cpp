@@ -141,6 +141,15 @@ TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(FormWindowTest, LosingTheWindowIsToldOnce) {
+    SamplePage other("other");
+    show(page);
+    int lost = 0;
+    page.code.onLostFocus = [&] { ++lost; };
+    show(other);
+    EXPECT_EQ(lost, 1);
+}
+
 TEST_F(FormWindowTest, EveryScaleIsExact) {
     for (const auto& [scale, window, second, font] :
          std::vector<std::tuple<const char*, QSize, QRect, int>>{{"1", {400, 300}, {100, 22, 120, 20}, 12},

@@ -29,7 +29,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
                         .defaultButton = 1,
                         .escapeButton = 2};
     using Act = std::function<void(QWidget&)>;
-    const std::vector<std::pair<Act, std::size_t>> acts{
+    const std::vector<std::pair<Act, std::size_t>> acts = {
         {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }, 1},
         {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
         {[](QWidget& box) { box.close(); }, 2},
@@ -42,6 +42,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
             meanwhile([&](QWidget& box) {
                 EXPECT_EQ(box.parentWidget(), withForm ? windowOf(page) : nullptr);
                 EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+                EXPECT_LT(box.findChild<QWidget*>("notice_0")->x(), box.findChild<QWidget*>("notice_1")->x());
                 act(box);
             });
             EXPECT_EQ(windows.showNotice(notice), answer);
@@ -147,6 +148,28 @@ TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
     EXPECT_EQ(windowOf(page), nullptr);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }));
     EXPECT_NE(windowOf(next), nullptr);
+}
+
+TEST_F(WindowSystemTest, AFormIsCentred) {
+    SamplePage page;
+    place(page);
+    forms.load(page);
+    windows.centre(page);
+    forms.show(page);
+    const QRect area = windowOf(page)->screen()->availableGeometry();
+    const QPoint off = windowOf(page)->frameGeometry().center() - area.center();
+    EXPECT_LE(std::abs(off.x()), 20);
+    EXPECT_LE(std::abs(off.y()), 30);
+}
+
+TEST_F(WindowSystemTest, ANoticeBeforeTheProgramRunsWaits) {
+    {
+        SamplePage page;
+        show(page);
+    }
+    settle();
+    meanwhile([](QWidget& box) { box.findChild<QPushButton*>("notice_1")->click(); });
+    EXPECT_EQ(windows.showNotice({.title = "題", .text = "文", .buttons = {"一", "二"}}), 1U);
 }
 
 TEST_F(WindowSystemTest, TheProgramEndsWithItsLastForm) {
