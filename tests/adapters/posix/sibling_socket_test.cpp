@@ -120,8 +120,9 @@ protected:
         EXPECT_TRUE(loop.until([&] { return office.has("path"); }));
         return office.bytesOf("path");
     }
+    /// Or until the office has gone with the test.
     std::string untilThere(const std::string& file) const {
-        return "while [ ! -e " + office.root() + "/" + file + " ]; do sleep 0.01; done";
+        return "while [ -e " + office.root() + " ] && [ ! -e " + office.root() + "/" + file + " ]; do sleep 0.01; done";
     }
     SiblingCalls calls() {
         return {.setText =
