@@ -14,6 +14,7 @@
 #include "adapters/sqlite/sqlite_transmit_table.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
+#include "adapters/text/help_file.h"
 #include "adapters/text/string_check.h"
 #include "adapters/text/table_messages.h"
 #include "platform/forms/form_host.h"
@@ -50,6 +51,7 @@ private:
     FormHost forms_;
     QtWindowSystem windows_;
     TableMessages messages_;
+    HelpFile help_;
 };
 
 }  // namespace orv

@@ -65,6 +65,7 @@ public:
     void append(const std::string&, const std::string&) override { unused<void>(); }
     std::string read(const std::string&, std::size_t) const override { return unused<std::string>(); }
     std::string programFolder() const override { return unused<std::string>(); }
+    std::string systemPath(const std::string&) const override { return unused<std::string>(); }
     std::string nativePath(const std::string& path) const override {
         if (path == "bad name") {
             throw RunTimeError(Failure::BadFileName);

@@ -26,6 +26,10 @@ public:
         }
         return resampled(kept_, width, height);
     }
+    void size(int, int) override { throw RunTimeError(Failure::InvalidCall); }
+    void save(const std::string&, std::int32_t, std::int32_t, int) const override {
+        throw RunTimeError(Failure::InvalidCall);
+    }
 
 private:
     int width_;

@@ -35,6 +35,11 @@ public:
     virtual int height() const = 0;
     /// The whole picture at that size, at most its own.
     virtual Pixels scaled(int width, int height) const = 0;
+    /// Makes the picture that size.
+    virtual void size(int width, int height) = 0;
+    /// Writes the picture over what stands at `path`, in the file format and with the depth that `info` gave.
+    /// `quality`: from 2, the best picture and the largest file, to 255, the smallest file.
+    virtual void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const = 0;
 };
 
 /// Reads pictures by their content, whatever their name. Anything that is no whole picture, and one of more than
