@@ -120,6 +120,11 @@ public:
     int width() const override { return width_; }
     int height() const override { return height_; }
     Pixels scaled(int width, int height) const override { return {width, height, {}}; }
+    void size(int width, int height) override {
+        width_ = width;
+        height_ = height;
+    }
+    void save(const std::string&, std::int32_t, std::int32_t, int) const override {}
 
 private:
     int width_;
@@ -135,7 +140,7 @@ public:
     mutable std::vector<std::string> loaded;
 
     PictureInfo info(const std::string&) const override { return {.width = width, .height = height}; }
-    std::unique_ptr<Picture> load(const std::string& path) const override {
+    std::unique_ptr<Picture> load(const std::string& path, PictureSize) const override {
         if (broken) {
             throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
         }

@@ -15,8 +15,8 @@ ImageControl::ImageControl(ControlOwner& owner, std::string_view name, const Ima
     Control::design({}, true, design.visible);
 }
 
-void ImageControl::load(const std::string& file) {
-    picture_ = services().pictures->load(file);
+void ImageControl::load(const std::string& file, PictureSize within) {
+    picture_ = services().pictures->load(file, within);
     repaint();
 }
 

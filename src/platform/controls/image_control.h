@@ -24,8 +24,8 @@ public:
 
     std::string_view spokenName() const { return spokenName_; }
 
-    /// Failure of the picture library when the file is no whole picture; what was shown stays.
-    void load(const std::string& file);
+    /// Failure of the picture library when the file is no whole picture; what was shown stays. `within`: see there.
+    void load(const std::string& file, PictureSize within = {});
     /// Shows nothing.
     void clear();
     /// Empty when nothing is loaded.

@@ -187,12 +187,14 @@ public:
         }
         return pixels;
     }
+    void size(int, int) override {}
+    void save(const std::string&, std::int32_t, std::int32_t, int) const override {}
 };
 
 class OnePicture : public PictureLibrary {
 public:
     PictureInfo info(const std::string&) const override { return {}; }
-    std::unique_ptr<Picture> load(const std::string&) const override { return std::make_unique<TwoColours>(); }
+    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override { return std::make_unique<TwoColours>(); }
 };
 
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {
