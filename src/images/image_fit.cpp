@@ -31,7 +31,9 @@ std::int16_t followingSide(std::int32_t side, std::int32_t from, std::int32_t to
     return toInteger(static_cast<double>(product(to, side)) / from);
 }
 
+/// Not every pixel of a picture is needed that gets smaller.
 void scaleTo(ImageControl& image, std::int16_t width, std::int16_t height) {
+    image.load(gImgSrcFile, {width, height});
     image.size(width, height);
     image.save(gImgDstFile, image.infoFormat(), image.infoBits(), kBestQuality);
 }
@@ -48,9 +50,9 @@ bool fit(ImageControl& image, bool& changed) {
     const std::int32_t width = image.infoWidth();
     const double rateHeight = static_cast<double>(height) / limitHeight;
     const double rateWidth = static_cast<double>(width) / limitWidth;
-    image.load(gImgSrcFile);
     changed = rateHeight > 1 || rateWidth > 1;
     if (!changed) {
+        image.load(gImgSrcFile);
         services().fileSystem->copy(gImgSrcFile, gImgDstFile);
     } else if (rateHeight <= rateWidth) {
         scaleTo(image, toInteger(limitWidth), followingSide(height, width, limitWidth));

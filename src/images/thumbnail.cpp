@@ -9,6 +9,9 @@
 namespace orv {
 namespace {
 
+/// The most device pixels that a design pixel takes on a side of any screen.
+constexpr int kSharpest = 4;
+
 /// The control is not repainted while its parts do not fit each other; it is again on every way out.
 class Covered {
 public:
@@ -55,7 +58,7 @@ bool PF_Thumbnail(ImageControl& image, const std::string& file) {
             return true;
         }
         const Covered covered(image);
-        image.load(file);
+        image.load(file, {image.scaleWidth() * kSharpest, image.scaleHeight() * kSharpest});
         takeProportions(image);
         const Box whole{0, 0, image.scaleWidth(), image.scaleHeight()};
         image.setDstRect(whole);

@@ -173,7 +173,7 @@ public:
         const auto written = script.written.find(path);
         return written == script.written.end() ? script.unwritten : written->second;
     }
-    std::unique_ptr<Picture> load(const std::string& path) const override {
+    std::unique_ptr<Picture> load(const std::string& path, PictureSize = {}) const override {
         script.failIfBroken("load");
         script.loaded.push_back(path);
         const PictureInfo facts = info(path);

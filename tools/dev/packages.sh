@@ -2,7 +2,8 @@
 
 PACKAGES=(
     g++ cmake ninja-build ccache pkg-config python3
-    qt6-base-dev libsqlite3-dev libcurl4-openssl-dev libjpeg62-turbo-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
+    qt6-base-dev libsqlite3-dev libcurl4-openssl-dev libjpeg62-turbo-dev
+    libpng-dev libtiff-dev libgif-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
     fonts-noto-cjk qt6-translations-l10n
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl

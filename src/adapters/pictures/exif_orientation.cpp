@@ -1,5 +1,6 @@
 #include "adapters/pictures/exif_orientation.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -76,6 +77,25 @@ int exifOrientation(std::FILE* jpeg) {
         }
     }
     return 1;
+}
+
+Bitmap turned(const Bitmap& source, int orientation) {
+    const bool swap = swapsSides(orientation);
+    const bool fromRight = orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
+    const bool fromBottom = orientation == 3 || orientation == 4 || orientation == 6 || orientation == 7;
+    Bitmap target =
+        blankBitmap(swap ? source.height : source.width, swap ? source.width : source.height, source.channels);
+    for (int y = 0; y < target.height; ++y) {
+        for (int x = 0; x < target.width; ++x) {
+            const int across = swap ? y : x;
+            const int down = swap ? x : y;
+            const int column = fromRight ? source.width - 1 - across : across;
+            const int line = fromBottom ? source.height - 1 - down : down;
+            std::copy_n(source.row(line) + static_cast<std::size_t>(column) * source.channels, source.channels,
+                        target.row(y) + static_cast<std::size_t>(x) * source.channels);
+        }
+    }
+    return target;
 }
 
 }  // namespace orv

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "adapters/pictures/jpeg_image.h"
 #include "adapters/pictures/open_file.h"
 #include "adapters/pictures/picture_header.h"
-#include "platform/machine/picture_library.h"
 
 namespace orv {
 
-/// Reads the segments up to the picture's data, nothing of the picture itself.
+/// Reads the header of a JPEG file, its sides as they are when the picture stands upright.
 PictureHeader jpegHeader(const OpenFile& file);
 
-/// The picture upright, decoded to its very end at the smallest scale that keeps enough pixels. The decoder works
-/// within 320 MB, which only files in several passes come near; others need the rows at hand and the result.
-Pixels jpegPixels(const OpenFile& file);
+/// The whole picture as it is stored, not turned. It is decoded at an eighth, a quarter or a half of its size where
+/// that leaves `share` or more of its sides, which is between 0 and 1.
+JpegImage jpegImage(const OpenFile& file, double share);
 
 }  // namespace orv

@@ -14,6 +14,7 @@ enum class PictureFailure : int {
     UnsupportedKind = 20106,
     FileTooLarge = 20107,
     NeedsTooMuchMemory = 20108,
+    NotWritable = 20109,
 };
 
 /// The exception for `failure`, with the text that the operator reads.

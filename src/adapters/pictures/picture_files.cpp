@@ -2,40 +2,16 @@
 
 #include <new>
 
+#include "adapters/pictures/jpeg_picture.h"
 #include "adapters/pictures/jpeg_reader.h"
-#include "adapters/pictures/other_formats.h"
 #include "adapters/pictures/picture_failure.h"
-#include "adapters/pictures/resample.h"
+#include "adapters/pictures/raster_picture.h"
+#include "adapters/pictures/raster_reader.h"
 
 namespace orv {
 namespace {
 
 constexpr std::int64_t kMostPixels = 100'000'000;
-
-class LoadedPicture : public Picture {
-public:
-    LoadedPicture(const PictureHeader& header, Pixels kept)
-        : width_(static_cast<int>(header.width)), height_(static_cast<int>(header.height)), kept_(std::move(kept)) {}
-
-    int width() const override { return width_; }
-    int height() const override { return height_; }
-
-    Pixels scaled(int width, int height) const override {
-        if (width < 1 || height < 1 || width > width_ || height > height_) {
-            throw RunTimeError(Failure::InvalidCall);
-        }
-        return resampled(kept_, width, height);
-    }
-    void size(int, int) override { throw RunTimeError(Failure::InvalidCall); }
-    void save(const std::string&, std::int32_t, std::int32_t, int) const override {
-        throw RunTimeError(Failure::InvalidCall);
-    }
-
-private:
-    int width_;
-    int height_;
-    Pixels kept_;
-};
 
 bool isJpeg(std::span<const std::uint8_t> first) {
     return first.size() >= 3 && first[0] == 0xFF && first[1] == 0xD8 && first[2] == 0xFF;
@@ -46,7 +22,7 @@ PictureHeader claimedHeader(const OpenFile& file) {
     if (isJpeg(first)) {
         return jpegHeader(file);
     }
-    const auto header = otherHeader(first);
+    const auto header = rasterHeader(file, first);
     if (!header) {
         throw pictureError(PictureFailure::UnknownFormat);
     }
@@ -86,11 +62,11 @@ PictureInfo PictureFiles::info(const std::string& path) const {
     });
 }
 
-std::unique_ptr<Picture> PictureFiles::load(const std::string& path) const {
-    return reading(files_, path, [](const OpenFile& file) -> std::unique_ptr<Picture> {
+std::unique_ptr<Picture> PictureFiles::load(const std::string& path, PictureSize within) const {
+    return reading(files_, path, [&](const OpenFile& file) {
         const PictureHeader header = headerOf(file);
-        return std::make_unique<LoadedPicture>(
-            header, header.format == PictureFormat::Jpeg ? jpegPixels(file) : otherPixels(file, header));
+        const auto load = header.format == PictureFormat::Jpeg ? loadJpeg : loadRaster;
+        return load(files_, file, header, within);
     });
 }
 

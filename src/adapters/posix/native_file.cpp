@@ -142,6 +142,10 @@ FileBeside::~FileBeside() {
 
 void FileBeside::place() {
     file_.sync();
+    placeUnsynced();
+}
+
+void FileBeside::placeUnsynced() {
     if (::rename(path_.c_str(), target_.c_str()) != 0) {
         raiseErrno(errno, target_);
     }

@@ -45,6 +45,8 @@ public:
     const NativeFile& file() const { return file_; }
     /// The bytes are on the disk before the name is.
     void place();
+    /// For a file that is made again when it is lost: whole to every program, but nothing is waited for.
+    void placeUnsynced();
 
 private:
     std::string target_;

@@ -16,8 +16,8 @@ ImageControl::ImageControl(ControlOwner& owner, std::string_view name, const Ima
 
 void ImageControl::getFileInfo(const std::string& file) { info_ = services().pictures->info(file); }
 
-void ImageControl::load(const std::string& file) {
-    picture_ = services().pictures->load(file);
+void ImageControl::load(const std::string& file, PictureSize within) {
+    picture_ = services().pictures->load(file, within);
     repaint();
 }
 

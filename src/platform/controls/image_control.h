@@ -33,8 +33,8 @@ public:
     std::int32_t infoBits() const { return info_.bits; }
     std::int32_t infoFormat() const { return info_.format; }
 
-    /// Failure of the picture library when the file is no whole picture; what was shown stays.
-    void load(const std::string& file);
+    /// Failure of the picture library when the file is no whole picture; what was shown stays. `within`: see there.
+    void load(const std::string& file, PictureSize within = {});
     /// Makes the loaded picture that size, in pixels; failure 91 when nothing is loaded.
     void size(int width, int height);
     /// Writes the loaded picture over `file`, in a format and with a depth that `getFileInfo` gave. `quality`: from 2,

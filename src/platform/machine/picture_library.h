@@ -23,6 +23,11 @@ struct Pixels {
     std::vector<std::uint32_t> argb;
 };
 
+struct PictureSize {
+    int width = 0;
+    int height = 0;
+};
+
 /// One loaded picture. It no longer needs its file.
 class Picture {
 public:
@@ -35,10 +40,11 @@ public:
     virtual int height() const = 0;
     /// The whole picture at that size, at most its own.
     virtual Pixels scaled(int width, int height) const = 0;
-    /// Makes the picture that size.
+    /// Brings the picture itself to that size; what it was is gone. Sides from 1; it may grow.
     virtual void size(int width, int height) = 0;
-    /// Writes the picture over what stands at `path`, in the file format and with the depth that `info` gave.
-    /// `quality`: from 2, the best picture and the largest file, to 255, the smallest file.
+    /// Writes the picture over whatever file stands at `path`, whole or not at all. `format`: its own, any other is a failure.
+    /// `bits`: it keeps its depth whatever is asked. `quality`: 2, the best, to 255, the smallest; of meaning to JPEG
+    /// only, the other formats are written without loss and as small as they go.
     virtual void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const = 0;
 };
 
@@ -53,7 +59,10 @@ public:
 
     /// Reads the header only.
     virtual PictureInfo info(const std::string& path) const = 0;
-    virtual std::unique_ptr<Picture> load(const std::string& path) const = 0;
+    /// `within`: a promise that the picture will be shown or brought to no more than fits in there. A larger one may then
+    /// be kept at about twice that, which saves most of the time and memory, and can't be saved before it is sized.
+    /// Without a promise every pixel is kept.
+    virtual std::unique_ptr<Picture> load(const std::string& path, PictureSize within = {}) const = 0;
 };
 
 }  // namespace orv

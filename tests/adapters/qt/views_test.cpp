@@ -194,7 +194,7 @@ public:
 class OnePicture : public PictureLibrary {
 public:
     PictureInfo info(const std::string&) const override { return {}; }
-    std::unique_ptr<Picture> load(const std::string&) const override { return std::make_unique<TwoColours>(); }
+    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override { return std::make_unique<TwoColours>(); }
 };
 
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "adapters/pictures/raster.h"
+
+namespace orv {
+
+/// The whole file, in the depth of `header`.
+std::vector<std::uint8_t> bmpBytes(const Raster& raster, const PictureHeader& header);
+
+}  // namespace orv

@@ -1,0 +1,96 @@
+#include "adapters/pictures/jpeg_picture.h"
+
+#include <utility>
+
+#include "adapters/pictures/exif_orientation.h"
+#include "adapters/pictures/jpeg_reader.h"
+#include "adapters/pictures/jpeg_writer.h"
+#include "adapters/pictures/picture_failure.h"
+#include "adapters/pictures/picture_sizes.h"
+#include "adapters/pictures/resampler.h"
+#include "adapters/pictures/whole_file.h"
+
+namespace orv {
+namespace {
+
+Bitmap resampled(const Bitmap& source, int width, int height) {
+    if (source.width == width && source.height == height) {
+        return source;
+    }
+    Bitmap target{width, height, source.channels, {}};
+    target.samples.reserve(target.stride() * static_cast<std::size_t>(height));
+    Resampler<std::uint8_t> resampler(
+        {source.width, source.height}, {width, height}, source.channels,
+        [&target](const auto& row) { target.samples.insert(target.samples.end(), row.begin(), row.end()); });
+    for (int y = 0; y < source.height; ++y) {
+        resampler.push(source.row(y));
+    }
+    return target;
+}
+
+/// Kept as it is stored, and turned when it is used: by then it is mostly small.
+class JpegPicture : public Picture {
+public:
+    JpegPicture(const FileSystem& files, const PictureHeader& header, JpegImage image)
+        : files_(files),
+          width_(static_cast<int>(header.width)),
+          height_(static_cast<int>(header.height)),
+          orientation_(header.orientation),
+          image_(std::move(image)) {}
+
+    int width() const override { return width_; }
+    int height() const override { return height_; }
+
+    Pixels scaled(int width, int height) const override {
+        requireNoGrowth({width_, height_}, {width, height});
+        return argbOf(uprightAt(width, height));
+    }
+
+    void size(int width, int height) override {
+        requireSides({width, height});
+        image_ = uprightAt(width, height);
+        width_ = width;
+        height_ = height;
+        orientation_ = 1;
+        writer_.reset();
+    }
+
+    void save(const std::string& path, std::int32_t format, std::int32_t, int quality) const override {
+        requireOwnKind(format == static_cast<std::int32_t>(PictureFormat::Jpeg));
+        requireQuality(quality);
+        if (!writer_) {
+            requireKeptWhole(stored(image_.bitmap.width, image_.bitmap.height), {width_, height_});
+            writer_ = std::make_unique<JpegWriter>(uprightAt(width_, height_));
+        }
+        writeWholeFile(files_, path, writer_->written(quality));
+    }
+
+private:
+    /// A size the other way round where the picture has to be turned over its corner.
+    PictureSize stored(int width, int height) const {
+        return swapsSides(orientation_) ? PictureSize{height, width} : PictureSize{width, height};
+    }
+
+    JpegImage uprightAt(int width, int height) const {
+        const PictureSize size = stored(width, height);
+        const Bitmap small = resampled(image_.bitmap, size.width, size.height);
+        return {turned(small, orientation_), image_.colours, image_.adobe, image_.profile};
+    }
+
+    const FileSystem& files_;
+    int width_;
+    int height_;
+    int orientation_;
+    JpegImage image_;
+    /// Made at the first save; a search saves the same picture ten times.
+    mutable std::unique_ptr<JpegWriter> writer_;
+};
+
+}  // namespace
+
+std::unique_ptr<Picture> loadJpeg(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+                                  PictureSize within) {
+    return std::make_unique<JpegPicture>(files, header, jpegImage(file, keptShare(header, within)));
+}
+
+}  // namespace orv

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace orv {
+
+inline constexpr int kBestQuality = 2;
+inline constexpr int kSmallestQuality = 255;
+
+/// How much coarser than the JPEG library's basic tables a factor makes the quantisation: a geometric row from 0.04
+/// (factor 2: steps of 1 to 5, no loss that can be seen) to 25.5 (factor 255: every step is 255, the coarsest there is,
+/// and the file the smallest). One factor is about 2.6 % coarser than the one before; factor 101 is what the
+/// library calls quality 75, factor 128 its basic tables.
+double tableScale(int quality);
+
+/// An entry of a basic table at that scale, 1 to 255. It never falls as the factor rises.
+unsigned scaledEntry(unsigned basic, double scale);
+
+}  // namespace orv

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "adapters/pictures/open_file.h"
+#include "adapters/pictures/picture_header.h"
+#include "platform/machine/file_system.h"
+#include "platform/machine/picture_library.h"
+
+namespace orv {
+
+/// PNG, BMP, GIF and TIFF.
+std::unique_ptr<Picture> loadRaster(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+                                    PictureSize within);
+
+}  // namespace orv

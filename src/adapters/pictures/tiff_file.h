@@ -1,0 +1,17 @@
+#pragma once
+
+#include "adapters/pictures/open_file.h"
+#include "adapters/pictures/raster.h"
+
+namespace orv {
+
+PictureHeader tiffHeader(const OpenFile& file);
+
+/// The first picture of the file. Of samples deeper than 8 bits the upper 8 are read.
+Raster readTiff(const OpenFile& file, const PictureHeader& header);
+
+/// The whole file, compressed without loss; failure of a kind that can't be written back where the colours are neither
+/// grey nor RGB nor a table.
+std::vector<std::uint8_t> tiffBytes(const Raster& raster, const PictureHeader& header);
+
+}  // namespace orv
