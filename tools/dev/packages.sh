@@ -6,6 +6,7 @@ PACKAGES=(
     libpng-dev libtiff-dev libgif-dev libcpp-httplib-dev libssl-dev nlohmann-json3-dev
     libgtest-dev libgmock-dev
     fonts-noto-cjk qt6-translations-l10n
+    mate-backgrounds
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
 )

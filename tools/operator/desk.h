@@ -56,6 +56,8 @@ public:
     void change(const std::string& sql) const;
     /// The err logs of all days, wherever the settings have put them, as UTF-8.
     std::string errLog() const;
+    /// Lays a real photo, larger than what can be registered, where the open dialog begins; gives its name.
+    std::string layPhoto() const;
     /// How often the menu was started.
     int menuStarts() const;
 
@@ -74,6 +76,8 @@ public:
     /// Waits for the window of that title; false when it does not come in time. Its place is remembered.
     [[nodiscard]] bool waitForWindow(const std::string& title);
     [[nodiscard]] bool waitForPage(int number);
+    /// The dialog that fits a photo; its buttons can be clicked then.
+    [[nodiscard]] bool waitForConfirmation();
     /// A question or notice of the program.
     [[nodiscard]] bool waitForNotice();
     [[nodiscard]] bool noticeGone();

@@ -194,7 +194,9 @@ public:
 class OnePicture : public PictureLibrary {
 public:
     PictureInfo info(const std::string&) const override { return {}; }
-    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override { return std::make_unique<TwoColours>(); }
+    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override {
+        return std::make_unique<TwoColours>();
+    }
 };
 
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {
@@ -240,6 +242,11 @@ TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
         page.setEnabled(enabled);
         EXPECT_EQ(drop({photo}), enabled ? "/tmp/写真.jpg" : "");
     }
+    QTimer::singleShot(0, qApp, [&] {
+        EXPECT_EQ(drop({photo}), "") << "under a notice";
+        QApplication::activeModalWidget()->close();
+    });
+    windows.showNotice({.title = "題", .text = "文"});
     page.photo.setEnabled(false);
     EXPECT_EQ(drop({photo}), "");
 }
