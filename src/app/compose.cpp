@@ -37,7 +37,8 @@ Composition::Composition(const std::string& programFolder)
       windows_(layoutOf, forms_),
       messages_(
           windows_, files_, codePage_, [] { return com().SysMsgTbl(); },
-          [](const std::string& code, const std::string& text) { logError(code, text); }) {
+          [](const std::string& code, const std::string& text) { logError(code, text); }),
+      help_(windows_, files_, profiles_, [] { return com().HlpFile(); }) {
     handIn();
 }
 
@@ -49,6 +50,7 @@ void Composition::handIn() {
     all.stringCheck = &stringCheck_;
     all.files = &fileService_;
     all.send = [this] { return std::make_unique<HttpCompanySend>(db_, sendSettings()); };
+    all.help = &help_;
     all.fileSystem = &files_;
     all.profiles = &profiles_;
     all.registry = &registry_;

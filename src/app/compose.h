@@ -15,6 +15,7 @@
 #include "adapters/store/transmit_tables.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
+#include "adapters/text/help_file.h"
 #include "adapters/text/string_check.h"
 #include "adapters/text/table_messages.h"
 #include "platform/forms/form_host.h"
@@ -52,6 +53,7 @@ private:
     FormHost forms_;
     QtWindowSystem windows_;
     TableMessages messages_;
+    HelpFile help_;
 };
 
 }  // namespace orv

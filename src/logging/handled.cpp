@@ -6,6 +6,7 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
+#include "platform/forms/form_host.h"
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
 #include "platform/suite/message_service.h"
@@ -30,10 +31,16 @@ void showPlainBox(const std::string& code, const std::string& text) {
 void report(const Report& how) {
     const std::string code = gErrCode;
     const std::string text = gErrMsg;
+    if (how.logFirst) {
+        logError(code, text);
+        services().forms->setPointer(kPointerDefault);
+    }
     if (!shown(how.id, code, text)) {
         showPlainBox(code, text);
     }
-    logError(code, text);
+    if (!how.logFirst) {
+        logError(code, text);
+    }
     if (!how.keepPair) {
         clearPair();
     }

@@ -8,6 +8,8 @@ namespace orv {
 /// How an event handler reports. Most show "COSERR01", log, and clear the pair.
 struct Report {
     std::string_view id = "COSERR01";
+    /// The record comes before the message, which shows with the plain pointer.
+    bool logFirst = false;
     bool keepPair = false;
 };
 

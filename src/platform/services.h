@@ -13,6 +13,7 @@ class DbService;
 class FileService;
 class FileSystem;
 class FormHost;
+class HelpService;
 class HttpControl;
 class JapaneseCalendar;
 class MachineFacts;
@@ -38,6 +39,7 @@ struct Services {
     StringCheckService* stringCheck = nullptr;
     FileService* files = nullptr;
     std::function<std::unique_ptr<CompanySendService>()> send;
+    HelpService* help = nullptr;
     FileSystem* fileSystem = nullptr;
     ProfileReader* profiles = nullptr;
     Registry* registry = nullptr;

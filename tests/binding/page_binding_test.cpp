@@ -265,7 +265,7 @@ TEST_F(Binding, ThePhotos) {
     EXPECT_EQ(form.cbo_pic_PhotoFile[0].listIndex(), 0) << "the first row, not none";
     EXPECT_EQ(form.cbo_pic_PhotoFile[1].text(), "店内");
     EXPECT_EQ(form.txt_PhotoFilePath[1].text(), "C:\\ORV\\TMP\\TmpImg_2");
-    EXPECT_EQ(pictures.loaded, (Texts{"C:\\ORV\\TMP\\TmpImg_1", "C:\\ORV\\TMP\\TmpImg_2"}));
+    EXPECT_EQ(pictures.script.loaded, (Texts{"C:\\ORV\\TMP\\TmpImg_1", "C:\\ORV\\TMP\\TmpImg_2"}));
     files.remove("C:\\ORV\\TMP\\TmpImg_2");
     EXPECT_TRUE(PF_SetData_Frm_CompInp2());
     EXPECT_EQ(form.pic_PhotoFile[1].picture(), nullptr);

@@ -25,8 +25,8 @@ TEST_F(Thumbnail, KeepsThePicturesProportions) {
              Case{10, 1000, {0, 0, 1, 100}},
              Case{1, 1, {0, 0, 100, 100}},
          }) {
-        pictures.width = c.width;
-        pictures.height = c.height;
+        pictures.script.unwritten.width = c.width;
+        pictures.script.unwritten.height = c.height;
         EXPECT_TRUE(PF_Thumbnail(image, kFile));
         EXPECT_EQ(image.dstRect(), c.box)
             << c.width << "x" << c.height << ": " << image.dstRect().width << "x" << image.dstRect().height;
@@ -43,11 +43,11 @@ TEST_F(Thumbnail, AnAbsentPhotoIsNoFailure) {
         EXPECT_TRUE(PF_Thumbnail(image, file));
         EXPECT_TRUE(image.visible());
     }
-    EXPECT_TRUE(pictures.loaded.empty());
+    EXPECT_TRUE(pictures.script.loaded.empty());
 }
 
 TEST_F(Thumbnail, WhatIsNoPictureIsAndLeavesTheControlUsable) {
-    pictures.broken = true;
+    pictures.script.broken = {"load"};
     EXPECT_FALSE(PF_Thumbnail(image, kFile));
     EXPECT_EQ(gErrMsg, "[ PF_Thumbnail ] 画像ではありません。");
     EXPECT_EQ(gErrCode, "57");

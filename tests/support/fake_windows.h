@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@ public:
 
     ~ScriptedWindows() override {
         EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers that nobody asked for";
+        EXPECT_TRUE(picks_.empty()) << picks_.size() << " files that nobody asked for";
         for (const auto& [form, scripts] : scripts_) {
             EXPECT_TRUE(scripts.empty()) << form << " was not opened as often as foreseen";
         }
@@ -34,6 +36,13 @@ public:
     /// For one opening of the form.
     void onModal(const std::string& form, Script script) { scripts_[form].push_back(std::move(script)); }
 
+    /// The file that the operator picks in the next open dialog; nothing: cancels it.
+    void pick(std::optional<std::string> file) { picks_.push_back(std::move(file)); }
+    /// What happens while the program lets the windows be painted.
+    std::function<void()> onRepaint;
+
+    /// Every open dialog.
+    std::vector<FileQuestion> questions;
     /// Every notice, those with a single button too.
     std::vector<Notice> notices;
     /// "open frm_CompInp0" and the like, in order.
@@ -52,7 +61,13 @@ public:
     std::size_t showNotice(const Notice& notice) override;
     void commitComposition() override { ++commits; }
     void pointer(bool on) override { busy = on; }
-    void repaint() override { ++repaints; }
+    void repaint() override {
+        ++repaints;
+        if (onRepaint) {
+            onRepaint();
+        }
+    }
+    std::optional<std::string> openFile(const FileQuestion& question) override;
 
 private:
     void record(const std::string& what, const Form& form) {
@@ -65,6 +80,7 @@ private:
     }
 
     std::deque<std::size_t> answers_;
+    std::deque<std::optional<std::string>> picks_;
     std::map<std::string, std::deque<Script>> scripts_;
 };
 
@@ -79,6 +95,17 @@ inline void ScriptedWindows::runModal(Form& form) {
     scripts.pop_front();
     script(form);
     EXPECT_FALSE(form.loaded()) << form.name() << " is still open after its script";
+}
+
+inline std::optional<std::string> ScriptedWindows::openFile(const FileQuestion& question) {
+    questions.push_back(question);
+    if (picks_.empty()) {
+        ADD_FAILURE() << "nobody has foreseen the open dialog";
+        return std::nullopt;
+    }
+    const auto file = picks_.front();
+    picks_.pop_front();
+    return file;
 }
 
 inline std::size_t ScriptedWindows::showNotice(const Notice& notice) {

@@ -27,6 +27,7 @@
 #include "support/fake_windows.h"
 #include "support/fixed_clock.h"
 #include "support/fixed_facts.h"
+#include "support/recorded_help.h"
 #include "support/recorded_http.h"
 #include "support/recorded_messages.h"
 #include "support/scripted_machine.h"
@@ -80,6 +81,10 @@ protected:
         all.calendar = &calendar;
         all.http = recordedHttp(http);
         all.pictures = &pictures;
+        all.help = &help;
+        pictures.script.write = [this](const std::string& path, const std::string& bytes) {
+            writeFile(files.nativePath(path), bytes);
+        };
         all.windows = &windows;
         all.forms = &forms;
         tieSystem();
@@ -221,6 +226,7 @@ protected:
     BreakableStringCheck strings{codePage};
     BlankPictures pictures;
     RecordedMessages messages;
+    RecordedHelp help;
     StartedPrograms programs;
     ScriptedSibling siblings;
     SendScript server;

@@ -54,6 +54,7 @@ public:
     }
     std::string programFolder() const override { return programFolder_; }
     std::string nativePath(const std::string& path) const override { return path; }
+    std::string systemPath(const std::string& nativePath) const override { return nativePath; }
 
 private:
     void check(const std::string& path) const {

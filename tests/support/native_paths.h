@@ -20,6 +20,7 @@ public:
     void append(const std::string&, const std::string&) override { throw RunTimeError(Failure::Internal); }
     std::string read(const std::string&, std::size_t) const override { throw RunTimeError(Failure::Internal); }
     std::string programFolder() const override { throw RunTimeError(Failure::Internal); }
+    std::string systemPath(const std::string&) const override { throw RunTimeError(Failure::Internal); }
 };
 
 inline NativePaths& nativePaths() {

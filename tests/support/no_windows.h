@@ -13,6 +13,7 @@ public:
     void centre(Form&) override {}
     void runModal(Form&) override {}
     std::size_t showNotice(const Notice&) override { return 0; }
+    std::optional<std::string> openFile(const FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
     void pointer(bool) override {}
     void repaint() override {}

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "adapters/text/string_check.h"
 #include "platform/machine/picture_library.h"
@@ -113,39 +116,68 @@ private:
     }
 };
 
+/// What a picture library of a test does with the pictures of its files.
+struct PictureScript {
+    /// What the header of a file says that was not written here.
+    PictureInfo unwritten{.sizeDisk = 1000, .width = 640, .height = 480, .bits = 24, .format = 1};
+    /// The size of a file that is written with that quality factor.
+    std::function<std::int32_t(int)> sizeAt = [](int) { return 1000; };
+    /// Writes the bytes of a file.
+    std::function<void(const std::string& path, const std::string& bytes)> write;
+    /// The operations that fail: "info", "load", "size", "save"; with the text of what is no picture.
+    std::set<std::string> broken;
+
+    std::map<std::string, PictureInfo> written;
+    std::vector<std::string> loaded;
+    std::vector<int> factors;
+
+    void failIfBroken(const std::string& operation) const {
+        if (broken.contains(operation)) {
+            throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
+        }
+    }
+};
+
 /// A picture of a size and nothing else.
 class BlankPicture : public Picture {
 public:
-    BlankPicture(int width, int height) : width_(width), height_(height) {}
+    BlankPicture(PictureScript& script, int width, int height) : script_(script), width_(width), height_(height) {}
     int width() const override { return width_; }
     int height() const override { return height_; }
     Pixels scaled(int width, int height) const override { return {width, height, {}}; }
     void size(int width, int height) override {
+        script_.failIfBroken("size");
         width_ = width;
         height_ = height;
     }
-    void save(const std::string&, std::int32_t, std::int32_t, int) const override {}
+    void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const override {
+        script_.failIfBroken("save");
+        script_.factors.push_back(quality);
+        script_.write(path, "factor " + std::to_string(quality));
+        script_.written[path] = {script_.sizeAt(quality), width_, height_, bits, format};
+    }
 
 private:
+    PictureScript& script_;
     int width_;
     int height_;
 };
 
-/// Every file is a picture of the same size, until a test says that none is one.
+/// Every file is a picture.
 class BlankPictures : public PictureLibrary {
 public:
-    int width = 640;
-    int height = 480;
-    bool broken = false;
-    mutable std::vector<std::string> loaded;
+    mutable PictureScript script;
 
-    PictureInfo info(const std::string&) const override { return {.width = width, .height = height}; }
-    std::unique_ptr<Picture> load(const std::string& path, PictureSize) const override {
-        if (broken) {
-            throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
-        }
-        loaded.push_back(path);
-        return std::make_unique<BlankPicture>(width, height);
+    PictureInfo info(const std::string& path) const override {
+        script.failIfBroken("info");
+        const auto written = script.written.find(path);
+        return written == script.written.end() ? script.unwritten : written->second;
+    }
+    std::unique_ptr<Picture> load(const std::string& path, PictureSize = {}) const override {
+        script.failIfBroken("load");
+        script.loaded.push_back(path);
+        const PictureInfo facts = info(path);
+        return std::make_unique<BlankPicture>(script, facts.width, facts.height);
     }
 };
 

@@ -41,6 +41,7 @@ public:
     std::string read(const std::string& path, std::size_t limit) const override { return real_.read(path, limit); }
     std::string programFolder() const override { return real_.programFolder(); }
     std::string nativePath(const std::string& path) const override { return real_.nativePath(path); }
+    std::string systemPath(const std::string& nativePath) const override { return real_.systemPath(nativePath); }
 
 private:
     void check(const std::string& path) const {

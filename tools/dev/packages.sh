@@ -6,7 +6,8 @@ PACKAGES=(
     libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev
     libcpp-httplib-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
     postgresql pgbouncer
-    fonts-noto-cjk
+    fonts-noto-cjk qt6-translations-l10n
+    mate-backgrounds
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
 )

@@ -28,6 +28,11 @@ reportOffice() {
     sqlite3 "$store" "select USER_ID, PROPERTY_TYPE_CODE, LOCAL_INFO, INSERT_DATE from TBL_LOCK"
     echo "== server"
     cat "$OFFICE-server/requests.log" 2>/dev/null || true
+    echo "== photos that have arrived as they are stored"
+    local stored
+    for stored in "$OFFICE"/C/ORV/IMG/[12]/"$user"*; do
+        cmp -s "$stored" "$OFFICE-server/photos/$(basename "$stored")" && ls -l "$stored"
+    done
     echo "== err log"
     find "$OFFICE/C/ORV/LOG" -name '*_err.log' -exec iconv -f CP932 -t UTF-8 {} +
     echo "== menu"

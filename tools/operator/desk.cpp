@@ -20,6 +20,8 @@ using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
 constexpr auto kPatience = 10s;
+// Of the package mate-backgrounds.
+constexpr const char* kPhoto = "/usr/share/backgrounds/mate/nature/Garden.jpg";
 constexpr const char* kNoticeTitle = "会社情報設定";
 
 std::string contentOf(const fs::path& file) {
@@ -103,6 +105,12 @@ std::string Office::errLog() const {
     return orv::Cp932().decode(bytes);
 }
 
+std::string Office::layPhoto() const {
+    const std::string name = "garden.jpg";
+    fs::copy_file(kPhoto, drive() / "ORV/PHOTO" / name, fs::copy_options::overwrite_existing);
+    return name;
+}
+
 int Office::menuStarts() const {
     const std::string log = contentOf(drive() / "ORV/LOG/menu_started.log");
     return static_cast<int>(std::count(log.begin(), log.end(), '\n'));
@@ -159,6 +167,13 @@ bool Terminal::waitForPage(int number) {
 }
 
 bool Terminal::waitForPasswordDialog() { return waitForForm("frm_ChangePassword", "パスワード変更"); }
+
+bool Terminal::waitForConfirmation() {
+    form_ = "frm_ImgCommon";
+    const bool there = waitForWindow("画像変換確認");
+    std::this_thread::sleep_for(200ms);
+    return there;
+}
 
 bool Terminal::waitForNotice() {
     const bool there = waitForWindow(kNoticeTitle);

@@ -57,6 +57,8 @@ public:
     void change(const std::string& sql) const;
     /// The err logs of all days, wherever the settings have put them, as UTF-8.
     std::string errLog() const;
+    /// Lays a real photo, larger than what can be registered, where the open dialog begins; gives its name.
+    std::string layPhoto() const;
     /// How often the menu was started.
     int menuStarts() const;
 
@@ -78,6 +80,8 @@ public:
     [[nodiscard]] bool waitForWindow(const std::string& title);
     [[nodiscard]] bool waitForPage(int number);
     [[nodiscard]] bool waitForPasswordDialog();
+    /// The dialog that fits a photo; its buttons can be clicked then.
+    [[nodiscard]] bool waitForConfirmation();
     /// A question or notice of the program.
     [[nodiscard]] bool waitForNotice();
     [[nodiscard]] bool windowGone(const std::string& title) const;

@@ -1,5 +1,5 @@
 // Works the program in an office as a clerk would, and takes pictures of what is on the screen.
-//   operator session OFFICE PICTURES   edits, goes through all pages, saves, leaves
+//   operator session OFFICE PICTURES   edits, goes through all pages, takes a photo, saves, leaves
 //   operator shots OFFICE PICTURES     every page and dialog, without saving
 #include <cstdlib>
 #include <filesystem>
@@ -32,13 +32,35 @@ void open(Terminal& terminal, const std::string& argument, const std::filesystem
     terminal.shot(pictures / "page0.png");
 }
 
-void session(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
+/// From the open dialog to the page that shows it.
+void takePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
+    const std::string photo = office.layPhoto();
+    terminal.click("btm_PhotoSelect", 0);
+    must(terminal.waitForWindow("ファイルを開く"), "the open dialog");
+    terminal.shot(pictures / "open_dialog.png");
+    terminal.typeAscii(photo);
+    terminal.key("Return");
+    must(terminal.waitForConfirmation(), "the confirmation dialog");
+    terminal.shot(pictures / "confirmation.png");
+    terminal.key("F1");
+    must(terminal.waitForWindow("ヘルプ"), "the help window");
+    terminal.shot(pictures / "help.png");
+    terminal.key("Return");
+    must(terminal.waitForConfirmation(), "the confirmation dialog again");
+    terminal.click("cmd_Entry");
+    must(terminal.waitForPage(2), "page 2 with the photo");
+    terminal.shot(pictures / "page2_photo.png");
+}
+
+void session(Terminal& terminal, const Office& office, const std::string& argument,
+             const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     terminal.enter("txt_Tanto_Name", "操作　花子");
     for (int page = 1; page < 5; ++page) {
         goTo(terminal, page, pictures);
         if (page == 2) {
             terminal.enter("txt_Day_Off", "毎週水曜日・年末年始");
+            takePhoto(terminal, office, pictures);
         }
     }
     terminal.click("btm_Save");
@@ -122,13 +144,15 @@ void otherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures
     terminal.kill();
 }
 
-void shots(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
+void shots(Terminal& terminal, const Office& office, const std::string& argument,
+           const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     for (const int page : {1, 2, 3, 4, 0}) {
         goTo(terminal, page, pictures);
         if (page == 2) {
             searchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
             must(terminal.waitForPage(page), "page 2 is back");
+            takePhoto(terminal, office, pictures);
         }
     }
     searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
@@ -155,7 +179,7 @@ int main(int argc, char* argv[]) {
         const desk::VirtualDisplay display;
         const Office office = Office::standing(argv[2]);
         Terminal terminal(office, display.name(), "DESK-01");
-        (work == "shots" ? shots : session)(terminal, argument, pictures);
+        (work == "shots" ? shots : session)(terminal, office, argument, pictures);
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << "operator: " << failure.what() << "\n";

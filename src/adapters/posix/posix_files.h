@@ -23,6 +23,7 @@ public:
     std::string read(const std::string& path, std::size_t limit) const override;
     std::string programFolder() const override { return paths_.programFolder(); }
     std::string nativePath(const std::string& path) const override { return paths_.toNative(path); }
+    std::string systemPath(const std::string& nativePath) const override { return paths_.toSystem(nativePath); }
 
 private:
     const InstallPaths& paths_;

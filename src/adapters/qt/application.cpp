@@ -5,7 +5,10 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QPalette>
+#include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -60,6 +63,18 @@ std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
     return toolkit;
 }
 
+/// What the toolkit itself says, in the open dialog above all.
+std::unique_ptr<QTranslator> japaneseWords() {
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    auto words = std::make_unique<QTranslator>();
+    if (words->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(words.get());
+    } else {
+        std::fputs("日本語の翻訳ファイル (qtbase_ja.qm) がありません。\n", stderr);
+    }
+    return words;
+}
+
 }  // namespace
 
 Application::Application(const char* programName) : name_(programName), arguments_{name_.data(), nullptr} {
@@ -67,6 +82,7 @@ Application::Application(const char* programName) : name_(programName), argument
     // once.
     const std::jthread fonts([] { FcInit(); });
     application_ = makeToolkit(count_, arguments_);
+    words_ = japaneseWords();
     QApplication::setStyle(new OfficeStyle);
     QApplication::setPalette(calmPalette());
     QApplication::setFont(japaneseFont());

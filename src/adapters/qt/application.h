@@ -4,6 +4,7 @@
 #include <string>
 
 class QApplication;
+class QTranslator;
 
 namespace orv {
 
@@ -24,6 +25,7 @@ private:
     std::string name_;
     char* arguments_[2];
     std::unique_ptr<QApplication> application_;
+    std::unique_ptr<QTranslator> words_;
 };
 
 }  // namespace orv

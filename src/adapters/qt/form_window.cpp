@@ -20,6 +20,8 @@ constexpr int kCaptionFont = 9;
 constexpr int kUnitGap = 3;
 constexpr int kUnitWidth = 60;
 constexpr int kKeySpace = 32;
+// What a window manager puts above a window.
+constexpr int kWindowFrame = 40;
 
 /// The frame around what has the focus; it lets every click through.
 class FocusFrame : public QWidget {
@@ -93,7 +95,7 @@ int codeOf(int key) {
 FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout)
     : QWidget(nullptr, Qt::Window), form_(form), forms_(forms) {
     setObjectName(toQt(form.name()));
-    setFixedSize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
+    takeSize();
     setFont(scale_.font(kCaptionFont));
     for (Control* control : form.controls()) {
         seat(*control, layout);
@@ -130,12 +132,35 @@ void FormWindow::seat(Control& control, std::span<const Placement> layout) {
         return;
     }
     auto view = makeView(control, this, scale_);
+    control.setBox(place->box);
     QWidget& widget = view->widget();
     widget.setGeometry(scale_.box(place->box));
     widget.setFocusPolicy(takesFocus(control) ? Qt::StrongFocus : Qt::NoFocus);
     widget.installEventFilter(this);
     view->refresh();
-    seats_.push_back({std::move(view), *place, control.visible()});
+    seats_.push_back({std::move(view), place->captionWidth});
+}
+
+/// A form whose size is the operator's begins no larger than the screen.
+void FormWindow::takeSize() {
+    const QSize size(scale_.length(form_.scaleWidth()), scale_.length(form_.scaleHeight()));
+    if (form_.sizing() == Sizing::Fixed) {
+        setFixedSize(size);
+        return;
+    }
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QSize room = screen == nullptr ? size : screen->availableSize() - QSize(0, kWindowFrame);
+    resize(size.boundedTo(room));
+}
+
+void FormWindow::placeAll() {
+    for (const Seat& seat : seats_) {
+        seat.view->widget().setGeometry(scale_.box(seat.view->control().box()));
+    }
+    if (const ControlView* view = viewOf(focusWidget()); view != nullptr && focusFrame_->isVisible()) {
+        static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
+    }
+    update();
 }
 
 void FormWindow::orderTabs() {
@@ -305,8 +330,8 @@ void FormWindow::paintCaptions(QPainter& painter) const {
             continue;
         }
         const ControlWords words = wordsOf(seat.view->control());
-        const Box& box = seat.place.box;
-        const QRect front = scale_.box({box.x - seat.place.captionWidth, box.y, seat.place.captionWidth, box.height});
+        const Box& box = seat.view->control().box();
+        const QRect front = scale_.box({box.x - seat.captionWidth, box.y, seat.captionWidth, box.height});
         painter.drawText(front, Qt::AlignRight | Qt::AlignVCenter, words.caption);
         const QRect behind = scale_.box({box.right() + kUnitGap, box.y, kUnitWidth, box.height});
         painter.drawText(behind, Qt::AlignLeft | Qt::AlignVCenter, words.unit);
@@ -324,6 +349,14 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     }
     commit();
     forms_.unload(form_, UnloadMode::CloseBox);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (form_.sizing() == Sizing::Free && !left_) {
+        form_.resize({qRound(width() / scale_.factor()), qRound(height() / scale_.factor())});
+        placeAll();
+    }
 }
 
 void FormWindow::changeEvent(QEvent* event) {

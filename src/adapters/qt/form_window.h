@@ -33,15 +33,17 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     struct Seat {
         std::unique_ptr<ControlView> view;
-        Placement place;
-        bool shown = true;
+        int captionWidth = 0;
     };
 
     void seat(Control& control, std::span<const Placement> layout);
+    void takeSize();
+    void placeAll();
     void orderTabs();
     void refresh();
     void openGate();

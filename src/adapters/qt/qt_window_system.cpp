@@ -6,6 +6,7 @@
 
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/notice_box.h"
+#include "adapters/qt/open_dialog.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -14,6 +15,21 @@ namespace {
 constexpr int kTidyPause = 50;  // milliseconds, while an event still runs
 
 }  // namespace
+
+/// What the operator shall work with shows no hourglass.
+class QtWindowSystem::PlainPointer {
+public:
+    explicit PlainPointer(QtWindowSystem& windows) : windows_(windows), busy_(windows.busy_) {
+        windows_.pointer(false);
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+    ~PlainPointer() { windows_.pointer(busy_); }
+
+private:
+    QtWindowSystem& windows_;
+    bool busy_;
+};
 
 QtWindowSystem::~QtWindowSystem() {
     for (const auto& [form, window] : windows_) {
@@ -69,6 +85,7 @@ void QtWindowSystem::tidy() {
 
 void QtWindowSystem::runModal(Form& form) {
     if (FormWindow* window = windowOf(&form)) {
+        const PlainPointer plain(*this);
         window->runModal();
     }
 }
@@ -79,11 +96,13 @@ FormWindow* QtWindowSystem::windowOf(const Form* form) const {
 }
 
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
-    const bool busy = busy_;
-    pointer(false);
-    const std::size_t answer = runNotice(notice, windowOf(forms_.activeForm()));
-    pointer(busy);
-    return answer;
+    const PlainPointer plain(*this);
+    return runNotice(notice, windowOf(forms_.activeForm()));
+}
+
+std::optional<std::string> QtWindowSystem::openFile(const FileQuestion& question) {
+    const PlainPointer plain(*this);
+    return runOpenDialog(question, windowOf(forms_.activeForm()));
 }
 
 void QtWindowSystem::commitComposition() {

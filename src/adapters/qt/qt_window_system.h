@@ -25,11 +25,14 @@ public:
     void centre(Form& form) override;
     void runModal(Form& form) override;
     std::size_t showNotice(const Notice& notice) override;
+    std::optional<std::string> openFile(const FileQuestion& question) override;
     void commitComposition() override;
     void pointer(bool busy) override;
     void repaint() override;
 
 private:
+    class PlainPointer;
+
     void tidyLater();
     void tidy();
     /// Null for a form that is not loaded.

@@ -29,6 +29,14 @@ struct Context {
     bool gSaving = false;
 
     std::optional<FailureRecord> gLoadFailure;
+
+    std::string gImgSrcFile;
+    std::string gImgDstFile;
+    std::string gImgSrcSizeText;
+    std::string gImgSrcHeightText;
+    std::string gImgSrcWidthText;
+    std::string gImgQualityText;
+    bool gImgLoaded = false;
 };
 
 inline Context theContext;
@@ -55,5 +63,18 @@ inline constinit bool& gSaving = theContext.gSaving;
 /// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
 /// is never written.
 inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFailure;
+
+/// The picture chosen, which is never written to, and the file that its fitting makes; the latter is empty after the
+/// operator's cancel.
+inline constinit std::string& gImgSrcFile = theContext.gImgSrcFile;
+inline constinit std::string& gImgDstFile = theContext.gImgDstFile;
+/// The figures of the picture chosen, as the operator reads them.
+inline constinit std::string& gImgSrcSizeText = theContext.gImgSrcSizeText;
+inline constinit std::string& gImgSrcHeightText = theContext.gImgSrcHeightText;
+inline constinit std::string& gImgSrcWidthText = theContext.gImgSrcWidthText;
+/// The quality of the result: "255/255" as long as none has been looked for.
+inline constinit std::string& gImgQualityText = theContext.gImgQualityText;
+/// The confirmation dialog has got to the end of its load.
+inline constinit bool& gImgLoaded = theContext.gImgLoaded;
 
 }  // namespace orv

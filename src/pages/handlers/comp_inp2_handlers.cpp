@@ -1,6 +1,7 @@
 #include "pages/handlers/comp_inp2_handlers.h"
 
 #include "config/shared_settings.h"
+#include "images/photo_slots.h"
 #include "logging/handled.h"
 #include "pages/common/enter_key.h"
 #include "pages/events/frame_handlers.h"
@@ -27,6 +28,43 @@ void followLinkName(frm_CompInp2& form, const char* label) {
             return true;
         },
         kTextReport);
+}
+
+PhotoControls slotOf(frm_CompInp2& form, std::size_t slot) {
+    return {.picture = form.pic_PhotoFile[slot],
+            .path = form.txt_PhotoFilePath[slot],
+            .group = form.cbo_pic_PhotoFile[slot],
+            .select = form.btm_PhotoSelect[slot]};
+}
+
+PhotoSlots photosOf(frm_CompInp2& form) {
+    return {.page = form, .work = form.pic_LeadTmp, .slots = {slotOf(form, 0), slotOf(form, 1)}};
+}
+
+void acceptDrops(frm_CompInp2& form) {
+    for (std::size_t i = 0; i < form.pic_PhotoFile.size(); ++i) {
+        form.pic_PhotoFile[i].setAcceptsDrops(true);
+    }
+}
+
+void leavePage(frm_CompInp2& form) {
+    handled("[ CompInp2 Form_Unload ]", [&form] {
+        acceptDrops(form);
+        Form_Unload(form);
+        return true;
+    });
+}
+
+void wirePhotos(frm_CompInp2& form) {
+    for (std::size_t i = 0; i < form.pic_PhotoFile.size(); ++i) {
+        form.btm_PhotoSelect[i].onClick = [&form, i] { btm_PhotoSelect_Click(photosOf(form), i); };
+        form.btm_PhotoDel[i].onClick = [&form, i] { btm_PhotoDel_Click(photosOf(form), i); };
+        form.pic_PhotoFile[i].onDrop = [&form, i](const std::string& file) {
+            pic_PhotoFile_OLEDrop(photosOf(form), i, file);
+        };
+        ComboBox& combo = form.cbo_pic_PhotoFile[i];
+        combo.onKeyDown = [&combo](int key) { enterMovesOn(combo, key); };
+    }
 }
 
 }  // namespace
@@ -69,16 +107,17 @@ void btn_DelRail_Click(frm_CompInp2& form) {
 
 void wireCompInp2(frm_CompInp2& form) {
     wireFrame(form);
-    form.onLoad = [&form] { Form_Load(form); };
+    form.onLoad = [&form] {
+        acceptDrops(form);
+        Form_Load(form);
+    };
+    form.onUnload = [&form] { leavePage(form); };
     form.btn_SelectRail.onClick = [&form] { btn_SelectRail_Click(form); };
     form.btn_SelectRail.onKeyDown = [&form](int) { btn_SelectRail_KeyDown(form); };
     form.btn_DelRail.onClick = [&form] { btn_DelRail_Click(form); };
     form.txt_Company_URL_Comment.onChange = [&form] { txt_Company_URL_Comment_Change(form); };
     form.txt_Company_URL_Comment.onLostFocus = [&form] { txt_Company_URL_Comment_LostFocus(form); };
-    for (std::size_t i = 0; i < form.cbo_pic_PhotoFile.size(); ++i) {
-        ComboBox& combo = form.cbo_pic_PhotoFile[i];
-        combo.onKeyDown = [&combo](int key) { enterMovesOn(combo, key); };
-    }
+    wirePhotos(form);
 }
 
 }  // namespace orv

@@ -73,6 +73,17 @@ public:
     virtual bool focusable() const { return false; }
     /// Smaller stands earlier in the order of Tab; controls of one rank go in the order of their declaration.
     int tabRank() const { return tabRank_; }
+    /// Where it stands on its form, in design pixels. The window gives it the place that the layout has for it, and
+    /// follows what code assigns when the form is resized.
+    const Box& box() const { return box_; }
+    int width() const { return box_.width; }
+    int height() const { return box_.height; }
+    void setBox(const Box& box) { box_ = box; }
+    void setLeft(int left) { box_.x = left; }
+    void setTop(int top) { box_.y = top; }
+    void setWidth(int width) { box_.width = width; }
+    void setHeight(int height) { box_.height = height; }
+
     /// Failure 5 on a control that is disabled or hidden.
     void setFocus();
 
@@ -100,6 +111,7 @@ private:
     std::optional<Colour> backColour_;
     Colour foreColour_;
     int tabRank_ = 0;
+    Box box_;
     std::function<void()> observer_;
 };
 

@@ -7,17 +7,27 @@ namespace orv {
 
 ImageControl::ImageControl(ControlOwner& owner, std::string_view name, const ImageDesign& design, int index)
     : Control(owner, name, index, ControlKind::Image),
-      width_(design.width),
-      height_(design.height),
       dstRect_{0, 0, design.width, design.height},
       dstClipRect_(dstRect_),
       spokenName_(design.spokenName) {
     Control::design({}, true, design.visible);
+    setBox(dstRect_);
 }
+
+void ImageControl::getFileInfo(const std::string& file) { info_ = services().pictures->info(file); }
 
 void ImageControl::load(const std::string& file, PictureSize within) {
     picture_ = services().pictures->load(file, within);
     repaint();
+}
+
+void ImageControl::size(int width, int height) {
+    loaded().size(width, height);
+    repaint();
+}
+
+void ImageControl::save(const std::string& file, std::int32_t format, std::int32_t bits, int quality) const {
+    loaded().save(file, format, bits, quality);
 }
 
 void ImageControl::clear() {
@@ -25,19 +35,9 @@ void ImageControl::clear() {
     repaint();
 }
 
-int ImageControl::bitmapWidth() const {
-    if (!picture_) {
-        throw RunTimeError(Failure::ObjectNotSet);
-    }
-    return picture_->width();
-}
+int ImageControl::bitmapWidth() const { return loaded().width(); }
 
-int ImageControl::bitmapHeight() const {
-    if (!picture_) {
-        throw RunTimeError(Failure::ObjectNotSet);
-    }
-    return picture_->height();
-}
+int ImageControl::bitmapHeight() const { return loaded().height(); }
 
 void ImageControl::setDstRect(const Box& box) {
     dstRect_ = box;
@@ -55,9 +55,16 @@ void ImageControl::setAutoRepaint(bool on) {
 }
 
 void ImageControl::drop(const std::string& file) {
-    if (acceptsDrops_ && usable() && owner().ownerEnabled()) {
+    if (takesDrops()) {
         onDrop.raise(file);
     }
+}
+
+Picture& ImageControl::loaded() const {
+    if (!picture_) {
+        throw RunTimeError(Failure::ObjectNotSet);
+    }
+    return *picture_;
 }
 
 void ImageControl::repaint() const {

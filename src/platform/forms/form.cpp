@@ -4,7 +4,8 @@
 
 namespace orv {
 
-Form::Form(std::string_view name, std::string_view caption, Point size) : name_(name), caption_(caption), size_(size) {}
+Form::Form(std::string_view name, std::string_view caption, Point size, Sizing sizing)
+    : name_(name), caption_(caption), size_(size), sizing_(sizing) {}
 
 void Form::setCaption(std::string caption) {
     caption_ = std::move(caption);

@@ -13,12 +13,15 @@ namespace orv {
 /// Why a form goes: by the window's close box or by the program's own code.
 enum class UnloadMode { CloseBox = 0, Code = 1 };
 
+/// Whether the operator can give the window another size.
+enum class Sizing { Fixed, Free };
+
 /// A window without a toolkit: controls, the focus among them, what is drawn behind them, and the events of its life.
 /// Making the object loads nothing; FormHost loads, shows and unloads it.
 class Form : public ControlOwner {
 public:
     /// `size` in design pixels.
-    Form(std::string_view name, std::string_view caption, Point size);
+    Form(std::string_view name, std::string_view caption, Point size, Sizing sizing = Sizing::Fixed);
 
     const std::string& name() const { return name_; }
     const std::string& caption() const { return caption_; }
@@ -27,7 +30,9 @@ public:
     const Canvas& canvas() const { return canvas_; }
     int scaleWidth() const { return size_.x; }
     int scaleHeight() const { return size_.y; }
-    /// The operator, or the view, has given the window another size.
+    Sizing sizing() const { return sizing_; }
+    /// The operator, or the view, has given the window another size: raises resize, and the view then follows the
+    /// boxes of the controls.
     void resize(Point size);
 
     const std::vector<Control*>& controls() const { return controls_; }
@@ -78,6 +83,7 @@ private:
     std::string name_;
     std::string caption_;
     Point size_;
+    Sizing sizing_;
     Canvas canvas_;
     std::vector<Control*> controls_;
     Control* active_ = nullptr;

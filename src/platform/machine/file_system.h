@@ -31,6 +31,8 @@ public:
     virtual std::string programFolder() const = 0;
     /// The same place in the form of the machine, for the libraries behind the interfaces.
     virtual std::string nativePath(const std::string& path) const = 0;
+    /// The way back; a place on no drive of the system keeps its form, and is understood all the same.
+    virtual std::string systemPath(const std::string& nativePath) const = 0;
 };
 
 }  // namespace orv

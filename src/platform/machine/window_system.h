@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,14 @@ struct Notice {
     std::size_t escapeButton = 0;
 };
 
+/// A plain dialog for one file that is there. `filter`: a name and a pattern, parted by "|". `folder`: where it begins,
+/// in the form of the machine; where there is no such folder it begins in the operator's own.
+struct FileQuestion {
+    std::string title;
+    std::string filter;
+    std::string folder;
+};
+
 /// What needs a screen. A window that can't be shown is a RunTimeError.
 class WindowSystem {
 public:
@@ -40,6 +49,8 @@ public:
     virtual void runModal(Form& form) = 0;
     /// Owned by the active form's window. Returns the place of the button pressed.
     virtual std::size_t showNotice(const Notice& notice) = 0;
+    /// Owned by the active form's window. The path in the form of the machine; nothing when the operator cancels.
+    virtual std::optional<std::string> openFile(const FileQuestion& question) = 0;
     /// Takes an input-method composition that is still open into its field.
     virtual void commitComposition() = 0;
     /// The hourglass while `busy`.

@@ -197,7 +197,9 @@ public:
 class OnePicture : public PictureLibrary {
 public:
     PictureInfo info(const std::string&) const override { return {}; }
-    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override { return std::make_unique<TwoColours>(); }
+    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override {
+        return std::make_unique<TwoColours>();
+    }
 };
 
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {
@@ -219,22 +221,37 @@ TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {
 TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
     std::string dropped;
     page.photo.onDrop = [&](const std::string& file) { dropped = file; };
-    const auto drop = [&](const QUrl& url) {
+    const auto drop = [&](const QList<QUrl>& urls) {
         QMimeData data;
-        data.setUrls({url});
+        data.setUrls(urls);
         QWidget* area = widgetOf(page.photo);
         QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(area, &enter);
         if (enter.isAccepted()) {
             QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
             QApplication::sendEvent(area, &event);
+            EXPECT_EQ(dropped, "") << "the other program must not wait for it";
+            settle();
         }
         return std::exchange(dropped, "");
     };
-    EXPECT_EQ(drop(QUrl::fromLocalFile("/tmp/写真.jpg")), "");
+    const QUrl photo = QUrl::fromLocalFile("/tmp/写真.jpg");
+    EXPECT_EQ(drop({photo}), "");
     page.photo.setAcceptsDrops(true);
-    EXPECT_EQ(drop(QUrl::fromLocalFile("/tmp/写真.jpg")), "/tmp/写真.jpg");
-    EXPECT_EQ(drop(QUrl("http://localhost/a.jpg")), "");
+    EXPECT_EQ(drop({photo}), "/tmp/写真.jpg");
+    EXPECT_EQ(drop({QUrl("http://localhost/a.jpg")}), "");
+    EXPECT_EQ(drop({photo, QUrl::fromLocalFile("/tmp/b.jpg")}), "") << "which of them is meant";
+    for (const bool enabled : {false, true}) {
+        page.setEnabled(enabled);
+        EXPECT_EQ(drop({photo}), enabled ? "/tmp/写真.jpg" : "");
+    }
+    QTimer::singleShot(0, qApp, [&] {
+        EXPECT_EQ(drop({photo}), "") << "under a notice";
+        QApplication::activeModalWidget()->close();
+    });
+    windows.showNotice({.title = "題", .text = "文"});
+    page.photo.setEnabled(false);
+    EXPECT_EQ(drop({photo}), "");
 }
 
 }  // namespace

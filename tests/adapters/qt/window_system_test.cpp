@@ -1,7 +1,12 @@
 #include <unistd.h>
 
+#include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
+#include <QTreeView>
+#include <algorithm>
 #include <array>
 
 #include "adapters/qt/descriptor_watch.h"
@@ -83,6 +88,98 @@ TEST_F(WindowSystemTest, AModalFormRunsUntilItIsUnloadedAndMayDieAtOnce) {
     }
     settle();
     EXPECT_TRUE(QTest::qWaitForWindowActive(windowOf(page)));
+}
+
+TEST_F(WindowSystemTest, AModalFormShowsNoHourglass) {
+    SamplePage dialog;
+    place(dialog);
+    windows.pointer(true);
+    meanwhile([&](QWidget&) {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        forms.unload(dialog, UnloadMode::Code);
+    });
+    forms.showModal(dialog);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    windows.pointer(false);
+}
+
+bool isJapanese(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar each) { return each.unicode() >= 0x3000; });
+}
+
+TEST_F(WindowSystemTest, TheOpenDialogGivesOneFileThatIsThere) {
+    const QTemporaryDir folder;
+    for (const char* name : {"写真.jpg", "b.JPG", "c.png"}) {
+        QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+    }
+    const FileQuestion question{"ファイルを開く", "JPEGファイル|*.jpg", folder.path().toStdString()};
+    const auto pickedBy = [&](const std::function<void(QWidget&, QLineEdit&)>& act) {
+        meanwhile([&](QWidget& box) { act(box, *box.findChild<QLineEdit*>("fileNameEdit")); });
+        return windows.openFile(question).value_or("cancelled");
+    };
+    const auto enterName = [&](const QString& name) {
+        return pickedBy([&](QWidget&, QLineEdit& line) {
+            line.setText(name);
+            QTest::keyClick(&line, Qt::Key_Return);
+        });
+    };
+    EXPECT_EQ(enterName("写真.jpg"), folder.filePath("写真.jpg").toStdString());
+    EXPECT_EQ(enterName(folder.filePath("c.png")), folder.filePath("c.png").toStdString()) << "the filter only hides";
+    EXPECT_EQ(pickedBy([](QWidget& box, QLineEdit&) { QTest::keyClick(&box, Qt::Key_Escape); }), "cancelled");
+    EXPECT_EQ(pickedBy([](QWidget& box, QLineEdit&) { box.close(); }), "cancelled");
+}
+
+TEST_F(WindowSystemTest, TheOpenDialogSpeaksJapanese) {
+    meanwhile([](QWidget& box) {
+        EXPECT_EQ(box.windowTitle(), "ファイルを開く");
+        int words = 0;
+        const auto expectJapanese = [&](const QString& text) {
+            words += text.isEmpty() ? 0 : 1;
+            EXPECT_TRUE(text.isEmpty() || isJapanese(text)) << text.toStdString();
+        };
+        for (const auto* button : box.findChildren<QAbstractButton*>()) {
+            if (button->isVisible()) {
+                expectJapanese(button->text());
+                expectJapanese(button->toolTip());
+            }
+        }
+        for (const auto* label : box.findChildren<QLabel*>()) {
+            expectJapanese(label->isVisible() ? label->text() : QString());
+        }
+        const auto* list = box.findChild<QTreeView*>("treeView");
+        for (int column = 0; column < list->model()->columnCount(); ++column) {
+            expectJapanese(list->isColumnHidden(column) ? QString()
+                                                        : list->model()->headerData(column, Qt::Horizontal).toString());
+        }
+        EXPECT_GE(words, 12);
+        box.close();
+    });
+    windows.openFile({"ファイルを開く", "JPEGファイル|*.jpg", "/there/is/none"});
+}
+
+/// Its panel is as wide as the form.
+struct FreeForm : Form {
+    explicit FreeForm(Point size) : Form("free", "自由", size, Sizing::Free) {
+        onResize = [this] { panel.setWidth(scaleWidth()); };
+    }
+    ~FreeForm() override { services().forms->unload(*this, UnloadMode::Code); }
+    Label panel{*this, "lbl_Panel", {.look = LabelLook::Panel}};
+};
+
+TEST_F(WindowSystemTest, AFormOfFreeSizeBeginsWithinTheScreenAndItsControlsFollow) {
+    qputenv("ORV_SCALE", "2");
+    FreeForm form({5000, 5000});
+    show(form);
+    QWidget* window = windowOf(form);
+    const QSize screen = window->screen()->availableSize();
+    EXPECT_TRUE(QRect({}, screen).contains(QRect({}, window->size())));
+    EXPECT_EQ(form.scaleWidth(), window->width() / 2);
+    EXPECT_EQ(widgetOf(form.panel)->width(), window->width());
+    window->resize(300, 200);
+    settle();
+    EXPECT_EQ(form.scaleWidth(), 150);
+    EXPECT_EQ(form.scaleHeight(), 100);
+    EXPECT_EQ(widgetOf(form.panel)->width(), 300);
 }
 
 TEST_F(WindowSystemTest, TheCloseBoxOfADisabledFormKeepsItAndTells) {

@@ -98,7 +98,7 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
 }
 
 TEST_F(PageStart, AFillThatFailsIsReportedAndHandsNothingOver) {
-    pictures.broken = true;
+    pictures.script.broken = {"load"};
     start();
     turnTo(2);
     expectReported("57", "[ PF_Thumbnail ] 画像ではありません。");

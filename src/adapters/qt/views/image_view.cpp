@@ -1,8 +1,12 @@
+#include <QApplication>
 #include <QDropEvent>
+#include <QFile>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
+#include <QTimer>
 #include <QUrl>
+#include <functional>
 
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
@@ -21,13 +25,16 @@ public:
         setAcceptDrops(true);
     }
 
+    /// The file, in the form of the machine.
+    std::function<void(std::string)> onDrop;
+
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override {
-        event->setAccepted(image_.acceptsDrops() && !droppedFile(*event).isEmpty());
-    }
+    void dragEnterEvent(QDragEnterEvent* event) override { event->setAccepted(takes(*event)); }
     void dropEvent(QDropEvent* event) override {
-        event->acceptProposedAction();
-        image_.drop(droppedFile(*event).toStdString());
+        event->setAccepted(takes(*event));
+        if (event->isAccepted() && onDrop) {
+            onDrop(QFile::encodeName(droppedFile(*event)).toStdString());
+        }
     }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
@@ -40,10 +47,16 @@ protected:
     }
 
 private:
-    /// The first of them, where several are dropped; empty for what is no file.
+    /// Nothing is taken while a dialog or a notice is open or the page is at work.
+    bool takes(const QDropEvent& event) const {
+        const QWidget* modal = QApplication::activeModalWidget();
+        return isEnabled() && image_.takesDrops() && (modal == nullptr || modal == window()) &&
+               !droppedFile(event).isEmpty();
+    }
+    /// Empty for what is no file, and for several: which of them is meant nobody can tell.
     static QString droppedFile(const QDropEvent& event) {
         const QList<QUrl> files = event.mimeData()->urls();
-        return files.isEmpty() ? QString() : files.front().toLocalFile();
+        return files.size() == 1 ? files.front().toLocalFile() : QString();
     }
 
     void paintPicture(QPainter& painter) {
@@ -77,10 +90,22 @@ private:
 
 class ImageView : public ControlView {
 public:
-    ImageView(ImageControl& control, PictureArea* area) : ControlView(control, area) {}
+    ImageView(ImageControl& control, PictureArea* area) : ControlView(control, area), image_(control) {
+        area->onDrop = [this](std::string file) { dropLater(std::move(file)); };
+    }
 
 private:
+    /// The program that the file comes from waits until the drop is over.
+    void dropLater(std::string file) {
+        QTimer::singleShot(0, this, [this, file = std::move(file)] {
+            if (!released()) {
+                image_.drop(file);
+            }
+        });
+    }
     void show() override { widget().update(); }
+
+    ImageControl& image_;
 };
 
 }  // namespace

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QWidget>
+#include <optional>
+#include <string>
+
+#include "platform/machine/window_system.h"
+
+namespace orv {
+
+/// Shows the open dialog above `owner`, which may be null, and waits for the file. Nothing can be renamed, deleted or
+/// made in it.
+std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner);
+
+}  // namespace orv

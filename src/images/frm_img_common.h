@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/controls/captions.h"
+#include "platform/controls/image_control.h"
+#include "platform/forms/form.h"
+
+namespace orv {
+
+inline constexpr Point kImgCommonSize{660, 661};
+
+/// Shows a fitted picture with the figures of the chosen one and its own, and asks whether it shall be taken. Its one
+/// output is `gImgDstFile`, which a cancel empties.
+struct frm_ImgCommon : Form {
+    frm_ImgCommon();
+
+    // clang-format off
+    Label lbl_ImgCommonTitle{*this, "lbl_ImgCommonTitle", {.caption = "以下の登録画像を保存します。よろしければ確定ボタンを押してください。", .look = LabelLook::Panel}};
+    Label lbl_BeforImg{*this, "lbl_BeforImg", {.look = LabelLook::Panel}};
+    Label lbl_AfterImg{*this, "lbl_AfterImg", {.look = LabelLook::Panel}};
+    ImageControl pic_Info{*this, "pic_Info", {.width = 640, .height = 494, .spokenName = "登録画像"}};
+    Button cmd_Entry{*this, "cmd_Entry", {.caption = "確定", .look = ButtonLook::Action}};
+    Button cmd_Cancel{*this, "cmd_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};
+    // clang-format on
+};
+
+}  // namespace orv

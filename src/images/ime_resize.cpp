@@ -1,0 +1,71 @@
+#include "images/ime_resize.h"
+
+#include <memory>
+#include <utility>
+
+#include "core/record/globals.h"
+#include "images/file_size_text.h"
+#include "images/frm_img_common.h"
+#include "images/image_fit.h"
+#include "images/quality_search.h"
+#include "logging/trap.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+
+namespace orv {
+namespace {
+
+void readFigures(ImageControl& image) {
+    image.getFileInfo(gImgSrcFile);
+    gImgSrcSizeText = PF_GetFileSizeString(image.infoSizeDisk());
+    gImgSrcHeightText = std::to_string(image.infoHeight());
+    gImgSrcWidthText = std::to_string(image.infoWidth());
+    gImgQualityText = "255/255";
+}
+
+/// Loaded as long as it lives, at the longest; what the form host still holds of it then is kept until no event runs.
+class Confirmation {
+public:
+    Confirmation() { services().forms->load(*form_); }
+    Confirmation(const Confirmation&) = delete;
+    Confirmation& operator=(const Confirmation&) = delete;
+    ~Confirmation() {
+        services().forms->unload(*form_, UnloadMode::Code);
+        services().forms->retire(std::move(form_));
+    }
+    void ask() { services().forms->showModal(*form_); }
+
+private:
+    std::unique_ptr<frm_ImgCommon> form_ = std::make_unique<frm_ImgCommon>();
+};
+
+/// False: the dialog could not be made ready.
+bool confirmed() {
+    gImgLoaded = false;
+    Confirmation dialog;
+    if (gImgLoaded) {
+        dialog.ask();
+    }
+    return gImgLoaded;
+}
+
+}  // namespace
+
+bool bas_Image::PF_ImeResize(const std::string& source, ImageControl& image, std::string& target) {
+    return trapped("[ PF_ImeResize ] ", [&] {
+        gImgSrcFile = source;
+        gImgDstFile = target;
+        readFigures(image);
+        bool changed = false;
+        if (!PF_ResizeImePic(image, changed) || !PF_ChangeQFactor(image, changed)) {
+            return false;
+        }
+        if (changed && !confirmed()) {
+            return false;
+        }
+        target = gImgDstFile;
+        return true;
+    });
+}
+
+}  // namespace orv

@@ -1,0 +1,192 @@
+#include "images/photo_slots.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "config/profile.h"
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "images/ime_resize.h"
+#include "images/thumbnail.h"
+#include "logging/error_pair.h"
+#include "logging/handled.h"
+#include "logging/messages.h"
+#include "logging/trap.h"
+#include "logging/write_log.h"
+#include "platform/forms/form_host.h"
+#include "platform/machine/file_system.h"
+#include "platform/machine/window_system.h"
+#include "platform/services.h"
+#include "platform/suite/message_service.h"
+
+namespace orv {
+namespace {
+
+constexpr const char* kCodePrefix = "IMGERR:";
+constexpr int kCancelled = static_cast<int>(Failure::DialogCancelled);
+
+std::string codeOf(const RunTimeError& failure) { return kCodePrefix + std::to_string(failure.number()); }
+
+/// No second click on the button as long as the first is at work. The focus, which the button loses, comes back.
+class ButtonOff {
+public:
+    ButtonOff(const Form& page, Button& button) : button_(button), hadFocus_(page.activeControl() == &button) {
+        button_.setEnabled(false);
+    }
+    ButtonOff(const ButtonOff&) = delete;
+    ButtonOff& operator=(const ButtonOff&) = delete;
+    ~ButtonOff() {
+        button_.setEnabled(true);
+        if (hadFocus_ && button_.usable()) {
+            button_.setFocus();
+        }
+    }
+
+private:
+    Button& button_;
+    bool hadFocus_;
+};
+
+/// The page takes nothing while a picture is fitted, and the picture's pixels are given back afterwards.
+class Fitting {
+public:
+    explicit Fitting(const PhotoSlots& photos) : photos_(photos) {
+        photos_.page.setEnabled(false);
+        services().forms->setPointer(kPointerHourglass);
+    }
+    Fitting(const Fitting&) = delete;
+    Fitting& operator=(const Fitting&) = delete;
+    ~Fitting() {
+        photos_.work.clear();
+        services().forms->setPointer(kPointerDefault);
+        photos_.page.setEnabled(true);
+    }
+
+private:
+    const PhotoSlots& photos_;
+};
+
+/// The working file of a fitting that failed is in no defined state.
+bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
+    const Fitting fitting(photos);
+    if (PF_ImeResize(file, photos.work, work)) {
+        return true;
+    }
+    if (services().fileSystem->exists(work)) {
+        static_cast<void>(caught([&] { services().fileSystem->remove(work); }));
+    }
+    return false;
+}
+
+void keep(const PhotoControls& slot, const std::string& work, const std::string& slotFile) {
+    services().fileSystem->copy(work, slotFile);
+    tCustomerInfo.SEND_FLAG = true;
+    slot.path.setText(slotFile);
+}
+
+/// `work` and `slotFile` are read before anything else happens.
+bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string& file, std::string work,
+          const std::string& slotFile) {
+    if (!fitted(photos, file, work)) {
+        return false;
+    }
+    if (!work.empty()) {
+        keep(slot, work, slotFile);
+    }
+    const std::string shown = slot.path.text();
+    return shown.empty() || PF_Thumbnail(slot.picture, shown);
+}
+
+std::string slotFileOf(std::size_t slot) { return com().TmpNoTmpFile(static_cast<std::int16_t>(slot)); }
+
+/// The file that the operator picks; failure 20150 when none. A start folder that the settings do not name is the
+/// operator's own.
+std::string pickedFile(const std::string& startFolder) {
+    FileSystem& files = *services().fileSystem;
+    const std::string folder = startFolder.empty() ? std::string() : files.nativePath(startFolder);
+    const std::optional<std::string> file =
+        services().windows->openFile({.title = "ファイルを開く", .filter = "JPEGファイル|*.jpg", .folder = folder});
+    if (!file) {
+        throw RunTimeError(Failure::DialogCancelled);
+    }
+    return files.systemPath(*file);
+}
+
+bool shownAsMessage() {
+    bool shown = false;
+    const auto failure = caught([&] { shown = services().message->ShowMessage("UTERR001", {gErrCode, gErrMsg}); });
+    return shown && !failure;
+}
+
+/// When the message service fails: the bare failure, or the pair where the body has told by it.
+void showPlainBox(const std::optional<RunTimeError>& failure) {
+    const Notice notice{.title = failure ? std::to_string(failure->number()) : gErrCode,
+                        .text = failure ? failure->description() : gErrMsg,
+                        .kind = Notice::Kind::Critical};
+    static_cast<void>(caught([&] { services().windows->showNotice(notice); }));
+}
+
+/// The run-time failure of `body`, if that is how it ended; the pair tells of it, and `fine` whether it ended well.
+std::optional<RunTimeError> photoTrapped(const char* label, bool& fine, const std::function<bool()>& body) {
+    clearPair();
+    auto failure = caught([&] { fine = body(); });
+    if (failure) {
+        fine = fail(label + failure->description(), codeOf(*failure));
+    }
+    return failure;
+}
+
+bool pickAndTake(const PhotoSlots& photos, std::size_t slot) {
+    const std::string work = com().TmpWorkImgFile();
+    const std::string slotFile = slotFileOf(slot);
+    std::string startFolder;
+    if (!PF_GetProFile(com().SysSystemIni(), "UTILTY", "GET_IMG", startFolder)) {
+        return false;
+    }
+    return take(photos, photos.slots.at(slot), pickedFile(startFolder), work, slotFile);
+}
+
+}  // namespace
+
+void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
+    const ButtonOff off(photos.page, photos.slots.at(slot).select);
+    bool fine = false;
+    const auto failure = photoTrapped("[ PhotoSelect_Click ]", fine, [&] { return pickAndTake(photos, slot); });
+    if (fine) {
+        return;
+    }
+    if (failure && failure->number() == kCancelled) {
+        static_cast<void>(fail("画像選択はキャンセルされました。\r\n" + failure->description(), codeOf(*failure)));
+    } else if (!shownAsMessage()) {
+        showPlainBox(failure);
+    }
+    logPair();
+}
+
+void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std::string& file) {
+    bool fine = false;
+    photoTrapped("[ PhotoFile_OLEDrop ]", fine,
+                 [&] { return take(photos, photos.slots.at(slot), file, com().TmpWorkImgFile(), slotFileOf(slot)); });
+    if (!fine) {
+        shownAsMessage();
+        logPair();
+    }
+}
+
+void btm_PhotoDel_Click(const PhotoSlots& photos, std::size_t slot) {
+    handled("[ CompInp2 btm_PhotoDel_Click ]", [&] {
+        if (staysAfter("IMGMSG01")) {
+            return true;
+        }
+        const PhotoControls& controls = photos.slots.at(slot);
+        controls.group.setListIndex(-1);
+        controls.path.setText("");
+        controls.picture.setVisible(false);
+        controls.picture.clear();
+        controls.picture.setVisible(true);
+        return true;
+    });
+}
+
+}  // namespace orv

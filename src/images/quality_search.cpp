@@ -1,0 +1,74 @@
+#include "images/quality_search.h"
+
+#include <cstdint>
+
+#include "config/shared_settings.h"
+#include "core/record/globals.h"
+#include "logging/error_pair.h"
+#include "logging/trap.h"
+#include "platform/machine/window_system.h"
+#include "platform/services.h"
+#include "validation/text/conversions.h"
+
+namespace orv {
+namespace {
+
+/// Writes the working file again and again, each time from the same pixels.
+class Saver {
+public:
+    explicit Saver(ImageControl& image) : image_(image), format_(image.infoFormat()), bits_(image.infoBits()) {}
+
+    void save(int factor) const { image_.save(gImgDstFile, format_, bits_, factor); }
+    /// The size in bytes that the file then has.
+    std::int32_t measured(int factor) const {
+        save(factor);
+        image_.getFileInfo(gImgDstFile);
+        return image_.infoSizeDisk();
+    }
+
+private:
+    ImageControl& image_;
+    std::int32_t format_;
+    std::int32_t bits_;
+};
+
+/// The smallest factor at which the file fits, given that the size falls as the factor rises. The place searched for is
+/// one above the factor, so that the steps come out even; `size` is that of the smallest file.
+int smallestFitting(const Saver& saver, double limit, std::int32_t size) {
+    int place = kSmallestFile + 1;
+    for (int step = (kSmallestFile + 1) / 2; step >= 1; step /= 2) {
+        place = size > limit ? place + step : place - step;
+        if (place == kBestQuality) {
+            place = kBestQuality + 1;
+        }
+        size = saver.measured(place - 1);
+        services().windows->repaint();
+    }
+    return size > limit ? place : place - 1;
+}
+
+bool lowerQuality(ImageControl& image, bool& changed) {
+    image.getFileInfo(gImgDstFile);
+    const double limit = toNumber(com().IniImgSize());
+    if (image.infoSizeDisk() <= limit) {
+        return true;
+    }
+    changed = true;
+    const Saver saver(image);
+    const std::int32_t smallest = saver.measured(kSmallestFile);
+    if (smallest > limit) {
+        return fail("ファイルサイズが大きすぎて保存できません。", "IMGERR:01");
+    }
+    const int factor = smallestFitting(saver, limit, smallest);
+    saver.save(factor);
+    gImgQualityText = std::to_string(factor) + "/ 255";
+    return true;
+}
+
+}  // namespace
+
+bool bas_Image::PF_ChangeQFactor(ImageControl& image, bool& changed) {
+    return trapped("[ PF_ChangeQFactor ] ", [&] { return lowerQuality(image, changed); });
+}
+
+}  // namespace orv

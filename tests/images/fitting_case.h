@@ -1,0 +1,34 @@
+#pragma once
+
+#include "support/fixture.h"
+
+namespace orv {
+
+/// A picture to fit, in a file outside the office's drives as a clerk has it, and the control of page 2 to fit it in.
+class FittingTest : public SystemTest {
+protected:
+    static constexpr const char* kWork = "C:\\ORV\\TMP\\WorkImg";
+
+    FittingTest() {
+        writeFile(source, "a picture");
+        gImgSrcFile = source;
+        gImgDstFile = kWork;
+    }
+    /// What the header of the picture says.
+    void picture(int width, int height, std::int32_t size = 1000) {
+        pictures.script.unwritten = {.sizeDisk = size, .width = width, .height = height, .bits = 24, .format = 7};
+    }
+    void limits(const std::string& width, const std::string& height, const std::string& size = "61440") {
+        settings.set("IMG", "LONG_W", width);
+        settings.set("IMG", "LONG_H", height);
+        settings.set("IMG", "MAXSIZE", size);
+    }
+    bool standsInWork() const { return files.exists(kWork); }
+    static std::string pair() { return gErrCode + " " + gErrMsg; }
+
+    TempFolder desk;
+    std::string source = desk.file("写真.jpg");
+    ImageControl& image = page<frm_CompInp2>().pic_LeadTmp;
+};
+
+}  // namespace orv
