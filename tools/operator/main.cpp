@@ -105,9 +105,9 @@ void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
 }
 
 void refusalShots(Terminal& terminal, const std::filesystem::path& pictures) {
-    terminal.enter("txt_Company_Name", "");
+    terminal.enter("txt_Company_Name", "　");
     terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the refusal of an empty company name");
+    must(terminal.waitForNotice(), "the refusal of a blank company name");
     terminal.shot(pictures / "refused.png");
     dismiss(terminal, 0);
     terminal.shot(pictures / "refused_focus.png");
