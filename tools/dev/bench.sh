@@ -5,7 +5,22 @@ bench() {
     rm -rf build/bench-offices
     mkdir -p build/bench-offices
     local name
-    for name in ${1:-start save list}; do
-        QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices "$name"
+    for name in ${1:-start save list fit thumb factors}; do
+        case "$name" in
+            fit | thumb | factors) pictureBench "$name" ;;
+            *) QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices "$name" ;;
+        esac
     done
+}
+
+# The peers and the photos come from Debian, and only when they are asked for.
+pictureBench() {
+    PACKAGES=(graphicsmagick libvips-tools jpegoptim mate-backgrounds)
+    needPackages
+    ninja -C build/release bench_pictures >/dev/null
+    mkdir -p build/bench-photos/work
+    tools/bench/make_photos.sh build/bench-photos
+    local photos=build/bench-photos/large
+    [ "$1" != factors ] || photos=build/bench-photos/small
+    build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
 }
