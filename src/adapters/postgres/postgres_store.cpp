@@ -29,6 +29,9 @@ constexpr const char* kChangeInside = "SAVEPOINT orv_call";
 constexpr const char* kUndoInside = "ROLLBACK TO SAVEPOINT orv_call; RELEASE SAVEPOINT orv_call";
 constexpr const char* kKeepInside = "RELEASE SAVEPOINT orv_call";
 
+constexpr const char* kColumns =
+    "SELECT attname FROM pg_attribute WHERE attrelid = to_regclass($1) AND attnum > 0 AND NOT attisdropped"
+    " ORDER BY attnum";
 constexpr const char* kKeyColumns =
     "SELECT a.attname FROM pg_index i, unnest(i.indkey) WITH ORDINALITY AS k (number, place), pg_attribute a"
     " WHERE i.indrelid = to_regclass($1) AND i.indisprimary AND a.attrelid = i.indrelid AND a.attnum = k.number"
@@ -117,12 +120,12 @@ std::int32_t touchedRows(PGresult* result) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(rows, std::numeric_limits<std::int32_t>::max()));
 }
 
-std::string opening(const ServerLimits& limits, std::string_view access) {
+std::string opening(const ServerLimits& limits, std::string_view mode) {
     const auto setting = [](const char* name, std::chrono::milliseconds time) {
         return std::string("; SET LOCAL ") + name + " = " + std::to_string(time.count());
     };
-    std::string text("BEGIN ISOLATION LEVEL READ COMMITTED");
-    text.append(access).append("; SET LOCAL standard_conforming_strings = on");
+    std::string text("BEGIN ISOLATION LEVEL ");
+    text.append(mode).append("; SET LOCAL standard_conforming_strings = on");
     return text + setting("lock_timeout", limits.lock) + setting("statement_timeout", limits.statement) +
            setting("idle_in_transaction_session_timeout", limits.idle);
 }
@@ -131,8 +134,9 @@ class PostgresStore : public StoreConnection {
 public:
     PostgresStore(const ServerSettings& settings, const ServerLimits& limits, StoreAccess access)
         : link_(settings, limits.patience),
-          beginRead_(opening(limits, " READ ONLY")),
-          begin_(access == StoreAccess::ReadOnly ? beginRead_ : opening(limits, "")) {}
+          beginRead_(opening(limits, "READ COMMITTED READ ONLY")),
+          beginSnapshot_(opening(limits, "REPEATABLE READ READ ONLY")),
+          begin_(access == StoreAccess::ReadOnly ? beginRead_ : opening(limits, "READ COMMITTED")) {}
 
     RecordsetPtr select(const std::string& sql, const Values& parameters) override {
         requireStatement(sql, kReadingWords, kNoSelect);
@@ -144,11 +148,11 @@ public:
         return rowsOf(result.get());
     }
 
-    std::int32_t change(const std::string& sql) override {
+    std::int32_t change(const std::string& sql, const Values& parameters) override {
         requireStatement(sql, kChangingWords, kNoChange);
         const bool isInside = inTransaction();
         command(isInside ? kChangeInside : begin_);
-        const ServerResult result = link_.ask(sql, {});
+        const ServerResult result = link_.ask(sql, parameters);
         if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
             static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
         }
@@ -164,6 +168,7 @@ public:
     bool inTransaction() const override { return link_.inTransaction(); }
 
     void begin() override { command(begin_); }
+    void beginSnapshot() override { command(beginSnapshot_); }
 
     void commit() override {
         const ServerResult result = link_.askAll("COMMIT");
@@ -183,14 +188,15 @@ public:
         }
     }
 
-    std::vector<std::string> keyColumns(const std::string& table) override {
-        const RecordsetPtr rows = select(kKeyColumns, {table});
-        std::vector<std::string> names;
-        for (; !rows->Eof(); rows->MoveNext()) {
-            names.push_back(toText(rows->Fields(0)));
-        }
-        return names;
+    std::vector<std::string> columns(const std::string& table) override {
+        return firstTexts(select(kColumns, {table}));
     }
+    std::vector<std::string> keyColumns(const std::string& table) override {
+        return firstTexts(select(kKeyColumns, {table}));
+    }
+
+    void runScript(const std::string& sql) override { command(sql); }
+    std::vector<std::string> damages() override { return {}; }
 
 private:
     void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }
@@ -216,6 +222,7 @@ private:
 
     ServerLink link_;
     std::string beginRead_;
+    std::string beginSnapshot_;
     std::string begin_;
 };
 

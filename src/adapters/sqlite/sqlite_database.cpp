@@ -52,9 +52,10 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
 }
 
-/// Asking for a table's columns is no setting.
+/// Asking for a table's columns, or whether the file is whole, is no setting.
 int denySettings(void*, int action, const char* name, const char*, const char*, const char*) {
-    const bool isSetting = action == SQLITE_PRAGMA && !equalWithoutCase(name, "table_info");
+    const bool isSetting =
+        action == SQLITE_PRAGMA && !equalWithoutCase(name, "table_info") && !equalWithoutCase(name, "integrity_check");
     return isSetting || action == SQLITE_ATTACH || action == SQLITE_DETACH ? SQLITE_DENY : SQLITE_OK;
 }
 
@@ -85,7 +86,9 @@ struct Binder {
 void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
 
 SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait) {
-    const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY
+                     : access == StoreAccess::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                                                     : SQLITE_OPEN_READWRITE;
     sqlite3* opened = nullptr;
     // One thread works with a connection, so that no call has to lock it.
     constexpr int kAlways = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
@@ -111,6 +114,20 @@ void SqliteDatabase::rollBack() {
     if (inTransaction()) {
         throw lastFailure(handle(), result);
     }
+}
+
+void SqliteDatabase::runScript(const std::string& sql) {
+    refuseUnlessOk(handle(), sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+void SqliteDatabase::copyTo(const SqliteDatabase& target) const {
+    sqlite3_backup* copy = sqlite3_backup_init(target.handle(), "main", handle(), "main");
+    if (copy == nullptr) {
+        throw lastFailure(target.handle(), sqlite3_errcode(target.handle()));
+    }
+    const int result = sqlite3_backup_step(copy, -1);
+    const int ended = sqlite3_backup_finish(copy);
+    refuseUnlessOk(target.handle(), result == SQLITE_DONE ? ended : result);
 }
 
 void SqliteStatement::Finalizer::operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }

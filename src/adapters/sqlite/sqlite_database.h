@@ -18,9 +18,9 @@ namespace orv {
 /// program has turned to write-ahead logging is used as it is and stays so.
 class SqliteDatabase {
 public:
-    /// Opens an existing database, rolls back what a killed writer left in its journal, and reads its schema.
-    /// `busyWait`: how long a store that another process holds is waited for, here and in every statement.
-    /// A file that cannot be written opens all the same; each change then fails.
+    /// Opens an existing database (or makes an empty one), rolls back what a killed writer left in its journal, and
+    /// reads its schema. `busyWait`: how long a store that another process holds is waited for, here and in every
+    /// statement. A file that cannot be written opens all the same; each change then fails.
     SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait);
 
     /// From now on no statement may change settings or reach for another file.
@@ -29,6 +29,9 @@ public:
     /// Ends the transaction, if one is open; a failure only where it is still open then. What a failing disk keeps from
     /// being put back stays in the journal, and the next opening puts it back.
     void rollBack();
+    void runScript(const std::string& sql);
+    /// Puts everything that is in this database, as it is now, in the place of what `target` holds: all or nothing.
+    void copyTo(const SqliteDatabase& target) const;
     sqlite3* handle() const noexcept { return handle_.get(); }
 
 private:

@@ -1,5 +1,7 @@
 #include "adapters/sqlite/sqlite_store.h"
 
+#include <algorithm>
+
 #include "adapters/sqlite/left_rewriter.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/store/fetched_rows.h"
@@ -45,6 +47,12 @@ RecordsetPtr fetchAll(SqliteStatement& statement) {
     return rows;
 }
 
+void bindAll(SqliteStatement& statement, const Values& parameters) {
+    for (int place = 1; const Value& parameter : parameters) {
+        statement.bind(place++, parameter);
+    }
+}
+
 class SqliteStore : public StoreConnection {
 public:
     SqliteStore(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait)
@@ -57,33 +65,42 @@ public:
         if (!statement.isSelect()) {
             refuse(kNoSelect);
         }
-        for (int place = 1; const Value& parameter : parameters) {
-            statement.bind(place++, parameter);
-        }
+        bindAll(statement, parameters);
         return fetchAll(statement);
     }
 
-    std::int32_t change(const std::string& sql) override {
+    std::int32_t change(const std::string& sql, const Values& parameters) override {
         SqliteStatement statement(database_, quoteLeftCalls(sql));
         if (!statement.isChange()) {
             refuse(kNoChange);
         }
+        bindAll(statement, parameters);
         return statement.run();
     }
 
     bool inTransaction() const override { return database_.inTransaction(); }
     void begin() override { SqliteStatement(database_, "BEGIN IMMEDIATE").step(); }
+    void beginSnapshot() override {
+        SqliteStatement(database_, "BEGIN").step();
+        SqliteStatement(database_, "SELECT 1 FROM sqlite_schema LIMIT 1").step();  // the first read fixes what is seen
+    }
     void commit() override { SqliteStatement(database_, "COMMIT").step(); }
     void rollBack() override { database_.rollBack(); }
 
+    std::vector<std::string> columns(const std::string& table) override {
+        return firstTexts(select("SELECT name FROM pragma_table_info($1) ORDER BY cid", {table}));
+    }
+
     std::vector<std::string> keyColumns(const std::string& table) override {
-        SqliteStatement statement(database_, "SELECT name FROM pragma_table_info(?) WHERE pk > 0 ORDER BY pk");
-        statement.bind(1, table);
-        std::vector<std::string> names;
-        while (statement.step()) {
-            names.push_back(toText(statement.value(0)));
-        }
-        return names;
+        return firstTexts(select("SELECT name FROM pragma_table_info($1) WHERE pk > 0 ORDER BY pk", {table}));
+    }
+
+    void runScript(const std::string& sql) override { database_.runScript(sql); }
+
+    std::vector<std::string> damages() override {
+        std::vector<std::string> found = firstTexts(select("SELECT integrity_check FROM pragma_integrity_check", {}));
+        std::erase(found, "ok");
+        return found;
     }
 
 private:

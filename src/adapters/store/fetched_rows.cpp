@@ -55,4 +55,12 @@ std::size_t FetchedRows::columnOf(const std::string& name) const {
     return static_cast<std::size_t>(found - columns_.begin());
 }
 
+std::vector<std::string> firstTexts(const RecordsetPtr& rows) {
+    std::vector<std::string> texts;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        texts.push_back(toText(rows->Fields(0)));
+    }
+    return texts;
+}
+
 }  // namespace orv

@@ -39,4 +39,7 @@ private:
     std::size_t cursor_ = 0;
 };
 
+/// The first field of every row, as text.
+std::vector<std::string> firstTexts(const RecordsetPtr& rows);
+
 }  // namespace orv

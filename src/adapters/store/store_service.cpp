@@ -50,7 +50,7 @@ void StoreService::DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, 
 
 void StoreService::DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) {
     rows = -1;
-    static_cast<void>(guarded([&] { rows = opened(connection).change(sql); }));
+    static_cast<void>(guarded([&] { rows = opened(connection).change(sql, {}); }));
 }
 
 void StoreService::DbClose(ConnectionPtr& connection, bool& ok) {

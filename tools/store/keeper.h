@@ -1,0 +1,66 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "adapters/store/store_connection.h"
+
+namespace orv {
+
+// What the commands of the tool share.
+
+enum class Ending : int { Done = 0, Findings = 1, Usage = 2, Failed = 3 };
+
+/// Why a command can't be carried out, where no store has said so itself.
+class KeeperFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+struct Options {
+    std::string store;
+    std::string other;     // the second file or store, or the computer
+    bool yes = false;      // asks nothing
+    bool replace = false;  // what the target holds goes
+    bool json = false;
+};
+
+/// What a command has found and done: for programs, and line by line for a person.
+struct Report {
+    nlohmann::ordered_json facts = nlohmann::ordered_json::object();
+    std::string lines;
+    Ending ending = Ending::Done;
+
+    void say(const std::string& line) { lines += line + "\n"; }
+};
+
+Report createStore(const Options& options);
+Report checkStore(const Options& options);
+Report unlockStore(const Options& options);
+Report backUpStore(const Options& options);
+Report restoreStore(const Options& options);
+Report copyStore(const Options& options);
+
+/// Opens the store of either kind.
+std::unique_ptr<StoreConnection> openStore(const std::string& path);
+bool isEmbedded(const std::string& path);
+bool stands(const std::string& path);
+
+/// The number that a count yields.
+std::int64_t count(StoreConnection& store, const std::string& table);
+
+/// Makes a file under another name beside its place and puts it there when it is whole. A file that another run left
+/// half-made is made anew; one that stands at the place by then is not replaced.
+void makeWhole(const std::string& path, const std::function<void(const std::string& beside)>& make);
+
+/// Asks the person at the terminal; no one there means no.
+bool agreed(const Options& options, const std::string& question);
+
+/// A word on the way, where a person is reading.
+void progress(const Options& options, const std::string& line);
+
+}  // namespace orv

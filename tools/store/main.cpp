@@ -1,0 +1,97 @@
+#include <CLI/CLI.hpp>
+#include <array>
+#include <iostream>
+
+#include "adapters/store/store_failure.h"
+#include "keeper.h"
+
+namespace {
+
+using namespace orv;
+
+constexpr const char* kFooter =
+    "STORE is the office's ORVESTATE.MDB: the database itself, or the text that names its server.\n"
+    "Ends with 0: done, nothing found; 1: something found, or not agreed to; 2: wrong use; 3: failed, nothing changed.";
+
+struct Command {
+    const char* name;
+    const char* text;
+    const char* other;  // the name of the second argument; nullptr: none
+    const char* otherText;
+    Report (*run)(const Options& options);
+    bool asks;
+    bool replaces;
+};
+
+constexpr auto kCommands = std::to_array<Command>({
+    {"create", "Make a new store with its tables and master lists", nullptr, nullptr, createStore, false, false},
+    {"check", "Look for damage, missing rows, orphans, unknown words; list the locks", nullptr, nullptr, checkStore,
+     false, false},
+    {"unlock", "Free the companies that a computer holds", "COMPUTER", "its name, as check shows it", unlockStore, true,
+     false},
+    {"backup", "Write the store, as it is at one moment, into a new file", "FILE", "the file to make", backUpStore,
+     false, false},
+    {"restore", "Put a backup in the place of what the store holds", "FILE", "the backup", restoreStore, true, false},
+    {"copy", "Move the office's tables to another store, of either kind", "TARGET", "the store to fill", copyStore,
+     false, true},
+});
+
+void add(CLI::App& app, const Command& command, Options& options, const Command*& chosen) {
+    CLI::App* sub = app.add_subcommand(command.name, command.text);
+    sub->add_option("STORE", options.store, "the office's store")->required();
+    if (command.other != nullptr) {
+        sub->add_option(command.other, options.other, command.otherText)->required();
+    }
+    sub->add_flag("--json", options.json, "print the report as JSON");
+    if (command.asks) {
+        sub->add_flag("--yes", options.yes, "ask nothing");
+    }
+    if (command.replaces) {
+        sub->add_flag("--replace", options.replace, "also where the target holds companies: they go");
+    }
+    sub->callback([&chosen, &command] { chosen = &command; });
+}
+
+int print(const Report& report, const Options& options) {
+    std::cout << (options.json ? report.facts.dump(2) + "\n" : report.lines) << std::flush;
+    return static_cast<int>(report.ending);
+}
+
+int failed(const Options& options, const std::string& text, const std::string& code) {
+    Report report;
+    report.ending = Ending::Failed;
+    report.facts = {{"failure", {{"text", text}, {"code", code}}}};
+    std::cerr << "orv_store: " << text << (code.empty() ? "" : " [" + code + "]") << std::endl;
+    return options.json ? print(report, options) : static_cast<int>(report.ending);
+}
+
+int run(const Command& command, const Options& options) {
+    try {
+        return print(command.run(options), options);
+    } catch (const StoreFailure& failure) {
+        return failed(options, failure.description(), failure.code());
+    } catch (const RunTimeError& failure) {
+        return failed(options, failure.description(), std::to_string(failure.number()));
+    } catch (const std::exception& failure) {
+        return failed(options, failure.what(), "");
+    }
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    CLI::App app("Keeps the store of an office: the database file, or the database on a server.", "orv_store");
+    app.footer(kFooter);
+    app.require_subcommand(1);
+    Options options;
+    const Command* chosen = nullptr;
+    for (const Command& command : kCommands) {
+        add(app, command, options, chosen);
+    }
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : static_cast<int>(Ending::Usage);
+    }
+    return run(*chosen, options);
+}

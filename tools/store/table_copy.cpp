@@ -1,0 +1,128 @@
+#include "table_copy.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+
+#include "adapters/store/ascii_fold.h"
+#include "keeper.h"
+
+namespace orv {
+namespace {
+
+std::string joined(const std::vector<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names) {
+        list += (list.empty() ? "" : ", ") + name;
+    }
+    return list;
+}
+
+/// A row as one text in which no two different rows are alike.
+std::string lineOf(const Values& row) {
+    std::string line;
+    for (const Value& value : row) {
+        const std::string text = value.isNull() ? "" : toText(value);
+        line += std::to_string(value.content().index()) + ":" + std::to_string(text.size()) + ":" + text;
+    }
+    return line;
+}
+
+struct Content {
+    std::vector<Values> rows;
+    std::vector<std::string> lines;  // the rows as texts, in an order of their own: two engines need not agree on one
+};
+
+Content contentOf(StoreConnection& store, const std::string& table, const std::vector<std::string>& columns) {
+    const RecordsetPtr found = store.select("SELECT " + joined(columns) + " FROM " + table, {});
+    Content content;
+    for (; !found->Eof(); found->MoveNext()) {
+        Values& row = content.rows.emplace_back();
+        for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
+            row.push_back(found->Fields(column));
+        }
+        content.lines.push_back(lineOf(row));
+    }
+    std::ranges::sort(content.lines);
+    return content;
+}
+
+std::string checksumOf(const std::vector<std::string>& lines) {
+    std::uint64_t sum = 14695981039346656037U;  // FNV-1a
+    for (const std::string& line : lines) {
+        for (const char c : line) {
+            sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211U;
+        }
+    }
+    std::ostringstream digits;
+    digits << std::hex << std::setw(16) << std::setfill('0') << sum;
+    return digits.str();
+}
+
+/// All columns of the source, which the target must have too.
+std::vector<std::string> sharedColumns(StoreConnection& from, StoreConnection& to, const std::string& table) {
+    const std::vector<std::string> there = to.columns(table);
+    std::vector<std::string> here = from.columns(table);
+    if (here.empty() || there.empty()) {
+        throw KeeperFailure(table + ": no such table in the " +
+                            (here.empty() ? "source" : "target, which create makes"));
+    }
+    for (const std::string& column : here) {
+        if (std::ranges::none_of(there, [&](const auto& name) { return equalWithoutCase(name, column); })) {
+            throw KeeperFailure(table + ": the target has no column " + column);
+        }
+    }
+    return here;
+}
+
+struct Table {
+    std::string name;
+    std::vector<std::string> columns;
+    Content content;
+};
+
+/// Everything at one moment, before anything is written: the source is not kept waiting by a slow target.
+std::vector<Table> readAll(StoreConnection& from, StoreConnection& to) {
+    std::vector<Table> tables;
+    from.beginSnapshot();
+    for (const char* name : kOfficeTables) {
+        std::vector<std::string> columns = sharedColumns(from, to, name);
+        Content content = contentOf(from, name, columns);
+        tables.push_back({name, std::move(columns), std::move(content)});
+    }
+    from.rollBack();
+    return tables;
+}
+
+CopiedTable write(const Table& table, StoreConnection& to) {
+    std::string places;
+    for (std::size_t place = 1; place <= table.columns.size(); ++place) {
+        places += (place == 1 ? "$" : ", $") + std::to_string(place);
+    }
+    const std::string insert = "INSERT INTO " + table.name + " (" + joined(table.columns) + ") VALUES (" + places + ")";
+    to.change("DELETE FROM " + table.name, {});
+    for (const Values& row : table.content.rows) {
+        to.change(insert, row);
+    }
+    if (contentOf(to, table.name, table.columns).lines != table.content.lines) {
+        throw KeeperFailure(table.name + ": has not arrived as it left");
+    }
+    return {table.name, table.content.rows.size(), checksumOf(table.content.lines)};
+}
+
+}  // namespace
+
+std::vector<CopiedTable> copyTables(StoreConnection& from, StoreConnection& to,
+                                    const std::function<void(const CopiedTable&)>& onCopied) {
+    const std::vector<Table> tables = readAll(from, to);
+    std::vector<CopiedTable> copied;
+    to.begin();
+    for (const Table& table : tables) {
+        copied.push_back(write(table, to));
+        onCopied(copied.back());
+    }
+    to.commit();
+    return copied;
+}
+
+}  // namespace orv
