@@ -12,6 +12,7 @@ namespace bench {
 class PlainPaths : public orv::FileSystem {
 public:
     std::string nativePath(const std::string& path) const override { return path; }
+    std::string systemPath(const std::string& path) const override { return path; }
     bool exists(const std::string&) const override { return false; }
     std::uint64_t sizeOf(const std::string&) const override { return 0; }
     bool canOpen(const std::string&) const override { return false; }
