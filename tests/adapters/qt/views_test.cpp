@@ -64,6 +64,7 @@ TEST_F(ViewsTest, AListFollowsTheSystem) {
 }
 
 TEST_F(ViewsTest, AListStandsInExactlyItsColour) {
+    EXPECT_EQ(colourOf(page.list, {60, 10}).name(), "#ffffff") << "of the system";
     page.list.setBackColour(Colour{0xddddff});
     EXPECT_EQ(colourOf(page.list, {60, 10}).name(), "#ffdddd");
     page.list.setEnabled(false);

@@ -161,6 +161,9 @@ TEST_F(Handlers, TheAssociationBoxes) {
 TEST_F(Handlers, TheOtherAssociation) {
     startOn(1);
     auto& form = page<frm_CompInp1>();
+    form.chk_Dantai[6].setValue(1);
+    form.chk_Dantai[6].setValue(0);
+    expectField(form.txt_Other_Dantai_Name, std::nullopt);
     click(form.chk_Dantai[6]);
     expectField(form.txt_Other_Dantai_Name, kRequiredField);
     EXPECT_EQ(focused(), "chk_Dantai(6)") << "asked for while the field was still closed";

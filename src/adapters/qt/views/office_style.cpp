@@ -36,11 +36,15 @@ void OfficeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     QStyleOptionFrame field;
     field.QStyleOption::operator=(*option);
     field.lineWidth = 1;
-    field.palette.setColor(QPalette::Base, option->palette.color(QPalette::Button));
     drawPrimitive(PE_PanelLineEdit, &field, painter, widget);
-    QStyleOption arrow(*option);
-    arrow.rect = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
-    drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
+    field.rect = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+    drawPrimitive(PE_IndicatorArrowDown, &field, painter, widget);
+}
+
+/// A tick box is coloured as a whole, and so takes a click anywhere and not on its words only.
+QRect OfficeStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
+    return element == SE_CheckBoxClickRect && option != nullptr ? option->rect
+                                                                : QProxyStyle::subElementRect(element, option, widget);
 }
 
 int OfficeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

@@ -5,7 +5,8 @@
 namespace orv {
 
 /// The toolkit's plain style, with what pages need: the classic password sign, lists that open below their box and
-/// stand in exactly the colour that the page gives them, and tick boxes as large as their text.
+/// stand in exactly the colour that the page gives them, and tick boxes as large as their text that
+/// take a click anywhere.
 class OfficeStyle : public QProxyStyle {
 public:
     OfficeStyle();
@@ -16,6 +17,7 @@ public:
                            const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
 };
 
