@@ -126,10 +126,10 @@ TEST_F(AnyText, ANumberIsTakenInItsRangeOrNotAtAll) {
 
 TEST_F(AnyText, AHelpFileThatNamesOtherFieldsCostsTheirNamesOnly) {
     sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x' where USER_ID = '000004601'");
-    for (const char* help : {"", "[SSX]\r\ntxt_Other=1,x,2\r\n", "\x80\xFF[SSX\r\n=\r\n,,,"}) {
+    for (const char* content : {"", "[SSX]\r\ntxt_Other=1,x,2\r\n", "\x80\xFF[SSX\r\n=\r\n,,,"}) {
         leave();
         messages.shown.clear();
-        writeFile(files.nativePath(com().HlpFile()), help);
+        writeFile(files.nativePath(com().HlpFile()), content);
         start();
         turnTo(1);
         expectShown("ESSX5050", {"[P_ChgControl]にて判断できない項目"});

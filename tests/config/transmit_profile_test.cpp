@@ -1,7 +1,8 @@
 #include <algorithm>
 #include <map>
 
-#include "adapters/sqlite/sqlite_transmit_table.h"
+#include "adapters/sqlite/sqlite_store.h"
+#include "adapters/store/transmit_tables.h"
 #include "support/settings_test.h"
 #include "support/store_files.h"
 
@@ -29,7 +30,7 @@ protected:
 
     TempFolder folder;
     const std::string path = folder.file("SEND.MDB");
-    SqliteTransmitEngine engine{nativePaths(), std::chrono::milliseconds(50)};
+    TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
     TransmitInfo& info = tTransmitInfo;
 };
 

@@ -138,6 +138,7 @@ TEST_F(Labels, OfTheFlow) {
         {"[ PF_SaveCompanyDataOther ] ",
          [&] {
              load();
+             writeFile(files.nativePath(tCustomerInfo.PHOTO_FILE2), "another photo");
              files.refuse("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg.new", Failure::OutOfMemory);
              return PF_SaveCompanyDataOther();
          }},

@@ -1,13 +1,12 @@
 #include "adapters/http/curl_session.h"
 
-#include <curl/curl.h>
-
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <memory>
 #include <string_view>
 
+#include "adapters/http/curl_library.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 
@@ -55,16 +54,15 @@ constexpr auto kFailures = std::to_array<FailureText>({
 }
 
 struct CurlCloser {
-    void operator()(CURL* curl) const { curl_easy_cleanup(curl); }
-    void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-    void operator()(char* text) const { curl_free(text); }
+    void operator()(CURL* curl) const { curlLibrary().easyCleanup(curl); }
+    void operator()(curl_slist* list) const { curlLibrary().slistFreeAll(list); }
+    void operator()(char* text) const { curlLibrary().free(text); }
 };
 using Curl = std::unique_ptr<CURL, CurlCloser>;
 using HeaderList = std::unique_ptr<curl_slist, CurlCloser>;
 
 Curl openCurl() {
-    static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
-    Curl curl(started == CURLE_OK ? curl_easy_init() : nullptr);
+    Curl curl(curlLibrary().easyInit());
     if (!curl) {
         raise(CURLE_FAILED_INIT);
     }
@@ -73,7 +71,7 @@ Curl openCurl() {
 
 template <typename T>
 void set(const Curl& curl, CURLoption option, T value) {
-    if (const CURLcode code = curl_easy_setopt(curl.get(), option, value); code != CURLE_OK) {
+    if (const CURLcode code = curlLibrary().easySetopt(curl.get(), option, value); code != CURLE_OK) {
         raise(code);
     }
 }
@@ -169,9 +167,9 @@ void setCredentials(const Curl& curl, const HttpRequest& request) {
 
 HeaderList headerList(const HttpRequest& request) {
     // An empty "Expect:" keeps the library from asking first whether it may send: many servers never answer that.
-    HeaderList list(curl_slist_append(nullptr, "Expect:"));
+    HeaderList list(curlLibrary().slistAppend(nullptr, "Expect:"));
     for (const auto& header : request.headers) {
-        if (!list || !curl_slist_append(list.get(), header.c_str())) {
+        if (!list || !curlLibrary().slistAppend(list.get(), header.c_str())) {
             raise(CURLE_OUT_OF_MEMORY);
         }
     }
@@ -235,11 +233,11 @@ HttpResponse exchange(const HttpRequest& request) {
         setPost(curl, request.body);
     }
     // A transfer that broke behind a good status line is a failure, so the result is judged before the status is read.
-    if (const CURLcode code = curl_easy_perform(curl.get()); code != CURLE_OK || !arrival.headIsWhole) {
+    if (const CURLcode code = curlLibrary().easyPerform(curl.get()); code != CURLE_OK || !arrival.headIsWhole) {
         raise(code == CURLE_OK ? CURLE_PARTIAL_FILE : code);
     }
     long status = 0;
-    curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
+    curlLibrary().easyGetinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
     arrival.response.status = static_cast<std::int32_t>(status);
     arrival.response.reason = readable(std::move(arrival.response.reason));
     return std::move(arrival.response);
@@ -254,7 +252,7 @@ std::string withEncodedName(const std::string& url) {
     }
     const std::string name = url.substr(slash + 1);
     const std::unique_ptr<char, CurlCloser> encoded(
-        curl_easy_escape(nullptr, name.data(), static_cast<int>(name.size())));
+        curlLibrary().easyEscape(nullptr, name.data(), static_cast<int>(name.size())));
     if (!encoded) {
         raise(CURLE_OUT_OF_MEMORY);
     }

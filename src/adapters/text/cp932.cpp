@@ -2,13 +2,12 @@
 
 #include <iconv.h>
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -49,26 +48,25 @@ public:
     Conversion& operator=(const Conversion&) = delete;
     ~Conversion() { iconv_close(handle_); }
 
-    /// From the front on, as far as the C library knows the characters.
-    std::string operator()(std::string bytes) {
-        std::string converted(bytes.size() * 2, '\0');
-        char* in = bytes.data();
-        char* out = converted.data();
+    /// From the front on, as far as the C library knows the characters; good until the next call.
+    std::string_view operator()(std::string_view bytes) {
+        char* in = const_cast<char*>(bytes.data());
+        char* out = converted_.data();
         std::size_t inLeft = bytes.size();
-        std::size_t outLeft = converted.size();
+        std::size_t outLeft = converted_.size();
         iconv(handle_, &in, &inLeft, &out, &outLeft);
-        converted.resize(converted.size() - outLeft);
-        return converted;
+        return {converted_.data(), converted_.size() - outLeft};
     }
 
 private:
     iconv_t handle_;
+    std::array<char, 512> converted_{};  // the longest row of codes, and more
 };
 
 constexpr const char* kCodePage = "CP932";
 constexpr const char* kUtf16 = "UTF-16BE";
 
-unsigned numberOf(const std::string& bytes) {
+unsigned numberOf(std::string_view bytes) {
     unsigned number = 0;
     for (const char byte : bytes) {
         number = (number << 8U) | static_cast<unsigned char>(byte);
@@ -122,23 +120,22 @@ private:
     }
 
     /// Codes of one length; each is a character of 16 bits, or none, where the conversion stops and goes on behind it.
-    void addRow(std::span<const unsigned> row) {
-        while (!row.empty()) {
-            std::string bytes;
-            for (const unsigned code : row) {
-                appendCode(bytes, code);
+    void addRow(const std::vector<unsigned>& row) {
+        std::string bytes;
+        for (const unsigned code : row) {
+            appendCode(bytes, code);
+        }
+        const std::size_t width = bytes.size() / row.size();
+        for (std::size_t next = 0; next < row.size(); ++next) {
+            const std::string_view found = decoded_(std::string_view(bytes).substr(next * width));
+            for (std::size_t at = 0; at < found.size(); at += 2) {
+                add(row[next++], found.substr(at, 2));
             }
-            const std::string found = decoded_(bytes);
-            const std::size_t count = found.size() / 2;
-            for (std::size_t i = 0; i < count; ++i) {
-                add(row[i], found.substr(2 * i, 2));
-            }
-            row = row.subspan(std::min(count + 1, row.size()));
         }
     }
 
     /// Of several codes for one character the C library knows which is written.
-    void add(unsigned code, const std::string& utf16) {
+    void add(unsigned code, std::string_view utf16) {
         const unsigned character = numberOf(utf16);
         characters[code] = static_cast<char16_t>(character);
         codes[character] = static_cast<std::uint16_t>(codes[character] == 0 ? code : numberOf(encoded_(utf16)));

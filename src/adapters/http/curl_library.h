@@ -1,0 +1,27 @@
+#pragma once
+
+#include <curl/curl.h>
+
+namespace orv {
+
+/// The functions of libcurl that a request needs. The library brings some thirty others with it. Linked, they would
+/// all be loaded before the first page appears; so they are loaded when the first request goes out.
+struct CurlLibrary {
+    /// Failure 51 when the machine has no such library.
+    CurlLibrary();
+
+    decltype(&curl_easy_init) easyInit = nullptr;
+    decltype(&curl_easy_setopt) easySetopt = nullptr;
+    decltype(&curl_easy_perform) easyPerform = nullptr;
+    decltype(&curl_easy_getinfo) easyGetinfo = nullptr;
+    decltype(&curl_easy_cleanup) easyCleanup = nullptr;
+    decltype(&curl_easy_escape) easyEscape = nullptr;
+    decltype(&curl_free) free = nullptr;
+    decltype(&curl_slist_append) slistAppend = nullptr;
+    decltype(&curl_slist_free_all) slistFreeAll = nullptr;
+};
+
+/// Loaded and started by the first call.
+const CurlLibrary& curlLibrary();
+
+}  // namespace orv
