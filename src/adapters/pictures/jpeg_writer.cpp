@@ -62,10 +62,11 @@ constexpr int kBlock = DCTSIZE;
 
 int filledUp(int side, int unit) { return (side + unit - 1) / unit * unit; }
 
-/// One channel at a `shrink`-th of its size, its last places repeated up to the edge of the blocks.
-Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit, int shrink) {
-    Bitmap plane = blankBitmap(filledUp(source.width, unit) / shrink, filledUp(source.height, unit) / shrink, 1);
+/// One channel, at half its size or whole, its last places repeated up to the edge of the blocks.
+Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit, bool halved) {
+    const int shrink = halved ? 2 : 1;
     const int count = shrink * shrink;
+    Bitmap plane = blankBitmap(filledUp(source.width, unit) / shrink, filledUp(source.height, unit) / shrink, 1);
     for (int y = 0; y < plane.height; ++y) {
         std::uint8_t* target = plane.row(y);
         for (int x = 0; x < plane.width; ++x) {
@@ -81,11 +82,8 @@ Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit, int shrink) 
     return plane;
 }
 
-/// How often a channel is stored against the coarsest of its picture; as the library sets it for these colours.
-int samplingOf(J_COLOR_SPACE colours, std::size_t channel) {
-    const bool halved = colours == JCS_YCbCr || colours == JCS_YCCK;
-    return halved && channel != 1 && channel != 2 ? 2 : 1;
-}
+/// Whether these colours have channels of half the size; as the library sets it.
+bool halvesColours(J_COLOR_SPACE colours) { return colours == JCS_YCbCr || colours == JCS_YCCK; }
 
 /// Hands one row of blocks of every plane to the library.
 void writeBlocks(jpeg_compress_struct& info, const std::vector<Bitmap>& planes, int blockRow) {
@@ -110,9 +108,10 @@ JpegWriter::JpegWriter(const JpegImage& image)
       colours_(image.colours),
       adobe_(image.adobe),
       profile_(image.profile) {
-    const int most = samplingOf(colours_, 0);
+    const bool halves = halvesColours(colours_);
     for (std::size_t channel = 0; channel < image.bitmap.channels; ++channel) {
-        planes_.push_back(planeOf(image.bitmap, channel, kBlock * most, most / samplingOf(colours_, channel)));
+        const bool isColour = channel == 1 || channel == 2;
+        planes_.push_back(planeOf(image.bitmap, channel, halves ? kBlock * 2 : kBlock, halves && isColour));
     }
 }
 

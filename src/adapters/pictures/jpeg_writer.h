@@ -5,7 +5,8 @@
 namespace orv {
 
 /// Writes one picture as often as is asked, from planes that are prepared once: the colours at half size, as cameras
-/// have them, and every plane filled up to whole blocks.
+/// have them, and every plane filled up to whole blocks. In one pass: progressive files of this size are 3 % smaller at
+/// best, larger where the limit is tight, and take two to three times as long.
 class JpegWriter {
 public:
     explicit JpegWriter(const JpegImage& image);

@@ -22,16 +22,27 @@ Samples packed(const Samples& values, int bits) {
     return bytes;
 }
 
+/// A premultiplied pixel. Where the file has no alpha, a place that was seen through (one colour may stand for that)
+/// lies on white ground.
 std::array<std::uint16_t, 4> samplesOf(QRgba64 pixel, int channels) {
-    return channels == 2 ? std::array<std::uint16_t, 4>{pixel.red(), pixel.alpha()}
-                         : std::array<std::uint16_t, 4>{pixel.red(), pixel.green(), pixel.blue(), pixel.alpha()};
+    const auto ground = static_cast<std::uint16_t>(0xFFFF - pixel.alpha());
+    const auto onWhite = [ground](std::uint16_t value) { return static_cast<std::uint16_t>(value + ground); };
+    const QRgba64 plain = pixel.unpremultiplied();
+    switch (channels) {
+        case 2:
+            return {plain.red(), plain.alpha()};
+        case 4:
+            return {plain.red(), plain.green(), plain.blue(), plain.alpha()};
+        default:
+            return {onWhite(pixel.red()), onWhite(pixel.green()), onWhite(pixel.blue())};
+    }
 }
 
 /// Of 16 bits each; grey pictures have the same in all three colours.
 std::vector<std::uint16_t> deepRow(const QImage& image, int channels, int y) {
-    const QImage row = rowOf(image, y).convertToFormat(QImage::Format_RGBA64);
+    const QImage row = rowOf(image, y).convertToFormat(QImage::Format_RGBA64_Premultiplied);
     std::vector<std::uint16_t> samples;
-    samples.reserve(static_cast<std::size_t>(row.width() * channels));
+    samples.reserve(static_cast<std::size_t>(row.width()) * static_cast<std::size_t>(channels));
     for (const QRgba64 pixel :
          std::span(reinterpret_cast<const QRgba64*>(row.constScanLine(0)), static_cast<std::size_t>(row.width()))) {
         const auto all = samplesOf(pixel, channels);

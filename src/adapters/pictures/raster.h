@@ -15,6 +15,8 @@ struct Raster {
     /// Of an indexed picture: the colours that its file has, and the only ones that it gets back.
     QList<QRgb> colours;
     QByteArray profile;
+    /// The samples mean what those of the same number in the other formats mean: grey, RGB, alpha, a table's places.
+    bool plainColours = true;
 };
 
 /// Bits of one sample.

@@ -79,10 +79,16 @@ QByteArray profileOf(const Tiff& tiff) {
 }
 
 /// Neither print colours nor those that no screen has can be written back from what is read.
-bool isWritable(const PictureHeader& header) {
+bool isWritable(const Raster& raster, const PictureHeader& header) {
     const int depth = depthOf(header);
-    const bool own = header.channels <= 4 && (depth == 8 || depth == 16 || (header.channels == 1 && depth < 8));
+    const bool own = raster.plainColours && header.channels <= 4 &&
+                     (depth == 8 || depth == 16 || (header.channels == 1 && depth < 8));
     return own && header.bits == depth * header.channels && (depth & (depth - 1)) == 0;
+}
+
+bool hasPlainColours(const Tiff& tiff) {
+    const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+    return photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR;
 }
 
 void setKind(const Tiff& tiff, const PictureHeader& header, const Raster& raster) {
@@ -150,11 +156,12 @@ Raster readTiff(const OpenFile& file, const PictureHeader& header) {
     require(TIFFReadRGBAImageOriented(
                 tiff.get(), static_cast<std::uint32_t>(header.width), static_cast<std::uint32_t>(header.height),
                 reinterpret_cast<std::uint32_t*>(image.bits()), ORIENTATION_TOPLEFT, kStopAtError) == 1);
-    return {image, header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(), profileOf(tiff)};
+    return {image, header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(), profileOf(tiff),
+            hasPlainColours(tiff)};
 }
 
 std::vector<std::uint8_t> tiffBytes(const Raster& raster, const PictureHeader& header) {
-    if (!isWritable(header)) {
+    if (!isWritable(raster, header)) {
         throw pictureError(PictureFailure::NotWritable);
     }
     std::ostringstream stream;

@@ -94,16 +94,21 @@ ByteVector grainy(int width, int height) {
     return {bytes.begin(), bytes.end()};
 }
 
-TEST_F(PictureSaveTest, AFileNeverGrowsAsTheFactorRises) {
+/// The tables never get finer, but which codes the rest falls on can cost a few bytes more, now and then.
+TEST_F(PictureSaveTest, AFileHardlyEverGrowsAsTheFactorRises) {
     const auto picture = pictures_.load(folder_.keep("a.jpg", grainy(200, 150)));
-    std::int32_t last = std::numeric_limits<std::int32_t>::max();
+    std::vector<std::int32_t> sizes;
     for (int factor = 2; factor <= 255; ++factor) {
         picture->save(target(), static_cast<std::int32_t>(PictureFormat::Jpeg), 24, factor);
-        const std::int32_t size = pictures_.info(target()).sizeDisk;
-        EXPECT_LE(size, last) << factor;
-        last = size;
+        sizes.push_back(pictures_.info(target()).sizeDisk);
     }
-    EXPECT_LT(last, 4000);
+    int rises = 0;
+    for (std::size_t i = 1; i < sizes.size(); ++i) {
+        EXPECT_LE(sizes[i], sizes[i - 1] + sizes[i - 1] / 1000 + 1) << "factor " << i + 2;
+        rises += sizes[i] > sizes[i - 1] ? 1 : 0;
+    }
+    EXPECT_LE(rises, 3);
+    EXPECT_LT(sizes.back() * 10, sizes.front());
 }
 
 TEST(QualityMap, NoEntryFallsAsTheFactorRises) {
