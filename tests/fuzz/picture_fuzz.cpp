@@ -2,12 +2,14 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 
 #include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_files.h"
+#include "platform/run_time_error.h"
 
 namespace {
 
