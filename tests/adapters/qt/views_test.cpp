@@ -219,6 +219,20 @@ TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCut) {
     EXPECT_EQ(widgetOf(page.photo)->grab().toImage().pixelColor(15, 10), empty);
 }
 
+TEST_F(ViewsTest, APictureAtItsOwnSizeIsPaintedAgainAsItWas) {
+    OnePicture pictures;
+    services().pictures = &pictures;
+    page.photo.setDstRect({0, 0, 20, 10});
+    page.photo.setDstClipRect({0, 0, 20, 10});
+    page.photo.load("any");
+    show(page);
+    const QImage first = widgetOf(page.photo)->grab().toImage();
+    const std::vector<std::uint32_t> inItsPlace(200, 0xff00ff00U);
+    EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), first);
+    EXPECT_EQ(first.pixelColor(15, 5), QColor(Qt::blue));
+    EXPECT_EQ(inItsPlace.size(), 200U);
+}
+
 TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
     std::string dropped;
     page.photo.onDrop = [&](const std::string& file) { dropped = file; };

@@ -77,9 +77,10 @@ private:
         const int width = std::min(size.width(), shown_->width());
         const int height = std::min(size.height(), shown_->height());
         const Pixels pixels = shown_->scaled(width, height);
-        const QImage image(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
-                           QImage::Format_RGB32);
-        return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        const QImage borrowed(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
+                              QImage::Format_RGB32);
+        // What is scaled to its own size would go on borrowing pixels that are gone.
+        return borrowed.copy().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
     ImageControl& image_;
