@@ -10,7 +10,7 @@
 namespace orv {
 namespace {
 
-struct Run {
+struct Outcome {
     int ending;
     std::string out, err;
 };
@@ -23,7 +23,7 @@ protected:
     }
 
     /// `before`: what the shell does first, such as setting limits.
-    Run tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
+    Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
         writeFile(folder.file("in"), input);
         const std::string command = "cd '" + folder.path().string() + "' && (" + before + "exec '" STORE_TOOL "' " +
                                     arguments + ") <in >out 2>err";
@@ -50,7 +50,7 @@ protected:
         }
         return all;
     }
-    bool matches(const Run& run, const std::string& word) const {
+    bool matches(const Outcome& run, const std::string& word) const {
         return run.out.find(word) != std::string::npos || run.err.find(word) != std::string::npos;
     }
 
@@ -61,11 +61,11 @@ protected:
 TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
     for (const char* arguments : {"", "nonsense", "create", "check", "check office other", "unlock office",
                                   "copy office", "check office --colour", "backup office"}) {
-        const Run run = tool(arguments);
+        const Outcome run = tool(arguments);
         EXPECT_EQ(run.ending, 2) << arguments;
         EXPECT_NE(run.err, "") << arguments;
     }
-    const Run help = tool("--help");
+    const Outcome help = tool("--help");
     EXPECT_EQ(help.ending, 0);
     for (const char* command : {"create", "check", "unlock", "backup", "restore", "copy"}) {
         EXPECT_TRUE(matches(help, command)) << command;
@@ -81,11 +81,11 @@ TEST_F(StoreTool, WhatIsNoStoreFailsInEveryCommandAndChangesNothing) {
     const auto before = names();
     const std::string good = readFile(office);
     for (const char* bad : {"letter", "empty", "drawer", "dead", "missing", "no/folder"}) {
-        for (const std::string arguments :
+        for (const std::string& arguments :
              {std::string("check ") + bad, std::string("unlock ") + bad + " PC --yes",
               std::string("backup ") + bad + " new", std::string("restore office ") + bad + " --yes",
               std::string("copy ") + bad + " new"}) {
-            const Run run = tool(arguments);
+            const Outcome run = tool(arguments);
             EXPECT_EQ(run.ending, 3) << arguments << run.out;
             EXPECT_TRUE(run.err.starts_with("orv_store: ")) << run.err;
         }
@@ -215,7 +215,7 @@ TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
     const auto before = json("check target");
     onServer("busy", "sample");
     const std::string asked = server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO");
-    // No file grows beyond 16 KB: an error for the one, the end of the process for the other.
+    // No file grows beyond a few KB: an error for the one, the end of the process for the other.
     for (const std::string limit : {"trap '' XFSZ; ulimit -f 16; ", "ulimit -c 0; ulimit -f 16; "}) {
         for (const std::string arguments :
              {"create new", "backup office new", "copy office new", "restore new office", "copy busy new",

@@ -66,9 +66,11 @@ public:
     }
 
     Report run() {
-        for (const std::string& damage : store_.damages()) {
-            found("damage", damage);
-        }
+        asked("damage", [&] {
+            for (const std::string& damage : store_.damages()) {
+                found("damage", damage);
+            }
+        });
         for (const char* table : kOfficeTables) {
             asked(table, [&] { readTable(table); });
         }
