@@ -58,7 +58,18 @@ std::string inOtherCase(const std::string& folder, std::string_view name) {
     return found;
 }
 
+std::string asSpelled(std::string place, const Names& names) {
+    for (const auto name : names) {
+        place += "/" + std::string(name);
+    }
+    return place;
+}
+
+/// Most paths are spelled as they stand, which takes one look instead of one a folder.
 std::string follow(std::string place, const Names& names) {
+    if (std::string spelled = asSpelled(place, names); isThere(spelled)) {
+        return spelled;
+    }
     bool known = true;
     for (const auto name : names) {
         std::string next = place + "/" + std::string(name);

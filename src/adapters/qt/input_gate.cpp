@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
+#include <QWindow>
 
 namespace orv {
 namespace {
@@ -34,18 +35,25 @@ bool isInput(QEvent::Type type) {
     }
 }
 
+/// What moves the focus before a widget sees it.
+bool isPress(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::Wheel ||
+           type == QEvent::TouchBegin || type == QEvent::TabletPress;
+}
+
 }  // namespace
 
 InputGate::InputGate(const QWidget& window) : window_(window) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-/// The toolkit's own window is let through: it keeps account of pressed buttons and hands on to the widgets.
+/// A press ends at the toolkit's own window. The rest passes there, where account is kept of what is pressed, and ends
+/// at the widgets.
 bool InputGate::eventFilter(QObject* watched, QEvent* event) {
-    if (!isInput(event->type()) || !watched->isWidgetType()) {
-        return false;
+    if (watched == window_.windowHandle()) {
+        return isPress(event->type());
     }
-    return static_cast<QWidget*>(watched)->window() == &window_;
+    return isInput(event->type()) && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == &window_;
 }
 
 }  // namespace orv

@@ -104,9 +104,16 @@ TEST_F(FormWindowTest, ADisabledFormTakesNothing) {
     page.setEnabled(false);
     QTest::mouseClick(windowOf(page), Qt::LeftButton, Qt::NoModifier, widgetOf(page.save)->geometry().center());
     QTest::keyClicks(windowOf(page), "abc");
+    for (const Control* control : {static_cast<const Control*>(&page.save), static_cast<const Control*>(&page.tick)}) {
+        QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          widgetOf(*control)->geometry().center());
+    }
+    QTest::keyClicks(lineOf(page.open), "abc");
+    compose(*lineOf(page.open), "", "あ");
     windowOf(page)->close();
     pressAccessKey(windowOf(page));
     EXPECT_EQ(clicks, 0);
+    EXPECT_EQ(page.tick.value(), 0);
     EXPECT_EQ(page.open.text(), "");
     EXPECT_EQ(page.activeControl(), &page.open);
 
