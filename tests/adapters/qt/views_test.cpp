@@ -227,10 +227,10 @@ TEST_F(ViewsTest, APictureAtItsOwnSizeIsPaintedAgainAsItWas) {
     page.photo.load("any");
     show(page);
     const QImage first = widgetOf(page.photo)->grab().toImage();
-    const std::vector<std::uint32_t> inItsPlace(200, 0xff00ff00U);
+    // Takes the memory that the picture's pixels had.
+    const std::vector<std::vector<std::uint32_t>> others(32, std::vector<std::uint32_t>(256, 0xff00ff00U));
     EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), first);
     EXPECT_EQ(first.pixelColor(15, 5), QColor(Qt::blue));
-    EXPECT_EQ(inItsPlace.size(), 200U);
 }
 
 TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
