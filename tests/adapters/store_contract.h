@@ -145,7 +145,6 @@ TEST_P(StoreContract, ChangesCountTheRowsThatTheyMatched) {
     EXPECT_EQ(terminal.execute(lockInsert("000004601", "DESK-PC01")), 1);
     EXPECT_EQ(terminal.list(lockSelect("000004601")).size(), 2U);
     EXPECT_EQ(terminal.execute("delete from TBL_LOCK where left(PROPERTY_TYPE_CODE,2) = 'CO'"), 3);
-    EXPECT_EQ(terminal.execute("CREATE TABLE TBL_NEW (A TEXT)"), 0);
     ASSERT_TRUE(terminal.select("select SEND_FLAG, CPU from TBL_CUSTOMER_ADD where USER_ID = '000004699'"));
     EXPECT_EQ(terminal.rs->Fields("SEND_FLAG"), Value(true));
     EXPECT_EQ(terminal.rs->Fields("CPU"), Value(""));
