@@ -56,8 +56,12 @@ protected:
     }
     static std::string focused() { return keyboard()->objectName().toStdString(); }
 
+    /// As the operator can: not before the window has become the active one.
     static void click(const Control& control) {
-        QTest::mouseClick(widgetOf(control), Qt::LeftButton);
+        auto* widget = widgetOf(control);
+        widget->window()->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(widget->window()));
+        QTest::mouseClick(widget, Qt::LeftButton);
         settle();
     }
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

@@ -22,7 +22,8 @@ protected:
         bool worked = false;
         QTimer operatorAtWork;
         QObject::connect(&operatorAtWork, &QTimer::timeout, [&] {
-            if (QApplication::activeModalWidget() == nullptr) {
+            const QWidget* modal = QApplication::activeModalWidget();
+            if (modal == nullptr || QApplication::activeWindow() != modal) {
                 return;
             }
             operatorAtWork.stop();
