@@ -16,7 +16,7 @@ namespace {
 void read(const orv::PictureFiles& pictures, const std::string& path, const std::string& target) {
     const orv::PictureInfo info = pictures.info(path);
     // Decoding of many claimed pixels is bounded, but would leave no time to look for faults.
-    constexpr std::int64_t kWorthTrying = 250'000;
+    constexpr std::int64_t kWorthTrying = 4'000'000;
     if (std::int64_t{info.width} * info.height > kWorthTrying) {
         return;
     }

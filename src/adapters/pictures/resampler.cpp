@@ -80,6 +80,7 @@ Resampler<Sample>::Resampler(PictureSize from, PictureSize to, std::size_t chann
       to_(to),
       channels_(channels),
       sink_(std::move(sink)),
+      next_(tapsAt(0, from.height, to.height)),
       line_(static_cast<std::size_t>(from.width) * channels),
       target_(static_cast<std::size_t>(to.width) * channels) {
     for (int x = 0; x < to.width; ++x) {
@@ -89,19 +90,16 @@ Resampler<Sample>::Resampler(PictureSize from, PictureSize to, std::size_t chann
 
 template <typename Sample>
 void Resampler<Sample>::openRows() {
-    while (opened_ < to_.height) {
-        Taps taps = tapsAt(opened_, from_.height, to_.height);
-        if (taps.first > pushed_) {
-            return;
-        }
+    while (opened_ < to_.height && next_.first <= pushed_) {
         std::vector<float> sums;
         if (!spare_.empty()) {
             sums = std::move(spare_.back());
             spare_.pop_back();
         }
         sums.assign(line_.size(), 0.0F);
-        open_.push_back({std::move(taps), std::move(sums)});
+        open_.push_back({std::move(next_), std::move(sums)});
         ++opened_;
+        next_ = tapsAt(opened_, from_.height, to_.height);
     }
 }
 

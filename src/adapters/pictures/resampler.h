@@ -43,6 +43,8 @@ private:
     PictureSize to_;
     std::size_t channels_;
     Sink sink_;
+    /// Of the target row that is opened next.
+    Taps next_;
     std::vector<Taps> columns_;
     std::deque<OpenRow> open_;
     std::vector<std::vector<float>> spare_;
