@@ -36,7 +36,7 @@ std::string runtimeFolder(const Office& office) {
     const fs::path folder = office.folder() / "runtime";
     fs::create_directories(folder);
     fs::permissions(folder, fs::perms::owner_all);
-    return folder.string();
+    return fs::absolute(folder).string();
 }
 
 }  // namespace

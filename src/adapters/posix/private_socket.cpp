@@ -4,6 +4,7 @@
 #include <sys/un.h>
 
 #include <cstdlib>
+#include <string_view>
 
 #include "platform/run_time_error.h"
 
@@ -12,12 +13,21 @@ namespace {
 
 constexpr int kMostWaiting = 4;
 
+constexpr std::string_view kFolderPattern = "/orv-siblings-XXXXXX";
+constexpr std::string_view kSocketName = "/line";
+
+/// The other program may stand in another folder, and a socket's address is short.
+bool fits(std::string_view place) {
+    return place.starts_with('/') &&
+           place.size() + kFolderPattern.size() + kSocketName.size() < sizeof(sockaddr_un::sun_path);
+}
+
 /// A folder of mode 0700 with a name of its own; empty when it can't be made.
 std::string freshFolder() {
     const char* session = std::getenv("XDG_RUNTIME_DIR");
     for (const std::string place : {session != nullptr ? session : "", "/tmp"}) {
-        std::string folder = place + "/orv-siblings-XXXXXX";
-        if (!place.empty() && ::mkdtemp(folder.data()) != nullptr) {
+        std::string folder = place + std::string(kFolderPattern);
+        if (fits(place) && ::mkdtemp(folder.data()) != nullptr) {
             return folder;
         }
     }
@@ -46,7 +56,8 @@ bool isOfThisUser(const Descriptor& peer) {
 
 }  // namespace
 
-PrivateSocket::PrivateSocket() : folder_(freshFolder()), path_(folder_ + "/line"), listener_(listenAt(path_)) {
+PrivateSocket::PrivateSocket()
+    : folder_(freshFolder()), path_(folder_ + std::string(kSocketName)), listener_(listenAt(path_)) {
     if (!listener_) {
         ::rmdir(folder_.c_str());
         throw RunTimeError(Failure::DeviceIo);

@@ -309,5 +309,10 @@ TEST_F(SiblingSocketTest, AProgramThatCannotBeStartedLeavesNothing) {
     EXPECT_EQ(happened, "");
 }
 
+TEST_F(SiblingSocketTest, AFolderThatMeansAnotherPlaceElsewhereIsPassedOver) {
+    ::setenv("XDG_RUNTIME_DIR", ".", 1);
+    EXPECT_EQ(start().substr(0, 18), "/tmp/orv-siblings-");
+}
+
 }  // namespace
 }  // namespace orv
