@@ -32,6 +32,9 @@ public:
     /// What fails raises this instead, as no store should.
     std::optional<Failure> raised;
 
+    /// Sees each statement before it runs.
+    std::function<void(const std::string& sql)> watch;
+
     /// The statements that were handed over, in order, selects too; and how many calls of any kind there were.
     std::vector<std::string> statements;
     int calls = 0;
@@ -51,14 +54,14 @@ public:
         }
     }
     void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) override {
-        statements.push_back(sql);
+        note(sql);
         ok = !hit(Call::Select, sql);
         if (ok) {
             forward(ok, [&] { real_.DbOpenRs(connection, recordset, sql, ok); });
         }
     }
     void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) override {
-        statements.push_back(sql);
+        note(sql);
         if (hit(Call::Execute, sql)) {
             rows = -1;
             return;
@@ -97,6 +100,12 @@ private:
         bool again;
     };
 
+    void note(const std::string& sql) {
+        statements.push_back(sql);
+        if (watch) {
+            watch(sql);
+        }
+    }
     bool hit(Call call, const std::string& text) {
         ++calls;
         bool failing = false;

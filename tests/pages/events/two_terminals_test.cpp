@@ -21,10 +21,12 @@ constexpr std::chrono::seconds kPatience(60);
 constexpr int kLongestStay = 8;  // milliseconds
 constexpr const char* kSeconds = "ORV_TERMINALS_SECONDS";
 
-/// A company as a terminal had it: the switch to it began and ended, the switch away from it began. In nanoseconds.
+/// A company as a terminal had it: between which moments it looked for another's lock, when its own was there at the
+/// latest, and until when at least. In nanoseconds.
 struct Stay {
     std::string company;
-    long long asked = 0;
+    long long lookBegan = 0;
+    long long lookEnded = 0;
     long long had = 0;
     long long left = 0;
 };
@@ -62,29 +64,48 @@ protected:
         facts.computerName = "DESK0" + std::to_string(own);
         std::mt19937 random(static_cast<unsigned>(getpid()));
         Tally tally;
+        store.watch = [&](const std::string& sql) { note(sql, tally); };
         start(companyAt(own) + ",1,0");
-        tally.stays.push_back({companyAt(own), 0, now(), 0});
+        finish(tally);
         while (Clock::now() < end || (tally.refused == 0 && Clock::now() < end + kPatience)) {
             switchTo(companyAt(static_cast<int>(random() % kCompanies)), tally);
             std::this_thread::sleep_for(std::chrono::milliseconds(random() % kLongestStay));
         }
-        tally.stays.back().left = now();
         leave();
+        store.watch = nullptr;
         return tally;
+    }
+    /// Takes the moments from the statements that pass.
+    void note(const std::string& sql, Tally& tally) {
+        if (sql.starts_with("select LOCAL_INFO")) {
+            coming_ = {"", now(), 0, 0, 0};
+        } else if (coming_.lookEnded == 0) {
+            coming_.lookEnded = now();
+        }
+        const bool releases = sql.starts_with("delete from TBL_LOCK") && !tally.stays.empty() &&
+                              sql.find("'" + tally.stays.back().company + "'") != std::string::npos;
+        if (releases && tally.stays.back().left == 0) {
+            tally.stays.back().left = now();
+        }
+        if (sql.find("LEFT JOIN") != std::string::npos) {
+            coming_.had = now();
+        }
+    }
+    void finish(Tally& tally) {
+        coming_.company = tCustomerInfo.USER_ID;
+        tally.stays.push_back(coming_);
     }
     void switchTo(const std::string& wish, Tally& tally) {
         if (wish == tCustomerInfo.USER_ID) {
             return;
         }
         messages.shown.clear();
-        const long long asked = now();
         choose(wish);
         const Texts shown = shownIds();
         if (shown == Texts{"COS20001", "COS20003"}) {
             ++tally.refused;
         } else if (shown == Texts{"COS20001"} && tCustomerInfo.USER_ID == wish) {
-            tally.stays.back().left = asked;
-            tally.stays.push_back({wish, asked, now(), 0});
+            finish(tally);
         } else {
             ++tally.faults;
         }
@@ -97,7 +118,8 @@ protected:
             std::ofstream file(report(own));
             file << tally.refused << ' ' << tally.faults << '\n';
             for (const Stay& stay : tally.stays) {
-                file << stay.company << ' ' << stay.asked << ' ' << stay.had << ' ' << stay.left << '\n';
+                file << stay.company << ' ' << stay.lookBegan << ' ' << stay.lookEnded << ' ' << stay.had << ' '
+                     << stay.left << '\n';
             }
             file.close();
             _exit(file ? 0 : 1);
@@ -108,19 +130,23 @@ protected:
         Tally tally;
         std::ifstream file(report(own));
         file >> tally.refused >> tally.faults;
-        for (Stay stay; file >> stay.company >> stay.asked >> stay.had >> stay.left;) {
+        for (Stay stay; file >> stay.company >> stay.lookBegan >> stay.lookEnded >> stay.had >> stay.left;) {
             tally.stays.push_back(stay);
         }
         return tally;
     }
     std::string report(int own) const { return office.root() + "/terminal" + std::to_string(own); }
+
+    /// Of the switch that is going on.
+    Stay coming_;
 };
 
 bool together(const Stay& a, const Stay& b) { return a.company == b.company && a.had < b.left && b.had < a.left; }
 
-/// The second asked when the first had the company already and still had it when the second got it: no race of two
-/// that both saw it free.
-bool takenFrom(const Stay& first, const Stay& second) { return first.had <= second.asked && second.had <= first.left; }
+/// The second looked while the first had the company: no race of two that both saw it free.
+bool takenFrom(const Stay& first, const Stay& second) {
+    return first.had <= second.lookBegan && second.lookEnded <= first.left;
+}
 
 TEST_F(TwoTerminals, NeverHaveACompanyTogetherButByTheRaceForAFreeOne) {
     const Clock::time_point end = Clock::now() + std::chrono::seconds(secondsToRun());
