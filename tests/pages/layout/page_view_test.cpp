@@ -115,7 +115,8 @@ TEST_F(PageView, TickBoxesStandInTheirGroups) {
             if (!each.control.starts_with("chk_")) {
                 continue;
             }
-            EXPECT_TRUE(std::any_of(groups.begin(), groups.end(), [&](const Box& box) { return inside(each.box, box); }))
+            EXPECT_TRUE(
+                std::any_of(groups.begin(), groups.end(), [&](const Box& box) { return inside(each.box, box); }))
                 << each.control << " " << each.index;
         }
     }
