@@ -1,3 +1,5 @@
+#include <sys/prctl.h>
+
 #include <csignal>
 #include <span>
 #include <string>
@@ -23,6 +25,8 @@ std::string commandTail(std::span<char*> arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    // What the program holds in memory, passwords too, is for no core file.
+    ::prctl(PR_SET_DUMPABLE, 0);
     // A connection or an output that breaks while it is written to is a failure like others, not the end.
     std::signal(SIGPIPE, SIG_IGN);
     const orv::Application application(argv[0]);

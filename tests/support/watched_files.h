@@ -26,6 +26,7 @@ public:
         check(to);
         real_.copy(from, to);
     }
+    void share(const std::string& path) override { real_.share(path); }
     void remove(const std::string& path) override {
         check(path);
         real_.remove(path);

@@ -36,6 +36,8 @@ constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
     {ENOMEM, Failure::OutOfMemory},
 });
 
+constexpr mode_t kOwnerOnly = 0600;
+constexpr mode_t kReadAndWrite = 0666;
 constexpr std::string_view kBesideBegin = ".orv-";
 constexpr std::string_view kBesideEnd = ".tmp";
 
@@ -44,8 +46,8 @@ std::string folderOf(const std::string& nativePath) { return std::filesystem::pa
 int openOrRaise(const std::string& path, int flags) {
     // Without waiting: opening a pipe that nobody writes to must not hang the program.
     constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    constexpr mode_t kMode = 0666;
-    const int descriptor = ::open(path.c_str(), flags | kAlways, kMode);
+    const mode_t mode = (flags & O_EXCL) != 0 ? kOwnerOnly : kReadAndWrite;
+    const int descriptor = ::open(path.c_str(), flags | kAlways, mode);
     if (descriptor < 0) {
         raiseErrno(errno, path);
     }
@@ -161,6 +163,13 @@ void NativeFile::append(std::string_view bytes) const {
         throw RunTimeError(Failure::DeviceIo);
     }
     throw RunTimeError(Failure::DiskFull);
+}
+
+void NativeFile::takeRightsOfFolder() const {
+    struct stat folder {};
+    if (::stat(folderOf(path_).c_str(), &folder) == 0) {
+        static_cast<void>(::fchmod(descriptor_, folder.st_mode & kReadAndWrite));
+    }
 }
 
 void NativeFile::sync() const {

@@ -27,6 +27,8 @@ public:
     void writeAll(std::string_view bytes) const;
     /// One write at the end. A write that stopped half-way is taken back and is a failure.
     void append(std::string_view bytes) const;
+    /// Whoever may read or write the file's folder may do so with the file. A file of another user stays as it is.
+    void takeRightsOfFolder() const;
     void sync() const;
     /// Takes the file's lock for as long as the file is open here; false when another run has it, or can't be had.
     bool lock() const;
@@ -39,7 +41,7 @@ private:
     struct stat facts_ {};
 };
 
-/// A file that grows beside its target and takes its place by one rename. It removes itself unless it was placed; those
+/// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless it was placed; those
 /// that runs which died have left in the folder are removed by the next one made there.
 class FileBeside {
 public:

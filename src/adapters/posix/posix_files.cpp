@@ -115,6 +115,13 @@ void PosixFiles::copy(const std::string& from, const std::string& to) {
     copied.place();
 }
 
+void PosixFiles::share(const std::string& path) {
+    try {
+        NativeFile(nativePath(path), O_RDONLY).takeRightsOfFolder();
+    } catch (const RunTimeError&) {  // who cannot even read it has nothing to give
+    }
+}
+
 void PosixFiles::remove(const std::string& path) {
     const std::string native = nativePath(path);
     if (::unlink(native.c_str()) != 0) {
@@ -133,7 +140,11 @@ void PosixFiles::rename(const std::string& from, const std::string& to) {
 }
 
 void PosixFiles::append(const std::string& path, const std::string& bytes) {
-    NativeFile(nativePath(path), O_WRONLY | O_APPEND | O_CREAT).append(bytes);
+    const NativeFile file(nativePath(path), O_WRONLY | O_APPEND | O_CREAT);
+    if (file.facts().st_size == 0) {
+        file.takeRightsOfFolder();
+    }
+    file.append(bytes);
 }
 
 std::string PosixFiles::read(const std::string& path, std::size_t limit) const {

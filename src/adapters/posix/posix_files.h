@@ -16,6 +16,7 @@ public:
     bool canOpen(const std::string& path) const override;
     /// A target that is the file itself, or holds the same bytes already, stays as it is.
     void copy(const std::string& from, const std::string& to) override;
+    void share(const std::string& path) override;
     void remove(const std::string& path) override;
     /// A target that is there is failure 58.
     void rename(const std::string& from, const std::string& to) override;

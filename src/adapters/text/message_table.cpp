@@ -44,6 +44,7 @@ constexpr auto kBuiltIn = std::to_array<BuiltIn>({
 
 constexpr std::string_view kBlanks = " \t\r";
 constexpr std::size_t kLongestId = 16;
+constexpr std::size_t kLongestText = 4096;
 
 template <class Meaning>
 struct Word {
@@ -95,7 +96,7 @@ bool readLine(std::string_view line, Messages& messages) {
     const auto kind = meaningOf(trimmed(take(line, ',')), kKinds);
     const auto buttons = meaningOf(trimmed(take(line, ',')), kButtons);
     const std::string_view text = trimmed(line);
-    if (!isId(id) || !kind || !buttons || text.empty()) {
+    if (!isId(id) || !kind || !buttons || text.empty() || text.size() > kLongestText) {
         return false;
     }
     messages.insert_or_assign(std::string(id), Message{*kind, *buttons, unescaped(text)});

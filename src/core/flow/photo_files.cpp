@@ -70,6 +70,7 @@ bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
     const std::string beside = besideOf(stored);
     files.copy(chosen, beside);
+    files.share(beside);
     if (!deleteOld(stored)) {
         files.remove(beside);
         return false;

@@ -19,11 +19,15 @@ public:
     virtual std::uint64_t sizeOf(const std::string& path) const = 0;
     /// Whether the file can be opened for reading. Never raises.
     virtual bool canOpen(const std::string& path) const = 0;
-    /// Made beside the target and put in place by one rename, so that no reader sees half a file.
+    /// Made beside the target and put in place by one rename, so that no reader sees half a file. Only this user may
+    /// read the copy.
     virtual void copy(const std::string& from, const std::string& to) = 0;
+    /// Opens the file to everybody to whom its folder is open, where there are such rights. Never raises.
+    virtual void share(const std::string& /*path*/) {}
     virtual void remove(const std::string& path) = 0;
     virtual void rename(const std::string& from, const std::string& to) = 0;
-    /// Opens, appends in one write, closes; a missing file is created, a missing folder is not.
+    /// Opens, appends in one write, closes; a missing file is created and shared, a missing folder is
+    /// not.
     virtual void append(const std::string& path, const std::string& bytes) = 0;
     /// The whole file as bytes; longer than `limit` is failure 7.
     virtual std::string read(const std::string& path, std::size_t limit) const = 0;

@@ -54,6 +54,25 @@ TEST_F(PosixFilesTest, CopiesWholeFiles) {
     EXPECT_EQ(office.countIn("C/D"), 5);
 }
 
+TEST_F(PosixFilesTest, ACopyIsPrivateUntilItIsSharedAndALogIsShared) {
+    const auto rightsOf = [this](const std::string& place) {
+        return std::filesystem::status(office.root() + "/C/D/" + place).permissions();
+    };
+    for (const auto folder : {0775U, 0700U, 0777U}) {
+        std::filesystem::permissions(office.root() + "/C/D", std::filesystem::perms{folder});
+        const std::filesystem::perms shared{folder & 0666U};
+        files.copy("C:\\D\\a.txt", "C:\\D\\copy");
+        EXPECT_EQ(rightsOf("copy"), std::filesystem::perms{0600});
+        files.share("C:\\D\\copy");
+        EXPECT_EQ(rightsOf("copy"), shared);
+        files.append("C:\\D\\log", "x");
+        EXPECT_EQ(rightsOf("log"), shared);
+        files.remove("C:\\D\\copy");
+        files.remove("C:\\D\\log");
+    }
+    files.share("C:\\D\\nothing");
+}
+
 TEST_F(PosixFilesTest, CopyToItselfIsHarmless) {
     ::symlink("a.txt", (office.root() + "/C/D/link").c_str());
     files.copy("C:\\D\\a.txt", "C:\\D\\A.TXT");
