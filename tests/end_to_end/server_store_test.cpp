@@ -1,5 +1,5 @@
 #include "end_to_end.h"
-#include "support/private_server.h"
+#include "private_server.h"
 
 namespace desk {
 namespace {

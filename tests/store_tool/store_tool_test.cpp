@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
-#include "support/private_server.h"
+#include "private_server.h"
 #include "support/store_files.h"
 
 namespace orv {

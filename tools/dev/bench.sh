@@ -5,9 +5,10 @@ bench() {
     rm -rf build/bench-offices
     mkdir -p build/bench-offices
     local name
-    for name in ${1:-start save list fit thumb factors}; do
+    for name in ${1:-start save list fit thumb factors office}; do
         case "$name" in
             fit | thumb | factors) pictureBench "$name" ;;
+            office) officeBench "${@:2}" ;;
             *) QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices "$name" ;;
         esac
     done
@@ -23,4 +24,10 @@ pictureBench() {
     local photos=build/bench-photos/large
     [ "$1" != factors ] || photos=build/bench-photos/small
     build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
+}
+
+# Many terminals on one store: [COMPANIES [SECONDS]].
+officeBench() {
+    ninja -C build/release bench_office >/dev/null
+    build/release/tools/bench_office/bench_office build/bench-offices "$@"
 }

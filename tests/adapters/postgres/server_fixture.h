@@ -4,7 +4,7 @@
 
 #include "adapters/postgres/postgres_store.h"
 #include "adapters/store/store_service.h"
-#include "support/private_server.h"
+#include "private_server.h"
 #include "support/store_files.h"
 
 namespace orv {

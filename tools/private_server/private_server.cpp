@@ -1,13 +1,13 @@
-#include "support/private_server.h"
+#include "private_server.h"
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -23,6 +23,12 @@ constexpr ::uid_t kNobody = 65534;
 std::string contentOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void require(bool fine, const std::string& otherwise) {
+    if (!fine) {
+        throw std::runtime_error(otherwise);
+    }
 }
 
 pid_t processOf(const fs::path& pidFile) {
@@ -103,10 +109,10 @@ void PrivateServer::makeFolder() {
     std::string pattern = (fs::temp_directory_path() / "server-XXXXXX").string();
     folder_ = ::mkdtemp(pattern.data());
     if (::geteuid() == 0) {
-        ASSERT_EQ(::chown(folder_.c_str(), kNobody, kNobody), 0);
+        require(::chown(folder_.c_str(), kNobody, kNobody) == 0, "the server's folder can't be given away");
     }
     int ends[2];
-    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    require(::pipe2(ends, O_CLOEXEC) == 0, "no pipe");
     watch_ = ends[1];
     watcher_ = ::fork();
     if (watcher_ == 0) {
@@ -128,9 +134,8 @@ void PrivateServer::run(const std::string& command) const {
     const std::string user = ::geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
     const std::string whole = "cd '" + folder_.string() + "' && PATH=" POSTGRES_FOLDER ":/usr/sbin:$PATH " + user +
                               command + " >command.log 2>&1 </dev/null";
-    if (std::system(whole.c_str()) != 0) {  // NOLINT(cert-env33-c)
-        ADD_FAILURE() << command << "\n" << contentOf(folder_ / "command.log");
-    }
+    const bool fine = std::system(whole.c_str()) == 0;  // NOLINT(cert-env33-c)
+    require(fine, command + "\n" + contentOf(folder_ / "command.log"));
 }
 
 std::string PrivateServer::text(const std::string& database) const {

@@ -8,9 +8,9 @@
 
 namespace orv {
 
-/// A PostgreSQL server of the tests' own: a cluster in a folder of its own, on a Unix socket there and no network, run
-/// by an unprivileged user. A second process watches over it: however the test ends, also killed, it ends the server
-/// and removes the folder.
+/// A PostgreSQL server of one's own, for the tests and the benchmarks: a cluster in a folder of its own, on a Unix
+/// socket there and no network, run by an unprivileged user. A second process watches over it: however the program
+/// ends, also killed, it ends the server and removes the folder. What fails throws.
 class PrivateServer {
 public:
     /// A new cluster with a database `sample` that holds the sample's rows.
@@ -21,7 +21,7 @@ public:
     PrivateServer& operator=(const PrivateServer&) = delete;
     ~PrivateServer();
 
-    /// Where the socket is; the folder is there for files of the tests too.
+    /// Where the socket is; the folder is there for files of the user too.
     const std::filesystem::path& folder() const { return folder_; }
     /// The text that names `database` on this server.
     std::string text(const std::string& database) const;

@@ -1,0 +1,68 @@
+#include "audit.h"
+
+#include <algorithm>
+#include <set>
+
+namespace bench {
+namespace {
+
+/// The saves of one company, in the order in which they ended.
+struct History {
+    std::vector<Entry> saves;
+    std::set<int> unsure;
+};
+
+std::map<std::string, History> historiesOf(const std::vector<Entry>& entries) {
+    std::map<std::string, History> histories;
+    for (const Entry& entry : entries) {
+        if (entry.deed == Deed::Saved) {
+            histories[entry.what].saves.push_back(entry);
+        } else if (entry.deed == Deed::Unsure) {
+            histories[entry.what].unsure.insert(entry.value);
+        }
+    }
+    for (auto& [company, history] : histories) {
+        std::ranges::sort(history.saves, {}, [](const Entry& entry) { return entry.time.to; });
+    }
+    return histories;
+}
+
+/// How many counts between `from` and `to` (without it) no unsure save can have written.
+int unexplained(const History& history, int from, int to) {
+    int missing = 0;
+    for (int value = from; value < to; ++value) {
+        missing += history.unsure.contains(value) ? 0 : 1;
+    }
+    return missing;
+}
+
+/// Whether `save` and one that it overwrote, both of `saves`, had locked the company in the same moment.
+bool racedWithOverwritten(const std::vector<Entry>& saves, const Entry& save) {
+    return std::any_of(saves.data(), &save, [&](const Entry& earlier) {
+        return earlier.value >= save.value && earlier.taken.meets(save.taken);
+    });
+}
+
+void follow(const History& history, int stored, Losses& losses) {
+    int count = 0;
+    for (const Entry& save : history.saves) {
+        int& overwritten = racedWithOverwritten(history.saves, save) ? losses.raced : losses.lost;
+        overwritten += std::max(0, count - save.value + 1);
+        losses.lost += unexplained(history, count + 1, save.value);
+        count = save.value;
+    }
+    losses.lost += std::max(0, count - stored) + unexplained(history, count + 1, stored + 1);
+}
+
+}  // namespace
+
+Losses audit(const std::vector<Entry>& entries, const std::map<std::string, int>& stored) {
+    Losses losses;
+    for (const auto& [company, history] : historiesOf(entries)) {
+        const auto found = stored.find(company);
+        follow(history, found == stored.end() ? 0 : found->second, losses);
+    }
+    return losses;
+}
+
+}  // namespace bench

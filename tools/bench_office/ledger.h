@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// From when to when, in nanoseconds of the machine's steady clock, which all processes share.
+struct Span {
+    std::int64_t from = 0;
+    std::int64_t to = 0;
+
+    bool meets(const Span& other) const { return from <= other.to && other.from <= to; }
+    double milliseconds() const { return static_cast<double>(to - from) / 1e6; }
+};
+
+std::int64_t nanosecondsNow();
+
+/// `Unsure`: a save that told of a failure and may still have written. `Refused`: another terminal had the company.
+enum class Deed : std::uint8_t { Opened, Switched, Saved, Unsure, Refused, Failed };
+
+/// One line of the ledger that a terminal keeps of what its operator did and was told.
+struct Entry {
+    Deed deed = Deed::Failed;
+    std::string what;  // the company; the code of a failure
+    Span time;
+    int value = 0;  // of a save: the count that it wrote, one more than what was loaded
+    Span taken;     // of a save: the event that locked and loaded the company
+};
+
+void append(const std::string& file, const Entry& entry);
+std::vector<Entry> readLedger(const std::string& file);
+
+}  // namespace bench

@@ -1,0 +1,93 @@
+// bench_office FOLDER [COMPANIES [SECONDS]]: how much 1, 8, 32 and 64 terminals get done on one store, the file and the
+// server. Ends with 1 when an update was lost.
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <optional>
+
+#include "private_server.h"
+#include "working_day.h"
+
+namespace {
+
+using namespace bench;
+
+constexpr int kTerminals[] = {1, 8, 32, 64};
+
+struct Measure {
+    fs::path folder;
+    int companies = 1000;
+    int seconds = 8;
+};
+
+void print(const std::string& store, int terminals, const WorkingDay& day, std::optional<double> peer) {
+    const auto count = [&](Deed deed) { return day.deeds.contains(deed) ? day.deeds.at(deed) : 0; };
+    std::printf("%s terminals=%d saves/s=%.1f p95=%.0fms opened=%d switched=%d saved=%d refused=%d failed=%d",
+                store.c_str(), terminals, day.savesPerSecond, day.saveMilliseconds95, count(Deed::Opened),
+                count(Deed::Switched), count(Deed::Saved), count(Deed::Refused), count(Deed::Failed));
+    for (const auto& [code, number] : day.failures) {
+        std::printf(" %s:%d", code.c_str(), number);
+    }
+    std::printf(" lost=%d raced=%d locks=%d", day.losses.lost, day.losses.raced, day.locksLeft);
+    if (peer) {
+        std::printf(" peer=%.1f ratio=%.2f", *peer, day.savesPerSecond / *peer);
+    }
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+int onFile(const Measure& measure) {
+    fs::create_directories(measure.folder);
+    const fs::path sample = measure.folder / "sample.mdb";
+    makeSampleFile(sample);
+    const Site site(measure.folder / "file", sample, measure.companies);
+    int lost = 0;
+    for (const int terminals : kTerminals) {
+        const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
+        print("file", terminals, day, {});
+        lost += day.losses.lost;
+    }
+    return lost;
+}
+
+/// As durable as the file, and with room for two sessions a terminal.
+void makeEarnest(const orv::PrivateServer& server) {
+    server.sql("postgres", "ALTER SYSTEM SET fsync = on");
+    server.sql("postgres", "ALTER SYSTEM SET max_connections = 200");
+    server.stop("fast");
+    server.start();
+}
+
+int onServer(const Measure& measure) {
+    orv::PrivateServer server;
+    makeEarnest(server);
+    const Site site(measure.folder / "server", server.storeFile(), measure.companies);
+    const Peer peer(site, measure.folder / "statements", server.text("store1"), measure.companies);
+    int lost = 0;
+    for (const int terminals : kTerminals) {
+        server.sql("store1", "VACUUM ANALYZE");
+        const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
+        server.sql("store1", "VACUUM ANALYZE");
+        print("server", terminals, day, peer.savesPerSecond(terminals, measure.seconds, day));
+        lost += day.losses.lost;
+    }
+    return lost;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc < 2) {
+        std::fputs("bench_office FOLDER [COMPANIES [SECONDS]]\n", stderr);
+        return 2;
+    }
+    try {
+        Measure measure{argv[1]};
+        measure.companies = argc > 2 ? std::stoi(argv[2]) : measure.companies;
+        measure.seconds = argc > 3 ? std::stoi(argv[3]) : measure.seconds;
+        return onFile(measure) + onServer(measure) == 0 ? 0 : 1;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "bench_office: %s\n", failure.what());
+        return 1;
+    }
+}
