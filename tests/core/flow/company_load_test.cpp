@@ -94,13 +94,6 @@ TEST_F(Load, ANewCompanyHasNothingButItsMarkerItsZerosAndTheComputer) {
     EXPECT_EQ(everything().size(), 6u + 5u + 6u) << "nothing is written before the first save";
 }
 
-TEST_F(Load, AMarkerThatWasSavedLoadsLikeAnyOther) {
-    sql("insert into TBL_CUSTOMER_INFO (USER_ID, COMPANY_NAME) values ('---------', '新会社')");
-    sql("insert into TBL_CUSTOMER_ADD (USER_ID) values ('---------')");
-    load(kMarker);
-    EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "新会社");
-}
-
 TEST_F(Load, PhotosGetWorkingCopies) {
     load();
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "C:\\ORV\\TMP\\TmpImg_1");
@@ -149,18 +142,6 @@ TEST_F(Load, ACompanyThatIsNotThereOrNotWhole) {
     EXPECT_EQ(locks(), Texts{});
 }
 
-TEST_F(Load, AFailureWhileReadingIsTrapped) {
-    sql("alter table TBL_CUSTOMER_INFO rename column TANTO_NAME to X");
-    EXPECT_FALSE(PF_GetCompanyData(kCompany));
-    EXPECT_TRUE(gErrMsg.starts_with(kFill)) << gErrMsg;
-    EXPECT_NE(gErrCode, "");
-    clearPair();
-    files.refuse("C:\\ORV\\TMP\\TmpImg_1", Failure::DiskFull);
-    sql("alter table TBL_CUSTOMER_INFO rename column X to TANTO_NAME");
-    EXPECT_FALSE(PF_GetCompanyData(kCompany));
-    expectPair(std::string(kFill) + "ディスクの空き容量が足りません。", "61");
-}
-
 TEST_F(Load, AForeignLockIsToldOnceAndChangesNothing) {
     EXPECT_FALSE(PF_GetCompanyData("000004606"));
     expectShown("COS20003", {"000004606"});
@@ -169,19 +150,13 @@ TEST_F(Load, AForeignLockIsToldOnceAndChangesNothing) {
     EXPECT_EQ(one("select LOCAL_INFO || INSERT_DATE from TBL_LOCK"), "FRONT-PC022026/11/02 09:14:37");
 }
 
-TEST_F(Load, TheOwnLockOfADeadRunIsTakenOver) {
-    sql("insert into TBL_LOCK values ('000004601', 'COS', '99999999', 'DESK01', 'old')");
-    load();
-    EXPECT_EQ(one("select INSERT_DATE from TBL_LOCK where USER_ID = '000004601'"), "2026/05/04 09:08:07");
-}
-
 class EnvironmentProbe : public SystemTest {
 protected:
-    static std::string environment() {
-        std::string all;
+    static Texts environment() {
+        Texts all;
         for (const FieldInfo& field : kFields) {
             if (field.source == Source::Probed) {
-                all += tCustomerInfo.*field.text + "|";
+                all.push_back(tCustomerInfo.*field.text);
             }
         }
         return all;
@@ -190,9 +165,8 @@ protected:
 
 TEST_F(EnvironmentProbe, EverythingIsMeasuredInOrder) {
     load();
-    EXPECT_EQ(
-        environment(),
-        "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|");
+    EXPECT_EQ(environment(), (Texts{"OS名", "6", "1", "7601", "SP1", "LAN", "192.168.0.9", "C:\\ 12.5GB/74.5GB",
+                                    "C:\\ 12.5GB/74.5GB", "C:\\ORV", "2048MB", "11.0", "proxy:8080"}));
     EXPECT_EQ(machine.asked,
               (Texts{"os", "ip", "-2147483646 SOFTWARE\\ZENTHA\\ORV InstallKey", "disk C:\\", "disk C:\\", "memory",
                      "-2147483646 SOFTWARE\\Microsoft\\Internet Explorer Version",
@@ -202,58 +176,30 @@ TEST_F(EnvironmentProbe, EverythingIsMeasuredInOrder) {
 
 TEST_F(EnvironmentProbe, AFailedMeasurementLeavesABlankAndOneLogLine) {
     struct Case {
-        std::string refused, environment, note;
+        std::string refused, blank, note;
         int lines = 1;
     };
-    for (const Case& c : {
-             Case{"os", "|||||LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|",
-                  ""},
-             Case{"ip", "OS名|6|1|7601|SP1|LAN||C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0|proxy:8080|",
-                  ""},
-             Case{"InstallKey",
-                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB||2048MB|11.0|proxy:8080|",
-                  "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)"},
-             Case{"disk C:\\", "OS名|6|1|7601|SP1|LAN|192.168.0.9|||C:\\ORV|2048MB|11.0|proxy:8080|", "", 2},
-             Case{"memory",
-                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV||11.0|proxy:8080|",
-                  ""},
-             Case{"Version",
-                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB||proxy:8080|",
-                  "(IEバージョン)"},
-             Case{"ProxyServer",
-                  "OS名|6|1|7601|SP1|LAN|192.168.0.9|C:\\ 12.5GB/74.5GB|C:\\ 12.5GB/74.5GB|C:\\ORV|2048MB|11.0||",
-                  "(プロキシ設定)"},
-         }) {
-        if (files.exists(com().LogErrFile())) {
-            files.remove(com().LogErrFile());
-        }
+    load();
+    const Texts measured = environment();
+    // A "-" for each value that is missing.
+    for (const Case& c :
+         {Case{"os", "-----........", ""}, Case{"ip", "......-......", ""},
+          Case{"InstallKey", ".........-...", "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)"}, Case{"disk C:\\", ".......--....", "", 2},
+          Case{"memory", "..........-..", ""}, Case{"Version", "...........-.", "(IEバージョン)"},
+          Case{"ProxyServer", "............-", "(プロキシ設定)"}}) {
+        const std::string before = log();
         machine.refused = {c.refused};
         load();
-        EXPECT_EQ(environment(), c.environment) << c.refused;
-        std::string expected;
+        std::string lines;
         for (int i = 0; i < c.lines; ++i) {
-            expected += record("SYS:1", "測定の故障" + c.note);
+            lines += record("SYS:1", "測定の故障" + c.note);
         }
-        EXPECT_EQ(log(), expected) << c.refused;
+        EXPECT_EQ(log(), before + lines) << c.refused;
         EXPECT_EQ(gErrMsg + gErrCode, "") << "the pair is not touched";
+        for (std::size_t i = 0; i < measured.size(); ++i) {
+            EXPECT_EQ(environment()[i], c.blank[i] == '-' ? "" : measured[i]) << c.refused << i;
+        }
     }
-}
-
-TEST_F(EnvironmentProbe, TheConnectionTypeTellsByThePairWhichIsLoggedAndCleared) {
-    settings.refuse("NET", "TYPE");
-    load();
-    EXPECT_EQ(tCustomerInfo.NET_TYPE, "");
-    EXPECT_EQ(log(), record("57", "[ PF_GetProFile ] ファイルの読み書き中にエラーが発生しました。"));
-    EXPECT_EQ(gErrMsg + gErrCode, "");
-}
-
-TEST_F(EnvironmentProbe, WithoutAWindowsFolderOnlyItsDiskIsBlank) {
-    facts.windowsDirectory.clear();
-    machine.refused = {"disk "};
-    load();
-    EXPECT_EQ(tCustomerInfo.SYS_HD_CAP, "");
-    EXPECT_EQ(tCustomerInfo.INS_HD_CAP, "C:\\ 12.5GB/74.5GB");
-    EXPECT_EQ(log(), record("SYS:1", "測定の故障"));
 }
 
 }  // namespace

@@ -56,14 +56,6 @@ TEST_P(Leaving, AfterACompleteSaveNothingIsAsked) {
     EXPECT_TRUE(forms.forms().empty());
 }
 
-TEST_P(Leaving, TheOperatorMayStay) {
-    startOn(page());
-    answer(1);
-    out();
-    expectShown("ADD00010", {});
-    expectStillThere({"000004601 DESK01"});
-}
-
 TEST_P(Leaving, AMessageThatCannotBeShownKeepsThePage) {
     startOn(page());
     messages.refusal = FailureRecord{"窓がない", "MSG:1"};
@@ -103,15 +95,6 @@ TEST_P(Leaving, ACallerThatCannotBeStartedIsTold) {
 INSTANTIATE_TEST_SUITE_P(Pages, Leaving, testing::Combine(testing::Range(0, 5), testing::Bool()), [](const auto& one) {
     return "Page" + std::to_string(std::get<0>(one.param)) + (std::get<1>(one.param) ? "Button" : "CloseBox");
 });
-
-class FormClean : public SystemTest {};
-
-TEST_F(FormClean, UnloadsWhateverIsLoaded) {
-    startOn(0);
-    forms.load(sendForm());
-    EXPECT_TRUE(PF_Form_Clean());
-    EXPECT_TRUE(forms.forms().empty());
-}
 
 }  // namespace
 }  // namespace orv

@@ -53,16 +53,6 @@ TEST_F(SavePhotos, AChosenPhotoTakesThePlaceOfTheStoredOne) {
     EXPECT_EQ(bytesOf(kChosen), "new photo");
 }
 
-TEST_F(SavePhotos, ARemovedPhotoLeavesItsFile) {
-    path(1).setText("");
-    page<frm_CompInp2>().cbo_pic_PhotoFile[1].setListIndex(0);
-    save();
-    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|");
-    EXPECT_TRUE(files.exists(kStored2));
-    EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "");
-    EXPECT_EQ(http.sent.size(), 1u);
-}
-
 TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
     path(0).setText("C:\\ORV\\PHOTO\\gone.jpg");
     save();
@@ -78,18 +68,6 @@ TEST_F(SavePhotos, TheyAreUploadedBeforeTheCompany) {
     EXPECT_EQ(http.sent[0].url, "http://127.0.0.1:18080/rereceive46/davroot/000004601COS00000000_01.jpg");
     EXPECT_EQ(http.sent[1].file, kStored2);
     EXPECT_EQ(http.alive, 0);
-}
-
-TEST_F(SavePhotos, AnUploadThatFailsIsLoggedAndStopsNothing) {
-    http.answers = {{.failure = Failure::ConnectionFailed}, {.status = 507, .text = "full"}};
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(log(), record("24011", "[ RH_ImageDataTransfr ] サーバーに接続できません。") +
-                         record("507", "[ RH_ImageDataTransfr ] full"));
-    settings.set("NET", "TRANSFERTYPE", "");
-    http.sent.clear();
-    save();
-    EXPECT_EQ(http.sent.size(), 0u) << "FTP belongs to other programs";
 }
 
 TEST_F(SavePhotos, WhatCannotBePlacedStopsTheSaveAndLosesNothing) {

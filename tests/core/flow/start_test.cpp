@@ -79,34 +79,6 @@ TEST_F(Start, TheUserIdStandsAsItIs) {
     EXPECT_EQ(one("select count(*) from TBL_LOCK"), "1");
 }
 
-TEST_F(Start, AnUnknownCompanyIsToldAndTheCallerComesBack) {
-    start("000009999,1,0");
-    expectReported("ECOS5120", "DBデータ取得にしっぱいしました。");
-    EXPECT_EQ(programs.commandLines, Texts{kMenu});
-    EXPECT_EQ(locks(), Texts{});
-}
-
-TEST_F(Start, AForeignLockIsToldOnce) {
-    start("000004606,1,0");
-    expectShown("COS20003", {"000004606"});
-    EXPECT_EQ(log(), "");
-    EXPECT_EQ(programs.commandLines, Texts{kMenu});
-    EXPECT_TRUE(forms.forms().empty());
-}
-
-TEST_F(Start, ANewCompanyOpensOnABlankPage) {
-    start("---------,1,1");
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(screen().cbo_User_Id.text(), kMarker);
-    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
-}
-
-TEST_F(Start, TheCallerMayBeAnotherProgram) {
-    settings.set("UTILTY", "USER_STARTPARA", "C:\\OTHER\\MENU.EXE /from cos");
-    start("000004606,1,0");
-    EXPECT_EQ(programs.commandLines, Texts{"C:\\OTHER\\MENU.EXE /from cos"});
-}
-
 TEST_F(Start, ACallerThatCannotBeStartedIsLogged) {
     programs.failure = Failure::FileNotFound;
     start("000004606,1,0");
