@@ -4,12 +4,10 @@
 
 #include "binding/page_to_record.h"
 #include "binding/record_to_page.h"
-#include "core/flow/company_write.h"
 #include "pages/frame/page_lists.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp3_handlers.h"
-#include "store/statements.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -20,11 +18,6 @@ using Call = FailingStore::Call;
 constexpr const char* kNoMemory = "メモリが足りません。";
 
 [[noreturn]] void breaks() { throw RunTimeError(Failure::OutOfMemory); }
-
-class BrokenClock : public Clock {
-public:
-    DateTime now() const override { breaks(); }
-};
 
 class Labels : public SystemTest {
 protected:
@@ -40,23 +33,6 @@ protected:
         store.mend();
     }
 };
-
-TEST_F(Labels, OfTheStoreAndTheFlow) {
-    load();
-    openStore();
-    breakStore(Call::Begin);
-    expectLabelled("[ PF_SetCompanyDataSave ] ", [] { return PF_SetCompanyDataSave(kCompany); });
-    closeStore();
-    messages.failure = Failure::OutOfMemory;
-    expectLabelled("[ PF_GetCompanyData ] ", [] { return PF_GetCompanyData("000004606"); });
-    BrokenClock broken;
-    services().clock = &broken;
-    std::string text = "left over";
-    expectLabelled("[ P_MakeInsertSQL_Info ] ", [&] { return P_MakeInsertSQL_Info(text); });
-    expectLabelled("[ P_MakeUpdateSQL_Info ] ", [&] { return P_MakeUpdateSQL_Info(text, kCompany); });
-    EXPECT_EQ(text, "");
-    services().clock = &clock;
-}
 
 TEST_F(Labels, OfThePages) {
     startOn(0);
@@ -107,28 +83,6 @@ TEST_F(Labels, OfTheHandlers) {
         handler.run();
         expectReported("7", handler.label + kNoMemory);
     }
-}
-
-TEST_F(Labels, OfALoadThatFailsBeforeItsRoutines) {
-    start();
-    for (int number : {1, 2, 3, 4, 0}) {
-        windows.refused = "centre frm_CompInp" + std::to_string(number);
-        turnTo(number);
-        expectReported("7", "[ CompInp" + std::to_string(number) + " Form_Load ]" + kNoMemory);
-    }
-}
-
-/// With the message service broken, the label stands in the plain box and in the log.
-TEST_F(Labels, OfASaveWhoseMessageBreaks) {
-    startOn(0);
-    messages.failure = Failure::OutOfMemory;
-    save();
-    ASSERT_EQ(windows.notices.size(), 1U);
-    EXPECT_EQ(windows.notices.back().title + windows.notices.back().text,
-              std::string("7[ CompInp0 btm_Save_Click ]") + kNoMemory);
-    EXPECT_TRUE(log().ends_with(record("7", std::string("[ CompInp0 btm_Save_Click ]") + kNoMemory)));
-    EXPECT_TRUE(screen().enabled());
-    EXPECT_EQ(forms.pointer(), kPointerDefault);
 }
 
 }  // namespace

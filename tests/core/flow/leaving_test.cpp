@@ -46,16 +46,6 @@ TEST_P(Leaving, ReleasesTheCompanyAndStartsTheCaller) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_P(Leaving, AfterACompleteSaveNothingIsAsked) {
-    startOn(page());
-    gSaved = true;
-    settings.set("UTILTY", "USER_STARTPARA", "ANOTHER.EXE 1 2");
-    out();
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(programs.commandLines, Texts{"ANOTHER.EXE 1 2"});
-    EXPECT_TRUE(forms.forms().empty());
-}
-
 TEST_P(Leaving, AMessageThatCannotBeShownKeepsThePage) {
     startOn(page());
     messages.refusal = FailureRecord{"窓がない", "MSG:1"};

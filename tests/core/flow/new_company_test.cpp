@@ -105,16 +105,5 @@ TEST_F(NewCompany, ASecondWriteThatFailsKeepsTheMarker) {
     expectAtRest();
 }
 
-TEST_F(NewCompany, AProbeThatFailsNeverMakesASecondRow) {
-    server.takes = false;
-    save();
-    for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-        store.fail(Call::Select, std::string("FROM ") + table);
-        save();
-        EXPECT_EQ(rowsOf(kMarker), "111");
-        store.mend();
-    }
-}
-
 }  // namespace
 }  // namespace orv

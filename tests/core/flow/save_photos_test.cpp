@@ -60,16 +60,6 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
     EXPECT_EQ(columns(), "|000004601COS00000000_02.jpg");
 }
 
-TEST_F(SavePhotos, TheyAreUploadedBeforeTheCompany) {
-    server.meanwhile = [&] { EXPECT_EQ(http.sent.size(), 2u); };
-    save();
-    ASSERT_EQ(http.sent.size(), 2u);
-    EXPECT_EQ(http.sent[0].file, kStored1);
-    EXPECT_EQ(http.sent[0].url, "http://127.0.0.1:18080/rereceive46/davroot/000004601COS00000000_01.jpg");
-    EXPECT_EQ(http.sent[1].file, kStored2);
-    EXPECT_EQ(http.alive, 0);
-}
-
 TEST_F(SavePhotos, WhatCannotBePlacedStopsTheSaveAndLosesNothing) {
     struct Case {
         std::string changed, refused, code, text;
@@ -123,15 +113,6 @@ TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
         EXPECT_TRUE(files.exists(kStored1) && files.exists(kStored2));
         turnTo(2);
     }
-}
-
-TEST_F(SavePhotos, APhotoThatHasNotChangedIsNotTouched) {
-    files.refuse(kStored1, Failure::PermissionDenied);
-    files.refuse(kStored2, Failure::PermissionDenied);
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
-    EXPECT_EQ(http.sent.size(), 2u);
 }
 
 TEST_F(SavePhotos, APhotoThatIsItsOwnTargetStays) {
