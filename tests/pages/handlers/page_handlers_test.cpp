@@ -1,17 +1,7 @@
-#include "pages/handlers/comp_inp0_handlers.h"
-
-#include <QCheckBox>
-
 #include "support/window_test.h"
 
 namespace orv {
 namespace {
-
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
-/// The tick and the gap behind it, in pixels.
-constexpr int kTickMark = 17;
 
 class Handlers : public WindowTest {
 protected:
@@ -70,43 +60,6 @@ TEST_F(Handlers, TheAreaFollowsTheAddressCode) {
     }
 }
 
-TEST_F(Handlers, ThePublishNumber) {
-    auto& form = page<frm_CompInp0>();
-    struct Case {
-        std::string userId, shown;
-    };
-    for (const Case& c : {Case{"000004601", "12"}, Case{"000004602", ""}, Case{"000004606", "0"}, Case{kMarker, ""}}) {
-        tCustomerInfo.USER_ID = c.userId;
-        form.lbl_Pubish_Number.setCaption("");
-        form.lbl_Pubish_Number.setVisible(true);
-        EXPECT_TRUE(F_Check_Pubish_Number(form));
-        EXPECT_EQ(store.statements.back(),
-                  "SELECT CONTRACT_PUBLISHNUMBER FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + c.userId + "'");
-        EXPECT_EQ(form.lbl_Pubish_Number.caption(), c.shown);
-        EXPECT_EQ(form.lbl_Pubish_Number.visible(), !c.shown.empty());
-        EXPECT_EQ(form.lbl_Pubish_Number_Title.visible(), !c.shown.empty());
-    }
-    for (const Call call : {Call::Open, Call::Select}) {
-        store.fail(call);
-        EXPECT_FALSE(F_Check_Pubish_Number(form));
-        EXPECT_EQ(gErrMsg, "F_Check_Pubish_Number\r\nストアの故障");
-        EXPECT_EQ(gErrCode, "DB:77");
-        store.mend();
-    }
-}
-
-TEST_F(Handlers, APublishNumberThatFailsLeavesThePageReady) {
-    store.fail(Call::Select, "CONTRACT_PUBLISHNUMBER");
-    start();
-    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
-    EXPECT_TRUE(screen().ready);
-    messages.shown.clear();
-    page<frm_CompInp0>().txt_Company_Name.setText("x");
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(info("COMPANY_NAME"), "x");
-}
-
 TEST_F(Handlers, TheLicenceBlock) {
     startOn(1);
     auto& form = page<frm_CompInp1>();
@@ -158,42 +111,6 @@ TEST_F(Handlers, TheAssociationBoxes) {
     expectTick(form.chk_Koutori[8], false);
 }
 
-TEST_F(Handlers, TheOtherAssociation) {
-    startOn(1);
-    auto& form = page<frm_CompInp1>();
-    form.chk_Dantai[6].setValue(1);
-    form.chk_Dantai[6].setValue(0);
-    expectField(form.txt_Other_Dantai_Name, std::nullopt);
-    click(form.chk_Dantai[6]);
-    expectField(form.txt_Other_Dantai_Name, kRequiredField);
-    EXPECT_EQ(focused(), "chk_Dantai(6)") << "asked for while the field was still closed";
-    click(form.chk_Dantai[6]);
-    expectField(form.txt_Other_Dantai_Name, std::nullopt);
-    click(form.chk_Dantai[6]);
-    enter(form.txt_Other_Dantai_Name, "家主会");
-    EXPECT_EQ(form.chk_Dantai[6].value(), 1);
-    form.chk_Dantai[6].setValue(2);
-    click(form.txt_Other_Dantai_Name);
-    press(Qt::Key_Tab);
-    EXPECT_EQ(form.chk_Dantai[6].value(), 1) << "also when the field is left";
-    click(form.txt_Other_Dantai_Name);
-    press(Qt::Key_A, Qt::ControlModifier);
-    press(Qt::Key_Delete);
-    EXPECT_EQ(form.chk_Dantai[6].value(), 0);
-    expectField(form.txt_Other_Dantai_Name, std::nullopt);
-}
-
-TEST_F(Handlers, ThatEditionsAssociationCannotBeChanged) {
-    for (const auto& [minor, enabled] : {std::pair{"3", false}, {"2", true}, {"33", true}}) {
-        settings.set("VERSION", "MINOR", minor);
-        startOn(1);
-        EXPECT_EQ(page<frm_CompInp1>().chk_Dantai[3].enabled(), enabled) << minor;
-        EXPECT_EQ(page<frm_CompInp1>().chk_Dantai[3].value(), enabled ? 0 : 1);
-        leave();
-        messages.shown.clear();
-    }
-}
-
 TEST_F(Handlers, SevenDigitsBecomeAPostCodeWhenTheFieldIsLeft) {
     startOn(0, "000004601,1,1");
     auto& form = page<frm_CompInp0>();
@@ -213,16 +130,6 @@ TEST_F(Handlers, SevenDigitsBecomeAPostCodeWhenTheFieldIsLeft) {
     }
 }
 
-TEST_F(Handlers, TheLineAndTheStationAreTakenBack) {
-    startOn(2);
-    auto& form = page<frm_CompInp2>();
-    click(form.btn_DelRail);
-    EXPECT_EQ(form.lbl_Railroad_Name.caption() + form.lbl_Station_Name.caption() + form.txt_Railroad_Code.text() +
-                  form.txt_Station_Code.text(),
-              "");
-    EXPECT_EQ(form.txt_Walk_Minutes.text(), "4");
-}
-
 TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
     startOn(2);
     auto& form = page<frm_CompInp2>();
@@ -240,21 +147,6 @@ TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
         click(form.txt_Company_URL_Comment);
         press(Qt::Key_Tab);
         EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address << " when it is left";
-    }
-}
-
-TEST_F(Handlers, TheBoxesOfTheBusinessPage) {
-    startOn(3);
-    auto& form = page<frm_CompInp3>();
-    expectTick(form.chk_Management_Type_Flg[0], true);
-    expectTick(form.chk_Management_Type_Flg[1], false);
-    click(form.chk_Management_Type_Flg[27]);
-    expectTick(form.chk_Management_Type_Flg[27], true);
-    click(form.chk_Business_Type_Flg[0]);
-    expectTick(form.chk_Business_Type_Flg[0], false);
-    for (const QAbstractButton* box : windowOf(form)->findChildren<QCheckBox*>()) {
-        const int words = QFontMetrics(box->font()).horizontalAdvance(box->text());
-        EXPECT_LE(words, box->width() - kTickMark) << box->text().toStdString() << " is cut";
     }
 }
 
