@@ -45,14 +45,6 @@ TEST_F(CheckInput, PagesAreCheckedInTheirOrder) {
     EXPECT_EQ(screen().number, 2);
 }
 
-TEST_F(CheckInput, AControlThatCannotHaveTheFocusIsPassedOver) {
-    startOn(3, "000004601,0,0");
-    tCustomerInfo.USER_ID = "1";
-    EXPECT_FALSE(PF_CheckInputData(screen()));
-    expectShown("COS19800", {"ユーザＩＤが不正です。"});
-    EXPECT_NE(screen().activeControl(), &screen().cbo_User_Id) << "it is hidden";
-}
-
 TEST_F(CheckInput, ARunTimeFailureOfAPageIsShownAsAnEmptyRefusal) {
     startOn(3);
     tCustomerInfo.SAME_CHECK = "x";
@@ -60,25 +52,6 @@ TEST_F(CheckInput, ARunTimeFailureOfAPageIsShownAsAnEmptyRefusal) {
     ASSERT_FALSE(messages.shown.empty());
     EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COS19800", {""}}));
     EXPECT_EQ(screen().number, 0);
-}
-
-TEST_F(CheckInput, ATurnThatFailsShowsNothing) {
-    startOn(3);
-    tCustomerInfo.TANTO_NAME.clear();
-    windows.refused = "open frm_CompInp0";
-    EXPECT_FALSE(PF_CheckInputData(screen()));
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(gErrMsg, "[ PF_Change_Frm_CompInp ] メモリが足りません。");
-    EXPECT_EQ(screen().number, 3);
-}
-
-TEST_F(CheckInput, AMessageServiceThatBreaksIsTrappedWithoutAnHourglass) {
-    startOn(3);
-    tCustomerInfo.TANTO_NAME.clear();
-    messages.failure = Failure::OutOfMemory;
-    EXPECT_FALSE(PF_CheckInputData(screen()));
-    EXPECT_EQ(gErrMsg, "[ PF_CheckInputData ] メモリが足りません。");
-    EXPECT_EQ(forms.pointer(), kPointerDefault);
 }
 
 }  // namespace

@@ -35,8 +35,6 @@ std::string question(const std::string& association, std::size_t council) {
 /// 中国 and 四国, the seventh and the eighth, send the focus to each other's box.
 std::size_t elementOf(std::size_t council) { return council == 7 ? 7 : council == 8 ? 6 : council - 1; }
 
-constexpr const char* kNone = "加盟団体が選択されてません。加盟団体なしでよろしいでしょうか？";
-
 class AssociationRules : public RulesTest {
 protected:
     bool check(std::deque<std::int32_t> answers = {}) {
@@ -100,51 +98,6 @@ TEST_F(AssociationRules, TheNationalAssociationsImplyTheCapital) {
         tCustomerInfo.DANTAI_FLG[i + 2] = '1';
         expectCouncil(3, kNames[i]);
     }
-}
-
-TEST_F(AssociationRules, AskWhenNoneIsTicked) {
-    for (const char* flags : {"0000000", "0000000000000000", ""}) {
-        tCustomerInfo.DANTAI_FLG = flags;
-        EXPECT_TRUE(check({2}));
-        EXPECT_EQ(questions(), std::vector<std::string>{kNone});
-        EXPECT_EQ(out.text, kNone);
-        EXPECT_FALSE(check({1}));
-        EXPECT_EQ(questions(), std::vector<std::string>{kNone});
-        expectRefused("chk_Dantai(0)", "加盟団体");
-    }
-}
-
-TEST_F(AssociationRules, WhatNeedsNoNameAndWhatNeedsNoQuestion) {
-    struct Case {
-        const char* flags;
-        const char* councils;
-        const char* name;
-        const char* other;
-    };
-    for (const Case& row : {
-             Case{"1000000", "", "架空協会", ""},
-             {"0000001", "", "", "見本組合"},
-             {"0010000", "001", "", "見本組合"},
-             {"1010000", "001000010", "(社)香川県宅地建物取引業協会", ""},
-         }) {
-        tCustomerInfo.DANTAI_FLG = row.flags;
-        tCustomerInfo.KOUTORI_FLG = row.councils;
-        tCustomerInfo.DANTAI_NAME = row.name;
-        tCustomerInfo.OTHER_DANTAI_NAME = row.other;
-        EXPECT_TRUE(check({1})) << row.flags;
-        EXPECT_TRUE(messages.shown.empty());
-    }
-}
-
-TEST_F(AssociationRules, AQuestionThatCanNotBeShownRefuses) {
-    tCustomerInfo.KOUTORI_FLG = "";
-    messages.refusal = FailureRecord{"画面がありません。", "MSG01"};
-    EXPECT_FALSE(check());
-    expectRefused("chk_Koutori(2)", "公正取引協議会");
-    messages.refusal.reset();
-    messages.failure = Failure::OutOfMemory;
-    EXPECT_FALSE(check());
-    expectRunTimeFailure("[ PF_CheckFrmCompInp1Data ] " + std::string(descriptionOf(Failure::OutOfMemory)), "7");
 }
 
 }  // namespace

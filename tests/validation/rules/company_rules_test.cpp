@@ -96,20 +96,5 @@ TEST_F(CompanyRules, TheSiteOfTheComputer) {
     EXPECT_TRUE(takes(&R::PC_ADDRESS_CODE, ""));
 }
 
-TEST_F(CompanyRules, WhatIsNoFlagOrBreaksTheServiceIsNoRefusal) {
-    for (const char* same : {"", "x"}) {
-        EXPECT_FALSE(takes(&R::SAME_CHECK, same));
-        EXPECT_EQ(refusal.focus, nullptr);
-        EXPECT_EQ(refusal.id + refusal.text, "");
-        EXPECT_EQ(gErrMsg, "[ PF_CheckFrmCompInp0Data ] 型が一致しません。");
-        EXPECT_EQ(gErrCode, "13");
-    }
-    strings.checksBreak = true;
-    EXPECT_FALSE(passes());
-    EXPECT_EQ(refusal.focus, &page<frm_CompInp0>().cbo_User_Id) << "the text test fails, with nothing to say";
-    EXPECT_EQ(refusal.text, "");
-    EXPECT_EQ(gErrMsg + gErrCode, "メモリが足りません。7");
-}
-
 }  // namespace
 }  // namespace orv

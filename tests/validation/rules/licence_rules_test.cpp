@@ -4,8 +4,6 @@
 namespace orv {
 namespace {
 
-using R = CompanyRecord;
-
 class LicenceRules : public RulesTest {
 protected:
     bool check() { return passes(PF_CheckFrmCompInp1Data); }
@@ -54,35 +52,6 @@ TEST_F(LicenceRules, LookAtTheExpiryDate) {
             expectRunTimeFailure("[ PF_CheckFrmCompInp1Data ] 型が一致しません。", "13");
         }
     }
-}
-
-TEST_F(LicenceRules, TheRegistrationDateIsComparedWithNothing) {
-    tCustomerInfo.GET_LICENSE_DATE_YEAR = "99";
-    tCustomerInfo.GET_LICENSE_DATE_MONTH = "13";
-    EXPECT_TRUE(check()) << out.text;
-}
-
-constexpr std::array kOfALicence{&R::LICENSE_NO_DAI,        &R::LICENSE_NO_GO,           &R::GET_LICENSE_NENGOU,
-                                 &R::GET_LICENSE_DATE_YEAR, &R::GET_LICENSE_DATE_MONTH,  &R::GET_LICENSE_DATE_DAY,
-                                 &R::VALID_LICENSE_NENGOU,  &R::VALID_LICENSE_DATE_YEAR, &R::VALID_LICENSE_DATE_MONTH,
-                                 &R::VALID_LICENSE_DATE_DAY};
-
-TEST_F(LicenceRules, ACompanyWithoutALicenceTellsNothingOfOne) {
-    for (const char* kind : {"貸主", "無し", " 無し "}) {
-        for (const TextField field : kOfALicence) {
-            tCustomerInfo.*field = " ";
-        }
-        tCustomerInfo.LICENSE_NO = kind;
-        EXPECT_TRUE(check()) << kind << out.text;
-        for (const TextField field : kOfALicence) {
-            tCustomerInfo.*field = "1";
-            EXPECT_FALSE(check()) << kind;
-            tCustomerInfo.*field = " ";
-        }
-    }
-    tCustomerInfo.LICENSE_NO = "なし";
-    EXPECT_FALSE(check());
-    EXPECT_EQ(out.text, "免許番号　第") << "any other word is a licence";
 }
 
 }  // namespace

@@ -20,31 +20,9 @@ int failureOf(Body body) {
     return 0;
 }
 
-TEST(Blanks, TrimmingTakesAsciiBlanksOnly) {
-    struct Case {
-        const char* text;
-        const char* right;
-        const char* both;
-    };
-    for (const Case& row : {Case{"  abc  ", "  abc", "abc"}, Case{"   ", "", ""}, Case{"", "", ""},
-                            Case{"　a　", "　a　", "　a　"}, Case{" a\t", " a\t", "a\t"}}) {
-        EXPECT_EQ(trimmedRight(row.text), row.right);
-        EXPECT_EQ(trimmed(row.text), row.both);
-    }
-}
-
 TEST(Blanks, TheRulesCountTheIdeographicBlankToo) {
     for (const char* text : {"", " ", "　", " 　 　"}) EXPECT_TRUE(isBlank(text)) << text;
     for (const char* text : {"a", "　a", "\t", "・", "\xE3\x80"}) EXPECT_FALSE(isBlank(text)) << text;
-}
-
-TEST(Blanks, ANullHasADefault) {
-    EXPECT_EQ(PF_NullToStr(Value(), "default"), "default");
-    EXPECT_EQ(PF_NullToStr("abc  ", "default"), "abc");
-    EXPECT_EQ(PF_NullToStr("  abc", ""), "  abc");
-    EXPECT_EQ(PF_NullToStr("", "default"), "");
-    EXPECT_EQ(PF_NullToStr(12, ""), "12");
-    EXPECT_EQ(PF_NullToStr(true, ""), "True");
 }
 
 TEST(Conversions, WholeNumbersRoundAHalfToTheEvenNeighbour) {
@@ -82,18 +60,6 @@ TEST(Conversions, Booleans) {
         EXPECT_EQ(failureOf([&] { return toBoolean(value); }), 13);
     }
     EXPECT_EQ(failureOf([] { return toBoolean(Value()); }), 94);
-}
-
-TEST(Conversions, ANumberBecomesItsShortestText) {
-    struct Case {
-        Value value;
-        const char* text;
-    };
-    for (const Case& row : {Case{100000.0, "100000"}, Case{1.5, "1.5"}, Case{-0.001, "-0.001"}, Case{0.0, "0"},
-                            Case{1048575.0, "1048575"}, Case{0.1, "0.1"}, Case{123456789012345.0, "123456789012345"},
-                            Case{1e300, "1e+300"}, Case{std::int64_t{-7}, "-7"}}) {
-        EXPECT_EQ(toText(row.value), row.text);
-    }
 }
 
 }  // namespace

@@ -16,17 +16,6 @@ protected:
     Cp932 codePage;
 };
 
-TEST_F(TextBytes, CountsBytesOfTheCodePage) {
-    struct Case {
-        const char* text;
-        int bytes;
-    };
-    for (const Case& row : {Case{"", 0}, Case{"123", 3}, Case{"１２３", 6}, Case{"ｱｶﾞ", 3}, Case{"髙①㈱", 6},
-                            Case{"〜", 1}, Case{"a亜ｱ", 4}}) {
-        EXPECT_EQ(PF_LenB(row.text), row.bytes) << row.text;
-    }
-}
-
 TEST_F(TextBytes, CutsFromEitherEnd) {
     struct Case {
         const char* text;
@@ -38,20 +27,6 @@ TEST_F(TextBytes, CutsFromEitherEnd) {
                             Case{"亜", -1, "", ""}, Case{"亜", 99, "亜", "亜"}, Case{"", 1, "", ""}}) {
         EXPECT_EQ(PF_LeftB(row.text, row.count), row.left) << row.text << row.count;
         EXPECT_EQ(PF_RightB(row.text, row.count), row.right) << row.text << row.count;
-    }
-}
-
-TEST_F(TextBytes, TakesFromTheMiddleByByte) {
-    struct Case {
-        const char* text;
-        int start;
-        int length;
-        const char* middle;
-    };
-    for (const Case& row :
-         {Case{"0100", 2, 1, "1"}, Case{"亜a亜", 3, 1, "a"}, Case{"亜a亜", 3, 0, "a亜"}, Case{"abc", 2, -1, "bc"},
-          Case{"abc", 4, 1, ""}, Case{"abc", 9, 0, ""}, Case{"abc", 2, 99, "bc"}}) {
-        EXPECT_EQ(PF_MidB(row.text, row.start, row.length), row.middle) << row.text << row.start;
     }
 }
 
