@@ -2,11 +2,9 @@
 
 #include "binding/page_to_record.h"
 #include "core/flow/company_write.h"
-#include "platform/controls/number_input.h"
 #include "platform/utf8.h"
 #include "support/fixture.h"
 #include "validation/text/blanks.h"
-#include "validation/text/conversions.h"
 
 namespace orv {
 namespace {
@@ -104,62 +102,6 @@ TEST_F(AnyText, OddTextsInEveryFieldAreCutToItAndComeBack) {
             ASSERT_TRUE(PF_SetData_tCustomerInfo("frm_CompInp" + std::to_string(number))) << gErrMsg;
         }
         expectItComesBack();
-    }
-}
-
-TEST_F(AnyText, ANumberIsTakenInItsRangeOrNotAtAll) {
-    turnTo(1);
-    for (Control* control : screen().controls()) {
-        auto* input = dynamic_cast<NumberInput*>(control);
-        for (const char* text :
-             {"+5", "-5", "５", "－５", "5.5", "1e2", "0x5", "99999999999999999999", "--", "五", "' '"}) {
-            if (input != nullptr) {
-                input->setText("7");
-                const bool taken = input->typed(text);
-                EXPECT_TRUE(taken || input->text() == "7") << text;
-                const double now = toNumber(input->text());
-                EXPECT_TRUE(now >= input->numberDesign().least && now <= input->numberDesign().most) << text;
-            }
-        }
-    }
-}
-
-TEST_F(AnyText, AHelpFileThatNamesOtherFieldsCostsTheirNamesOnly) {
-    sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x' where USER_ID = '000004601'");
-    for (const char* content : {"", "[SSX]\r\ntxt_Other=1,x,2\r\n", "\x80\xFF[SSX\r\n=\r\n,,,"}) {
-        leave();
-        messages.shown.clear();
-        writeFile(files.nativePath(com().HlpFile()), content);
-        start();
-        turnTo(1);
-        expectShown("ESSX5050", {"[P_ChgControl]にて判断できない項目"});
-        EXPECT_EQ(page<frm_CompInp1>().txt_License_No_Go.text(), "123456") << "the rest is filled";
-    }
-}
-
-TEST_F(AnyText, WhatNoListHoldsIsNotShownAndTheNextSaveStoresWhatIs) {
-    struct Case {
-        int page;
-        const char* table;
-        const char* column;
-    };
-    for (const Case& c :
-         {Case{1, "TBL_CUSTOMER_INFO", "GET_LICENSE_NENGOU"}, Case{1, "TBL_CUSTOMER_INFO", "LICENSE_NO"},
-          Case{1, "TBL_CUSTOMER_INFO", "DANTAI_NAME"}, Case{2, "TBL_CUSTOMER_ADD", "PHOTO_GRP2"}}) {
-        leave();
-        messages.shown.clear();
-        sql(std::string("update ") + c.table + " set " + c.column + " = '昔の値' where USER_ID = '000004601'");
-        startOn(c.page);
-        turnTo(0);
-        EXPECT_EQ(shownIds(), Texts{}) << c.column;
-        for (const FieldInfo& field : kFields) {
-            if (field.name == c.column) {
-                EXPECT_NE(tCustomerInfo.*field.text, "昔の値") << c.column;
-            }
-        }
-        EXPECT_EQ(one(std::string("select ") + c.column + " from " + c.table + " where USER_ID = '000004601'"),
-                  "昔の値")
-            << "until a save";
     }
 }
 

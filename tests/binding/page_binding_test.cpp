@@ -7,7 +7,6 @@
 namespace orv {
 namespace {
 
-using R = CompanyRecord;
 using Texts = std::vector<std::string>;
 
 class Binding : public SystemTest {
@@ -138,13 +137,6 @@ TEST_F(Binding, OnlyTheNamedPageWritesAndOnlyWhenItIsReady) {
     EXPECT_EQ(tCustomerInfo.LICENSE_NO, "東京都知事");
 }
 
-TEST_F(Binding, ALostChoiceNeverTakesTheCompanyAway) {
-    startOn(0);
-    screen().cbo_User_Id.setListIndex(-1);
-    EXPECT_TRUE(PF_SetData_tCustomerInfo0());
-    EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
-}
-
 TEST_F(Binding, RefusedValuesAreToldTogetherAndTheRestIsFilled) {
     sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x', VALID_LICENSE_DATE_MONTH = '13', "
         "VALID_LICENSE_DATE_DAY = '1e9', OTHER_DANTAI_NAME = '家主会' where USER_ID = '000004601'");
@@ -159,48 +151,6 @@ TEST_F(Binding, RefusedValuesAreToldTogetherAndTheRestIsFilled) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(Binding, ThePasswordBlock) {
-    startOn(0);
-    auto& form = page<frm_CompInp0>();
-    EXPECT_FALSE(form.txt_User_Passwd.enabled());
-    EXPECT_EQ(form.txt_User_Passwd.text(), "mihon01") << "greyed, and handed back as it is";
-    EXPECT_TRUE(form.btm_ChangePW.visible());
-    choose(kMarker);
-    EXPECT_TRUE(form.txt_User_Passwd.enabled());
-    EXPECT_EQ(form.txt_User_Passwd.backColour(), kRequiredField);
-    EXPECT_FALSE(form.btm_ChangePW.visible());
-}
-
-TEST_F(Binding, BothAddressModes) {
-    struct Case {
-        std::string flag, same;
-        bool typed, siteTyped, searchSite;
-    };
-    for (const Case& c : {Case{"1", "1", true, false, true}, Case{"1", "0", true, true, true},
-                          Case{"0", "1", false, false, false}, Case{"0", "0", false, false, true}}) {
-        sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '" + c.same + "' where USER_ID = '000004601'");
-        startOn(0, "000004601,1," + c.flag);
-        auto& form = page<frm_CompInp0>();
-        const bool byMaster = c.flag == "0";
-        EXPECT_EQ(form.btm_SearchOfficeAddress.visible(), byMaster);
-        EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.visible(), byMaster);
-        if (byMaster) {
-            EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.enabled(), c.searchSite);
-        }
-        for (const auto* input : {&form.txt_Post_Code, &form.txt_Address}) {
-            EXPECT_EQ(input->enabled(), c.typed);
-            EXPECT_EQ(input->backColour(), c.typed ? kRequiredField : kDisabledField);
-        }
-        for (const auto* input : {&form.txt_Pc_Post_Code, &form.txt_Pc_Address}) {
-            EXPECT_EQ(input->enabled(), c.siteTyped) << c.flag << c.same;
-        }
-        EXPECT_EQ(form.txt_Address.text(), "東京都新宿区新宿３丁目");
-        EXPECT_EQ(form.chk_EqualData.value(), c.same == "1" ? 1 : 0);
-        leave();
-        messages.shown.clear();
-    }
-}
-
 TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
     sql("update TBL_CUSTOMER_INFO set ADDRESS_CODE = '', SAME_CHECK = '0', PC_ADDRESS = 'x' where USER_ID = "
         "'000004601'");
@@ -213,74 +163,11 @@ TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
     EXPECT_EQ(page<frm_CompInp0>().txt_Address.text(), "");
 }
 
-TEST_F(Binding, WhatAFlagFailsToRead) {
-    for (const char* same : {"", "x"}) {
-        sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '" + std::string(same) + "' where USER_ID = '000004601'");
-        start();
-        expectReported("13", "[ PF_SetData_Frm_CompInp0 ] 型が一致しません。");
-        leave();
-        messages.shown.clear();
-    }
-}
-
-TEST_F(Binding, TheAssociations) {
-    struct Case {
-        std::string flags, name;
-        bool enabled;
-        std::string shown;
-    };
-    for (const Case& c : {
-             Case{"1000000000000000", "(社)滋賀県宅地建物取引業協会", true, "(社)滋賀県宅地建物取引業協会"},
-             Case{"0000000000000000", "(社)滋賀県宅地建物取引業協会", false, "(社)滋賀県宅地建物取引業協会"},
-             Case{"1000000000000000", "なし", true, ""},
-             Case{"0000000000000000", "", false, ""},
-             Case{"01", "", false, ""},
-         }) {
-        sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = '" + c.flags + "', DANTAI_NAME = '" + c.name +
-            "' where USER_ID = '000004601'");
-        startOn(1);
-        auto& form = page<frm_CompInp1>();
-        EXPECT_EQ(form.cbo_Dantai_Name.enabled(), c.enabled) << c.flags;
-        EXPECT_EQ(form.cbo_Dantai_Name.backColour(), c.enabled ? kRequiredField : kDisabledField);
-        EXPECT_EQ(form.cbo_Dantai_Name.text(), c.shown) << c.flags << c.name;
-        EXPECT_EQ(form.chk_Dantai[0].value(), c.enabled ? 1 : 0);
-        EXPECT_EQ(form.chk_Dantai[1].value(), c.flags[1] - '0');
-        EXPECT_EQ(form.chk_Dantai[6].value(), 0);
-        leave();
-        messages.shown.clear();
-    }
-}
-
 TEST_F(Binding, AWordThatTheListHasLostIsPassedOver) {
     sql("update TBL_CUSTOMER_INFO set LICENSE_NO = '建設大臣' where USER_ID = '000004601'");
     startOn(1);
     EXPECT_EQ(page<frm_CompInp1>().cbo_License_No.text(), "");
     EXPECT_EQ(shownIds(), Texts{});
-}
-
-TEST_F(Binding, ThePhotos) {
-    sql("update TBL_CUSTOMER_ADD set PHOTO_GRP1 = '' where USER_ID = '000004601'");
-    startOn(2);
-    auto& form = page<frm_CompInp2>();
-    EXPECT_EQ(form.cbo_pic_PhotoFile[0].listIndex(), 0) << "the first row, not none";
-    EXPECT_EQ(form.cbo_pic_PhotoFile[1].text(), "店内");
-    EXPECT_EQ(form.txt_PhotoFilePath[1].text(), "C:\\ORV\\TMP\\TmpImg_2");
-    EXPECT_EQ(pictures.script.loaded, (Texts{"C:\\ORV\\TMP\\TmpImg_1", "C:\\ORV\\TMP\\TmpImg_2"}));
-    files.remove("C:\\ORV\\TMP\\TmpImg_2");
-    EXPECT_TRUE(PF_SetData_Frm_CompInp2());
-    EXPECT_EQ(form.pic_PhotoFile[1].picture(), nullptr);
-    EXPECT_EQ(form.txt_PhotoFilePath[1].text(), "C:\\ORV\\TMP\\TmpImg_2");
-    EXPECT_EQ(shownIds(), Texts{});
-}
-
-TEST_F(Binding, TheComputerIsShownAndTakenAsItStands) {
-    startOn(4);
-    auto& form = page<frm_CompInp4>();
-    EXPECT_EQ(form.lbl_Ins_Hd_Cap.caption(), "C:\\ 12.5GB/74.5GB");
-    EXPECT_EQ(form.lbl_Build_Ver.caption() + form.lbl_OS_Ver.caption() + form.lbl_Csd_Ver.caption(), "7601OS名SP1");
-    form.lbl_Proxy_Info.setCaption("a'b");
-    EXPECT_TRUE(PF_SetData_tCustomerInfo4());
-    EXPECT_EQ(tCustomerInfo.PROXY_INFO, "a'b") << "not cleaned";
 }
 
 }  // namespace
