@@ -31,10 +31,6 @@ constexpr auto kSettings = std::to_array<Row>({
     {&cls_Com::ORV_PassiveMode, "NET", "PASSIVE", "12", "True"},
     {&cls_Com::ORV_FtpTimeOut, "NET", "FTPTIMEOUT", "12", "60000"},
     {&cls_Com::ORV_RetryCount, "NET", "RETRY", "13", "4"},
-    {&cls_Com::VimblFolder, "VIMBL", "VimblDir", "12\\", ""},
-    {&cls_Com::VimblChirasiRoot, "VIMBL", "ChirasiDir", "12\\", ""},
-    {&cls_Com::VimblMnuExe, "VIMBL", "MenuExeFile", "12", ""},
-    {&cls_Com::VimblMnuExeStartPara, "VIMBL", "MenuStartPara", " 12", " "},
 });
 
 TEST_F(Settings, PresentEmptyAndUnreadable) {
@@ -49,27 +45,6 @@ TEST_F(Settings, PresentEmptyAndUnreadable) {
         EXPECT_EQ((com().*row.property)(), row.onFailure) << row.key;
         expected += record("0", "");
         EXPECT_EQ(log(), expected) << row.key;
-    }
-}
-
-TEST_F(Settings, AFailureInATreatmentIsLoggedWithItsNumber) {
-    struct Broken : Cp932 {
-        std::string encode(const std::string& text) const override {
-            return text == "C:\\BIN" ? throw RunTimeError(Failure::OutOfMemory) : text;
-        }
-    } broken;
-    services().codePage = &broken;
-    set("PATH", "BIN", "C:\\BIN");
-    EXPECT_EQ(com().BinFolder(), "");
-    EXPECT_EQ(files.get(kLog), record("7", std::string(descriptionOf(Failure::OutOfMemory))));
-    EXPECT_EQ(gErrMsg, "");
-}
-
-TEST_F(Settings, RetriesCountTheFirstAttempt) {
-    for (const auto& [retries, count] : std::map<std::string, std::string>{
-             {"abc", "4"}, {"", "4"}, {"0", "1"}, {"2", "3"}, {"-1", "0"}, {" 5 ", "6"}, {"99999", "100000"}}) {
-        set("NET", "RETRY", retries);
-        EXPECT_EQ(com().ORV_RetryCount(), count) << retries;
     }
 }
 
@@ -91,40 +66,6 @@ TEST_F(Settings, OnlyAClientHasATypeOfNetwork) {
     profiles.refuse("LAN", "HIMSELF", Failure::DeviceIo);
     EXPECT_EQ(com().ORV_LANTYPE(), "");
     EXPECT_EQ(log(), record("0", "") + record("0", ""));
-}
-
-TEST_F(Settings, LeafletFoldersGoByTheKindOfProperty) {
-    set("VIMBL", "ChirasiDir", "C:\\CH");
-    for (const char* key : {"ChintaiDir", "TenantoDir", "TochiDir", "MansionDir", "KodateDir"}) {
-        set("VIMBL", key, key);
-    }
-    for (const auto& [code, folder] : std::map<std::string, std::string>{{"RH", "ChintaiDir\\"},
-                                                                         {"RHX", "ChintaiDir\\"},
-                                                                         {"RJ", "TenantoDir\\"},
-                                                                         {"SL1", "TochiDir\\"},
-                                                                         {"SHM", "MansionDir\\"},
-                                                                         {"SHW ", "MansionDir\\"},
-                                                                         {"SHR", "KodateDir\\"},
-                                                                         {"SHT", "KodateDir\\"},
-                                                                         {"SH", ""},
-                                                                         {"SHMM", ""},
-                                                                         {"rh", ""},
-                                                                         {"", ""}}) {
-        EXPECT_EQ(com().VimblChirasiDir(code), "C:\\CH\\" + folder) << code;
-    }
-}
-
-TEST_F(Settings, WhatIsComposed) {
-    set("VIMBL", "VimblDir", "C:\\V");
-    set("VIMBL", "MenuExeFile", "menu.exe");
-    EXPECT_EQ(com().VimblMnuExe(), "C:\\V\\menu.exe");
-    EXPECT_EQ(com().VimblMkRmExe(), "C:\\V\\");
-    set("UTILTY", "USER_STARTPARA", "menu.exe COS");
-    EXPECT_EQ(com().ORV_STARTPARA("USER_"), "menu.exe COS");
-    EXPECT_EQ(com().ORV_STARTPARA(""), "");
-    set("VERSION", "MINOR", "4.6 ");
-    EXPECT_EQ(com().IniMinorVer(), "4.6");
-    EXPECT_EQ(com().MinorVer(), "4.6 ");
 }
 
 }  // namespace

@@ -46,14 +46,5 @@ TEST_F(ClsMultiCom, PresentEmptyAndUnreadable) {
     }
 }
 
-TEST_F(ClsMultiCom, TheUploadUrlEndsInOneSlash) {
-    profiles.set(kOfficeIni, "NET", "ORVIMG_HTTP", "http://h/a/");
-    EXPECT_EQ(multiCom().ORV_IMAGE_HTTP_URL(), "http://h/a/");
-    EXPECT_EQ(multiCom().WebMakePath(""), "");
-    EXPECT_EQ(multiCom().WebMakePath("a"), "a/");
-    EXPECT_EQ(multiCom().WebMakePath("a/"), "a/");
-    EXPECT_TRUE(kImageUploadUrl.ends_with("/rereceive46/davroot/"));
-}
-
 }  // namespace
 }  // namespace orv

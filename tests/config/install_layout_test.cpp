@@ -74,23 +74,5 @@ TEST_F(InstallLayout, PictureSlotsCountFromZeroAndFilesFromOne) {
     EXPECT_EQ(com().TmpNoTmpFile(1), "C:\\X\\TMP\\TmpImg_2");
 }
 
-TEST_F(InstallLayout, TheMessageTableLiesBesideTheProgram) {
-    files.setProgramFolder("C:\\Y\\BIN");
-    EXPECT_EQ(com().SysMsgTbl(), "C:\\Y\\BIN\\..\\SYS\\MSG.TBL");
-    EXPECT_EQ(registry.calls(), 0);
-}
-
-TEST_F(InstallLayout, TheTerminalsHaveAFileOfTheirOwn) {
-    registry.put(kInstallKey, "InstallKey", "c:\\x");
-    EXPECT_EQ(com().SysKcount(), "C:\\X\\SYS\\Kcount.ini");
-    profiles.set("C:\\X\\SYS\\Kcount.ini", "NO_00", "PCNO", "03");
-    profiles.set("C:\\X\\SYS\\Kcount.ini", "NO_00", "PCNAME", "受付");
-    EXPECT_EQ(com().TerminalNo(), "03");
-    EXPECT_EQ(com().TerminalName(), "受付");
-    profiles.refuse("NO_00", "PCNO", Failure::DeviceIo);
-    EXPECT_EQ(com().TerminalNo(), "");
-    EXPECT_EQ(log(), record("0", ""));
-}
-
 }  // namespace
 }  // namespace orv
