@@ -55,20 +55,6 @@ TEST_F(Wrappers, EveryExceptionIsARunTimeFailure) {
     }
 }
 
-TEST_F(Wrappers, APairThatTheBodySetStays) {
-    EXPECT_FALSE(
-        trapped("[ Outer ] ", [] { return trapped("[ Inner ] ", [] { return fail("own text", "OWN:01"); }); }));
-    expectPair("own text", "OWN:01");
-    EXPECT_FALSE(trapped("[ Outer ] ", [] { return failFrom({"service", "S1"}); }));
-    expectPair("service", "S1");
-}
-
-TEST_F(Wrappers, OtherResultsHaveTheirOwnFailureValue) {
-    EXPECT_EQ(trappedOr<int>("[ Here ] ", -1, [] { return 5; }), 5);
-    EXPECT_EQ(trappedOr<int>("[ Here ] ", -1, []() -> int { throw RunTimeError(Failure::Overflow); }), -1);
-    EXPECT_EQ(gErrCode, "6");
-}
-
 TEST_F(Wrappers, ASettingLogsWithoutLabelAndLeavesThePair) {
     gErrMsg = "pending";
     gErrCode = "P";
@@ -91,12 +77,6 @@ TEST_F(Wrappers, AHandlerShowsLogsAndClears) {
     expectPair("", "");
 }
 
-TEST_F(Wrappers, AHandlerCanNameAnotherMessageAndKeepThePair) {
-    handled("[ X ]", [] { return fail("text", "C1"); }, {.id = "UTERR001", .keepPair = true});
-    EXPECT_EQ(messages.shown, (std::vector<RecordedMessages::Shown>{{"UTERR001", {"C1", "text"}}}));
-    expectPair("text", "C1");
-}
-
 TEST_F(Wrappers, WithoutTheMessageServiceAPlainBoxTells) {
     messages.refusal = FailureRecord{"no window", "W1"};
     handled("[ X ]", [] { return fail("text", "C1"); });
@@ -108,17 +88,6 @@ TEST_F(Wrappers, WithoutTheMessageServiceAPlainBoxTells) {
     EXPECT_EQ(windows.notices[1].title, "C2");
     EXPECT_EQ(log(), record("C1", "text") + record("C2", "text"));
     expectPair("", "");
-}
-
-TEST_F(Wrappers, QuestionsAndNoticesReadTheService) {
-    messages.answers = {1, 2};
-    EXPECT_TRUE(staysAfter("ADD00010"));
-    EXPECT_FALSE(staysAfter("ADD00010"));
-    EXPECT_TRUE(showOrFail("COS05574", {"a"}));
-    EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COS05574", {"a"}}));
-    messages.refusal = FailureRecord{"no window", "W1"};
-    EXPECT_FALSE(showOrFail("COS05574", {"a"}));
-    expectPair("no window", "W1");
 }
 
 }  // namespace

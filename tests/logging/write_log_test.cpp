@@ -16,11 +16,6 @@ protected:
         logFiles().rcv = [] { return std::string("C:\\LOG\\rcv.log"); };
         logFiles().dwl = [] { return std::string("C:\\LOG\\dwl.log"); };
     }
-
-    void expectPair(const std::string& text, const std::string& code) {
-        EXPECT_EQ(gErrMsg, text);
-        EXPECT_EQ(gErrCode, code);
-    }
 };
 
 TEST_F(WriteLog, WritesTheRecordOfEachKindIntoItsFile) {
@@ -51,38 +46,6 @@ TEST_F(WriteLog, WritesTheRecordOfEachKindIntoItsFile) {
     EXPECT_TRUE(files.get("C:\\LOG\\snd.log").ends_with(",\r\n\r\n")) << "an empty list is an empty record";
 }
 
-TEST_F(WriteLog, AppendsInTheCodePage) {
-    logError("1", "髙〜");
-    logError(2, "b");
-    EXPECT_EQ(files.get(kLog), "2026/05/04 09:08:07,1,\xFB\xFC?\r\n2026/05/04 09:08:07,2,b\r\n");
-}
-
-TEST_F(WriteLog, WhatCannotBeWrittenIsToldByThePairAlone) {
-    struct Refused {
-        const char* kind;
-        Values args;
-        const char* text;
-        const char* code;
-    };
-    files.refuse(kLog, Failure::PathNotFound);
-    const std::vector<Refused> cases{
-        {"err", {"a", "b", "c"}, "[ PF_WriteLog ] 指定されたタイプは有りません。", "ECOM4001"},
-        {"ERR", {"a", "b", "c"}, "[ PF_WriteLog ] パスが見つかりません。", "76"},
-        {"ERR", {"a", "b"}, "[ PF_WriteLog ] インデックスが有効範囲にありません。", "9"},
-        {"SND", {"a"}, "[ PF_WriteLog ] 型が一致しません。", "13"},
-        {"RCV",
-         {Values{"a"}, Values{"a"}, Values{}, Values{"a"}, Values{"a"}, Values{"a"}},
-         "[ PF_WriteLog ] インデックスが有効範囲にありません。",
-         "9"},
-    };
-    for (const Refused& row : cases) {
-        gErrMsg = "the caller's";
-        EXPECT_FALSE(PF_WriteLog(row.kind, row.args));
-        expectPair(row.text, row.code);
-    }
-    EXPECT_EQ(files.count(), 0U);
-}
-
 TEST_F(WriteLog, RotatesAboveTheLimitOnly) {
     const std::string atLimit(102400, 'x');
     files.put(kRas, atLimit);
@@ -106,18 +69,6 @@ TEST_F(WriteLog, APathThatFailsToBeToldDoesNotRunInARound) {
     EXPECT_EQ(log(), record("1", "a"));
     logError("2", "b");
     EXPECT_EQ(log(), record("1", "a") + record("2", "b"));
-}
-
-TEST_F(WriteLog, TheSettingsLogThroughThemselves) {
-    logFiles().err = [] { return com().LogErrFile(); };
-    set("PATH", "LOGERR", "C:\\LOG");
-    profiles.refuse("NET", "URL", Failure::DeviceIo);
-    EXPECT_EQ(com().ORV_URL(), "");
-    EXPECT_EQ(files.get("C:\\LOG\\260504_err.log"), record("0", ""));
-
-    profiles.refuse("PATH", "LOGERR", Failure::DeviceIo);
-    EXPECT_EQ(com().ORV_URL(), "");
-    EXPECT_EQ(files.get("260504_err.log"), record("0", ""));
 }
 
 }  // namespace
