@@ -5,8 +5,6 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-
 class Lock : public SystemTest {
 protected:
     Lock() {
@@ -115,46 +113,6 @@ TEST_F(Lock, WithoutAComputerNameNoStatementRuns) {
     facts.computerName = std::string("DESK09\0\0\0", 9);
     EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
     EXPECT_EQ(one("select LOCAL_INFO from TBL_LOCK where USER_ID = 'U'"), "DESK09") << "the buffer ends in NULs";
-}
-
-TEST_F(Lock, FailuresBearTheRoutinesName) {
-    struct Case {
-        Call call;
-        std::string part, label;
-    };
-    for (const Case& c : {
-             Case{Call::Begin, "", "[ PF_DataUnlock ] "},
-             Case{Call::Execute, "delete", "[ PF_DataUnlock ] "},
-             Case{Call::Execute, "insert", "[ PF_DataLock ] "},
-             Case{Call::Commit, "", "[ PF_DataUnlock ] "},
-         }) {
-        store.mend();
-        store.DbReset();
-        store.fail(c.call, c.part);
-        EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber)) << c.label;
-        EXPECT_EQ(gErrMsg, c.label + "ストアの故障");
-        EXPECT_EQ(gErrCode, "DB:77");
-        EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "0");
-        sqlite3* other = nullptr;
-        ASSERT_EQ(sqlite3_open(office.store().c_str(), &other), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(other, "begin immediate; rollback", nullptr, nullptr, nullptr), SQLITE_OK)
-            << "a transaction was left open";
-        sqlite3_close(other);
-    }
-    store.mend();
-    store.fail(Call::Select);
-    EXPECT_EQ(check("U"), kLockFailed);
-    EXPECT_EQ(gErrMsg, "[ PF_DataLockCheck ] ストアの故障");
-    EXPECT_EQ(holder, "");
-}
-
-TEST_F(Lock, ARunTimeFailureIsToldWhereTheStoreHasNoneToTell) {
-    sql("drop table TBL_LOCK");
-    sql("create table TBL_LOCK (USER_ID, PROPERTY_TYPE_CODE, PROPERTY_NO, LOCAL_INFO, INSERT_DATE)");
-    sql("insert into TBL_LOCK values ('U', 'COS', '99999999', NULL, '')");
-    EXPECT_EQ(check("U"), kLockFailed);
-    EXPECT_EQ(gErrMsg, "[ PF_DataLockCheck ] 値のない項目を値として使いました。");
-    EXPECT_EQ(gErrCode, "94");
 }
 
 }  // namespace
