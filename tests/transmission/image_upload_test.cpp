@@ -68,25 +68,6 @@ TEST_F(ImageUpload, OnlyWhatIsThereIsSent) {
     EXPECT_EQ(log() + gErrMsg, "");
 }
 
-TEST_F(ImageUpload, ATransferByFtpIsNotOurs) {
-    for (const char* type : {"FTP", ""}) {
-        set("NET", "TRANSFERTYPE", type);
-        PF_ImageDataTransfer();
-    }
-    EXPECT_TRUE(http.sent.empty());
-    set("NET", "TRANSFERTYPE", "ftp");
-    PF_ImageDataTransfer();
-    EXPECT_EQ(http.sent.size(), 2U);
-    EXPECT_EQ(log(), "");
-}
-
-TEST_F(ImageUpload, ABusyControlIsLeftAlone) {
-    http.state = 1;
-    PF_ImageDataTransfer();
-    EXPECT_TRUE(http.sent.empty());
-    EXPECT_EQ(log() + gErrMsg, "");
-}
-
 TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
     for (const auto& [status, fails] :
          std::map<int, bool>{{201, false}, {302, false}, {399, false}, {400, true}, {503, true}}) {
@@ -109,26 +90,6 @@ TEST_F(ImageUpload, NoAnswerIsALoggedRunTimeFailure) {
     EXPECT_EQ(gErrCode, "24011");
     EXPECT_EQ(filesSent(), (Names{kFirst, kSecond})) << "a failed photo does not hold up the other";
     EXPECT_TRUE(messages.shown.empty());
-}
-
-TEST_F(ImageUpload, ATimeOutThatIsNoNumberFailsEachPhoto) {
-    for (const char* timeOut : {"", "soon"}) {
-        set("NET", "TIMEOUT", timeOut);
-        PF_ImageDataTransfer();
-    }
-    EXPECT_TRUE(http.sent.empty());
-    const std::string once =
-        record("13", "[ RH_ImageDataTransfr ] " + std::string(descriptionOf(Failure::TypeMismatch)));
-    EXPECT_EQ(log(), once + once + once + once);
-}
-
-TEST_F(ImageUpload, TheControlLivesWhileTheFormIsLoaded) {
-    EXPECT_EQ(http.alive, 1);
-    sendForm().onUnload.raise();
-    EXPECT_EQ(http.alive, 0);
-    PF_ImageDataTransfer();
-    EXPECT_TRUE(http.sent.empty());
-    EXPECT_EQ(gErrCode, "91");
 }
 
 }  // namespace
