@@ -53,48 +53,5 @@ TEST_F(ImageFit, TheSideThatIsFurtherOutDecidesAndTheOtherFollows) {
     }
 }
 
-TEST_F(ImageFit, APictureInsideIsCopiedByteForByteButReadToItsEnd) {
-    bool changed = true;
-    ASSERT_TRUE(PF_ResizeImePic(image, changed));
-    EXPECT_FALSE(changed);
-    EXPECT_EQ(bytesOf(kWork), "a picture");
-    EXPECT_EQ(pictures.script.loaded, std::vector<std::string>{source});
-    EXPECT_TRUE(pictures.script.factors.empty());
-}
-
-TEST_F(ImageFit, Failures) {
-    const std::string badSetting = "IMGERR:02 [ PF_ResizeImePic ] において、システム設定値が不正です。";
-    const std::string noNumber = "13 [ PF_ResizeImePic ] 型が一致しません。";
-    const std::string noPicture = "57 [ PF_ResizeImePic ] 画像ではありません。";
-    struct Case {
-        std::string width, height;
-        std::set<std::string> broken;
-        std::string outcome;
-    };
-    for (const Case& c : std::vector<Case>{
-             {"0", "480", {}, badSetting},
-             {"640", "0", {}, badSetting},
-             {"-1", "480", {"info"}, badSetting},
-             {"", "480", {}, noNumber},
-             {"640", "x", {}, noNumber},
-             {"640", "480", {"info"}, noPicture},
-             {"640", "480", {"load"}, noPicture},
-             {"320", "480", {"size"}, noPicture},
-             {"320", "480", {"save"}, noPicture},
-         }) {
-        limits(c.width, c.height);
-        pictures.script.broken = c.broken;
-        bool changed = false;
-        EXPECT_FALSE(PF_ResizeImePic(image, changed));
-        EXPECT_EQ(pair(), c.outcome) << c.width << "x" << c.height;
-    }
-    limits("640", "480");
-    pictures.script.broken.clear();
-    gImgSrcFile = desk.path();
-    bool changed = false;
-    EXPECT_FALSE(PF_ResizeImePic(image, changed)) << "a folder is no file";
-    EXPECT_EQ(pair(), badSetting);
-}
-
 }  // namespace
 }  // namespace orv

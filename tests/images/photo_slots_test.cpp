@@ -92,22 +92,6 @@ TEST_F(PhotoSlotsTest, WhileAPictureIsFittedThePageTakesNothing) {
     expectReady();
 }
 
-TEST_F(PhotoSlotsTest, ACancelledConfirmationKeepsTheSlotAndRepaintsIt) {
-    picture(1600, 1200);
-    for (const std::string file : {kSlotFiles[0], ""}) {
-        form.txt_PhotoFilePath[0].setText(file);
-        pictures.script.loaded.clear();
-        decide("cmd_Cancel");
-        select();
-        EXPECT_EQ(form.txt_PhotoFilePath[0].text(), file);
-        EXPECT_EQ(pictures.script.loaded.back() == kSlotFiles[0], !file.empty());
-        EXPECT_TRUE(standsInWork()) << "it stays behind";
-    }
-    EXPECT_EQ(bytesOf(kSlotFiles[0]), slotBytes);
-    EXPECT_FALSE(tCustomerInfo.SEND_FLAG);
-    EXPECT_EQ(log(), "");
-}
-
 TEST_F(PhotoSlotsTest, ACancelledOpenDialogIsLoggedAndNotShown) {
     windows.pick(std::nullopt);
     form.btm_PhotoSelect[0].press();
@@ -155,32 +139,6 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
     }
 }
 
-TEST_F(PhotoSlotsTest, ASettingThatCannotBeReadEndsTheSelection) {
-    settings.refuse("UTILTY", "GET_IMG");
-    form.btm_PhotoSelect[0].press();
-    expectShown("UTERR001", {gErrCode, gErrMsg});
-    EXPECT_TRUE(windows.questions.empty());
-    EXPECT_EQ(gErrCode, "57");
-    expectReady();
-}
-
-TEST_F(PhotoSlotsTest, ABrokenMessageServiceLeavesAPlainBoxToTheSelectionOnly) {
-    const auto lastBox = [&] { return windows.notices.back().title + " " + windows.notices.back().text; };
-    messages.refusal = {"表示できません。", "MSG:1"};
-    files.refuse(kSlotFiles[0], Failure::DiskFull);
-    select();
-    ASSERT_EQ(windows.notices.size(), 1U);
-    EXPECT_EQ(lastBox(), "61 ディスクの空き容量が足りません。");
-    EXPECT_EQ(windows.notices.back().kind, Notice::Kind::Critical);
-    limits("640", "480", "0");
-    select();
-    EXPECT_EQ(lastBox(), "IMGERR:01 ファイルサイズが大きすぎて保存できません。") << "told by the pair";
-    drop(0, source);
-    EXPECT_EQ(windows.notices.size(), 2U);
-    EXPECT_TRUE(log().ends_with(record(gErrCode, gErrMsg)));
-    expectReady();
-}
-
 TEST_F(PhotoSlotsTest, DeletingAsksAndEmptiesTheSlotButNoFile) {
     form.cbo_pic_PhotoFile[0].setListIndex(1);
     tCustomerInfo.SEND_FLAG = false;
@@ -206,15 +164,6 @@ TEST_F(PhotoSlotsTest, DeletingAsksAndEmptiesTheSlotButNoFile) {
     EXPECT_TRUE(files.exists("C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg"));
 }
 
-TEST_F(PhotoSlotsTest, HandlersOfThePageReportByTheirLabels) {
-    form.pic_PhotoFile[0].observe([] { throw RunTimeError(Failure::OutOfMemory); });
-    answer(0);
-    form.btm_PhotoDel[0].press();
-    messages.shown.erase(messages.shown.begin());
-    expectReported("7", "[ CompInp2 btm_PhotoDel_Click ]メモリが足りません。");
-    form.pic_PhotoFile[0].observe({});
-}
-
 TEST_F(PhotoSlotsTest, ACompanyWithoutANumberHasNoPhotos) {
     leave();
     messages.shown.clear();
@@ -227,17 +176,6 @@ TEST_F(PhotoSlotsTest, ACompanyWithoutANumberHasNoPhotos) {
     marker.pic_PhotoFile[0].drop(source);
     EXPECT_TRUE(shownIds().empty());
     EXPECT_TRUE(windows.questions.empty());
-}
-
-TEST_F(PhotoSlotsTest, ATakenPhotoIsStoredAndSentByTheNextSave) {
-    select();
-    bool flagged = false;
-    server.meanwhile = [&] { flagged = tCustomerInfo.SEND_FLAG; };
-    save();
-    EXPECT_TRUE(flagged);
-    EXPECT_FALSE(tCustomerInfo.SEND_FLAG);
-    EXPECT_EQ(bytesOf("C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg"), "a picture");
-    EXPECT_EQ(add("PHOTO_FILE1"), "000004601COS00000000_01.jpg");
 }
 
 }  // namespace

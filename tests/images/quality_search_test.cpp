@@ -52,21 +52,5 @@ TEST_F(QualitySearch, TriesByHalves) {
     EXPECT_EQ(pictures.script.factors, (std::vector<int>{255, 127, 63, 31, 15, 7, 3, 2, 2, 2}));
 }
 
-TEST_F(QualitySearch, AFileThatFitsIsNotTouched) {
-    bool changed = false;
-    EXPECT_EQ(search("1048576", changed), "255/255");
-    EXPECT_FALSE(changed);
-    EXPECT_TRUE(pictures.script.factors.empty());
-}
-
-TEST_F(QualitySearch, Failures) {
-    bool changed = false;
-    EXPECT_EQ(search("0", changed), "IMGERR:01 ファイルサイズが大きすぎて保存できません。");
-    EXPECT_EQ(pictures.script.factors, std::vector<int>{255});
-    EXPECT_EQ(search("", changed), "13 [ PF_ChangeQFactor ] 型が一致しません。");
-    pictures.script.broken = {"save"};
-    EXPECT_EQ(search("5000", changed), "57 [ PF_ChangeQFactor ] 画像ではありません。");
-}
-
 }  // namespace
 }  // namespace orv

@@ -37,23 +37,5 @@ TEST_F(Thumbnail, KeepsThePicturesProportions) {
     }
 }
 
-TEST_F(Thumbnail, AnAbsentPhotoIsNoFailure) {
-    for (const char* file : {"", "  ", "C:\\ORV\\PHOTO\\none.jpg"}) {
-        image.setVisible(false);
-        EXPECT_TRUE(PF_Thumbnail(image, file));
-        EXPECT_TRUE(image.visible());
-    }
-    EXPECT_TRUE(pictures.script.loaded.empty());
-}
-
-TEST_F(Thumbnail, WhatIsNoPictureIsAndLeavesTheControlUsable) {
-    pictures.script.broken = {"load"};
-    EXPECT_FALSE(PF_Thumbnail(image, kFile));
-    EXPECT_EQ(gErrMsg, "[ PF_Thumbnail ] 画像ではありません。");
-    EXPECT_EQ(gErrCode, "57");
-    EXPECT_TRUE(image.visible());
-    EXPECT_EQ(image.width(), 121);
-}
-
 }  // namespace
 }  // namespace orv
