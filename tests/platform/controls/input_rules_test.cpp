@@ -73,26 +73,5 @@ TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
     }
 }
 
-TEST_F(InputRules, Katakana) {
-    const std::array<std::array<std::string, 2>, 7> rows{{
-        {"ひらがな", "ヒラガナ"},
-        {"ｶﾀｶﾅ", "カタカナ"},
-        {"ｶﾞｷﾞﾊﾟﾋﾟｳﾞ", "ガギパピヴ"},
-        // A mark with nothing to join stands alone.
-        {"ﾞｱﾞ", "゛ア゛"},
-        {"｡｢｣､･ｰ", "。「」、・ー"},
-        {"ぁゃっゔゝゞ", "ァャッヴヽヾ"},
-        {"漢字abcＡ１　", "漢字abcＡ１　"},
-    }};
-    for (const auto& [from, to] : rows) {
-        EXPECT_EQ(toFullKatakana(from), to);
-    }
-}
-
-TEST_F(InputRules, HalfWidth) {
-    EXPECT_EQ(toHalfWidth("１２．５　－Ａｚ～"), "12.5 -Az~");
-    EXPECT_EQ(toHalfWidth("アｱ漢。"), "アｱ漢。");
-}
-
 }  // namespace
 }  // namespace orv

@@ -28,33 +28,6 @@ protected:
     Window b{"b"};
 };
 
-TEST_F(Host, LoadingOpensAHiddenWindowOnce) {
-    EXPECT_TRUE(forms.unload(a, UnloadMode::Code)) << "nothing to unload is no failure";
-    EXPECT_TRUE(windows.calls.empty()) << "making a form loads nothing";
-    int loads = 0;
-    a.onLoad = [&] { ++loads; };
-    forms.load(a);
-    forms.load(a);
-    EXPECT_EQ(loads, 1);
-    EXPECT_TRUE(a.loaded());
-    EXPECT_FALSE(a.visible());
-    EXPECT_EQ(forms.activeForm(), nullptr);
-    EXPECT_EQ(windows.calls, Names{"open a"});
-}
-
-TEST_F(Host, ShowingLoadsFirstAndFocusesTheFirstControlThatCanHaveIt) {
-    a.onLoad = [&] { EXPECT_FALSE(a.visible()); };
-    b.closed.setEnabled(true);
-    b.onLoad = [&] { b.open.setFocus(); };
-    forms.show(b);
-    EXPECT_EQ(b.activeControl(), &b.open) << "the focus that loading gave is kept";
-    forms.show(a);
-    EXPECT_EQ(windows.calls, (Names{"open b", "show b", "open a", "show a"}));
-    EXPECT_EQ(a.activeControl(), &a.open);
-    EXPECT_EQ(forms.activeForm(), &a);
-    EXPECT_EQ(loaded(), (Names{"b", "a"}));
-}
-
 TEST_F(Host, AFormThatItsOwnLoadUnloadsIsNotShown) {
     a.onLoad = [&] { EXPECT_TRUE(forms.unload(a, UnloadMode::Code)); };
     forms.show(a);
@@ -73,33 +46,6 @@ TEST_F(Host, AWindowThatCannotBeMadeLeavesTheFormUnloaded) {
     EXPECT_EQ(loaded(), Names{"a"});
 }
 
-TEST_F(Host, UnloadAsksThenTellsThenCloses) {
-    Names events;
-    a.onQueryUnload = [&](bool&, UnloadMode mode) {
-        events.push_back("query " + std::to_string(static_cast<int>(mode)));
-        EXPECT_TRUE(a.loaded());
-    };
-    a.onUnload = [&] {
-        events.emplace_back("unload");
-        EXPECT_EQ(windows.calls.back(), "show a") << "the window is still there";
-    };
-    forms.show(a);
-    EXPECT_TRUE(forms.unload(a, UnloadMode::CloseBox));
-    EXPECT_EQ(events, (Names{"query 0", "unload"}));
-    EXPECT_EQ(windows.calls.back(), "close a");
-    EXPECT_FALSE(a.visible());
-    EXPECT_EQ(a.activeControl(), nullptr);
-}
-
-TEST_F(Host, AFormMayBeKept) {
-    a.onQueryUnload = [](bool& cancel, UnloadMode mode) { cancel = mode == UnloadMode::CloseBox; };
-    forms.show(a);
-    EXPECT_FALSE(forms.unload(a, UnloadMode::CloseBox));
-    EXPECT_TRUE(a.visible());
-    EXPECT_EQ(windows.calls.back(), "show a");
-    EXPECT_TRUE(forms.unload(a, UnloadMode::Code));
-}
-
 TEST_F(Host, TheQuestionBeforeUnloadingMayUnloadEverything) {
     int unloads = 0;
     a.onUnload = [&] { ++unloads; };
@@ -112,29 +58,6 @@ TEST_F(Host, TheQuestionBeforeUnloadingMayUnloadEverything) {
     EXPECT_TRUE(forms.unload(a, UnloadMode::CloseBox));
     EXPECT_EQ(unloads, 1);
     EXPECT_TRUE(loaded().empty());
-}
-
-TEST_F(Host, AFormCanBeLoadedAgainWithNothingLeftOfItsFirstLife) {
-    forms.show(a);
-    a.setEnabled(false);
-    a.open.setFocus();
-    EXPECT_TRUE(forms.unload(a, UnloadMode::Code));
-    a.setEnabled(true);
-    EXPECT_EQ(a.activeControl(), nullptr) << "the focus asked for died with the window";
-    forms.show(a);
-    EXPECT_EQ(windows.calls, (Names{"open a", "show a", "close a", "open a", "show a"}));
-}
-
-TEST_F(Host, AModalFormIsTheActiveOneUntilItGoes) {
-    forms.show(a);
-    windows.onModal("b", [&](Form& form) {
-        EXPECT_EQ(forms.activeForm(), &b);
-        EXPECT_EQ(b.activeControl(), &b.open);
-        EXPECT_TRUE(forms.unload(form, UnloadMode::Code));
-    });
-    forms.showModal(b);
-    EXPECT_EQ(forms.activeForm(), &a);
-    EXPECT_EQ(windows.calls, (Names{"open a", "show a", "open b", "modal b", "close b"}));
 }
 
 }  // namespace
