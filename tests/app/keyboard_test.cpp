@@ -97,26 +97,5 @@ TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(Keyboard, EnterMovesOnFromListsAndFromTheBoxesThatAreForIt) {
-    for (int number = 0; number < kPageCount; ++number) {
-        startOn(number);
-        for (Control* control : screen().controls()) {
-            const bool list = control->kind() == ControlKind::ComboBox;
-            const bool box = control->kind() == ControlKind::CheckBox && number != 1;
-            if (!(list || box) || !control->usable()) {
-                continue;
-            }
-            control->setFocus();
-            press(Qt::Key_X);
-            EXPECT_EQ(focused(), control->objectName());
-            press(Qt::Key_Return);
-            EXPECT_NE(focused(), control->objectName()) << number;
-        }
-        leave();
-        settle();
-        messages.shown.clear();
-    }
-}
-
 }  // namespace
 }  // namespace orv
