@@ -1,7 +1,6 @@
 #pragma once
 
-// A store as a terminal of the office uses it: the calls, and the statements of the program that tests share, to the
-// blank.
+// A store as a terminal of the office uses it: the calls, and statements like the program's that tests share.
 
 #include <gtest/gtest.h>
 
@@ -66,7 +65,7 @@ private:
 };
 
 inline std::string companyJoin(const std::string& userId) {
-    return "   select *     from TBL_CUSTOMER_INFO AS A LEFT JOIN TBL_CUSTOMER_ADD AS B        ON A.USER_ID = B.USER_ID"
+    return "   select * from TBL_CUSTOMER_INFO AS A LEFT JOIN TBL_CUSTOMER_ADD AS B  ON A.USER_ID = B.USER_ID"
            "    where A.USER_ID = '" +
            userId + "'";
 }
@@ -77,24 +76,13 @@ inline std::string lockSelect(const std::string& userId) {
 }
 
 inline std::string lockInsert(const std::string& userId, const std::string& computer) {
-    return "insert into TBL_LOCK (            USER_ID,            PROPERTY_TYPE_CODE,            PROPERTY_NO,"
-           "            LOCAL_INFO,             INSERT_DATE    ) values (            '" +
-           userId + "',            'COS',            '99999999',            '" + computer +
-           "',             '2026/11/24 20:15:00'             )";
-}
-
-inline std::string lockDelete(const std::string& userId, const std::string& computer) {
-    return "delete from TBL_LOCK       where USER_ID = '" + userId +
-           "'         and left(PROPERTY_TYPE_CODE,2) = 'CO'         and PROPERTY_NO = '99999999'         and "
-           "LOCAL_INFO = "
-           "'" +
-           computer + "'";
+    return "insert into TBL_LOCK (USER_ID, PROPERTY_TYPE_CODE, PROPERTY_NO, LOCAL_INFO) values ('" + userId +
+           "', 'COS', '99999999', '" + computer + "')";
 }
 
 inline std::string nameUpdate(const std::string& userId, const std::string& newId, const std::string& name) {
     return "update TBL_CUSTOMER_INFO        set             USER_ID  ='" + newId + "',            COMPANY_NAME  ='" +
-           name + "',            UPDATE_DATE ='20261124 20:15:00',            PWD_CHG_FLG ='1'     where  USER_ID = '" +
-           userId + "'";
+           name + "'     where  USER_ID = '" + userId + "'";
 }
 
 inline std::string nameOf(const std::string& userId) {

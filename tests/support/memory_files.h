@@ -76,4 +76,12 @@ private:
     std::string programFolder_ = "C:\\ORV\\BIN";
 };
 
+/// For those who ask for the native place of a path only.
+using NativePaths = MemoryFiles;
+
+inline NativePaths& nativePaths() {
+    static NativePaths paths;
+    return paths;
+}
+
 }  // namespace orv

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
@@ -9,9 +8,9 @@
 #include <string>
 
 #include "adapters/qt/qt_window_system.h"
-#include "adapters/qt/views/qt_text.h"
 #include "pages/layout/layouts.h"
 #include "support/fixture.h"
+#include "support/widgets.h"
 
 namespace orv {
 
@@ -31,22 +30,6 @@ protected:
 
     /// Lets everything happen that is queued, but for deletions: a dialog may be at work below.
     static void settle() { QCoreApplication::processEvents(); }
-    static QWidget* windowOf(const Form& form) {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == toQt(form.name()) && window->isVisible()) {
-                return window;
-            }
-        }
-        throw std::runtime_error(form.name() + " is not on the screen");
-    }
-    template <class W = QWidget>
-    static W* widgetOf(const Control& control) {
-        const QWidget* window = windowOf(dynamic_cast<const Form&>(control.owner()));
-        if (auto* widget = dynamic_cast<W*>(window->findChild<QWidget*>(toQt(control.objectName())))) {
-            return widget;
-        }
-        throw std::runtime_error(control.objectName() + " has no such widget");
-    }
     /// Where the next key goes.
     static QWidget* keyboard() {
         if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; })) {

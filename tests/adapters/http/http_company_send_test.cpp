@@ -21,7 +21,7 @@ class HttpCompanySendTest : public testing::Test {
 protected:
     void SetUp() override {
         makeSampleStore(storeFile());
-        useSuite();
+        url = suite.url("/");
     }
 
     void run(const std::string& sql) const { runSql(storeFile(), sql); }
@@ -35,12 +35,6 @@ protected:
         }
         columns.resize(table == "TBL_CUSTOMER_DATE" ? 1 : columns.size());
         return columns;
-    }
-    void useSuite() { url = suite.url("/"); }
-    void useMarker() {
-        for (const std::string table : kTables) {
-            run("UPDATE " + table + " SET USER_ID = '---------' WHERE USER_ID = '000004601'");
-        }
     }
     std::string storeFile() const { return folder.file("ORVESTATE.MDB"); }
     bool prepare() {
@@ -72,45 +66,30 @@ protected:
 
 TEST_F(HttpCompanySendTest, AMissingSettingIsToldBeforeAnythingIsAsked) {
     for (const auto& [setting, code] : std::vector<std::pair<std::string*, const char*>>{
-             {&url, "SEND0001"}, {&cusSendService, "SEND0002"}, {&sendCus, "SEND0003"}}) {
-        for (const char* blank : {"", " "}) {
-            const std::string before = std::exchange(*setting, blank);
-            EXPECT_FALSE(prepare()) << code;
-            EXPECT_EQ(send.SendError().code, code);
-            EXPECT_FALSE(send.SendError().text.empty());
-            *setting = before;
-        }
+             {&url, "SEND0001"}, {&cusSendService, "SEND0002"}, {&sendCus, "SEND0003"}, {&timeOut, "SEND0004"}}) {
+        const std::string before = std::exchange(*setting, " ");
+        EXPECT_FALSE(prepare()) << code;
+        EXPECT_EQ(send.SendError().code, code);
+        *setting = before;
     }
+    timeOut = "5000ms";
+    EXPECT_FALSE(sendCompany());
+    EXPECT_EQ(send.SendError().code, "SEND0004");
     EXPECT_EQ(suite.log(), "");
-    EXPECT_TRUE(prepare());
-    EXPECT_EQ(send.SendError(), FailureRecord{});
-}
-
-TEST_F(HttpCompanySendTest, TheTimeOutMustBeANumber) {
-    for (const char* number : {"5000", " 5000 ", "0", "-5", "4999.5", "1e3"}) {
+    for (const char* number : {" 5000 ", "0", "-5", "4999.5"}) {
         timeOut = number;
         EXPECT_TRUE(prepare()) << number;
     }
-    for (const char* none : {"", "abc", "5000ms", "1e99", "99999999999", "nan", "inf", "0x10"}) {
-        timeOut = none;
-        EXPECT_FALSE(prepare()) << none;
-        EXPECT_EQ(send.SendError().code, "SEND0004") << none;
-        EXPECT_FALSE(sendCompany()) << none;
-        EXPECT_EQ(send.SendError().code, "SEND0004") << none;
-    }
+    EXPECT_EQ(send.SendError(), FailureRecord{});
 }
 
 TEST_F(HttpCompanySendTest, PreparedIsWhatAnswersWithSuccess) {
-    for (const auto& [status, ok] :
-         std::map<int, bool>{{200, true}, {204, true}, {299, true}, {302, false}, {401, false}, {503, false}}) {
+    for (const auto& [status, ok] : std::map<int, bool>{{200, true}, {299, true}, {302, false}, {503, false}}) {
         suite.misbehave("prepare:status=" + std::to_string(status));
         EXPECT_EQ(prepare(), ok) << status;
         EXPECT_EQ(send.SendError().code, ok ? "" : std::to_string(status));
     }
     EXPECT_NE(send.SendError().text.find("503 Service Unavailable"), std::string::npos);
-    url = deafUrl();
-    EXPECT_FALSE(prepare());
-    EXPECT_EQ(send.SendError().code, "24011");
 }
 
 TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
@@ -137,57 +116,18 @@ TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
     EXPECT_EQ(kept("000004601"), expected);
 }
 
-TEST_F(HttpCompanySendTest, TheSendFlagIsABooleanHoweverTheStoreKeepsIt) {
-    for (const auto& [kept_, sent] :
-         std::map<std::string, bool>{{"1", true}, {"-1", true}, {"0", false}, {"'True'", true}, {"'False'", false}}) {
-        run("UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = " + kept_);
-        ASSERT_TRUE(sendCompany()) << kept_;
-        EXPECT_EQ(kept("000004601")["TBL_CUSTOMER_ADD"]["SEND_FLAG"], sent) << kept_;
+TEST_F(HttpCompanySendTest, ANewCompanyGetsItsNumber) {
+    for (const std::string table : kTables) {
+        run("UPDATE " + table + " SET USER_ID = '---------' WHERE USER_ID = '000004601'");
     }
-}
-
-TEST_F(HttpCompanySendTest, TheDocumentGoesAsUtf8Json) {
-    const RawServer raw(R"(HTTP/1.1 201 Created)"
-                        "\r\n\r\n"
-                        R"({"id":"000005001"})");
-    url = raw.url();
-    ASSERT_TRUE(sendCompany());
-    const std::string& sent = raw.requests().at(0);
-    EXPECT_TRUE(sent.starts_with("POST /cussend/register HTTP/1.1\r\n")) << sent;
-    EXPECT_NE(sent.find("\r\nContent-Type: application/json; charset=utf-8\r\n"), std::string::npos);
-    EXPECT_EQ(sent.find("Authorization"), std::string::npos);
-}
-
-TEST_F(HttpCompanySendTest, ANewCompanyGetsItsNumberAndAnotherLengthComesBackAsItStands) {
-    useMarker();
     ASSERT_TRUE(sendCompany("---------")) << send.SendError().text;
     EXPECT_EQ(id, "000005001");
     EXPECT_EQ(kept("000005001")["TBL_CUSTOMER_DATE"]["USER_ID"], "000005001");
-    suite.misbehave("companies:id-length=8");
-    ASSERT_TRUE(sendCompany("---------"));
-    EXPECT_EQ(id, "00000500");
-}
-
-TEST_F(HttpCompanySendTest, ItReadsBesideTheConnectionThatTheProgramHoldsOpen) {
-    ConnectionPtr open;
-    bool ok = false;
-    db.DbOpen(open, store, ok);
-    ASSERT_TRUE(ok);
-    EXPECT_TRUE(sendCompany());
-    std::int32_t rows = 0;
-    db.DbExecute(open, "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = False", rows);
-    EXPECT_EQ(rows, 5);
 }
 
 TEST_F(HttpCompanySendTest, AnAnswerThatIsNoneIsAFailureWithTextAndCode) {
-    for (const auto& [misbehaviour, code] : std::map<std::string, std::string>{{"garbage", "SEND0005"},
-                                                                               {"cut", "24011"},
-                                                                               {"delay=2000", "24012"},
-                                                                               {"status=200", "SEND0005"},
-                                                                               {"status=302", "302"},
-                                                                               {"status=400", "400"},
-                                                                               {"id-length=0", "SEND0005"}}) {
-        timeOut = "300";
+    for (const auto& [misbehaviour, code] : std::map<std::string, std::string>{
+             {"garbage", "SEND0005"}, {"cut", "24011"}, {"status=200", "SEND0005"}, {"id-length=0", "SEND0005"}}) {
         suite.misbehave("well");
         suite.misbehave("companies:" + misbehaviour);
         id = "before";
@@ -196,24 +136,14 @@ TEST_F(HttpCompanySendTest, AnAnswerThatIsNoneIsAFailureWithTextAndCode) {
         EXPECT_EQ(send.SendError().code, code) << misbehaviour;
         EXPECT_FALSE(send.SendError().text.empty()) << misbehaviour;
     }
-    url = deafUrl();
-    EXPECT_FALSE(sendCompany());
-    EXPECT_EQ(send.SendError().code, "24011");
-    useSuite();
-    suite.misbehave("well");
-    EXPECT_TRUE(sendCompany());
-    EXPECT_EQ(send.SendError(), FailureRecord{});
 }
 
 TEST_F(HttpCompanySendTest, WhatTheStoreCannotGiveIsNotSent) {
     EXPECT_FALSE(sendCompany("000009999"));
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_INFO"), std::string::npos);
-    EXPECT_FALSE(sendCompany("' OR USER_ID = '000004601"));
     run("DELETE FROM TBL_CUSTOMER_DATE");
     EXPECT_FALSE(sendCompany());
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_DATE"), std::string::npos);
-    run("DROP TABLE TBL_CUSTOMER_DATE");
-    EXPECT_FALSE(sendCompany());
     store = "C:\\NONE.MDB";
     EXPECT_FALSE(sendCompany());
     EXPECT_EQ(send.SendError().code, "51");

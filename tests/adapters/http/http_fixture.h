@@ -1,15 +1,17 @@
 #pragma once
 
+#include <gtest/gtest.h>
+#include <httplib.h>
+
+#include <array>
 #include <atomic>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "platform/run_time_error.h"
 #include "suite_server.h"
-#include "support/native_paths.h"
+#include "support/memory_files.h"
 #include "support/temp_folder.h"
 
 namespace orv {
@@ -17,13 +19,16 @@ namespace orv {
 /// The suite's server on a port of its own, in a thread of the test.
 class RunningSuite {
 public:
-    explicit RunningSuite(const std::filesystem::path& folder);
-    ~RunningSuite();
+    explicit RunningSuite(const std::filesystem::path& folder)
+        : folder_(folder), server_(folder), port_(server_.bind(0)), thread_([this] { server_.serve(); }) {}
+    ~RunningSuite() {
+        server_.stop();
+        thread_.join();
+    }
 
     std::string url(const std::string& path) const { return "http://127.0.0.1:" + std::to_string(port_) + path; }
-    int port() const { return port_; }
-    void misbehave(const std::string& instruction);
-    std::string log() const;
+    void misbehave(const std::string& instruction) { EXPECT_TRUE(server_.instruct(instruction)) << instruction; }
+    std::string log() const { return readFile(folder_ / "requests.log"); }
 
 private:
     std::filesystem::path folder_;
@@ -32,34 +37,38 @@ private:
     std::thread thread_;
 };
 
-/// Answers every connection with the same bytes, whatever they are, and closes it; keeps what it was sent.
-class RawServer {
+/// Answers every request with the same bytes, whatever they are, and closes the connection.
+class RawServer : private httplib::Server {
 public:
-    /// `silent`: takes the request and holds the connection without a word.
-    explicit RawServer(std::string answer, bool silent = false);
-    ~RawServer();
-    RawServer(const RawServer&) = delete;
-    RawServer& operator=(const RawServer&) = delete;
-
-    std::string url(const std::string& path = "/") const { return "http://127.0.0.1:" + std::to_string(port_) + path; }
-    /// Head and body of each request so far. Call it when the client has its answer.
-    const std::vector<std::string>& requests() const { return requests_; }
+    explicit RawServer(std::string answer)
+        : answer_(std::move(answer)), port_(bind_to_any_port("127.0.0.1")), thread_([this] { listen_after_bind(); }) {}
+    ~RawServer() override {
+        while (!is_running()) {
+            std::this_thread::yield();
+        }
+        stop();
+        thread_.join();
+    }
+    std::string url() const { return "http://127.0.0.1:" + std::to_string(port_) + "/"; }
+    int requests() const { return requests_; }
 
 private:
-    void serve();
-    void converse(int client);
+    bool process_and_close_socket(socket_t client) override {
+        std::array<char, 4096> request{};
+        requests_ += ::recv(client, request.data(), request.size(), 0) > 0 ? 1 : 0;
+        for (std::string_view rest = answer_; !rest.empty();) {
+            const ssize_t sent = ::send(client, rest.data(), rest.size(), MSG_NOSIGNAL);
+            rest.remove_prefix(sent > 0 ? static_cast<std::size_t>(sent) : rest.size());
+        }
+        ::close(client);
+        return true;
+    }
 
     std::string answer_;
-    bool silent_;
-    int port_ = 0;
-    int listener_;
-    std::atomic<bool> stopping_{false};
-    std::vector<std::string> requests_;
+    int port_;
+    std::atomic<int> requests_{0};
     std::thread thread_;
 };
-
-/// A URL at which nobody listens.
-std::string deafUrl();
 
 /// The files of one folder, as C:\NAME.
 class FolderFiles : public NativePaths {

@@ -27,9 +27,6 @@ ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to) {
 
 class BrokenPicturesTest : public testing::Test {
 protected:
-    int infoOf(const std::string& path) const {
-        return failureOf([&] { (void)pictures_.info(path); });
-    }
     int loadOf(const std::string& path) const {
         return failureOf([&] { (void)pictures_.load(path); });
     }
@@ -78,30 +75,15 @@ TEST_F(BrokenPicturesTest, NamesWhatIsWrong) {
     } cases[] = {
         {"empty", {}, PictureFailure::Empty},
         {"text", {'n', 'o', ' ', 'p', 'i', 'c', 't', 'u', 'r', 'e'}, PictureFailure::UnknownFormat},
-        {"zeros", ByteVector(5000, 0), PictureFailure::UnknownFormat},
-        {"a mark and nothing else", {0xFF, 0xD8, 0xFF}, PictureFailure::Damaged},
-        {"noise after the mark", changed(ByteVector(5000, 0x55), 0, {0xFF, 0xD8, 0xFF, 0xE0, 0x20}),
-         PictureFailure::Damaged},
         {"12 bits", changed(jpeg, precision, {12}), PictureFailure::UnsupportedKind},
-        {"lossless", changed(jpeg, frameHeader(jpeg) + 1, {0xC3}), PictureFailure::UnsupportedKind},
-        {"no height", withJpegSize(jpeg, 64, 0), PictureFailure::Damaged},
-        {"wider than it is", withJpegSize(jpeg, 1000, 48), PictureFailure::Damaged},
         {"taller than it is", withJpegSize(jpeg, 64, 1000), PictureFailure::Damaged},
-        {"1 x 65500", withJpegSize(jpeg, 1, 65500), PictureFailure::Damaged},
-        {"1 x 65535", withJpegSize(jpeg, 1, 65535), PictureFailure::TooManyPixels},
-        {"60000 x 60000", withJpegSize(jpeg, 60000, 60000), PictureFailure::TooManyPixels},
         {"just too many", withJpegSize(jpeg, 10000, 10001), PictureFailure::TooManyPixels},
         {"passes over 96 million pixels", withJpegSize(passes, 12000, 8000), PictureFailure::NeedsTooMuchMemory},
         {"png of 4 GB", changed(png, 16, {0x7F, 0xFF, 0xFF, 0xFF, 0, 0, 0, 1}), PictureFailure::TooManyPixels},
-        {"png of no width", changed(png, 16, {0, 0, 0, 0}), PictureFailure::Damaged},
         {"png with a wrong sum", changed(png, png.size() / 2, {0, 0, 0, 0}), PictureFailure::Damaged},
         {"png of deep colours", changed(png, 16, {0, 0, 0x27, 0x10, 0, 0, 0x27, 0x10, 16}),
          PictureFailure::NeedsTooMuchMemory},
         {"bmp of 4 GB", changed(bmp, 18, {0xFF, 0xFF, 0xFF, 0x7F}), PictureFailure::TooManyPixels},
-        {"bmp of negative width", changed(bmp, 18, {0xFF, 0xFF, 0xFF, 0xFF}), PictureFailure::Damaged},
-        {"bmp of the lowest height", changed(bmp, 22, {0, 0, 0, 0x80}), PictureFailure::TooManyPixels},
-        {"bmp that says more than it holds", changed(bmp, 22, {49, 0, 0, 0}), PictureFailure::Damaged},
-        {"bmp that begins behind its end", changed(bmp, 10, {0xFF, 0xFF, 0xFF, 0xFF}), PictureFailure::Damaged},
         {"gif of 65535 x 65535", changed(gif, 6, {0xFF, 0xFF, 0xFF, 0xFF}), PictureFailure::TooManyPixels},
         {"gif whose frame holds too little", changed(gif, 38, {65, 0, 49, 0}), PictureFailure::Damaged},
         {"gif with a code beyond its table", changed(gif, 46, {0xF0}), PictureFailure::Damaged},
@@ -109,14 +91,6 @@ TEST_F(BrokenPicturesTest, NamesWhatIsWrong) {
     for (const auto& one : cases) {
         EXPECT_EQ(loadOf(one.bytes), number(one.failure)) << one.name;
     }
-}
-
-TEST_F(BrokenPicturesTest, SeesInTheHeaderWhatTheHeaderTells) {
-    const ByteVector jpeg = madeJpeg({});
-    EXPECT_EQ(infoOf(folder_.keep("a", withJpegSize(jpeg, 60000, 60000))), number(PictureFailure::TooManyPixels));
-    EXPECT_EQ(infoOf(folder_.keep("b", ByteVector(100, 'x'))), number(PictureFailure::UnknownFormat));
-    // What is missing behind the header is none of its business.
-    EXPECT_EQ(infoOf(folder_.keep("c", startOf(jpeg, jpeg.size() - 20))), kNone);
 }
 
 TEST_F(BrokenPicturesTest, NeverWaitsForWhatIsNoFile) {
@@ -131,7 +105,7 @@ TEST_F(BrokenPicturesTest, NeverWaitsForWhatIsNoFile) {
                                                                   {huge, number(PictureFailure::FileTooLarge)},
                                                                   {pipe + "/beyond.jpg", number(Failure::FileNotFound)},
                                                                   {"", number(Failure::FileNotFound)}}) {
-        EXPECT_EQ(infoOf(path), failure) << path;
+        EXPECT_EQ(failureOf([&] { (void)pictures_.info(path); }), failure) << path;
         EXPECT_EQ(loadOf(path), failure) << path;
     }
 }
@@ -146,25 +120,6 @@ TEST_F(BrokenPicturesTest, StopsAtPassesWithoutEnd) {
         jpeg.insert(jpeg.end() - 2, scan.begin(), scan.end());
     }
     EXPECT_EQ(loadOf(jpeg), number(PictureFailure::NeedsTooMuchMemory));
-}
-
-/// Any byte of a small file may be anything: it loads or it fails, nothing else. Run under the sanitizers too.
-TEST_F(BrokenPicturesTest, SurvivesEveryChangedByte) {
-    const ByteVector files[] = {madeJpeg({.width = 16, .height = 16, .orientation = 6}),
-                                madeJpeg({.width = 16, .height = 16, .progressive = true}),
-                                madeByQt("png", 9, 9),
-                                madeByQt("bmp", 9, 9),
-                                madeRunLengthBmp(9, 9),
-                                madeGif(9, 9)};
-    int failed = 0;
-    int read = 0;
-    for (const ByteVector& file : files) {
-        for (std::size_t at = 0; at < file.size(); ++at) {
-            (loadOf(changed(file, at, {0xFF})) == kNone ? read : failed) += 1;
-        }
-    }
-    EXPECT_GT(failed, 0);
-    EXPECT_GT(read, 0);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <map>
@@ -13,7 +12,6 @@
 #include <vector>
 
 #include "adapters/qt/qt_window_system.h"
-#include "adapters/qt/views/qt_text.h"
 #include "adapters/text/cp932.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
@@ -22,6 +20,7 @@
 #include "platform/controls/number_input.h"
 #include "platform/controls/text_input.h"
 #include "platform/services.h"
+#include "support/widgets.h"
 
 namespace orv {
 
@@ -43,12 +42,11 @@ struct SamplePage : Form {
     TextInput name{*this, "txt_Name", {.caption = "会社名：", .refuse = "K", .limit = bytes(10), .ime = Ime::On}};
     TextInput kana{
         *this, "txt_Kana", {.caption = "カナ：", .mask = "Ｋ", .limit = bytes(10), .ime = Ime::FullKatakana}};
-    TextInput open{*this, "txt_Open", {.spokenName = "何でも"}};
+    TextInput open{*this, "txt_Open", {}};
     TextInput secret{*this, "txt_Secret", {.caption = "パスワード：", .ime = Ime::Disabled, .password = true}};
     NumberInput year{*this, "txt_Year", {.caption = "年：", .least = 1, .most = 9999}};
     ComboBox list{*this, "cbo_List", {.caption = "一覧："}};
     CheckBox tick{*this, "chk_Tick", {.caption = "上記と同じ", .back = Colour{0xffdddd}}};
-    CheckBox bare{*this, "chk_Bare", {.spokenName = "加盟"}, 0};
     Label panel{*this, "lbl_Panel", {.caption = "12", .look = LabelLook::Panel, .spokenName = "件数"}};
     Button save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .accessKey = U'S'}};
     ImageControl photo{*this, "pic_Photo", {.width = 40, .height = 20}};
@@ -84,24 +82,6 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(form)));
     }
 
-    QWidget* windowOf(const Form& form) const {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == toQt(form.name()) && window->isVisible()) {
-                return window;
-            }
-        }
-        return nullptr;
-    }
-
-    template <class W = QWidget>
-    W* widgetOf(const Control& control) const {
-        const QWidget* window = windowOf(dynamic_cast<const Form&>(control.owner()));
-        if (auto* widget = window->findChild<QWidget*>(toQt(control.objectName()))) {
-            return dynamic_cast<W*>(widget);
-        }
-        ADD_FAILURE() << control.objectName() << " has no widget";
-        return nullptr;
-    }
     QLineEdit* lineOf(const Control& control) const { return widgetOf<QLineEdit>(control); }
 
     /// Goes to the control as the operator does.

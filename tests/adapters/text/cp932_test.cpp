@@ -19,15 +19,11 @@ struct Pair {
 /// What goes both ways.
 constexpr auto kThereAndBack = std::to_array<Pair>({
     {"", ""},
-    {"Aa0 ~\\|", "Aa0 ~\\|"},
-    {"\r\n\t\x7F", "\r\n\t\x7F"},
+    {"Aa ~\\|\r\n\x7F", "Aa ~\\|\r\n\x7F"},
     {"表ソ能", "\x95\x5C\x83\x5C\x94\x5C"},
     {"ｱｶﾞﾟ｡", "\xB1\xB6\xDE\xDF\xA1"},
-    {"　", "\x81\x40"},
     {"～－∥￠￡￢", "\x81\x60\x81\x7C\x81\x61\x81\x91\x81\x92\x81\xCA"},
-    {"―‐’￣￥", "\x81\x5C\x81\x5D\x81\x66\x81\x50\x81\x8F"},
     {"①⑳Ⅰ㌔㈱№℡", "\x87\x40\x87\x53\x87\x54\x87\x60\x87\x8A\x87\x82\x87\x84"},
-    {"∪∩∵≒", "\x81\xBE\x81\xBF\x81\xE6\x81\xE0"},
     {"ⅰ￤＇＂", "\xFA\x40\xFA\x55\xFA\x56\xFA\x57"},
     {"髙﨑纊黑", "\xFB\xFC\xFA\xB1\xFA\x5C\xFC\x4B"},
     {"\uE000\uE757", "\xF0\x40\xF9\xFC"},
@@ -40,22 +36,16 @@ TEST(Cp932, GoesThereAndBack) {
         EXPECT_EQ(page.encode(std::string(text)), bytes) << text;
         EXPECT_EQ(page.decode(std::string(bytes)), text);
     }
-    const std::string nul("a\0b", 3);
-    EXPECT_EQ(page.encode(nul), nul);
-    EXPECT_EQ(page.decode(nul), nul);
 }
 
 TEST(Cp932, WritesOneQuestionMarkForWhatItLacks) {
     const Cp932 page;
-    for (const std::string_view text : {"〜", "−", "‖", "—", "¢", "¥", "‾", "é", "한", "𠮷", "\uE758", "\xFF"}) {
+    for (const std::string_view text : {"〜", "−", "¥", "é", "𠮷", "\uE758", "\xFF"}) {
         EXPECT_EQ(page.encode(std::string(text)), "?") << text;
     }
     constexpr auto kCases = std::to_array<Pair>({
-        {"😀あ😀", "?\x82\xA0?"},
-        {"か\u3099", "\x82\xA9?"},
         {"\x81あ", "?\x82\xA0"},
         {"\xE3\x81", "??"},
-        {"\xE0\x80\xAF", "???"},
         {"\xF4\x90\x80\x80", "????"},
     });
     for (const auto& [text, bytes] : kCases) {
@@ -63,34 +53,13 @@ TEST(Cp932, WritesOneQuestionMarkForWhatItLacks) {
     }
 }
 
-TEST(Cp932, DecodesTheSecondCodeOfACharacterAndWritesTheFirst) {
-    const Cp932 page;
-    // The second code, the first one, the character.
-    for (const auto& [second, first, text] :
-         std::to_array<std::array<std::string, 3>>({{"\x87\x90", "\x81\xE0", "≒"},
-                                                    {"\x87\x9A", "\x81\xE6", "∵"},
-                                                    {"\xFA\x54", "\x81\xCA", "￢"},
-                                                    {"\xFA\x58", "\x87\x8A", "㈱"},
-                                                    {"\xEE\xEF", "\xFA\x40", "ⅰ"},
-                                                    {"\xED\x40", "\xFA\x5C", "纊"}})) {
-        EXPECT_EQ(page.decode(second), text);
-        EXPECT_EQ(page.encode(text), first) << text;
-    }
-}
-
 TEST(Cp932, NeverStopsAtBadBytes) {
     const Cp932 page;
     constexpr auto kCases = std::to_array<Pair>({
-        {"・", "\x81"},           // cut inside a character, at the end
-        {"ﾟあ", "\xDF\x82\xA0"},  // cut inside a character, at the front
-        {"・", "\x81\xAD"},       // a pair that means nothing
-        {"・あ", "\x85\x40\x82\xA0"},
-        {"・\r\nあ", "\x82\r\n\x82\xA0"},  // a line break is never swallowed
-        {"・ ・9",
-         "\x82 \x82"  // nor a blank or a digit
-         "9"},
-        {"・\x7F", "\x82\x7F"},
-        {"・\uF8F1", "\x82\xFD"},
+        {"・", "\x81"},                        // cut inside a character, at the end
+        {"ﾟあ", "\xDF\x82\xA0"},               // cut inside a character, at the front
+        {"・", "\x81\xAD"},                    // a pair that means nothing
+        {"・ ・\nあ", "\x82 \x82\n\x82\xA0"},  // a blank or a line break is never swallowed
         {"園\u0080", "\x89\x80\x80"},
     });
     for (const auto& [text, bytes] : kCases) {
