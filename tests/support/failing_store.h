@@ -47,49 +47,37 @@ public:
         real_.DbReset();
     }
     void DbOpen(ConnectionPtr& connection, const std::string& path, bool& ok) override {
-        ok = !hit(Call::Open, path);
-        if (ok) {
-            forward(ok, [&] { real_.DbOpen(connection, path, ok); });
-            open += ok ? 1 : 0;
-        }
+        unlessHit(Call::Open, path, ok, [&] { real_.DbOpen(connection, path, ok); });
+        open += ok ? 1 : 0;
     }
     void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) override {
         note(sql);
-        ok = !hit(Call::Select, sql);
-        if (ok) {
-            forward(ok, [&] { real_.DbOpenRs(connection, recordset, sql, ok); });
-        }
+        unlessHit(Call::Select, sql, ok, [&] { real_.DbOpenRs(connection, recordset, sql, ok); });
     }
     void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) override {
         note(sql);
-        if (hit(Call::Execute, sql)) {
-            rows = -1;
-            return;
-        }
-        real_.DbExecute(connection, sql, rows);
-        injected_ = injected_ && rows >= 0;
+        rows = -1;
+        bool ok = false;
+        unlessHit(Call::Execute, sql, ok, [&] {
+            real_.DbExecute(connection, sql, rows);
+            ok = rows >= 0;
+        });
     }
     void DbClose(ConnectionPtr& connection, bool& ok) override {
         open -= connection ? 1 : 0;
-        after(Call::Close, ok, [&] { real_.DbClose(connection, ok); });
+        alsoWhenHit(Call::Close, ok, [&] { real_.DbClose(connection, ok); });
     }
     void DbCloseRs(RecordsetPtr& recordset, bool& ok) override {
-        after(Call::CloseRows, ok, [&] { real_.DbCloseRs(recordset, ok); });
+        alsoWhenHit(Call::CloseRows, ok, [&] { real_.DbCloseRs(recordset, ok); });
     }
     void DbBeginTrans(ConnectionPtr& connection, bool& ok) override {
-        ok = !hit(Call::Begin, "");
-        if (ok) {
-            forward(ok, [&] { real_.DbBeginTrans(connection, ok); });
-        }
+        unlessHit(Call::Begin, "", ok, [&] { real_.DbBeginTrans(connection, ok); });
     }
     void DbRollback(ConnectionPtr& connection, bool& ok) override {
-        after(Call::Rollback, ok, [&] { real_.DbRollback(connection, ok); });
+        alsoWhenHit(Call::Rollback, ok, [&] { real_.DbRollback(connection, ok); });
     }
     void DbCommit(ConnectionPtr& connection, bool& ok) override {
-        ok = !hit(Call::Commit, "");
-        if (ok) {
-            forward(ok, [&] { real_.DbCommit(connection, ok); });
-        }
+        unlessHit(Call::Commit, "", ok, [&] { real_.DbCommit(connection, ok); });
     }
 
 private:
@@ -122,11 +110,14 @@ private:
         injected_ = injected_ || failing;
         return failing;
     }
-    void forward(const bool& ok, const std::function<void()>& call) {
-        call();
-        injected_ = injected_ && ok;
+    void unlessHit(Call call, const std::string& text, bool& ok, const std::function<void()>& real) {
+        ok = !hit(call, text);
+        if (ok) {
+            real();
+            injected_ = injected_ && ok;
+        }
     }
-    void after(Call call, bool& ok, const std::function<void()>& real) {
+    void alsoWhenHit(Call call, bool& ok, const std::function<void()>& real) {
         const bool failing = hit(call, "");
         real();
         ok = ok && !failing;

@@ -47,8 +47,6 @@ public:
     std::vector<Notice> notices;
     /// "open frm_CompInp0" and the like, in order.
     std::vector<std::string> calls;
-    bool busy = false;
-    int commits = 0;
     int repaints = 0;
     /// The next call that is recorded as that is refused.
     std::string refused;
@@ -57,19 +55,47 @@ public:
     void show(Form& form) override { record("show", form); }
     void close(Form& form) override { record("close", form); }
     void centre(Form& form) override { record("centre", form); }
-    void runModal(Form& form) override;
-    std::size_t showNotice(const Notice& notice) override;
-    void commitComposition() override { ++commits; }
-    void pointer(bool on) override { busy = on; }
+    void runModal(Form& form) override {
+        record("modal", form);
+        auto& scripts = scripts_[form.name()];
+        if (scripts.empty()) {
+            ADD_FAILURE() << form.name() << " was opened and nobody has foreseen it";
+            throw RunTimeError(Failure::Internal);
+        }
+        taken(scripts)(form);
+        EXPECT_FALSE(form.loaded()) << form.name() << " is still open after its script";
+    }
+    std::size_t showNotice(const Notice& notice) override {
+        notices.push_back(notice);
+        if (notice.buttons.size() == 1) {
+            return 0;
+        }
+        if (answers_.empty()) {
+            ADD_FAILURE() << "nobody has foreseen the question: " << notice.text;
+            return notice.escapeButton;
+        }
+        EXPECT_LT(answers_.front(), notice.buttons.size()) << notice.text;
+        return taken(answers_);
+    }
     void repaint() override {
         ++repaints;
         if (onRepaint) {
             onRepaint();
         }
     }
-    std::optional<std::string> openFile(const FileQuestion& question) override;
+    std::optional<std::string> openFile(const FileQuestion& question) override {
+        questions.push_back(question);
+        EXPECT_FALSE(picks_.empty()) << "nobody has foreseen the open dialog";
+        return picks_.empty() ? std::nullopt : taken(picks_);
+    }
 
 private:
+    template <class Item>
+    static Item taken(std::deque<Item>& queue) {
+        const Item first = queue.front();
+        queue.pop_front();
+        return first;
+    }
     void record(const std::string& what, const Form& form) {
         const std::string call = what + " " + form.name();
         if (call == refused) {
@@ -83,44 +109,5 @@ private:
     std::deque<std::optional<std::string>> picks_;
     std::map<std::string, std::deque<Script>> scripts_;
 };
-
-inline void ScriptedWindows::runModal(Form& form) {
-    record("modal", form);
-    auto& scripts = scripts_[form.name()];
-    if (scripts.empty()) {
-        ADD_FAILURE() << form.name() << " was opened and nobody has foreseen it";
-        throw RunTimeError(Failure::Internal);
-    }
-    const Script script = scripts.front();
-    scripts.pop_front();
-    script(form);
-    EXPECT_FALSE(form.loaded()) << form.name() << " is still open after its script";
-}
-
-inline std::optional<std::string> ScriptedWindows::openFile(const FileQuestion& question) {
-    questions.push_back(question);
-    if (picks_.empty()) {
-        ADD_FAILURE() << "nobody has foreseen the open dialog";
-        return std::nullopt;
-    }
-    const auto file = picks_.front();
-    picks_.pop_front();
-    return file;
-}
-
-inline std::size_t ScriptedWindows::showNotice(const Notice& notice) {
-    notices.push_back(notice);
-    if (notice.buttons.size() == 1) {
-        return 0;
-    }
-    if (answers_.empty()) {
-        ADD_FAILURE() << "nobody has foreseen the question: " << notice.text;
-        return notice.escapeButton;
-    }
-    const std::size_t answer = answers_.front();
-    answers_.pop_front();
-    EXPECT_LT(answer, notice.buttons.size()) << notice.text;
-    return answer;
-}
 
 }  // namespace orv

@@ -8,7 +8,6 @@
 
 #include "adapters/posix/ini_reader.h"
 #include "adapters/posix/install_paths.h"
-#include "adapters/posix/posix_files.h"
 #include "adapters/posix/registry_file.h"
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "adapters/text/cp932.h"
@@ -26,14 +25,10 @@
 #include "support/failing_store.h"
 #include "support/fake_windows.h"
 #include "support/fixed_clock.h"
-#include "support/fixed_facts.h"
-#include "support/recorded_help.h"
 #include "support/recorded_http.h"
 #include "support/recorded_messages.h"
 #include "support/scripted_machine.h"
-#include "support/scripted_send.h"
-#include "support/scripted_sibling.h"
-#include "support/started_programs.h"
+#include "support/scripted_programs.h"
 #include "support/store_files.h"
 #include "support/watched_files.h"
 #include "transmission/frm_send.h"
@@ -214,8 +209,7 @@ protected:
     FixedClock clock;
     EraCalendar calendar;
     InstallPaths paths{office.root(), office.root() + "/C/ORV/BIN"};
-    PosixFiles realFiles{paths};
-    WatchedFiles files{realFiles};
+    WatchedFiles files{paths};
     PosixFileService fileService{files};
     IniReader iniReader{files, codePage, facts};
     OverriddenProfiles settings{iniReader};

@@ -13,7 +13,7 @@ namespace orv {
 class MemoryProfiles : public ProfileReader {
 public:
     void set(const std::string& file, const std::string& section, const std::string& key, std::string value) {
-        values_[folded(file)][folded(section)][folded(key)] = std::move(value);
+        values_[folded(file + "[" + section + "]" + key)] = std::move(value);
     }
     /// Every reading of that key, in whatever file, fails.
     void refuse(const std::string& section, const std::string& key, Failure failure) {
@@ -31,23 +31,12 @@ public:
         if (const auto refusal = refused_.find(folded(section + "=" + key)); refusal != refused_.end()) {
             throw RunTimeError(refusal->second);
         }
-        const auto sections = values_.find(folded(file));
-        if (sections == values_.end()) {
-            return {};
-        }
-        const auto keys = sections->second.find(folded(section));
-        if (keys == sections->second.end()) {
-            return {};
-        }
-        const auto value = keys->second.find(folded(key));
-        return value == keys->second.end() ? std::string() : value->second;
+        const auto value = values_.find(folded(file + "[" + section + "]" + key));
+        return value == values_.end() ? std::string() : value->second;
     }
 
 private:
-    using Keys = std::map<std::string, std::string>;
-    using Sections = std::map<std::string, Keys>;
-
-    std::map<std::string, Sections> values_;
+    std::map<std::string, std::string> values_;
     std::map<std::string, Failure> refused_;
     mutable int reads_ = 0;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <set>
 #include <string>
 
 #include "platform/machine/registry.h"
@@ -34,40 +33,27 @@ public:
     std::int32_t lastAccess() const { return access_; }
 
     std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
-        const std::int32_t code = codeFor(Operation::Open);
-        if (code != 0 || !values_.contains(folded(subKey))) {
-            return code != 0 ? code : kNotFound;
-        }
-        opened(hive, subKey, access, key);
-        return 0;
+        return opened(codeFor(Operation::Open, values_.contains(folded(subKey))), hive, subKey, access, key);
     }
     std::int32_t RegQueryValueEx(Handle key, const std::string& name, std::string& value, std::int32_t size) override {
-        const std::int32_t code = codeFor(Operation::Query);
         const auto& names = values_[open_.at(key)];
         const auto found = names.find(folded(name));
-        if (code != 0 || found == names.end() || found->second.size() >= static_cast<std::size_t>(size)) {
-            return code != 0 ? code : kNotFound;
-        }
-        value = found->second;
-        return 0;
+        const bool there = found != names.end() && found->second.size() < static_cast<std::size_t>(size);
+        const std::int32_t code = codeFor(Operation::Query, there);
+        value = code == 0 ? found->second : value;
+        return code;
     }
     std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type, const std::string& value,
                                std::int32_t byteCount) override {
-        const std::int32_t code = codeFor(Operation::Set);
-        if (code != 0 || !open_.contains(key)) {
-            return code != 0 ? code : kNotFound;
-        }
-        written_ = {name, type, value, byteCount};
-        values_[open_.at(key)][folded(name)] = value;
-        return 0;
-    }
-    std::int32_t RegCreateKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
-        const std::int32_t code = codeFor(Operation::Create);
+        const std::int32_t code = codeFor(Operation::Set, open_.contains(key));
         if (code == 0) {
-            values_[folded(subKey)];
-            opened(hive, subKey, access, key);
+            written_ = {name, type, value, byteCount};
+            values_[open_.at(key)][folded(name)] = value;
         }
         return code;
+    }
+    std::int32_t RegCreateKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
+        return opened(codeFor(Operation::Create), hive, subKey, access, key);
     }
     std::int32_t RegCloseKey(Handle key) override {
         open_.erase(key);
@@ -75,20 +61,21 @@ public:
     }
 
 private:
-    static constexpr std::int32_t kNotFound = 2;
-
-    std::int32_t codeFor(Operation operation) {
+    std::int32_t codeFor(Operation operation, bool there = true) {
         ++calls_;
         if (const auto failure = failures_.find(operation); failure != failures_.end()) {
             throw RunTimeError(failure->second);
         }
-        return codes_[operation];
+        return codes_[operation] != 0 ? codes_[operation] : there ? 0 : 2;
     }
-    void opened(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) {
-        hive_ = hive;
-        access_ = access;
-        key = ++handles_;
-        open_[key] = folded(subKey);
+    std::int32_t opened(std::int32_t code, Handle hive, const std::string& subKey, std::int32_t access, Handle& key) {
+        if (code == 0) {
+            hive_ = hive;
+            access_ = access;
+            key = ++handles_;
+            open_[key] = folded(subKey);
+        }
+        return code;
     }
 
     std::map<std::string, std::map<std::string, std::string>> values_;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "adapters/text/string_check.h"
+#include "platform/machine/machine_facts.h"
 #include "platform/machine/picture_library.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
@@ -18,20 +19,26 @@
 
 namespace orv {
 
+class FixedFacts : public MachineFacts {
+public:
+    std::string computerName = "DESK01";
+    std::string windowsDirectory = "C:\\WINDOWS";
+
+    std::string GetComputerName() const override { return computerName; }
+    std::string GetWindowsDirectory() const override { return windowsDirectory; }
+};
+
 /// A computer whose measurements a test chooses. An operation in `refused` fails: "os", "memory", "ip", "disk C:\" and
 /// the like, or the name of a registry value.
 class ScriptedSysInfo : public SysInfoService {
 public:
-    std::array<std::string, 5> os{"OS名", "6", "1", "7601", "SP1"};
-    std::map<std::string, std::string> registry{
-        {"InstallKey", "C:\\ORV"}, {"Version", "11.0"}, {"ProxyServer", "proxy:8080"}};
     std::set<std::string> refused;
     /// In the order in which they were asked, registry values as "root key name".
     std::vector<std::string> asked;
 
     FailureRecord SysError() const override { return {"測定の故障", "SYS:1"}; }
     void SysGetOsInfo(std::array<std::string, 5>& facts, bool& ok) override {
-        facts = os;
+        facts = {"OS名", "6", "1", "7601", "SP1"};
         ok = answer("os");
     }
     void SysGetMemory(std::string& megabytes, bool& ok) override {
@@ -50,7 +57,7 @@ public:
     void SysGetRegString(const std::string& key, const std::string& name, const std::string& root, std::string& value,
                          bool& ok) override {
         asked.push_back(root + " " + key + " " + name);
-        value = registry[name];
+        value = name == "InstallKey" ? "C:\\ORV" : name == "Version" ? "11.0" : "proxy:8080";
         ok = !refused.contains(name);
     }
 
@@ -69,22 +76,22 @@ public:
     void set(const std::string& section, const std::string& key, std::string value) {
         values_[folded(section + "=" + key)] = std::move(value);
     }
-    void refuse(const std::string& section, const std::string& key) { refused_.insert(folded(section + "=" + key)); }
+    void refuse(const std::string& section, const std::string& key) {
+        values_[folded(section + "=" + key)] = std::nullopt;
+    }
 
     std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                         const std::string& file) const override {
-        const std::string name = folded(section + "=" + key);
-        if (refused_.contains(name)) {
-            throw RunTimeError(Failure::DeviceIo);
+        const auto value = values_.find(folded(section + "=" + key));
+        if (value == values_.end()) {
+            return real_.GetPrivateProfileString(section, key, file);
         }
-        const auto value = values_.find(name);
-        return value == values_.end() ? real_.GetPrivateProfileString(section, key, file) : value->second;
+        return value->second ? *value->second : throw RunTimeError(Failure::DeviceIo);
     }
 
 private:
     const ProfileReader& real_;
-    std::map<std::string, std::string> values_;
-    std::set<std::string> refused_;
+    std::map<std::string, std::optional<std::string>> values_;
 };
 
 /// The real checks, until a test breaks them.

@@ -1,0 +1,121 @@
+#pragma once
+
+// What stands for the programs beside this one: the menu, the searches, the sender, the help.
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/machine/program_starter.h"
+#include "platform/machine/sibling_desk.h"
+#include "platform/run_time_error.h"
+#include "platform/suite/company_send_service.h"
+#include "platform/suite/help_service.h"
+
+namespace orv {
+
+/// Starts nothing; keeps the command lines. With `failure` set, a start fails with it and is not kept.
+class StartedPrograms : public ProgramStarter {
+public:
+    std::vector<std::string> commandLines;
+    std::optional<Failure> failure;
+
+    void start(const std::string& commandLine) override {
+        if (failure) {
+            throw RunTimeError(*failure);
+        }
+        commandLines.push_back(commandLine);
+    }
+};
+
+/// Starts nothing: the test speaks for the program. With `failure` set, a start fails with it.
+class ScriptedSibling : public SiblingDesk {
+public:
+    std::vector<std::string> commandLines;
+    std::optional<Failure> failure;
+
+    void start(const std::string& commandLine, SiblingCalls calls) override {
+        if (failure) {
+            throw RunTimeError(*failure);
+        }
+        commandLines.push_back(commandLine);
+        calls_ = std::move(calls);
+    }
+    void dismiss() override { calls_.reset(); }
+
+    bool listenedTo() const { return calls_.has_value(); }
+    // A call works on its own copy, as the program may be dismissed in it.
+    bool setText(std::uint32_t handle, const std::string& text) const {
+        const auto calls = calls_;
+        return calls && calls->setText(handle, text);
+    }
+    bool pressKey(std::uint32_t handle, int key) const {
+        const auto calls = calls_;
+        return calls && calls->pressKey(handle, key);
+    }
+    void end() {
+        if (const auto calls = std::exchange(calls_, std::nullopt)) {
+            calls->gone();
+        }
+    }
+
+private:
+    std::optional<SiblingCalls> calls_;
+};
+
+/// What the server stand-in of a test answers, and what it was told.
+struct SendScript {
+    bool prepares = true;
+    bool takes = true;
+    std::string id = "000004601";
+    FailureRecord error{"サーバーの故障", "SEND:9"};
+    /// Runs while the company is being sent.
+    std::function<void()> meanwhile;
+    /// The service itself breaks while it sends.
+    std::optional<Failure> failure;
+    std::vector<std::string> sent;
+    int prepared = 0;
+};
+
+class ScriptedSend : public CompanySendService {
+public:
+    explicit ScriptedSend(SendScript& script) : script_(script) {}
+
+    FailureRecord SendError() const override { return script_.error; }
+    void SendPrepare(bool& ok) override {
+        ++script_.prepared;
+        ok = script_.prepares;
+    }
+    void SendCompany(const std::string& userId, std::string& id, bool& ok) override {
+        script_.sent.push_back(userId);
+        if (script_.meanwhile) {
+            script_.meanwhile();
+        }
+        if (script_.failure) {
+            throw RunTimeError(*script_.failure);
+        }
+        id = script_.id;
+        ok = script_.takes;
+    }
+
+private:
+    SendScript& script_;
+};
+
+/// Shows nothing; keeps what it was asked for, as "group name".
+class RecordedHelp : public HelpService {
+public:
+    std::vector<std::string> asked;
+    /// Nothing can be shown, and this is why.
+    std::optional<FailureRecord> refusal;
+
+    FailureRecord ErrorInfo() const override { return refusal.value_or(FailureRecord{}); }
+    bool ShowHelp(const std::string& controlName, const std::string& group) override {
+        asked.push_back(group + " " + controlName);
+        return !refusal;
+    }
+};
+
+}  // namespace orv
