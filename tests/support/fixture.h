@@ -22,7 +22,7 @@
 #include "pages/controls/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
-#include "support/failing_store.h"
+#include "support/breakable.h"
 #include "support/fake_windows.h"
 #include "support/fixed_clock.h"
 #include "support/recorded_http.h"
@@ -30,7 +30,6 @@
 #include "support/scripted_machine.h"
 #include "support/scripted_programs.h"
 #include "support/store_files.h"
-#include "support/watched_files.h"
 #include "transmission/frm_send.h"
 
 namespace orv {

@@ -4,18 +4,14 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "adapters/text/string_check.h"
 #include "platform/machine/machine_facts.h"
 #include "platform/machine/picture_library.h"
-#include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/sys_info_service.h"
-#include "support/system_path.h"
 
 namespace orv {
 
@@ -65,61 +61,6 @@ private:
     bool answer(const std::string& what) {
         asked.push_back(what);
         return !refused.contains(what);
-    }
-};
-
-/// The settings of a real file, but for those that a test sets, by section and key.
-class OverriddenProfiles : public ProfileReader {
-public:
-    explicit OverriddenProfiles(const ProfileReader& real) : real_(real) {}
-
-    void set(const std::string& section, const std::string& key, std::string value) {
-        values_[folded(section + "=" + key)] = std::move(value);
-    }
-    void refuse(const std::string& section, const std::string& key) {
-        values_[folded(section + "=" + key)] = std::nullopt;
-    }
-
-    std::string GetPrivateProfileString(const std::string& section, const std::string& key,
-                                        const std::string& file) const override {
-        const auto value = values_.find(folded(section + "=" + key));
-        if (value == values_.end()) {
-            return real_.GetPrivateProfileString(section, key, file);
-        }
-        return value->second ? *value->second : throw RunTimeError(Failure::DeviceIo);
-    }
-
-private:
-    const ProfileReader& real_;
-    std::map<std::string, std::optional<std::string>> values_;
-};
-
-/// The real checks, until a test breaks them.
-class BreakableStringCheck : public StringCheck {
-public:
-    using StringCheck::StringCheck;
-
-    bool normalizeBreaks = false;
-    bool checksBreak = false;
-
-    void Normalize(const std::string& input, std::string& output) override {
-        breakIf(normalizeBreaks);
-        StringCheck::Normalize(input, output);
-    }
-    void CheckTextFirst(const std::string& text, bool& passes) override {
-        breakIf(checksBreak);
-        StringCheck::CheckTextFirst(text, passes);
-    }
-    void CheckTelNumber(const std::string& text, bool& passes) override {
-        breakIf(checksBreak);
-        StringCheck::CheckTelNumber(text, passes);
-    }
-
-private:
-    static void breakIf(bool broken) {
-        if (broken) {
-            throw RunTimeError(Failure::OutOfMemory);
-        }
     }
 };
 

@@ -10,9 +10,7 @@
 #include "logging/log_files.h"
 #include "platform/services.h"
 #include "support/fixed_clock.h"
-#include "support/memory_files.h"
-#include "support/memory_profiles.h"
-#include "support/memory_registry.h"
+#include "support/memory_machine.h"
 #include "support/recorded_messages.h"
 
 namespace orv {

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
 namespace orv {

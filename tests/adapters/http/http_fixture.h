@@ -11,7 +11,7 @@
 
 #include "platform/run_time_error.h"
 #include "suite_server.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
 namespace orv {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/machine/picture_library.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
 namespace orv::test {

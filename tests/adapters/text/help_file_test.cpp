@@ -3,8 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_windows.h"
-#include "support/memory_files.h"
-#include "support/memory_profiles.h"
+#include "support/memory_machine.h"
 
 namespace orv {
 namespace {

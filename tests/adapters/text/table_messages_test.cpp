@@ -13,7 +13,7 @@
 
 #include "adapters/text/cp932.h"
 #include "platform/run_time_error.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
 #include "support/no_windows.h"
 
 namespace orv {

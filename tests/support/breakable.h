@@ -1,12 +1,19 @@
 #pragma once
 
+// The real store, files, settings and text checks, each of which a test can break.
+
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "adapters/posix/posix_files.h"
+#include "adapters/text/string_check.h"
+#include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
+#include "support/memory_machine.h"
 
 namespace orv {
 
@@ -126,6 +133,88 @@ private:
     DbService& real_;
     std::vector<Fault> faults_;
     bool injected_ = false;
+};
+
+/// Real files. Whatever would write or delete a path that a test refuses fails; the path is still there as far as
+/// reading goes.
+class WatchedFiles : public PosixFiles {
+public:
+    using PosixFiles::PosixFiles;
+
+    void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
+    void allowAll() { refused_.clear(); }
+
+    void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
+    void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
+    void rename(const std::string& from, const std::string& to) override { PosixFiles::rename(from, allowed(to)); }
+    void append(const std::string& path, const std::string& bytes) override {
+        PosixFiles::append(allowed(path), bytes);
+    }
+
+private:
+    const std::string& allowed(const std::string& path) const {
+        if (const auto refusal = refused_.find(folded(path)); refusal != refused_.end()) {
+            throw RunTimeError(refusal->second);
+        }
+        return path;
+    }
+
+    std::map<std::string, Failure> refused_;
+};
+
+/// The settings of a real file, but for those that a test sets, by section and key.
+class OverriddenProfiles : public ProfileReader {
+public:
+    explicit OverriddenProfiles(const ProfileReader& real) : real_(real) {}
+
+    void set(const std::string& section, const std::string& key, std::string value) {
+        values_[folded(section + "=" + key)] = std::move(value);
+    }
+    void refuse(const std::string& section, const std::string& key) {
+        values_[folded(section + "=" + key)] = std::nullopt;
+    }
+
+    std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                        const std::string& file) const override {
+        const auto value = values_.find(folded(section + "=" + key));
+        if (value == values_.end()) {
+            return real_.GetPrivateProfileString(section, key, file);
+        }
+        return value->second ? *value->second : throw RunTimeError(Failure::DeviceIo);
+    }
+
+private:
+    const ProfileReader& real_;
+    std::map<std::string, std::optional<std::string>> values_;
+};
+
+/// The real checks, until a test breaks them.
+class BreakableStringCheck : public StringCheck {
+public:
+    using StringCheck::StringCheck;
+
+    bool normalizeBreaks = false;
+    bool checksBreak = false;
+
+    void Normalize(const std::string& input, std::string& output) override {
+        breakIf(normalizeBreaks);
+        StringCheck::Normalize(input, output);
+    }
+    void CheckTextFirst(const std::string& text, bool& passes) override {
+        breakIf(checksBreak);
+        StringCheck::CheckTextFirst(text, passes);
+    }
+    void CheckTelNumber(const std::string& text, bool& passes) override {
+        breakIf(checksBreak);
+        StringCheck::CheckTelNumber(text, passes);
+    }
+
+private:
+    static void breakIf(bool broken) {
+        if (broken) {
+            throw RunTimeError(Failure::OutOfMemory);
+        }
+    }
 };
 
 }  // namespace orv
