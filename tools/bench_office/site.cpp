@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "adapters/office_store/office_store.h"
+#include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_store.h"
 
 namespace bench {
@@ -83,7 +84,7 @@ void makeSampleFile(const fs::path& file) {
     for (const char* name : {"schema", "masters", "companies"}) {
         sql += contentOf(fs::path(SAMPLE_FOLDER) / "sql" / (std::string(name) + ".sql"));
     }
-    orv::sqliteStore()(file.string(), orv::StoreAccess::Create)->runScript(sql);
+    orv::SqliteDatabase(file.string(), orv::StoreAccess::Create, orv::kSqliteBusyWait).runScript(sql);
 }
 
 }  // namespace bench

@@ -27,6 +27,9 @@ bool Terminal::open(const std::string& company) {
 }
 
 bool Terminal::switchTo(const std::string& company) {
+    if (company == orv::tCustomerInfo.USER_ID) {
+        return true;
+    }
     return perform(Deed::Switched, company, [&] { page().cbo_User_Id.setText(company); }) != Deed::Failed;
 }
 

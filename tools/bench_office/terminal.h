@@ -17,7 +17,8 @@ public:
 
     /// False also where another terminal has the company.
     bool open(const std::string& company);
-    /// True also where another terminal has the company, and this one stays where it is.
+    /// True also where another terminal has the company, and this one stays where it is. The present one: nothing
+    /// happens.
     bool switchTo(const std::string& company);
     /// Writes the company with its count one higher.
     bool save();
