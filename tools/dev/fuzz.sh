@@ -10,7 +10,8 @@ fuzz() {
     mkdir -p "$FINDINGS"
     build/fuzz/tests/fuzz/write_seeds "$CORPUS"
     local status=0
-    ls "$CORPUS" | grep -x "${2:-.*}" | xargs -P2 -I{} bash -c "source tools/dev/fuzz.sh; fuzzOne {} ${1:-60}" || status=1
+    find "$CORPUS" -mindepth 1 -name "${2:-*}" -type d -printf '%f\n' | sort |
+        xargs -P2 -I{} bash -c "source tools/dev/fuzz.sh; fuzzOne {} ${1:-60}" || status=1
     echo "findings: $(ls "$FINDINGS" | wc -l) in $FINDINGS"
     return "$status"
 }
