@@ -81,8 +81,8 @@ int exifOrientation(std::FILE* jpeg) {
 
 Bitmap turned(const Bitmap& source, int orientation) {
     const bool swap = swapsSides(orientation);
-    const bool fromRight = orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
-    const bool fromBottom = orientation == 3 || orientation == 4 || orientation == 6 || orientation == 7;
+    const bool fromRight = mirrorsColumns(orientation);
+    const bool fromBottom = mirrorsLines(orientation);
     Bitmap target =
         blankBitmap(swap ? source.height : source.width, swap ? source.width : source.height, source.channels);
     for (int y = 0; y < target.height; ++y) {

@@ -4,10 +4,16 @@
 #include <unistd.h>
 #include <tiffio.hxx>
 
+#include <QTransform>
+#include <algorithm>
 #include <memory>
 #include <sstream>
+#include <utility>
+#include <vector>
 
+#include "adapters/pictures/exif_orientation.h"
 #include "adapters/pictures/picture_failure.h"
+#include "platform/machine/picture_library.h"
 
 namespace orv {
 namespace {
@@ -86,9 +92,67 @@ bool isWritable(const Raster& raster, const PictureHeader& header) {
     return own && header.bits == depth * header.channels && (depth & (depth - 1)) == 0;
 }
 
-bool hasPlainColours(const Tiff& tiff) {
+/// What the library brings to 8 bits; deeper samples would lose what they have beyond.
+bool hasPlainColours(const Tiff& tiff, const PictureHeader& header) {
     const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
-    return photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR;
+    return depthOf(header) <= 8 && (photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR);
+}
+
+/// How a row of 16-bit samples lies in memory as it lies in the file; none where the two differ.
+QImage::Format deepFormat(const Tiff& tiff, const PictureHeader& header) {
+    const bool rows = TIFFIsTiled(tiff.get()) == 0 &&
+                      numberOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG &&
+                      numberOf<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT;
+    if (!rows || depthOf(header) != 16) {
+        return QImage::Format_Invalid;
+    }
+    const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+    if (photometric == PHOTOMETRIC_MINISBLACK && header.channels == 1) {
+        return QImage::Format_Grayscale16;
+    }
+    return photometric == PHOTOMETRIC_RGB && header.channels == 3 ? QImage::Format_RGBX64 : QImage::Format_Invalid;
+}
+
+QImage blankImage(PictureSize size, QImage::Format format) {
+    QImage image(size.width, size.height, format);
+    if (image.isNull()) {
+        throw pictureError(PictureFailure::NeedsTooMuchMemory);
+    }
+    return image;
+}
+
+QImage readDeep(const Tiff& tiff, PictureSize stored, QImage::Format format) {
+    QImage image = blankImage(stored, format);
+    std::vector<std::uint16_t> row(static_cast<std::size_t>(TIFFScanlineSize(tiff.get())) / sizeof(std::uint16_t));
+    const std::size_t channels = format == QImage::Format_RGBX64 ? 3 : 1;
+    require(row.size() == channels * static_cast<std::size_t>(stored.width));
+    for (int y = 0; y < stored.height; ++y) {
+        require(TIFFReadScanline(tiff.get(), row.data(), static_cast<std::uint32_t>(y)) == 1);
+        auto* target = reinterpret_cast<std::uint16_t*>(image.scanLine(y));
+        for (std::size_t at = 0; at < row.size(); at += channels) {
+            target = std::copy_n(&row[at], channels, target);
+            if (channels == 3) {
+                *target++ = 0xFFFF;
+            }
+        }
+    }
+    return image;
+}
+
+QImage readByLibrary(const Tiff& tiff, PictureSize stored, int orientation) {
+    QImage image = blankImage(stored, QImage::Format_RGBA8888_Premultiplied);
+    constexpr int kStopAtError = 1;
+    require(TIFFReadRGBAImageOriented(tiff.get(), static_cast<std::uint32_t>(stored.width),
+                                      static_cast<std::uint32_t>(stored.height),
+                                      reinterpret_cast<std::uint32_t*>(image.bits()), orientation, kStopAtError) == 1);
+    return image;
+}
+
+/// Turned over its corner by way of a quarter turn, which is a mirroring more.
+QImage upright(QImage stored, int orientation) {
+    const bool swap = swapsSides(orientation);
+    const QImage mirrored = std::move(stored).mirrored(mirrorsColumns(orientation), mirrorsLines(orientation) != swap);
+    return swap ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
 }
 
 void setKind(const Tiff& tiff, const PictureHeader& header, const Raster& raster) {
@@ -139,25 +203,29 @@ PictureHeader tiffHeader(const OpenFile& file) {
     const int depth = numberOf<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE);
     require(channels > 0 && depth > 0 && depth <= 64);
     const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+    const int asked = numberOf<std::uint16_t>(tiff, TIFFTAG_ORIENTATION);
+    const int orientation = asked >= 1 && asked <= 8 ? asked : 1;
+    const auto width = numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH);
+    const auto height = numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH);
+    const bool swap = swapsSides(orientation);
     return {PictureFormat::Tiff,
-            numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH),
-            numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH),
+            swap ? height : width,
+            swap ? width : height,
             channels * depth,
             channels,
-            photometric == PHOTOMETRIC_PALETTE};
+            photometric == PHOTOMETRIC_PALETTE,
+            orientation};
 }
 
 Raster readTiff(const OpenFile& file, const PictureHeader& header) {
     const Tiff tiff = opened(file);
-    QImage image(static_cast<int>(header.width), static_cast<int>(header.height),
-                 QImage::Format_RGBA8888_Premultiplied);
-    require(!image.isNull());
-    constexpr int kStopAtError = 1;
-    require(TIFFReadRGBAImageOriented(
-                tiff.get(), static_cast<std::uint32_t>(header.width), static_cast<std::uint32_t>(header.height),
-                reinterpret_cast<std::uint32_t*>(image.bits()), ORIENTATION_TOPLEFT, kStopAtError) == 1);
-    return {image, header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(), profileOf(tiff),
-            hasPlainColours(tiff)};
+    const PictureSize size{static_cast<int>(header.width), static_cast<int>(header.height)};
+    const PictureSize stored = swapsSides(header.orientation) ? PictureSize{size.height, size.width} : size;
+    const QImage::Format deep = deepFormat(tiff, header);
+    const bool isDeep = deep != QImage::Format_Invalid;
+    const QImage image = isDeep ? readDeep(tiff, stored, deep) : readByLibrary(tiff, stored, header.orientation);
+    return {upright(image, header.orientation), header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(),
+            profileOf(tiff), isDeep || hasPlainColours(tiff, header)};
 }
 
 std::vector<std::uint8_t> tiffBytes(const Raster& raster, const PictureHeader& header) {
