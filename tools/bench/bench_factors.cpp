@@ -33,7 +33,10 @@ void factors(const std::filesystem::path& photos, const std::filesystem::path& w
         std::int32_t largestRise = 0;
         for (std::size_t factor = 3; factor < sizes.size(); ++factor) {
             const std::int32_t rise = sizes[factor] - sizes[factor - 1];
-            rises += rise > 0 ? 1 : 0;
+            if (rise > 0) {
+                ++rises;
+                std::printf("  %zu: %d bytes more than %d\n", factor, rise, sizes[factor - 1]);
+            }
             largestRise = std::max(largestRise, rise);
         }
         std::printf("factors %s: %d bytes at 2, %d at 255, %d rises, the largest of %d bytes\n", photo.stem().c_str(),

@@ -123,6 +123,9 @@ void fit(const std::filesystem::path& photos, const std::filesystem::path& work,
                                              floorOf(photo, {info.width, info.height});
                                          }));
             const std::string sizes = std::to_string(size.width) + "x" + std::to_string(size.height);
+            const Measured startUp = measured(program + " nothing");
+            std::printf("  %-26s %7.0f ms %6.0f MB, of ours\n", "start of a process", startUp.milliseconds,
+                        startUp.megabytes);
             report("ours", program + " one " + photo.string() + " " + target + " 640 480 " + std::to_string(limit),
                    target, reference);
             for (const Peer& peer : kPeers) {

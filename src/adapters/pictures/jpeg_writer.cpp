@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <iterator>
 #include <span>
 
 #include "adapters/pictures/jpeg_guard.h"
@@ -45,10 +46,21 @@ private:
     unsigned long size_ = 0;
 };
 
+std::vector<unsigned> entriesOf(const jpeg_compress_struct& info) {
+    std::vector<unsigned> entries;
+    for (const JQUANT_TBL* table : std::span(info.quant_tbl_ptrs)) {
+        if (table != nullptr) {
+            entries.insert(entries.end(), std::begin(table->quantval), std::end(table->quantval));
+        }
+    }
+    return entries;
+}
+
 void scaleTables(jpeg_compress_struct& info, int quality) {
     constexpr int kBasic = 100;
-    const double scale = tableScale(quality);
     jpeg_set_linear_quality(&info, kBasic, TRUE);
+    static const auto kSteps = realSteps(entriesOf(info));
+    const double scale = tableScale(kSteps[static_cast<std::size_t>(quality)]);
     for (JQUANT_TBL* table : std::span(info.quant_tbl_ptrs)) {
         if (table != nullptr) {
             for (UINT16& entry : table->quantval) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <vector>
+
 namespace orv {
 
 inline constexpr int kBestQuality = 2;
@@ -13,5 +16,10 @@ double tableScale(int quality);
 
 /// An entry of a basic table at that scale, 1 to 255. It never falls as the factor rises.
 unsigned scaledEntry(unsigned basic, double scale);
+
+/// For each factor the one whose tables it takes, its own or those of a finer one: where hardly an entry would change,
+/// the codes might only become longer, so such a factor keeps what the one before it has. `basics`: all entries of the
+/// basic tables.
+std::array<int, kSmallestQuality + 1> realSteps(const std::vector<unsigned>& basics);
 
 }  // namespace orv
