@@ -302,9 +302,10 @@ TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {
     ASSERT_TRUE(desk.waitForPage(0));
     desk.enter("txt_Tanto_Name", "変更　太郎");
     desk.click("btm_ChangePage", 2);
-    expectShown(desk, "COSERR01",
-                {"20103",
-                 "[ PF_Thumbnail ] 画像ファイルではないか、対応していない形式です。(JPEG、PNG、BMP、GIF、TIFFが使えます。)"});
+    expectShown(
+        desk, "COSERR01",
+        {"20103",
+         "[ PF_Thumbnail ] 画像ファイルではないか、対応していない形式です。(JPEG、PNG、BMP、GIF、TIFFが使えます。)"});
     ASSERT_TRUE(desk.waitForPage(2));
     desk.click("btm_ChangePage", 0);
     ASSERT_TRUE(desk.waitForPage(0));

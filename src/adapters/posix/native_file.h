@@ -41,8 +41,8 @@ private:
     struct stat facts_ {};
 };
 
-/// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless it was placed; those
-/// that runs which died have left in the folder are removed by the next one made there.
+/// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless
+/// it was placed; those that runs which died have left in the folder are removed by the next one made there.
 class FileBeside {
 public:
     explicit FileBeside(std::string target);

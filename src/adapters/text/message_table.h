@@ -33,8 +33,8 @@ struct MessageFile {
 /// Reads the decoded content of a message file: a message a line, "id,kind,buttons,text". The kind is INFO, WARN, ERROR
 /// or ASK, the buttons OK or YESNO; an id is up to 16 letters and digits. The text is all the rest of the line, commas
 /// included; \n in it is a line break, \\ a backslash. Blank lines and lines that begin with ";" say nothing; blanks
-/// around a part do not count; a text is of at most 4096 bytes. Of two lines with one id the later one counts. Any other
-/// line is skipped.
+/// around a part do not count; a text is of at most 4096 bytes. Of two lines with one id the later one counts. Any
+/// other line is skipped.
 MessageFile readMessages(std::string_view content);
 
 /// The messages by id: those that the program is built with, so that a damaged install still speaks, and over them

@@ -42,9 +42,9 @@ public:
     virtual Pixels scaled(int width, int height) const = 0;
     /// Brings the picture itself to that size; what it was is gone. Sides from 1; it may grow.
     virtual void size(int width, int height) = 0;
-    /// Writes the picture over whatever file stands at `path`, whole or not at all. `format`: its own, any other is a failure.
-    /// `bits`: it keeps its depth whatever is asked. `quality`: 2, the best, to 255, the smallest; of meaning to JPEG
-    /// only, the other formats are written without loss and as small as they go.
+    /// Writes the picture over whatever file stands at `path`, whole or not at all. `format`: its own, any other is a
+    /// failure. `bits`: it keeps its depth whatever is asked. `quality`: 2, the best, to 255, the smallest; of meaning
+    /// to JPEG only, the other formats are written without loss and as small as they go.
     virtual void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const = 0;
 };
 
@@ -59,9 +59,9 @@ public:
 
     /// Reads the header only.
     virtual PictureInfo info(const std::string& path) const = 0;
-    /// `within`: a promise that the picture will be shown or brought to no more than fits in there. A larger one may then
-    /// be kept at about twice that, which saves most of the time and memory, and can't be saved before it is sized.
-    /// Without a promise every pixel is kept.
+    /// `within`: a promise that the picture will be shown or brought to no more than fits in there. A larger one may
+    /// then be kept at about twice that, which saves most of the time and memory, and can't be saved before it is
+    /// sized. Without a promise every pixel is kept.
     virtual std::unique_ptr<Picture> load(const std::string& path, PictureSize within = {}) const = 0;
 };
 
