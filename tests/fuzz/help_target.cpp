@@ -3,8 +3,8 @@
 #include "adapters/text/cp932.h"
 #include "adapters/text/help_file.h"
 #include "fuzz/fuzz_target.h"
-#include "support/fixed_facts.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
+#include "support/scripted_machine.h"
 #include "support/no_windows.h"
 
 namespace orv::test {

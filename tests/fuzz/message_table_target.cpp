@@ -4,7 +4,7 @@
 #include "adapters/text/cp932.h"
 #include "adapters/text/table_messages.h"
 #include "fuzz/fuzz_target.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
 #include "support/no_windows.h"
 
 namespace orv::test {

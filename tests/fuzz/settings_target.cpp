@@ -3,8 +3,8 @@
 #include "adapters/text/cp932.h"
 #include "fuzz/fuzz_target.h"
 #include "platform/utf8.h"
-#include "support/fixed_facts.h"
-#include "support/memory_files.h"
+#include "support/memory_machine.h"
+#include "support/scripted_machine.h"
 
 namespace orv::test {
 namespace {
