@@ -16,6 +16,8 @@
 namespace orv::test {
 namespace {
 
+using std::string_literals::operator""s;
+
 class PictureSaveTest : public testing::Test {
 protected:
     /// Brought to a size, saved beside and read again.
@@ -95,7 +97,7 @@ ByteVector withSegment(ByteVector jpeg, std::uint8_t marker, const std::string& 
 }
 
 TEST_F(PictureSaveTest, TheProfileStaysAndThePlaceGoes) {
-    const std::string profile("ICC_PROFILE\0\1\1the colours as they are meant", 45);
+    const std::string profile = "ICC_PROFILE\0\1\1the colours as they are meant"s;
     const ByteVector tagged = withSegment(withSegment(madeJpeg({.orientation = 6}), 0xE2, profile), 0xE1,
                                           "http://ns.adobe.com/xap/1.0/ GPSLatitude 35");
     static_cast<void>(through(folder_.keep("a.jpg", tagged), 24, 32));
