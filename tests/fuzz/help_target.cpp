@@ -4,8 +4,8 @@
 #include "adapters/text/help_file.h"
 #include "fuzz/fuzz_target.h"
 #include "support/memory_machine.h"
-#include "support/scripted_machine.h"
 #include "support/no_windows.h"
+#include "support/scripted_machine.h"
 
 namespace orv::test {
 namespace {
