@@ -259,7 +259,7 @@ protected:
 TEST_P(InASave, TheOperatorIsToldAndTheNextSaveSetsAllRight) {
     const SaveFault& fault = GetParam();
     if (fault.name == std::string("diskFull") && !mayMount()) {
-        GTEST_SKIP() << "no small disk without the right to mount one; the store's own tests fill it call by call";
+        GTEST_SKIP() << "no small disk without the right to mount one; the store's own tests fill it step by step";
     }
     Terminal desk = terminal("DESK-01");
     desk.startUnprivileged(kCompany);
