@@ -26,7 +26,8 @@ int main(int argc, char* argv[]) {
     if (given.size() == 6 && given[0] == "one") {
         bench::fitted(given[1], given[2], {std::stoi(given[3]), std::stoi(given[4])}, std::stoul(given[5]));
     } else if (given.size() == 3 && given[0] == "fit") {
-        bench::fit(given[1], given[2], argv[0]);
+        // One of the peers takes a relative place as one beside the photo.
+        bench::fit(given[1], std::filesystem::absolute(given[2]), argv[0]);
     } else if (given.size() == 3 && given[0] == "thumb") {
         bench::thumb(given[1]);
     } else if (given.size() == 3 && given[0] == "factors") {
