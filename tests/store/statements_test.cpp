@@ -104,6 +104,32 @@ TEST_F(Statements, OfWhatItShows) {
     }
 }
 
+TEST_F(Statements, TheDatesHaveNothingButTheirKey) {
+    std::string sql = "left over";
+    EXPECT_TRUE(P_MakeInsertSQL_Date(sql));
+    EXPECT_EQ(sql,
+              "insert into TBL_CUSTOMER_DATE ("
+              "            USER_ID "
+              "   ) values ("
+              "            'v-USER_ID'"
+              "            )");
+    EXPECT_TRUE(P_MakeUpdateSQL_Date(sql, "000009999"));
+    EXPECT_EQ(sql,
+              "UPDATE TBL_CUSTOMER_DATE "
+              "       SET "
+              "            USER_ID  ='000009999'"
+              "     WHERE  USER_ID = 'v-USER_ID'");
+}
+
+TEST_F(Statements, TheReadOfACompany) {
+    EXPECT_EQ(companyJoin("000004601"),
+              "   select *"
+              "     from TBL_CUSTOMER_INFO AS A "
+              "LEFT JOIN TBL_CUSTOMER_ADD AS B "
+              "       ON A.USER_ID = B.USER_ID"
+              "    where A.USER_ID = '000004601'");
+}
+
 class Probe : public SystemTest {
 protected:
     Probe() { openStore(); }
@@ -131,6 +157,15 @@ TEST_F(Probe, EveryModeToTheBlank) {
         static_cast<void>(PF_GetRowCountZero("K2", "U", unknown, ""));
         EXPECT_EQ(store.statements.back(), "") << unknown;
     }
+}
+
+TEST_F(Probe, ARowOrNone) {
+    EXPECT_FALSE(PF_GetRowCountZero("", kCompany, kCountInfo, ""));
+    EXPECT_TRUE(PF_GetRowCountZero("", "000009999", kCountInfo, ""));
+    EXPECT_TRUE(PF_GetRowCountZero("", "000004605", kCountAdd, "")) << "this company has no such row";
+    EXPECT_FALSE(PF_GetRowCountZero("", "000004605", kCountDate, ""));
+    EXPECT_TRUE(PF_GetRowCountZero("", kMarker, kCountInfo, ""));
+    EXPECT_EQ(gErrMsg, "");
 }
 
 TEST_F(Probe, AFailureLooksLikeARowAndIsToldByThePair) {
