@@ -26,6 +26,7 @@ TEST(Audit, TellsLostUpdatesFromThoseThatTheLockAccepts) {
         {"the ledgers come terminal by terminal", {saved(3, 40, 30), saved(1, 10, 0), saved(2, 20, 0)}, 3, 0, 0},
         {"two on the same reading", {saved(1, 10, 0), saved(1, 40, 30)}, 1, 1, 0},
         {"two that had locked at the same moment", {saved(1, 10, 0), saved(1, 40, 4)}, 1, 0, 1},
+        {"and the first goes on from what it had read", {saved(2, 20, 0), saved(1, 30, 4), saved(2, 40, 4)}, 2, 0, 3},
         {"one goes over two", {saved(1, 10, 0), saved(2, 20, 0), saved(1, 40, 30)}, 1, 2, 0},
         {"the store has not what was told", {saved(1, 10, 0), saved(2, 20, 0)}, 1, 1, 0},
         {"the store has what nobody wrote", {saved(1, 10, 0)}, 2, 1, 0},

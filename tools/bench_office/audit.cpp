@@ -36,19 +36,19 @@ int unexplained(const History& history, int from, int to) {
     return missing;
 }
 
-/// Whether `save` and one that it overwrote, both of `saves`, had locked the company in the same moment.
-bool racedWithOverwritten(const std::vector<Entry>& saves, const Entry& save) {
-    return std::any_of(saves.data(), &save, [&](const Entry& earlier) {
-        return earlier.value >= save.value && earlier.taken.meets(save.taken);
+/// Whether another terminal that saved the company too had been locking and loading it at the same moment.
+bool hadRival(const History& history, const Entry& save) {
+    return std::ranges::any_of(history.saves, [&](const Entry& other) {
+        return other.taken.from != save.taken.from && other.taken.meets(save.taken);
     });
 }
 
 void follow(const History& history, int stored, Losses& losses) {
     int count = 0;
     for (const Entry& save : history.saves) {
-        int& overwritten = racedWithOverwritten(history.saves, save) ? losses.raced : losses.lost;
-        overwritten += std::max(0, count - save.value + 1);
-        losses.lost += unexplained(history, count + 1, save.value);
+        const int overwritten = std::max(0, count - save.value + 1);
+        int& kind = hadRival(history, save) ? losses.raced : losses.lost;
+        kind += overwritten + unexplained(history, count + 1, save.value);
         count = save.value;
     }
     losses.lost += std::max(0, count - stored) + unexplained(history, count + 1, stored + 1);

@@ -1,5 +1,5 @@
-// bench_office FOLDER [COMPANIES [SECONDS]]: how much 1, 8, 32 and 64 terminals get done on one store, the file and the
-// server. Ends with 1 when an update was lost.
+// bench_office FOLDER [COMPANIES [SECONDS]]: how much 1, 8, 32 and 64 terminals get done on one store: the file, the
+// server, the server behind a pooler. Ends with 1 when an update was lost.
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -58,6 +58,20 @@ void makeEarnest(const orv::PrivateServer& server) {
     server.start();
 }
 
+/// With a transaction pooler between the terminals and the server.
+int overPooler(const Measure& measure, orv::PrivateServer& server, const Site& site) {
+    server.startPooler();
+    site.reachBy(server.text("store1") + " port=6432");
+    int lost = 0;
+    for (const int terminals : {32, 64}) {
+        server.sql("store1", "VACUUM ANALYZE");
+        const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
+        print("pooler", terminals, day, {});
+        lost += day.losses.lost;
+    }
+    return lost;
+}
+
 int onServer(const Measure& measure) {
     orv::PrivateServer server;
     makeEarnest(server);
@@ -71,7 +85,7 @@ int onServer(const Measure& measure) {
         print("server", terminals, day, peer.savesPerSecond(terminals, measure.seconds, day));
         lost += day.losses.lost;
     }
-    return lost;
+    return lost + overPooler(measure, server, site);
 }
 
 }  // namespace

@@ -54,6 +54,8 @@ std::string Site::terminal(int number) const {
     return fs::absolute(office / "C/ORV/BIN").string();
 }
 
+void Site::reachBy(const std::string& text) const { std::ofstream(store()) << text << "\n"; }
+
 void Site::beginAgain() const {
     const auto open = orv::officeStore()(store(), orv::StoreAccess::ReadWrite);
     open->runScript("UPDATE TBL_CUSTOMER_INFO SET ADDRESS_GOU = '0'; DELETE FROM TBL_LOCK;");

@@ -19,6 +19,8 @@ public:
     std::string terminal(int number) const;
     fs::path ledger(int number) const { return folder_ / ("ledger" + std::to_string(number)); }
 
+    /// From now on the store is what `text` names.
+    void reachBy(const std::string& text) const;
     /// All counts 0, no lock, no ledger.
     void beginAgain() const;
     /// The count of each company, and how many locks are left.
