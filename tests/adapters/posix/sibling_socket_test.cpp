@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -219,6 +220,24 @@ TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
     EXPECT_FALSE(Client(path).connected());
     const Client now(later);
     now.say("KEY 2 13\n");
+    EXPECT_TRUE(waitFor("T1[a]K2,13"));
+}
+
+TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut) {
+    const std::string path = start();
+    const Client visitor(path);
+    visitor.say("TEXT 1 a\n");
+    EXPECT_TRUE(waitFor("T1[a]"));
+    const Client second(path);
+    loop.settle();
+    EXPECT_TRUE(second.heard().ends_with("|"));
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::setresuid(-1, 65534, 0), 0);
+        const Client stranger(path);
+        ASSERT_EQ(::setresuid(-1, 0, 0), 0);
+        EXPECT_FALSE(stranger.connected());
+    }
+    visitor.say("KEY 2 13\n");
     EXPECT_TRUE(waitFor("T1[a]K2,13"));
 }
 
