@@ -167,6 +167,8 @@ class OverriddenProfiles : public ProfileReader {
 public:
     explicit OverriddenProfiles(const ProfileReader& real) : real_(real) {}
 
+    mutable std::string lastFile;
+
     void set(const std::string& section, const std::string& key, std::string value) {
         values_[folded(section + "=" + key)] = std::move(value);
     }
@@ -176,6 +178,7 @@ public:
 
     std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                         const std::string& file) const override {
+        lastFile = file;
         const auto value = values_.find(folded(section + "=" + key));
         if (value == values_.end()) {
             return real_.GetPrivateProfileString(section, key, file);

@@ -1,6 +1,6 @@
 #include "validation/rules/company_rules.h"
 
-#include "support/fixture.h"
+#include "validation/rules/rules_test.h"
 
 namespace orv {
 namespace {
@@ -8,25 +8,16 @@ namespace {
 using R = CompanyRecord;
 
 /// Each rule by itself is seen in the window; here is where a value just passes.
-class CompanyRules : public SystemTest {
+class CompanyRules : public RulesTest {
 protected:
-    CompanyRules() {
-        load();
-        gAddressByMaster = true;
-    }
-    bool passes() {
-        refusal = {};
-        return PF_CheckFrmCompInp0Data(refusal);
-    }
+    CompanyRules() { gAddressByMaster = true; }
     /// Whether a value of the field passes.
     bool takes(TextField field, const std::string& value) {
         const std::string before = std::exchange(tCustomerInfo.*field, value);
-        const bool result = passes();
+        const bool result = passes(PF_CheckFrmCompInp0Data);
         tCustomerInfo.*field = before;
         return result;
     }
-
-    Refusal refusal;
 };
 
 TEST_F(CompanyRules, JustInsideAndJustOutside) {
@@ -85,7 +76,7 @@ TEST_F(CompanyRules, TheSiteOfTheComputer) {
         EXPECT_FALSE(takes(field, " ")) << "a site that is the office has nothing of its own";
     }
     load("000004602");
-    EXPECT_TRUE(passes());
+    EXPECT_TRUE(passes(PF_CheckFrmCompInp0Data));
     EXPECT_TRUE(takes(&R::PC_FAX_NO, ""));
     EXPECT_TRUE(takes(&R::PC_OFFICE_NAME, ""));
     for (const char* same : {"True", "-1", "2"}) {

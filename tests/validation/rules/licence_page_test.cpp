@@ -37,15 +37,7 @@ std::size_t elementOf(std::size_t council) { return council == 7 ? 7 : council =
 
 class AssociationRules : public RulesTest {
 protected:
-    bool check(std::deque<std::int32_t> answers = {}) {
-        messages.answers = std::move(answers);
-        return passes(PF_CheckFrmCompInp1Data);
-    }
-    void expectRefused(const std::string& control, const std::string& text) const {
-        EXPECT_EQ(focus(), "frm_CompInp1." + control);
-        EXPECT_EQ(out.id, "CHECK001");
-        EXPECT_EQ(out.text, text);
-    }
+    bool check(std::deque<std::int32_t> answers = {}) { return passes(PF_CheckFrmCompInp1Data, std::move(answers)); }
     /// One association with a prefecture in its name or in the licence, and every council but one.
     void expectCouncil(std::size_t council, const std::string& association) {
         tCustomerInfo.KOUTORI_FLG.assign(9, '1');
@@ -59,7 +51,7 @@ protected:
         tCustomerInfo.KOUTORI_FLG[council - 1] = '0';
         EXPECT_FALSE(check({1}));
         EXPECT_EQ(questions(), std::vector{question(association, council)});
-        expectRefused("chk_Koutori(" + std::to_string(elementOf(council)) + ")", "公正取引協議会");
+        expectRefused(page<frm_CompInp1>().chk_Koutori[elementOf(council)], "公正取引協議会");
         EXPECT_TRUE(check({0}));
         EXPECT_EQ(questions(), std::vector{question(association, council)});
         EXPECT_EQ(out.text, question(association, council)) << "the text stays behind";
@@ -97,6 +89,55 @@ TEST_F(AssociationRules, TheNationalAssociationsImplyTheCapital) {
         tCustomerInfo.DANTAI_FLG.assign(7, '0');
         tCustomerInfo.DANTAI_FLG[i + 2] = '1';
         expectCouncil(3, kNames[i]);
+    }
+}
+
+class LicenceRules : public RulesTest {
+protected:
+    void expiresOn(const std::string& era, const std::string& year, const std::string& month, const std::string& day) {
+        tCustomerInfo.VALID_LICENSE_NENGOU = era;
+        tCustomerInfo.VALID_LICENSE_DATE_YEAR = year;
+        tCustomerInfo.VALID_LICENSE_DATE_MONTH = month;
+        tCustomerInfo.VALID_LICENSE_DATE_DAY = day;
+    }
+};
+
+TEST_F(LicenceRules, LookAtTheExpiryDate) {
+    enum Result { Good, Expired, Unreadable };
+    struct Case {
+        const char* era;
+        const char* year;
+        const char* month;
+        const char* day;
+        Result result;
+    };
+    for (const Case& row : {
+             Case{"令和", "8", "5", "4", Good},       {"令和", "8", "5", "3", Expired},
+             {"令和", "08", "05", "05", Good},        {"平成", "38", "5", "4", Good},
+             {"平成", "38", "5", "3", Expired},       {"昭和", "64", "1", "7", Expired},
+             {"西暦", "2026", "5", "4", Good},        {"西暦", "2026", "5", "3", Expired},
+             {"西暦", "2030", "1", "1", Good},        {"西暦", "26", "5", "4", Good},
+             {"西暦", "5", "5", "4", Expired},        {"西暦", "49", "1", "1", Good},
+             {"西暦", "50", "1", "1", Expired},       {"西暦", "203", "12", "31", Expired},
+             {"西暦", " 2026 ", " 5 ", " 4 ", Good},  {"西暦", "2027", "13", "1", Unreadable},
+             {"西暦", "2027", "1", "32", Unreadable}, {"西暦", "2027", "2", "29", Unreadable},
+             {"西暦", "20x7", "1", "1", Unreadable},  {"西暦", "２０２７", "1", "1", Unreadable},
+             {"西暦", "-2027", "1", "1", Unreadable}, {"西暦", "99999999999999999999", "1", "1", Unreadable},
+             {"西暦", "1e300", "1", "1", Unreadable}, {"令和", "1", "4", "30", Unreadable},
+             {"慶応", "200", "1", "1", Unreadable},   {"西暦 ", "2027", "1", "1", Unreadable},
+         }) {
+        SCOPED_TRACE(std::string(row.era) + row.year + "/" + row.month + "/" + row.day);
+        expiresOn(row.era, row.year, row.month, row.day);
+        clearPair();
+        EXPECT_EQ(passes(PF_CheckFrmCompInp1Data), row.result == Good) << out.text;
+        if (row.result == Expired) {
+            EXPECT_EQ(out.id, "CHECK004");
+            EXPECT_EQ(gErrMsg, "");
+        }
+        if (row.result == Unreadable) {
+            EXPECT_EQ(gErrMsg + gErrCode, "[ PF_CheckFrmCompInp1Data ] 型が一致しません。13");
+            EXPECT_TRUE(out.focus == nullptr && out.id.empty() && out.text.empty());
+        }
     }
 }
 

@@ -1,0 +1,159 @@
+#include "config/built_in_hosts.h"
+#include "config/paths.h"
+#include "config/profile.h"
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+class Settings : public SystemTest {
+protected:
+    static constexpr const char* kLocalMachine = "-2147483646";
+
+    void registryIs(const std::string& text) const { writeFile(office.root() + "/registry.txt", text); }
+};
+
+/// A setting of each treatment.
+struct Setting {
+    std::string (*read)();
+    const char* section;
+    const char* key;
+    /// For the value "12".
+    std::string present;
+    std::string ifEmpty;
+    std::string onFailure = {};
+    const char* file = "C:\\ORV\\SYS\\system.ini";
+};
+
+TEST_F(Settings, PresentEmptyAndUnreadable) {
+    const std::string host(kImageHost);
+    const char* ofTheOffice = "S:\\SHARED\\system.ini";
+    settings.set("PATH", "SYS", "S:\\SHARED");
+    std::string expected;
+    for (const Setting& row : std::vector<Setting>{
+             {[] { return com().IniImgW(); }, "IMG", "LONG_W", "12", "", "0"},
+             {[] { return com().ORV_GifImgMode(); }, "IMG", "GIFIMGMODE", "12", "False"},
+             {[] { return com().IniCSV(); }, "UTILTY", "CSV", "12\\", ""},
+             {[] { return com().IniMinorVer(); }, "VERSION", "MINOR", "12", ""},
+             {[] { return com().MinorVer(); }, "VERSION", "MINOR", "12", ""},
+             {[] { return com().ORV_URL(); }, "NET", "URL", "12", ""},
+             {[] { return com().ORV_SendCus(); }, "NET", "SENDCUS", "12", ""},
+             {[] { return com().ORV_TimeOut(); }, "NET", "TIMEOUT", "12", ""},
+             {[] { return com().ORV_PassiveMode(); }, "NET", "PASSIVE", "12", "True"},
+             {[] { return com().ORV_FtpTimeOut(); }, "NET", "FTPTIMEOUT", "12", "60000"},
+             {[] { return com().ORV_RetryCount(); }, "NET", "RETRY", "13", "4"},
+             {[] { return multiCom().ORV_IMAGE_URL(); }, "NET", "ORVIMG", "12", host, host, ofTheOffice},
+             {[] { return multiCom().ORV_IMAGE_HTTP_URL(); }, "NET", "ORVIMG_HTTP", "12/", std::string(kImageUploadUrl),
+              host, ofTheOffice},
+             {[] { return multiCom().ORV_IMAGE_TRANSFER_TYPE(); }, "NET", "TRANSFERTYPE", "12", "FTP", "FTP",
+              ofTheOffice},
+             {[] { return multiCom().ORV_FtpOverwrite(); }, "NET", "FTPOVERWRITE", "12", "True"},
+         }) {
+        settings.set(row.section, row.key, "");
+        EXPECT_EQ(row.read(), row.ifEmpty) << row.key;
+        settings.set(row.section, row.key, "12");
+        EXPECT_EQ(row.read(), row.present) << row.key;
+        EXPECT_EQ(settings.lastFile, row.file) << row.key;
+        EXPECT_EQ(log(), expected) << row.key;
+        settings.refuse(row.section, row.key);
+        EXPECT_EQ(row.read(), row.onFailure) << row.key;
+        expected += record("0", "");
+        EXPECT_EQ(log(), expected) << row.key;
+    }
+}
+
+TEST_F(Settings, OnlyAClientHasATypeOfNetwork) {
+    for (const auto& [himself, type, result] : std::to_array<std::array<const char*, 3>>({
+             {"", "LANB", ""},
+             {"SERVER", "LANB", ""},
+             {"client", "LANB", ""},
+             {"CLIENT", "", "LANA"},
+             {"CLIENT", "LANB", "LANB"},
+         })) {
+        settings.set("LAN", "HIMSELF", himself);
+        settings.set("LAN", "TYPE", type);
+        EXPECT_EQ(com().ORV_LANTYPE(), result) << himself << type;
+    }
+}
+
+/// A folder's key, and the name of a file in it; empty for the folder itself.
+struct Place {
+    std::string (cls_Com::*property)() const;
+    std::string key;
+    std::string file = {};
+};
+
+TEST_F(Settings, EachPlaceStandsBehindItsFolder) {
+    for (const Place& row : std::vector<Place>{
+             {&cls_Com::SeverSysPath, "SYS"},
+             {&cls_Com::BinFolder, "BIN"},
+             {&cls_Com::BinTmpFolder, "BINTMP"},
+             {&cls_Com::BinDatFolder, "BINDAT"},
+             {&cls_Com::BinImgFolder, "BINIMG"},
+             {&cls_Com::BkupFolder, "BKUP"},
+             {&cls_Com::HlpFolder, "HLP"},
+             {&cls_Com::DwlFolder, "DWL"},
+             {&cls_Com::ImgFolder, "IMG"},
+             {&cls_Com::LogFolder, "LOG"},
+             {&cls_Com::LogErrFolder, "LOGERR"},
+             {&cls_Com::LogRasFolder, "LOGRAS"},
+             {&cls_Com::LogSndFolder, "LOGSND"},
+             {&cls_Com::LogRcvFolder, "LOGRCV"},
+             {&cls_Com::LogDWlFolder, "LOGDWL"},
+             {&cls_Com::LogInstFolder, "LOGINST"},
+             {&cls_Com::MdbFolder, "MDB"},
+             {&cls_Com::SysFolder, "SYS"},
+             {&cls_Com::TmpFolder, "TMP"},
+             {&cls_Com::InfFolder, "INF"},
+             {&cls_Com::BinAddExe, "BIN", "KELT_ADD.EXE"},
+             {&cls_Com::BinLineExe, "BIN", "KELT_LINE.EXE"},
+             {&cls_Com::BinMenuExe, "BIN", "KELT_MENU.EXE"},
+             {&cls_Com::HlpFile, "HLP", "help.hlp"},
+             {&cls_Com::MdbOrvEstateDB, "MDB", "ORVESTATE.MDB"},
+             {&cls_Com::TmpWorkImgFile, "TMP", "WorkImg"},
+             {&cls_Com::LogErrFile, "LOGERR", "260504_err.log"},
+             {&cls_Com::LogSndFile, "LOGSND", "260504_snd.log"},
+             {&cls_Com::LogRcvFile, "LOGRCV", "260504_rcv.log"},
+             {&cls_Com::LogDwlFile, "LOGDWL", "260504_dwl.log"},
+             {&cls_Com::LogRasFile, "LOGRAS", "ras.log"},
+         }) {
+        for (const auto& [set, folder] :
+             {std::pair{"X:\\" + row.key, "X:\\" + row.key + "\\"}, {"D:\\Y\\", "D:\\Y\\"}, {"", ""}}) {
+            settings.set("PATH", row.key, set);
+            EXPECT_EQ((com().*row.property)(), folder + row.file) << row.key;
+        }
+    }
+    settings.set("PATH", "IMG", "X:\\IMG");
+    EXPECT_EQ(com().ImgNoFolder(0) + com().ImgNoFolder(1), "X:\\IMG\\1\\X:\\IMG\\2\\");
+    EXPECT_EQ(com().TmpNoTmpFile(0) + com().TmpNoTmpFile(1), "TmpImg_1TmpImg_2");
+}
+
+TEST_F(Settings, ABackslashIsAddedByTheLastByte) {
+    // 能 ends in the byte of the backslash.
+    for (const auto& [path, result] : std::to_array<std::pair<const char*, const char*>>(
+             {{"", ""}, {"C:\\A", "C:\\A\\"}, {"C:\\A\\", "C:\\A\\"}, {"C:\\能", "C:\\能"}, {"C:\\社", "C:\\社\\"}})) {
+        EXPECT_EQ(P_AddBackslash(path), result);
+    }
+}
+
+TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
+    std::string value;
+    EXPECT_TRUE(com().P_GetRegQueryString("SOFTWARE\\ZENTHA\\ORV", "InstallKey", kLocalMachine, value));
+    EXPECT_EQ(value, "C:\\ORV");
+    for (const auto& [folder, file] : {std::pair{"C:\\Z", "C:\\Z\\SYS\\system.ini"}, {"Z:\\", "Z:\\SYS\\system.ini"}}) {
+        dropSharedSettings();
+        registryIs(std::string("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=") + folder);
+        EXPECT_EQ(com().P_GetInstallFolderPath(), folder);
+        EXPECT_EQ(com().SysSystemIni(), file);
+    }
+    dropSharedSettings();
+    registryIs("");
+    EXPECT_EQ(com().SysSystemIni(), "C:\\ORV\\BIN\\..\\SYS\\system.ini");
+    EXPECT_EQ(com().P_GetInstallFolderPath(), "C:\\ORV\\BIN\\");
+    EXPECT_EQ(gErrMsg, "[ P_GetRegQueryString ] レジストリファイルをオープンできませんでした。");
+    EXPECT_EQ(gErrCode, "EDLL50002");
+    EXPECT_EQ(log(), "");
+}
+
+}  // namespace
+}  // namespace orv
