@@ -48,6 +48,13 @@ std::int64_t count(StoreConnection& store, const std::string& table) {
     return std::stoll(toText(rows->Fields(0)));
 }
 
+void requireMayFill(const std::string& target, const Options& options) {
+    const auto store = openStore(target);
+    if (!options.replace && !store->columns("TBL_CUSTOMER_INFO").empty() && count(*store, "TBL_CUSTOMER_INFO") > 0) {
+        throw KeeperFailure(target + ": holds companies; --replace lets them go");
+    }
+}
+
 void makeWhole(const std::string& path, const std::function<void(const std::string& beside)>& make) {
     if (stands(path)) {
         throw KeeperFailure(path + ": there is a file already");

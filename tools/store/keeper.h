@@ -26,6 +26,7 @@ struct Options {
     std::string other;     // the second file or store, or the computer
     bool yes = false;      // asks nothing
     bool replace = false;  // what the target holds goes
+    bool salvage = false;  // takes what can be read of a damaged file
     bool json = false;
 };
 
@@ -44,6 +45,7 @@ Report unlockStore(const Options& options);
 Report backUpStore(const Options& options);
 Report restoreStore(const Options& options);
 Report copyStore(const Options& options);
+Report importJet(const Options& options);
 
 /// Opens the store of either kind.
 std::unique_ptr<StoreConnection> openStore(const std::string& path);
@@ -52,6 +54,9 @@ bool stands(const std::string& path);
 
 /// The number that a count yields.
 std::int64_t count(StoreConnection& store, const std::string& table);
+
+/// Fails where a target that stands holds companies and may not lose them.
+void requireMayFill(const std::string& target, const Options& options);
 
 /// Makes a file under another name beside its place and puts it there when it is whole. A file that another run left
 /// half-made is made anew; one that stands at the place by then is not replaced.

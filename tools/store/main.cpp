@@ -21,6 +21,7 @@ struct Command {
     Report (*run)(const Options& options);
     bool asks;
     bool replaces;
+    bool isImport = false;  // begins with another program's file, and need not go on to a store
 };
 
 constexpr auto kCommands = std::to_array<Command>({
@@ -34,13 +35,17 @@ constexpr auto kCommands = std::to_array<Command>({
     {"restore", "Put a backup in the place of what the store holds", "FILE", "the backup", restoreStore, true, false},
     {"copy", "Move the office's tables to another store, of either kind", "TARGET", "the store to fill", copyStore,
      false, true},
+    {"import", "Bring an older install's Jet file into a store; without TARGET, only look", "TARGET",
+     "the store to fill", importJet, false, true, true},
 });
 
 void add(CLI::App& app, const Command& command, Options& options, const Command*& chosen) {
     CLI::App* sub = app.add_subcommand(command.name, command.text);
-    sub->add_option("STORE", options.store, "the office's store")->required();
+    sub->add_option(command.isImport ? "FILE" : "STORE", options.store,
+                    command.isImport ? "the Jet file" : "the office's store")
+        ->required();
     if (command.other != nullptr) {
-        sub->add_option(command.other, options.other, command.otherText)->required();
+        sub->add_option(command.other, options.other, command.otherText)->required(!command.isImport);
     }
     sub->add_flag("--json", options.json, "print the report as JSON");
     if (command.asks) {
@@ -48,6 +53,9 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
     }
     if (command.replaces) {
         sub->add_flag("--replace", options.replace, "also where the target holds companies: they go");
+    }
+    if (command.isImport) {
+        sub->add_flag("--salvage", options.salvage, "also of a damaged file, what can be read of it");
     }
     sub->callback([&chosen, &command] { chosen = &command; });
 }

@@ -16,13 +16,7 @@ void requireSound(const std::string& path) {
 }
 
 void copyInto(StoreConnection& from, StoreConnection& to, const Options& options, Report& report) {
-    const auto tell = [&](const CopiedTable& table) {
-        progress(options, table.name + ": " + std::to_string(table.rows) + " rows");
-    };
-    for (const CopiedTable& table : copyTables(from, to, tell)) {
-        report.facts["tables"].push_back({{"name", table.name}, {"rows", table.rows}, {"checksum", table.checksum}});
-        report.say(table.name + " " + std::to_string(table.rows) + " " + table.checksum);
-    }
+    copyTables(from, to, telling(options, report));
 }
 
 void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, Report& report) {
@@ -38,11 +32,6 @@ void copyWholeFile(const std::string& from, const std::string& file) {
         copySqliteFile(from, beside);
         requireSound(beside);
     });
-}
-
-bool holdsCompanies(const std::string& path) {
-    const auto store = openStore(path);
-    return !store->columns("TBL_CUSTOMER_INFO").empty() && count(*store, "TBL_CUSTOMER_INFO") > 0;
 }
 
 }  // namespace
@@ -93,9 +82,7 @@ Report copyStore(const Options& options) {
     if (fs::equivalent(options.store, options.other)) {
         throw KeeperFailure("source and target are the same");
     }
-    if (!options.replace && holdsCompanies(options.other)) {
-        throw KeeperFailure(options.other + ": holds companies; --replace lets them go");
-    }
+    requireMayFill(options.other, options);
     copyInto(*source, *openStore(options.other), options, report);
     return report;
 }

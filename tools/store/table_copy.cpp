@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <iterator>
 #include <sstream>
 
 #include "adapters/store/ascii_fold.h"
-#include "keeper.h"
 
 namespace orv {
 namespace {
@@ -28,23 +28,24 @@ std::string lineOf(const Values& row) {
     return line;
 }
 
-struct Content {
-    std::vector<Values> rows;
-    std::vector<std::string> lines;  // the rows as texts, in an order of their own: two engines need not agree on one
-};
-
-Content contentOf(StoreConnection& store, const std::string& table, const std::vector<std::string>& columns) {
+std::vector<Values> rowsOf(StoreConnection& store, const std::string& table, const std::vector<std::string>& columns) {
     const RecordsetPtr found = store.select("SELECT " + joined(columns) + " FROM " + table, {});
-    Content content;
+    std::vector<Values> rows;
     for (; !found->Eof(); found->MoveNext()) {
-        Values& row = content.rows.emplace_back();
+        Values& row = rows.emplace_back();
         for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
             row.push_back(found->Fields(column));
         }
-        content.lines.push_back(lineOf(row));
     }
-    std::ranges::sort(content.lines);
-    return content;
+    return rows;
+}
+
+/// The rows as texts, in an order of their own: two engines need not agree on one.
+std::vector<std::string> linesOf(const std::vector<Values>& rows) {
+    std::vector<std::string> lines;
+    std::ranges::transform(rows, std::back_inserter(lines), lineOf);
+    std::ranges::sort(lines);
+    return lines;
 }
 
 std::string checksumOf(const std::vector<std::string>& lines) {
@@ -75,20 +76,14 @@ std::vector<std::string> sharedColumns(StoreConnection& from, StoreConnection& t
     return here;
 }
 
-struct Table {
-    std::string name;
-    std::vector<std::string> columns;
-    Content content;
-};
-
 /// Everything at one moment, before anything is written: the source is not kept waiting by a slow target.
 std::vector<Table> readAll(StoreConnection& from, StoreConnection& to) {
     std::vector<Table> tables;
     from.beginSnapshot();
     for (const char* name : kOfficeTables) {
         std::vector<std::string> columns = sharedColumns(from, to, name);
-        Content content = contentOf(from, name, columns);
-        tables.push_back({name, std::move(columns), std::move(content)});
+        std::vector<Values> rows = rowsOf(from, name, columns);
+        tables.push_back({name, std::move(columns), std::move(rows)});
     }
     from.rollBack();
     return tables;
@@ -101,28 +96,37 @@ CopiedTable write(const Table& table, StoreConnection& to) {
     }
     const std::string insert = "INSERT INTO " + table.name + " (" + joined(table.columns) + ") VALUES (" + places + ")";
     to.change("DELETE FROM " + table.name, {});
-    for (const Values& row : table.content.rows) {
+    for (const Values& row : table.rows) {
         to.change(insert, row);
     }
-    if (contentOf(to, table.name, table.columns).lines != table.content.lines) {
+    const std::vector<std::string> lines = linesOf(table.rows);
+    if (linesOf(rowsOf(to, table.name, table.columns)) != lines) {
         throw KeeperFailure(table.name + ": has not arrived as it left");
     }
-    return {table.name, table.content.rows.size(), checksumOf(table.content.lines)};
+    return {table.name, table.rows.size(), checksumOf(lines)};
 }
 
 }  // namespace
 
-std::vector<CopiedTable> copyTables(StoreConnection& from, StoreConnection& to,
-                                    const std::function<void(const CopiedTable&)>& onCopied) {
-    const std::vector<Table> tables = readAll(from, to);
-    std::vector<CopiedTable> copied;
+std::function<void(const CopiedTable&)> telling(const Options& options, Report& report) {
+    return [&options, &report](const CopiedTable& table) {
+        progress(options, table.name + ": " + std::to_string(table.rows) + " rows");
+        report.facts["tables"].push_back({{"name", table.name}, {"rows", table.rows}, {"checksum", table.checksum}});
+        report.say(table.name + " " + std::to_string(table.rows) + " " + table.checksum);
+    };
+}
+
+void copyTables(StoreConnection& from, StoreConnection& to, const std::function<void(const CopiedTable&)>& onCopied) {
+    writeTables(readAll(from, to), to, onCopied);
+}
+
+void writeTables(const std::vector<Table>& tables, StoreConnection& to,
+                 const std::function<void(const CopiedTable&)>& onCopied) {
     to.begin();
     for (const Table& table : tables) {
-        copied.push_back(write(table, to));
-        onCopied(copied.back());
+        onCopied(write(table, to));
     }
     to.commit();
-    return copied;
 }
 
 }  // namespace orv

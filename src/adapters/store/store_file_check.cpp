@@ -107,6 +107,11 @@ StoreKind storeKindOf(const std::string& nativePath) {
     return StoreKind::Server;
 }
 
+bool isJetFile(const std::string& nativePath) {
+    refuseUnlessFile(nativePath);
+    return isJet(firstBytes(nativePath));
+}
+
 void requireStoreKind(const std::string& nativePath, StoreKind kind) {
     if (storeKindOf(nativePath) != kind) {
         refuse(kOtherKind);

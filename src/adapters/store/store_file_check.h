@@ -16,4 +16,7 @@ StoreKind storeKindOf(const std::string& nativePath);
 /// The same for who knows one kind only; the other is "DBFILE07" too.
 void requireStoreKind(const std::string& nativePath, StoreKind kind);
 
+/// Whether the file is a database of the older form, which is no store. Failure: as above, "DBFILE01" to "DBFILE04".
+bool isJetFile(const std::string& nativePath);
+
 }  // namespace orv

@@ -1,0 +1,323 @@
+#!/usr/bin/env python3
+"""Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE].
+
+The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
+are. Each table also holds a deleted copy of its first row. With BASE, a file that the real engine of that version has
+made, the tables are added to what is in it.
+"""
+import sqlite3
+import struct
+import sys
+
+NUMBERS = {"bool": (1, ""), "byte": (2, "<B"), "int": (3, "<h"), "long": (4, "<i"), "money": (5, "<q"),
+           "double": (7, "<d"), "datetime": (8, "<d")}
+TEXT, OLE, MEMO = 10, 11, 12
+TYPES = {"text": TEXT, "ole": OLE, "memo": MEMO} | {name: number for name, (number, _) in NUMBERS.items()}
+DECLARED = {"TEXT": "text", "MEMO": "memo", "BOOLEAN": "bool", "SMALLINT": "int", "INTEGER": "long", "DOUBLE": "double",
+            "DATETIME": "datetime"}
+FORMATS = {number: packing for number, packing in NUMBERS.values()}
+DELETED = 0xC000
+
+
+class Layout:
+    """Where the engine's version keeps what."""
+
+    def __init__(self, jet):
+        self.jet4 = jet == 4
+        self.page = 4096 if self.jet4 else 2048
+        self.rows_at = 12 if self.jet4 else 8          # the number of rows in a data page
+        self.table_rows = 16 if self.jet4 else 12      # in a table's page: rows, columns, maps, first column
+        self.table_columns = 45 if self.jet4 else 25
+        self.table_indexes = 51 if self.jet4 else 31
+        self.table_maps = 55 if self.jet4 else 35
+        self.columns_at = 63 if self.jet4 else 43
+        self.index_size = 12 if self.jet4 else 8
+        self.column_size = 25 if self.jet4 else 18
+
+
+def rc4(key, data):
+    state, j, out = list(range(256)), 0, bytearray()
+    for i in range(256):
+        j = (j + state[i] + key[i % len(key)]) % 256
+        state[i], state[j] = state[j], state[i]
+    i = j = 0
+    for byte in data:
+        i = (i + 1) % 256
+        j = (j + state[i]) % 256
+        state[i], state[j] = state[j], state[i]
+        out.append(byte ^ state[(state[i] + state[j]) % 256])
+    return bytes(out)
+
+
+def compressed(units):
+    """Latin letters as one byte each, a zero byte turning to two bytes and back; None where that is not possible."""
+    out, narrow = bytearray(b"\xff\xfe"), True
+    for at in range(0, len(units), 2):
+        low, high = units[at], units[at + 1]
+        if low == 0:
+            return None
+        if (high == 0) != narrow:
+            out.append(0)
+            narrow = not narrow
+        out += bytes([low]) if narrow else bytes([low, high])
+    return bytes(out)
+
+
+class Column:
+    def __init__(self, name, kind, number, fixed_at=0, variable=0, size=0):
+        self.name, self.kind, self.number = name, kind, number
+        self.fixed_at, self.variable = fixed_at, variable
+        self.size = struct.calcsize(FORMATS[kind]) if kind in FORMATS else size
+
+    @property
+    def fixed(self):
+        return self.kind in FORMATS
+
+
+class JetFile:
+    def __init__(self, jet, base=None):
+        self.layout = Layout(jet)
+        size = self.layout.page
+        if base is None:
+            self.pages = [self.first_page(jet), bytearray(size), bytearray(size)]
+            self.add_table("MSysObjects", [["Id", "long"], ["ParentId", "long"], ["Name", "text", 255], ["Type", "int"],
+                                           ["Flags", "long"], ["LvProp", "ole"]], [], page=2)
+        else:
+            self.pages = [bytearray(base[at:at + size]) for at in range(0, len(base) - len(base) % size, size)]
+        self.catalog_page = None
+
+    def first_page(self, jet):
+        page = bytearray(self.layout.page)
+        page[0:20] = b"\x00\x01\x00\x00Standard Jet DB\x00"
+        page[20] = 1 if jet == 4 else 0
+        length = 128 if jet == 4 else 126
+        secret = bytearray(length)
+        struct.pack_into("<H", secret, (0x6E if jet == 4 else 0x3A) - 0x18, 0x411)
+        struct.pack_into("<H", secret, 0x3C - 0x18, 932)
+        page[0x18:0x18 + length] = rc4(b"\xc7\xda\x39\x6b", bytes(secret))
+        return page
+
+    def new_page(self):
+        self.pages.append(bytearray(self.layout.page))
+        return len(self.pages) - 1
+
+    def text(self, value):
+        if isinstance(value, bytes):
+            return value
+        if not self.layout.jet4:
+            return value.encode("cp932")
+        plain = value.encode("utf-16-le")
+        short = compressed(plain)
+        return short if short is not None and len(short) < len(plain) else plain
+
+    # Data pages.
+
+    def data_page(self, owner):
+        number = self.new_page()
+        page = self.pages[number]
+        page[0:2] = b"\x01\x01"
+        page[4:8] = owner
+        return number
+
+    def put_row(self, number, row, flags=0):
+        """The row's place in the page; None where there is no more room."""
+        page, at = self.pages[number], self.layout.rows_at
+        count = struct.unpack_from("<H", page, at)[0]
+        end = struct.unpack_from("<H", page, at + 2 * count)[0] & 0x1FFF if count else self.layout.page
+        start = end - len(row)
+        if start < at + 2 + 2 * (count + 1):
+            return None
+        page[start:end] = row
+        struct.pack_into("<H", page, at + 2 + 2 * count, start | flags)
+        struct.pack_into("<H", page, at, count + 1)
+        struct.pack_into("<H", page, 2, start - at - 4 - 2 * count)
+        return number << 8 | count
+
+    def long_value(self, data):
+        """In the row, in one page, or in a chain of pages, as its length asks."""
+        most = self.layout.page - 200
+        if len(data) <= 64:
+            return struct.pack("<IIi", len(data) | 0x80000000, 0, 0) + data
+        if len(data) <= most:
+            return struct.pack("<IIi", len(data) | 0x40000000, self.put_row(self.data_page(b"LVAL"), data), 0)
+        place = 0
+        for at in reversed(range(0, len(data), most)):
+            place = self.put_row(self.data_page(b"LVAL"), struct.pack("<I", place) + data[at:at + most])
+        return struct.pack("<IIi", len(data), place, 0)
+
+    def row(self, columns, values):
+        fixed, mask = bytearray(), bytearray((len(columns) + 7) // 8)
+        variable = [b""] * sum(not column.fixed for column in columns)
+        for column, value in zip(columns, values):
+            if value is not None and not (column.kind == 1 and not value):
+                mask[column.number // 8] |= 1 << column.number % 8
+            if column.fixed:
+                number = struct.pack(FORMATS[column.kind], value or 0) if column.kind != 1 else b""
+                fixed[column.fixed_at:column.fixed_at + len(number)] = number
+            elif value is not None:
+                data = self.text(value)
+                variable[column.variable] = data if column.kind == TEXT else self.long_value(data)
+        return self.assembled(len(columns), bytes(fixed), variable, bytes(mask))
+
+    def assembled(self, count, fixed, variable, mask):
+        body = struct.pack("<H" if self.layout.jet4 else "<B", count) + fixed
+        offsets = []
+        for data in variable:
+            offsets.append(len(body))
+            body += data
+        offsets.append(len(body))
+        if self.layout.jet4:
+            table = b"".join(struct.pack("<H", offset) for offset in reversed(offsets))
+            return body + table + struct.pack("<H", len(variable)) + mask
+        jumps = 0
+        while (len(body) + len(offsets) + jumps + len(mask)) // 256 > jumps:
+            jumps += 1
+        first = [next((i for i, offset in enumerate(offsets) if offset >= 256 * (jump + 1)), 255)
+                 for jump in range(jumps)]
+        table = bytes(offset % 256 for offset in reversed(offsets))
+        return body + table + bytes(reversed(first)) + bytes([len(variable)]) + mask
+
+    # Tables.
+
+    def add_table(self, name, described, rows, deleted=(), page=None):
+        columns, fixed_at, variable = [], 0, 0
+        for number, (column, kind, *size) in enumerate(described):
+            kind = TYPES[kind]
+            columns.append(Column(column, kind, number, fixed_at, variable, (size or [255])[0]))
+            if kind in FORMATS:
+                fixed_at += columns[-1].size
+            else:
+                variable += 1
+        number = self.new_page() if page is None else page
+        used = self.put_rows(number, columns, rows, deleted)
+        maps = self.usage_maps(number, used)
+        self.put_definition(number, columns, len(rows), maps)
+        if page is None:
+            self.add_object(number, name)
+
+    def put_rows(self, owner, columns, rows, deleted):
+        used = []
+        for flags, some in ((DELETED, deleted), (0, rows)):
+            for values in some:
+                row = self.row(columns, values)
+                if not used or self.put_row(used[-1], row, flags) is None:
+                    used.append(self.data_page(struct.pack("<I", owner)))
+                    if self.put_row(used[-1], row, flags) is None:
+                        raise ValueError("a row is longer than a page")
+        return used
+
+    def usage_maps(self, owner, used):
+        number = self.data_page(struct.pack("<I", owner))
+        first = used[0] if used else 0
+        bits = bytearray(max(64, (used[-1] - first) // 8 + 1 if used else 0))
+        for page in used:
+            bits[(page - first) // 8] |= 1 << (page - first) % 8
+        place = self.put_row(number, struct.pack("<BI", 0, first) + bytes(bits))
+        self.put_row(number, struct.pack("<BI", 0, 0) + bytes(64))
+        return place
+
+    def put_definition(self, number, columns, rows, maps):
+        layout = self.layout
+        body = bytearray(layout.columns_at)
+        struct.pack_into("<I", body, layout.table_rows, rows)
+        variable = sum(not column.fixed for column in columns)
+        struct.pack_into("<BHHH", body, layout.table_columns - 5, 0x4E, len(columns), variable, len(columns))
+        struct.pack_into("<II", body, layout.table_maps, maps, maps + 1)
+        for column in columns:
+            entry = bytearray(layout.column_size)
+            entry[0] = column.kind
+            flags = 3 if column.fixed else 2
+            if layout.jet4:
+                struct.pack_into("<IHHHH", entry, 1, 0x659, column.number, column.variable, column.number, 0x411)
+                struct.pack_into("<BB", entry, 15, flags, 1)
+                struct.pack_into("<HH", entry, 21, column.fixed_at, column.size if column.fixed else 2 * column.size)
+            else:
+                struct.pack_into("<HHHH", entry, 1, column.number, column.variable, column.number, 0x411)
+                struct.pack_into("<BHH", entry, 13, flags, column.fixed_at, column.size)
+            body += entry
+        for column in columns:
+            name = column.name.encode("utf-16-le") if layout.jet4 else column.name.encode("cp932")
+            body += struct.pack("<H" if layout.jet4 else "<B", len(name)) + name
+        body += b"\xff\xff"
+        struct.pack_into("<I", body, 8, len(body))
+        self.put_over_pages(number, bytes(body))
+
+    def put_over_pages(self, number, body):
+        size = self.layout.page
+        self.pages[number][:] = body[:size].ljust(size, b"\0")
+        self.pages[number][0:4] = b"\x02\x01VC"
+        rest = body[size:]
+        while rest:
+            following = self.new_page()
+            struct.pack_into("<I", self.pages[number], 4, following)
+            self.pages[following][:] = (b"\x02\x01VC\0\0\0\0" + rest[:size - 8]).ljust(size, b"\0")
+            number, rest = following, rest[size - 8:]
+
+    # The catalog.
+
+    def catalog_columns(self):
+        """The columns of MSysObjects as its definition, of one page in every file seen, tells them."""
+        layout, page = self.layout, self.pages[2]
+        count = struct.unpack_from("<H", page, layout.table_columns)[0]
+        indexes = struct.unpack_from("<I", page, layout.table_indexes)[0]
+        at = layout.columns_at + indexes * layout.index_size
+        names_at = at + count * layout.column_size
+        columns = []
+        for _ in range(count):
+            if layout.jet4:
+                number, variable = struct.unpack_from("<HH", page, at + 5)
+                fixed_at = struct.unpack_from("<H", page, at + 21)[0]
+                length = struct.unpack_from("<H", page, names_at)[0]
+                name = bytes(page[names_at + 2:names_at + 2 + length]).decode("utf-16-le")
+                names_at += 2 + length
+            else:
+                number, variable = struct.unpack_from("<HH", page, at + 1)
+                fixed_at = struct.unpack_from("<H", page, at + 14)[0]
+                length = page[names_at]
+                name = bytes(page[names_at + 1:names_at + 1 + length]).decode("ascii")
+                names_at += 1 + length
+            columns.append(Column(name, page[at], number, fixed_at, variable))
+            at += layout.column_size
+        return sorted(columns, key=lambda column: column.number)
+
+    def add_object(self, number, name):
+        values = {"Id": number, "ParentId": 0x0F000001, "Name": name, "Type": 1, "Flags": 0}
+        columns = self.catalog_columns()
+        row = self.row(columns, [values.get(column.name) for column in columns])
+        if self.catalog_page is None or self.put_row(self.catalog_page, row) is None:
+            self.catalog_page = self.data_page(struct.pack("<I", 2))
+            self.put_row(self.catalog_page, row)
+            self.mark_used(2, self.catalog_page)
+        told = struct.unpack_from("<I", self.pages[2], self.layout.table_rows)[0]
+        struct.pack_into("<I", self.pages[2], self.layout.table_rows, told + 1)
+
+    def mark_used(self, table, number):
+        place = struct.unpack_from("<I", self.pages[table], self.layout.table_maps)[0]
+        page, row = self.pages[place >> 8], place & 0xFF
+        start = struct.unpack_from("<H", page, self.layout.rows_at + 2 + 2 * row)[0] & 0x1FFF
+        end = struct.unpack_from("<H", page, self.layout.rows_at + 2 * row)[0] & 0x1FFF if row else self.layout.page
+        first = struct.unpack_from("<I", page, start + 1)[0]
+        if first == 0 and not any(page[start + 5:end]):
+            struct.pack_into("<I", page, start + 1, first := number)
+        at = start + 5 + (number - first) // 8
+        if page[start] != 0 or not start < at < end:
+            raise ValueError("the base's map of pages does not reach so far")
+        page[at] |= 1 << (number - first) % 8
+
+    def write(self, path):
+        with open(path, "wb") as file:
+            file.write(b"".join(self.pages))
+
+
+def main():
+    store, version, path = sqlite3.connect(sys.argv[1]), int(sys.argv[2]), sys.argv[3]
+    base = open(sys.argv[4], "rb").read() if len(sys.argv) > 4 else None
+    jet = JetFile(version, base)
+    for (name,) in store.execute("SELECT name FROM sqlite_schema WHERE type = 'table'").fetchall():
+        described = [[column[1], DECLARED[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]
+        rows = store.execute(f"SELECT * FROM {name}").fetchall()
+        jet.add_table(name, described, rows, rows[:1])
+    jet.write(path)
+
+
+main()

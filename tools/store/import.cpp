@@ -1,0 +1,62 @@
+#include "adapters/sqlite/sqlite_files.h"
+#include "adapters/store/store_file_check.h"
+#include "jet_import.h"
+#include "store_sql.h"
+
+namespace orv {
+namespace {
+
+/// The engine that wrote the file keeps another one beside it as long as someone has it open.
+void requireAtRest(const std::string& path) {
+    for (const char* ending : {".ldb", ".LDB"}) {
+        const std::string beside = std::filesystem::path(path).replace_extension(ending);
+        if (stands(beside)) {
+            throw KeeperFailure(beside +
+                                " tells that the file is in use: close the old programs, or remove it when "
+                                "none of them runs");
+        }
+    }
+}
+
+std::vector<Table> tablesIn(const Options& options, Report& report) {
+    if (!isJetFile(options.store)) {
+        throw KeeperFailure(options.store + ": is no Jet file");
+    }
+    requireAtRest(options.store);
+    progress(options, options.store + ": reading");
+    const JetFile file = readJetFile(options.store, {kOfficeTables.begin(), kOfficeTables.end()});
+    return officeTablesOf(file, options, report);
+}
+
+void fillNewFile(const std::vector<Table>& tables, const Options& options, Report& report) {
+    makeWhole(options.other, [&](const std::string& beside) {
+        makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
+        writeTables(tables, *openStore(beside), telling(options, report));
+    });
+}
+
+}  // namespace
+
+Report importJet(const Options& options) {
+    Report report;
+    report.facts = {{"source", options.store},
+                    {"found", nlohmann::ordered_json::array()},
+                    {"findings", nlohmann::ordered_json::array()}};
+    const bool fillsStore = !options.other.empty() && stands(options.other);
+    if (fillsStore) {
+        requireMayFill(options.other, options);
+    }
+    const std::vector<Table> tables = tablesIn(options, report);
+    if (options.other.empty()) {
+        return report;
+    }
+    report.facts["target"] = options.other;
+    if (fillsStore) {
+        writeTables(tables, *openStore(options.other), telling(options, report));
+    } else {
+        fillNewFile(tables, options, report);
+    }
+    return report;
+}
+
+}  // namespace orv

@@ -1,0 +1,198 @@
+#include "jet_file.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstring>
+#include <fstream>
+
+#include "jet_reader.h"
+#include "keeper.h"
+
+namespace orv {
+namespace {
+
+constexpr ::rlim_t kSeconds = 60;
+constexpr ::rlim_t kMemory = ::rlim_t{512} << 20U;  // beside what this program has at its start
+constexpr std::size_t kMost = std::size_t{512} << 20U;
+constexpr std::size_t kHead = 5;
+
+::rlim_t memoryInUse() {
+    ::rlim_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages * static_cast<::rlim_t>(::sysconf(_SC_PAGESIZE));
+}
+
+void limit(int what, ::rlim_t most) {
+    const ::rlimit both{most, most};
+    ::setrlimit(static_cast<decltype(RLIMIT_CPU)>(what), &both);
+}
+
+[[noreturn]] void readInChild(const std::string& path, const std::vector<std::string>& tables, int descriptor) {
+    limit(RLIMIT_CPU, kSeconds);
+    limit(RLIMIT_AS, memoryInUse() + kMemory);
+    limit(RLIMIT_FSIZE, 0);
+    limit(RLIMIT_CORE, 0);
+    ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);  // the library's own words
+    sendJetTables(path, tables, descriptor);
+    ::_exit(0);
+}
+
+/// The process that reads, and what it sends.
+class Reading {
+public:
+    Reading(const std::string& path, const std::vector<std::string>& tables) {
+        std::array<int, 2> ends{};
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+            throw KeeperFailure(std::string("no pipe: ") + std::strerror(errno));
+        }
+        input_ = ends[0];
+        child_ = ::fork();
+        if (child_ == 0) {
+            readInChild(path, tables, ends[1]);
+        }
+        ::close(ends[1]);
+        if (child_ < 0) {
+            throw KeeperFailure(std::string("no second process: ") + std::strerror(errno));
+        }
+    }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+    ~Reading() {
+        ::close(input_);
+        if (child_ > 0) {
+            ::kill(child_, SIGKILL);
+            ::waitpid(child_, nullptr, 0);
+        }
+    }
+
+    /// Everything, when the process has ended well.
+    std::string all() {
+        std::string bytes;
+        std::array<char, 65536> piece{};
+        for (ssize_t got = 1; got != 0;) {
+            got = ::read(input_, piece.data(), piece.size());
+            if (got < 0 && errno != EINTR) {
+                throw KeeperFailure(std::string("reading: ") + std::strerror(errno));
+            }
+            bytes.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+            if (bytes.size() > kMost) {
+                throw KeeperFailure("damaged: it yields more than a file of its kind can hold");
+            }
+        }
+        requireGoodEnd();
+        return bytes;
+    }
+
+private:
+    void requireGoodEnd() {
+        int status = 0;
+        while (::waitpid(child_, &status, 0) < 0 && errno == EINTR) {
+        }
+        child_ = -1;
+        if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL)) {
+            throw KeeperFailure("damaged: reading it did not end in " + std::to_string(kSeconds) + " seconds");
+        }
+        if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+            throw KeeperFailure("damaged: reading it broke off");
+        }
+    }
+
+    int input_ = -1;
+    ::pid_t child_ = -1;
+};
+
+/// Takes the frames apart, and trusts nothing that they say.
+class Frames {
+public:
+    explicit Frames(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    JetFile file() {
+        while (next()) {
+            take();
+        }
+        if (kind_ != JetFrame::End) {
+            throw KeeperFailure("damaged: reading it broke off");
+        }
+        return std::move(file_);
+    }
+
+private:
+    bool next() {
+        const std::string_view rest = std::string_view(bytes_).substr(at_);
+        std::uint32_t length = 0;
+        if (rest.size() < kHead) {
+            return false;
+        }
+        kind_ = static_cast<JetFrame>(rest[0]);
+        std::memcpy(&length, rest.data() + 1, sizeof length);
+        content_ = rest.substr(kHead, length);
+        at_ += kHead + content_.size();
+        return content_.size() == length && kind_ != JetFrame::End;
+    }
+
+    void take() {
+        switch (kind_) {
+            case JetFrame::Version:
+                file_.version = firstByte();
+                break;
+            case JetFrame::Table:
+                file_.tables.push_back({.name = std::string(content_), .columns = {}, .rows = {}});
+                break;
+            case JetFrame::Rows:
+                std::from_chars(content_.data(), content_.data() + content_.size(), table().told);
+                break;
+            case JetFrame::Column:
+                table().columns.push_back({std::string(content_.substr(1)), static_cast<JetType>(firstByte())});
+                break;
+            case JetFrame::Row:
+                table().rows.emplace_back();
+                break;
+            case JetFrame::Null:
+                takeCell(JetCell::State::Null);
+                break;
+            case JetFrame::Bytes:
+                takeCell(JetCell::State::Held);
+                break;
+            case JetFrame::Unread:
+                takeCell(JetCell::State::Unread);
+                break;
+            case JetFrame::Broken:
+                ++table().broken;
+                break;
+            case JetFrame::Refusal:
+            case JetFrame::End:
+                throw KeeperFailure("damaged: " + std::string(content_));
+        }
+    }
+
+    JetTable& table() { return file_.tables.at(file_.tables.size() - 1); }
+    void takeCell(JetCell::State state) {
+        table().rows.at(table().rows.size() - 1).push_back({state, std::string(content_)});
+    }
+    char firstByte() const { return std::string(content_).at(0); }
+
+    std::string bytes_;
+    std::size_t at_ = 0;
+    JetFrame kind_ = JetFrame::Version;
+    std::string_view content_;
+    JetFile file_;
+};
+
+}  // namespace
+
+JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables) {
+    try {
+        return Frames(Reading(path, tables).all()).file();
+    } catch (const KeeperFailure& failure) {
+        throw KeeperFailure(path + ": " + failure.what());
+    }
+}
+
+}  // namespace orv

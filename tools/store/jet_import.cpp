@@ -1,0 +1,194 @@
+#include "jet_import.h"
+
+#include <algorithm>
+#include <set>
+
+#include "adapters/store/ascii_fold.h"
+#include "adapters/text/cp932.h"
+#include "jet_value.h"
+#include "office_schema.h"
+
+namespace orv {
+namespace {
+
+/// Without these three a file holds no company that opens.
+constexpr std::size_t kCompanyTables = 3;
+/// Codes that only this system's lists have; a file without them gets running numbers.
+constexpr auto kNumbered = std::to_array<std::string_view>({"ITEM_CODE", "TIKU_CODE"});
+constexpr int kCodeLength = 4;
+
+class TableImport {
+public:
+    TableImport(const char* name, std::vector<OfficeColumn> wanted, const JetFile& file, const Options& options,
+                Report& report)
+        : name_(name),
+          wanted_(std::move(wanted)),
+          values_(file.version, codePage_),
+          options_(options),
+          report_(report) {
+        const auto isIt = [&](const JetTable& table) { return equalWithoutCase(table.name, name); };
+        const auto found = std::ranges::find_if(file.tables, isIt);
+        source_ = found == file.tables.end() ? nullptr : &*found;
+    }
+
+    /// Nothing where the file has no such table, or not with the columns that its rows need.
+    std::vector<Table> run() {
+        if (source_ == nullptr) {
+            tell("", "no such table; what the store has stays");
+            return {};
+        }
+        requireWhole();
+        if (!matchColumns()) {
+            return {};
+        }
+        Table table{name_, {}, {}};
+        for (const Match& match : matches_) {
+            table.columns.push_back(match.column.name);
+        }
+        for (std::size_t row = 0; row < source_->rows.size(); ++row) {
+            takeRow(row, table.rows);
+        }
+        const std::size_t refused = source_->rows.size() - table.rows.size();
+        report_.facts["found"].push_back({{"name", name_}, {"rows", source_->rows.size()}, {"refused", refused}});
+        report_.say(name_ + ": " + std::to_string(source_->rows.size()) + " rows, " + std::to_string(refused) +
+                    " refused");
+        return {std::move(table)};
+    }
+
+private:
+    struct Match {
+        OfficeColumn column;
+        const JetColumn* from;  // nullptr: a running number
+        std::size_t place;
+    };
+
+    void tell(const std::string& row, const std::string& what) {
+        report_.ending = Ending::Findings;
+        report_.facts["findings"].push_back({{"table", name_}, {"row", row}, {"what", what}});
+        report_.say(name_ + (row.empty() ? "" : " " + row) + ": " + what);
+    }
+
+    void requireWhole() {
+        const std::size_t held = source_->rows.size();
+        if (source_->broken == 0 && held >= source_->told) {
+            return;
+        }
+        const std::string what = "damaged: " + std::to_string(held) + " of " + std::to_string(source_->told) +
+                                 " rows can be read, " + std::to_string(source_->broken) + " rows or pages can't";
+        if (!options_.salvage) {
+            throw KeeperFailure(name_ + ": " + what + "; --salvage takes what can be read");
+        }
+        tell("", what);
+    }
+
+    bool matchColumns() {
+        for (const OfficeColumn& column : wanted_) {
+            const auto isIt = [&](const JetColumn& there) { return equalWithoutCase(there.name, column.name); };
+            const auto found = std::ranges::find_if(source_->columns, isIt);
+            if (found != source_->columns.end()) {
+                matches_.push_back({column, &*found, static_cast<std::size_t>(found - source_->columns.begin())});
+            } else if (std::ranges::find(kNumbered, column.name) != kNumbered.end()) {
+                matches_.push_back({column, nullptr, 0});
+                tell("", "no column " + column.name + "; the rows are numbered");
+            } else if (column.isRequired) {
+                tell("", "no column " + column.name + ", which each row needs; what the store has stays");
+                return false;
+            } else {
+                tell("", "no column " + column.name + "; left empty");
+            }
+        }
+        tellUnknownColumns();
+        return true;
+    }
+
+    void tellUnknownColumns() {
+        for (const JetColumn& there : source_->columns) {
+            const auto isIt = [&](const OfficeColumn& column) { return equalWithoutCase(column.name, there.name); };
+            if (std::ranges::none_of(wanted_, isIt)) {
+                tell("", "the store has no column " + there.name + "; not taken");
+            }
+        }
+    }
+
+    void takeRow(std::size_t number, std::vector<Values>& rows) {
+        Values row;
+        std::string key;
+        std::vector<std::string> notes;
+        std::string refused;
+        for (const Match& match : matches_) {
+            TakenValue taken = valueOf(match, number);
+            if (match.column.isKey) {
+                key += (key.empty() ? "" : "/") + (taken.value.isNull() ? "" : toText(taken.value));
+            }
+            if (refused.empty()) {
+                refused = whyRefused(match.column, taken);
+            }
+            if (!taken.noted.empty()) {
+                notes.push_back(match.column.name + " " + taken.noted);
+            }
+            row.push_back(std::move(taken.value));
+        }
+        const std::string label = "row " + std::to_string(number + 1) + (key.empty() ? "" : " (" + key + ")");
+        if (refused.empty() && !key.empty() && !keys_.insert(key).second) {
+            refused = "its key is there already";
+        }
+        if (!refused.empty()) {
+            tell(label, "refused: " + refused);
+            return;
+        }
+        for (const std::string& note : notes) {
+            tell(label, note);
+        }
+        rows.push_back(std::move(row));
+    }
+
+    TakenValue valueOf(const Match& match, std::size_t row) const {
+        if (match.from != nullptr) {
+            return values_.take(source_->rows[row].at(match.place), match.from->type, match.column);
+        }
+        const std::string digits = std::to_string(row + 1);
+        const std::size_t zeros = kCodeLength - std::min<std::size_t>(digits.size(), kCodeLength);
+        return {.value = std::string(zeros, '0') + digits, .refused = {}, .noted = {}};
+    }
+
+    static std::string whyRefused(const OfficeColumn& column, TakenValue& taken) {
+        if (!taken.refused.empty()) {
+            return column.name + " " + taken.refused;
+        }
+        const bool isEmpty = taken.value.isNull() || (column.isKey && taken.value == Value(""));
+        if (isEmpty && column.isRequired) {
+            return column.name + " is empty";
+        }
+        if (taken.value.isNull() && column.kind == ColumnKind::Flag) {
+            taken.value = false;
+        }
+        return {};
+    }
+
+    std::string name_;
+    std::vector<OfficeColumn> wanted_;
+    const JetTable* source_ = nullptr;
+    const Cp932 codePage_;
+    JetValues values_;
+    const Options& options_;
+    Report& report_;
+    std::vector<Match> matches_;
+    std::set<std::string> keys_;
+};
+
+}  // namespace
+
+std::vector<Table> officeTablesOf(const JetFile& file, const Options& options, Report& report) {
+    std::vector<Table> tables;
+    const std::vector<std::vector<OfficeColumn>> columns = officeColumns();
+    for (std::size_t i = 0; i < kOfficeTables.size(); ++i) {
+        std::vector<Table> found = TableImport(kOfficeTables[i], columns[i], file, options, report).run();
+        if (found.empty() && i < kCompanyTables) {
+            throw KeeperFailure(std::string(kOfficeTables[i]) + ": not in the file, or without USER_ID");
+        }
+        std::ranges::move(found, std::back_inserter(tables));
+    }
+    return tables;
+}
+
+}  // namespace orv

@@ -1,0 +1,159 @@
+#include "jet_value.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <optional>
+#include <string_view>
+
+#include "platform/utf8.h"
+
+namespace orv {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t kMiddleDot = 0x30FB;  // what the code page gives for bytes that are no character
+constexpr std::string_view kCompressed = "\xFF\xFE";
+constexpr double kSmallest = std::numeric_limits<std::int32_t>::min();
+constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
+
+bool isText(JetType type) { return type == JetType::Text || type == JetType::Memo; }
+
+template <typename Number>
+std::optional<double> numberIn(const std::string& bytes) {
+    Number number{};
+    if (bytes.size() != sizeof number) {
+        return std::nullopt;
+    }
+    std::memcpy(&number, bytes.data(), sizeof number);
+    return static_cast<double>(number);
+}
+
+std::optional<double> numberOf(const std::string& bytes, JetType type) {
+    switch (type) {
+        case JetType::Flag:
+        case JetType::Byte:
+            return numberIn<std::uint8_t>(bytes);
+        case JetType::Int:
+            return numberIn<std::int16_t>(bytes);
+        case JetType::Long:
+            return numberIn<std::int32_t>(bytes);
+        case JetType::Double:
+            return numberIn<double>(bytes);
+        default:
+            return std::nullopt;
+    }
+}
+
+std::optional<double> numberWritten(const std::string& digits) {
+    std::int64_t number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    const bool isWhole = error == std::errc() && end == digits.data() + digits.size();
+    return isWhole ? std::optional(static_cast<double>(number)) : std::nullopt;
+}
+
+/// Texts may hold each Latin character as one byte; a zero byte turns to two bytes for each, and back.
+std::string expanded(std::string_view bytes) {
+    if (!bytes.starts_with(kCompressed)) {
+        return std::string(bytes);
+    }
+    std::string units;
+    bool isNarrow = true;
+    for (std::size_t at = kCompressed.size(); at < bytes.size();) {
+        if (bytes[at] == '\0') {
+            isNarrow = !isNarrow;
+            ++at;
+        } else if (isNarrow) {
+            units.append({bytes[at++], '\0'});
+        } else {
+            units.append(bytes.substr(at, 2));
+            at += 2;
+        }
+    }
+    return units;
+}
+
+std::u32string fromUtf16(std::string_view bytes) {
+    const auto unitAt = [&](std::size_t at) -> char32_t {
+        return at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at]) +
+                                           (static_cast<char32_t>(static_cast<unsigned char>(bytes[at + 1])) << 8U)
+                                     : 0;
+    };
+    std::u32string characters;
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        const char32_t unit = unitAt(at);
+        const char32_t next = unitAt(at + 2);
+        if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+            characters += 0x10000 + ((unit - 0xD800) << 10U) + (next - 0xDC00);
+            at += 2;
+        } else {
+            characters += unit >= 0xD800 && unit < 0xE000 ? kReplacement : unit;
+        }
+    }
+    return characters;
+}
+
+TakenValue refused(std::string why) { return {.value = {}, .refused = std::move(why), .noted = {}}; }
+
+}  // namespace
+
+TakenValue JetValues::take(const JetCell& cell, JetType type, const OfficeColumn& column) const {
+    if (cell.state == JetCell::State::Unread) {
+        return column.isRequired ? refused("can't be read")
+                                 : TakenValue{.value = {}, .refused = {}, .noted = "can't be read: left empty"};
+    }
+    if (cell.state == JetCell::State::Null) {
+        return {};
+    }
+    if (column.kind == ColumnKind::Text) {
+        return text(cell, type, column);
+    }
+    TakenValue taken = number(cell, type);
+    if (taken.refused.empty() && column.kind == ColumnKind::Flag) {
+        taken.value = taken.value != Value(0);
+    }
+    return taken;
+}
+
+JetText JetValues::textOf(const std::string& bytes) const {
+    std::u32string characters = version_ == 3 ? toCharacters(codePage_.decode(bytes)) : fromUtf16(expanded(bytes));
+    std::ranges::replace(characters, U'\0', kReplacement);  // which no store can hold
+    JetText text{.text = toUtf8(characters), .isWhole = characters.find(kReplacement) == std::u32string::npos};
+    if (version_ == 3 && characters.find(kMiddleDot) != std::u32string::npos) {
+        text.isWhole = codePage_.encode(text.text) == bytes;
+    }
+    return text;
+}
+
+TakenValue JetValues::text(const JetCell& cell, JetType type, const OfficeColumn& column) const {
+    if (!isText(type)) {
+        const std::optional<double> number = type == JetType::Double ? std::nullopt : numberOf(cell.bytes, type);
+        return number
+                   ? TakenValue{.value = std::to_string(static_cast<std::int64_t>(*number)), .refused = {}, .noted = {}}
+                   : refused("is of a type that is no text");
+    }
+    const JetText whole = textOf(cell.bytes);
+    TakenValue taken{.value = whole.text, .refused = {}, .noted = {}};
+    if (!whole.isWhole) {
+        taken.noted = "holds what is no character; taken with another in its place";
+    } else if (column.longest > 0 && codePage_.encode(whole.text).size() > column.longest) {
+        taken.noted = "is longer than the " + std::to_string(column.longest) + " bytes of its field; taken whole";
+    }
+    return taken;
+}
+
+TakenValue JetValues::number(const JetCell& cell, JetType type) const {
+    const std::optional<double> number =
+        isText(type) ? numberWritten(textOf(cell.bytes).text) : numberOf(cell.bytes, type);
+    if (!number || *number != std::floor(*number)) {
+        return refused("is no whole number");
+    }
+    if (*number < kSmallest || *number > kLargest) {
+        return refused("is out of range");
+    }
+    return {.value = static_cast<std::int64_t>(*number), .refused = {}, .noted = {}};
+}
+
+}  // namespace orv
