@@ -2,7 +2,7 @@
 """Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE].
 
 The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
-are. Each table also holds a deleted copy of its first row. With BASE, a file that the real engine of that version has
+are, and a column with a long text becomes one of long texts. Each table also holds a deleted copy of its first row. With BASE, a file that the real engine of that version has
 made, the tables are added to what is in it.
 """
 import sqlite3
@@ -314,8 +314,11 @@ def main():
     base = open(sys.argv[4], "rb").read() if len(sys.argv) > 4 else None
     jet = JetFile(version, base)
     for (name,) in store.execute("SELECT name FROM sqlite_schema WHERE type = 'table'").fetchall():
-        described = [[column[1], DECLARED[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]
         rows = store.execute(f"SELECT * FROM {name}").fetchall()
+        described = [[column[1], DECLARED[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]
+        for place, column in enumerate(described):
+            if any(isinstance(row[place], str) and len(row[place]) > 255 for row in rows):
+                column[1] = "memo"
         jet.add_table(name, described, rows, rows[:1])
     jet.write(path)
 

@@ -1,73 +1,18 @@
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
-#include <nlohmann/json.hpp>
-
-#include "private_server.h"
-#include "support/store_files.h"
+#include "store_tool/store_tool_fixture.h"
 
 namespace orv {
 namespace {
 
-struct Outcome {
-    int ending;
-    std::string out, err;
-};
-
-class StoreTool : public ::testing::Test {
-protected:
-    static PrivateServer& server() {
-        static PrivateServer shared;
-        return shared;
-    }
-
-    /// `before`: what the shell does first, such as setting limits.
-    Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
-        writeFile(folder.file("in"), input);
-        const std::string command = "cd '" + folder.path().string() + "' && (" + before + "exec '" STORE_TOOL "' " +
-                                    arguments + ") <in >out 2>err";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(folder.file("out")),
-                readFile(folder.file("err"))};
-    }
-    nlohmann::json json(const std::string& arguments) const {
-        return nlohmann::json::parse(tool(arguments + " --json").out, nullptr, false);
-    }
-    /// A file that names a database of the server, made new for it.
-    std::string onServer(const std::string& name, const std::string& createdFrom) const {
-        server().sql("postgres", "DROP DATABASE IF EXISTS " + name);
-        server().sql("postgres", "CREATE DATABASE " + name + " TEMPLATE " + createdFrom);
-        writeFile(folder.file(name), server().text(name) + "\n");
-        return name;
-    }
-    std::vector<std::string> names() const {
-        std::vector<std::string> all;
-        for (const auto& [name, bytes] : folder.contents()) {
-            if (name != "in" && name != "out" && name != "err") {
-                all.push_back(name);
-            }
-        }
-        return all;
-    }
-    bool matches(const Outcome& run, const std::string& word) const {
-        return run.out.find(word) != std::string::npos || run.err.find(word) != std::string::npos;
-    }
-
-    const TempFolder folder;
-    const std::string office = makeSampleStore(folder.file("office"));
-};
-
 TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
     for (const char* arguments : {"", "nonsense", "create", "check", "check office other", "unlock office",
-                                  "copy office", "check office --colour", "backup office"}) {
+                                  "copy office", "check office --colour", "backup office", "import", "import a b c"}) {
         const Outcome run = tool(arguments);
         EXPECT_EQ(run.ending, 2) << arguments;
         EXPECT_NE(run.err, "") << arguments;
     }
     const Outcome help = tool("--help");
     EXPECT_EQ(help.ending, 0);
-    for (const char* command : {"create", "check", "unlock", "backup", "restore", "copy"}) {
+    for (const char* command : {"create", "check", "unlock", "backup", "restore", "copy", "import"}) {
         EXPECT_TRUE(matches(help, command)) << command;
         EXPECT_EQ(tool(std::string(command) + " --help").ending, 0);
     }
@@ -212,14 +157,15 @@ TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
     runSql(office, "UPDATE TBL_CUSTOMER_INFO SET COMPANY_NAME = 'other'");
     writeFile(folder.file("target"), readFile(makeSampleStore(folder.file("first"))));
     const std::string target = readFile(folder.file("target"));
+    makeJet(4);
     const auto before = json("check target");
     onServer("busy", "sample");
     const std::string asked = server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO");
     // No file grows beyond a few KB: an error for the one, the end of the process for the other.
     for (const std::string limit : {"trap '' XFSZ; ulimit -f 16; ", "ulimit -c 0; ulimit -f 16; "}) {
-        for (const std::string arguments :
-             {"create new", "backup office new", "copy office new", "restore new office", "copy busy new",
-              "restore target office --yes", "copy office target --replace"}) {
+        for (const std::string arguments : {"create new", "backup office new", "copy office new", "restore new office",
+                                            "copy busy new", "import old.mdb new", "restore target office --yes",
+                                            "copy office target --replace", "import old.mdb target --replace"}) {
             EXPECT_NE(tool(arguments, limit).ending, 0) << arguments;
             EXPECT_FALSE(std::filesystem::exists(folder.file("new"))) << arguments;
             EXPECT_EQ(json("check target"), before) << arguments;
@@ -229,6 +175,51 @@ TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
     EXPECT_EQ(tool("copy office new").ending, 0) << "what an interrupted run left is in nobody's way";
     EXPECT_EQ(server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO"), asked);
     EXPECT_FALSE(std::filesystem::exists(folder.file("new.partial")));
+}
+
+TEST_F(StoreTool, KilledAtWhateverMomentItHasFilledTheServerOrNotTouchedIt) {
+    onServer("target", "sample");
+    server().sql("target", "UPDATE TBL_CUSTOMER_INFO SET COMPANY_NAME = 'before'");
+    makeJet(4);
+    const auto untouched = json("copy target before")["tables"];
+    const auto whole = json("copy office after")["tables"];
+    for (const char* seconds : {"0.01", "0.02", "0.04", "0.06", "0.09"}) {
+        for (const char* arguments : {"copy office target --replace", "import old.mdb target --replace"}) {
+            tool(arguments, "timeout -s KILL " + std::string(seconds) + " ");
+            std::filesystem::remove(folder.file("now"));
+            const auto now = json("copy target now")["tables"];
+            EXPECT_TRUE(now == untouched || now == whole) << seconds << " " << arguments << now;
+        }
+    }
+}
+
+TEST_F(StoreTool, WithoutRightsNothingIsReadOrChanged) {
+    namespace fs = std::filesystem;
+    // The keeper of files may do all; not so without these powers.
+    const std::string powerless = ::geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
+    makeJet(4);
+    writeFile(folder.file("secret"), readFile(office));
+    writeFile(folder.file("in"), "");
+    writeFile(folder.file("out"), "");
+    writeFile(folder.file("err"), "");
+    fs::permissions(folder.file("secret"), fs::perms::none);
+    fs::permissions(office, fs::perms::owner_read);
+    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    const auto before = names();
+    for (const char* arguments :
+         {"check secret", "backup secret new", "copy secret new", "restore office secret --yes", "import secret",
+          "create new", "backup office new", "copy office new", "import old.mdb new", "unlock office FRONT-PC02 --yes",
+          "restore office office --yes", "import old.mdb office --replace"}) {
+        const Outcome run = tool(arguments, powerless);
+        EXPECT_EQ(run.ending, 3) << arguments << run.out;
+        EXPECT_NE(run.err.find("orv_store: "), std::string::npos) << arguments << run.err;
+        EXPECT_EQ(names(), before) << arguments;
+    }
+    EXPECT_EQ(tool("check office", powerless).ending, 1) << "what may be read is";
+    for (const std::string& locked : {folder.path().string(), folder.file("secret")}) {
+        fs::permissions(locked, fs::perms::owner_all);
+    }
+    EXPECT_EQ(readFile(office), readFile(folder.file("secret")));
 }
 
 }  // namespace

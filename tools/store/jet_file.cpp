@@ -162,6 +162,7 @@ private:
                 break;
             case JetFrame::Unread:
                 takeCell(JetCell::State::Unread);
+                ++table().broken;
                 break;
             case JetFrame::Broken:
                 ++table().broken;

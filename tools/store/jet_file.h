@@ -35,7 +35,7 @@ struct JetTable {
     std::vector<JetColumn> columns;
     std::vector<std::vector<JetCell>> rows;
     std::size_t told = 0;    // the rows that the table itself says that it has; less than there are after a crash
-    std::size_t broken = 0;  // rows and pages that can't be read
+    std::size_t broken = 0;  // values, rows and pages that can't be read
 };
 
 struct JetFile {

@@ -74,7 +74,8 @@ private:
             return;
         }
         const std::string what = "damaged: " + std::to_string(held) + " of " + std::to_string(source_->told) +
-                                 " rows can be read, " + std::to_string(source_->broken) + " rows or pages can't";
+                                 " rows can be read, " + std::to_string(source_->broken) +
+                                 " values, rows or pages can't";
         if (!options_.salvage) {
             throw KeeperFailure(name_ + ": " + what + "; --salvage takes what can be read");
         }

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+
+#include "private_server.h"
+#include "support/store_files.h"
+
+namespace orv {
+
+struct Outcome {
+    int ending;
+    std::string out, err;
+};
+
+class StoreTool : public ::testing::Test {
+protected:
+    static PrivateServer& server() {
+        static PrivateServer shared;
+        return shared;
+    }
+
+    /// `before`: what the shell does first, such as setting limits, or a command that runs the tool.
+    Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
+        writeFile(folder.file("in"), input);
+        const std::string command =
+            "cd '" + folder.path().string() + "' && (" + before + "'" STORE_TOOL "' " + arguments + ") <in >out 2>err";
+        const int status = std::system(command.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(folder.file("out")),
+                readFile(folder.file("err"))};
+    }
+    nlohmann::json json(const std::string& arguments) const {
+        return nlohmann::json::parse(tool(arguments + " --json").out, nullptr, false);
+    }
+    /// A file that names a database of the server, made new for it.
+    std::string onServer(const std::string& name, const std::string& createdFrom) const {
+        server().sql("postgres", "DROP DATABASE IF EXISTS " + name);
+        server().sql("postgres", "CREATE DATABASE " + name + " TEMPLATE " + createdFrom);
+        writeFile(folder.file(name), server().text(name) + "\n");
+        return name;
+    }
+    /// What is in `office`, as a file of that version of the older engine.
+    void makeJet(int version) const {
+        const std::string command = "python3 '" JET_WRITER "' '" + office + "' " + std::to_string(version) + " '" +
+                                    folder.file("old.mdb") + "'";
+        ASSERT_EQ(std::system(command.c_str()), 0);
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> all;
+        for (const auto& [name, bytes] : folder.contents()) {
+            if (name != "in" && name != "out" && name != "err") {
+                all.push_back(name);
+            }
+        }
+        return all;
+    }
+    bool matches(const Outcome& run, const std::string& word) const {
+        return run.out.find(word) != std::string::npos || run.err.find(word) != std::string::npos;
+    }
+
+    const TempFolder folder;
+    const std::string office = makeSampleStore(folder.file("office"));
+};
+
+}  // namespace orv
