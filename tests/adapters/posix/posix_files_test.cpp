@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <map>
 #include <utility>
@@ -100,6 +101,19 @@ TEST_F(PosixFilesTest, WhatADeadRunLeftGoesWithTheNextCopyAndNothingElse) {
         EXPECT_EQ(office.countIn("C/D"), 5) << "the three, the notes, and the one that is being written";
     }
     EXPECT_EQ(office.bytesOf("C/D/.orv-notes"), "of the clerk");
+}
+
+TEST_F(PosixFilesTest, ALinkThatSomebodyHasPutThereLeadsNowhere) {
+    const std::string folder = office.root() + "/C/D/";
+    const std::string name = ".orv-" + std::to_string(::getpid()) + "-";
+    for (int i = 1; i < 500; ++i) {
+        ::symlink("b.txt", (folder + name + std::to_string(i) + ".tmp").c_str());
+        ::symlink("not there", (folder + name + std::to_string(500 + i) + ".tmp").c_str());
+    }
+    files.copy("C:\\D\\a.txt", "C:\\D\\copy");
+    EXPECT_EQ(office.bytesOf("C/D/copy"), "alpha");
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    EXPECT_FALSE(office.has("C/D/not there"));
 }
 
 TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
