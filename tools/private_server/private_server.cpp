@@ -1,6 +1,8 @@
 #include "private_server.h"
 
 #include <fcntl.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -53,6 +55,18 @@ void sendAll(const fs::path& folder, int signal) {
     for (const pid_t process : serverProcesses(folder)) {
         ::kill(process, signal);
     }
+}
+
+int freePort() {
+    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* const place = reinterpret_cast<sockaddr*>(&address);
+    require(::bind(socket, place, size) == 0 && ::getsockname(socket, place, &size) == 0, "no free port");
+    ::close(socket);
+    return ntohs(address.sin_port);
 }
 
 /// Ends what runs in the folder, and the folder.
@@ -139,7 +153,7 @@ void PrivateServer::run(const std::string& command) const {
 }
 
 std::string PrivateServer::text(const std::string& database) const {
-    return "host=" + folder_.string() + " user=" + kOwner + " dbname=" + database;
+    return "host=" + folder_.string() + " port=" + std::to_string(port_) + " user=" + kOwner + " dbname=" + database;
 }
 
 std::string PrivateServer::sql(const std::string& database, const std::string& sql) const {
@@ -153,6 +167,23 @@ std::string PrivateServer::storeFile() {
     sql("postgres", "CREATE DATABASE " + name + " TEMPLATE sample");
     std::ofstream(folder_ / name) << text(name) << "\n";
     return (folder_ / name).string();
+}
+
+void PrivateServer::listen() {
+    stop("fast");
+    const std::string request = "openssl req -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -subj ";
+    for (const std::string name : {"authority", "stranger"}) {
+        run(request + "/CN=" + name + " -x509 -days 2 -keyout " + name + ".key -out " + name + ".pem");
+    }
+    run(request + "/CN=localhost -keyout data/server.key -out server.csr");
+    run("openssl x509 -req -in server.csr -CA authority.pem -CAkey authority.key -CAcreateserial -days 2"
+        " -out data/server.crt");
+    port_ = freePort();
+    std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
+        << "ssl = on\nlisten_addresses = '127.0.0.1'\nport = " << port_ << "\n";
+    const std::string rules = contentOf(folder_ / "data/pg_hba.conf");
+    std::ofstream(folder_ / "data/pg_hba.conf") << "hostnossl all all 127.0.0.1/32 reject\n" << rules;
+    start();
 }
 
 void PrivateServer::start() const { run("pg_ctl -D data -l server.log -w -s start"); }

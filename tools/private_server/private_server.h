@@ -30,6 +30,11 @@ public:
     /// A copy of `sample` under a name of its own; its text is written into a file, whose path is returned.
     std::string storeFile();
 
+    /// From now on also on 127.0.0.1, at a free port, for those only who speak TLS: with a certificate for `localhost`
+    /// of an authority of its own. `authority.pem`, and `stranger.pem` of another one, are in the folder.
+    void listen();
+    int port() const { return port_; }
+
     void start() const;
     /// `mode`: fast (sessions are told) or immediate (as in a crash).
     void stop(const std::string& mode) const;
@@ -49,6 +54,7 @@ private:
     int watch_ = -1;
     pid_t watcher_ = -1;
     int stores_ = 0;
+    int port_ = 5432;  // without `listen` the name of the socket only
 };
 
 }  // namespace orv

@@ -3,53 +3,19 @@
 #include <libpq-fe.h>
 #include <poll.h>
 
-#include <algorithm>
-#include <cerrno>
-#include <cstdlib>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-#include "adapters/postgres/postgres_failure.h"
-
 namespace orv {
 namespace {
 
-constexpr Refusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
-constexpr Refusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
-                                 "データベースのサーバーがパスワードを求めています。"
-                                 "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
 constexpr Refusal kEncoding{"DBCONN05", Failure::InvalidCall,
                             "サーバーのデータベースの文字コードがUTF8ではありません。"};
 constexpr Refusal kCut{"DBCONN06", Failure::ConnectionFailed,
                        "データベースのサーバーとの接続が切れました。書き込み中の内容は取り消されます。"};
 constexpr Refusal kSilent{"DBCONN07", Failure::TimedOut,
                           "データベースのサーバーから応答がありません。書き込み中の内容は取り消されます。"};
-
-// A host that is gone is noticed by the network itself, where the settings do not say otherwise.
-const ServerSettings kNetworkDefaults = {{"fallback_application_name", "company_information"},
-                                         {"keepalives_idle", "5"},
-                                         {"keepalives_interval", "2"},
-                                         {"keepalives_count", "3"},
-                                         {"tcp_user_timeout", "10000"}};
-
-/// One setting as it stands after services and the environment have been asked; empty where none is made.
-std::string settledOn(PGconn* connection, std::string_view name) {
-    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(PQconninfo(connection), PQconninfoFree);
-    for (const PQconninfoOption* option = options.get(); option != nullptr && option->keyword != nullptr; ++option) {
-        if (option->keyword == name && option->val != nullptr) {
-            return option->val;
-        }
-    }
-    return {};
-}
-
-/// The time for all hosts of a list together.
-std::chrono::milliseconds openingTime(PGconn* connection, std::chrono::milliseconds usual) {
-    const std::string hosts = settledOn(connection, "host");
-    const long seconds = std::strtol(settledOn(connection, "connect_timeout").c_str(), nullptr, 10);
-    return (seconds > 0 ? std::chrono::seconds(seconds) : usual) * (1 + std::ranges::count(hosts, ','));
-}
 
 struct TextOf {
     std::optional<std::string> operator()(Null) const { return std::nullopt; }
@@ -72,54 +38,14 @@ void sayNothing(void*, const char*) {}
 
 void ResultClearer::operator()(pg_result* result) const noexcept { PQclear(result); }
 
-void ServerLink::Closer::operator()(pg_conn* connection) const noexcept { PQfinish(connection); }
-
 ServerLink::ServerLink(const ServerSettings& settings, const ServerPatience& patience)
-    : patience_(patience), whyCut_(&kCut) {
-    start(settings);
+    : connection_(openServer(settings, patience.connect)), patience_(patience), whyCut_(&kCut) {
     PGconn* connection = connection_.get();
-    letIn(Clock::now() + openingTime(connection, patience.connect));
+    PQsetnonblocking(connection, 1);
     PQsetNoticeProcessor(connection, sayNothing, nullptr);
     const char* encoding = PQparameterStatus(connection, "server_encoding");
     if (encoding != nullptr && std::string_view(encoding) != "UTF8") {
         refuse(kEncoding, encoding);
-    }
-}
-
-void ServerLink::start(const ServerSettings& settings) {
-    ServerSettings all = settings;
-    all.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
-    all["client_encoding"] = "UTF8";
-    std::vector<const char*> names;
-    std::vector<const char*> values;
-    for (const auto& [name, value] : all) {
-        names.push_back(name.c_str());
-        values.push_back(value.c_str());
-    }
-    names.push_back(nullptr);
-    values.push_back(nullptr);
-    connection_.reset(PQconnectStartParams(names.data(), values.data(), 0));
-    if (connection_ == nullptr) {
-        throw RunTimeError(Failure::OutOfMemory);
-    }
-    PQsetErrorVerbosity(connection_.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
-}
-
-void ServerLink::letIn(Clock::time_point deadline) {
-    PGconn* connection = connection_.get();
-    PostgresPollingStatusType next = PGRES_POLLING_WRITING;
-    while (PQstatus(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
-        if (!wait(next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
-            refuse(kNotInTime);
-        }
-        next = PQconnectPoll(connection);
-    }
-    if (PQstatus(connection) == CONNECTION_OK) {
-        PQsetnonblocking(connection, 1);
-    } else if (PQconnectionNeedsPassword(connection) != 0) {
-        refuse(kNeedsPassword);
-    } else {
-        throw openingFailure(PQerrorMessage(connection));
     }
 }
 
@@ -171,7 +97,7 @@ bool ServerLink::flushed(Clock::time_point deadline) {
     PGconn* connection = connection_.get();
     int left = PQflush(connection);
     while (left == 1) {
-        if (!wait(POLLIN | POLLOUT, deadline)) {
+        if (!waitForWire(connection, POLLIN | POLLOUT, deadline)) {
             cut(kSilent);
             return false;
         }
@@ -183,25 +109,13 @@ bool ServerLink::flushed(Clock::time_point deadline) {
 /// The next result of the answer; null behind the last one, and where the wire was cut.
 ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && PQisBusy(connection_.get()) != 0) {
-        if (!wait(POLLIN, deadline)) {
+        if (!waitForWire(connection_.get(), POLLIN, deadline)) {
             cut(kSilent);
         } else if (PQconsumeInput(connection_.get()) == 0) {
             break;
         }
     }
     return ServerResult(connection_ == nullptr ? nullptr : PQgetResult(connection_.get()));
-}
-
-/// False when the time is over.
-bool ServerLink::wait(short events, Clock::time_point deadline) {
-    while (true) {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
-        pollfd wire{PQsocket(connection_.get()), events, 0};
-        const int ready = left.count() <= 0 ? 0 : ::poll(&wire, 1, static_cast<int>(left.count()));
-        if (ready >= 0 || errno != EINTR) {
-            return ready > 0;
-        }
-    }
 }
 
 void ServerLink::cut(const Refusal& why) {

@@ -4,11 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "adapters/postgres/server_text.h"
+#include "adapters/postgres/server_opening.h"
 #include "adapters/store/store_failure.h"
 #include "platform/value.h"
 
-struct pg_conn;
 struct pg_result;
 
 namespace orv {
@@ -44,19 +43,13 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    struct Closer {
-        void operator()(pg_conn* connection) const noexcept;
-    };
 
-    void start(const ServerSettings& settings);
-    void letIn(Clock::time_point deadline);
     ServerResult answer(bool sent);
     bool flushed(Clock::time_point deadline);
     ServerResult nextResult(Clock::time_point deadline);
-    bool wait(short events, Clock::time_point deadline);
     void cut(const Refusal& why);
 
-    std::unique_ptr<pg_conn, Closer> connection_;
+    ServerConnection connection_;
     ServerPatience patience_;
     const Refusal* whyCut_;
 };

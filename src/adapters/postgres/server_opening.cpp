@@ -1,0 +1,198 @@
+#include "adapters/postgres/server_opening.h"
+
+#include <libpq-fe.h>
+#include <poll.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <future>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "adapters/postgres/postgres_failure.h"
+
+namespace orv {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr Refusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
+constexpr Refusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
+                                 "データベースのサーバーがパスワードを求めています。"
+                                 "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
+
+// With these a list of hosts goes on to the next one; what a server has decided stands for all of them.
+constexpr auto kTryNext = std::to_array<std::string_view>({"DBCONN02", "DB57P03"});
+
+// A host that is gone is noticed by the network itself, where the settings do not say otherwise.
+const ServerSettings kNetworkDefaults = {{"fallback_application_name", "company_information"},
+                                         {"keepalives_idle", "5"},
+                                         {"keepalives_interval", "2"},
+                                         {"keepalives_count", "3"},
+                                         {"tcp_user_timeout", "10000"}};
+
+ServerConnection start(const ServerSettings& settings) {
+    ServerSettings all = settings;
+    all.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
+    all["client_encoding"] = "UTF8";
+    std::vector<const char*> names;
+    std::vector<const char*> values;
+    for (const auto& [name, value] : all) {
+        names.push_back(name.c_str());
+        values.push_back(value.c_str());
+    }
+    names.push_back(nullptr);
+    values.push_back(nullptr);
+    ServerConnection connection(PQconnectStartParams(names.data(), values.data(), 0));
+    if (connection == nullptr) {
+        throw RunTimeError(Failure::OutOfMemory);
+    }
+    PQsetErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
+    return connection;
+}
+
+/// One setting as it stands after services and the environment have been asked; empty where none is made.
+std::string settledOn(PGconn* connection, std::string_view name) {
+    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(PQconninfo(connection), PQconninfoFree);
+    for (const PQconninfoOption* option = options.get(); option != nullptr && option->keyword != nullptr; ++option) {
+        if (option->keyword == name && option->val != nullptr) {
+            return option->val;
+        }
+    }
+    return {};
+}
+
+std::vector<std::string> listed(const std::string& text) {
+    std::vector<std::string> parts{""};
+    for (const char c : text) {
+        c == ',' ? static_cast<void>(parts.emplace_back()) : parts.back().push_back(c);
+    }
+    return parts;
+}
+
+/// False when the host was not done in time; else it has let us in or said why not.
+bool letIn(PGconn* connection, Clock::time_point deadline) {
+    PostgresPollingStatusType next = PGRES_POLLING_WRITING;
+    while (PQstatus(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
+        if (!waitForWire(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
+            return false;
+        }
+        next = PQconnectPoll(connection);
+    }
+    return true;
+}
+
+StoreFailure failureOf(const Refusal& refusal) {
+    return {refusal.number, std::string(refusal.code), std::string(refusal.text)};
+}
+
+/// The hosts one after the other. The library itself would give its first host all the time that there is.
+class Opening {
+public:
+    Opening(ServerSettings settings, std::chrono::milliseconds patience)
+        : settings_(std::move(settings)), patience_(patience) {
+        allow();
+    }
+
+    ServerConnection run() {
+        ServerConnection connection = start(settings_);
+        const long seconds = std::strtol(settledOn(connection.get(), "connect_timeout").c_str(), nullptr, 10);
+        patience_ = seconds > 0 ? std::chrono::seconds(seconds) : patience_;
+        const std::vector<ServerSettings> hosts = hostsOf(connection.get());
+        for (std::size_t host = 0; host < hosts.size(); ++host) {
+            allow();
+            if (hosts.size() > 1) {
+                connection = start(hosts[host]);
+            }
+            const bool isInTime = letIn(connection.get(), deadline_.load());
+            if (isInTime && PQstatus(connection.get()) == CONNECTION_OK) {
+                return connection;
+            }
+            const StoreFailure failure = whyNot(connection.get(), isInTime);
+            const bool mayGoOn = !isInTime || std::ranges::find(kTryNext, failure.code()) != kTryNext.end();
+            if (!mayGoOn || host + 1 == hosts.size()) {
+                throw failure;
+            }
+        }
+        throw failureOf(kNotInTime);
+    }
+
+    /// When the host that is being tried has had its time.
+    Clock::time_point deadline() const { return deadline_.load(); }
+
+private:
+    void allow() { deadline_.store(Clock::now() + patience_); }
+
+    static StoreFailure whyNot(PGconn* connection, bool isInTime) {
+        return !isInTime                                    ? failureOf(kNotInTime)
+               : PQconnectionNeedsPassword(connection) != 0 ? failureOf(kNeedsPassword)
+                                                            : openingFailure(PQerrorMessage(connection));
+    }
+
+    /// The settings for each host alone. A standby that is only preferred is looked for on all of them first.
+    std::vector<ServerSettings> hostsOf(PGconn* all) const {
+        const auto names = listed(settledOn(all, "host"));
+        const auto addresses = listed(settledOn(all, "hostaddr"));
+        std::vector<ServerSettings> hosts;
+        for (std::size_t place = 0; place < std::max(names.size(), addresses.size()); ++place) {
+            hosts.push_back(hostAt(all, place));
+        }
+        if (settledOn(all, "target_session_attrs") == "prefer-standby") {
+            std::vector<ServerSettings> anyOf = hosts;
+            std::ranges::for_each(hosts, [](ServerSettings& host) { host["target_session_attrs"] = "standby"; });
+            std::ranges::for_each(anyOf, [](ServerSettings& host) { host["target_session_attrs"] = "any"; });
+            std::ranges::move(anyOf, std::back_inserter(hosts));
+        }
+        return hosts;
+    }
+
+    ServerSettings hostAt(PGconn* all, std::size_t place) const {
+        ServerSettings host = settings_;
+        for (const char* name : {"host", "hostaddr", "port"}) {
+            const std::vector<std::string> values = listed(settledOn(all, name));
+            host[name] = values[std::min(place, values.size() - 1)];  // one port stands for all
+        }
+        return host;
+    }
+
+    ServerSettings settings_;
+    std::chrono::milliseconds patience_;
+    std::atomic<Clock::time_point> deadline_;
+};
+
+}  // namespace
+
+void ConnectionCloser::operator()(pg_conn* connection) const noexcept { PQfinish(connection); }
+
+bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
+    while (true) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        pollfd wire{PQsocket(connection), events, 0};
+        const int ready = left.count() <= 0 ? 0 : ::poll(&wire, 1, static_cast<int>(left.count()));
+        if (ready >= 0 || errno != EINTR) {
+            return ready > 0;
+        }
+    }
+}
+
+ServerConnection openServer(const ServerSettings& settings, std::chrono::milliseconds patience) {
+    // Looking up a name can't be broken off. Who does it is left to itself then, and closes what it still opens.
+    const auto opening = std::make_shared<Opening>(settings, patience);
+    std::packaged_task<ServerConnection()> task([opening] { return opening->run(); });
+    std::future<ServerConnection> opened = task.get_future();
+    std::thread(std::move(task)).detach();
+    constexpr std::chrono::milliseconds kGrace{100};
+    while (opened.wait_until(opening->deadline() + kGrace) != std::future_status::ready) {
+        if (Clock::now() > opening->deadline() + kGrace) {
+            refuse(kNotInTime);
+        }
+    }
+    return opened.get();
+}
+
+}  // namespace orv
