@@ -1,7 +1,5 @@
-#include <cmath>
 #include <cstdio>
 
-#include "adapters/pictures/quality_map.h"
 #include "bench.h"
 #include "measured_process.h"
 #include "pictures_bench.h"
@@ -71,42 +69,6 @@ void report(const std::string& name, const std::string& command, const std::stri
 
 }  // namespace
 
-orv::PictureSize fittedSize(int width, int height, orv::PictureSize within) {
-    const double rateHeight = static_cast<double>(height) / within.height;
-    const double rateWidth = static_cast<double>(width) / within.width;
-    if (rateHeight <= 1 && rateWidth <= 1) {
-        return {width, height};
-    }
-    const auto part = [](int limit, int side, int other) {
-        return static_cast<int>(std::nearbyint(static_cast<double>(limit) * side / other));
-    };
-    return rateHeight <= rateWidth ? orv::PictureSize{within.width, part(within.width, height, width)}
-                                   : orv::PictureSize{part(within.height, width, height), within.height};
-}
-
-int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit) {
-    const PlainPaths paths;
-    const orv::PictureFiles pictures(paths);
-    const orv::PictureInfo info = pictures.info(source);
-    const auto picture = pictures.load(source, within);
-    const orv::PictureSize size = fittedSize(info.width, info.height, within);
-    picture->size(size.width, size.height);
-    const auto fits = [&](int factor) {
-        picture->save(target, info.format, info.bits, factor);
-        return static_cast<std::uintmax_t>(pictures.info(target).sizeDisk) <= limit;
-    };
-    fits(orv::kBestQuality);
-    int below = 1;
-    int found = orv::kSmallestQuality;
-    fits(found);
-    while (found - below > 1) {
-        const int middle = (below + found) / 2;
-        (fits(middle) ? found : below) = middle;
-    }
-    fits(found);
-    return found;
-}
-
 void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program) {
     const PlainPaths paths;
     for (const auto& photo : photosIn(photos)) {
@@ -123,11 +85,11 @@ void fit(const std::filesystem::path& photos, const std::filesystem::path& work,
                                              floorOf(photo, {info.width, info.height});
                                          }));
             const std::string sizes = std::to_string(size.width) + "x" + std::to_string(size.height);
-            const Measured startUp = measured(program + " nothing");
+            const Measured startUp = measured(program);
             std::printf("  %-26s %7.0f ms %6.0f MB, of ours\n", "start of a process", startUp.milliseconds,
                         startUp.megabytes);
-            report("ours", program + " one " + photo.string() + " " + target + " 640 480 " + std::to_string(limit),
-                   target, reference);
+            report("ours", program + " " + photo.string() + " " + target + " 640 480 " + std::to_string(limit), target,
+                   reference);
             for (const Peer& peer : kPeers) {
                 report(
                     peer.name,

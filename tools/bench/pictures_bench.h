@@ -27,13 +27,14 @@ public:
 /// The pictures of the folder, by name.
 std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder);
 
-/// What the program does with a photo that is too large: inside `within`, then the ten saves of the search for `limit`
+/// What the program does with a JPEG file that is too large: inside `within`, then the ten saves of the search for `limit`
 /// bytes. The factor found.
 int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit);
 
 /// The size of a picture once it is inside `within`.
 orv::PictureSize fittedSize(int width, int height, orv::PictureSize within);
 
+/// `program`: fits one, in its own process.
 void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program);
 void thumb(const std::filesystem::path& photos);
 /// Every factor of every photo: how often a file grew as the factor rose, and where. Whether the search finds the best

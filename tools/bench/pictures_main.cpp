@@ -1,6 +1,4 @@
 // bench_pictures fit|thumb|factors PHOTOS WORK: the photos are *.jpg of the folder PHOTOS.
-// bench_pictures nothing: what a process costs that does nothing.
-// bench_pictures one SOURCE TARGET WIDTH HEIGHT LIMIT: one photo, for a process of its own.
 #include <algorithm>
 #include <iostream>
 
@@ -23,16 +21,14 @@ std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder)
 
 int main(int argc, char* argv[]) {
     const std::vector<std::string> given(argv + 1, argv + argc);
-    if (given.size() == 6 && given[0] == "one") {
-        bench::fitted(given[1], given[2], {std::stoi(given[3]), std::stoi(given[4])}, std::stoul(given[5]));
-    } else if (given.size() == 3 && given[0] == "fit") {
+    if (given.size() == 3 && given[0] == "fit") {
         // One of the peers takes a relative place as one beside the photo.
-        bench::fit(given[1], std::filesystem::absolute(given[2]), argv[0]);
+        bench::fit(given[1], std::filesystem::absolute(given[2]), FIT_ONE);
     } else if (given.size() == 3 && given[0] == "thumb") {
         bench::thumb(given[1]);
     } else if (given.size() == 3 && given[0] == "factors") {
         bench::factors(given[1], given[2]);
-    } else if (given != std::vector<std::string>{"nothing"}) {
+    } else {
         std::cerr << "bench_pictures fit|thumb|factors PHOTOS WORK\n";
         return 2;
     }

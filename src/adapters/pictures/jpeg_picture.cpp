@@ -73,8 +73,9 @@ private:
 
     JpegImage uprightAt(int width, int height) const {
         const PictureSize size = stored(width, height);
-        const Bitmap small = resampled(image_.bitmap, size.width, size.height);
-        return {turned(small, orientation_), image_.colours, image_.adobe, image_.profile};
+        Bitmap small = resampled(image_.bitmap, size.width, size.height);
+        return {orientation_ == 1 ? std::move(small) : turned(small, orientation_), image_.colours, image_.adobe,
+                image_.profile};
     }
 
     const FileSystem& files_;

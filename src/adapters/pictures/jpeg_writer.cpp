@@ -46,9 +46,17 @@ private:
     unsigned long size_ = 0;
 };
 
-std::vector<unsigned> entriesOf(const jpeg_compress_struct& info) {
+/// The library's tables without a scale.
+void setBasicTables(jpeg_compress_struct& info) {
+    constexpr int kBasic = 100;
+    jpeg_set_linear_quality(&info, kBasic, TRUE);
+}
+
+std::vector<unsigned> basicEntries() {
+    Compressor compressor;
+    compressor.guarded([&compressor] { setBasicTables(compressor.info()); });
     std::vector<unsigned> entries;
-    for (const JQUANT_TBL* table : std::span(info.quant_tbl_ptrs)) {
+    for (const JQUANT_TBL* table : std::span(compressor.info().quant_tbl_ptrs)) {
         if (table != nullptr) {
             entries.insert(entries.end(), std::begin(table->quantval), std::end(table->quantval));
         }
@@ -56,60 +64,76 @@ std::vector<unsigned> entriesOf(const jpeg_compress_struct& info) {
     return entries;
 }
 
-void scaleTables(jpeg_compress_struct& info, int quality) {
-    constexpr int kBasic = 100;
-    jpeg_set_linear_quality(&info, kBasic, TRUE);
-    static const auto kSteps = realSteps(entriesOf(info));
-    const double scale = tableScale(kSteps[static_cast<std::size_t>(quality)]);
+void setTables(jpeg_compress_struct& info, int quality) {
+    setBasicTables(info);
+    const double scale = tableScale(quality);
     for (JQUANT_TBL* table : std::span(info.quant_tbl_ptrs)) {
-        if (table != nullptr) {
-            for (UINT16& entry : table->quantval) {
-                entry = static_cast<UINT16>(scaledEntry(entry, scale));
-            }
+        for (std::size_t place = 0; table != nullptr && place < kTableEntries; ++place) {
+            UINT16& entry = table->quantval[place];
+            entry = static_cast<UINT16>(scaledEntry(place, entry, scale));
         }
     }
 }
 
-constexpr int kBlock = DCTSIZE;
-
 int filledUp(int side, int unit) { return (side + unit - 1) / unit * unit; }
 
-/// One channel, at half its size or whole, its last places repeated up to the edge of the blocks.
-Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit, bool halved) {
-    const int shrink = halved ? 2 : 1;
-    const int count = shrink * shrink;
-    Bitmap plane = blankBitmap(filledUp(source.width, unit) / shrink, filledUp(source.height, unit) / shrink, 1);
+/// One channel, its last places repeated up to the edge of the units.
+Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit) {
+    Bitmap plane = blankBitmap(filledUp(source.width, unit), filledUp(source.height, unit), 1);
     for (int y = 0; y < plane.height; ++y) {
+        const std::uint8_t* sample = source.row(std::min(y, source.height - 1)) + channel;
         std::uint8_t* target = plane.row(y);
-        for (int x = 0; x < plane.width; ++x) {
-            int sum = count / 2;
-            for (int i = 0; i < count; ++i) {
-                const int line = std::min(y * shrink + i / shrink, source.height - 1);
-                const int column = std::min(x * shrink + i % shrink, source.width - 1);
-                sum += source.row(line)[static_cast<std::size_t>(column) * source.channels + channel];
-            }
-            *target++ = static_cast<std::uint8_t>(sum / count);
+        for (int x = 0; x < source.width; ++x, sample += source.channels) {
+            target[x] = *sample;
         }
+        std::fill(target + source.width, target + plane.width, target[source.width - 1]);
     }
     return plane;
+}
+
+Bitmap halved(const Bitmap& plane) {
+    Bitmap half = blankBitmap(plane.width / 2, plane.height / 2, 1);
+    for (int y = 0; y < half.height; ++y) {
+        const std::uint8_t* upper = plane.row(2 * y);
+        const std::uint8_t* lower = plane.row(2 * y + 1);
+        std::uint8_t* target = half.row(y);
+        for (int x = 0; x < half.width; ++x) {
+            target[x] =
+                static_cast<std::uint8_t>((upper[2 * x] + upper[2 * x + 1] + lower[2 * x] + lower[2 * x + 1] + 2) / 4);
+        }
+    }
+    return half;
 }
 
 /// Whether these colours have channels of half the size; as the library sets it.
 bool halvesColours(J_COLOR_SPACE colours) { return colours == JCS_YCbCr || colours == JCS_YCCK; }
 
-/// Hands one row of blocks of every plane to the library.
-void writeBlocks(jpeg_compress_struct& info, const std::vector<Bitmap>& planes, int blockRow) {
-    std::array<std::array<JSAMPROW, kBlock * 2>, MAX_COMPONENTS> rows{};
-    std::array<JSAMPARRAY, MAX_COMPONENTS> data{};
-    for (std::size_t i = 0; i < planes.size(); ++i) {
-        const int count = kBlock * info.comp_info[i].v_samp_factor;
-        for (int y = 0; y < count; ++y) {
-            // The library only reads, but does not say so.
-            rows[i][static_cast<std::size_t>(y)] = const_cast<JSAMPROW>(planes[i].row(blockRow * count + y));
-        }
-        data[i] = rows[i].data();
+/// The finest of several files is the largest; more than one of this size is not kept.
+constexpr std::size_t kLargestKept = 1 << 20;
+
+using Arrays = std::array<jvirt_barray_ptr, MAX_COMPONENTS>;
+
+/// Asks the library for room, whole units of blocks for each plane.
+Arrays arraysFor(jpeg_compress_struct& info, const FrequencyPlane* planes) {
+    Arrays arrays{};
+    auto* common = reinterpret_cast<j_common_ptr>(&info);
+    for (int i = 0; i < info.num_components; ++i) {
+        const FrequencyPlane& plane = planes[i];
+        arrays[static_cast<std::size_t>(i)] = info.mem->request_virt_barray(
+            common, JPOOL_IMAGE, FALSE, static_cast<JDIMENSION>(plane.blocksAcross),
+            static_cast<JDIMENSION>(plane.blocksDown), static_cast<JDIMENSION>(info.comp_info[i].v_samp_factor));
     }
-    jpeg_write_raw_data(&info, data.data(), static_cast<JDIMENSION>(kBlock * info.max_v_samp_factor));
+    return arrays;
+}
+
+void fill(jpeg_compress_struct& info, jvirt_barray_ptr array, const FrequencyPlane& plane, const Quantiser& quantiser) {
+    for (int down = 0; down < plane.blocksDown; ++down) {
+        JBLOCKROW row = info.mem->access_virt_barray(reinterpret_cast<j_common_ptr>(&info), array,
+                                                     static_cast<JDIMENSION>(down), 1, TRUE)[0];
+        for (int across = 0; across < plane.blocksAcross; ++across) {
+            quantiser.quantise(plane.block(across, down), row[across]);
+        }
+    }
 }
 
 }  // namespace
@@ -123,11 +147,25 @@ JpegWriter::JpegWriter(const JpegImage& image)
     const bool halves = halvesColours(colours_);
     for (std::size_t channel = 0; channel < image.bitmap.channels; ++channel) {
         const bool isColour = channel == 1 || channel == 2;
-        planes_.push_back(planeOf(image.bitmap, channel, halves ? kBlock * 2 : kBlock, halves && isColour));
+        const Bitmap plane = planeOf(image.bitmap, channel, halves ? kBlockSide * 2 : kBlockSide);
+        planes_.push_back(frequenciesOf(halves && isColour ? halved(plane) : plane));
     }
 }
 
-Bytes JpegWriter::written(int quality) const {
+const Bytes& JpegWriter::written(int quality) {
+    static const auto kSteps = realSteps(basicEntries());
+    const int step = kSteps[static_cast<std::size_t>(quality)];
+    const auto known = written_.find(step);
+    if (known != written_.end()) {
+        return known->second;
+    }
+    if (!written_.empty() && written_.begin()->second.size() > kLargestKept) {
+        written_.clear();
+    }
+    return written_[step] = encoded(step);
+}
+
+Bytes JpegWriter::encoded(int quality) const {
     Compressor compressor;
     jpeg_compress_struct& info = compressor.info();
     info.image_width = static_cast<JDIMENSION>(width_);
@@ -138,15 +176,17 @@ Bytes JpegWriter::written(int quality) const {
         jpeg_set_defaults(&info);
         jpeg_set_colorspace(&info, colours_);
         info.write_Adobe_marker = adobe_ || colours_ == JCS_YCCK ? TRUE : FALSE;
-        scaleTables(info, quality);
-        info.raw_data_in = TRUE;
+        setTables(info, quality);
         info.optimize_coding = TRUE;
-        jpeg_start_compress(&info, TRUE);
+        Arrays arrays = arraysFor(info, planes_.data());
+        jpeg_write_coefficients(&info, arrays.data());
         if (!profile_.empty()) {
             jpeg_write_icc_profile(&info, profile_.data(), static_cast<unsigned>(profile_.size()));
         }
-        for (int blockRow = 0; info.next_scanline < info.image_height; ++blockRow) {
-            writeBlocks(info, planes_, blockRow);
+        for (int i = 0; i < info.num_components; ++i) {
+            const auto place = static_cast<std::size_t>(i);
+            const JQUANT_TBL* table = info.quant_tbl_ptrs[info.comp_info[i].quant_tbl_no];
+            fill(info, arrays[place], planes_[place], Quantiser(table->quantval));
         }
         jpeg_finish_compress(&info);
     });

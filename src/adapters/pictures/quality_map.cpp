@@ -15,8 +15,8 @@ constexpr double kRealStep = 0.05;
 /// most of what they have.
 double coarseness(const std::vector<unsigned>& basics, double scale) {
     double sum = 0;
-    for (const unsigned basic : basics) {
-        sum += std::log(scaledEntry(basic, scale)) / basic;
+    for (std::size_t i = 0; i < basics.size(); ++i) {
+        sum += std::log(scaledEntry(i % kTableEntries, basics[i], scale)) / basics[i];
     }
     return sum;
 }
@@ -29,8 +29,9 @@ double tableScale(int quality) {
     return kFinest * std::pow(kCoarsest / kFinest, part);
 }
 
-unsigned scaledEntry(unsigned basic, double scale) {
-    return static_cast<unsigned>(std::clamp(std::floor(basic * scale + 0.5), 1.0, 255.0));
+unsigned scaledEntry(std::size_t place, unsigned basic, double scale) {
+    const double coarsest = place == 0 ? 192 : 255;
+    return static_cast<unsigned>(std::clamp(std::floor(basic * scale + 0.5), 1.0, coarsest));
 }
 
 std::array<int, kSmallestQuality + 1> realSteps(const std::vector<unsigned>& basics) {

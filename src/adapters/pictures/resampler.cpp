@@ -3,9 +3,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <numbers>
 #include <utility>
+
+// What is worth it is compiled for wider vector units too, and the program takes what the machine has. Not where
+// other tools watch the program: they would have to follow that choice.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#define ORV_WIDE_VECTORS [[gnu::target_clones("default", "avx2")]]
+#else
+#define ORV_WIDE_VECTORS
+#endif
 
 namespace orv {
 namespace {
@@ -41,12 +50,27 @@ Taps tapsAt(int place, int from, int to) {
     return taps;
 }
 
-void addTo(std::vector<float>& sums, const std::vector<float>& line, float weight) {
-    float* sum = sums.data();
-    const float* value = line.data();
-    for (std::size_t i = 0; i < sums.size(); ++i) {
-        sum[i] += weight * value[i];
+/// So many rows at a time, so that the sums are read and written less often.
+constexpr std::size_t kRowsAtOnce = 4;
+
+template <typename Sample>
+using Rows = std::array<const Sample*, kRowsAtOnce>;
+using Weights = std::array<float, kRowsAtOnce>;
+
+template <typename Sample>
+inline void addTo(float* sums, std::size_t count, Rows<Sample> rows, Weights weights) {
+    for (std::size_t i = 0; i < count; ++i) {
+        sums[i] += weights[0] * static_cast<float>(rows[0][i]) + weights[1] * static_cast<float>(rows[1][i]) +
+                   weights[2] * static_cast<float>(rows[2][i]) + weights[3] * static_cast<float>(rows[3][i]);
     }
+}
+
+ORV_WIDE_VECTORS void addRowsTo(float* sums, std::size_t count, Rows<std::uint8_t> rows, Weights weights) {
+    addTo(sums, count, rows, weights);
+}
+
+ORV_WIDE_VECTORS void addRowsTo(float* sums, std::size_t count, Rows<std::uint16_t> rows, Weights weights) {
+    addTo(sums, count, rows, weights);
 }
 
 template <typename Sample>
@@ -54,21 +78,37 @@ Sample rounded(float value) {
     return static_cast<Sample>(std::clamp(value + 0.5F, 0.0F, static_cast<float>(std::numeric_limits<Sample>::max())));
 }
 
-/// The number of channels is known to the compiler, so that a pixel's sums stay in registers.
-template <std::size_t Channels, typename Sample>
-void blendPlaces(const std::vector<Taps>& columns, const float* sums, Sample* target) {
+/// As many channels as a pixel can have, in one vector unit.
+using Pixel [[gnu::vector_size(16)]] = float;
+constexpr std::size_t kMostChannels = sizeof(Pixel) / sizeof(float);
+
+Pixel pixelAt(const float* source) {
+    Pixel pixel;
+    std::memcpy(&pixel, source, sizeof pixel);
+    return pixel;
+}
+
+/// A pixel of fewer channels has those of the next one beside it; behind the last pixel there is room for them. Two
+/// sums, since one would wait for itself.
+Pixel blended(const Taps& taps, std::size_t channels, const float* sums) {
+    const float* source = sums + static_cast<std::size_t>(taps.first) * channels;
+    const std::size_t count = taps.weights.size();
+    Pixel even{};
+    Pixel odd{};
+    std::size_t at = 0;
+    for (; at + 1 < count; at += 2, source += 2 * channels) {
+        even += taps.weights[at] * pixelAt(source);
+        odd += taps.weights[at + 1] * pixelAt(source + channels);
+    }
+    return at < count ? even + odd + taps.weights[at] * pixelAt(source) : even + odd;
+}
+
+/// Each pixel writes over what the one before it had too many.
+void blendPlaces(const std::vector<Taps>& columns, std::size_t channels, const float* sums, float* line) {
     for (const Taps& taps : columns) {
-        std::array<float, Channels> pixel{};
-        const float* source = sums + static_cast<std::size_t>(taps.first) * Channels;
-        for (const float weight : taps.weights) {
-            for (std::size_t c = 0; c < Channels; ++c) {
-                pixel[c] += weight * source[c];
-            }
-            source += Channels;
-        }
-        for (const float value : pixel) {
-            *target++ = rounded<Sample>(value);
-        }
+        const Pixel pixel = blended(taps, channels, sums);
+        std::memcpy(line, &pixel, sizeof pixel);
+        line += channels;
     }
 }
 
@@ -81,7 +121,8 @@ Resampler<Sample>::Resampler(PictureSize from, PictureSize to, std::size_t chann
       channels_(channels),
       sink_(std::move(sink)),
       next_(tapsAt(0, from.height, to.height)),
-      line_(static_cast<std::size_t>(from.width) * channels),
+      sums_(static_cast<std::size_t>(from.width) * channels + kMostChannels),
+      line_(static_cast<std::size_t>(to.width) * channels + kMostChannels),
       target_(static_cast<std::size_t>(to.width) * channels) {
     for (int x = 0; x < to.width; ++x) {
         columns_.push_back(tapsAt(x, from.width, to.width));
@@ -89,42 +130,62 @@ Resampler<Sample>::Resampler(PictureSize from, PictureSize to, std::size_t chann
 }
 
 template <typename Sample>
-void Resampler<Sample>::openRows() {
-    while (opened_ < to_.height && next_.first <= pushed_) {
-        std::vector<float> sums;
-        if (!spare_.empty()) {
-            sums = std::move(spare_.back());
-            spare_.pop_back();
-        }
-        sums.assign(line_.size(), 0.0F);
-        open_.push_back({std::move(next_), std::move(sums)});
-        ++opened_;
-        next_ = tapsAt(opened_, from_.height, to_.height);
-    }
-}
-
-template <typename Sample>
 void Resampler<Sample>::push(const Sample* row) {
-    std::copy_n(row, line_.size(), line_.begin());
-    openRows();
-    for (OpenRow& one : open_) {
-        addTo(one.sums, line_, one.taps.weights[static_cast<std::size_t>(pushed_ - one.taps.first)]);
+    keep(row);
+    while (finished_ < to_.height && next_.last() < firstRow_ + static_cast<int>(rows_.size())) {
+        addRows();
+        finish();
+        moveOn();
     }
-    while (!open_.empty() && open_.front().taps.last() == pushed_) {
-        finish(open_.front().sums);
-        spare_.push_back(std::move(open_.front().sums));
-        open_.pop_front();
-    }
-    ++pushed_;
 }
 
 template <typename Sample>
-void Resampler<Sample>::finish(const std::vector<float>& sums) {
-    const auto blend = channels_ == 1   ? blendPlaces<1, Sample>
-                       : channels_ == 3 ? blendPlaces<3, Sample>
-                                        : blendPlaces<4, Sample>;
-    blend(columns_, sums.data(), target_.data());
+void Resampler<Sample>::keep(const Sample* row) {
+    std::vector<Sample> kept;
+    if (!spare_.empty()) {
+        kept = std::move(spare_.back());
+        spare_.pop_back();
+    }
+    kept.assign(row, row + static_cast<std::size_t>(from_.width) * channels_);
+    rows_.push_back(std::move(kept));
+}
+
+template <typename Sample>
+void Resampler<Sample>::addRows() {
+    std::ranges::fill(sums_, 0.0F);
+    const auto first = static_cast<std::size_t>(next_.first - firstRow_);
+    const std::size_t count = next_.weights.size();
+    for (std::size_t at = 0; at < count; at += kRowsAtOnce) {
+        Rows<Sample> rows{};
+        Weights weights{};
+        for (std::size_t i = 0; i < kRowsAtOnce; ++i) {
+            const std::size_t tap = std::min(at + i, count - 1);
+            rows[i] = rows_[first + tap].data();
+            weights[i] = at + i < count ? next_.weights[tap] : 0;
+        }
+        addRowsTo(sums_.data(), sums_.size() - kMostChannels, rows, weights);
+    }
+}
+
+template <typename Sample>
+void Resampler<Sample>::finish() {
+    blendPlaces(columns_, channels_, sums_.data(), line_.data());
+    std::transform(line_.begin(), line_.begin() + std::ssize(target_), target_.begin(), rounded<Sample>);
     sink_(target_);
+}
+
+/// To the next target row, without the source rows that no other needs.
+template <typename Sample>
+void Resampler<Sample>::moveOn() {
+    ++finished_;
+    if (finished_ == to_.height) {
+        return;
+    }
+    next_ = tapsAt(finished_, from_.height, to_.height);
+    for (; !rows_.empty() && firstRow_ < next_.first; ++firstRow_) {
+        spare_.push_back(std::move(rows_.front()));
+        rows_.pop_front();
+    }
 }
 
 template class Resampler<std::uint8_t>;

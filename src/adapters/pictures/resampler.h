@@ -18,8 +18,8 @@ struct Taps {
 };
 
 /// Brings a picture to another size by a Lanczos filter of three lobes that averages when it shrinks. Source rows go in
-/// from the top, each once; target rows come out as soon as they are whole, so that no more than a few rows of either
-/// are held. `Sample`: std::uint8_t or std::uint16_t.
+/// from the top, each once; target rows come out as soon as they are whole, so that only the source rows of one target
+/// row are held. `Sample`: std::uint8_t or std::uint16_t.
 template <typename Sample>
 class Resampler {
 public:
@@ -30,28 +30,27 @@ public:
     void push(const Sample* row);
 
 private:
-    /// A target row that is still being added up, at the source's width.
-    struct OpenRow {
-        Taps taps;
-        std::vector<float> sums;
-    };
-
-    void openRows();
-    void finish(const std::vector<float>& sums);
+    void keep(const Sample* row);
+    void addRows();
+    void finish();
+    void moveOn();
 
     PictureSize from_;
     PictureSize to_;
     std::size_t channels_;
     Sink sink_;
-    /// Of the target row that is opened next.
-    Taps next_;
     std::vector<Taps> columns_;
-    std::deque<OpenRow> open_;
-    std::vector<std::vector<float>> spare_;
+    /// Of the target row that is made next.
+    Taps next_;
+    int finished_ = 0;
+    /// The source rows that are still needed, and the number of the first of them.
+    std::deque<std::vector<Sample>> rows_;
+    int firstRow_ = 0;
+    std::vector<std::vector<Sample>> spare_;
+    /// The target row at the source's width.
+    std::vector<float> sums_;
     std::vector<float> line_;
     std::vector<Sample> target_;
-    int pushed_ = 0;
-    int opened_ = 0;
 };
 
 extern template class Resampler<std::uint8_t>;

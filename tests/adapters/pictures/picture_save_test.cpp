@@ -78,13 +78,16 @@ TEST_F(PictureSaveTest, KeepsFormatAndDepthAtEverySize) {
 }
 
 TEST(QualityMap, NoEntryFallsAsTheFactorRises) {
-    for (unsigned basic = 1; basic < 256; ++basic) {
-        for (int factor = 3; factor <= 255; ++factor) {
-            EXPECT_LE(scaledEntry(basic, tableScale(factor - 1)), scaledEntry(basic, tableScale(factor)));
+    for (const std::size_t place : {0U, 1U}) {
+        for (unsigned basic = 1; basic < 256; ++basic) {
+            for (int factor = 3; factor <= 255; ++factor) {
+                EXPECT_LE(scaledEntry(place, basic, tableScale(factor - 1)),
+                          scaledEntry(place, basic, tableScale(factor)));
+            }
         }
     }
-    EXPECT_EQ(scaledEntry(99, tableScale(2)), 4U);
-    EXPECT_EQ(scaledEntry(10, tableScale(255)), 255U);
+    EXPECT_EQ(scaledEntry(1, 99, tableScale(2)), 4U);
+    EXPECT_EQ(scaledEntry(1, 10, tableScale(255)), 255U);
 }
 
 /// A segment put behind the start mark.
