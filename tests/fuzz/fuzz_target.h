@@ -1,9 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/utf8.h"
 
 namespace orv::test {
 
@@ -15,18 +18,10 @@ struct FuzzTarget {
     std::vector<std::string> seeds;
 };
 
+/// The doors that take bytes by themselves.
+std::vector<FuzzTarget> byteTargets();
+/// Every door.
 std::vector<FuzzTarget> fuzzTargets();
-
-FuzzTarget argumentTarget();
-FuzzTarget settingsTarget();
-FuzzTarget codePageTarget();
-FuzzTarget messageTableTarget();
-FuzzTarget helpTarget();
-FuzzTarget pictureTarget();
-FuzzTarget siblingTarget();
-FuzzTarget serverAnswerTarget();
-FuzzTarget statementTarget();
-FuzzTarget eraDateTarget();
 
 /// What must hold whatever comes. Not for use where the system's trap is around it.
 inline void require(bool holds, const char* what) {
@@ -36,6 +31,11 @@ inline void require(bool holds, const char* what) {
 }
 
 /// Valid UTF-8 without control characters but those given.
-bool isShowable(std::string_view text, std::string_view controls = "");
+inline bool isShowable(std::string_view text, std::string_view controls = "") {
+    const std::u32string characters = toCharacters(text);
+    return toUtf8(characters) == text && std::ranges::all_of(characters, [&](char32_t c) {
+               return (c >= 0x20 && c != 0x7F) || controls.find(static_cast<char>(c)) != std::string_view::npos;
+           });
+}
 
 }  // namespace orv::test
