@@ -42,7 +42,8 @@ void feedSettings(const std::string& bytes) {
     const IniReader reader(files, codePage, facts);
     const std::string value = reader.GetPrivateProfileString(section, key, kFile);
     require(value == toUtf8(toCharacters(value)), "a value is valid UTF-8");
-    require(codePage.encode(value).size() <= kLongestValue, "a value is cut");
+    // Counted in the file's bytes: one that is no character has become a longer one.
+    require(toCharacters(value).size() <= kLongestValue, "a value is cut");
     require(value.find_first_of("\r\n") == std::string::npos, "a value is of one line");
     static_cast<void>(reader.GetPrivateProfileString("PATH", "SYS", file));
 }
@@ -206,7 +207,8 @@ std::vector<FuzzTarget> byteTargets() {
          feedSettings,
          {"PATH\nSYS\n[PATH]\r\nSYS=C:\\ORV\\SYS\r\n", "s\nk\n[ S ] ; x\n;k=1\n k = \" v \"\n[S]\nk=2",
           "ゾーン\nソート\n[\x83\x5D\x81\x5B\x83\x93]\n\x83\x5C\x81\x5B\x83\x67=\x83\x5C",
-          "S\nK\n\xEF\xBB\xBF[S\rK='v\x81'\r", "S\nK\n[S]\nK=" + std::string(510, 'a') + "\x83\x5C"}},
+          "S\nK\n\xEF\xBB\xBF[S\rK='v\x81'\r", "S\nK\n[S]\nK=" + std::string(510, 'a') + "\x83\x5C",
+          "S\nK\n[S]\nK=" + std::string(511, '\xFF')}},
         {"code_page",
          feedCodePage,
          {"\x83\x5C\x95\x5C \xB1\xB2\r\n", "\xFA\x40\xED\x40\x81\xCA\x87\x82", "\x80\xA0\xFD\xFE\xFF\x81\n\x85\x40",

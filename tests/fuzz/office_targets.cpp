@@ -83,8 +83,9 @@ public:
         require(form.enabled() && !siblings.listenedTo(), "the page is given back");
         for (const TextInput* field : {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code}) {
             require(isShowable(field->text()), "a field holds a text");
-            require(codePage.encode(field->text()).size() <= 256, "a field keeps its length");
         }
+        require(toCharacters(form.txt_Post_Code.text()).size() <= 8, "a post code keeps its length");
+        require(codePage.encode(form.txt_Address.text()).size() <= 120, "an address keeps its length");
         require(shownIds().empty(), "nobody is told of a program's nonsense");
         siblings.commandLines.clear();
     }
@@ -114,7 +115,7 @@ std::vector<FuzzTarget> fuzzTargets() {
          feedSibling,
          {"TEXT 1 530-0001\nTEXT 2 大阪府大阪市北区梅田１丁目\nTEXT 3 27127001001\nKEY 4 13\n",
           "TEXT 2 \xFF\nTEXT 2 \x01\nTEXT 2\nKEY 4 256\nKEY 4 0", "TEXT 4294967296 x\nKEY 1 13\nkey 4 13\n \n\n",
-          "TEXT 2 " + std::string(4000, 'a') + "\nKEY 4 13"}},
+          "TEXT 2 " + std::string(4000, 'a') + "\nTEXT 3 " + std::string(4000, '1') + "\nKEY 4 13"}},
     };
     std::ranges::move(byteTargets(), std::back_inserter(all));
     return all;
