@@ -165,6 +165,11 @@ void NativeFile::append(std::string_view bytes) const {
     throw RunTimeError(Failure::DiskFull);
 }
 
+bool NativeFile::endsInALine() const {
+    char last = 0;
+    return facts_.st_size > 0 && ::pread(descriptor_, &last, 1, facts_.st_size - 1) == 1 && last != '\n';
+}
+
 void NativeFile::takeRightsOfFolder() const {
     struct stat folder {};
     if (::stat(folderOf(path_).c_str(), &folder) == 0) {

@@ -29,6 +29,8 @@ public:
     void append(std::string_view bytes) const;
     /// Whoever may read or write the file's folder may do so with the file. A file of another user stays as it is.
     void takeRightsOfFolder() const;
+    /// Whether something stands behind its last line end.
+    bool endsInALine() const;
     void sync() const;
     /// Takes the file's lock for as long as the file is open here; false when another run has it, or can't be had.
     bool lock() const;

@@ -49,6 +49,10 @@ void copyBytes(const NativeFile& from, const NativeFile& to) {
     }
 }
 
+bool saysNothingIsThere(int error) {
+    return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG || error == ELOOP || error == EINVAL;
+}
+
 /// 0, or -1 with errno. Not every file system can refuse an existing target by itself.
 int renameToFreeName(const char* from, const char* to) {
     const int result = ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
@@ -66,12 +70,20 @@ int renameToFreeName(const char* from, const char* to) {
 }  // namespace
 
 bool PosixFiles::exists(const std::string& path) const {
+    std::string native;
     try {
-        struct stat facts {};
-        return ::stat(nativePath(path).c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+        native = nativePath(path);
     } catch (const RunTimeError&) {
         return false;
     }
+    struct stat facts {};
+    if (::stat(native.c_str(), &facts) == 0) {
+        return S_ISREG(facts.st_mode);
+    }
+    if (!saysNothingIsThere(errno)) {
+        raiseErrno(errno, native);
+    }
+    return false;
 }
 
 std::uint64_t PosixFiles::sizeOf(const std::string& path) const {
@@ -139,12 +151,12 @@ void PosixFiles::rename(const std::string& from, const std::string& to) {
     }
 }
 
-void PosixFiles::append(const std::string& path, const std::string& bytes) {
-    const NativeFile file(nativePath(path), O_WRONLY | O_APPEND | O_CREAT);
+void PosixFiles::append(const std::string& path, const std::string& record) {
+    const NativeFile file(nativePath(path), O_RDWR | O_APPEND | O_CREAT);
     if (file.facts().st_size == 0) {
         file.takeRightsOfFolder();
     }
-    file.append(bytes);
+    file.append(file.endsInALine() ? "\r\n" + record : record);
 }
 
 std::string PosixFiles::read(const std::string& path, std::size_t limit) const {

@@ -20,7 +20,7 @@ public:
     void remove(const std::string& path) override;
     /// A target that is there is failure 58.
     void rename(const std::string& from, const std::string& to) override;
-    void append(const std::string& path, const std::string& bytes) override;
+    void append(const std::string& path, const std::string& record) override;
     std::string read(const std::string& path, std::size_t limit) const override;
     std::string programFolder() const override { return paths_.programFolder(); }
     std::string nativePath(const std::string& path) const override { return paths_.toNative(path); }

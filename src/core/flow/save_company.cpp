@@ -99,11 +99,23 @@ bool send(SaveRun& run) {
     return run.sent || failFrom(run.service->SendError());
 }
 
+/// The rows bear the number now and the record does not. Until the page has moved to the number, or to another company,
+/// another save would make a second company of this one.
+void keepFromSecondCompany(const std::string& number) {
+    gLoadFailure = FailureRecord{"この会社は番号「" + number +
+                                     "」で登録されました。ユーザーIDの一覧からその番号を選ぶか、"
+                                     "メニューへ戻って開き直してください。",
+                                 "SAVE0001"};
+}
+
 bool writeAnswer(SaveRun& run) {
     tCustomerInfo.PWD_CHG_FLG = kPasswordSent;
     tCustomerInfo.SEND_FLAG = false;
     if (!PF_SaveCompanyDataOther() || !PF_SetCompanyDataSave(run.target)) {
         return false;
+    }
+    if (run.target != tCustomerInfo.USER_ID) {
+        keepFromSecondCompany(run.target);
     }
     workingCopiesAgain();
     gSaved = true;

@@ -14,7 +14,8 @@ public:
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    /// Whether a file stands there; hidden, system and read-only ones count, folders do not. Never raises.
+    /// Whether a file stands there; hidden, system and read-only ones count, folders do not. Where that can't be told,
+    /// for want of rights or by a broken disk, it is a failure: such a file must not pass for one that has gone.
     virtual bool exists(const std::string& path) const = 0;
     virtual std::uint64_t sizeOf(const std::string& path) const = 0;
     /// Whether the file can be opened for reading. Never raises.
@@ -27,8 +28,8 @@ public:
     virtual void remove(const std::string& path) = 0;
     virtual void rename(const std::string& from, const std::string& to) = 0;
     /// Opens, appends in one write, closes; a missing file is created and shared, a missing folder is
-    /// not.
-    virtual void append(const std::string& path, const std::string& bytes) = 0;
+    /// not. A record that a dying run has left half gets its line end first.
+    virtual void append(const std::string& path, const std::string& record) = 0;
     /// The whole file as bytes; longer than `limit` is failure 7.
     virtual std::string read(const std::string& path, std::size_t limit) const = 0;
     /// The folder of the running program, in the system's form, without a trailing separator.

@@ -126,6 +126,18 @@ TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
     EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\ntwo\r\n");
     EXPECT_EQ(failureOf([&] { files.append("C:\\NO\\log.txt", "x"); }), 76);
     EXPECT_FALSE(office.has("C/NO"));
+    office.write("C/D/log.txt", "one\r\nhal");
+    files.append("C:\\D\\log.txt", "two\r\n");
+    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\nhal\r\ntwo\r\n") << "behind a run that died within its record";
+}
+
+TEST_F(PosixFilesTest, AFileThatCannotBeLookedAtDoesNotPassForGone) {
+    std::filesystem::permissions(office.root() + "/C/D", std::filesystem::perms::none);
+    const uid_t self = ::geteuid();
+    static_cast<void>(::seteuid(self == 0 ? 65534 : self));
+    EXPECT_EQ(failureOf([&] { (void)files.exists("C:\\D\\a.txt"); }), 75);
+    static_cast<void>(::seteuid(self));
+    std::filesystem::permissions(office.root() + "/C/D", std::filesystem::perms::owner_all);
 }
 
 TEST_F(PosixFilesTest, RenamesOnlyToAFreeName) {

@@ -95,6 +95,21 @@ TEST_F(NewCompany, AFailedSendLeavesOneRowInEachTableHoweverOftenItIsTried) {
     EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "000111");
 }
 
+TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
+    store.fail(Call::Select, "select LOCAL_INFO");
+    save();
+    EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"}));
+    server.id = "000004701";
+    messages.shown.clear();
+    save();
+    EXPECT_EQ(toText(messages.shown.at(0).args.at(0)), "SAVE0001");
+    EXPECT_EQ(server.sent.size() + everything().size(), 1u + 20u);
+    choose("000004700");
+    save();
+    EXPECT_EQ(messages.shown.back().id, "COS05574");
+    EXPECT_EQ(rowsOf("000004700"), "111");
+}
+
 TEST_F(NewCompany, ASecondWriteThatFailsKeepsTheMarker) {
     store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_ADD");
     save();

@@ -1,0 +1,81 @@
+// prove FOLDER STORE STEP: kills a whole errand, and fails it, at every STEP-th call that touches the store, the
+// photos, the log or a wire. STORE is "file" or "server".
+#include <sched.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <optional>
+
+#include "adapters/http/curl_library.h"
+#include "private_server.h"
+#include "trial.h"
+
+namespace {
+
+using namespace prove;
+
+constexpr const char* kUnsent =
+    "update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '2' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE where USER_ID = '000004601'";
+constexpr const char* kToMarker =
+    "update TBL_CUSTOMER_INFO set USER_ID = '---------' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_ADD set USER_ID = '---------', PHOTO_FILE1 = '', PHOTO_FILE2 = '', PHOTO_GRP1 = '', "
+    "PHOTO_GRP2 = '' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_DATE set USER_ID = '---------' where USER_ID = '000004601'";
+constexpr const char* kNoMarker =
+    "delete from TBL_CUSTOMER_INFO where USER_ID = '---------'; delete from TBL_CUSTOMER_ADD where USER_ID = "
+    "'---------'; delete from TBL_CUSTOMER_DATE where USER_ID = '---------'";
+
+constexpr CompanyKind kKinds[] = {
+    {"known company", "000004601", kUnsent, "", false},
+    {"new company", "---------", kToMarker, kNoMarker, false},
+    {"both photos replaced", "000004601", kUnsent, "", true},
+};
+
+/// The watched and the watching process take turns, which is much faster where they are on one processor.
+void stayHere() {
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(static_cast<std::size_t>(std::max(0, ::sched_getcpu())), &one);
+    static_cast<void>(::sched_setaffinity(0, sizeof one, &one));
+}
+
+int proveAll(const std::filesystem::path& folder, const std::string& store, int step) {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const desk::ServerDesk server(folder / "server");
+    OfficeGround ground(std::filesystem::absolute(folder), server.port());
+    std::optional<orv::PrivateServer> database;
+    if (store == "server") {
+        database.emplace();
+        ground.reachServer(database->text("sample"));
+    }
+    stayHere();
+    orv::curlLibrary();  // each errand finds it loaded
+    Trial trial(ground, server, store, step);
+    for (const CompanyKind& kind : kKinds) {
+        if (getenv("PROVE_KIND") && std::string(kind.name) != getenv("PROVE_KIND")) continue;
+        trial.run(kind);
+    }
+    std::cout << trial.points() << " points, " << trial.faults() << " faults" << std::endl;
+    return trial.faults() == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    const std::string store = argc == 4 ? argv[2] : "";
+    if (store != "file" && store != "server") {
+        std::cerr << "usage: prove FOLDER file|server STEP\n";
+        return 2;
+    }
+    ::setenv("ORV_COMPUTER_NAME", "DESK-01", 1);  // NOLINT(concurrency-mt-unsafe)
+    try {
+        return proveAll(argv[1], store, std::max(1, std::atoi(argv[3])));
+    } catch (const std::exception& failure) {
+        std::cerr << "prove: " << failure.what() << "\n";
+        return 2;
+    }
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "desk.h"
+#include "session.h"
+#include "store_eye.h"
+
+namespace prove {
+
+/// The company that an operator works on, and what the store is before and while he does.
+struct CompanyKind {
+    const char* name;
+    const char* company;
+    const char* before;
+    /// Done to the store once the pages are edited.
+    const char* edited;
+    bool replacesPhotos;
+};
+
+/// Name and fingerprint.
+using Files = std::map<std::string, std::string>;
+
+/// An office in which a company can be brought back to how it was, and what of it can be seen past the program.
+class OfficeGround {
+public:
+    OfficeGround(const std::filesystem::path& folder, const std::string& serverPort);
+
+    /// From now on the store is this one, and the file at its place says so.
+    void reachServer(const std::string& text);
+    void begin(const CompanyKind& kind);
+    void comeBack();
+    void edited() { eye_->run(kind_->edited); }
+
+    /// Where calls are watched.
+    std::vector<std::string> watched() const;
+    /// `round`: each has words and photos of its own.
+    Errand errand(const std::string& company, int round) const;
+    std::string company() const { return kind_->company; }
+    const CompanyKind& kind() const { return *kind_; }
+
+    /// The three tables; a number that the server has given is written as "#".
+    std::string state();
+    std::string damage() { return eye_->damage(); }
+    /// The first column of the first row, or nothing.
+    std::string one(const std::string& sql);
+    /// The locks beside the ones that were there.
+    std::vector<std::string> ownLocks();
+    /// What stands below the folders that a save works on.
+    Files files() const;
+    /// The records of the err log, without the ends of their lines, as bytes. Whether the last one has its end.
+    std::vector<std::string> log(bool& isWhole) const;
+    std::vector<std::string> report() const;
+
+private:
+    std::filesystem::path orv() const { return office_.drive() / "ORV"; }
+    void copyFolders(const std::filesystem::path& from, const std::filesystem::path& to) const;
+    void makePhotos() const;
+
+    std::filesystem::path folder_;
+    desk::Office office_;
+    std::unique_ptr<StoreEye> eye_;
+    const CompanyKind* kind_ = nullptr;
+    std::set<std::string> known_;
+};
+
+}  // namespace prove
