@@ -12,6 +12,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kNever = std::numeric_limits<int>::max();
+constexpr std::chrono::seconds kPatience{15};
 constexpr const char* kBeside = ".new";
 constexpr const char* kSaved = "|COS05574";
 
@@ -144,7 +145,11 @@ void Trial::strikeEverywhere(Strike strike, const std::string& name) {
     for (strike.at = (step_ + 1) / 2; wasStruck; strike.at += step_) {
         point_ = name + " " + std::to_string(strike.at);
         ground_.comeBack();
+        const auto begun = Clock::now();
         const Outcome outcome = errandUnder(strike, ground_.company(), 0);
+        if (Clock::now() - begun > kPatience) {
+            fault("takes " + std::to_string(std::chrono::duration<double>(Clock::now() - begun).count()) + " s");
+        }
         wasStruck = !outcome.struck.empty();
         if (!wasStruck) {
             break;
