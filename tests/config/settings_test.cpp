@@ -79,48 +79,49 @@ TEST_F(Settings, OnlyAClientHasATypeOfNetwork) {
 /// A folder's key, and the name of a file in it; empty for the folder itself.
 struct Place {
     std::string (cls_Com::*property)() const;
-    std::string key;
-    std::string file = {};
+    std::string_view key;
+    std::string_view file = {};
 };
 
+constexpr auto kPlaces = std::to_array<Place>({
+    {&cls_Com::SeverSysPath, "SYS"},
+    {&cls_Com::BinFolder, "BIN"},
+    {&cls_Com::BinTmpFolder, "BINTMP"},
+    {&cls_Com::BinDatFolder, "BINDAT"},
+    {&cls_Com::BinImgFolder, "BINIMG"},
+    {&cls_Com::BkupFolder, "BKUP"},
+    {&cls_Com::HlpFolder, "HLP"},
+    {&cls_Com::DwlFolder, "DWL"},
+    {&cls_Com::ImgFolder, "IMG"},
+    {&cls_Com::LogFolder, "LOG"},
+    {&cls_Com::LogErrFolder, "LOGERR"},
+    {&cls_Com::LogRasFolder, "LOGRAS"},
+    {&cls_Com::LogSndFolder, "LOGSND"},
+    {&cls_Com::LogRcvFolder, "LOGRCV"},
+    {&cls_Com::LogDWlFolder, "LOGDWL"},
+    {&cls_Com::LogInstFolder, "LOGINST"},
+    {&cls_Com::MdbFolder, "MDB"},
+    {&cls_Com::SysFolder, "SYS"},
+    {&cls_Com::TmpFolder, "TMP"},
+    {&cls_Com::InfFolder, "INF"},
+    {&cls_Com::BinAddExe, "BIN", "KELT_ADD.EXE"},
+    {&cls_Com::BinLineExe, "BIN", "KELT_LINE.EXE"},
+    {&cls_Com::BinMenuExe, "BIN", "KELT_MENU.EXE"},
+    {&cls_Com::HlpFile, "HLP", "help.hlp"},
+    {&cls_Com::MdbOrvEstateDB, "MDB", "ORVESTATE.MDB"},
+    {&cls_Com::TmpWorkImgFile, "TMP", "WorkImg"},
+    {&cls_Com::LogErrFile, "LOGERR", "260504_err.log"},
+    {&cls_Com::LogSndFile, "LOGSND", "260504_snd.log"},
+    {&cls_Com::LogRcvFile, "LOGRCV", "260504_rcv.log"},
+    {&cls_Com::LogDwlFile, "LOGDWL", "260504_dwl.log"},
+    {&cls_Com::LogRasFile, "LOGRAS", "ras.log"},
+});
+
 TEST_F(Settings, EachPlaceStandsBehindItsFolder) {
-    for (const Place& row : std::vector<Place>{
-             {&cls_Com::SeverSysPath, "SYS"},
-             {&cls_Com::BinFolder, "BIN"},
-             {&cls_Com::BinTmpFolder, "BINTMP"},
-             {&cls_Com::BinDatFolder, "BINDAT"},
-             {&cls_Com::BinImgFolder, "BINIMG"},
-             {&cls_Com::BkupFolder, "BKUP"},
-             {&cls_Com::HlpFolder, "HLP"},
-             {&cls_Com::DwlFolder, "DWL"},
-             {&cls_Com::ImgFolder, "IMG"},
-             {&cls_Com::LogFolder, "LOG"},
-             {&cls_Com::LogErrFolder, "LOGERR"},
-             {&cls_Com::LogRasFolder, "LOGRAS"},
-             {&cls_Com::LogSndFolder, "LOGSND"},
-             {&cls_Com::LogRcvFolder, "LOGRCV"},
-             {&cls_Com::LogDWlFolder, "LOGDWL"},
-             {&cls_Com::LogInstFolder, "LOGINST"},
-             {&cls_Com::MdbFolder, "MDB"},
-             {&cls_Com::SysFolder, "SYS"},
-             {&cls_Com::TmpFolder, "TMP"},
-             {&cls_Com::InfFolder, "INF"},
-             {&cls_Com::BinAddExe, "BIN", "KELT_ADD.EXE"},
-             {&cls_Com::BinLineExe, "BIN", "KELT_LINE.EXE"},
-             {&cls_Com::BinMenuExe, "BIN", "KELT_MENU.EXE"},
-             {&cls_Com::HlpFile, "HLP", "help.hlp"},
-             {&cls_Com::MdbOrvEstateDB, "MDB", "ORVESTATE.MDB"},
-             {&cls_Com::TmpWorkImgFile, "TMP", "WorkImg"},
-             {&cls_Com::LogErrFile, "LOGERR", "260504_err.log"},
-             {&cls_Com::LogSndFile, "LOGSND", "260504_snd.log"},
-             {&cls_Com::LogRcvFile, "LOGRCV", "260504_rcv.log"},
-             {&cls_Com::LogDwlFile, "LOGDWL", "260504_dwl.log"},
-             {&cls_Com::LogRasFile, "LOGRAS", "ras.log"},
-         }) {
-        for (const auto& [set, folder] :
-             {std::pair{"X:\\" + row.key, "X:\\" + row.key + "\\"}, {"D:\\Y\\", "D:\\Y\\"}, {"", ""}}) {
-            settings.set("PATH", row.key, set);
-            EXPECT_EQ((com().*row.property)(), folder + row.file) << row.key;
+    for (const Place& row : kPlaces) {
+        for (const auto& [set, folder] : {std::pair{"X:\\Z", "X:\\Z\\"}, {"D:\\Y\\", "D:\\Y\\"}, {"", ""}}) {
+            settings.set("PATH", std::string(row.key), set);
+            EXPECT_EQ((com().*row.property)(), folder + std::string(row.file)) << row.key;
         }
     }
     settings.set("PATH", "IMG", "X:\\IMG");

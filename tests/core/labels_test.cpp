@@ -3,7 +3,6 @@
 #include <functional>
 
 #include "binding/page_to_record.h"
-#include "binding/record_to_page.h"
 #include "pages/frame/page_lists.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
@@ -12,8 +11,6 @@
 
 namespace orv {
 namespace {
-
-using Call = FailingStore::Call;
 
 constexpr const char* kNoMemory = "メモリが足りません。";
 
@@ -38,10 +35,6 @@ TEST_F(Labels, OfThePages) {
     startOn(0);
     for (int number = 0; number < kPageCount; ++number) {
         const std::string page = "CompInp" + std::to_string(number);
-        PageForm& form = pageAt(number);
-        form.lbl_UserId.observe(breaks);
-        expectLabelled("[ PF_SetData_Frm_" + page + " ] ", [&] { return showRecordOn(number); });
-        form.lbl_UserId.observe({});
         breakStore(Call::Close);
         expectLabelled("[ P_MakeComboBox_" + std::string(number == 2 ? "CompInp1" : page) + " ]",
                        [&] { return makeListsOf(number); });

@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <string>
 
 #include "desk.h"
+#include "support/temp_folder.h"
 
 namespace desk {
 
@@ -15,15 +15,10 @@ namespace desk {
 class EndToEnd : public ::testing::Test {
 protected:
     EndToEnd() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orv-desk-XXXXXX").string();
-        folder_ = mkdtemp(pattern.data());
         server_ = std::make_unique<ServerDesk>(folder_ / "server");
         office_ = std::make_unique<Office>(folder_ / "office", server_->port());
     }
-    ~EndToEnd() override {
-        server_->stop();
-        std::filesystem::remove_all(folder_);
-    }
+    ~EndToEnd() override { server_->stop(); }
 
     Terminal terminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
 
@@ -44,20 +39,13 @@ protected:
                             user + "'");
     }
 
-    std::filesystem::path folder_;
+    orv::TempFolder temp_;
+    const std::filesystem::path& folder_ = temp_.path();
     VirtualDisplay display_;
     std::unique_ptr<ServerDesk> server_;
     std::unique_ptr<Office> office_;
 };
 
 inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
-inline bool sameContent(const std::filesystem::path& a, const std::filesystem::path& b) {
-    std::ifstream first(a, std::ios::binary);
-    std::ifstream second(b, std::ios::binary);
-    return first && second &&
-           std::string(std::istreambuf_iterator<char>(first), {}) ==
-               std::string(std::istreambuf_iterator<char>(second), {});
-}
 
 }  // namespace desk

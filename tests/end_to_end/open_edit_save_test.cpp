@@ -1,6 +1,7 @@
 #include <csignal>
 
 #include "end_to_end.h"
+#include "process.h"
 
 namespace desk {
 namespace {
@@ -42,48 +43,85 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
     const std::string log = server_->log();
     EXPECT_LT(log.find("_01.jpg"), log.find("_02.jpg")) << log;
     EXPECT_TRUE(contains(log, "/cussend/register")) << log;
-    EXPECT_TRUE(sameContent(server_->folder() / "photos/000004601COS00000000_01.jpg",
-                            office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg"));
+    EXPECT_TRUE(orv::readFile(server_->folder() / "photos/000004601COS00000000_01.jpg") ==
+                orv::readFile(office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg"));
 }
 
-TEST_F(OpenEditSave, ARefusalTakesTheOperatorToTheFieldAndWritesNothing) {
-    Terminal desk = terminal("DESK-01");
-    desk.start("000004601,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.enter("txt_Company_Name", "　");
-    desk.click("btm_ChangePage", 3);
-    ASSERT_TRUE(desk.waitForPage(3));
-    desk.click("btm_Save");
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.waitForPage(0));
-    // The focus is on the field at fault: what is typed goes there.
-    desk.key("ctrl+a");
-    desk.typeAscii("ABC");
-    desk.click("btm_Save");
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.noticeGone());
-    ASSERT_TRUE(desk.waitForPage(0));
-    EXPECT_EQ(field("COMPANY_NAME"), "ABC");
-}
-
-TEST_F(OpenEditSave, ACompanyWithoutANumberGetsTheServersNumber) {
-    for (const std::string table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-        office_->change("update " + table + " set USER_ID = '---------' where USER_ID = '000004601'");
+class Photo : public EndToEnd {
+protected:
+    Photo() : photo(office_->layPhoto()), original(office_->drive() / "ORV/PHOTO" / photo) {
+        desk.start("000004601,1,0");
+        EXPECT_TRUE(desk.waitForPage(0));
+        desk.click("btm_ChangePage", 2);
+        EXPECT_TRUE(desk.waitForPage(2));
     }
-    office_->change("update TBL_CUSTOMER_ADD set PHOTO_FILE1 = '', PHOTO_FILE2 = '' where USER_ID = '---------'");
+    void select(const std::string& file) {
+        desk.click("btm_PhotoSelect", 0);
+        ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
+        desk.typeAscii(file);
+        desk.key("Return");
+    }
+    void saveAndLeave() {
+        desk.click("btm_Save");
+        answer(desk, "Return");
+        ASSERT_TRUE(desk.noticeGone());
+        ASSERT_TRUE(desk.waitForPage(2));
+        desk.click("btm_Back_Menu");
+        EXPECT_EQ(desk.waitForEnd(), 0);
+    }
+    std::string photoFacts(const std::filesystem::path& file) const {
+        return outputOf({"identify", "-format", "%m %w %h", file.string()});
+    }
+
+    std::string photo;
+    std::filesystem::path original;
+    std::filesystem::path stored = office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg";
     Terminal desk = terminal("DESK-01");
-    desk.start("---------,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("btm_Save");
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.noticeGone());
-    const std::string number = office_->ask("select max(USER_ID) from TBL_CUSTOMER_INFO");
-    EXPECT_EQ(number.size(), 9U);
-    EXPECT_GT(number, "000004606");
-    EXPECT_EQ(office_->ask("select count(*) from TBL_CUSTOMER_ADD where USER_ID = '" + number + "'"), "1");
-    EXPECT_EQ(office_->ask("select count(*) from TBL_CUSTOMER_DATE where USER_ID = '" + number + "'"), "1");
-    EXPECT_EQ(office_->ask("select count(*) from TBL_CUSTOMER_INFO where USER_ID = '---------'"), "0");
-    EXPECT_TRUE(eventually([&] { return locks() == number + " DESK-01"; })) << locks();
+};
+
+TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
+    const auto size = std::filesystem::file_size(original);
+    select(photo);
+    ASSERT_TRUE(desk.waitForConfirmation());
+    desk.click("cmd_Entry");
+    ASSERT_TRUE(desk.waitForPage(2));
+    saveAndLeave();
+    EXPECT_EQ(photoFacts(original), "JPEG 2560 1600");
+    EXPECT_EQ(std::filesystem::file_size(original), size) << "never written to";
+    EXPECT_EQ(photoFacts(stored), "JPEG 640 400");
+    EXPECT_LE(std::filesystem::file_size(stored), 61440U);
+    EXPECT_GT(std::filesystem::file_size(stored), 50000U) << "the best that fits, not any that fits";
+    EXPECT_TRUE(orv::readFile(server_->folder() / "photos/000004601COS00000000_01.jpg") == orv::readFile(stored));
+    EXPECT_EQ(office_->errLog(), "");
+}
+
+using TwoTerminals = EndToEnd;
+
+TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
+    Terminal first = terminal("DESK-01");
+    first.start("000004601,1,0");
+    ASSERT_TRUE(first.waitForPage(0));
+
+    Terminal second = terminal("DESK-02");
+    second.start("000004601,1,0");
+    answer(second, "Return");
+    EXPECT_EQ(second.waitForEnd(), 0);
+    EXPECT_TRUE(eventually([&] { return office_->menuStarts() == 1; }));
+    EXPECT_EQ(office_->errLog(), "") << "a refusal is no failure";
+    EXPECT_EQ(locks(), "000004601 DESK-01");
+
+    first.kill();
+    EXPECT_EQ(locks(), "000004601 DESK-01") << "a dead run leaves its lock";
+    Terminal again = terminal("DESK-01");
+    again.start("000004601,1,0");
+    ASSERT_TRUE(again.waitForPage(0));
+    EXPECT_EQ(locks(), "000004601 DESK-01");
+    again.click("btm_Back_Menu");
+    ASSERT_TRUE(again.waitForNotice());
+    again.key("Left");
+    again.key("Return");
+    EXPECT_EQ(again.waitForEnd(), 0);
+    EXPECT_EQ(locks(), "");
 }
 
 }  // namespace

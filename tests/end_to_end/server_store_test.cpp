@@ -22,23 +22,6 @@ protected:
     orv::PrivateServer database_;
 };
 
-TEST_F(ServerStore, ACompanyIsOpenedChangedAndSavedThere) {
-    Terminal desk = terminal("DESK-01");
-    desk.start("000004601,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
-    EXPECT_EQ(serverLocks(), "DESK-01\n");
-    desk.enter("txt_Tanto_Name", "操作　花子");
-    desk.click("btm_Save");
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.noticeGone());
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("btm_Back_Menu");
-    EXPECT_EQ(desk.waitForEnd(), 0);
-    EXPECT_EQ(company("TANTO_NAME || PWD_CHG_FLG"), "操作　花子1\n");
-    EXPECT_EQ(serverLocks(), "");
-    EXPECT_EQ(office_->errLog(), "");
-}
-
 TEST_F(ServerStore, AServerThatGoesAndComesBackCostsNothing) {
     Terminal desk = terminal("DESK-01");
     desk.start("000004601,1,0");

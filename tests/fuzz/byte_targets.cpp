@@ -15,8 +15,8 @@
 #include "fuzz/fuzz_target.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
+#include "support/fake_windows.h"
 #include "support/memory_machine.h"
-#include "support/no_windows.h"
 #include "support/scripted_machine.h"
 
 namespace orv::test {

@@ -159,15 +159,6 @@ TEST_F(Probe, EveryModeToTheBlank) {
     }
 }
 
-TEST_F(Probe, ARowOrNone) {
-    EXPECT_FALSE(PF_GetRowCountZero("", kCompany, kCountInfo, ""));
-    EXPECT_TRUE(PF_GetRowCountZero("", "000009999", kCountInfo, ""));
-    EXPECT_TRUE(PF_GetRowCountZero("", "000004605", kCountAdd, "")) << "this company has no such row";
-    EXPECT_FALSE(PF_GetRowCountZero("", "000004605", kCountDate, ""));
-    EXPECT_TRUE(PF_GetRowCountZero("", kMarker, kCountInfo, ""));
-    EXPECT_EQ(gErrMsg, "");
-}
-
 TEST_F(Probe, AFailureLooksLikeARowAndIsToldByThePair) {
     store.fail(FailingStore::Call::Select);
     EXPECT_FALSE(PF_GetRowCountZero("", "000009999", kCountInfo, ""));

@@ -197,26 +197,12 @@ public:
     using StringCheck::StringCheck;
 
     bool normalizeBreaks = false;
-    bool checksBreak = false;
 
     void Normalize(const std::string& input, std::string& output) override {
-        breakIf(normalizeBreaks);
-        StringCheck::Normalize(input, output);
-    }
-    void CheckTextFirst(const std::string& text, bool& passes) override {
-        breakIf(checksBreak);
-        StringCheck::CheckTextFirst(text, passes);
-    }
-    void CheckTelNumber(const std::string& text, bool& passes) override {
-        breakIf(checksBreak);
-        StringCheck::CheckTelNumber(text, passes);
-    }
-
-private:
-    static void breakIf(bool broken) {
-        if (broken) {
+        if (normalizeBreaks) {
             throw RunTimeError(Failure::OutOfMemory);
         }
+        StringCheck::Normalize(input, output);
     }
 };
 

@@ -24,7 +24,6 @@
 #include "platform/services.h"
 #include "support/breakable.h"
 #include "support/fake_windows.h"
-#include "support/fixed_clock.h"
 #include "support/recorded_http.h"
 #include "support/recorded_messages.h"
 #include "support/scripted_machine.h"
@@ -33,6 +32,9 @@
 #include "transmission/frm_send.h"
 
 namespace orv {
+
+using Texts = std::vector<std::string>;
+using Call = FailingStore::Call;
 
 /// A copy of the sample office on the disk: its folders, its settings, its registry, its store.
 struct OfficeCopy {
@@ -114,7 +116,7 @@ protected:
         if (page != 0) {
             turnTo(page);
         }
-        EXPECT_EQ(shownIds(), std::vector<std::string>{});
+        EXPECT_EQ(shownIds(), Texts{});
         messages.shown.clear();
         return screen();
     }
@@ -148,9 +150,9 @@ protected:
     /// Changes the store behind the program's back.
     void sql(const std::string& text) { runSql(office.store(), text); }
     /// The rows of a select behind the program's back, columns joined with "|".
-    std::vector<std::string> rows(const std::string& select);
+    Texts rows(const std::string& select);
     std::string one(const std::string& select) {
-        const std::vector<std::string> found = rows(select);
+        const Texts found = rows(select);
         return found.size() == 1 ? found.front() : std::to_string(found.size()) + " rows";
     }
     std::string info(const std::string& column, const std::string& userId = kCompany) {
@@ -160,12 +162,12 @@ protected:
         return one("select " + column + " from TBL_CUSTOMER_ADD where USER_ID = '" + userId + "'");
     }
     /// "USER_ID holder" of each lock but the sample's own.
-    std::vector<std::string> locks() {
+    Texts locks() {
         return rows("select USER_ID || ' ' || LOCAL_INFO from TBL_LOCK where LOCAL_INFO <> 'FRONT-PC02' order by 1");
     }
     /// Everything that the store holds, to see that nothing changed.
-    std::vector<std::string> everything() {
-        std::vector<std::string> all;
+    Texts everything() {
+        Texts all;
         for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
             const auto found = rows(std::string("select * from ") + table + " order by USER_ID");
             all.insert(all.end(), found.begin(), found.end());
@@ -181,8 +183,8 @@ protected:
     std::string record(const std::string& code, const std::string& text) const {
         return toText(Value(clock.now())) + "," + code + "," + text + "\r\n";
     }
-    std::vector<std::string> shownIds() const {
-        std::vector<std::string> ids;
+    Texts shownIds() const {
+        Texts ids;
         for (const auto& shown : messages.shown) {
             ids.push_back(shown.id);
         }
@@ -190,7 +192,7 @@ protected:
     }
     /// The one message since the last look was that, with those values.
     void expectShown(const std::string& id, const Values& args) {
-        ASSERT_EQ(shownIds(), std::vector<std::string>{id});
+        ASSERT_EQ(shownIds(), Texts{id});
         EXPECT_EQ(messages.shown.front().args, args);
         messages.shown.clear();
     }
@@ -228,16 +230,17 @@ protected:
     FormHost forms;
 };
 
-inline std::vector<std::string> SystemTest::rows(const std::string& select) {
-    std::vector<std::string> found;
+inline Texts SystemTest::rows(const std::string& select) {
+    Texts found;
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(office.store().c_str(), &database), SQLITE_OK);
+    sqlite3_busy_timeout(database, 5000);
     const auto take = [](void* list, int count, char** values, char**) {
         std::string row;
         for (int i = 0; i < count; ++i) {
             row += std::string(i > 0 ? "|" : "") + (values[i] != nullptr ? values[i] : "NULL");
         }
-        static_cast<std::vector<std::string>*>(list)->push_back(row);
+        static_cast<Texts*>(list)->push_back(row);
         return 0;
     };
     EXPECT_EQ(sqlite3_exec(database, select.c_str(), take, &found, nullptr), SQLITE_OK) << sqlite3_errmsg(database);

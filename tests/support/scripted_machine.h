@@ -8,12 +8,21 @@
 #include <string>
 #include <vector>
 
+#include "platform/machine/clock.h"
 #include "platform/machine/machine_facts.h"
 #include "platform/machine/picture_library.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/sys_info_service.h"
 
 namespace orv {
+
+/// Stands still until it is set.
+class FixedClock : public Clock {
+public:
+    DateTime moment{.year = 2026, .month = 5, .day = 4, .hour = 9, .minute = 8, .second = 7};
+
+    DateTime now() const override { return moment; }
+};
 
 class FixedFacts : public MachineFacts {
 public:
@@ -86,13 +95,19 @@ struct PictureScript {
     }
 };
 
-/// A picture of a size and nothing else.
+/// A picture of a size; red on its left half, blue on its right.
 class BlankPicture : public Picture {
 public:
     BlankPicture(PictureScript& script, int width, int height) : script_(script), width_(width), height_(height) {}
     int width() const override { return width_; }
     int height() const override { return height_; }
-    Pixels scaled(int width, int height) const override { return {width, height, {}}; }
+    Pixels scaled(int width, int height) const override {
+        Pixels pixels{width, height, {}};
+        for (int i = 0; i < width * height; ++i) {
+            pixels.argb.push_back(i % width < width / 2 ? 0xffff0000U : 0xff0000ffU);
+        }
+        return pixels;
+    }
     void size(int width, int height) override {
         script_.failIfBroken("size");
         width_ = width;

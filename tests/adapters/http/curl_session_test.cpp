@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <numeric>
 #include <tuple>
 
+#include "adapters/http/curl_http_control.h"
 #include "http_fixture.h"
 
 namespace orv {
@@ -70,6 +72,28 @@ TEST(CurlSession, TheNameAtTheEndOfAUrlIsEncodedAndNothingElse) {
     };
     for (const auto& [url, encoded] : cases) {
         EXPECT_EQ(withEncodedName(url), encoded);
+    }
+}
+
+TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {
+    const TempFolder folder;
+    const TempFolder served;
+    const RunningSuite suite{served.path()};
+    FolderFiles files{folder.path()};
+    CurlHttpControl control{files};
+    control.Version("HTTP/1.1");
+    control.Timeout(5000);
+    std::string everyByte(256 * 4096, '\0');
+    std::iota(everyByte.begin(), everyByte.end(), '\0');
+    const std::map<std::string, std::string> photos{{"---------COS00000000_02.jpg", everyByte},
+                                                    {"外観㈱髙 b+c&d.jpg", "kanji"}};
+    for (const auto& [name, bytes] : photos) {
+        writeFile(folder.path() / name, bytes);
+        control.URL(suite.url("/rereceive46/davroot/" + name));
+        std::string response;
+        control.Upload("C:\\" + name, std::nullopt, response, std::nullopt, "kvr73node", "Xk9TRbmW2");
+        EXPECT_EQ(control.ResponseCode(), 201) << name;
+        EXPECT_EQ(readFile(served.path() / "photos" / name), bytes) << name;
     }
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
+#include "adapters/http/company_document.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "http_fixture.h"
@@ -83,15 +84,6 @@ TEST_F(HttpCompanySendTest, AMissingSettingIsToldBeforeAnythingIsAsked) {
     EXPECT_EQ(send.SendError(), FailureRecord{});
 }
 
-TEST_F(HttpCompanySendTest, PreparedIsWhatAnswersWithSuccess) {
-    for (const auto& [status, ok] : std::map<int, bool>{{200, true}, {299, true}, {302, false}, {503, false}}) {
-        suite.misbehave("prepare:status=" + std::to_string(status));
-        EXPECT_EQ(prepare(), ok) << status;
-        EXPECT_EQ(send.SendError().code, ok ? "" : std::to_string(status));
-    }
-    EXPECT_NE(send.SendError().text.find("503 Service Unavailable"), std::string::npos);
-}
-
 TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
     json expected;
     for (const std::string table : kTables) {
@@ -125,19 +117,6 @@ TEST_F(HttpCompanySendTest, ANewCompanyGetsItsNumber) {
     EXPECT_EQ(kept("000005001")["TBL_CUSTOMER_DATE"]["USER_ID"], "000005001");
 }
 
-TEST_F(HttpCompanySendTest, AnAnswerThatIsNoneIsAFailureWithTextAndCode) {
-    for (const auto& [misbehaviour, code] : std::map<std::string, std::string>{
-             {"garbage", "SEND0005"}, {"cut", "24011"}, {"status=200", "SEND0005"}, {"id-length=0", "SEND0005"}}) {
-        suite.misbehave("well");
-        suite.misbehave("companies:" + misbehaviour);
-        id = "before";
-        EXPECT_FALSE(sendCompany()) << misbehaviour;
-        EXPECT_EQ(id, "") << misbehaviour;
-        EXPECT_EQ(send.SendError().code, code) << misbehaviour;
-        EXPECT_FALSE(send.SendError().text.empty()) << misbehaviour;
-    }
-}
-
 TEST_F(HttpCompanySendTest, WhatTheStoreCannotGiveIsNotSent) {
     EXPECT_FALSE(sendCompany("000009999"));
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_INFO"), std::string::npos);
@@ -149,6 +128,26 @@ TEST_F(HttpCompanySendTest, WhatTheStoreCannotGiveIsNotSent) {
     EXPECT_EQ(send.SendError().code, "51");
     EXPECT_FALSE(send.SendError().text.empty());
     EXPECT_EQ(suite.log(), "");
+}
+
+TEST(IdInAnswer, AnObjectWithAnIdTextIsAnAnswer) {
+    for (const auto& [body, id] : std::map<std::string, std::string>{
+             {" {\"id\" : \"12345678\", \"more\": [1, {\"id\": 2}]}\r\n", "12345678"},
+             {R"({"id":"\u65e5\u672c"})", "日本"},
+             {R"({"id":")" + std::string(64, '1') + "\"}", std::string(64, '1')},
+         }) {
+        EXPECT_EQ(idInAnswer(body), id) << body;
+    }
+}
+
+TEST(IdInAnswer, AnythingElseIsNone) {
+    for (const char* body :
+         {"", "ok", "[]", "{}", R"({"ID":"000005001"})", R"({"id":5001})", R"({"id":""})", R"({"id":"000005001"} x)",
+          "<html>\xFF\xFE{]", "{\"id\":\"\xFF\"}", R"({"id":"a\u0000b"})", R"({"id":"1234';--"})"}) {
+        EXPECT_EQ(idInAnswer(body), std::nullopt) << body;
+    }
+    EXPECT_EQ(idInAnswer(R"({"id":")" + std::string(65, '1') + "\"}"), std::nullopt);
+    EXPECT_EQ(idInAnswer(R"({"id":)" + std::string(500'000, '{')), std::nullopt);
 }
 
 }  // namespace

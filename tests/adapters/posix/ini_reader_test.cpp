@@ -55,26 +55,6 @@ TEST_F(IniReaderTest, ReadsAsItsFormatSays) {
     }
 }
 
-TEST_F(IniReaderTest, TrailBytesArePartOfTheirCharacter) {
-    const struct {
-        const char* section;
-        const char* key;
-        std::string bytes;
-        const char* expected;
-    } cases[] = {
-        // ー ends in 5B, ゼ in 5B, ソ in 5C, ゾ in 5D
-        {"ゾーン", "ソート", "[\x83\x5D\x81\x5B\x83\x93]\n\x83\x5C\x81\x5B\x83\x67=\x83\x5C", "ソ"},
-        // a line that begins with a trail byte of its own is no section
-        {"S", "ゾ", "[S]\n\x83\x5D=1", "1"},
-        // ァ is 83 40, ア 83 41, チ 83 60, ヂ 83 61: letters by their second byte only
-        {"S", "ア", "[S]\n\x83\x61=1\n\x83\x41=2", "2"},
-        {"S", "キーx", "[S]\n\x83\x4C\x81\x5BX=1", "1"},
-    };
-    for (const auto& [section, key, bytes, expected] : cases) {
-        EXPECT_EQ(read(bytes, section, key), expected) << key;
-    }
-}
-
 TEST_F(IniReaderTest, CutsAt511BytesBetweenCharacters) {
     const std::string start = "[S]\nK=";
     EXPECT_EQ(read(start + std::string(512, 'a'), "S", "K"), std::string(511, 'a'));

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <map>
 
+#include "adapters/posix/posix_sys_info.h"
 #include "temp_office.h"
 
 namespace orv {
@@ -25,6 +27,67 @@ TEST(PosixFacts, ComputerNameIsUpperCaseAndWhole) {
     std::transform(host.begin(), host.end(), host.begin(), [](unsigned char c) { return std::toupper(c); });
     EXPECT_EQ(PosixFacts().GetComputerName(), host);
     EXPECT_EQ(blankGiven, host);
+}
+
+TEST(ChooseAddress, TakesTheOneThatOthersReach) {
+    const NetAddress loopback{"127.0.0.1", true, true, true};
+    const NetAddress down{"10.0.0.9", false, false, true};
+    const NetAddress linkOnly{"169.254.3.4", true, false, true};
+    const NetAddress v6{"2001:db8::1", true, false, false};
+    const NetAddress first{"192.168.1.20", true, false, true};
+    const NetAddress second{"10.0.0.5", true, false, true};
+    const std::pair<std::vector<NetAddress>, std::string> cases[] = {
+        {{}, ""},
+        {{loopback, down}, ""},
+        {{loopback, first, second}, first.text},
+        {{v6, second}, second.text},
+        {{linkOnly, v6}, v6.text},
+        {{linkOnly}, linkOnly.text},
+    };
+    for (const auto& [addresses, expected] : cases) {
+        EXPECT_EQ(chooseAddress(addresses), expected);
+    }
+}
+
+TEST(InstallPaths, FindsTheNativePlace) {
+    const TempOffice office;
+    for (const char* place : {"C/ORV/Sys/System.INI", "C/ORV/Dup/b", "C/ORV/Dup/B", "C/ORV/Dup/NAME", "C/ORV/Dup/Name",
+                              "C/ORV/写真/外観.jpg", "secret"}) {
+        office.write(place, "");
+    }
+    const std::map<std::string, std::vector<std::string>> cases{
+        {"/C/ORV/Sys/System.INI",
+         {"C:\\ORV\\SYS\\system.ini", "c:/orv/sys/SYSTEM.INI", "C:\\ORV\\.\\BIN\\..\\SYS\\\\system.ini",
+          "..\\SYS\\system.ini"}},
+        {"/C", {"C:", "C:\\"}},
+        {"/C/ORV/NOT/New.txt", {"C:\\ORV\\NOT\\THERE\\..\\New.txt"}},
+        {"/C/ORV/Dup/b", {"C:\\ORV\\Dup\\b"}},
+        {"/C/ORV/Dup/NAME", {"C:\\ORV\\Dup\\name"}},
+        {"/C/ORV/写真/外観.jpg", {"C:\\orv\\写真\\外観.JPG"}},
+        {"/C/secret", {"C:\\..\\..\\..\\secret", "..\\..\\..\\..\\..\\secret"}},
+        {"/C/ORV/BIN/new.txt", {"new.txt"}},
+        {"/C/ORV/Sys", {"\\ORV\\sys"}},
+    };
+    EXPECT_EQ(failureOf([&] { (void)office.paths().toNative(""); }), 52);
+    for (const auto& [expected, paths] : cases) {
+        for (const std::string& path : paths) {
+            EXPECT_EQ(office.paths().toNative(path), office.root() + expected) << path;
+        }
+    }
+}
+
+TEST(InstallPaths, MapsBack) {
+    const InstallPaths paths("/office/", "/office/C/ORV/BIN/");
+    EXPECT_EQ(paths.programFolder(), "C:\\ORV\\BIN");
+    const std::pair<const char*, const char*> cases[] = {
+        {"/office/D/写真/a.jpg", "D:\\写真\\a.jpg"},
+        {"/office/registry.txt", "/office/registry.txt"},
+        {"/office/CD/x", "/office/CD/x"},
+        {"/office2/C/x", "/office2/C/x"},
+    };
+    for (const auto& [native, expected] : cases) {
+        EXPECT_EQ(paths.toSystem(native), expected);
+    }
 }
 
 }  // namespace

@@ -100,19 +100,6 @@ TEST_F(EntryTest, AnOpenCompositionIsTakenBeforeAnythingElse) {
     }
 }
 
-TEST_F(EntryTest, UndoBringsBackNothingThatWasRefused) {
-    QLineEdit* line = enter(page.code);
-    byKeys(*line, "1x2");
-    byPasting(*line, "yyy98765");
-    EXPECT_EQ(page.code.text(), "1298");
-    for (int i = 0; i < 4; ++i) {
-        QTest::keyClick(line, Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_TRUE(std::string("1298").starts_with(page.code.text())) << page.code.text();
-        EXPECT_EQ(line->text(), toQt(page.code.text()));
-    }
-    EXPECT_EQ(page.code.text(), "");
-}
-
 TEST_F(EntryTest, WhatTheSystemSetsIsNotLimited) {
     const std::string longText(40000, 'x');
     page.code.setText(longText);

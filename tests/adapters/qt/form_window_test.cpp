@@ -1,3 +1,5 @@
+#include <QMessageBox>
+#include <QPushButton>
 #include <QWindow>
 
 #include "adapters/qt/qt_test.h"
@@ -13,17 +15,6 @@ protected:
     void press(int key) const { QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key)); }
     SamplePage page;
 };
-
-TEST_F(FormWindowTest, TheFocusIsOneOnBothSides) {
-    show(page);
-    EXPECT_EQ(focused(), "txt_Code");
-    enter(page.name);
-    EXPECT_EQ(page.activeControl(), &page.name);
-    page.year.setFocus();
-    EXPECT_EQ(focused(), "txt_Year");
-    press(Qt::Key_Tab);
-    EXPECT_EQ(page.activeControl(), &page.list);
-}
 
 TEST_F(FormWindowTest, KeysComeToTheFormFirstByTheirClassicCodes) {
     show(page);
@@ -86,6 +77,70 @@ TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     page.setEnabled(true);
     settle();
     EXPECT_EQ(clicks, 1);
+}
+
+class WindowSystemTest : public QtTest {
+protected:
+    /// Once the next modal window is up.
+    static void meanwhile(std::function<void(QWidget&)> act) {
+        QTimer::singleShot(0, qApp, [act = std::move(act)] {
+            ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+            act(*QApplication::activeModalWidget());
+        });
+    }
+};
+
+TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
+    const Notice notice{.title = "確認",
+                        .text = "<b>終了</b>しますか？",
+                        .kind = Notice::Kind::Question,
+                        .buttons = {"はい", "いいえ", "中止"},
+                        .defaultButton = 1,
+                        .escapeButton = 2};
+    const std::vector<std::pair<void (*)(QWidget&), std::size_t>> acts = {
+        {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }, 1},
+        {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
+        {[](QWidget& box) { box.findChild<QPushButton*>("notice_0")->click(); }, 0},
+    };
+    SamplePage page;
+    for (const bool withForm : {false, true}) {
+        if (withForm) show(page);
+        for (const auto& [act, answer] : acts) {
+            meanwhile([&](QWidget& box) {
+                EXPECT_EQ(box.parentWidget(), withForm ? windowOf(page) : nullptr);
+                EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+                act(box);
+            });
+            EXPECT_EQ(windows.showNotice(notice), answer);
+        }
+    }
+}
+
+TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
+    SamplePage next("next");
+    struct MortalPage : SamplePage {
+        explicit MortalPage(bool& living) : SamplePage("mortal"), alive(living) {}
+        ~MortalPage() override { alive = false; }
+        bool& alive;
+    };
+    bool alive = true;
+    auto mortal = std::make_unique<MortalPage>(alive);
+    MortalPage& page = *mortal;
+    show(page);
+    page.save.onClick = [&] {
+        show(next);
+        forms.unload(page, UnloadMode::Code);
+        forms.retire(std::move(mortal));
+        meanwhile([&](QWidget& box) {
+            QTest::qWait(120);
+            box.close();
+        });
+        windows.showNotice({.title = "題", .text = "文"});
+        EXPECT_TRUE(alive);
+    };
+    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }));
+    EXPECT_NE(windowOf(next), nullptr);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QWheelEvent>
 
 #include "adapters/qt/qt_test.h"
+#include "support/scripted_machine.h"
 
 namespace orv {
 namespace {
@@ -77,52 +78,8 @@ TEST_F(ViewsTest, ColoursReachTheScreen) {
     EXPECT_EQ(colourOf(page.panel, {8, 10}), QColor(Qt::white));
 }
 
-TEST_F(ViewsTest, AButtonIsPressedOnceWhicheverWay) {
-    QWidget* button = widgetOf(page.save);
-    const std::vector<std::pair<const char*, std::function<void()>>> ways{
-        {"mouse", [&] { QTest::mouseClick(button, Qt::LeftButton); }},
-        {"blank", [&] { QTest::keyClick(button, Qt::Key_Space); }},
-        {"enter", [&] { QTest::keyClick(button, Qt::Key_Return); }},
-        {"access key", [&] { pressAccessKey(widgetOf(page.open)); }},
-    };
-    for (const bool enabled : {true, false}) {
-        page.save.setEnabled(enabled);
-        for (const auto& [name, way] : ways) {
-            clicks = 0;
-            enter(page.open);
-            if (enabled) button->setFocus();
-            way();
-            EXPECT_EQ(clicks, enabled ? 1 : 0) << name;
-        }
-    }
-}
-
-/// Red on its left half, blue on its right.
-class TwoColours : public Picture {
-public:
-    int width() const override { return 20; }
-    int height() const override { return 10; }
-    Pixels scaled(int width, int height) const override {
-        Pixels pixels{width, height, {}};
-        for (int i = 0; i < width * height; ++i) {
-            pixels.argb.push_back(i % width < width / 2 ? 0xffff0000U : 0xff0000ffU);
-        }
-        return pixels;
-    }
-    void size(int, int) override {}
-    void save(const std::string&, std::int32_t, std::int32_t, int) const override {}
-};
-
-class OnePicture : public PictureLibrary {
-public:
-    PictureInfo info(const std::string&) const override { return {}; }
-    std::unique_ptr<Picture> load(const std::string&, PictureSize) const override {
-        return std::make_unique<TwoColours>();
-    }
-};
-
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCutAndAgainAsItWas) {
-    OnePicture pictures;
+    BlankPictures pictures;
     services().pictures = &pictures;
     page.photo.setDstRect({10, 4, 20, 10});
     page.photo.setDstClipRect({10, 4, 15, 10});

@@ -1,7 +1,6 @@
 #include "adapters/sqlite/sqlite_db_service.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <array>
 
@@ -30,48 +29,6 @@ protected:
     const std::string path = folder.file("ORVESTATE.MDB");
     SqliteDbService service{nativePaths(), kShortWait};
 };
-
-TEST_F(SqliteStore, WhatIsNoStoreIsRefusedByCauseAndLeftAlone) {
-    const std::string good = readFile(path);
-    const std::map<std::string, std::string> broken{
-        {"empty", ""},
-        {"text", "host=store.example.jp dbname=orv\n"},
-        {"jet", std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, '\0')},
-        {"sign only", good.substr(0, 16)},
-        {"cut", good.substr(0, good.size() / 2)},
-    };
-    for (const auto& [name, bytes] : broken) {
-        writeFile(folder.file(name), bytes);
-    }
-    std::filesystem::create_directory(folder.file("folder"));
-    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
-    const auto before = folder.contents();
-    for (const auto& [name, code, word] : std::to_array<std::array<std::string, 3>>({
-             {"missing", "DBFILE01", "見つかりません"},
-             {"folder", "DBFILE02", "フォルダー"},
-             {"pipe", "DBFILE03", "普通のファイルではありません"},
-             {"empty", "DBFILE05", "空です"},
-             {"jet", "DBFILE06", "以前の形式"},
-             {"text", "DBFILE07", "データベースではありません"},
-             {"sign only", "DB26", "壊れているか"},
-             {"cut", "DB11", "壊れています"},
-         })) {
-        ConnectionPtr connection;
-        bool ok = true;
-        service.DbReset();
-        service.DbOpen(connection, folder.file(name), ok);
-        EXPECT_FALSE(ok || connection != nullptr) << name;
-        EXPECT_EQ(service.DbError().code, code) << name;
-        EXPECT_NE(service.DbError().text.find(word), std::string::npos) << name << service.DbError().text;
-    }
-    EXPECT_TRUE(folder.contents() == before);
-}
-
-TEST_F(SqliteStore, OpeningReadingAndClosingAlterNothing) {
-    const auto before = folder.contents();
-    EXPECT_EQ(Terminal(service, path).list("SELECT USER_ID FROM TBL_CUSTOMER_INFO").size(), 6U);
-    EXPECT_TRUE(folder.contents() == before);
-}
 
 TEST_F(SqliteStore, ABooleanColumnGivesBooleansWhateverStandsForTrue) {
     for (const auto& [stored, expected] :

@@ -12,22 +12,13 @@ namespace {
 constexpr std::int32_t kEmbedded = 2;
 constexpr std::int32_t kTable = 1;
 
-class TransmitTable : public ::testing::Test {
-protected:
-    TransmitTable() { runSampleFile(path, "transmit.sql"); }
-
-    std::unique_ptr<TransmitDatabase> open(const std::string& file) {
-        return workspace->OpenDatabase(file, false, false, ";pwd=word");
-    }
-
-    TempFolder folder;
+TEST(TransmitTable, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
+    const TempFolder folder;
     const std::string path = folder.file("TRANSMIT.MDB");
+    runSampleFile(path, "transmit.sql");
     TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
-    std::unique_ptr<TransmitWorkspace> workspace = engine.CreateWorkspace("NewJetWorkspace", "admin", "", kEmbedded);
-};
-
-TEST_F(TransmitTable, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
-    const auto database = open(path);
+    const auto workspace = engine.CreateWorkspace("NewJetWorkspace", "admin", "", kEmbedded);
+    const auto database = workspace->OpenDatabase(path, false, false, ";pwd=word");
     const auto table = database->OpenRecordset("Transmit_Info", kTable);
     table->Index("PrimaryKey");
     table->Seek("=", {1, "000004601"});
@@ -45,16 +36,6 @@ TEST_F(TransmitTable, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
         EXPECT_FALSE(table->Eof());
         EXPECT_EQ(failureOf([&] { table->Fields("DataMax"); }), 5);
     }
-}
-
-TEST_F(TransmitTable, WhatIsNotSupportedIsRefused) {
-    const auto database = open(path);
-    const auto table = database->OpenRecordset("Transmit_Info", kTable);
-    EXPECT_EQ(failureOf([&] { database->OpenRecordset("No \"such\" table", kTable); }), 5);
-    EXPECT_EQ(failureOf([&] { open(folder.file("missing")); }), 53);
-    EXPECT_FALSE(std::filesystem::exists(folder.file("missing")));
-    table->Index("PrimaryKey");
-    EXPECT_EQ(failureOf([&] { table->Seek(">", {1, "000004601"}); }), 5);
 }
 
 }  // namespace

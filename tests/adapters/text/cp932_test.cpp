@@ -43,14 +43,7 @@ TEST(Cp932, WritesOneQuestionMarkForWhatItLacks) {
     for (const std::string_view text : {"〜", "−", "¥", "é", "𠮷", "\uE758", "\xFF"}) {
         EXPECT_EQ(page.encode(std::string(text)), "?") << text;
     }
-    constexpr auto kCases = std::to_array<Pair>({
-        {"\x81あ", "?\x82\xA0"},
-        {"\xE3\x81", "??"},
-        {"\xF4\x90\x80\x80", "????"},
-    });
-    for (const auto& [text, bytes] : kCases) {
-        EXPECT_EQ(page.encode(std::string(text)), bytes) << text;
-    }
+    EXPECT_EQ(page.encode("\x81あ\xE3\x81"), "?\x82\xA0??");
 }
 
 TEST(Cp932, NeverStopsAtBadBytes) {

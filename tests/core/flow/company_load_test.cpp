@@ -5,18 +5,9 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 constexpr const char* kFill = "[ PF_SetCompanyDataStructureChng ] ";
 
-class Load : public SystemTest {
-protected:
-    void expectPair(const std::string& text, const std::string& code) {
-        EXPECT_EQ(gErrMsg, text);
-        EXPECT_EQ(gErrCode, code);
-    }
-};
+using Load = SystemTest;
 
 TEST_F(Load, EveryColumnComesIntoItsField) {
     for (const FieldInfo& field : kFields) {
@@ -57,16 +48,17 @@ TEST_F(Load, NullsComeAsBlanksAndZeros) {
 }
 
 TEST_F(Load, TheAreaFollowsFromTheAddressWhereItIsMissing) {
-    struct Case {
-        std::string area, address, result;
-    };
-    for (const Case& c : {Case{"''", "'13104022003'", "13104"}, Case{"NULL", "'131'", "131"},
-                          Case{"'  '", "'13104022003'", "13104"}, Case{"'99999'", "'13104022003'", "99999"},
-                          Case{"''", "'  '", ""}, Case{"''", "'１３１０４０２２'", "１３１０４"}}) {
-        sql("update TBL_CUSTOMER_INFO set AREA_CODE = " + c.area + ", ADDRESS_CODE = " + c.address +
+    for (const auto& [area, address, result] :
+         std::to_array<std::array<std::string, 3>>({{"''", "'13104022003'", "13104"},
+                                                    {"NULL", "'131'", "131"},
+                                                    {"'  '", "'13104022003'", "13104"},
+                                                    {"'99999'", "'13104022003'", "99999"},
+                                                    {"''", "'  '", ""},
+                                                    {"''", "'１３１０４０２２'", "１３１０４"}})) {
+        sql("update TBL_CUSTOMER_INFO set AREA_CODE = " + area + ", ADDRESS_CODE = " + address +
             " where USER_ID = '000004601'");
         load();
-        EXPECT_EQ(tCustomerInfo.AREA_CODE, c.result) << c.area << c.address;
+        EXPECT_EQ(tCustomerInfo.AREA_CODE, result) << area << address;
     }
 }
 
@@ -107,21 +99,17 @@ TEST_F(Load, PhotosGetWorkingCopies) {
 }
 
 TEST_F(Load, WhatStopsALoad) {
-    struct Case {
-        Call call;
-        std::string part, text, code;
-    };
-    for (const Case& c : {
-             Case{Call::Open, "", "ストアの故障", "DB:77"},
-             Case{Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障", "DB:77"},
-             Case{Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障", "DB:77"},
-             Case{Call::Execute, "insert", "[ PF_DataLock ] ストアの故障", "DB:77"},
-             Case{Call::Select, "LEFT JOIN", "ストアの故障", "DB:77"},
-         }) {
+    for (const auto& [call, part, text] : std::to_array<std::tuple<Call, const char*, const char*>>({
+             {Call::Open, "", "ストアの故障"},
+             {Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障"},
+             {Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障"},
+             {Call::Execute, "insert", "[ PF_DataLock ] ストアの故障"},
+             {Call::Select, "LEFT JOIN", "ストアの故障"},
+         })) {
         sql("delete from TBL_LOCK");
-        store.fail(c.call, c.part);
-        EXPECT_FALSE(PF_GetCompanyData(kCompany)) << c.text << c.part;
-        expectPair(c.text, c.code);
+        store.fail(call, part);
+        EXPECT_FALSE(PF_GetCompanyData(kCompany)) << text << part;
+        EXPECT_EQ(gErrMsg + " " + gErrCode, std::string(text) + " DB:77");
         EXPECT_EQ(locks(), Texts{}) << "no page will ever release it";
         EXPECT_EQ(store.open, 0);
         store.mend();
@@ -131,23 +119,40 @@ TEST_F(Load, WhatStopsALoad) {
 
 TEST_F(Load, ACompanyThatIsNotThereOrNotWhole) {
     EXPECT_FALSE(PF_GetCompanyData("000009999"));
-    expectPair("DBデータ取得にしっぱいしました。", "ECOS5120");
+    EXPECT_EQ(gErrMsg + " " + gErrCode, "DBデータ取得にしっぱいしました。 ECOS5120");
     EXPECT_FALSE(PF_GetCompanyData("000004605"));
-    expectPair(std::string(kFill) + "値のない項目を値として使いました。", "94");
+    EXPECT_EQ(gErrMsg + " " + gErrCode, std::string(kFill) + "値のない項目を値として使いました。 94");
     EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "みずうみ見本住宅") << "the record is left as far as it got";
     sql("create table T as select * from TBL_CUSTOMER_ADD; drop table TBL_CUSTOMER_ADD; alter table T rename to "
         "TBL_CUSTOMER_ADD; insert into TBL_CUSTOMER_ADD select * from TBL_CUSTOMER_ADD where USER_ID = '000004601'");
     EXPECT_FALSE(PF_GetCompanyData(kCompany));
-    expectPair("000004601がDBに存在しないか、\r\n複数存在します。", "DBERR:02");
+    EXPECT_EQ(gErrMsg + " " + gErrCode, "000004601がDBに存在しないか、\r\n複数存在します。 DBERR:02");
     EXPECT_EQ(locks(), Texts{});
 }
 
 TEST_F(Load, AForeignLockIsToldOnceAndChangesNothing) {
     EXPECT_FALSE(PF_GetCompanyData("000004606"));
     expectShown("COS20003", {"000004606"});
-    expectPair("", "");
+    EXPECT_EQ(gErrMsg + gErrCode, "");
     EXPECT_EQ(log(), "");
     EXPECT_EQ(one("select LOCAL_INFO || INSERT_DATE from TBL_LOCK"), "FRONT-PC022026/11/02 09:14:37");
+}
+
+TEST_F(Load, ClearingPutsEverythingBackButTheServicePack) {
+    for (const FieldInfo& field : kFields) {
+        if (field.text != nullptr) {
+            tCustomerInfo.*field.text = "x";
+        }
+    }
+    tCustomerInfo.SEND_FLAG = true;
+    EXPECT_TRUE(PF_SetCompanyDataStructureInis());
+    for (const FieldInfo& field : kFields) {
+        if (field.text != nullptr) {
+            const std::string expected = field.name == "SAME_CHECK" ? "1" : field.name == "CSD_VER" ? "x" : "";
+            EXPECT_EQ(tCustomerInfo.*field.text, expected) << field.name;
+        }
+    }
+    EXPECT_FALSE(tCustomerInfo.SEND_FLAG);
 }
 
 class EnvironmentProbe : public SystemTest {

@@ -5,9 +5,6 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
 
 /// Both ways out, of each page.

@@ -5,9 +5,6 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 /// A company that the server has not numbered, filled like the sample's first one.
 class NewCompany : public SaveTest {
 protected:

@@ -7,9 +7,6 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 class Save : public SaveTest {};
 
 TEST_F(Save, ACompleteSave) {
@@ -172,21 +169,6 @@ TEST_F(Save, APageThatHasLostItsChoiceSavesItsOwnCompany) {
     expectShown("COS05574", {});
     EXPECT_EQ(info("COMPANY_NAME"), "変更後");
     EXPECT_EQ(form().cbo_User_Id.text(), kCompany);
-}
-
-TEST_F(Save, ASaveThatMovedToAnotherPageEndsThere) {
-    startOn(0);
-    edit("");
-    turnTo(3);
-    save();
-    expectShown("COS19800", {"会社名が未入力です。"});
-    EXPECT_EQ(screen().number, 0);
-    EXPECT_EQ(screen().activeControl(), &form().txt_Company_Name);
-    expectAtRest();
-    edit("直した");
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(info("COMPANY_NAME"), "直した");
 }
 
 TEST_F(Save, AKnownCompanyKeepsItsNumberWhateverTheServerAnswers) {

@@ -5,8 +5,6 @@
 namespace orv {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr const char* kWorking1 = "C:\\ORV\\TMP\\TmpImg_1";
 constexpr const char* kWorking2 = "C:\\ORV\\TMP\\TmpImg_2";
 constexpr const char* kStored1 = "C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg";

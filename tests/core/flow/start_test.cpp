@@ -5,8 +5,6 @@
 namespace orv {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
 
 class Start : public SystemTest {};
@@ -69,14 +67,6 @@ TEST_F(Start, AMalformedArgumentIsToldAndTheCallerComesBack) {
         EXPECT_TRUE(forms.forms().empty());
     }
     EXPECT_EQ(store.calls, 0);
-}
-
-TEST_F(Start, TheUserIdStandsAsItIs) {
-    start(" 000004601,1,0");
-    expectReported("ECOS5120", "DBデータ取得にしっぱいしました。");
-    start("'; drop table TBL_LOCK; --,1,0");
-    EXPECT_EQ(shownIds(), Texts{"COSERR01"});
-    EXPECT_EQ(one("select count(*) from TBL_LOCK"), "1");
 }
 
 TEST_F(Start, ACallerThatCannotBeStartedIsLogged) {

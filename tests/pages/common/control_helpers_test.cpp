@@ -23,15 +23,16 @@ protected:
 
 TEST_F(Helpers, AListTakesWhatItHolds) {
     ComboBox& list = filled();
-    struct Case {
-        std::string value, shown, refused;
-    };
-    for (const Case& c : {Case{"乙  ", "乙", ""}, Case{"丁", "乙", ""}, Case{"", "", ""}, Case{" 甲", "", ""},
-                          Case{"甲", "甲", ""}, Case{"  ", "", "免許証番号"}}) {
+    for (const auto& [value, shown, refused] : std::to_array<std::array<const char*, 3>>({{"乙  ", "乙", ""},
+                                                                                          {"丁", "乙", ""},
+                                                                                          {"", "", ""},
+                                                                                          {" 甲", "", ""},
+                                                                                          {"甲", "甲", ""},
+                                                                                          {"  ", "", "免許証番号"}})) {
         gErrItems.clear();
-        EXPECT_TRUE(PF_SetControlValue(list, c.value));
-        EXPECT_EQ(list.text(), c.shown) << c.value;
-        EXPECT_EQ(gErrItems, c.refused) << "behind its end a list holds a blank that can't be chosen";
+        EXPECT_TRUE(PF_SetControlValue(list, value));
+        EXPECT_EQ(list.text(), shown) << value;
+        EXPECT_EQ(gErrItems, refused) << "behind its end a list holds a blank that can't be chosen";
     }
 }
 

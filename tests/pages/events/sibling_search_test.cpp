@@ -5,8 +5,6 @@
 namespace orv {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 std::string textOf(const Control& control) {
     return control.kind() == ControlKind::Label ? dynamic_cast<const Label&>(control).caption()
                                                 : dynamic_cast<const TextInput&>(control).text();

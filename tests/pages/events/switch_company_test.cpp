@@ -7,9 +7,6 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 constexpr const char* kOther = "000004602";
 
 class Switch : public SystemTest {

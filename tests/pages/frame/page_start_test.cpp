@@ -5,26 +5,7 @@
 namespace orv {
 namespace {
 
-using Call = FailingStore::Call;
-using Texts = std::vector<std::string>;
-
 class PageStart : public SystemTest {};
-
-TEST_F(PageStart, EveryPageOpensReadyAndAlone) {
-    start();
-    for (int number : {1, 2, 3, 4, 0}) {
-        turnTo(number);
-        EXPECT_EQ(screen().number, number);
-        EXPECT_TRUE(screen().ready);
-        EXPECT_EQ(forms.forms().size(), 1u);
-        EXPECT_EQ(screen().cbo_User_Id.listCount(), 7);
-        EXPECT_EQ(screen().cbo_User_Id.list(6), kMarker);
-        EXPECT_EQ(forms.pointer(), kPointerDefault);
-        EXPECT_EQ(store.open, 0);
-    }
-    EXPECT_EQ(shownIds(), Texts{});
-    EXPECT_EQ(log(), "");
-}
 
 TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
     struct Case {
@@ -69,19 +50,6 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
         messages.shown.clear();
         gSaved = false;
     }
-}
-
-TEST_F(PageStart, AFillThatFailsIsReportedAndHandsNothingOver) {
-    pictures.script.broken = {"load"};
-    start();
-    turnTo(2);
-    expectReported("57", "[ PF_Thumbnail ] 画像ではありません。");
-    turnTo(0);
-    EXPECT_EQ(tCustomerInfo.COMPANY_URL, "http://www.aozora.example.jp/");
-    EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "C:\\ORV\\TMP\\TmpImg_2");
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(add("PHOTO_FILE2"), "000004601COS00000000_02.jpg");
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 namespace orv {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 class ChangePassword : public WindowTest {
 protected:
     frm_CompInp0& form() { return page<frm_CompInp0>(); }

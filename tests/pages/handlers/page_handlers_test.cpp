@@ -51,15 +51,6 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
     }
 }
 
-TEST_F(Handlers, TheAreaFollowsTheAddressCode) {
-    startOn(0);
-    for (const auto& [code, area] :
-         {std::pair{"27127001001", "27127"}, {"27", "27"}, {"２７１２７００", "２７１２７"}}) {
-        page<frm_CompInp0>().txt_Address_Code.setText(code);
-        EXPECT_EQ(page<frm_CompInp0>().txt_Area_Code.text(), area);
-    }
-}
-
 TEST_F(Handlers, TheLicenceBlock) {
     startOn(1);
     auto& form = page<frm_CompInp1>();
@@ -133,20 +124,22 @@ TEST_F(Handlers, SevenDigitsBecomeAPostCodeWhenTheFieldIsLeft) {
 TEST_F(Handlers, ALinkNameComesWithTheBeginningOfAnAddress) {
     startOn(2);
     auto& form = page<frm_CompInp2>();
-    struct Case {
-        std::string name, address, after;
-    };
-    for (const Case& c :
-         {Case{"会社", "", "http://"}, Case{"会社", "  ", "http://"}, Case{"会社", "http://a", "http://a"},
-          Case{"", "http://", ""}, Case{" ", " http:// ", ""}, Case{"", "http://a", "http://a"}, Case{"", "", ""}}) {
+    for (const auto& [name, address, after] :
+         std::to_array<std::array<const char*, 3>>({{"会社", "", "http://"},
+                                                    {"会社", "  ", "http://"},
+                                                    {"会社", "http://a", "http://a"},
+                                                    {"", "http://", ""},
+                                                    {" ", " http:// ", ""},
+                                                    {"", "http://a", "http://a"},
+                                                    {"", "", ""}})) {
         form.txt_Company_URL_Comment.setText("before");
-        form.txt_Company_URL.setText(c.address);
-        enter(form.txt_Company_URL_Comment, c.name);
-        EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address;
-        form.txt_Company_URL.setText(c.address);
+        form.txt_Company_URL.setText(address);
+        enter(form.txt_Company_URL_Comment, name);
+        EXPECT_EQ(form.txt_Company_URL.text(), after) << name << "|" << address;
+        form.txt_Company_URL.setText(address);
         click(form.txt_Company_URL_Comment);
         press(Qt::Key_Tab);
-        EXPECT_EQ(form.txt_Company_URL.text(), c.after) << c.name << "|" << c.address << " when it is left";
+        EXPECT_EQ(form.txt_Company_URL.text(), after) << name << "|" << address << " when it is left";
     }
 }
 

@@ -1,9 +1,71 @@
+#include <array>
+
 #include "platform/controls/combo_box.h"
-#include "platform/controls/text_input.h"
+#include "platform/controls/input_rules.h"
+#include "platform/utf8.h"
 #include "support/form_test.h"
 
 namespace orv {
 namespace {
+
+class InputRules : public FormTest {};
+
+struct ClassRow {
+    std::string_view sign;
+    std::string_view held;
+    std::string_view refused;
+};
+
+// Each row: what the class holds, and the neighbours that it just does not hold.
+constexpr auto kClasses = std::to_array<ClassRow>({
+    {"9", "0189", "/:a ０-"},
+    {"#", "09!-&(/:@[`{~", "a A'０ア"},
+    {"a", "az", "AZ`{1ａ"},
+    {"A", "AZ", "az@[1Ａ"},
+    {"@", "!&(/:@[`{~-_.", "09aZ' ＠"},
+    {"K", "｡ｦｱﾝﾞﾟｰ", "ア。a"},
+    {"ａ", "ａｚ", "Ａa"},
+    {"Ａ", "ＡＺ", "ａA"},
+    {"＃", "０９！＠　（）－、。￥～", "0!ア漢ａ"},
+    {"＠", "！＠　（）－、。￥～〒★→", "０@ア漢ａ"},
+    {"Ｋ", "ァアンヴヶー・ヽヾ", "ｱあ漢、"},
+});
+
+TEST_F(InputRules, ClassesHoldWhatTheyAreNamedFor) {
+    for (const ClassRow& row : kClasses) {
+        for (const char32_t character : toCharacters(row.held)) {
+            EXPECT_TRUE(maskHolds(row.sign, character)) << row.sign << " " << toUtf8({&character, 1});
+        }
+        for (const char32_t character : toCharacters(row.refused)) {
+            EXPECT_FALSE(maskHolds(row.sign, character)) << row.sign << " " << toUtf8({&character, 1});
+        }
+    }
+}
+
+struct EntryRow {
+    TextDesign design;
+    std::string kept;
+    std::string entered;
+    std::string admitted;
+};
+
+TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
+    const std::array<EntryRow, 8> rows{{
+        {{}, "", "何でもabcｱ ''", "何でもabcｱ ''"},
+        {{}, "", "line\r\nbreak\tand\x7f", "linebreakand"},
+        {{.limit = characters(4)}, "あいうえお", "か", ""},
+        {{.limit = bytes(5)}, "a", "あいう", "あい"},
+        {{.limit = bytes(5)}, "", "ｱｲｳｴｵｶ", "ｱｲｳｴｵ"},
+        // One character that the code page lacks counts as the one "?" that it is written as.
+        {{.limit = bytes(3)}, "", "😀あb", "😀あ"},
+        // A refused character takes no room.
+        {{.mask = "9", .limit = characters(2)}, "", "a1b2c3", "12"},
+        {{.limit = bytes(4), .ime = Ime::FullKatakana}, "", "ﾊﾟﾊﾟ", "パパ"},
+    }};
+    for (const EntryRow& row : rows) {
+        EXPECT_EQ(admit(row.design, row.kept, row.entered), row.admitted) << row.entered;
+    }
+}
 
 constexpr int kInvalidValue = 380;
 constexpr int kNotInList = 383;
@@ -14,13 +76,6 @@ protected:
     int raised = 0;
     std::function<void()> count = [this] { ++raised; };
 };
-
-TEST_F(Controls, TextTypedIntoTheMiddleIsLimitedByTheWhole) {
-    TextInput text{form, "txt", {.refuse = "K", .limit = bytes(8)}};
-    text.setText("前後");
-    EXPECT_EQ(text.typed("前", "ｱ中a中", "後"), "中a");
-    EXPECT_EQ(text.text(), "前中a後");
-}
 
 TEST_F(Controls, ListChoosesByPlaceAndByText) {
     ComboBox list{form, "cbo", {}};
@@ -57,6 +112,51 @@ TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
     EXPECT_EQ(list.listIndex(), 0);
     EXPECT_EQ(list.list(1), "") << "one past the end is read by the page fill";
     EXPECT_EQ(raised, 0);
+}
+
+using Names = std::vector<std::string>;
+
+class Host : public FormTest {
+protected:
+    struct Window : Form {
+        explicit Window(std::string_view form) : Form(form, "", {100, 100}) {}
+        TextInput closed{*this, "closed", {.enabled = false}};
+        TextInput open{*this, "open", {}};
+    };
+
+    Names loaded() const {
+        Names names;
+        for (const Form* form : forms.forms()) {
+            names.push_back(form->name());
+        }
+        return names;
+    }
+
+    Window a{"a"};
+    Window b{"b"};
+};
+
+TEST_F(Host, AFormThatItsOwnLoadUnloadsIsNotShown) {
+    a.onLoad = [&] { EXPECT_TRUE(forms.unload(a, UnloadMode::Code)); };
+    forms.show(a);
+    forms.showModal(a);
+    EXPECT_FALSE(a.visible());
+    EXPECT_EQ(forms.activeForm(), nullptr);
+    EXPECT_EQ(windows.calls, (Names{"open a", "close a", "open a", "close a"}));
+}
+
+TEST_F(Host, TheQuestionBeforeUnloadingMayUnloadEverything) {
+    int unloads = 0;
+    a.onUnload = [&] { ++unloads; };
+    a.onQueryUnload = [&](bool&, UnloadMode mode) {
+        if (mode == UnloadMode::CloseBox) {
+            EXPECT_TRUE(forms.unload(a, UnloadMode::Code));
+        }
+    };
+    forms.show(a);
+    EXPECT_TRUE(forms.unload(a, UnloadMode::CloseBox));
+    EXPECT_EQ(unloads, 1);
+    EXPECT_TRUE(loaded().empty());
 }
 
 }  // namespace
