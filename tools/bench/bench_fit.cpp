@@ -55,15 +55,18 @@ std::string filledIn(std::string command, const std::vector<std::pair<std::strin
 void report(const std::string& name, const std::string& command, const std::string& target,
             const orv::Bitmap& reference) {
     std::vector<double> times;
+    std::vector<double> work;
     double megabytes = 0;
     for (int i = 0; i < 5; ++i) {
         const Measured run = measured(command);
         times.push_back(run.milliseconds);
+        work.push_back(run.cpuMilliseconds);
         megabytes = std::max(megabytes, run.megabytes);
     }
     const Likeness like = likeness(reference, decoded(target, true));
-    std::printf("  %-26s %7.0f ms %6.0f MB %7zu bytes  psnr %.2f  ssim %.4f\n", name.c_str(), median(times), megabytes,
-                static_cast<std::size_t>(std::filesystem::file_size(target)), like.psnr, like.ssim);
+    std::printf("  %-26s %7.0f ms (cpu %.0f) %6.0f MB %7zu bytes  psnr %.2f  ssim %.4f\n", name.c_str(), median(times),
+                median(work), megabytes, static_cast<std::size_t>(std::filesystem::file_size(target)), like.psnr,
+                like.ssim);
     std::fflush(stdout);
 }
 

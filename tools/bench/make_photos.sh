@@ -21,6 +21,6 @@ large photo-24 nature/LadyBird.jpg 6000x4000
 large photo-48 nature/Wood.jpg 8000x6000
 large photo-48-progressive nature/Wood.jpg 8000x6000 -interlace Plane
 
-for source in Aqua Dune Garden LadyBird RainDrops Storm TwoWings YellowFlower; do
+for source in Aqua Dune Garden LadyBird RainDrops Storm TwoWings Wood YellowFlower; do
     [ -s "$folder/small/$source.jpg" ] || convert "$wallpapers/nature/$source.jpg" -quality 95 "$folder/small/$source.jpg"
 done

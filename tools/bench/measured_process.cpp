@@ -24,7 +24,11 @@ Measured measured(const std::string& command) {
     if (status != 0) {
         throw std::runtime_error("failed: " + command);
     }
-    return {milliseconds, static_cast<double>(usage.ru_maxrss) / 1024};
+    const auto inMilliseconds = [](const timeval& time) {
+        return 1000.0 * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1000;
+    };
+    return {milliseconds, inMilliseconds(usage.ru_utime) + inMilliseconds(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) / 1024};
 }
 
 }  // namespace bench

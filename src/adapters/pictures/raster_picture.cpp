@@ -1,12 +1,14 @@
 #include "adapters/pictures/raster_picture.h"
 
+#include <QTransform>
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <span>
 #include <utility>
 
 #include "adapters/pictures/bmp_writer.h"
+#include "adapters/pictures/box_reducer.h"
+#include "adapters/pictures/exif_orientation.h"
 #include "adapters/pictures/gif_file.h"
 #include "adapters/pictures/picture_sizes.h"
 #include "adapters/pictures/png_writer.h"
@@ -20,6 +22,9 @@ namespace orv {
 namespace {
 
 constexpr std::size_t kChannels = 4;
+template <typename Sample>
+constexpr QImage::Format kFormat = sizeof(Sample) == 1 ? QImage::Format_RGBA8888_Premultiplied
+                                                       : QImage::Format_RGBA64_Premultiplied;
 
 /// The filter overshoots at edges, and no colour may be stronger than its place is solid.
 template <typename Sample>
@@ -32,29 +37,72 @@ void putRow(std::vector<Sample> row, uchar* target) {
     std::memcpy(target, row.data(), row.size() * sizeof(Sample));
 }
 
-template <typename Sample>
-QImage resampledAs(QImage::Format format, const QImage& source, int width, int height) {
-    QImage target(width, height, format);
-    if (target.isNull()) {
+QImage blankImage(PictureSize size, QImage::Format format) {
+    QImage image(size.width, size.height, format);
+    if (image.isNull()) {
         throw RunTimeError(Failure::OutOfMemory);
     }
+    return image;
+}
+
+/// A row at a time, so that no second copy of a large picture is needed.
+template <typename Sample, typename Take>
+void eachRow(const QImage& source, Take take) {
+    for (int y = 0; y < source.height(); ++y) {
+        const QImage row = source.copy(0, y, source.width(), 1).convertToFormat(kFormat<Sample>);
+        take(reinterpret_cast<const Sample*>(row.constScanLine(0)));
+    }
+}
+
+template <typename Sample>
+QImage resampledAs(const QImage& source, int width, int height) {
+    QImage target = blankImage({width, height}, kFormat<Sample>);
     int y = 0;
     Resampler<Sample> resampler({source.width(), source.height()}, {width, height}, kChannels,
                                 [&](const auto& row) { putRow(row, target.scanLine(y++)); });
-    for (int line = 0; line < source.height(); ++line) {
-        const QImage row = source.copy(0, line, source.width(), 1).convertToFormat(format);
-        resampler.push(reinterpret_cast<const Sample*>(row.constScanLine(0)));
-    }
+    eachRow<Sample>(source, [&](const Sample* row) { resampler.push(row); });
     return target;
 }
+
+template <typename Sample>
+QImage averagedAs(const QImage& source, int side) {
+    BoxReducer<Sample> reducer({source.width(), source.height()}, kChannels, side);
+    QImage target = blankImage(reducer.to(), kFormat<Sample>);
+    int y = 0;
+    eachRow<Sample>(source, [&](const Sample* row) {
+        reducer.add(row);
+        if (++y % side == 0 || y == source.height()) {
+            reducer.take(reinterpret_cast<Sample*>(target.scanLine((y - 1) / side)));
+        }
+    });
+    return target;
+}
+
+bool isDeep(const QImage& image) { return image.depth() > 32 || image.format() == QImage::Format_Grayscale16; }
 
 QImage resampled(const QImage& source, int width, int height) {
     if (source.width() == width && source.height() == height) {
         return source;
     }
-    const bool deep = source.depth() > 32 || source.format() == QImage::Format_Grayscale16;
-    return deep ? resampledAs<std::uint16_t>(QImage::Format_RGBA64_Premultiplied, source, width, height)
-                : resampledAs<std::uint8_t>(QImage::Format_RGBA8888_Premultiplied, source, width, height);
+    return isDeep(source) ? resampledAs<std::uint16_t>(source, width, height)
+                          : resampledAs<std::uint8_t>(source, width, height);
+}
+
+/// What is worth keeping of a picture of which `share` will do. Twice that, since an average is blunter than the
+/// filter.
+QImage averaged(const QImage& source, double share) {
+    const int side = static_cast<int>(0.5 / share);
+    if (side < 2) {
+        return source;
+    }
+    return isDeep(source) ? averagedAs<std::uint16_t>(source, side) : averagedAs<std::uint8_t>(source, side);
+}
+
+/// Turned over its corner by way of a quarter turn, which is a mirroring more.
+QImage upright(QImage stored, int orientation) {
+    const bool swap = swapsSides(orientation);
+    const QImage mirrored = std::move(stored).mirrored(mirrorsColumns(orientation), mirrorsLines(orientation) != swap);
+    return swap ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
 }
 
 /// On white ground.
@@ -130,9 +178,7 @@ private:
 std::unique_ptr<Picture> loadRaster(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                     PictureSize within) {
     Raster raster = readRaster(file, header);
-    const double share = keptShare(header, within);
-    const auto kept = [share](int side) { return std::max(1, static_cast<int>(std::ceil(side * share))); };
-    raster.image = resampled(raster.image, kept(raster.image.width()), kept(raster.image.height()));
+    raster.image = upright(averaged(raster.image, keptShare(header, within)), header.orientation);
     return std::make_unique<RasterPicture>(files, header, std::move(raster));
 }
 

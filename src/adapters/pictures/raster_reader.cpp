@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "adapters/pictures/exif_orientation.h"
 #include "adapters/pictures/gif_file.h"
 #include "adapters/pictures/picture_failure.h"
 #include "adapters/pictures/tiff_file.h"
@@ -120,7 +121,9 @@ Raster readRaster(const OpenFile& file, const PictureHeader& header) {
         throw pictureError(PictureFailure::NeedsTooMuchMemory);
     }
     Raster raster = readByFormat(file, header);
-    if (raster.image.isNull() || raster.image.width() != header.width || raster.image.height() != header.height) {
+    const bool swapped = swapsSides(header.orientation);
+    if (raster.image.isNull() || raster.image.width() != (swapped ? header.height : header.width) ||
+        raster.image.height() != (swapped ? header.width : header.height)) {
         throw pictureError(PictureFailure::Damaged);
     }
     raster.image.setColorSpace({});

@@ -4,8 +4,8 @@
 #include <unistd.h>
 #include <tiffio.hxx>
 
-#include <QTransform>
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <sstream>
 #include <utility>
@@ -98,19 +98,30 @@ bool hasPlainColours(const Tiff& tiff, const PictureHeader& header) {
     return depthOf(header) <= 8 && (photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR);
 }
 
-/// How a row of 16-bit samples lies in memory as it lies in the file; none where the two differ.
-QImage::Format deepFormat(const Tiff& tiff, const PictureHeader& header) {
+/// How a row lies in memory as it lies in the file.
+struct RowKind {
+    int photometric;
+    int channels;
+    int depth;
+    QImage::Format format;
+};
+constexpr auto kRowKinds = std::to_array<RowKind>({
+    {PHOTOMETRIC_MINISBLACK, 1, 8, QImage::Format_Grayscale8},
+    {PHOTOMETRIC_MINISBLACK, 1, 16, QImage::Format_Grayscale16},
+    {PHOTOMETRIC_RGB, 3, 8, QImage::Format_RGB888},
+    {PHOTOMETRIC_RGB, 3, 16, QImage::Format_RGBX64},
+});
+
+/// Format_Invalid where the file has other rows, or none.
+QImage::Format rowFormat(const Tiff& tiff, const PictureHeader& header) {
     const bool rows = TIFFIsTiled(tiff.get()) == 0 &&
                       numberOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG &&
                       numberOf<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT;
-    if (!rows || depthOf(header) != 16) {
-        return QImage::Format_Invalid;
-    }
     const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
-    if (photometric == PHOTOMETRIC_MINISBLACK && header.channels == 1) {
-        return QImage::Format_Grayscale16;
-    }
-    return photometric == PHOTOMETRIC_RGB && header.channels == 3 ? QImage::Format_RGBX64 : QImage::Format_Invalid;
+    const auto kind = std::ranges::find_if(kRowKinds, [&](const RowKind& one) {
+        return one.photometric == photometric && one.channels == header.channels && one.depth == depthOf(header);
+    });
+    return rows && kind != kRowKinds.end() ? kind->format : QImage::Format_Invalid;
 }
 
 QImage blankImage(PictureSize size, QImage::Format format) {
@@ -121,20 +132,26 @@ QImage blankImage(PictureSize size, QImage::Format format) {
     return image;
 }
 
-QImage readDeep(const Tiff& tiff, PictureSize stored, QImage::Format format) {
+void putRow(const std::vector<std::uint8_t>& row, QImage& image, int y) {
+    if (image.format() != QImage::Format_RGBX64) {
+        std::ranges::copy(row, image.scanLine(y));
+        return;
+    }
+    constexpr std::size_t kPixel = 3 * sizeof(std::uint16_t);
+    uchar* target = image.scanLine(y);
+    for (std::size_t at = 0; at < row.size(); at += kPixel) {
+        target = std::copy_n(&row[at], kPixel, target);
+        target = std::fill_n(target, sizeof(std::uint16_t), static_cast<uchar>(0xFF));
+    }
+}
+
+QImage readRows(const Tiff& tiff, const PictureHeader& header, PictureSize stored, QImage::Format format) {
     QImage image = blankImage(stored, format);
-    std::vector<std::uint16_t> row(static_cast<std::size_t>(TIFFScanlineSize(tiff.get())) / sizeof(std::uint16_t));
-    const std::size_t channels = format == QImage::Format_RGBX64 ? 3 : 1;
-    require(row.size() == channels * static_cast<std::size_t>(stored.width));
+    std::vector<std::uint8_t> row(static_cast<std::size_t>(TIFFScanlineSize(tiff.get())));
+    require(row.size() == static_cast<std::size_t>(stored.width) * static_cast<std::size_t>(header.bits / 8));
     for (int y = 0; y < stored.height; ++y) {
         require(TIFFReadScanline(tiff.get(), row.data(), static_cast<std::uint32_t>(y)) == 1);
-        auto* target = reinterpret_cast<std::uint16_t*>(image.scanLine(y));
-        for (std::size_t at = 0; at < row.size(); at += channels) {
-            target = std::copy_n(&row[at], channels, target);
-            if (channels == 3) {
-                *target++ = 0xFFFF;
-            }
-        }
+        putRow(row, image, y);
     }
     return image;
 }
@@ -146,13 +163,6 @@ QImage readByLibrary(const Tiff& tiff, PictureSize stored, int orientation) {
                                       static_cast<std::uint32_t>(stored.height),
                                       reinterpret_cast<std::uint32_t*>(image.bits()), orientation, kStopAtError) == 1);
     return image;
-}
-
-/// Turned over its corner by way of a quarter turn, which is a mirroring more.
-QImage upright(QImage stored, int orientation) {
-    const bool swap = swapsSides(orientation);
-    const QImage mirrored = std::move(stored).mirrored(mirrorsColumns(orientation), mirrorsLines(orientation) != swap);
-    return swap ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
 }
 
 void setKind(const Tiff& tiff, const PictureHeader& header, const Raster& raster) {
@@ -221,11 +231,11 @@ Raster readTiff(const OpenFile& file, const PictureHeader& header) {
     const Tiff tiff = opened(file);
     const PictureSize size{static_cast<int>(header.width), static_cast<int>(header.height)};
     const PictureSize stored = swapsSides(header.orientation) ? PictureSize{size.height, size.width} : size;
-    const QImage::Format deep = deepFormat(tiff, header);
-    const bool isDeep = deep != QImage::Format_Invalid;
-    const QImage image = isDeep ? readDeep(tiff, stored, deep) : readByLibrary(tiff, stored, header.orientation);
-    return {upright(image, header.orientation), header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(),
-            profileOf(tiff), isDeep || hasPlainColours(tiff, header)};
+    const QImage::Format format = rowFormat(tiff, header);
+    const bool inRows = format != QImage::Format_Invalid;
+    QImage image = inRows ? readRows(tiff, header, stored, format) : readByLibrary(tiff, stored, header.orientation);
+    return {std::move(image), header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(), profileOf(tiff),
+            inRows || hasPlainColours(tiff, header)};
 }
 
 std::vector<std::uint8_t> tiffBytes(const Raster& raster, const PictureHeader& header) {

@@ -7,8 +7,8 @@ namespace orv {
 
 PictureHeader tiffHeader(const OpenFile& file);
 
-/// The first picture of the file, upright. Samples of 16 bits are kept where they are plain grey or RGB in whole rows;
-/// of all others the upper 8 bits are read, and a deeper picture can't be written back.
+/// The first picture of the file as it is stored, not turned yet. Samples of 16 bits are kept where they are plain grey
+/// or RGB in whole rows; of all others the upper 8 bits are read, and a deeper picture can't be written back.
 Raster readTiff(const OpenFile& file, const PictureHeader& header);
 
 /// The whole file, compressed without loss; failure of a kind that can't be written back where the colours are neither

@@ -7,6 +7,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -98,6 +99,14 @@ std::unique_ptr<NativeFile> makeBeside(const std::string& target, std::string& p
         file = std::make_unique<NativeFile>(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
     } while (!file->waitForLock());
     return file;
+}
+
+/// Taking the name of a file makes file systems write the new one to the disk at once; two that swap their names stay in
+/// memory. False when nothing has happened: there is no file to swap with, or no such way here.
+bool swapNames(const std::string& path, const std::string& target) {
+    struct stat facts {};
+    return ::lstat(target.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
+           ::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE) == 0;
 }
 
 }  // namespace
@@ -202,10 +211,19 @@ FileBeside::~FileBeside() {
 
 void FileBeside::place() {
     file_->sync();
-    placeUnsynced();
+    rename();
 }
 
 void FileBeside::placeUnsynced() {
+    if (!swapNames(path_, target_)) {
+        rename();
+        return;
+    }
+    ::unlink(path_.c_str());
+    placed_ = true;
+}
+
+void FileBeside::rename() {
     if (::rename(path_.c_str(), target_.c_str()) != 0) {
         raiseErrno(errno, target_);
     }

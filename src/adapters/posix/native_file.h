@@ -59,6 +59,8 @@ public:
     void placeUnsynced();
 
 private:
+    void rename();
+
     std::string target_;
     std::string path_;
     std::unique_ptr<NativeFile> file_;

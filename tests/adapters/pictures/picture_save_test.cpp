@@ -111,6 +111,27 @@ TEST_F(PictureSaveTest, TheProfileStaysAndThePlaceGoes) {
     EXPECT_EQ(bytes.find("Exif"), std::string::npos);
 }
 
+/// A limit that it is over then ends the search at the smallest file.
+TEST_F(PictureSaveTest, ALargeProfileIsNeverCut) {
+    ByteVector jpeg = madeJpeg({});
+    for (const char part : {'\2', '\1'}) {
+        jpeg =
+            withSegment(jpeg, 0xE2, "ICC_PROFILE\0"s + part + '\2' + std::string(60000, static_cast<char>('a' + part)));
+    }
+    const auto picture = pictures_.load(folder_.keep("a.jpg", jpeg));
+    picture->save(target(), 1, 24, kSmallestQuality);
+    const auto size = std::filesystem::file_size(target());
+    EXPECT_GT(size, 120'000U);
+    EXPECT_EQ(pictures_.info(target()).width, 64);
+}
+
+TEST_F(PictureSaveTest, ABmpWithRunsIsWrittenAsSmallAsBefore) {
+    const std::string path = folder_.keep("a.bmp", madeRunLengthBmp(400, 300));
+    const auto saved = through(path, 400, 300);
+    EXPECT_EQ(quarters(saved->scaled(400, 300)), kAsMade);
+    EXPECT_LE(std::filesystem::file_size(target()), std::filesystem::file_size(path));
+}
+
 TEST_F(PictureSaveTest, WhatIsTurnedIsWrittenUpright) {
     const std::string path = folder_.keep("a.jpg", madeJpeg({.orientation = 6}));
     const std::vector<std::string> expected{"blue", "red", "white", "green"};
