@@ -1,5 +1,6 @@
-// bench_office FOLDER [COMPANIES [SECONDS]]: how much 1, 8, 32 and 64 terminals get done on one store: the file, the
-// server, the server behind a pooler. Ends with 1 when an update was lost.
+// bench_office FOLDER [COMPANIES [SECONDS [STORE]]]: how much 1, 8, 32 and 64 terminals get done on one store: the
+// file, the server, the server behind a pooler, or the one of the three that is named. Ends with 1 when an update was
+// lost.
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -18,6 +19,9 @@ struct Measure {
     fs::path folder;
     int companies = 1000;
     int seconds = 8;
+    std::string store;  // empty: all
+
+    bool asksFor(const char* which) const { return store.empty() || store == which; }
 };
 
 void print(const std::string& store, int terminals, const WorkingDay& day, std::optional<double> peer) {
@@ -79,27 +83,34 @@ int onServer(const Measure& measure) {
     const Peer peer(site, measure.folder / "statements", server.text("store1"), measure.companies);
     int lost = 0;
     for (const int terminals : kTerminals) {
+        if (!measure.asksFor("server")) {
+            break;
+        }
         server.sql("store1", "VACUUM ANALYZE");
         const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
         server.sql("store1", "VACUUM ANALYZE");
         print("server", terminals, day, peer.savesPerSecond(terminals, measure.seconds, day));
         lost += day.losses.lost;
     }
-    return lost + overPooler(measure, server, site);
+    return lost + (measure.asksFor("pooler") ? overPooler(measure, server, site) : 0);
 }
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
     if (argc < 2) {
-        std::fputs("bench_office FOLDER [COMPANIES [SECONDS]]\n", stderr);
+        std::fputs("bench_office FOLDER [COMPANIES [SECONDS [file | server | pooler]]]\n", stderr);
         return 2;
     }
     try {
-        Measure measure{argv[1]};
+        Measure measure;
+        measure.folder = argv[1];
         measure.companies = argc > 2 ? std::stoi(argv[2]) : measure.companies;
         measure.seconds = argc > 3 ? std::stoi(argv[3]) : measure.seconds;
-        return onFile(measure) + onServer(measure) == 0 ? 0 : 1;
+        measure.store = argc > 4 ? argv[4] : "";
+        const int lostOnFile = measure.asksFor("file") ? onFile(measure) : 0;
+        const bool needsServer = measure.asksFor("server") || measure.asksFor("pooler");
+        return lostOnFile + (needsServer ? onServer(measure) : 0) == 0 ? 0 : 1;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench_office: %s\n", failure.what());
         return 1;

@@ -26,7 +26,7 @@ pictureBench() {
     build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
 }
 
-# Many terminals on one store: [COMPANIES [SECONDS]].
+# Many terminals on one store: [COMPANIES [SECONDS [STORE]]].
 officeBench() {
     ninja -C build/release bench_office >/dev/null
     build/release/tools/bench_office/bench_office build/bench-offices "$@"

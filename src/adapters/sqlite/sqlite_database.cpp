@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <string_view>
+#include <thread>
 
 #include "adapters/sqlite/sqlite_failure.h"
 #include "adapters/store/ascii_fold.h"
@@ -18,6 +19,8 @@ namespace {
 constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
 constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
 constexpr std::string_view kBlanks = " \t\r\n\f";
+constexpr std::chrono::milliseconds kFirstPause{20};
+constexpr std::chrono::milliseconds kShortestPause{2};
 
 /// Another program may have put anything into a text column, while everything behind the store relies on UTF-8.
 std::string repairedUtf8(std::string_view bytes) {
@@ -50,6 +53,24 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     const std::u32string text = toCharacters({bytes, static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]))});
     const std::string start = toUtf8(std::u32string_view(text).substr(0, static_cast<std::size_t>(length)));
     sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
+}
+
+/// The engine asks this before each new try, and gives up on 0. Nobody queues for a file: who has waited longer asks
+/// more often, so that he comes before who has just arrived. The engine's own pauses grow, and with them it is the
+/// other way round.
+int waitAgain(void* state, int tries) {
+    auto& waiting = *static_cast<Waiting*>(state);
+    const auto now = std::chrono::steady_clock::now();
+    if (tries == 0) {
+        waiting.since = now;
+    }
+    const auto waited = now - waiting.since;
+    if (waited >= waiting.longest) {
+        return 0;
+    }
+    std::this_thread::sleep_for(
+        std::max<std::chrono::steady_clock::duration>(kShortestPause, kFirstPause - waited / 25));
+    return 1;
 }
 
 /// Asking for a table's columns, or whether the file is whole, is no setting.
@@ -85,7 +106,8 @@ struct Binder {
 
 void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
 
-SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait) {
+SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait)
+    : waiting_(std::make_unique<Waiting>(Waiting{.longest = busyWait})) {
     const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY
                      : access == StoreAccess::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
                                                      : SQLITE_OPEN_READWRITE;
@@ -95,7 +117,7 @@ SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access
     const int result = sqlite3_open_v2(nativePath.c_str(), &opened, mode | kAlways, nullptr);
     handle_.reset(opened);
     refuseUnlessOk(opened, result);
-    refuseUnlessOk(opened, sqlite3_busy_timeout(opened, static_cast<int>(busyWait.count())));
+    refuseUnlessOk(opened, sqlite3_busy_handler(opened, waitAgain, waiting_.get()));
     refuseUnlessOk(opened, sqlite3_create_function_v2(opened, "Left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                                                       left, nullptr, nullptr, nullptr));
     SqliteStatement(*this, kFullDurability).step();

@@ -13,6 +13,12 @@ struct sqlite3_stmt;
 
 namespace orv {
 
+/// A wait for a store that another process holds.
+struct Waiting {
+    std::chrono::milliseconds longest;
+    std::chrono::steady_clock::time_point since{};
+};
+
 /// One open database file. Every failure is a StoreFailure.
 /// Commits are fully durable: a rollback journal, the file, the journal and the folder flushed. A file that another
 /// program has turned to write-ahead logging is used as it is and stays so.
@@ -38,6 +44,7 @@ private:
     struct Closer {
         void operator()(sqlite3* handle) const noexcept;
     };
+    std::unique_ptr<Waiting> waiting_;  // the engine holds its address
     std::unique_ptr<sqlite3, Closer> handle_;
 };
 
