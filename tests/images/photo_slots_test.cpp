@@ -112,6 +112,10 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
     const std::vector<Case> cases{
         {[&] { limits("640", "480", "0"); }, "IMGERR:01", "ファイルサイズが大きすぎて保存できません。"},
         {[&] { limits("0", "480"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] { limits("640", "0"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] { std::filesystem::remove(source); }, "IMGERR:02",
+         "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] { limits("640", "480", "x"); }, "13", "[ PF_ChangeQFactor ] 型が一致しません。"},
         {[&] { limits("", "480"); }, "13", "[ PF_ResizeImePic ] 型が一致しません。"},
         {[&] { pictures.script.broken = {"info"}; }, "57", "[ PF_ImeResize ] 画像ではありません。"},
         {[&] { pictures.script.broken = {"load"}; }, "57", "[ PF_ResizeImePic ] 画像ではありません。"},
@@ -123,6 +127,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
         for (const Case& c : cases) {
             SCOPED_TRACE(c.code + c.text + (byDrop ? " by drop" : ""));
             limits("640", "480");
+            writeFile(source, "a picture");
             pictures.script.broken.clear();
             files.allowAll();
             c.arrange();
@@ -139,6 +144,22 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
     }
 }
 
+/// Where no message can be shown, the button's failure is told by a box of the machine, the drop's by the log alone.
+TEST_F(PhotoSlotsTest, WhatNoMessageCanTell) {
+    messages.failure = Failure::Internal;
+    files.refuse(kSlotFiles[0], Failure::DiskFull);
+    drop(0, source);
+    EXPECT_TRUE(windows.notices.empty());
+    select();
+    const std::string text = "ディスクの空き容量が足りません。";
+    ASSERT_EQ(windows.notices.size(), 1U);
+    EXPECT_EQ(windows.notices[0].title + " " + windows.notices[0].text, "61 " + text);
+    EXPECT_EQ(windows.notices[0].kind, Notice::Kind::Critical);
+    EXPECT_EQ(log(), record("IMGERR:61", "[ PhotoFile_OLEDrop ]" + text) +
+                         record("IMGERR:61", "[ PhotoSelect_Click ]" + text));
+    expectSlotAsItWas();
+}
+
 TEST_F(PhotoSlotsTest, DeletingAsksAndEmptiesTheSlotButNoFile) {
     form.cbo_pic_PhotoFile[0].setListIndex(1);
     tCustomerInfo.SEND_FLAG = false;
@@ -148,6 +169,18 @@ TEST_F(PhotoSlotsTest, DeletingAsksAndEmptiesTheSlotButNoFile) {
     EXPECT_EQ(form.cbo_pic_PhotoFile[0].listIndex(), 1);
     expectSlotAsItWas();
     EXPECT_TRUE(form.pic_PhotoFile[0].picture());
+    EXPECT_EQ(log(), "");
+
+    messages.onShow = [&] {
+        messages.onShow = {};
+        throw RunTimeError(Failure::DeviceIo);
+    };
+    form.btm_PhotoDel[0].press();
+    const std::string text = "[ CompInp2 btm_PhotoDel_Click ]" + RunTimeError(Failure::DeviceIo).description();
+    EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COSERR01", {"57", text}}));
+    EXPECT_EQ(log(), record("57", text));
+    expectSlotAsItWas();
+    messages.shown.clear();
 
     answer(0);
     form.btm_PhotoDel[0].press();

@@ -48,6 +48,8 @@ inline void print(const std::string& name, const Result& result) {
 
 Result start(const std::string& folder);
 Result save(const std::string& folder);
+/// The page of the photos, opened in a real window with `photo` in both slots.
+void window(const std::string& folder, const std::string& photo);
 /// `companies`: how many the store holds.
 Result list(const std::string& folder, int companies);
 

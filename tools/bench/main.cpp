@@ -1,4 +1,5 @@
-// bench [start|save|list] FOLDER: one line a benchmark. FOLDER: where offices are made.
+// bench FOLDER [start|save|list]: one line a benchmark. FOLDER: where offices are made.
+// bench FOLDER window PHOTO: the page of the photos.
 #include <iostream>
 
 #include "bench.h"
@@ -19,6 +20,9 @@ int main(int argc, char* argv[]) {
     if (only.empty() || only == "list") {
         bench::print("list100000", bench::list(folder, 100000));
         bench::print("list10000", bench::list(folder, 10000));
+    }
+    if (only == "window" && argc == 4) {
+        bench::window(folder, argv[3]);
     }
     return 0;
 }

@@ -27,8 +27,8 @@ public:
 /// The pictures of the folder, by name.
 std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder);
 
-/// What the program does with a JPEG file that is too large: inside `within`, then the ten saves of the search for `limit`
-/// bytes. The factor found.
+/// What the program does with a JPEG file that is too large: inside `within`, then the ten saves of the search for
+/// `limit` bytes. The factor found.
 int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit);
 
 /// The size of a picture once it is inside `within`.

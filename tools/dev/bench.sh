@@ -24,6 +24,8 @@ pictureBench() {
     local photos=build/bench-photos/large
     [ "$1" != factors ] || photos=build/bench-photos/small
     build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
+    [ "$1" != thumb ] || QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices window \
+        build/bench-photos/large/photo-48.jpg
 }
 
 # Many terminals on one store: [COMPANIES [SECONDS [STORE]]].

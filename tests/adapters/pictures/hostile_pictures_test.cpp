@@ -137,7 +137,8 @@ std::string bombByQt(const PictureFolder& folder, const std::string& name, QImag
     const std::string path = folder.pathOf(name);
     QImage large(10000, 10000, pixels);
     large.fill(0);
-    EXPECT_TRUE(large.save(QString::fromStdString(path)));
+    constexpr int kQuickly = 85;
+    EXPECT_TRUE(large.save(QString::fromStdString(path), nullptr, kQuickly));
     return path;
 }
 
