@@ -101,8 +101,8 @@ std::unique_ptr<NativeFile> makeBeside(const std::string& target, std::string& p
     return file;
 }
 
-/// Taking the name of a file makes file systems write the new one to the disk at once; two that swap their names stay in
-/// memory. False when nothing has happened: there is no file to swap with, or no such way here.
+/// Taking the name of a file makes file systems write the new one to the disk at once; two that swap their names stay
+/// in memory. False when nothing has happened: there is no file to swap with, or no such way here.
 bool swapNames(const std::string& path, const std::string& target) {
     struct stat facts {};
     return ::lstat(target.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
