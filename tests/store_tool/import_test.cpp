@@ -18,14 +18,10 @@ TEST_F(StoreImport, AnOlderInstallMovesInUnchanged) {
         }
         makeJet(version);
         const auto wanted = json("copy office copy" + std::to_string(version))["tables"];
-        EXPECT_EQ(tool("import old.mdb").ending, 1) << "the long texts are told of";
         EXPECT_TRUE(matches(tool("import old.mdb"), "row 2 (000004602): CPU is longer than the 80 bytes of its field"));
-        const std::string home = "home" + std::to_string(version);
-        EXPECT_FALSE(std::filesystem::exists(folder.file(home)));
-        EXPECT_EQ(json("import old.mdb " + home)["tables"], wanted) << "counts and checksums";
+        EXPECT_EQ(json("import old.mdb home" + std::to_string(version))["tables"], wanted) << "counts and checksums";
         EXPECT_EQ(tool("import old.mdb served").ending, 3) << "it holds companies";
         EXPECT_EQ(json("import old.mdb served --replace")["tables"], wanted);
-        EXPECT_EQ(json("check served")["tables"], json("check office")["tables"]);
     }
 }
 
@@ -63,17 +59,9 @@ TEST_F(StoreImport, WhatDoesNotFitIsToldAndTheRestIsTaken) {
 
 TEST_F(StoreImport, ADamagedOrHostileFileEndsInATextAndFillsNothing) {
     runSql(office, "UPDATE TBL_CUSTOMER_ADD SET CPU = replace(hex(zeroblob(9000)), '0', '長い')");
-    makeJet(4);
+    makeJet(4, "old.mdb");
+    makeJet(4, "loop.mdb", "--loop");
     const std::string whole = readFile(folder.file("old.mdb"));
-    std::string loop = whole;
-    for (std::size_t page = 0; page < loop.size(); page += 4096) {
-        if (loop.compare(page + 4, 4, "LVAL") == 0) {  // a part of a long text: the next one is itself
-            const int row =
-                (static_cast<unsigned char>(loop[page + 15]) & 31) * 256 + static_cast<unsigned char>(loop[page + 14]);
-            loop[page + static_cast<std::size_t>(row) + 1] = static_cast<char>(page / 4096);
-        }
-    }
-    writeFile(folder.file("loop.mdb"), loop);
     writeFile(folder.file("cut.mdb"), whole.substr(0, whole.rfind("\x01\x01")));
     writeFile(folder.file("head.mdb"), whole.substr(0, 4096));
     writeFile(folder.file("noise.mdb"), whole.substr(0, 4096) + std::string(100'000, '\x02'));

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE].
+"""Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE | --loop].
 
 The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
 are, and a column with a long text becomes one of long texts. Each table also holds a deleted copy of its first row. With BASE, a file that the real engine of that version has
-made, the tables are added to what is in it.
+made, the tables are added to what is in it. With --loop the first part of each long text is followed by itself.
 """
 import sqlite3
 import struct
@@ -75,7 +75,8 @@ class Column:
 
 
 class JetFile:
-    def __init__(self, jet, base=None):
+    def __init__(self, jet, base=None, loops=False):
+        self.loops = loops
         self.layout = Layout(jet)
         size = self.layout.page
         if base is None:
@@ -143,6 +144,9 @@ class JetFile:
         place = 0
         for at in reversed(range(0, len(data), most)):
             place = self.put_row(self.data_page(b"LVAL"), struct.pack("<I", place) + data[at:at + most])
+        if self.loops:
+            page = self.pages[place >> 8]
+            struct.pack_into("<I", page, struct.unpack_from("<H", page, self.layout.rows_at + 2)[0], place)
         return struct.pack("<IIi", len(data), place, 0)
 
     def row(self, columns, values):
@@ -311,8 +315,9 @@ class JetFile:
 
 def main():
     store, version, path = sqlite3.connect(sys.argv[1]), int(sys.argv[2]), sys.argv[3]
-    base = open(sys.argv[4], "rb").read() if len(sys.argv) > 4 else None
-    jet = JetFile(version, base)
+    option = sys.argv[4] if len(sys.argv) > 4 else ""
+    base = open(option, "rb").read() if option not in ("", "--loop") else None
+    jet = JetFile(version, base, option == "--loop")
     for (name,) in store.execute("SELECT name FROM sqlite_schema WHERE type = 'table'").fetchall():
         rows = store.execute(f"SELECT * FROM {name}").fetchall()
         described = [[column[1], DECLARED[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]

@@ -43,9 +43,9 @@ protected:
         return name;
     }
     /// What is in `office`, as a file of that version of the older engine.
-    void makeJet(int version) const {
+    void makeJet(int version, const std::string& name = "old.mdb", const std::string& option = "") const {
         const std::string command = "python3 '" JET_WRITER "' '" + office + "' " + std::to_string(version) + " '" +
-                                    folder.file("old.mdb") + "'";
+                                    folder.file(name) + "' " + option;
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
     std::vector<std::string> names() const {

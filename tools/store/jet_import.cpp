@@ -62,6 +62,13 @@ private:
         std::size_t place;
     };
 
+    struct TakenRow {
+        Values values;
+        std::string key;
+        std::vector<std::string> notes;
+        std::string refused;  // why it stays out; empty: it does not
+    };
+
     void tell(const std::string& row, const std::string& what) {
         report_.ending = Ending::Findings;
         report_.facts["findings"].push_back({{"table", name_}, {"row", row}, {"what", what}});
@@ -112,35 +119,37 @@ private:
     }
 
     void takeRow(std::size_t number, std::vector<Values>& rows) {
-        Values row;
-        std::string key;
-        std::vector<std::string> notes;
-        std::string refused;
+        TakenRow row = rowAt(number);
+        if (row.refused.empty() && !row.key.empty() && !keys_.insert(row.key).second) {
+            row.refused = "its key is there already";
+        }
+        const std::string label = "row " + std::to_string(number + 1) + (row.key.empty() ? "" : " (" + row.key + ")");
+        if (!row.refused.empty()) {
+            tell(label, "refused: " + row.refused);
+            return;
+        }
+        for (const std::string& note : row.notes) {
+            tell(label, note);
+        }
+        rows.push_back(std::move(row.values));
+    }
+
+    TakenRow rowAt(std::size_t number) const {
+        TakenRow row;
         for (const Match& match : matches_) {
             TakenValue taken = valueOf(match, number);
             if (match.column.isKey) {
-                key += (key.empty() ? "" : "/") + (taken.value.isNull() ? "" : toText(taken.value));
+                row.key += (row.key.empty() ? "" : "/") + (taken.value.isNull() ? "" : toText(taken.value));
             }
-            if (refused.empty()) {
-                refused = whyRefused(match.column, taken);
+            if (row.refused.empty()) {
+                row.refused = whyRefused(match.column, taken);
             }
             if (!taken.noted.empty()) {
-                notes.push_back(match.column.name + " " + taken.noted);
+                row.notes.push_back(match.column.name + " " + taken.noted);
             }
-            row.push_back(std::move(taken.value));
+            row.values.push_back(std::move(taken.value));
         }
-        const std::string label = "row " + std::to_string(number + 1) + (key.empty() ? "" : " (" + key + ")");
-        if (refused.empty() && !key.empty() && !keys_.insert(key).second) {
-            refused = "its key is there already";
-        }
-        if (!refused.empty()) {
-            tell(label, "refused: " + refused);
-            return;
-        }
-        for (const std::string& note : notes) {
-            tell(label, note);
-        }
-        rows.push_back(std::move(row));
+        return row;
     }
 
     TakenValue valueOf(const Match& match, std::size_t row) const {

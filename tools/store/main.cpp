@@ -61,7 +61,9 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
 }
 
 int print(const Report& report, const Options& options) {
-    std::cout << (options.json ? report.facts.dump(2) + "\n" : report.lines) << std::flush;
+    // A name that a file's library has cut off in the middle of a character must not undo what is done.
+    const auto asJson = [&] { return report.facts.dump(2, ' ', false, nlohmann::json::error_handler_t::replace); };
+    std::cout << (options.json ? asJson() + "\n" : report.lines) << std::flush;
     return static_cast<int>(report.ending);
 }
 
