@@ -1,6 +1,8 @@
 #include "jet_import.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <set>
 
 #include "adapters/store/ascii_fold.h"

@@ -2,6 +2,7 @@
 
 #include <mdbtools.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <memory>
