@@ -167,9 +167,10 @@ Breaks goes(const std::string& desk, int nth = 1) {
     };
 }
 
+/// The sleeper keeps no stream open, for whose end the one that runs the test would wait.
 Broken inUseElsewhere(const Office& office, const ServerDesk&) {
-    auto holder = std::make_shared<Process>(
-        std::vector<std::string>{"sqlite3", office.store().string(), "begin exclusive", ".shell sleep 60"});
+    auto holder = std::make_shared<Process>(std::vector<std::string>{
+        "sqlite3", office.store().string(), "begin exclusive", ".shell exec sleep 60 >&- 2>&-"});
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     return holder;
 }

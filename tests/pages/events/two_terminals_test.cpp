@@ -19,7 +19,6 @@ constexpr int kCompanies = 10;
 constexpr int kShortRun = 2;  // seconds
 constexpr std::chrono::seconds kPatience(60);
 constexpr int kLongestStay = 8;  // milliseconds
-constexpr const char* kSeconds = "ORV_TERMINALS_SECONDS";
 
 /// What a terminal has done, and how often it came into a company by the race of two that both saw it free.
 struct Tally {
@@ -32,7 +31,7 @@ struct Tally {
 std::string companyAt(int place) { return "00000461" + std::to_string(place); }
 
 int secondsToRun() {
-    const char* given = std::getenv(kSeconds);
+    const char* given = std::getenv("ORV_TERMINALS_SECONDS");
     return given == nullptr ? kShortRun : std::atoi(given);
 }
 
