@@ -95,6 +95,31 @@ TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
     EXPECT_EQ(office_->errLog(), "");
 }
 
+TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
+    const std::filesystem::path kept = folder_ / "kept.jpg";
+    std::filesystem::copy_file(stored, kept);
+    desk.click("btm_PhotoSelect", 0);
+    ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
+    desk.key("Escape");
+    ASSERT_TRUE(desk.waitForPage(2));
+    EXPECT_TRUE(eventually([&] { return contains(office_->errLog(), "IMGERR:20150"); }));
+    select(photo);
+    ASSERT_TRUE(desk.waitForConfirmation());
+    desk.key("alt+F4");
+    ASSERT_TRUE(desk.waitForPage(2));
+    select(photo);
+    ASSERT_TRUE(desk.waitForConfirmation());
+    desk.click("cmd_Cancel");
+    ASSERT_TRUE(desk.waitForPage(2));
+    orv::writeFile(original, "no picture");
+    select(photo);
+    answer(desk, "Return");
+    ASSERT_TRUE(desk.noticeGone());
+    ASSERT_TRUE(desk.waitForPage(2));
+    saveAndLeave();
+    EXPECT_TRUE(orv::readFile(stored) == orv::readFile(kept));
+}
+
 using TwoTerminals = EndToEnd;
 
 TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {

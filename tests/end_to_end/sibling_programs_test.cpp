@@ -6,6 +6,7 @@ namespace desk {
 namespace {
 
 constexpr const char* kAddressSearch = "住所検索";
+constexpr const char* kRailSearch = "沿線検索";
 
 /// The real search programs beside the real page, worked by keys.
 class SiblingPrograms : public EndToEnd {
@@ -53,6 +54,23 @@ TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
               "150-0043東京都渋谷区道玄坂１丁目131130180011311377");
 }
 
+TEST_F(SiblingPrograms, ALineAndAStation) {
+    desk.click("btm_ChangePage", 2);
+    ASSERT_TRUE(desk.waitForPage(2));
+    desk.click("btn_SelectRail");
+    ASSERT_TRUE(desk.waitForWindow(kRailSearch));
+    for (int i = 0; i < 8; ++i) {
+        desk.key("Down");
+    }
+    desk.key("Return");
+    ASSERT_TRUE(desk.windowGone(kRailSearch));
+    ASSERT_TRUE(desk.waitForPage(2));
+    typeOver("9");
+    saveAndAnswer(2);
+    EXPECT_EQ(field("RAILROAD_CODE || RAILROAD_NAME || STATION_CODE || STATION_NAME || WALK_MINUTES"),
+              "130102見本環状線002南見本9");
+}
+
 TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     desk.click("btm_SearchOfficeAddress");
     ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
@@ -66,6 +84,21 @@ TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     kill(desk.windowProcess(), SIGKILL);
     ASSERT_TRUE(desk.windowGone(kAddressSearch));
     expectUsable("99");
+}
+
+TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
+    desk.click("btm_SearchOfficeAddress");
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    const int search = desk.windowProcess();
+    kill(search, SIGSTOP);
+    ASSERT_TRUE(desk.waitForPage(0));
+    desk.toFront();
+    desk.click("btm_Back_Menu");
+    desk.key("alt+F4");
+    expectUsable("66");
+    EXPECT_TRUE(desk.running());
+    kill(search, SIGCONT);
+    EXPECT_TRUE(desk.windowGone(kAddressSearch)) << "nobody listens to it any more";
 }
 
 }  // namespace
