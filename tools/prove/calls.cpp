@@ -25,8 +25,6 @@ const std::vector<Answer> kFlush{EIO};
 const std::vector<Answer> kName{EACCES, EIO};
 const std::vector<Answer> kLock{ENOLCK};
 const std::vector<Answer> kConnect{ECONNREFUSED, ETIMEDOUT};
-const std::vector<Answer> kSend{ECONNRESET};
-const std::vector<Answer> kReceive{ECONNRESET, kNothing};
 
 const std::vector<CallKind> kKinds{
     {SYS_open, "open", Named::ByPath, 0, kOpen},
@@ -63,8 +61,8 @@ const std::vector<CallKind> kKinds{
     {SYS_close, "close", Named::ByDescriptor, 0, kNever},
     {SYS_socket, "socket", Named::ByDomain, 0, {EMFILE}},
     {SYS_connect, "connect", Named::ByDescriptor, 0, kConnect},
-    {SYS_sendto, "sendto", Named::ByDescriptor, 0, kSend},
-    {SYS_recvfrom, "recvfrom", Named::ByDescriptor, 0, kReceive},
+    {SYS_sendto, "sendto", Named::ByDescriptor, 0, kNever, false, false, true},
+    {SYS_recvfrom, "recvfrom", Named::ByDescriptor, 0, kNever, false, false, true},
     {SYS_getsockopt, "getsockopt", Named::ByDescriptor, 0, kNever},
     {SYS_setsockopt, "setsockopt", Named::ByDescriptor, 0, kNever},
     {SYS_shutdown, "shutdown", Named::ByDescriptor, 0, kNever},

@@ -10,10 +10,9 @@ namespace prove {
 /// Where a call names what it works on.
 enum class Named { ByPath, ByDescriptor, ByPollList, ByDomain };
 
-/// The result of a call that is not done but answered: a number of <errno.h>, or `kNothing`, which means that the time
-/// is over to a call that waits and that the other side has gone to a call that reads from it.
+/// The failure that a call ends in which is not done, as <errno.h> has it. To one that waits, ETIMEDOUT means that
+/// nothing has come.
 using Answer = int;
-inline constexpr Answer kNothing = 0;
 
 /// A call to the kernel that can touch a file or a wire.
 struct CallKind {
@@ -24,6 +23,7 @@ struct CallKind {
     std::vector<Answer> answers;
     bool isWrite = false;
     bool isFlush = false;
+    bool isOnWire = false;
 };
 
 std::vector<long> knownCalls();

@@ -143,7 +143,7 @@ Files OfficeGround::files() const {
         }
     }
     if (fs::exists(office_.store().string() + "-journal")) {
-        found["MDB/journal"] = "";
+        found[kJournal] = "";
     }
     return found;
 }

@@ -25,6 +25,8 @@ struct CompanyKind {
 
 /// Name and fingerprint.
 using Files = std::map<std::string, std::string>;
+/// The name under which a journal beside the store is listed.
+inline constexpr const char* kJournal = "MDB/journal";
 
 /// An office in which a company can be brought back to how it was, and what of it can be seen past the program.
 class OfficeGround {

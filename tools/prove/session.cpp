@@ -1,5 +1,6 @@
 #include "session.h"
 
+#include <csignal>
 #include <fstream>
 #include <functional>
 #include <sstream>
@@ -62,6 +63,7 @@ public:
           report_(errand.report),
           program_(errand.programFolder),
           pictures_(*orv::services().fileSystem) {
+        std::signal(SIGPIPE, SIG_IGN);  // as main() does
         orv::Services& all = orv::services();
         all.message = &operator_;
         all.windows = &operator_;

@@ -4,6 +4,8 @@
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/user.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -88,6 +90,8 @@ bool Watched::counts(const CallKind& kind, unsigned long long size) const {
         case Once:
         case Lasting:
             return canAnswer(kind, strike_.answer);
+        case Cut:
+            return kind.isOnWire;
         case Halfway:
             return lasts_ ? canAnswer(kind, strike_.answer) : canBeHalved;
     }
@@ -118,10 +122,24 @@ void Watched::beforeCall() {
     }
 }
 
+/// Ends the connection behind a descriptor of another process, as a network or a server does that goes.
+void cutWire(pid_t process, int descriptor) {
+    const int handle = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
+    const int wire = static_cast<int>(::syscall(SYS_pidfd_getfd, handle, descriptor, 0));
+    require(wire >= 0, "the wire of the watched program");
+    ::shutdown(wire, SHUT_RDWR);
+    ::close(wire);
+    ::close(handle);
+}
+
 void Watched::hit(const CallKind& kind, user_regs_struct& all) {
     using enum Strike::Way;
     if (strike_.way == Kill) {
         ::kill(process_, SIGKILL);
+        return;
+    }
+    if (strike_.way == Cut) {
+        cutWire(process_, static_cast<int>(all.rdi));
         return;
     }
     if (strike_.way == KillHalfway || (strike_.way == Halfway && !lasts_)) {

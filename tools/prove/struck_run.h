@@ -16,6 +16,7 @@ struct Strike {
         KillHalfway,  // in the middle of a writing
         Once,         // the call gets `answer`
         Lasting,      // and so does each later one that can, until the event is over
+        Cut,          // the connection ends before a call that sends or receives
         Halfway,      // as Lasting, but the first, a writing, is done by half
     };
     Way way = Way::Nothing;
