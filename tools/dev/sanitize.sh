@@ -12,5 +12,5 @@ sanitize() {
     export ASAN_OPTIONS=strict_string_checks=1:check_initialization_order=1
     export LSAN_OPTIONS=suppressions=$PWD/tools/dev/leaks.txt:print_suppressions=0
     export UBSAN_OPTIONS=print_stacktrace=1
-    countTests asan-ubsan -E '^end_to_end_tests' ${1:+-R "$1"}
+    countTests asan-ubsan -E '^(end_to_end_tests|prove_)' ${1:+-R "$1"}
 }
