@@ -5,7 +5,7 @@ PACKAGES=(
     qt6-base-dev libsqlite3-dev libpq-dev mdbtools-dev libcurl4-openssl-dev libfontconfig-dev
     libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev
     libcpp-httplib-dev libcli11-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
-    postgresql pgbouncer
+    postgresql pgbouncer openssl
     fonts-noto-cjk qt6-translations-l10n mate-backgrounds
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
