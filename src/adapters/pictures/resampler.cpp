@@ -82,7 +82,7 @@ Sample rounded(float value) {
 using Pixel [[gnu::vector_size(16)]] = float;
 constexpr std::size_t kMostChannels = sizeof(Pixel) / sizeof(float);
 
-Pixel pixelAt(const float* source) {
+inline Pixel pixelAt(const float* source) {
     Pixel pixel;
     std::memcpy(&pixel, source, sizeof pixel);
     return pixel;
@@ -90,7 +90,7 @@ Pixel pixelAt(const float* source) {
 
 /// A pixel of fewer channels has those of the next one beside it; behind the last pixel there is room for them. Two
 /// sums, since one would wait for itself.
-Pixel blended(const Taps& taps, std::size_t channels, const float* sums) {
+inline Pixel blended(const Taps& taps, std::size_t channels, const float* sums) {
     const float* source = sums + static_cast<std::size_t>(taps.first) * channels;
     const std::size_t count = taps.weights.size();
     Pixel even{};
@@ -104,7 +104,8 @@ Pixel blended(const Taps& taps, std::size_t channels, const float* sums) {
 }
 
 /// Each pixel writes over what the one before it had too many.
-void blendPlaces(const std::vector<Taps>& columns, std::size_t channels, const float* sums, float* line) {
+ORV_WIDE_VECTORS void blendPlaces(const std::vector<Taps>& columns, std::size_t channels, const float* sums,
+                                  float* line) {
     for (const Taps& taps : columns) {
         const Pixel pixel = blended(taps, channels, sums);
         std::memcpy(line, &pixel, sizeof pixel);
