@@ -6,6 +6,8 @@
 #include <limits>
 #include <stdexcept>
 
+#include "ways.h"
+
 namespace prove {
 namespace {
 
@@ -15,32 +17,6 @@ constexpr int kNever = std::numeric_limits<int>::max();
 constexpr std::chrono::seconds kPatience{15};
 constexpr const char* kBeside = ".new";
 constexpr const char* kSaved = "|COS05574";
-
-struct Way {
-    const char* name;
-    Strike::Way way;
-    Answer answer;
-};
-
-constexpr Way kWays[] = {
-    {"kill", Strike::Way::Kill, 0},
-    {"kill within a writing", Strike::Way::KillHalfway, 0},
-    {"EIO once", Strike::Way::Once, EIO},
-    {"EIO lasting", Strike::Way::Lasting, EIO},
-    {"EACCES once", Strike::Way::Once, EACCES},
-    {"EACCES lasting", Strike::Way::Lasting, EACCES},
-    {"ENOSPC once", Strike::Way::Once, ENOSPC},
-    {"ENOSPC lasting", Strike::Way::Lasting, ENOSPC},
-    {"ENOSPC within a writing", Strike::Way::Halfway, ENOSPC},
-    {"ENOLCK once", Strike::Way::Once, ENOLCK},
-    {"EMFILE once", Strike::Way::Once, EMFILE},
-    {"EMFILE lasting", Strike::Way::Lasting, EMFILE},
-    {"ECONNREFUSED once", Strike::Way::Once, ECONNREFUSED},
-    {"ECONNREFUSED lasting", Strike::Way::Lasting, ECONNREFUSED},
-    {"connection cut", Strike::Way::Cut, 0},
-    {"ETIMEDOUT once", Strike::Way::Once, ETIMEDOUT},
-    {"ETIMEDOUT lasting", Strike::Way::Lasting, ETIMEDOUT},
-};
 
 std::string eventOf(const std::string& line) { return line.substr(0, line.find('|')); }
 
@@ -75,13 +51,16 @@ Outcome Trial::errandUnder(const Strike& strike, const std::string& company, int
         ground_.watched(), strike, [&] { runErrand(errand); },
         [&] {
             const std::string line = ground_.report().back();
-            if (eventOf(line) == "edit" && round == 0) {
+            if (round != 0) {
+                return;
+            }
+            if (eventOf(line) == "edit") {
                 ground_.edited();
             }
             const std::string state = ground_.state();
             if (isLearning_) {
                 states_.insert(state);
-            } else if (round == 0 && !states_.contains(state)) {
+            } else if (!states_.contains(state)) {
                 fault("after \"" + line + "\" the store is neither as before nor between nor behind");
             }
         });
