@@ -5,6 +5,7 @@
 #include "binding/page_bindings.h"
 #include "core/record/globals.h"
 #include "logging/messages.h"
+#include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "pages/common/control_helpers.h"
 
@@ -36,7 +37,7 @@ bool show(int pageNumber, const PageBinding& binding) {
     return trapped(label, [&] {
         gErrItems.clear();
         showCompany(pageAt(pageNumber));
-        if (!fill(binding)) {
+        if (!withSettings([&] { return fill(binding); })) {
             return false;
         }
         if (!gErrItems.empty()) {

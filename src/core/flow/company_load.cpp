@@ -6,6 +6,7 @@
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/messages.h"
+#include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
@@ -156,7 +157,7 @@ bool PF_GetCompanyData(const std::string& userId) {
 
 bool PF_SetCompanyDataStructureChng(const std::string& userId) {
     return trapped("[ PF_SetCompanyDataStructureChng ] ", [&] {
-        if (!fillRecord(userId)) {
+        if (!withSettings([&] { return fillRecord(userId); })) {
             return false;
         }
         probeEnvironment();

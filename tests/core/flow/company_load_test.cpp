@@ -207,5 +207,22 @@ TEST_F(EnvironmentProbe, AFailedMeasurementLeavesABlankAndOneLogLine) {
     }
 }
 
+TEST_F(Load, ASettingThatCannotBeReadCostsNoPhotoAndNoField) {
+    settings.refuse("PATH", "IMG");
+    EXPECT_FALSE(PF_GetCompanyData(kCompany)) << "instead of a company without its photos";
+    EXPECT_EQ(gErrCode, "75");
+    EXPECT_EQ(locks(), std::vector<std::string>{});
+    settings.set("PATH", "IMG", "C:\\ORV\\IMG");
+    settings.refuse("PATH", "HLP");
+    start();
+    EXPECT_EQ(shownIds().size(), 1u);
+    EXPECT_FALSE(screen().ready);
+    settings.set("PATH", "HLP", "C:\\ORV\\HLP");
+    const std::vector<std::string> before = everything();
+    save();
+    EXPECT_EQ(messages.shown.back().args.at(0), Value("75"));
+    EXPECT_EQ(everything(), before);
+}
+
 }  // namespace
 }  // namespace orv
