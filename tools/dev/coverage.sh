@@ -3,6 +3,7 @@
 coverage() {
     PACKAGES+=(gcovr)
     needPackages
+    source tools/dev/test.sh
     buildPreset coverage
     find build/coverage -name '*.gcda' -delete
     countTests coverage
