@@ -94,10 +94,14 @@ void OfficeGround::comeBack() {
     eye_->comeBack();
 }
 
-std::vector<std::string> OfficeGround::watched() const {
+std::vector<std::string> OfficeGround::watched(bool withSettings) const {
     std::vector<std::string> folders{(orv() / "PHOTO").string()};
     for (const char* name : kFolders) {
         folders.push_back((orv() / name).string());
+    }
+    if (withSettings) {
+        folders.push_back((orv() / "SYS").string());
+        folders.push_back((orv() / "HLP").string());
     }
     return folders;
 }
@@ -134,7 +138,7 @@ std::vector<std::string> OfficeGround::ownLocks() {
 
 Files OfficeGround::files() const {
     Files found;
-    for (const std::string& folder : watched()) {
+    for (const std::string& folder : watched(false)) {
         for (const auto& entry : fs::recursive_directory_iterator(folder)) {
             const std::string name = entry.path().lexically_relative(orv()).string();
             if (entry.is_regular_file() && !name.starts_with("MDB/ORVESTATE.MDB") && !name.starts_with("LOG/")) {

@@ -39,8 +39,9 @@ public:
     void comeBack();
     void edited() { eye_->run(kind_->edited); }
 
-    /// Where calls are watched.
-    std::vector<std::string> watched() const;
+    /// The folders that a save works on, and the one of the settings and the one of the help file where they matter
+    /// too.
+    std::vector<std::string> watched(bool withSettings) const;
     /// `round`: each has words and photos of its own.
     Errand errand(const std::string& company, int round) const;
     std::string company() const { return kind_->company; }

@@ -47,8 +47,9 @@ Trial::Trial(OfficeGround& ground, const desk::ServerDesk& server, std::string s
 
 Outcome Trial::errandUnder(const Strike& strike, const std::string& company, int round) {
     const Errand errand = ground_.errand(company, round);
+    const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
     return runStruck(
-        ground_.watched(), strike, [&] { runErrand(errand); },
+        ground_.watched(!kills), strike, [&] { runErrand(errand); },
         [&] {
             const std::string line = ground_.report().back();
             if (round != 0) {
@@ -243,7 +244,7 @@ void Trial::judgeDead(const Outcome& outcome) {
 void Trial::judgeReport(const Outcome& outcome) {
     bool isWhole = true;
     const std::vector<std::string> log = ground_.log(isWhole);
-    const bool logWorks = !touched(outcome, "/LOG/");
+    const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // which says where the log is
     if (logWorks && !isWhole) {
         fault("the log does not end with a whole record");
     }
