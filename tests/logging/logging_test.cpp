@@ -44,7 +44,7 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
 TEST_F(Logging, RotatesAboveTheLimitOnly) {
     const std::string file = com().LogRasFile();
     const std::string backup = com().LogRasFolder() + "rasbk.log";
-    const std::string atLimit(102400, 'x');
+    const std::string atLimit = std::string(102398, 'x') + "\r\n";
     writeFile(files.nativePath(file), atLimit);
     EXPECT_TRUE(PF_WriteLog("RAS", {"a", "b", "c"}));
     EXPECT_EQ(bytesOf(file), atLimit + "a,b,c\r\n");

@@ -6,8 +6,8 @@ coverage() {
     source tools/dev/test.sh
     buildPreset coverage
     find build/coverage -name '*.gcda' -delete
-    countTests coverage
-    gcovr --root . --filter src/ --exclude-throw-branches --json build/coverage/lines.json -j2 build/coverage
+    countTests coverage -E '^prove_'
+    gcovr --root . --filter src/ --exclude-throw-branches --json build/coverage/lines.json -j2 build/coverage/CMakeFiles build/coverage/src
     python3 - build/coverage/lines.json build/coverage/missed.txt <<'PYTHON'
 import collections, json, os, sys
 

@@ -12,11 +12,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool changesByItself(std::string name) {
+/// What a disk has free, and the kind of network, which stays blank by decision where the settings can't be read.
+bool isMeasured(std::string name) {
     for (char& c : name) {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
     }
-    return name.ends_with("hd_cap");
+    return name.ends_with("hd_cap") || name == "net_type";
 }
 
 class FileEye : public StoreEye {
@@ -55,7 +56,7 @@ private:
         std::string row;
         for (int i = 0; i < count; ++i) {
             const bool isNull = values[i] == nullptr;
-            row += (i > 0 ? "|" : "") + std::string(changesByItself(names[i]) ? "*" : isNull ? "NULL" : values[i]);
+            row += (i > 0 ? "|" : "") + std::string(isMeasured(names[i]) ? "*" : isNull ? "NULL" : values[i]);
         }
         static_cast<std::vector<std::string>*>(list)->push_back(row);
         return 0;
@@ -108,7 +109,7 @@ private:
             found.emplace_back();
             for (int column = 0; column < PQnfields(result.get()); ++column) {
                 const bool isNull = PQgetisnull(result.get(), row, column) != 0;
-                const bool isLeftOut = changesByItself(PQfname(result.get(), column));
+                const bool isLeftOut = isMeasured(PQfname(result.get(), column));
                 found.back() += column > 0 ? "|" : "";
                 found.back() += isLeftOut ? "*" : isNull ? "NULL" : PQgetvalue(result.get(), row, column);
             }

@@ -16,7 +16,7 @@ public:
     StoreEye& operator=(const StoreEye&) = delete;
     virtual ~StoreEye() = default;
 
-    /// Columns parted by "|". What a disk has free, which changes by itself, is left out.
+    /// Columns parted by "|". What is measured anew at each load is left out.
     virtual std::vector<std::string> rows(const std::string& sql) = 0;
     virtual void run(const std::string& sql) = 0;
     /// What the store finds wrong with itself; empty: nothing.

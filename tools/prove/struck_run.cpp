@@ -28,6 +28,7 @@ constexpr unsigned kPatienceSeconds = 60;
 constexpr int kEventOver = SIGUSR1;
 constexpr int kBeforeCall = SIGTRAP | (PTRACE_EVENT_SECCOMP << 8);
 constexpr int kBehindCall = SIGTRAP | 0x80;
+constexpr int kThreadMade = SIGTRAP | (PTRACE_EVENT_CLONE << 8);
 
 void require(bool fine, const char* what) {
     if (!fine) {
@@ -38,7 +39,7 @@ void require(bool fine, const char* what) {
 class Watched {
 public:
     Watched(const std::vector<std::string>& folders, const Strike& strike, pid_t process)
-        : folders_(folders), strike_(strike), process_(process) {}
+        : folders_(folders), strike_(strike), process_(process), thread_(process) {}
     Watched(const Watched&) = delete;
     Watched& operator=(const Watched&) = delete;
     ~Watched() {
@@ -51,6 +52,9 @@ public:
     Outcome watch(const std::function<void()>& onEvent);
 
 private:
+    int nextStatus();
+    /// What has stopped the thread; the signal that it goes on with.
+    long takeStop(int status, const std::function<void()>& onEvent);
     void beforeCall();
     void behindCall();
     void hit(const CallKind& kind, user_regs_struct& all);
@@ -65,6 +69,8 @@ private:
     const std::vector<std::string>& folders_;
     Strike strike_;
     pid_t process_;
+    /// The one that stands still. The others run, and wait for this one if they must.
+    pid_t thread_;
     Outcome outcome_;
     bool ended_ = false;
     bool lasts_ = false;
@@ -165,21 +171,45 @@ void Watched::behindCall() {
 
 user_regs_struct Watched::registers() const {
     user_regs_struct all{};
-    require(::ptrace(PTRACE_GETREGS, process_, nullptr, &all) == 0, "registers");
+    require(::ptrace(PTRACE_GETREGS, thread_, nullptr, &all) == 0, "registers");
     return all;
 }
 
 void Watched::setRegisters(const user_regs_struct& all) const {
-    require(::ptrace(PTRACE_SETREGS, process_, nullptr, &all) == 0, "registers");
+    require(::ptrace(PTRACE_SETREGS, thread_, nullptr, &all) == 0, "registers");
+}
+
+/// Of a thread of the watched process; its other threads may end meanwhile.
+int Watched::nextStatus() {
+    int status = 0;
+    do {
+        thread_ = ::waitpid(-1, &status, __WALL);
+        require(thread_ > 0, "wait");
+    } while (!WIFSTOPPED(status) && thread_ != process_);
+    return status;
+}
+
+long Watched::takeStop(int status, const std::function<void()>& onEvent) {
+    if (status >> 8 == kBeforeCall) {
+        beforeCall();
+    } else if (WSTOPSIG(status) == kBehindCall) {
+        behindCall();
+    } else if (WSTOPSIG(status) == kEventOver) {
+        strike_.way = lasts_ ? Strike::Way::Nothing : strike_.way;
+        lasts_ = false;
+        onEvent();
+    } else if (const bool isOfThreads = status >> 8 == kThreadMade || thread_ != process_; !isOfThreads) {
+        return WSTOPSIG(status);
+    }
+    return 0;
 }
 
 Outcome Watched::watch(const std::function<void()>& onEvent) {
     long signal = 0;
     while (true) {
         // One that is dying already has no stop to go on from. The end of a call is a stop only where it is waited for.
-        static_cast<void>(::ptrace(wholeSize_ > 0 ? PTRACE_SYSCALL : PTRACE_CONT, process_, nullptr, signal));
-        int status = 0;
-        require(::waitpid(process_, &status, 0) == process_, "wait");
+        static_cast<void>(::ptrace(wholeSize_ > 0 ? PTRACE_SYSCALL : PTRACE_CONT, thread_, nullptr, signal));
+        const int status = nextStatus();
         if (!WIFSTOPPED(status)) {
             ended_ = true;
             outcome_.killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
@@ -188,18 +218,7 @@ Outcome Watched::watch(const std::function<void()>& onEvent) {
                                                 : "signal " + std::to_string(WTERMSIG(status));
             return outcome_;
         }
-        signal = 0;
-        if (status >> 8 == kBeforeCall) {
-            beforeCall();
-        } else if (WSTOPSIG(status) == kBehindCall) {
-            behindCall();
-        } else if (WSTOPSIG(status) == kEventOver) {
-            strike_.way = lasts_ ? Strike::Way::Nothing : strike_.way;
-            lasts_ = false;
-            onEvent();
-        } else {
-            signal = WSTOPSIG(status);
-        }
+        signal = takeStop(status, onEvent);
     }
 }
 
@@ -246,7 +265,7 @@ Outcome runStruck(const std::vector<std::string>& folders, const Strike& strike,
         errno = WIFEXITED(status) ? WEXITSTATUS(status) : EPERM;
         require(false, "this machine does not let a program watch another one (ptrace)");
     }
-    constexpr long kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACESECCOMP | PTRACE_O_EXITKILL;
+    constexpr long kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACESECCOMP | PTRACE_O_TRACECLONE | PTRACE_O_EXITKILL;
     require(::ptrace(PTRACE_SETOPTIONS, process, nullptr, kOptions) == 0, "ptrace");
     return Watched(folders, strike, process).watch(onEvent);
 }

@@ -40,6 +40,31 @@ bool touched(const Outcome& outcome, const std::string& folder) {
                                [&](const std::string& call) { return call.find(folder) != std::string::npos; });
 }
 
+std::vector<std::string> pieces(const std::string& state) {
+    std::vector<std::string> all{""};
+    for (const char c : state) {
+        c == '|' || c == '\n' ? static_cast<void>(all.emplace_back()) : all.back().push_back(c);
+    }
+    return all;
+}
+
+/// Where the state that no errand goes through parts from the nearest of those that one does.
+std::string strangeIn(const std::string& state, const std::set<std::string>& states) {
+    const std::vector<std::string> strange = pieces(state);
+    std::vector<std::string> nearest(strange.size() + 1);
+    for (const std::string& known : states) {
+        std::vector<std::string> others;
+        const std::vector<std::string> fine = pieces(known);
+        for (std::size_t i = 0; i < std::min(fine.size(), strange.size()); ++i) {
+            if (fine[i] != strange[i]) {
+                others.push_back("\"" + strange[i] + "\" for \"" + fine[i] + "\"");
+            }
+        }
+        nearest = others.size() < nearest.size() ? others : nearest;
+    }
+    return nearest.empty() ? "rows" : nearest.front();
+}
+
 }  // namespace
 
 Trial::Trial(OfficeGround& ground, const desk::ServerDesk& server, std::string store, int step)
@@ -62,7 +87,8 @@ Outcome Trial::errandUnder(const Strike& strike, const std::string& company, int
             if (isLearning_) {
                 states_.insert(state);
             } else if (!states_.contains(state)) {
-                fault("after \"" + line + "\" the store is neither as before nor between nor behind");
+                fault("after \"" + line +
+                      "\" the store is neither as before nor between nor behind: " + strangeIn(state, states_));
             }
         });
 }
@@ -156,8 +182,8 @@ void Trial::judgeStore() {
     if (const std::string damage = ground_.damage(); !damage.empty()) {
         fault("the store is damaged: " + damage);
     }
-    if (!states_.contains(ground_.state())) {
-        fault("the store is neither as before nor between nor behind");
+    if (const std::string state = ground_.state(); !states_.contains(state)) {
+        fault("the store is neither as before nor between nor behind: " + strangeIn(state, states_));
     }
     const std::vector<std::string> locks = ground_.ownLocks();
     if (locks.size() > 1) {
