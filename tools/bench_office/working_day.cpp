@@ -50,7 +50,6 @@ void sumUp(const std::vector<Entry>& entries, const Span& shift, WorkingDay& day
 }  // namespace
 
 WorkingDay work(const Site& site, int terminals, int companies, int seconds) {
-    site.beginAgain();
     std::vector<std::string> offices;
     for (int number = 1; number <= terminals; ++number) {
         offices.push_back(site.terminal(number));
