@@ -200,6 +200,10 @@ void PrivateServer::startPooler() {
         << "\npool_mode = transaction\nauth_type = trust\nauth_file = users.txt\n"
            "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
     run("pgbouncer -q -d pooler.ini");
+    // It goes into the background before it listens.
+    for (int tries = 0; !fs::exists(folder_ / ".s.PGSQL.6432") && tries < 100; ++tries) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
 }
 
 }  // namespace orv

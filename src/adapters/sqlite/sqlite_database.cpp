@@ -19,8 +19,7 @@ namespace {
 constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
 constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
 constexpr std::string_view kBlanks = " \t\r\n\f";
-constexpr std::chrono::milliseconds kFirstPause{20};
-constexpr std::chrono::milliseconds kShortestPause{2};
+constexpr std::chrono::milliseconds kPause{1};
 
 /// Another program may have put anything into a text column, while everything behind the store relies on UTF-8.
 std::string repairedUtf8(std::string_view bytes) {
@@ -55,21 +54,18 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
 }
 
-/// The engine asks this before each new try, and gives up on 0. Nobody queues for a file: who has waited longer asks
-/// more often, so that he comes before who has just arrived. The engine's own pauses grow, and with them it is the
-/// other way round.
+/// The engine asks this before each new try, and gives up on 0. The engine's own pauses grow to a tenth of a second,
+/// which is many times what a save takes: the file would lie idle while all wait, and whoever came last be first.
 int waitAgain(void* state, int tries) {
     auto& waiting = *static_cast<Waiting*>(state);
     const auto now = std::chrono::steady_clock::now();
     if (tries == 0) {
         waiting.since = now;
     }
-    const auto waited = now - waiting.since;
-    if (waited >= waiting.longest) {
+    if (now - waiting.since >= waiting.longest) {
         return 0;
     }
-    std::this_thread::sleep_for(
-        std::max<std::chrono::steady_clock::duration>(kShortestPause, kFirstPause - waited / 25));
+    std::this_thread::sleep_for(kPause);
     return 1;
 }
 
