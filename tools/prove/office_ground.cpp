@@ -62,6 +62,7 @@ void OfficeGround::makePhotos() const {
 }
 
 void OfficeGround::reachServer(const std::string& text) {
+    isServed_ = true;
     eye_ = eyeOnServer(text);
     std::ofstream(office_.store(), std::ios::trunc) << text << "\n";
     fs::copy_file(office_.store(), folder_ / "first/MDB" / office_.store().filename(),
@@ -94,16 +95,23 @@ void OfficeGround::comeBack() {
     eye_->comeBack();
 }
 
-std::vector<std::string> OfficeGround::watched(bool withSettings) const {
-    std::vector<std::string> folders{(orv() / "PHOTO").string()};
-    for (const char* name : kFolders) {
-        folders.push_back((orv() / name).string());
+std::vector<std::string> OfficeGround::watched(bool kills) const {
+    if (isServed_ && !kills) {
+        return folders({"MDB"});
     }
-    if (withSettings) {
-        folders.push_back((orv() / "SYS").string());
-        folders.push_back((orv() / "HLP").string());
+    std::vector<std::string> all = folders({"PHOTO", "MDB", "IMG", "TMP", "LOG"});
+    if (!kills && !kind_->replacesPhotos) {
+        std::ranges::move(folders({"SYS", "HLP"}), std::back_inserter(all));
     }
-    return folders;
+    return all;
+}
+
+std::vector<std::string> OfficeGround::folders(std::initializer_list<const char*> names) const {
+    std::vector<std::string> all;
+    for (const char* name : names) {
+        all.push_back((orv() / name).string());
+    }
+    return all;
 }
 
 Errand OfficeGround::errand(const std::string& company, int round) const {
@@ -138,7 +146,7 @@ std::vector<std::string> OfficeGround::ownLocks() {
 
 Files OfficeGround::files() const {
     Files found;
-    for (const std::string& folder : watched(false)) {
+    for (const std::string& folder : watched(true)) {
         for (const auto& entry : fs::recursive_directory_iterator(folder)) {
             const std::string name = entry.path().lexically_relative(orv()).string();
             if (entry.is_regular_file() && !name.starts_with("MDB/ORVESTATE.MDB") && !name.starts_with("LOG/")) {

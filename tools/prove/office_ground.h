@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <set>
@@ -39,9 +40,10 @@ public:
     void comeBack();
     void edited() { eye_->run(kind_->edited); }
 
-    /// The folders that a save works on, and the one of the settings and the one of the help file where they matter
-    /// too.
-    std::vector<std::string> watched(bool withSettings) const;
+    /// Where calls are struck, beside the wires. A kill matters where the errand writes. A failing call also matters
+    /// where it only reads, the settings and the help file. What one errand has shown is not tried by the next: photos
+    /// change nothing about the settings, and on a server all but the server itself fails as it does on a file.
+    std::vector<std::string> watched(bool kills) const;
     /// `round`: each has words and photos of its own.
     Errand errand(const std::string& company, int round) const;
     std::string company() const { return kind_->company; }
@@ -61,6 +63,7 @@ public:
     std::vector<std::string> report() const;
 
 private:
+    std::vector<std::string> folders(std::initializer_list<const char*> names) const;
     std::filesystem::path orv() const { return office_.drive() / "ORV"; }
     void copyFolders(const std::filesystem::path& from, const std::filesystem::path& to) const;
     void makePhotos() const;
@@ -68,6 +71,7 @@ private:
     std::filesystem::path folder_;
     desk::Office office_;
     std::unique_ptr<StoreEye> eye_;
+    bool isServed_ = false;
     const CompanyKind* kind_ = nullptr;
     std::set<std::string> known_;
 };

@@ -74,7 +74,7 @@ Outcome Trial::errandUnder(const Strike& strike, const std::string& company, int
     const Errand errand = ground_.errand(company, round);
     const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
     return runStruck(
-        ground_.watched(!kills), strike, [&] { runErrand(errand); },
+        ground_.watched(kills), strike, [&] { runErrand(errand); },
         [&] {
             const std::string line = ground_.report().back();
             if (round != 0) {
