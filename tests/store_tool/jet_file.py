@@ -2,8 +2,9 @@
 """Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE | --loop].
 
 The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
-are, and a column with a long text becomes one of long texts. Each table also holds a deleted copy of its first row. With BASE, a file that the real engine of that version has
-made, the tables are added to what is in it. With --loop the first part of each long text is followed by itself.
+are, and a column with a long text becomes one of long texts. Each table also holds two copies of its first row, one
+deleted and one left behind, and its last row has moved. With BASE, a file that the real engine of that version has made,
+the tables are added to what is in it. With --loop the first part of each long text is followed by itself.
 """
 import sqlite3
 import struct
@@ -16,7 +17,8 @@ TYPES = {"text": TEXT, "ole": OLE, "memo": MEMO} | {name: number for name, (numb
 DECLARED = {"TEXT": "text", "MEMO": "memo", "BOOLEAN": "bool", "SMALLINT": "int", "INTEGER": "long", "DOUBLE": "double",
             "DATETIME": "datetime"}
 FORMATS = {number: packing for number, packing in NUMBERS.values()}
-DELETED = 0xC000
+MOVED, FROM_ELSEWHERE = 0x4000, 0x8000
+DELETED = MOVED | FROM_ELSEWHERE
 
 
 class Layout:
@@ -201,13 +203,21 @@ class JetFile:
 
     def put_rows(self, owner, columns, rows, deleted):
         used = []
-        for flags, some in ((DELETED, deleted), (0, rows)):
+
+        def put(row, flags):
+            place = self.put_row(used[-1], row, flags) if used else None
+            if place is None:
+                used.append(self.data_page(struct.pack("<I", owner)))
+                place = self.put_row(used[-1], row, flags)
+                if place is None:
+                    raise ValueError("a row is longer than a page")
+            return place
+
+        for flags, some in ((DELETED, deleted), (FROM_ELSEWHERE, deleted), (0, rows[:-1])):
             for values in some:
-                row = self.row(columns, values)
-                if not used or self.put_row(used[-1], row, flags) is None:
-                    used.append(self.data_page(struct.pack("<I", owner)))
-                    if self.put_row(used[-1], row, flags) is None:
-                        raise ValueError("a row is longer than a page")
+                put(self.row(columns, values), flags)
+        for values in rows[-1:]:
+            put(struct.pack("<I", put(self.row(columns, values), FROM_ELSEWHERE)), MOVED)
         return used
 
     def usage_maps(self, owner, used):

@@ -15,7 +15,12 @@ namespace orv {
 namespace {
 
 constexpr int kPlaceMask = 0x1FFF;
-constexpr int kGone = 0x4000;  // deleted, or moved to a page where it is found as well
+// Of a row that no longer fitted into its page stands there where it has gone to; there it is marked too, since only
+// who comes from its place may read it: what nobody points to is a leaving. A deleted row has both marks.
+constexpr int kElsewhere = 0x4000;
+constexpr int kFromElsewhere = 0x8000;
+constexpr std::size_t kPointerSize = 4;
+constexpr int kMostMoves = 16;
 constexpr std::size_t kLongHead = 12;
 constexpr std::uint32_t kLengthMask = 0x3FFFFFFF;
 
@@ -84,27 +89,74 @@ private:
     }
 
     void sendPage(std::int32_t page) {
-        const bool isRead = mdb_read_pg(file_, static_cast<unsigned long>(page)) == file_->fmt->pg_size;
-        if (!isRead || file_->pg_buf[0] != MDB_PAGE_DATA ||
-            mdb_get_int32(file_->pg_buf, 4) != static_cast<long>(table_->entry->table_pg)) {
-            sender_.send(JetFrame::Broken);
+        if (!openPage(page)) {
             return;
         }
-        const int rows = mdb_get_int16(file_->pg_buf, file_->fmt->row_count_offset);
-        for (int row = 0; row < rows; ++row) {
-            sendRow(row);
+        std::vector<std::uint32_t> moved;
+        for (int number = 0; number < rowsOfPage(); ++number) {
+            const Row row = find(number);
+            if (row.marks == kElsewhere) {
+                moved.push_back(pointerIn(row));
+            } else if (row.marks == 0) {
+                sendRow(row);
+            }
+        }
+        for (const std::uint32_t place : moved) {
+            sendMoved(place);
         }
     }
 
-    void sendRow(int row) {
+    /// The page becomes the one that is read from.
+    bool openPage(std::int32_t page) {
+        const bool isRead = mdb_read_pg(file_, static_cast<unsigned long>(page)) == file_->fmt->pg_size;
+        const bool isOurs = isRead && file_->pg_buf[0] == MDB_PAGE_DATA &&
+                            mdb_get_int32(file_->pg_buf, 4) == static_cast<long>(table_->entry->table_pg);
+        if (!isOurs) {
+            sender_.send(JetFrame::Broken);
+        }
+        return isOurs;
+    }
+
+    struct Row {
+        int start = 0;
+        std::size_t size = 0;  // 0: it can't be found
+        int marks = 0;
+    };
+
+    int rowsOfPage() const { return mdb_get_int16(file_->pg_buf, file_->fmt->row_count_offset); }
+
+    Row find(int number) const {
         int start = 0;
         std::size_t size = 0;
-        const bool isFound = mdb_find_row(file_, row, &start, &size) == 0;
-        if (isFound && (start & kGone) != 0) {
-            return;
+        if (number >= rowsOfPage() || mdb_find_row(file_, number, &start, &size) != 0) {
+            return {};
         }
+        return {start & kPlaceMask, size, start & (kElsewhere | kFromElsewhere)};
+    }
+
+    /// A page and, in the last byte, a row of it; 0, which is no data page, where there is none.
+    std::uint32_t pointerIn(const Row& row) const {
+        return row.size < kPointerSize ? 0 : static_cast<std::uint32_t>(mdb_get_int32(file_->pg_buf, row.start));
+    }
+
+    void sendMoved(std::uint32_t place) {
+        for (int moves = 0; moves < kMostMoves; ++moves) {
+            if (!openPage(static_cast<std::int32_t>(place >> 8U))) {
+                return;
+            }
+            const Row row = find(static_cast<int>(place & 0xFFU));
+            if ((row.marks & kElsewhere) == 0) {
+                sendRow(row);
+                return;
+            }
+            place = pointerIn(row);
+        }
+        sender_.send(JetFrame::Broken);
+    }
+
+    void sendRow(const Row& row) {
         std::vector<MdbField> fields(table_->num_cols);
-        if (!isFound || size == 0 || mdb_crack_row(table_, start & kPlaceMask, size, fields.data()) < 0) {
+        if (row.size == 0 || mdb_crack_row(table_, row.start, row.size, fields.data()) < 0) {
             sender_.send(JetFrame::Broken);
             return;
         }
