@@ -14,6 +14,7 @@
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
 #include "platform/utf8.h"
+#include "store/row_count.h"
 #include "store/store_session.h"
 #include "transmission/frm_send.h"
 #include "transmission/image_upload.h"
@@ -108,26 +109,40 @@ void keepFromSecondCompany(const std::string& number) {
                                  "SAVE0001"};
 }
 
-bool writeAnswer(SaveRun& run) {
+/// A store that was lost before it could say so may have done a write that failed. Asked anew it knows; where it can't
+/// be asked, it may. What the save has to tell stays in the pair.
+bool mayBear(const std::string& number, StoreSession& session) {
+    const FailureRecord told{gErrMsg, gErrCode};
+    const bool isFree = session.openFresh() && PF_GetRowCountZero("", number, kCountInfo, "");
+    static_cast<void>(failFrom(told));
+    return !isFree;
+}
+
+bool writeAnswer(SaveRun& run, StoreSession& session) {
     tCustomerInfo.PWD_CHG_FLG = kPasswordSent;
     tCustomerInfo.SEND_FLAG = false;
-    if (!PF_SaveCompanyDataOther() || !PF_SetCompanyDataSave(run.target)) {
+    if (!PF_SaveCompanyDataOther()) {
         return false;
     }
-    if (run.target != tCustomerInfo.USER_ID) {
+    const bool isWritten = PF_SetCompanyDataSave(run.target);
+    if (run.target != tCustomerInfo.USER_ID && (isWritten || mayBear(run.target, session))) {
         keepFromSecondCompany(run.target);
+    }
+    if (!isWritten) {
+        return false;
     }
     workingCopiesAgain();
     gSaved = true;
     return true;
 }
 
-bool writeAndSend(SaveRun& run) {
+bool writeAndSend(SaveRun& run, StoreSession& session) {
     if (isNew()) {
         tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
     }
     const PhotosPlaced placed;
-    return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) && writeAnswer(run);
+    return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) &&
+           writeAnswer(run, session);
 }
 
 bool save(PageForm& form, SaveRun& run, StoreSession& session) {
@@ -135,7 +150,7 @@ bool save(PageForm& form, SaveRun& run, StoreSession& session) {
         return false;
     }
     run.service = services().send();
-    return !PF_CheckInputData(form) || writeAndSend(run);
+    return !PF_CheckInputData(form) || writeAndSend(run, session);
 }
 
 /// The list of companies is read again; should that fail, it holds at least the company in force and the entry for a
