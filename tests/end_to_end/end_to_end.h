@@ -22,10 +22,34 @@ protected:
 
     Terminal terminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
 
-    /// Answers the question or notice that is on the screen: Return presses its default button.
-    void answer(Terminal& at, const std::string& keys) {
-        ASSERT_TRUE(at.waitForNotice());
-        at.key(keys);
+    /// One with the company's first page on the screen.
+    Terminal opened(const std::string& argument = "000004601,1,0") {
+        Terminal desk = terminal("DESK-01");
+        desk.start(argument);
+        EXPECT_TRUE(desk.waitForPage(0));
+        return desk;
+    }
+    void turnTo(Terminal& desk, int page) {
+        desk.click("btm_ChangePage", page);
+        ASSERT_TRUE(desk.waitForPage(page));
+    }
+    /// Presses the default button of the question or notice that is on the screen.
+    void answer(Terminal& desk) {
+        ASSERT_TRUE(desk.waitForNotice());
+        desk.key("Return");
+    }
+    /// The same, and back at the page.
+    void answer(Terminal& desk, int page) {
+        answer(desk);
+        ASSERT_TRUE(desk.noticeGone());
+        ASSERT_TRUE(desk.waitForPage(page));
+    }
+    void leaveByYes(Terminal& desk) {
+        ASSERT_TRUE(desk.waitForNotice());
+        desk.key("Left");
+        desk.key("Return");
+        EXPECT_EQ(desk.waitForEnd(), 0);
+        EXPECT_EQ(locks(), "");
     }
 
     std::string locks() const {

@@ -10,23 +10,18 @@ using OpenEditSave = EndToEnd;
 
 TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
     const std::string mailFlag = field("MAIL_FLG");
-    Terminal desk = terminal("DESK-01");
-    desk.start("000004601,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
+    Terminal desk = opened();
     EXPECT_EQ(locks(), "000004601 DESK-01");
     desk.signal(SIGPIPE);  // a pipe that breaks is not the end
     desk.enter("txt_Tanto_Name", "操作　花子");
     for (int page = 1; page < 5; ++page) {
-        desk.click("btm_ChangePage", page);
-        ASSERT_TRUE(desk.waitForPage(page)) << page;
+        turnTo(desk, page);
         if (page == 2) {
             desk.enter("txt_Day_Off", "毎週水曜日");
         }
     }
     desk.click("btm_Save");
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.noticeGone());
-    ASSERT_TRUE(desk.waitForPage(4));
+    answer(desk, 4);
     desk.click("btm_Back_Menu");
     EXPECT_EQ(desk.waitForEnd(), 0);
 
@@ -49,12 +44,7 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
 
 class Photo : public EndToEnd {
 protected:
-    Photo() : photo(office_->layPhoto()), original(office_->drive() / "ORV/PHOTO" / photo) {
-        desk.start("000004601,1,0");
-        EXPECT_TRUE(desk.waitForPage(0));
-        desk.click("btm_ChangePage", 2);
-        EXPECT_TRUE(desk.waitForPage(2));
-    }
+    Photo() { turnTo(desk, 2); }
     void select(const std::string& file) {
         desk.click("btm_PhotoSelect", 0);
         ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
@@ -63,9 +53,7 @@ protected:
     }
     void saveAndLeave() {
         desk.click("btm_Save");
-        answer(desk, "Return");
-        ASSERT_TRUE(desk.noticeGone());
-        ASSERT_TRUE(desk.waitForPage(2));
+        answer(desk, 2);
         desk.click("btm_Back_Menu");
         EXPECT_EQ(desk.waitForEnd(), 0);
     }
@@ -73,10 +61,10 @@ protected:
         return outputOf({"identify", "-format", "%m %w %h", file.string()});
     }
 
-    std::string photo;
-    std::filesystem::path original;
+    std::string photo = office_->layPhoto();
+    std::filesystem::path original = office_->drive() / "ORV/PHOTO" / photo;
     std::filesystem::path stored = office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg";
-    Terminal desk = terminal("DESK-01");
+    Terminal desk = opened();
 };
 
 TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
@@ -113,9 +101,7 @@ TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
     ASSERT_TRUE(desk.waitForPage(2));
     orv::writeFile(original, "no picture");
     select(photo);
-    answer(desk, "Return");
-    ASSERT_TRUE(desk.noticeGone());
-    ASSERT_TRUE(desk.waitForPage(2));
+    answer(desk, 2);
     saveAndLeave();
     EXPECT_TRUE(orv::readFile(stored) == orv::readFile(kept));
 }
@@ -123,13 +109,10 @@ TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
 using TwoTerminals = EndToEnd;
 
 TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
-    Terminal first = terminal("DESK-01");
-    first.start("000004601,1,0");
-    ASSERT_TRUE(first.waitForPage(0));
-
+    Terminal first = opened();
     Terminal second = terminal("DESK-02");
     second.start("000004601,1,0");
-    answer(second, "Return");
+    answer(second);
     EXPECT_EQ(second.waitForEnd(), 0);
     EXPECT_TRUE(eventually([&] { return office_->menuStarts() == 1; }));
     EXPECT_EQ(office_->errLog(), "") << "a refusal is no failure";
@@ -137,16 +120,10 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
 
     first.kill();
     EXPECT_EQ(locks(), "000004601 DESK-01") << "a dead run leaves its lock";
-    Terminal again = terminal("DESK-01");
-    again.start("000004601,1,0");
-    ASSERT_TRUE(again.waitForPage(0));
+    Terminal again = opened();
     EXPECT_EQ(locks(), "000004601 DESK-01");
     again.click("btm_Back_Menu");
-    ASSERT_TRUE(again.waitForNotice());
-    again.key("Left");
-    again.key("Return");
-    EXPECT_EQ(again.waitForEnd(), 0);
-    EXPECT_EQ(locks(), "");
+    leaveByYes(again);
 }
 
 }  // namespace

@@ -11,15 +11,13 @@ constexpr const char* kRailSearch = "沿線検索";
 /// The real search programs beside the real page, worked by keys.
 class SiblingPrograms : public EndToEnd {
 protected:
-    void SetUp() override {
-        desk.start("000004601,1,0");
-        ASSERT_TRUE(desk.waitForPage(0));
+    void openSearch(const std::string& button, const std::string& title) {
+        desk.click(button);
+        ASSERT_TRUE(desk.waitForWindow(title));
     }
     void saveAndAnswer(int page) {
         desk.click("btm_Save");
-        answer(desk, "Return");
-        ASSERT_TRUE(desk.noticeGone());
-        ASSERT_TRUE(desk.waitForPage(page));
+        answer(desk, page);
         EXPECT_EQ(office_->errLog(), "");
     }
     /// What is typed now goes to the field where the search has left the clerk.
@@ -37,12 +35,11 @@ protected:
         EXPECT_EQ(field("ADDRESS || ADDRESS_CODE || POST_CODE"), "東京都新宿区新宿３丁目13104022003160-0022");
     }
 
-    Terminal desk = terminal("DESK-01");
+    Terminal desk = opened();
 };
 
 TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
-    desk.click("btm_SearchOfficeAddress");
-    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    openSearch("btm_SearchOfficeAddress", kAddressSearch);
     desk.typeAscii("150");
     desk.key("Down");
     desk.key("Return");
@@ -55,10 +52,8 @@ TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
 }
 
 TEST_F(SiblingPrograms, ALineAndAStation) {
-    desk.click("btm_ChangePage", 2);
-    ASSERT_TRUE(desk.waitForPage(2));
-    desk.click("btn_SelectRail");
-    ASSERT_TRUE(desk.waitForWindow(kRailSearch));
+    turnTo(desk, 2);
+    openSearch("btn_SelectRail", kRailSearch);
     for (int i = 0; i < 8; ++i) {
         desk.key("Down");
     }
@@ -72,23 +67,20 @@ TEST_F(SiblingPrograms, ALineAndAStation) {
 }
 
 TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
-    desk.click("btm_SearchOfficeAddress");
-    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    openSearch("btm_SearchOfficeAddress", kAddressSearch);
     desk.typeAscii("150");
     desk.key("Escape");
     ASSERT_TRUE(desk.windowGone(kAddressSearch));
     expectUsable("88");
 
-    desk.click("btm_SearchOfficeAddress");
-    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    openSearch("btm_SearchOfficeAddress", kAddressSearch);
     kill(desk.windowProcess(), SIGKILL);
     ASSERT_TRUE(desk.windowGone(kAddressSearch));
     expectUsable("99");
 }
 
 TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
-    desk.click("btm_SearchOfficeAddress");
-    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
+    openSearch("btm_SearchOfficeAddress", kAddressSearch);
     const int search = desk.windowProcess();
     kill(search, SIGSTOP);
     ASSERT_TRUE(desk.waitForPage(0));
