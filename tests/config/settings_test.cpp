@@ -32,15 +32,11 @@ TEST_F(Settings, PresentEmptyAndUnreadable) {
     std::string expected;
     for (const Setting& row : std::vector<Setting>{
              {[] { return com().IniImgW(); }, "IMG", "LONG_W", "12", "", "0"},
-             {[] { return com().ORV_GifImgMode(); }, "IMG", "GIFIMGMODE", "12", "False"},
              {[] { return com().IniCSV(); }, "UTILTY", "CSV", "12\\", ""},
              {[] { return com().IniMinorVer(); }, "VERSION", "MINOR", "12", ""},
              {[] { return com().MinorVer(); }, "VERSION", "MINOR", "12", ""},
              {[] { return com().ORV_URL(); }, "NET", "URL", "12", ""},
-             {[] { return com().ORV_SendCus(); }, "NET", "SENDCUS", "12", ""},
-             {[] { return com().ORV_TimeOut(); }, "NET", "TIMEOUT", "12", ""},
              {[] { return com().ORV_PassiveMode(); }, "NET", "PASSIVE", "12", "True"},
-             {[] { return com().ORV_FtpTimeOut(); }, "NET", "FTPTIMEOUT", "12", "60000"},
              {[] { return com().ORV_RetryCount(); }, "NET", "RETRY", "13", "4"},
              {[] { return multiCom().ORV_IMAGE_URL(); }, "NET", "ORVIMG", "12", host, host, ofTheOffice},
              {[] { return multiCom().ORV_IMAGE_HTTP_URL(); }, "NET", "ORVIMG_HTTP", "12/", std::string(kImageUploadUrl),
@@ -76,57 +72,17 @@ TEST_F(Settings, OnlyAClientHasATypeOfNetwork) {
     }
 }
 
-/// A folder's key, and the name of a file in it; empty for the folder itself.
-struct Place {
-    std::string (cls_Com::*property)() const;
-    std::string_view key;
-    std::string_view file = {};
-};
-
-constexpr auto kPlaces = std::to_array<Place>({
-    {&cls_Com::SeverSysPath, "SYS"},
-    {&cls_Com::BinFolder, "BIN"},
-    {&cls_Com::BinTmpFolder, "BINTMP"},
-    {&cls_Com::BinDatFolder, "BINDAT"},
-    {&cls_Com::BinImgFolder, "BINIMG"},
-    {&cls_Com::BkupFolder, "BKUP"},
-    {&cls_Com::HlpFolder, "HLP"},
-    {&cls_Com::DwlFolder, "DWL"},
-    {&cls_Com::ImgFolder, "IMG"},
-    {&cls_Com::LogFolder, "LOG"},
-    {&cls_Com::LogErrFolder, "LOGERR"},
-    {&cls_Com::LogRasFolder, "LOGRAS"},
-    {&cls_Com::LogSndFolder, "LOGSND"},
-    {&cls_Com::LogRcvFolder, "LOGRCV"},
-    {&cls_Com::LogDWlFolder, "LOGDWL"},
-    {&cls_Com::LogInstFolder, "LOGINST"},
-    {&cls_Com::MdbFolder, "MDB"},
-    {&cls_Com::SysFolder, "SYS"},
-    {&cls_Com::TmpFolder, "TMP"},
-    {&cls_Com::InfFolder, "INF"},
-    {&cls_Com::BinAddExe, "BIN", "KELT_ADD.EXE"},
-    {&cls_Com::BinLineExe, "BIN", "KELT_LINE.EXE"},
-    {&cls_Com::BinMenuExe, "BIN", "KELT_MENU.EXE"},
-    {&cls_Com::HlpFile, "HLP", "help.hlp"},
-    {&cls_Com::MdbOrvEstateDB, "MDB", "ORVESTATE.MDB"},
-    {&cls_Com::TmpWorkImgFile, "TMP", "WorkImg"},
-    {&cls_Com::LogErrFile, "LOGERR", "260504_err.log"},
-    {&cls_Com::LogSndFile, "LOGSND", "260504_snd.log"},
-    {&cls_Com::LogRcvFile, "LOGRCV", "260504_rcv.log"},
-    {&cls_Com::LogDwlFile, "LOGDWL", "260504_dwl.log"},
-    {&cls_Com::LogRasFile, "LOGRAS", "ras.log"},
-});
-
-TEST_F(Settings, EachPlaceStandsBehindItsFolder) {
-    for (const Place& row : kPlaces) {
-        for (const auto& [set, folder] : {std::pair{"X:\\Z", "X:\\Z\\"}, {"D:\\Y\\", "D:\\Y\\"}, {"", ""}}) {
-            settings.set("PATH", std::string(row.key), set);
-            EXPECT_EQ((com().*row.property)(), folder + std::string(row.file)) << row.key;
+TEST_F(Settings, AFileStandsBehindItsFolder) {
+    for (const auto& [set, folder] : {std::pair{"X:\\Z", "X:\\Z\\"}, {"D:\\Y\\", "D:\\Y\\"}, {"", ""}}) {
+        for (const char* key : {"HLP", "LOGSND", "IMG", "TMP"}) {
+            settings.set("PATH", key, set);
         }
+        EXPECT_EQ(com().HlpFile(), std::string(folder) + "help.hlp");
+        EXPECT_EQ(com().LogSndFile(), std::string(folder) + "260504_snd.log");
+        EXPECT_EQ(com().ImgNoFolder(0) + com().ImgNoFolder(1), folder + std::string("1\\") + folder + "2\\");
+        EXPECT_EQ(com().TmpNoTmpFile(0) + com().TmpNoTmpFile(1),
+                  folder + std::string("TmpImg_1") + folder + "TmpImg_2");
     }
-    settings.set("PATH", "IMG", "X:\\IMG");
-    EXPECT_EQ(com().ImgNoFolder(0) + com().ImgNoFolder(1), "X:\\IMG\\1\\X:\\IMG\\2\\");
-    EXPECT_EQ(com().TmpNoTmpFile(0) + com().TmpNoTmpFile(1), "TmpImg_1TmpImg_2");
 }
 
 TEST_F(Settings, ABackslashIsAddedByTheLastByte) {
