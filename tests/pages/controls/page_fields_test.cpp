@@ -9,10 +9,7 @@ namespace {
 
 class PageFields : public FormTest {
 protected:
-    ~PageFields() override {
-        wirePagesWith({});
-        dropPages();
-    }
+    ~PageFields() override { dropPages(); }
 };
 
 template <class F>
@@ -119,24 +116,6 @@ TEST_F(PageFields, DatesAndDistanceKeepToTheirRanges) {
     EXPECT_TRUE(distance.typed("99.9"));
     EXPECT_EQ(distance.text(), "99.9");
     EXPECT_FALSE(distance.typed("100"));
-}
-
-TEST_F(PageFields, APageThatDropsItselfWhileItUnloadsLivesUntilNoEventRuns) {
-    std::string seenAfterTheDrop;
-    wirePagesWith({.compInp0 = [&](frm_CompInp0& made) {
-        made.onUnload = [&made, &seenAfterTheDrop] {
-            dropPage(made);
-            seenAfterTheDrop = made.txt_Tel_No1.text();
-        };
-    }});
-    frm_CompInp0& old = page<frm_CompInp0>();
-    forms.load(old);
-    old.txt_Tel_No1.setText("03-1234-5678");
-    EXPECT_TRUE(forms.unload(old, UnloadMode::Code));
-    EXPECT_EQ(seenAfterTheDrop, "03-1234-5678");
-    EXPECT_NE(&page<frm_CompInp0>(), &old);
-    EXPECT_EQ(page<frm_CompInp0>().txt_Tel_No1.text(), "") << "a new page is as it was designed";
-    EXPECT_TRUE(page<frm_CompInp0>().onUnload.handled()) << "and tied like the first";
 }
 
 }  // namespace

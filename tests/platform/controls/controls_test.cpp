@@ -114,49 +114,14 @@ TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
     EXPECT_EQ(raised, 0);
 }
 
-using Names = std::vector<std::string>;
-
-class Host : public FormTest {
-protected:
-    struct Window : Form {
-        explicit Window(std::string_view form) : Form(form, "", {100, 100}) {}
-        TextInput closed{*this, "closed", {.enabled = false}};
-        TextInput open{*this, "open", {}};
-    };
-
-    Names loaded() const {
-        Names names;
-        for (const Form* form : forms.forms()) {
-            names.push_back(form->name());
-        }
-        return names;
-    }
-
-    Window a{"a"};
-    Window b{"b"};
-};
-
-TEST_F(Host, AFormThatItsOwnLoadUnloadsIsNotShown) {
-    a.onLoad = [&] { EXPECT_TRUE(forms.unload(a, UnloadMode::Code)); };
-    forms.show(a);
-    forms.showModal(a);
-    EXPECT_FALSE(a.visible());
+TEST_F(Controls, AFormThatItsOwnLoadUnloadsIsNotShown) {
+    form.onLoad = [&] { EXPECT_TRUE(forms.unload(form, UnloadMode::Code)); };
+    forms.show(form);
+    forms.showModal(form);
+    EXPECT_FALSE(form.visible());
     EXPECT_EQ(forms.activeForm(), nullptr);
-    EXPECT_EQ(windows.calls, (Names{"open a", "close a", "open a", "close a"}));
-}
-
-TEST_F(Host, TheQuestionBeforeUnloadingMayUnloadEverything) {
-    int unloads = 0;
-    a.onUnload = [&] { ++unloads; };
-    a.onQueryUnload = [&](bool&, UnloadMode mode) {
-        if (mode == UnloadMode::CloseBox) {
-            EXPECT_TRUE(forms.unload(a, UnloadMode::Code));
-        }
-    };
-    forms.show(a);
-    EXPECT_TRUE(forms.unload(a, UnloadMode::CloseBox));
-    EXPECT_EQ(unloads, 1);
-    EXPECT_TRUE(loaded().empty());
+    EXPECT_EQ(windows.calls,
+              (std::vector<std::string>{"open frm_Test", "close frm_Test", "open frm_Test", "close frm_Test"}));
 }
 
 }  // namespace
