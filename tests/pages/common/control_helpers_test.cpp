@@ -2,7 +2,6 @@
 
 #include "pages/common/display_names.h"
 #include "pages/common/master_lists.h"
-#include "pages/controls/colours.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -10,19 +9,11 @@ namespace {
 
 class Helpers : public SystemTest {
 protected:
-    frm_CompInp0& page0 = page<frm_CompInp0>();
-    frm_CompInp1& page1 = page<frm_CompInp1>();
-    frm_CompInp2& page2 = page<frm_CompInp2>();
-
-    ComboBox& filled() {
-        page1.cbo_License_No.clear();
-        page1.cbo_License_No.addItems({"甲", "乙", "丙"});
-        return page1.cbo_License_No;
-    }
+    ComboBox& list = page<frm_CompInp1>().cbo_License_No;
 };
 
 TEST_F(Helpers, AListTakesWhatItHolds) {
-    ComboBox& list = filled();
+    list.addItems({"甲", "乙", "丙"});
     for (const auto& [value, shown, refused] : std::to_array<std::array<const char*, 3>>({{"乙  ", "乙", ""},
                                                                                           {"丁", "乙", ""},
                                                                                           {"", "", ""},
@@ -55,7 +46,6 @@ class MasterLists : public Helpers {
 protected:
     MasterLists() { openStore(); }
     ~MasterLists() override { closeStore(); }
-    ComboBox& list = page1.cbo_License_No;
 };
 
 TEST_F(MasterLists, TheStatementsToTheBlank) {
@@ -104,15 +94,6 @@ TEST_F(MasterLists, MayBeEmptyOrNot) {
         EXPECT_EQ(list.listCount(), 0);
     }
     EXPECT_TRUE(PF_MakeComboBox(list, "", false, kListCorporations));
-}
-
-TEST_F(MasterLists, TheMarkerStandsOnceAtTheEnd) {
-    EXPECT_TRUE(fillCompanies(list));
-    EXPECT_EQ(list.listCount(), 7);
-    EXPECT_EQ(list.list(6), kMarker);
-    sql("insert into TBL_CUSTOMER_INFO (USER_ID) values ('---------')");
-    EXPECT_TRUE(fillCompanies(list));
-    EXPECT_EQ(list.listCount(), 7);
 }
 
 }  // namespace

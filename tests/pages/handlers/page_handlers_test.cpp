@@ -19,29 +19,24 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
     for (const bool byMaster : {false, true}) {
         startOn(0, byMaster ? "000004601,1,0" : "000004601,1,1");
         auto& form = page<frm_CompInp0>();
-        const std::vector<TextInput*> all{
-            &form.txt_Pc_Post_Code,   &form.txt_Pc_Address,      &form.txt_Pc_Address_number, &form.txt_Pc_Address_Gou,
-            &form.txt_Pc_Office_Name, &form.txt_Pc_Tanto_Name,   &form.txt_Pc_Tel_No1,        &form.txt_Pc_Tel_No2,
-            &form.txt_Pc_Fax_No,      &form.txt_Pc_Mail_Address, &form.txt_Pc_Address_Code};
+        const std::optional<Colour> searched = byMaster ? std::nullopt : std::optional(kRequiredField);
+        const std::vector<std::pair<TextInput*, std::optional<Colour>>> site{
+            {&form.txt_Pc_Post_Code, searched},          {&form.txt_Pc_Address, searched},
+            {&form.txt_Pc_Tanto_Name, kRequiredField},   {&form.txt_Pc_Tel_No1, kRequiredField},
+            {&form.txt_Pc_Mail_Address, kRequiredField}, {&form.txt_Pc_Address_number, kOptionalField},
+            {&form.txt_Pc_Address_Gou, kOptionalField},  {&form.txt_Pc_Office_Name, kOptionalField},
+            {&form.txt_Pc_Tel_No2, kOptionalField},      {&form.txt_Pc_Fax_No, kOptionalField},
+            {&form.txt_Pc_Address_Code, kOptionalField}};
         expectTick(form.chk_EqualData, true);
         click(form.chk_EqualData);
         expectTick(form.chk_EqualData, false);
-        const std::optional<Colour> searched = byMaster ? std::nullopt : std::optional(kRequiredField);
-        expectField(form.txt_Pc_Post_Code, searched);
-        expectField(form.txt_Pc_Address, searched);
         EXPECT_TRUE(form.btm_Pc_SearchOfficeAddress.enabled());
-        for (TextInput* input : {&form.txt_Pc_Tanto_Name, &form.txt_Pc_Tel_No1, &form.txt_Pc_Mail_Address}) {
-            expectField(*input, kRequiredField);
-        }
-        for (TextInput* input : {&form.txt_Pc_Address_number, &form.txt_Pc_Address_Gou, &form.txt_Pc_Office_Name,
-                                 &form.txt_Pc_Tel_No2, &form.txt_Pc_Fax_No, &form.txt_Pc_Address_Code}) {
-            expectField(*input, kOptionalField);
-        }
-        for (TextInput* input : all) {
+        for (const auto& [input, colour] : site) {
+            expectField(*input, colour);
             input->setText("x");
         }
         click(form.chk_EqualData);
-        for (TextInput* input : all) {
+        for (const auto& [input, colour] : site) {
             expectField(*input, std::nullopt);
             EXPECT_EQ(input->text(), "") << input->name();
         }
