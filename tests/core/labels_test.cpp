@@ -1,9 +1,7 @@
-// The labels that nothing else injects a fault for: the routine or the handler ends, and is told by its own label.
+// The handlers that nothing else injects a fault for: each ends, and is told by its own label.
 
 #include <functional>
 
-#include "binding/page_to_record.h"
-#include "pages/frame/page_lists.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp3_handlers.h"
@@ -16,36 +14,7 @@ constexpr const char* kNoMemory = "メモリが足りません。";
 
 [[noreturn]] void breaks() { throw RunTimeError(Failure::OutOfMemory); }
 
-class Labels : public SystemTest {
-protected:
-    void breakStore(Call call) {
-        store.raised = Failure::OutOfMemory;
-        store.fail(call);
-    }
-    void expectLabelled(const std::string& label, const std::function<bool()>& routine) {
-        clearPair();
-        EXPECT_FALSE(routine()) << label;
-        EXPECT_EQ(gErrMsg, label + kNoMemory);
-        EXPECT_EQ(gErrCode, "7") << label;
-        store.mend();
-    }
-};
-
-TEST_F(Labels, OfThePages) {
-    startOn(0);
-    for (int number = 0; number < kPageCount; ++number) {
-        const std::string page = "CompInp" + std::to_string(number);
-        breakStore(Call::Close);
-        expectLabelled("[ P_MakeComboBox_" + std::string(number == 2 ? "CompInp1" : page) + " ]",
-                       [&] { return makeListsOf(number); });
-    }
-    strings.normalizeBreaks = true;
-    for (int number = 0; number < 3; ++number) {
-        pageAt(number).ready = true;
-        expectLabelled("[ PF_SetData_tCustomerInfo" + std::to_string(number) + " ] ",
-                       [&] { return PF_SetData_tCustomerInfo("frm_CompInp" + std::to_string(number)); });
-    }
-}
+using Labels = SystemTest;
 
 TEST_F(Labels, OfTheHandlers) {
     struct Handler {

@@ -1,6 +1,6 @@
 #pragma once
 
-// The real store, files, settings and text checks, each of which a test can break.
+// The real store, files and settings, each of which a test can break.
 
 #include <functional>
 #include <map>
@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "adapters/posix/posix_files.h"
-#include "adapters/text/string_check.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
@@ -21,7 +20,7 @@ namespace orv {
 /// rollback has been done all the same, so that nothing stays behind in the real store.
 class FailingStore : public DbService {
 public:
-    enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit, Any };
+    enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit };
 
     explicit FailingStore(DbService& real) : real_(real) {}
 
@@ -42,9 +41,8 @@ public:
     /// Sees each statement before it runs.
     std::function<void(const std::string& sql)> watch;
 
-    /// The statements that were handed over, in order, selects too; and how many calls of any kind there were.
+    /// The statements that were handed over, in order, selects too.
     std::vector<std::string> statements;
-    int calls = 0;
     /// Connections that are open.
     int open = 0;
 
@@ -102,11 +100,9 @@ private:
         }
     }
     bool hit(Call call, const std::string& text) {
-        ++calls;
         bool failing = false;
         for (Fault& fault : faults_) {
-            const bool meant = fault.call == Call::Any || fault.call == call;
-            if (meant && text.find(fault.part) != std::string::npos) {
+            if (fault.call == call && text.find(fault.part) != std::string::npos) {
                 --fault.nth;
                 failing = failing || fault.nth == 0 || (fault.nth < 0 && fault.again);
             }
@@ -135,8 +131,7 @@ private:
     bool injected_ = false;
 };
 
-/// Real files. Whatever would write or delete a path that a test refuses fails; the path is still there as far as
-/// reading goes.
+/// Real files. A copy to a path that a test refuses fails.
 class WatchedFiles : public PosixFiles {
 public:
     using PosixFiles::PosixFiles;
@@ -144,21 +139,14 @@ public:
     void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
     void allowAll() { refused_.clear(); }
 
-    void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
-    void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
-    void rename(const std::string& from, const std::string& to) override { PosixFiles::rename(from, allowed(to)); }
-    void append(const std::string& path, const std::string& bytes) override {
-        PosixFiles::append(allowed(path), bytes);
+    void copy(const std::string& from, const std::string& to) override {
+        if (const auto refusal = refused_.find(folded(to)); refusal != refused_.end()) {
+            throw RunTimeError(refusal->second);
+        }
+        PosixFiles::copy(from, to);
     }
 
 private:
-    const std::string& allowed(const std::string& path) const {
-        if (const auto refusal = refused_.find(folded(path)); refusal != refused_.end()) {
-            throw RunTimeError(refusal->second);
-        }
-        return path;
-    }
-
     std::map<std::string, Failure> refused_;
 };
 
@@ -189,21 +177,6 @@ public:
 private:
     const ProfileReader& real_;
     std::map<std::string, std::optional<std::string>> values_;
-};
-
-/// The real checks, until a test breaks them.
-class BreakableStringCheck : public StringCheck {
-public:
-    using StringCheck::StringCheck;
-
-    bool normalizeBreaks = false;
-
-    void Normalize(const std::string& input, std::string& output) override {
-        if (normalizeBreaks) {
-            throw RunTimeError(Failure::OutOfMemory);
-        }
-        StringCheck::Normalize(input, output);
-    }
 };
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
+#include "adapters/text/string_check.h"
 #include "app/tie_system.h"
 #include "config/shared_settings.h"
 #include "core/flow/company_load.h"
@@ -218,7 +219,7 @@ protected:
     SqliteDbService sqlite{files};
     FailingStore store{sqlite};
     ScriptedSysInfo machine;
-    BreakableStringCheck strings{codePage};
+    StringCheck strings{codePage};
     BlankPictures pictures;
     RecordedMessages messages;
     RecordedHelp help;

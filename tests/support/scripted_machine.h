@@ -27,10 +27,9 @@ public:
 class FixedFacts : public MachineFacts {
 public:
     std::string computerName = "DESK01";
-    std::string windowsDirectory = "C:\\WINDOWS";
 
     std::string GetComputerName() const override { return computerName; }
-    std::string GetWindowsDirectory() const override { return windowsDirectory; }
+    std::string GetWindowsDirectory() const override { return "C:\\WINDOWS"; }
 };
 
 /// A computer whose measurements a test chooses. An operation in `refused` fails: "os", "memory", "ip", "disk C:\" and

@@ -5,8 +5,6 @@
 namespace orv {
 namespace {
 
-constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
-
 /// Both ways out, of each page.
 class Leaving : public SystemTest, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
@@ -32,17 +30,6 @@ protected:
     }
 };
 
-TEST_P(Leaving, ReleasesTheCompanyAndStartsTheCaller) {
-    startOn(page());
-    out();
-    expectShown("ADD00010", {});
-    EXPECT_TRUE(forms.forms().empty());
-    EXPECT_EQ(locks(), Texts{});
-    EXPECT_EQ(programs.commandLines, Texts{kMenu});
-    EXPECT_EQ(windows.calls.back(), "close frm_CompInp" + std::to_string(page()));
-    EXPECT_EQ(log(), "");
-}
-
 TEST_P(Leaving, AMessageThatCannotBeShownKeepsThePage) {
     startOn(page());
     messages.refusal = FailureRecord{"窓がない", "MSG:1"};
@@ -51,18 +38,12 @@ TEST_P(Leaving, AMessageThatCannotBeShownKeepsThePage) {
 }
 
 TEST_P(Leaving, AFailureOfTheStoreKeepsThePageAndCanBeTriedAgain) {
-    struct Case {
-        Call call;
-        std::string text;
-    };
     startOn(page());
-    for (const Case& c : {Case{Call::Open, "ストアの故障"}, Case{Call::Begin, "[ PF_DataUnlock ] ストアの故障"},
-                          Case{Call::Execute, "[ PF_DataUnlock ] ストアの故障"},
-                          Case{Call::Commit, "[ PF_DataUnlock ] ストアの故障"}}) {
+    for (const Call call : {Call::Open, Call::Begin, Call::Execute, Call::Commit}) {
         gSaved = true;
-        store.fail(c.call);
+        store.fail(call);
         out();
-        expectReported("DB:77", c.text);
+        expectReported("DB:77", std::string(call == Call::Open ? "" : "[ PF_DataUnlock ] ") + "ストアの故障");
         expectStillThere({"000004601 DESK01"});
         store.mend();
     }

@@ -107,15 +107,5 @@ TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
     EXPECT_EQ(rowsOf("000004700"), "111");
 }
 
-TEST_F(NewCompany, ASecondWriteThatFailsKeepsTheMarker) {
-    store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_ADD");
-    save();
-    EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"}));
-    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "111000");
-    EXPECT_EQ(tCustomerInfo.USER_ID + form().cbo_User_Id.text(), "------------------");
-    EXPECT_EQ(locks(), Texts{"--------- DESK01"});
-    expectAtRest();
-}
-
 }  // namespace
 }  // namespace orv

@@ -58,38 +58,6 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
     EXPECT_EQ(columns(), "|000004601COS00000000_02.jpg");
 }
 
-TEST_F(SavePhotos, WhatCannotBePlacedStopsTheSaveAndLosesNothing) {
-    struct Case {
-        std::string changed, refused, code, text;
-        Failure failure = Failure::PermissionDenied;
-    };
-    for (const Case& c : {
-             Case{kWorking1, kStored1, "70",
-                  "「" + std::string(kStored1) + "」を削除できませんでした。書き込みが許可されていません。"},
-             Case{kWorking1, std::string(kStored1) + ".new", "61",
-                  "[ PF_SaveCompanyDataOther ] ディスクの空き容量が足りません。", Failure::DiskFull},
-             Case{kWorking2, kStored2, "70",
-                  "「" + std::string(kStored2) + "」を削除できませんでした。書き込みが許可されていません。"},
-         }) {
-        path(0).setText(kWorking1);
-        path(1).setText(kWorking2);
-        writeFile(files.nativePath(c.changed), "instead of " + c.refused);
-        const std::string before1 = bytesOf(kStored1);
-        files.refuse(c.refused, c.failure);
-        save();
-        expectReported(c.code, c.text);
-        EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
-        EXPECT_EQ(bytesOf(kStored1), before1);
-        EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, std::string(kWorking1) + kWorking2);
-        files.allowAll();
-        turnTo(0);
-        save();
-        expectShown("COS05574", {});
-        EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
-        turnTo(2);
-    }
-}
-
 TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
     struct Case {
         std::string refused;
