@@ -91,10 +91,10 @@ TEST_F(Binding, GreyIsNotTickedAndAnEmptyNumberIsBlank) {
     EXPECT_TRUE(PF_SetData_tCustomerInfo0());
     EXPECT_EQ(tCustomerInfo.SAME_CHECK, "0");
     turnTo(1);
-    page<frm_CompInp1>().chk_Dantai[1].setValue(2);
+    page<frm_CompInp1>().chk_Koutori[2].setValue(2);
     page<frm_CompInp1>().txt_Get_License_Date[0].setText("");
     EXPECT_TRUE(PF_SetData_tCustomerInfo1());
-    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "0000000000000000");
+    EXPECT_EQ(tCustomerInfo.KOUTORI_FLG, "0000000000000000");
     EXPECT_EQ(tCustomerInfo.GET_LICENSE_DATE_YEAR, "");
     EXPECT_EQ(tCustomerInfo.GET_LICENSE_DATE_MONTH, "4");
 }

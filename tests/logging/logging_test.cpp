@@ -25,17 +25,17 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
     const DateTime moment{.year = 2026, .month = 1, .day = 2, .hour = 3, .minute = 4, .second = 5};
     const Values rows{Value("a"), Value("b")};
     for (const Kind& row : std::vector<Kind>{
-             {"ERR", com().LogErrFile(), {moment, 13, "型が。"}, "2026/01/02 03:04:05,13,型が。\r\n"},
-             {"RAS", com().LogRasFile(), {"x", 1.5, true}, "x,1.5,True\r\n"},
-             {"DWL", com().LogDwlFile(), {"a,b", "", "c", "ignored"}, "a,b,,c\r\n"},
-             {"SND", com().LogSndFile(), {Values{"a", 2, "ｶﾅ"}}, "a,2,ｶﾅ,\r\n"},
+             {"ERR", "ERR\\260504_err.log", {moment, 13, "型が。"}, "2026/01/02 03:04:05,13,型が。\r\n"},
+             {"RAS", "RAS\\ras.log", {"x", 1.5, true}, "x,1.5,True\r\n"},
+             {"DWL", "DWL\\260504_dwl.log", {"a,b", "", "c", "ignored"}, "a,b,,c\r\n"},
+             {"SND", "SND\\260504_snd.log", {Values{"a", 2, "ｶﾅ"}}, "a,2,ｶﾅ,\r\n"},
              {"RCV",
-              com().LogRcvFile(),
+              "RCV\\260504_rcv.log",
               {rows, rows, rows, rows, rows, rows},
               "2026/05/04 09:08:07,a,a,a,a,a,a,\r\n2026/05/04 09:08:07,b,b,b,b,b,b,\r\n\r\n"},
          }) {
         EXPECT_TRUE(PF_WriteLog(row.kind, row.args)) << row.kind << gErrMsg;
-        EXPECT_EQ(textOf(row.file), row.record) << row.kind;
+        EXPECT_EQ(textOf("C:\\ORV\\LOG\\" + row.file), row.record) << row.kind;
     }
     EXPECT_TRUE(PF_WriteLog("SND", {Value(Values{})}));
     EXPECT_TRUE(textOf(com().LogSndFile()).ends_with(",\r\n\r\n")) << "an empty list is an empty record";

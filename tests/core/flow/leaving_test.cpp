@@ -1,5 +1,7 @@
 #include "core/flow/leaving.h"
 
+#include <algorithm>
+
 #include "support/fixture.h"
 
 namespace orv {
@@ -49,6 +51,7 @@ TEST_P(Leaving, AFailureOfTheStoreKeepsThePageAndCanBeTriedAgain) {
     }
     out();
     EXPECT_TRUE(forms.forms().empty());
+    EXPECT_EQ(std::ranges::count(windows.calls, "close frm_CompInp" + std::to_string(page())), 1);
 }
 
 TEST_P(Leaving, ACallerThatCannotBeStartedIsTold) {
