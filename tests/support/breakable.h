@@ -131,7 +131,7 @@ private:
     bool injected_ = false;
 };
 
-/// Real files. A copy to a path that a test refuses fails.
+/// Real files. A path that a test refuses can't be copied to or removed.
 class WatchedFiles : public PosixFiles {
 public:
     using PosixFiles::PosixFiles;
@@ -139,14 +139,17 @@ public:
     void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
     void allowAll() { refused_.clear(); }
 
-    void copy(const std::string& from, const std::string& to) override {
-        if (const auto refusal = refused_.find(folded(to)); refusal != refused_.end()) {
-            throw RunTimeError(refusal->second);
-        }
-        PosixFiles::copy(from, to);
-    }
+    void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
+    void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
 
 private:
+    const std::string& allowed(const std::string& path) const {
+        if (const auto refusal = refused_.find(folded(path)); refusal != refused_.end()) {
+            throw RunTimeError(refusal->second);
+        }
+        return path;
+    }
+
     std::map<std::string, Failure> refused_;
 };
 

@@ -16,6 +16,7 @@
 #include "app/tie_system.h"
 #include "config/shared_settings.h"
 #include "core/flow/company_load.h"
+#include "core/flow/leaving.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
@@ -78,7 +79,6 @@ protected:
         all.calendar = &calendar;
         all.http = recordedHttp(http);
         all.pictures = &pictures;
-        all.help = &help;
         pictures.script.write = [this](const std::string& path, const std::string& bytes) {
             writeFile(files.nativePath(path), bytes);
         };
@@ -95,10 +95,7 @@ protected:
 
     /// What ends with the process: the forms and all that lives for a run.
     void endRun() {
-        const std::vector<Form*> loaded = forms.forms();
-        for (Form* form : loaded) {
-            forms.unload(*form, UnloadMode::Code);
-        }
+        PF_Form_Clean();
         forms.sweep();
         dropPages();
         dropSendForm();
@@ -222,7 +219,6 @@ protected:
     StringCheck strings{codePage};
     BlankPictures pictures;
     RecordedMessages messages;
-    RecordedHelp help;
     StartedPrograms programs;
     ScriptedSibling siblings;
     SendScript server;

@@ -1,6 +1,6 @@
 #pragma once
 
-// What stands for the programs beside this one: the menu, the searches, the sender, the help.
+// What stands for the programs beside this one: the menu, the searches, the sender.
 
 #include <functional>
 #include <optional>
@@ -12,7 +12,6 @@
 #include "platform/machine/sibling_desk.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/company_send_service.h"
-#include "platform/suite/help_service.h"
 
 namespace orv {
 
@@ -96,18 +95,6 @@ public:
 
 private:
     SendScript& script_;
-};
-
-/// Shows nothing; keeps what it was asked for, as "group name".
-class RecordedHelp : public HelpService {
-public:
-    std::vector<std::string> asked;
-
-    FailureRecord ErrorInfo() const override { return {}; }
-    bool ShowHelp(const std::string& controlName, const std::string& group) override {
-        asked.push_back(group + " " + controlName);
-        return true;
-    }
 };
 
 }  // namespace orv

@@ -19,10 +19,7 @@ class WindowTest : public SystemTest {
 protected:
     WindowTest() { services().windows = &desk; }
     ~WindowTest() override {
-        const std::vector<Form*> loaded = forms.forms();
-        for (Form* form : loaded) {
-            forms.unload(*form, UnloadMode::Code);
-        }
+        PF_Form_Clean();
         settle();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         services().windows = &windows;

@@ -1,6 +1,5 @@
 #include "binding/record_to_page.h"
 #include "core/flow/save_test.h"
-#include "store/data_lock.h"
 
 namespace orv {
 namespace {
@@ -11,9 +10,7 @@ protected:
     NewCompany() {
         load();
         CompanyRecord filled = tCustomerInfo;
-        openStore();
-        EXPECT_TRUE(PF_DataUnlock(kCompany, kLockType, kLockNumber));
-        closeStore();
+        sql("delete from TBL_LOCK");
         start("---------,1,0");
         for (TextField field : {&CompanyRecord::PHOTO_FILE1, &CompanyRecord::PHOTO_FILE2, &CompanyRecord::PHOTO_GRP1,
                                 &CompanyRecord::PHOTO_GRP2, &CompanyRecord::UPDATE_DATE, &CompanyRecord::INSERT_DATE}) {

@@ -58,6 +58,25 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
     EXPECT_EQ(columns(), "|000004601COS00000000_02.jpg");
 }
 
+TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
+    const std::string before = bytesOf(kStored1);
+    const std::string why = "書き込みが許可されていません。";
+    for (const auto& [refused, text] :
+         {std::pair{std::string(kStored1) + ".new", "[ PF_SaveCompanyDataOther ] " + why},
+          {std::string(kStored1), "「" + std::string(kStored1) + "」を削除できませんでした。" + why}}) {
+        path(0).setText(kChosen);
+        files.refuse(refused, Failure::PermissionDenied);
+        save();
+        expectReported("70", text);
+        EXPECT_EQ(bytesOf(kStored1), before);
+        EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, std::string(kChosen) + kWorking2);
+        files.allowAll();
+        EXPECT_FALSE(files.exists(std::string(kStored1) + ".new")) << "nothing stays beside it";
+    }
+    save();
+    EXPECT_EQ(bytesOf(kStored1), "new photo");
+}
+
 TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
     struct Case {
         std::string refused;
@@ -79,15 +98,6 @@ TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
         EXPECT_TRUE(files.exists(kStored1) && files.exists(kStored2));
         turnTo(2);
     }
-}
-
-TEST_F(SavePhotos, APhotoThatIsItsOwnTargetStays) {
-    const std::string bytes = bytesOf(kStored1);
-    path(0).setText(kStored1);
-    save();
-    expectShown("COS05574", {});
-    EXPECT_EQ(bytesOf(kStored1), bytes);
-    EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
 }
 
 }  // namespace

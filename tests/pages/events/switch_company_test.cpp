@@ -93,28 +93,18 @@ protected:
     bool bySave() const { return std::get<1>(GetParam()); }
     std::string oldId() const { return bySave() ? kMarker : kCompany; }
     std::string newId() const { return bySave() ? "000004700" : kOther; }
-    static Texts switching(bool saved, std::initializer_list<std::string> then) {
-        Texts ids = saved ? Texts{"COS63212", "COS05574"} : Texts{"COS20001"};
-        ids.insert(ids.end(), then);
-        return ids;
+    void renumber(const std::string& from, const std::string& to) {
+        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+            sql("update " + std::string(table) + " set USER_ID = '" + to + "' where USER_ID = '" + from + "'");
+        }
     }
     void startThere() {
         if (bySave()) {
-            for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-                sql("delete from " + std::string(table) + " where USER_ID = '000004700'");
-                sql("update " + std::string(table) + " set USER_ID = '---------' where USER_ID = '000004602'");
-            }
-            server.id = "000004700";
+            renumber(kOther, kMarker);
+            server.id = newId();
         }
         startOn(number(), oldId() + ",1,0");
         gSaved = true;
-    }
-    void go() {
-        if (bySave()) {
-            save();
-        } else {
-            choose(kOther);
-        }
     }
     void expectEnd(bool back) {
         EXPECT_EQ(screen().number, number());
@@ -149,9 +139,9 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
         store.fail(step.call, step.part, step.nth + (step.call == Call::Open && bySave() ? 1 : 0));
         store.raised = step.raised ? std::optional(Failure::OutOfMemory) : std::nullopt;
         screen().lbl_UserId.observe(step.fill ? breaks : std::function<void()>());
-        go();
+        bySave() ? save() : choose(kOther);
         store.mend();
-        EXPECT_EQ(shownIds(), switching(bySave(), {"COSERR01"}));
+        EXPECT_EQ(shownIds(), bySave() ? (Texts{"COS63212", "COS05574", "COSERR01"}) : (Texts{"COS20001", "COSERR01"}));
         const std::string told = toText(messages.shown.back().args.at(1));
         EXPECT_TRUE(told.ends_with(step.text)) << told;
         EXPECT_EQ(step.raised, told.starts_with(tag(number())));
@@ -163,11 +153,7 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
         sql("delete from TBL_LOCK where LOCAL_INFO = 'DESK01'");
         messages.shown.clear();
         theContext = {};
-        if (bySave()) {
-            for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-                sql("update " + std::string(table) + " set USER_ID = '000004602' where USER_ID = '000004700'");
-            }
-        }
+        renumber("000004700", kOther);
     }
 }
 

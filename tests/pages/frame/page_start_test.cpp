@@ -5,40 +5,35 @@
 namespace orv {
 namespace {
 
-class PageStart : public SystemTest {};
+using PageStart = SystemTest;
 
 TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
-    struct Case {
-        int page;
-        Call call;
-        std::string part;
-    };
-    for (const Case& c : {
-             Case{0, Call::Open, ""},
-             Case{0, Call::Select, "ORDER BY USER_ID"},
-             Case{1, Call::Select, "TYPE_CODE = '002'"},
-             Case{1, Call::Select, "TYPE_CODE = '004'"},
-             Case{2, Call::Select, "TYPE_CODE = '005'"},
-             Case{3, Call::Select, "ORDER BY USER_ID"},
-             Case{4, Call::Open, ""},
-         }) {
-        startOn(c.page == 0 ? 3 : 0);
+    for (const auto& [page, call, part] : std::to_array<std::tuple<int, Call, const char*>>({
+             {0, Call::Open, ""},
+             {0, Call::Select, "ORDER BY USER_ID"},
+             {1, Call::Select, "TYPE_CODE = '002'"},
+             {1, Call::Select, "TYPE_CODE = '004'"},
+             {2, Call::Select, "TYPE_CODE = '005'"},
+             {3, Call::Select, "ORDER BY USER_ID"},
+             {4, Call::Open, ""},
+         })) {
+        startOn(page == 0 ? 3 : 0);
         const CompanyRecord before = tCustomerInfo;
         const Texts stored = everything();
-        store.fail(c.call, c.part, 1);
-        turnTo(c.page);
+        store.fail(call, part, 1);
+        turnTo(page);
         store.mend();
         expectReported("DB:77", "ストアの故障");
-        EXPECT_EQ(screen().number, c.page);
+        EXPECT_EQ(screen().number, page);
         EXPECT_FALSE(screen().ready);
         save();
         expectReported("DB:77", "ストアの故障");
         EXPECT_EQ(everything(), stored);
-        turnTo(c.page == 3 ? 0 : 3);
+        turnTo(page == 3 ? 0 : 3);
         EXPECT_EQ(shownIds(), Texts{}) << "the other pages work";
         for (const FieldInfo& field : kFields) {
             if (field.text != nullptr) {
-                EXPECT_EQ(tCustomerInfo.*field.text, before.*field.text) << c.part << field.name;
+                EXPECT_EQ(tCustomerInfo.*field.text, before.*field.text) << part << field.name;
             }
         }
         save();

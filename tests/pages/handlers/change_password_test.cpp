@@ -35,10 +35,6 @@ protected:
         EXPECT_TRUE(form().btm_ChangePW.enabled());
         EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
     }
-    void expectUnchanged() {
-        EXPECT_EQ(tCustomerInfo.USER_PASSWD + tCustomerInfo.PWD_CHG_FLG + form().txt_User_Passwd.text(),
-                  "mihon011mihon01");
-    }
 };
 
 TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
@@ -95,7 +91,8 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
             EXPECT_EQ(dialog().txt_Password[1].text(), row.wanted) << "the texts stay";
             press(Qt::Key_Escape);
         });
-        expectUnchanged();
+        EXPECT_EQ(tCustomerInfo.USER_PASSWD + tCustomerInfo.PWD_CHG_FLG + form().txt_User_Passwd.text(),
+                  "mihon011mihon01");
     }
     EXPECT_EQ(log(), "");
 }
