@@ -12,14 +12,6 @@ constexpr const char* kOther = "000004602";
 class Switch : public SystemTest {
 protected:
     frm_CompInp0& form() { return page<frm_CompInp0>(); }
-    /// The company before the switch is in force, on the list and in the record.
-    void expectBack() {
-        EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
-        EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
-        EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");
-        EXPECT_EQ(store.open, 0);
-    }
-    std::string tag(int page) const { return "[ CompInp" + std::to_string(page) + " cbo_User_Id_Click ]"; }
 };
 
 TEST_F(Switch, MovesLockRecordAndPage) {
@@ -47,7 +39,10 @@ TEST_F(Switch, TheOperatorMayStay) {
         answer(1);
         choose(wish);
         EXPECT_EQ(shownIds().size(), 1u);
-        expectBack();
+        EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
+        EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
+        EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");
+        EXPECT_EQ(store.open, 0);
         EXPECT_TRUE(gSaved);
         EXPECT_EQ(locks(), Texts{"000004601 DESK01"});
         leave();
@@ -144,7 +139,7 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
         EXPECT_EQ(shownIds(), bySave() ? (Texts{"COS63212", "COS05574", "COSERR01"}) : (Texts{"COS20001", "COSERR01"}));
         const std::string told = toText(messages.shown.back().args.at(1));
         EXPECT_TRUE(told.ends_with(step.text)) << told;
-        EXPECT_EQ(step.raised, told.starts_with(tag(number())));
+        EXPECT_EQ(step.raised, told.starts_with("[ CompInp" + std::to_string(number()) + " cbo_User_Id_Click ]"));
         EXPECT_TRUE(log().ends_with(record(toText(messages.shown.back().args.at(0)), told)));
         expectEnd(step.back);
         EXPECT_EQ(locks(), held(step.holdsOld, step.holdsNew));

@@ -92,15 +92,7 @@ TEST_F(AssociationRules, TheNationalAssociationsImplyTheCapital) {
     }
 }
 
-class LicenceRules : public RulesTest {
-protected:
-    void expiresOn(const std::string& era, const std::string& year, const std::string& month, const std::string& day) {
-        tCustomerInfo.VALID_LICENSE_NENGOU = era;
-        tCustomerInfo.VALID_LICENSE_DATE_YEAR = year;
-        tCustomerInfo.VALID_LICENSE_DATE_MONTH = month;
-        tCustomerInfo.VALID_LICENSE_DATE_DAY = day;
-    }
-};
+using LicenceRules = RulesTest;
 
 TEST_F(LicenceRules, LookAtTheExpiryDate) {
     enum Result { Good, Expired, Unreadable };
@@ -127,7 +119,10 @@ TEST_F(LicenceRules, LookAtTheExpiryDate) {
              {"慶応", "200", "1", "1", Unreadable},   {"西暦 ", "2027", "1", "1", Unreadable},
          }) {
         SCOPED_TRACE(std::string(row.era) + row.year + "/" + row.month + "/" + row.day);
-        expiresOn(row.era, row.year, row.month, row.day);
+        tCustomerInfo.VALID_LICENSE_NENGOU = row.era;
+        tCustomerInfo.VALID_LICENSE_DATE_YEAR = row.year;
+        tCustomerInfo.VALID_LICENSE_DATE_MONTH = row.month;
+        tCustomerInfo.VALID_LICENSE_DATE_DAY = row.day;
         clearPair();
         EXPECT_EQ(passes(PF_CheckFrmCompInp1Data), row.result == Good) << out.text;
         if (row.result == Expired) {

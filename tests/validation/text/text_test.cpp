@@ -1,12 +1,8 @@
 #include "validation/text/conversions.h"
 
-#include <gtest/gtest.h>
-
 #include <limits>
 
-#include "adapters/text/cp932.h"
-#include "platform/services.h"
-#include "support/failure_of.h"
+#include "support/form_test.h"
 #include "validation/text/blanks.h"
 #include "validation/text/text_bytes.h"
 
@@ -55,13 +51,7 @@ TEST(Conversions, Booleans) {
     EXPECT_EQ(failureOf([] { return toBoolean(Value()); }), 94);
 }
 
-class TextBytes : public testing::Test {
-protected:
-    TextBytes() { services().codePage = &codePage; }
-    ~TextBytes() override { services() = {}; }
-
-    Cp932 codePage;
-};
+using TextBytes = FormTest;
 
 TEST_F(TextBytes, CutsFromEitherEnd) {
     struct Case {
