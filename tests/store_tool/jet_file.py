@@ -1,22 +1,19 @@
 #!/usr/bin/env python3
-"""Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [BASE | --loop].
+"""Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [--loop].
 
 The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
 are, and a column with a long text becomes one of long texts. Each table also holds two copies of its first row, one
-deleted and one left behind, and its last row has moved. With BASE, a file that the real engine of that version has made,
-the tables are added to what is in it. With --loop the first part of each long text is followed by itself.
+deleted and one left behind, and its last row has moved. With --loop the first part of each long text is followed by itself.
 """
 import sqlite3
 import struct
 import sys
 
-NUMBERS = {"bool": (1, ""), "byte": (2, "<B"), "int": (3, "<h"), "long": (4, "<i"), "money": (5, "<q"),
-           "double": (7, "<d"), "datetime": (8, "<d")}
-TEXT, OLE, MEMO = 10, 11, 12
-TYPES = {"text": TEXT, "ole": OLE, "memo": MEMO} | {name: number for name, (number, _) in NUMBERS.items()}
-DECLARED = {"TEXT": "text", "MEMO": "memo", "BOOLEAN": "bool", "SMALLINT": "int", "INTEGER": "long", "DOUBLE": "double",
-            "DATETIME": "datetime"}
-FORMATS = {number: packing for number, packing in NUMBERS.values()}
+BOOL, INT, LONG, DOUBLE, DATETIME, TEXT, OLE, MEMO = 1, 3, 4, 7, 8, 10, 11, 12
+TYPES = {"TEXT": TEXT, "MEMO": MEMO, "BOOLEAN": BOOL, "SMALLINT": INT, "INTEGER": LONG, "DOUBLE": DOUBLE,
+         "DATETIME": DATETIME}
+FORMATS = {BOOL: "", INT: "<h", LONG: "<i", DOUBLE: "<d", DATETIME: "<d"}
+CATALOG = [("Id", LONG), ("ParentId", LONG), ("Name", TEXT), ("Type", INT), ("Flags", LONG), ("LvProp", OLE)]
 MOVED, FROM_ELSEWHERE = 0x4000, 0x8000
 DELETED = MOVED | FROM_ELSEWHERE
 
@@ -30,10 +27,8 @@ class Layout:
         self.rows_at = 12 if self.jet4 else 8          # the number of rows in a data page
         self.table_rows = 16 if self.jet4 else 12      # in a table's page: rows, columns, maps, first column
         self.table_columns = 45 if self.jet4 else 25
-        self.table_indexes = 51 if self.jet4 else 31
         self.table_maps = 55 if self.jet4 else 35
         self.columns_at = 63 if self.jet4 else 43
-        self.index_size = 12 if self.jet4 else 8
         self.column_size = 25 if self.jet4 else 18
 
 
@@ -66,31 +61,26 @@ def compressed(units):
 
 
 class Column:
-    def __init__(self, name, kind, number, fixed_at=0, variable=0, size=0):
+    def __init__(self, name, kind, number, fixed_at, variable):
         self.name, self.kind, self.number = name, kind, number
         self.fixed_at, self.variable = fixed_at, variable
-        self.size = struct.calcsize(FORMATS[kind]) if kind in FORMATS else size
-
-    @property
-    def fixed(self):
-        return self.kind in FORMATS
+        self.fixed = kind in FORMATS
+        self.size = struct.calcsize(FORMATS[kind]) if self.fixed else 255
 
 
 class JetFile:
-    def __init__(self, jet, base=None, loops=False):
+    def __init__(self, jet, loops):
         self.loops = loops
         self.layout = Layout(jet)
-        size = self.layout.page
-        if base is None:
-            self.pages = [self.first_page(jet), bytearray(size), bytearray(size)]
-            self.add_table("MSysObjects", [["Id", "long"], ["ParentId", "long"], ["Name", "text", 255], ["Type", "int"],
-                                           ["Flags", "long"], ["LvProp", "ole"]], [], page=2)
-        else:
-            self.pages = [bytearray(base[at:at + size]) for at in range(0, len(base) - len(base) % size, size)]
-        self.catalog_page = None
+        self.pages = [self.first_page(jet)] + [self.empty_page() for _ in range(4)]
+        self.kept = []
+        self.objects = []
+
+    def empty_page(self):
+        return bytearray(self.layout.page)
 
     def first_page(self, jet):
-        page = bytearray(self.layout.page)
+        page = self.empty_page()
         page[0:20] = b"\x00\x01\x00\x00Standard Jet DB\x00"
         page[20] = 1 if jet == 4 else 0
         length = 128 if jet == 4 else 126
@@ -101,7 +91,9 @@ class JetFile:
         return page
 
     def new_page(self):
-        self.pages.append(bytearray(self.layout.page))
+        if self.kept:
+            return self.kept.pop()
+        self.pages.append(self.empty_page())
         return len(self.pages) - 1
 
     def text(self, value):
@@ -155,10 +147,10 @@ class JetFile:
         fixed, mask = bytearray(), bytearray((len(columns) + 7) // 8)
         variable = [b""] * sum(not column.fixed for column in columns)
         for column, value in zip(columns, values):
-            if value is not None and not (column.kind == 1 and not value):
+            if value is not None and not (column.kind == BOOL and not value):
                 mask[column.number // 8] |= 1 << column.number % 8
             if column.fixed:
-                number = struct.pack(FORMATS[column.kind], value or 0) if column.kind != 1 else b""
+                number = struct.pack(FORMATS[column.kind], value or 0) if column.kind != BOOL else b""
                 fixed[column.fixed_at:column.fixed_at + len(number)] = number
             elif value is not None:
                 data = self.text(value)
@@ -187,19 +179,16 @@ class JetFile:
 
     def add_table(self, name, described, rows, deleted=(), page=None):
         columns, fixed_at, variable = [], 0, 0
-        for number, (column, kind, *size) in enumerate(described):
-            kind = TYPES[kind]
-            columns.append(Column(column, kind, number, fixed_at, variable, (size or [255])[0]))
-            if kind in FORMATS:
+        for place, (column, kind) in enumerate(described):
+            columns.append(Column(column, kind, place, fixed_at, variable))
+            if columns[-1].fixed:
                 fixed_at += columns[-1].size
             else:
                 variable += 1
         number = self.new_page() if page is None else page
-        used = self.put_rows(number, columns, rows, deleted)
-        maps = self.usage_maps(number, used)
+        maps = self.usage_maps(number, self.put_rows(number, columns, rows, deleted))
         self.put_definition(number, columns, len(rows), maps)
-        if page is None:
-            self.add_object(number, name)
+        self.objects.append((number, 0x0F000001, name, 1, 0, None))
 
     def put_rows(self, owner, columns, rows, deleted):
         used = []
@@ -267,75 +256,24 @@ class JetFile:
             self.pages[following][:] = (b"\x02\x01VC\0\0\0\0" + rest[:size - 8]).ljust(size, b"\0")
             number, rest = following, rest[size - 8:]
 
-    # The catalog.
-
-    def catalog_columns(self):
-        """The columns of MSysObjects as its definition, of one page in every file seen, tells them."""
-        layout, page = self.layout, self.pages[2]
-        count = struct.unpack_from("<H", page, layout.table_columns)[0]
-        indexes = struct.unpack_from("<I", page, layout.table_indexes)[0]
-        at = layout.columns_at + indexes * layout.index_size
-        names_at = at + count * layout.column_size
-        columns = []
-        for _ in range(count):
-            if layout.jet4:
-                number, variable = struct.unpack_from("<HH", page, at + 5)
-                fixed_at = struct.unpack_from("<H", page, at + 21)[0]
-                length = struct.unpack_from("<H", page, names_at)[0]
-                name = bytes(page[names_at + 2:names_at + 2 + length]).decode("utf-16-le")
-                names_at += 2 + length
-            else:
-                number, variable = struct.unpack_from("<HH", page, at + 1)
-                fixed_at = struct.unpack_from("<H", page, at + 14)[0]
-                length = page[names_at]
-                name = bytes(page[names_at + 1:names_at + 1 + length]).decode("ascii")
-                names_at += 1 + length
-            columns.append(Column(name, page[at], number, fixed_at, variable))
-            at += layout.column_size
-        return sorted(columns, key=lambda column: column.number)
-
-    def add_object(self, number, name):
-        values = {"Id": number, "ParentId": 0x0F000001, "Name": name, "Type": 1, "Flags": 0}
-        columns = self.catalog_columns()
-        row = self.row(columns, [values.get(column.name) for column in columns])
-        if self.catalog_page is None or self.put_row(self.catalog_page, row) is None:
-            self.catalog_page = self.data_page(struct.pack("<I", 2))
-            self.put_row(self.catalog_page, row)
-            self.mark_used(2, self.catalog_page)
-        told = struct.unpack_from("<I", self.pages[2], self.layout.table_rows)[0]
-        struct.pack_into("<I", self.pages[2], self.layout.table_rows, told + 1)
-
-    def mark_used(self, table, number):
-        place = struct.unpack_from("<I", self.pages[table], self.layout.table_maps)[0]
-        page, row = self.pages[place >> 8], place & 0xFF
-        start = struct.unpack_from("<H", page, self.layout.rows_at + 2 + 2 * row)[0] & 0x1FFF
-        end = struct.unpack_from("<H", page, self.layout.rows_at + 2 * row)[0] & 0x1FFF if row else self.layout.page
-        first = struct.unpack_from("<I", page, start + 1)[0]
-        if first == 0 and not any(page[start + 5:end]):
-            struct.pack_into("<I", page, start + 1, first := number)
-        at = start + 5 + (number - first) // 8
-        if page[start] != 0 or not start < at < end:
-            raise ValueError("the base's map of pages does not reach so far")
-        page[at] |= 1 << (number - first) % 8
-
     def write(self, path):
+        self.kept = [4, 3]  # for the catalog, so that a file that is cut short still has it
+        self.add_table("MSysObjects", CATALOG, list(self.objects), page=2)
         with open(path, "wb") as file:
             file.write(b"".join(self.pages))
 
 
 def main():
-    store, version, path = sqlite3.connect(sys.argv[1]), int(sys.argv[2]), sys.argv[3]
-    option = sys.argv[4] if len(sys.argv) > 4 else ""
-    base = open(option, "rb").read() if option not in ("", "--loop") else None
-    jet = JetFile(version, base, option == "--loop")
+    store = sqlite3.connect(sys.argv[1])
+    jet = JetFile(int(sys.argv[2]), sys.argv[4:] == ["--loop"])
     for (name,) in store.execute("SELECT name FROM sqlite_schema WHERE type = 'table'").fetchall():
         rows = store.execute(f"SELECT * FROM {name}").fetchall()
-        described = [[column[1], DECLARED[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]
+        described = [[column[1], TYPES[column[2]]] for column in store.execute(f"PRAGMA table_info({name})")]
         for place, column in enumerate(described):
             if any(isinstance(row[place], str) and len(row[place]) > 255 for row in rows):
-                column[1] = "memo"
+                column[1] = MEMO
         jet.add_table(name, described, rows, rows[:1])
-    jet.write(path)
+    jet.write(sys.argv[3])
 
 
 main()
