@@ -65,13 +65,29 @@ void setUp(jpeg_compress_struct& jpeg, const JpegRecipe& recipe) {
     }
 }
 
+}  // namespace
+
 void put(ByteVector& bytes, std::size_t number, int length) {
     for (int i = 0; i < length; ++i) {
         bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
     }
 }
 
-}  // namespace
+ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to) {
+    std::ranges::copy(to, bytes.begin() + static_cast<std::ptrdiff_t>(at));
+    return bytes;
+}
+
+ByteVector withTiffNumber(const ByteVector& tiff, std::uint8_t tag, std::uint8_t newTag, int value) {
+    const ByteVector entry{tag, 1, 3, 0, 1, 0, 0, 0};
+    const auto at = std::search(tiff.begin(), tiff.end(), entry.begin(), entry.end());
+    if (at == tiff.end()) {
+        throw std::runtime_error("no such entry");
+    }
+    return changed(
+        tiff, static_cast<std::size_t>(at - tiff.begin()),
+        {newTag, 1, 3, 0, 1, 0, 0, 0, static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)});
+}
 
 ByteVector madeJpeg(const JpegRecipe& recipe) {
     jpeg_compress_struct jpeg{};

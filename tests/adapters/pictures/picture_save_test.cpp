@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QColor>
 #include <QImage>
-#include <fstream>
-#include <iterator>
-#include <map>
 
 #include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_failure.h"
@@ -35,9 +33,23 @@ protected:
         return path;
     }
 
+    std::string keptAsTiff(const QImage& image, int bits) const {
+        const PictureHeader header{PictureFormat::Tiff, image.width(), image.height(), bits, 3};
+        return folder_.keep(std::to_string(bits) + ".tif", tiffBytes({image, {}, {}}, header));
+    }
+
     PictureFolder folder_;
     PictureFiles pictures_{folder_};
 };
+
+constexpr auto kTiff = static_cast<std::int32_t>(PictureFormat::Tiff);
+
+std::string deepTiff(QImage::Format format, int channels) {
+    QImage image(40, 20, format);
+    image.fill(QColor::fromRgba64(0x1234, 0x1234, 0x1234, format == QImage::Format_RGBA64 ? 0x8000 : 0xFFFF));
+    const ByteVector bytes = tiffBytes({image, {}, {}}, {PictureFormat::Tiff, 40, 20, 16 * channels, channels});
+    return {bytes.begin(), bytes.end()};
+}
 
 QImage fourColours(QImage::Format format) {
     const ByteVector png = madeByQt("png", 640, 480);
@@ -59,6 +71,8 @@ TEST_F(PictureSaveTest, KeepsFormatAndDepthAtEverySize) {
         folder_.keep("g.bmp", madeRunLengthBmp(400, 300)),
         keptByQt(indexed, "bmp"),
         keptByQt(fourColours(QImage::Format_RGBX64), "png"),
+        keptAsTiff(fourColours(QImage::Format_RGB32), 24),
+        keptAsTiff(fourColours(QImage::Format_RGBX64), 48),
     };
     for (const std::string& path : paths) {
         SCOPED_TRACE(path);
@@ -99,13 +113,13 @@ ByteVector withSegment(ByteVector jpeg, std::uint8_t marker, const std::string& 
     return jpeg;
 }
 
-TEST_F(PictureSaveTest, TheProfileStaysAndThePlaceGoes) {
+TEST_F(PictureSaveTest, TheProfileStaysTheTurnAndThePlaceGo) {
     const std::string profile = "ICC_PROFILE\0\1\1the colours as they are meant"s;
     const ByteVector tagged = withSegment(withSegment(madeJpeg({.orientation = 6}), 0xE2, profile), 0xE1,
                                           "http://ns.adobe.com/xap/1.0/ GPSLatitude 35");
-    static_cast<void>(through(folder_.keep("a.jpg", tagged), 24, 32));
-    std::ifstream stream(target(), std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    const std::vector<std::string> upright{"blue", "red", "white", "green"};
+    EXPECT_EQ(quarters(through(folder_.keep("a.jpg", tagged), 24, 32)->scaled(24, 32)), upright);
+    const std::string bytes = readFile(target());
     EXPECT_NE(bytes.find("the colours as they are"), std::string::npos);
     EXPECT_EQ(bytes.find("GPS"), std::string::npos);
     EXPECT_EQ(bytes.find("Exif"), std::string::npos);
@@ -144,22 +158,16 @@ TEST_F(PictureSaveTest, ABmpWithRunsIsWrittenAsSmallAsBefore) {
     EXPECT_LE(std::filesystem::file_size(target()), std::filesystem::file_size(path));
 }
 
-TEST_F(PictureSaveTest, WhatIsTurnedIsWrittenUpright) {
-    const std::string path = folder_.keep("a.jpg", madeJpeg({.orientation = 6}));
-    const std::vector<std::string> expected{"blue", "red", "white", "green"};
-    EXPECT_EQ(quarters(through(path, 24, 32)->scaled(24, 32)), expected);
-}
-
-TEST_F(PictureSaveTest, ATiffGoesThroughToo) {
-    for (const auto& [format, bits] :
-         std::map<QImage::Format, int>{{QImage::Format_RGB32, 24}, {QImage::Format_RGBX64, 48}}) {
-        const PictureHeader header{PictureFormat::Tiff, 640, 480, bits, 3};
-        const auto saved = through(folder_.keep("a.tif", tiffBytes({fourColours(format), {}, {}}, header)), 64, 48);
-        const PictureInfo now = pictures_.info(target());
-        EXPECT_EQ(now.bits, bits);
-        EXPECT_EQ(now.format, static_cast<std::int32_t>(PictureFormat::Tiff));
-        EXPECT_EQ(quarters(saved->scaled(64, 48)), kAsMade);
+TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {
+    for (const auto& [format, channels] :
+         {std::pair{QImage::Format_RGBX64, 3}, std::pair{QImage::Format_Grayscale16, 1}}) {
+        const std::string bytes = deepTiff(format, channels);
+        pictures_.load(folder_.keep("deep.tif", {bytes.begin(), bytes.end()}))->save(target(), kTiff, 16 * channels, 2);
+        EXPECT_EQ(readFile(target()), bytes) << channels;
     }
+    const std::string blended = deepTiff(QImage::Format_RGBA64, 4);
+    const auto picture = pictures_.load(folder_.keep("deep.tif", {blended.begin(), blended.end()}));
+    EXPECT_EQ(failureOf([&] { picture->save(target(), kTiff, 64, 2); }), static_cast<int>(PictureFailure::NotWritable));
 }
 
 TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
