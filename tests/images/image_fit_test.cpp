@@ -1,6 +1,8 @@
 #include "images/image_fit.h"
 
+#include "images/file_size_text.h"
 #include "images/fitting_case.h"
+#include "images/thumbnail.h"
 
 namespace orv {
 namespace {
@@ -51,6 +53,52 @@ TEST_F(ImageFit, TheSideThatIsFurtherOutDecidesAndTheOtherFollows) {
             EXPECT_EQ(made.bits, 24);
         }
     }
+}
+
+TEST_F(ImageFit, AThumbnailKeepsThePicturesProportions) {
+    ImageControl& slot = page<frm_CompInp2>().pic_PhotoFile[0];
+    struct Case {
+        int width, height;
+        Box box;
+    };
+    for (const Case& c : {
+             Case{640, 480, {0, 0, 121, 91}},
+             Case{480, 640, {0, 0, 75, 100}},
+             Case{121, 100, {0, 0, 121, 100}},
+             Case{1000, 10, {0, 0, 121, 1}},
+             Case{10, 1000, {0, 0, 1, 100}},
+             Case{1, 1, {0, 0, 100, 100}},
+         }) {
+        picture(c.width, c.height);
+        EXPECT_TRUE(PF_Thumbnail(slot, source));
+        EXPECT_EQ(slot.dstRect(), c.box) << c.width << "x" << c.height;
+        EXPECT_EQ(slot.dstClipRect(), c.box);
+        EXPECT_EQ(slot.width(), 121);
+        EXPECT_EQ(slot.height(), 100);
+        EXPECT_TRUE(slot.visible());
+    }
+}
+
+TEST(FileSizeText, IsCutAtTheBordersAndRoundsAHalfUp) {
+    struct Case {
+        double size;
+        const char* text;
+    };
+    for (const Case& c : {
+             Case{0, "0B"},
+             Case{1023, "1023B"},
+             Case{1024, "1.0KB"},
+             Case{1152, "1.13KB"},
+             Case{1536, "1.5KB"},
+             Case{1048575, "1024.0KB"},
+             Case{1048576, "1.0MB"},
+             Case{1073741823, "1024.0MB"},
+             Case{1073741824, "1.0GB"},
+             Case{1e15, "931322.57GB"},
+         }) {
+        EXPECT_EQ(PF_GetFileSizeString(c.size), c.text);
+    }
+    EXPECT_EQ(gErrMsg, "");
 }
 
 }  // namespace

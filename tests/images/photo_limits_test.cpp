@@ -75,5 +75,31 @@ INSTANTIATE_TEST_SUITE_P(Photos, PhotoLimits,
                                          "YellowFlower"),
                          [](const auto& photo) { return std::string(photo.param); });
 
+class QualitySearch : public FittingTest {
+protected:
+    /// The factors that are tried where all from `first` on fit, the last of them chosen.
+    std::vector<int> tried(int first) {
+        image.load(source);
+        pictures.script.written[kWork] = {.sizeDisk = 1 << 20, .width = 640, .height = 480, .bits = 24, .format = 7};
+        pictures.script.sizeAt = [first](int factor) { return factor >= first ? 5 : 9; };
+        pictures.script.factors.clear();
+        limits("640", "480", "5");
+        bool changed = false;
+        EXPECT_TRUE(PF_ChangeQFactor(image, changed) && changed);
+        EXPECT_EQ(gImgQualityText, std::to_string(pictures.script.factors.back()) + "/ 255");
+        EXPECT_EQ(pictures.script.written[kWork].format, 7);
+        return pictures.script.factors;
+    }
+};
+
+TEST_F(QualitySearch, TriesByHalvesAndNeverTheFactor1) {
+    EXPECT_EQ(tried(86), (std::vector<int>{255, 127, 63, 95, 79, 87, 83, 85, 86, 86}));
+    EXPECT_EQ(tried(2), (std::vector<int>{255, 127, 63, 31, 15, 7, 3, 2, 2, 2}));
+    for (int first = kBestQuality; first <= kSmallestFile; ++first) {
+        EXPECT_EQ(tried(first).back(), first);
+        EXPECT_EQ(pictures.script.factors.size(), 10U) << first;
+    }
+}
+
 }  // namespace
 }  // namespace orv
