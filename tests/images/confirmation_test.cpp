@@ -46,15 +46,6 @@ TEST_F(Confirmation, TellsTheFiguresOfBothPicturesToTheLetter) {
     EXPECT_EQ(fit(), kWork);
 }
 
-TEST_F(Confirmation, OnlyTheEntryButtonAccepts) {
-    during([](frm_ImgCommon& form) { form.cmd_Cancel.press(); });
-    EXPECT_EQ(fit(), "");
-    during([](frm_ImgCommon& form) { services().forms->unload(form, UnloadMode::CloseBox); });
-    EXPECT_EQ(fit(), "");
-    EXPECT_EQ(pair(), " ");
-    EXPECT_TRUE(forms.forms().empty());
-}
-
 TEST_F(Confirmation, APictureThatWasNotChangedIsNotAskedAbout) {
     picture(640, 480, 61440);
     EXPECT_EQ(fit(), kWork);

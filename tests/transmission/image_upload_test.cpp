@@ -57,16 +57,5 @@ TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
     EXPECT_EQ(log(), record("400", "[ RH_ImageDataTransfr ] Reason") + record("503", "[ RH_ImageDataTransfr ] Reason"));
 }
 
-TEST_F(ImageUpload, NoAnswerIsALoggedRunTimeFailureAndDoesNotHoldUpTheOther) {
-    http.answers = {{.failure = Failure::TimedOut}, {.failure = Failure::ConnectionFailed}};
-    PF_ImageDataTransfer();
-    const std::string label = "[ RH_ImageDataTransfr ] ";
-    const std::string last = label + std::string(descriptionOf(Failure::ConnectionFailed));
-    EXPECT_EQ(log(), record("24012", label + std::string(descriptionOf(Failure::TimedOut))) + record("24011", last));
-    EXPECT_EQ(gErrMsg + gErrCode, last + "24011");
-    EXPECT_EQ(filesSent(), (Names{kFirst, kSecond}));
-    EXPECT_EQ(shownIds(), Names{});
-}
-
 }  // namespace
 }  // namespace orv

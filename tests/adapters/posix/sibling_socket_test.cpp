@@ -10,7 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <list>
+#include <map>
 
 #include "adapters/posix/descriptor.h"
 #include "temp_office.h"
@@ -23,30 +23,17 @@ class PolledWatches {
 public:
     SiblingSocket::Watch watch() {
         return [this](int descriptor, std::function<void()> readable) {
-            const auto place = entries_.insert(entries_.end(), {descriptor, std::move(readable)});
-            return std::shared_ptr<void>(nullptr, [this, place](void*) { entries_.erase(place); });
+            readable_[descriptor] = std::move(readable);
+            return std::shared_ptr<void>(nullptr, [this, descriptor](void*) { readable_.erase(descriptor); });
         };
     }
     /// Raises what is due, one event after the other, until `done`. False: it did not come within five seconds.
     bool until(const std::function<bool()>& done) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-        while (std::chrono::steady_clock::now() < deadline) {
-            if (done()) {
-                return true;
-            }
+        while (!done() && std::chrono::steady_clock::now() < deadline) {
             turn();
         }
-        return false;
-    }
-    void turn() {
-        for (const Entry& entry : entries_) {
-            pollfd look{entry.descriptor, POLLIN, 0};
-            if (::poll(&look, 1, 1) > 0) {
-                const auto readable = entry.readable;
-                readable();
-                return;
-            }
-        }
+        return done();
     }
     /// So many turns that what could come has come.
     void settle() {
@@ -56,11 +43,16 @@ public:
     }
 
 private:
-    struct Entry {
-        int descriptor;
-        std::function<void()> readable;
-    };
-    std::list<Entry> entries_;
+    void turn() {
+        for (const auto& [descriptor, readable] : readable_) {
+            pollfd look{descriptor, POLLIN, 0};
+            if (::poll(&look, 1, 1) > 0) {
+                return std::function(readable)();
+            }
+        }
+    }
+
+    std::map<int, std::function<void()>> readable_;
 };
 
 /// What a sibling program does, in this process.
