@@ -1,11 +1,12 @@
 #include "adapters/pictures/made_pictures.h"
 
 #include <QBuffer>
-#include <QImage>
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <stdexcept>
+
+#include "adapters/pictures/bmp_writer.h"
 
 namespace orv::test {
 namespace {
@@ -118,17 +119,21 @@ ByteVector madeJpeg(const JpegRecipe& recipe) {
     return made;
 }
 
-ByteVector madeByQt(const char* format, int width, int height) {
+QImage madeImage(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             image.setPixel(x, y, kQuarters[quarterAt(x, y, width, height)]);
         }
     }
+    return image;
+}
+
+ByteVector madeByQt(const char* format, int width, int height) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format)) {
+    if (!madeImage(width, height).save(&buffer, format)) {
         throw std::runtime_error(format);
     }
     return {bytes.begin(), bytes.end()};
@@ -161,38 +166,9 @@ ByteVector madeGif(int width, int height) {
 }
 
 ByteVector madeRunLengthBmp(int width, int height) {
-    ByteVector runs;
-    for (int y = height - 1; y >= 0; --y) {
-        for (const int x : {0, width / 2}) {
-            put(runs, static_cast<std::size_t>(x == 0 ? width / 2 : width - width / 2), 1);
-            put(runs, quarterAt(x, y, width, height), 1);
-        }
-        put(runs, 0, 2);
-    }
-    put(runs, 0x0100, 2);
-    constexpr std::size_t kStart = 14 + 40 + 4 * 4;
-    ByteVector bmp{'B', 'M'};
-    const std::pair<std::size_t, int> header[] = {{kStart + runs.size(), 4},
-                                                  {0, 4},
-                                                  {kStart, 4},
-                                                  {40, 4},
-                                                  {static_cast<std::size_t>(width), 4},
-                                                  {static_cast<std::size_t>(height), 4},
-                                                  {1, 2},
-                                                  {8, 2},
-                                                  {1, 4},
-                                                  {runs.size(), 4},
-                                                  {0, 8},
-                                                  {4, 4},
-                                                  {0, 4}};
-    for (const auto& [number, length] : header) {
-        put(bmp, number, length);
-    }
-    for (const std::uint32_t colour : kQuarters) {
-        put(bmp, colour & 0xFFFFFF, 4);
-    }
-    bmp.insert(bmp.end(), runs.begin(), runs.end());
-    return bmp;
+    const QList<QRgb> table(kQuarters.begin(), kQuarters.end());
+    const QImage indexed = madeImage(width, height).convertToFormat(QImage::Format_Indexed8, table);
+    return bmpBytes({indexed, table, {}}, {PictureFormat::Bmp, width, height, 8, 1});
 }
 
 std::size_t frameHeader(const ByteVector& jpeg) {

@@ -5,6 +5,7 @@
 
 #include <jpeglib.h>
 
+#include <QImage>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -36,6 +37,7 @@ struct JpegRecipe {
 };
 
 ByteVector madeJpeg(const JpegRecipe& recipe);
+QImage madeImage(int width, int height);
 /// `format`: "png" or "bmp".
 ByteVector madeByQt(const char* format, int width, int height);
 /// A GIF of one frame in the four colours, its codes written without compression.

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QImage>
-
 #include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_header.h"
 #include "adapters/pictures/quarters.h"
@@ -51,10 +49,8 @@ TEST_F(PictureFilesTest, TurnsAPhotoUprightAsItsExifSays) {
                                                        {"white", "green", "blue", "red"},
                                                        {"green", "white", "red", "blue"},
                                                        kAsMade};  // 9: no code of Exif
-    const ByteVector png = madeByQt("png", 64, 48);
-    const QImage image = QImage::fromData(png.data(), static_cast<int>(png.size()));
     // The one strip needs no word on its rows: what says them becomes the orientation.
-    const ByteVector tiff = tiffBytes({image, {}, {}}, {PictureFormat::Tiff, 64, 48, 24, 3});
+    const ByteVector tiff = tiffBytes({madeImage(64, 48), {}, {}}, {PictureFormat::Tiff, 64, 48, 24, 3});
     for (std::size_t place = 0; place < turned.size(); ++place) {
         const int code = static_cast<int>(place);
         for (const ByteVector& bytes :

@@ -51,10 +51,7 @@ std::string deepTiff(QImage::Format format, int channels) {
     return {bytes.begin(), bytes.end()};
 }
 
-QImage fourColours(QImage::Format format) {
-    const ByteVector png = madeByQt("png", 640, 480);
-    return QImage::fromData(png.data(), static_cast<int>(png.size())).convertToFormat(format);
-}
+QImage fourColours(QImage::Format format) { return madeImage(640, 480).convertToFormat(format); }
 
 TEST_F(PictureSaveTest, KeepsFormatAndDepthAtEverySize) {
     const QList<QRgb> table{kRed, kGreen, kBlue, kWhite};
@@ -151,11 +148,10 @@ TEST_F(PictureSaveTest, EachSaveTakesThePlaceOfTheOneBefore) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {}), 2) << "something is left";
 }
 
-TEST_F(PictureSaveTest, ABmpWithRunsIsWrittenAsSmallAsBefore) {
-    const std::string path = folder_.keep("a.bmp", madeRunLengthBmp(400, 300));
-    const auto saved = through(path, 400, 300);
+TEST_F(PictureSaveTest, ABmpWithRunsGetsThemBack) {
+    const auto saved = through(folder_.keep("a.bmp", madeRunLengthBmp(400, 300)), 400, 300);
     EXPECT_EQ(quarters(saved->scaled(400, 300)), kAsMade);
-    EXPECT_LE(std::filesystem::file_size(target()), std::filesystem::file_size(path));
+    EXPECT_LT(std::filesystem::file_size(target()), 3000U) << "two runs a row, and not 400 bytes";
 }
 
 TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {

@@ -155,17 +155,5 @@ TEST_F(PosixFilesTest, EveryFailureHasItsNumber) {
     EXPECT_EQ(office.countIn("C/D"), 3);
 }
 
-TEST_F(PosixFilesTest, FileServiceTellsWhichFileAndWhy) {
-    PosixFileService service(files);
-    bool ok = false;
-    service.FileDelete("C:\\D\\a.jpg", ok);
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(service.FileError(),
-              (FailureRecord{"「C:\\D\\a.jpg」を削除できませんでした。ファイルが見つかりません。", "53"}));
-    service.FileDelete("C:\\D\\b.txt", ok);
-    EXPECT_EQ(service.FileError(), FailureRecord{});
-    EXPECT_FALSE(office.has("C/D/b.txt"));
-}
-
 }  // namespace
 }  // namespace orv
