@@ -9,10 +9,10 @@ import sqlite3
 import struct
 import sys
 
-BOOL, INT, LONG, DOUBLE, DATETIME, TEXT, OLE, MEMO = 1, 3, 4, 7, 8, 10, 11, 12
-TYPES = {"TEXT": TEXT, "MEMO": MEMO, "BOOLEAN": BOOL, "SMALLINT": INT, "INTEGER": LONG, "DOUBLE": DOUBLE,
+BOOL, INT, LONG, DATETIME, TEXT, OLE, MEMO = 1, 3, 4, 8, 10, 11, 12
+TYPES = {"TEXT": TEXT, "MEMO": MEMO, "BOOLEAN": BOOL, "SMALLINT": INT, "INTEGER": LONG,
          "DATETIME": DATETIME}
-FORMATS = {BOOL: "", INT: "<h", LONG: "<i", DOUBLE: "<d", DATETIME: "<d"}
+FORMATS = {BOOL: "", INT: "<h", LONG: "<i", DATETIME: "<d"}
 CATALOG = [("Id", LONG), ("ParentId", LONG), ("Name", TEXT), ("Type", INT), ("Flags", LONG), ("LvProp", OLE)]
 MOVED, FROM_ELSEWHERE = 0x4000, 0x8000
 DELETED = MOVED | FROM_ELSEWHERE

@@ -205,6 +205,7 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"gif of 10000 x 10000", keep(changed(changed(gif, 6, {0x10, 0x27, 0x10, 0x27}), 38, {0x10, 0x27, 0x10, 0x27})),
          Damaged},
         {"gif that claims 65535 x 65535", keep(changed(gif, 6, {0xFF, 0xFF, 0xFF, 0xFF})), TooManyPixels},
+        {"gif with a frame of 60000 x 60000", keep(changed(gif, 38, {0x60, 0xEA, 0x60, 0xEA})), TooManyPixels},
         {"gif whose frame holds too little", keep(changed(gif, 38, {65, 0, 49, 0})), Damaged},
         {"gif with a code beyond its table", keep(changed(gif, 46, {0xF0})), Damaged},
         {"tiff of 10000 x 10000", keep(sized(10000)), Damaged},

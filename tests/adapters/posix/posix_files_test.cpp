@@ -80,6 +80,16 @@ TEST_F(PosixFilesTest, CopyOfTheSameBytesWritesNothing) {
     EXPECT_EQ(office.bytesOf("C/D/twin.mark"), "alpha");
 }
 
+TEST_F(PosixFilesTest, FailedCopyLeavesEverythingAsItWas) {
+    office.write("C/D/large", std::string(100'000, 'x'));
+    {
+        const FileSizeLimit full(50'000);
+        EXPECT_EQ(failureOf([&] { files.copy("C:\\D\\large", "C:\\D\\b.txt"); }), 61);
+    }
+    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    EXPECT_EQ(office.countIn("C/D"), 4);
+}
+
 TEST_F(PosixFilesTest, WhatADeadRunLeftGoesWithTheNextCopyAndNothingElse) {
     office.write("C/D/.orv-1-1.tmp", "half a pho");
     office.write("C/D/.orv-notes", "of the clerk");

@@ -15,13 +15,13 @@ namespace {
 class PosixStarterTest : public testing::Test {
 protected:
     /// A program of the suite that writes each argument in brackets to <root>/out.
-    void install(const std::string& place, const std::string& body) const {
+    void installEcho(const std::string& place) const {
         const std::string out = office.root() + "/out";
-        ::chmod(office.write(place, "#!/bin/sh\n{ " + body + "; } > " + out + ".new\nmv " + out + ".new " + out + "\n")
-                    .c_str(),
-                0755);
+        ::chmod(
+            office.write(place, "#!/bin/sh\nprintf '[%s]' \"$@\" > " + out + ".new\nmv " + out + ".new " + out + "\n")
+                .c_str(),
+            0755);
     }
-    void installEcho(const std::string& place) const { install(place, "printf '[%s]' \"$@\""); }
 
     /// What the started program has written, once it has.
     std::string output() const {

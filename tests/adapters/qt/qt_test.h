@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -68,11 +67,10 @@ protected:
 
     /// The controls below each other, 20 design pixels high.
     void place(const Form& form) {
-        std::vector<Placement>& rows = layouts_[form.name()];
-        rows.clear();
+        places_.clear();
         for (const Control* control : form.controls()) {
-            const int row = static_cast<int>(rows.size());
-            rows.push_back({control->name(), control->index(), {100, 22 * row, 120, 20}, 90});
+            const int row = static_cast<int>(places_.size());
+            places_.push_back({control->name(), control->index(), {100, 22 * row, 120, 20}, 90});
         }
     }
 
@@ -105,15 +103,11 @@ protected:
 
 private:
     Cp932 codePage_;
-    std::map<std::string, std::vector<Placement>, std::less<>> layouts_;
+    std::vector<Placement> places_;
 
 protected:
     FormHost forms;
-    QtWindowSystem windows{[this](std::string_view form) -> std::span<const Placement> {
-                               const auto found = layouts_.find(form);
-                               return found == layouts_.end() ? std::span<const Placement>() : found->second;
-                           },
-                           forms};
+    QtWindowSystem windows{[this](std::string_view) { return std::span<const Placement>(places_); }, forms};
 };
 
 }  // namespace orv

@@ -38,19 +38,6 @@ TEST_F(SqliteStore, ABooleanColumnGivesBooleansWhateverStandsForTrue) {
     }
 }
 
-TEST_F(SqliteStore, AStoreThatAnotherHoldsIsWaitedForAndThenAFailure) {
-    Terminal here(service, path);
-    Terminal there(service, path);
-    ASSERT_TRUE(here.begin());
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_FALSE(there.begin());
-    EXPECT_GE(std::chrono::steady_clock::now() - start, kShortWait);
-    EXPECT_EQ(service.DbError().code, "DB5");
-    EXPECT_NE(service.DbError().text.find("使用中"), std::string::npos);
-    EXPECT_TRUE(here.rollback());
-    EXPECT_TRUE(there.begin());
-}
-
 TEST_F(SqliteStore, AReaderDelaysACommitThatSucceedsLater) {
     sqlite3* reader = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &reader), SQLITE_OK);
