@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "adapters/pictures/bmp_writer.h"
+#include "adapters/pictures/gif_file.h"
 
 namespace orv::test {
 namespace {
@@ -17,6 +18,7 @@ std::size_t quarterAt(int x, int y, int width, int height) {
 }
 
 constexpr std::array kQuarters{kRed, kGreen, kBlue, kWhite};
+const QList<QRgb> kTable(kQuarters.begin(), kQuarters.end());
 
 std::array<std::uint8_t, 3> channelsAt(int x, int y, int width, int height) {
     const std::uint32_t colour = kQuarters[quarterAt(x, y, width, height)];
@@ -140,35 +142,14 @@ ByteVector madeByQt(const char* format, int width, int height) {
 }
 
 ByteVector madeGif(int width, int height) {
-    ByteVector gif{'G', 'I', 'F', '8', '9', 'a'};
-    put(gif, static_cast<std::size_t>(width), 2);
-    put(gif, static_cast<std::size_t>(height), 2);
-    gif.insert(gif.end(), {0x81, 0, 0});
-    for (const std::uint32_t colour : kQuarters) {
-        gif.insert(gif.end(), {static_cast<std::uint8_t>(colour >> 16), static_cast<std::uint8_t>(colour >> 8),
-                               static_cast<std::uint8_t>(colour)});
-    }
-    // Something between the header and the picture, as every writer has it, then the frame.
-    gif.insert(gif.end(), {0x21, 0xF9, 4, 0, 0, 0, 0, 0, 0x2C, 0, 0, 0, 0});
-    put(gif, static_cast<std::size_t>(width), 2);
-    put(gif, static_cast<std::size_t>(height), 2);
-    // Root codes of 7 bits with a clear code before each run of 100 stay at 8 bits, a byte a code.
-    gif.insert(gif.end(), {0, 7});
-    for (int place = 0; place < width * height; place += 100) {
-        const int count = std::min(100, width * height - place);
-        gif.insert(gif.end(), {static_cast<std::uint8_t>(count + 1), 0x80});
-        for (int i = place; i < place + count; ++i) {
-            gif.push_back(static_cast<std::uint8_t>(quarterAt(i % width, i / width, width, height)));
-        }
-    }
-    gif.insert(gif.end(), {1, 0x81, 0, 0x3B});
-    return gif;
+    constexpr QRgb kTransparent = 0;
+    const QList<QRgb> table = kTable + QList<QRgb>{kTransparent};
+    return gifBytes({madeImage(width, height).convertToFormat(QImage::Format_Indexed8, kTable), table, {}});
 }
 
 ByteVector madeRunLengthBmp(int width, int height) {
-    const QList<QRgb> table(kQuarters.begin(), kQuarters.end());
-    const QImage indexed = madeImage(width, height).convertToFormat(QImage::Format_Indexed8, table);
-    return bmpBytes({indexed, table, {}}, {PictureFormat::Bmp, width, height, 8, 1});
+    const QImage indexed = madeImage(width, height).convertToFormat(QImage::Format_Indexed8, kTable);
+    return bmpBytes({indexed, kTable, {}}, {PictureFormat::Bmp, width, height, 8, 1});
 }
 
 std::size_t frameHeader(const ByteVector& jpeg) {

@@ -40,7 +40,7 @@ ByteVector madeJpeg(const JpegRecipe& recipe);
 QImage madeImage(int width, int height);
 /// `format`: "png" or "bmp".
 ByteVector madeByQt(const char* format, int width, int height);
-/// A GIF of one frame in the four colours, its codes written without compression.
+/// A GIF of one frame, which says before it which colour is transparent; no place has that one.
 ByteVector madeGif(int width, int height);
 /// A BMP of 8 bits whose rows are run lengths.
 ByteVector madeRunLengthBmp(int width, int height);
