@@ -100,35 +100,11 @@ bool send(SaveRun& run) {
     return run.sent || failFrom(run.service->SendError());
 }
 
-/// The rows bear the number now and the record does not. Until the page has moved to the number, or to another company,
-/// another save would make a second company of this one.
-void keepFromSecondCompany(const std::string& number) {
-    gLoadFailure = FailureRecord{"この会社は番号「" + number +
-                                     "」で登録されました。ユーザーIDの一覧からその番号を選ぶか、"
-                                     "メニューへ戻って開き直してください。",
-                                 "SAVE0001"};
-}
-
-/// A store that was lost before it could say so may have done a write that failed. Asked anew it knows; where it can't
-/// be asked, it may. What the save has to tell stays in the pair.
-bool mayBear(const std::string& number, StoreSession& session) {
-    const FailureRecord told{gErrMsg, gErrCode};
-    const bool isFree = session.openFresh() && PF_GetRowCountZero("", number, kCountInfo, "");
-    static_cast<void>(failFrom(told));
-    return !isFree;
-}
-
-bool writeAnswer(SaveRun& run, StoreSession& session) {
+bool writeAnswer(SaveRun& run) {
     tCustomerInfo.PWD_CHG_FLG = kPasswordSent;
     tCustomerInfo.SEND_FLAG = false;
-    if (!PF_SaveCompanyDataOther()) {
-        return false;
-    }
-    const bool isWritten = PF_SetCompanyDataSave(run.target);
-    if (run.target != tCustomerInfo.USER_ID && (isWritten || mayBear(run.target, session))) {
-        keepFromSecondCompany(run.target);
-    }
-    if (!isWritten) {
+    gGivenNumber = run.target == tCustomerInfo.USER_ID ? "" : run.target;
+    if (!PF_SaveCompanyDataOther() || !PF_SetCompanyDataSave(run.target)) {
         return false;
     }
     workingCopiesAgain();
@@ -136,21 +112,35 @@ bool writeAnswer(SaveRun& run, StoreSession& session) {
     return true;
 }
 
-bool writeAndSend(SaveRun& run, StoreSession& session) {
+bool writeAndSend(SaveRun& run) {
     if (isNew()) {
         tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
     }
     const PhotosPlaced placed;
-    return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) &&
-           writeAnswer(run, session);
+    return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) && writeAnswer(run);
+}
+
+/// Rows that bear the number already are not those of the record, which has not moved to it: the page could not open
+/// it, or the store was lost before it could say that it had written. Another save would make a second company of this
+/// one.
+bool isGivenNumberFree() {
+    clearPair();
+    if (gGivenNumber.empty() || PF_GetRowCountZero("", gGivenNumber, kCountInfo, "")) {
+        return true;
+    }
+    const bool isKnown = gErrMsg.empty() && gErrCode.empty();
+    return isKnown && fail("この会社は番号「" + gGivenNumber +
+                               "」で登録されました。ユーザーIDの一覧からその番号を選ぶか、"
+                               "メニューへ戻って開き直してください。",
+                           "SAVE0001");
 }
 
 bool save(PageForm& form, SaveRun& run, StoreSession& session) {
-    if (!PF_SetData_tCustomerInfo(form.name()) || !session.open()) {
+    if (!PF_SetData_tCustomerInfo(form.name()) || !session.open() || !isGivenNumberFree()) {
         return false;
     }
     run.service = services().send();
-    return !PF_CheckInputData(form) || writeAndSend(run, session);
+    return !PF_CheckInputData(form) || writeAndSend(run);
 }
 
 /// The list of companies is read again; should that fail, it holds at least the company in force and the entry for a

@@ -29,6 +29,7 @@ struct Context {
     bool gSaving = false;
 
     std::optional<FailureRecord> gLoadFailure;
+    std::string gGivenNumber;
 
     std::string gImgSrcFile;
     std::string gImgDstFile;
@@ -63,6 +64,9 @@ inline constinit bool& gSaving = theContext.gSaving;
 /// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
 /// is never written.
 inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFailure;
+/// The number that the server has given to the new company of the record, from its second write on; its rows may bear
+/// it.
+inline constinit std::string& gGivenNumber = theContext.gGivenNumber;
 
 /// The picture chosen, which is never written to, and the file that its fitting makes; the latter is empty after the
 /// operator's cancel.

@@ -104,5 +104,25 @@ TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
     EXPECT_EQ(rowsOf("000004700"), "111");
 }
 
+TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
+    // The transaction of the second write goes through behind the lost answer.
+    store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
+    save();
+    ASSERT_EQ(rowsOf(kMarker), "111");
+    for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+        sql(std::string("update ") + table + " set USER_ID = '000004700' where USER_ID = '---------'");
+    }
+    messages.shown.clear();
+    store.fail(Call::Select, "SELECT COUNT(*)     FROM TBL_CUSTOMER_INFO");
+    save();
+    expectReported("DB:77", "ストアの故障");
+    save();
+    EXPECT_EQ(toText(messages.shown.back().args.at(0)), "SAVE0001");
+    choose("000004700");
+    save();
+    EXPECT_EQ(messages.shown.back().id, "COS05574");
+    EXPECT_EQ(rowsOf("000004700") + rowsOf(kMarker), "111000");
+}
+
 }  // namespace
 }  // namespace orv
