@@ -1,5 +1,6 @@
 #include "adapters/http/company_document.h"
 
+#include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -121,18 +122,10 @@ Document rowOf(ReadOnlyVisit& store, const TableColumns& table, const std::strin
     return row;
 }
 
-/// ASCII and C1 control characters, the latter as UTF-8 has them, and the one character that ends a text in a
-/// statement.
-bool fitForStatement(std::string_view id) {
-    unsigned char before = 0;
-    for (const char c : id) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F || byte == '\'' || (before == 0xC2 && byte < 0xA0)) {
-            return false;
-        }
-        before = byte;
-    }
-    return true;
+/// The id becomes part of statements, of file names and of an argument string.
+bool isPlain(std::string_view id) {
+    return std::ranges::all_of(
+        id, [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); });
 }
 
 }  // namespace
@@ -152,7 +145,7 @@ std::optional<std::string> idInAnswer(std::string_view body) {
         return std::nullopt;
     }
     auto id = answer["id"].get<std::string>();
-    if (id.empty() || id.size() > kLongestId || !fitForStatement(id)) {
+    if (id.empty() || id.size() > kLongestId || !isPlain(id)) {
         return std::nullopt;
     }
     return id;

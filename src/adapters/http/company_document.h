@@ -16,8 +16,8 @@ class DbService;
 std::string companyDocument(DbService& db, const std::string& storePath, const std::string& userId);
 
 /// The number in the server's answer, {"id": "000005001"} with whatever else beside it. Nothing for a body of another
-/// kind, and for an id that is no text, empty, longer than 64 bytes, or holds control characters or an apostrophe:
-/// the id goes into a statement as it stands.
+/// kind, and for an id that is no text, empty, longer than 64 bytes, or anything but ASCII digits and letters: it
+/// becomes part of statements, of file names and of an argument string as it stands.
 std::optional<std::string> idInAnswer(std::string_view body);
 
 }  // namespace orv
