@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <filesystem>
@@ -51,11 +52,15 @@ public:
     }
     std::string url() const { return "http://127.0.0.1:" + std::to_string(port_) + "/"; }
     int requests() const { return requests_; }
+    /// To be asked for once the answer has come.
+    std::string lastRequest() const { return requests_ > 0 ? lastRequest_ : ""; }
 
 private:
     bool process_and_close_socket(socket_t client) override {
         std::array<char, 4096> request{};
-        requests_ += ::recv(client, request.data(), request.size(), 0) > 0 ? 1 : 0;
+        const ssize_t count = ::recv(client, request.data(), request.size(), 0);
+        lastRequest_.assign(request.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        requests_ += count > 0 ? 1 : 0;
         for (std::string_view rest = answer_; !rest.empty();) {
             const ssize_t sent = ::send(client, rest.data(), rest.size(), MSG_NOSIGNAL);
             rest.remove_prefix(sent > 0 ? static_cast<std::size_t>(sent) : rest.size());
@@ -66,6 +71,7 @@ private:
 
     std::string answer_;
     int port_;
+    std::string lastRequest_;
     std::atomic<int> requests_{0};
     std::thread thread_;
 };

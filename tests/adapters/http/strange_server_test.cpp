@@ -2,6 +2,7 @@
 #include <openssl/x509.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <memory>
 
 #include "adapters/http/curl_session.h"
@@ -74,6 +75,22 @@ TEST(StrangeServer, NeitherARedirectNorTheEnvironmentLeadsElsewhere) {
         ::unsetenv(name);
     }
     EXPECT_EQ(elsewhere.requests(), 0);
+}
+
+TEST(StrangeServer, PasswordsThatTheUserHasStoredAreNotSent) {
+    const TempFolder home;
+    home.write(".netrc", "machine 127.0.0.1 login clerk password private\n");
+    const char* usual = std::getenv("HOME");
+    const std::string before = usual == nullptr ? "" : usual;
+    ::setenv("HOME", home.path().c_str(), 1);
+    const RawServer server(kFine);
+    HttpRequest request;
+    request.url = server.url();
+    request.timeout = std::chrono::seconds(5);
+    EXPECT_EQ(exchange(request).status, 200);
+    ::setenv("HOME", before.c_str(), 1);
+    EXPECT_TRUE(server.lastRequest().starts_with("GET / HTTP/1.1")) << server.lastRequest();
+    EXPECT_EQ(server.lastRequest().find("Authorization"), std::string::npos);
 }
 
 }  // namespace
