@@ -1,19 +1,21 @@
 # Kills and fails a whole errand at every call that touches the store, the photos, the log or a wire, on both kinds of
-# store: ./dev prove [STEP]. STEP 20 takes every twentieth call.
+# store, and lets each answer of the suite's server come back strange at every byte: ./dev prove [STEP]. STEP 20 takes
+# every twentieth of them.
 
 prove() {
     buildPreset dev prove
-    local step="${1:-1}" store status=0
+    local step="${1:-1}" part process status=0
     local -a running=()
-    for store in file server; do
-        proveStore "$store" "$step" &
+    for part in file server answers; do
+        provePart "$part" "$step" &
         running+=($!)
     done
-    wait "${running[0]}" || status=1
-    wait "${running[1]}" || status=1
+    for process in "${running[@]}"; do
+        wait "$process" || status=1
+    done
     awk '{ points += $1; faults += $3 } END { print points " points, " faults " faults" }' \
-        <(tail -qn1 build/prove-file.log build/prove-server.log)
+        <(tail -qn1 build/prove-{file,server,answers}.log)
     return "$status"
 }
 
-proveStore() { tools/prove/prove.sh build/dev/tools/prove/prove "$1" "$2" | tee "build/prove-$1.log"; }
+provePart() { tools/prove/prove.sh build/dev/tools/prove/prove "$1" "$2" | tee "build/prove-$1.log"; }

@@ -1,5 +1,6 @@
 // prove FOLDER STORE STEP: kills a whole errand, and fails it, at every STEP-th call that touches the store, the
-// photos, the log or a wire. STORE is "file" or "server".
+// photos, the log or a wire. STORE is "file" or "server"; with "answers" instead each answer of the suite's server
+// comes back strange at every STEP-th of its bytes.
 #include <sched.h>
 
 #include <algorithm>
@@ -7,9 +8,11 @@
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <span>
 
 #include "adapters/http/curl_library.h"
 #include "private_server.h"
+#include "strange_answers.h"
 #include "trial.h"
 
 namespace {
@@ -73,16 +76,46 @@ int proveAll(const std::filesystem::path& folder, const std::string& store, int 
     return trial.faults() == 0 ? 0 : 1;
 }
 
+/// The third kind has its photos replaced, which no answer comes to know.
+constexpr std::size_t kAnsweredKinds = 2;
+
+int proveAnswers(const std::filesystem::path& folder, int step) {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const desk::ServerDesk server(folder / "server");
+    StrangeServer front(std::stoi(server.port()));
+    OfficeGround ground(std::filesystem::absolute(folder), front.port());
+    orv::curlLibrary();
+    StrangeAnswers trial(ground, server, front, static_cast<std::size_t>(step));
+    const auto answered = std::span(kKinds).first(kAnsweredKinds);
+    for (const CompanyKind& kind : answered) {
+        trial.run(kind);
+    }
+    if (const Authority authority(folder / "authority.pem"); authority.canBeTrusted()) {
+        ground.changeSettings("http://", "https://");
+        for (const CompanyKind& kind : answered) {
+            trial.runOverTls(kind, authority);
+        }
+    } else {
+        std::cout << "no certificates: this machine does not let a program see another list of them (mount)\n";
+    }
+    std::cout << trial.points() << " points, " << trial.faults() << " faults" << std::endl;
+    return trial.faults() == 0 ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
     const std::string store = argc == 4 ? argv[2] : "";
-    if (store != "file" && store != "server") {
-        std::cerr << "usage: prove FOLDER file|server STEP\n";
+    if (store != "file" && store != "server" && store != "answers") {
+        std::cerr << "usage: prove FOLDER file|server|answers STEP\n";
         return 2;
     }
     ::setenv("ORV_COMPUTER_NAME", "DESK-01", 1);  // NOLINT(concurrency-mt-unsafe)
     try {
+        if (store == "answers") {
+            return proveAnswers(argv[1], std::max(1, std::atoi(argv[3])));
+        }
         return proveAll(argv[1], store, std::max(1, std::atoi(argv[3])));
     } catch (const std::exception& failure) {
         std::cerr << "prove: " << failure.what() << "\n";

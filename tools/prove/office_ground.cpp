@@ -26,22 +26,23 @@ std::string contentOf(const fs::path& path) {
 
 std::string photoName(int round, int slot) { return std::to_string(round) + std::to_string(slot) + ".jpg"; }
 
-/// A server that does not answer is not worth half a minute.
-void shortenWaiting(const fs::path& settings) {
-    std::string text = contentOf(settings);
-    const std::string usual = "TIMEOUT=30000";
-    text.replace(text.find(usual), usual.size(), "TIMEOUT=500");
-    std::ofstream(settings, std::ios::binary) << text;
-}
-
 }  // namespace
 
 OfficeGround::OfficeGround(const fs::path& folder, const std::string& serverPort)
     : folder_(folder), office_(folder / "office", serverPort) {
-    shortenWaiting(orv() / "SYS/system.ini");
+    changeSettings("TIMEOUT=30000", "TIMEOUT=500");  // a server that does not answer is not worth half a minute
     makePhotos();
     copyFolders(orv(), folder_ / "first");
     eye_ = eyeOnFile(office_.store(), folder_ / "seen");
+}
+
+void OfficeGround::changeSettings(const std::string& usual, const std::string& other) const {
+    const fs::path settings = orv() / "SYS/system.ini";
+    std::string text = contentOf(settings);
+    for (std::size_t at = text.find(usual); at != std::string::npos; at = text.find(usual, at + other.size())) {
+        text.replace(at, usual.size(), other);
+    }
+    std::ofstream(settings, std::ios::binary) << text;
 }
 
 /// Larger than what can be registered, so that each is fitted.
@@ -125,10 +126,14 @@ Errand OfficeGround::errand(const std::string& company, int round) const {
 std::string OfficeGround::state() {
     std::string all;
     for (const std::string table : kTables) {
-        for (std::string row : eye_->rows("SELECT * FROM " + table + " ORDER BY USER_ID")) {
+        std::vector<std::string> rows = eye_->rows("SELECT * FROM " + table);
+        for (std::string& row : rows) {
             if (!known_.contains(row.substr(0, kIdLength))) {
                 row.replace(0, kIdLength, "#");
             }
+        }
+        std::ranges::sort(rows);
+        for (const std::string& row : rows) {
             all += row + "\n";
         }
     }
@@ -138,6 +143,12 @@ std::string OfficeGround::state() {
 std::string OfficeGround::one(const std::string& sql) {
     const std::vector<std::string> found = eye_->rows(sql);
     return found.empty() ? "" : found.front();
+}
+
+std::vector<std::string> OfficeGround::newNumbers() {
+    std::vector<std::string> numbers = eye_->rows("SELECT USER_ID FROM TBL_CUSTOMER_INFO");
+    std::erase_if(numbers, [this](const std::string& number) { return known_.contains(number); });
+    return numbers;
 }
 
 std::vector<std::string> OfficeGround::ownLocks() {

@@ -36,6 +36,8 @@ public:
 
     /// From now on the store is this one, and the file at its place says so.
     void reachServer(const std::string& text);
+    /// Everywhere in the settings.
+    void changeSettings(const std::string& usual, const std::string& other) const;
     void begin(const CompanyKind& kind);
     void comeBack();
     void edited() { eye_->run(kind_->edited); }
@@ -54,6 +56,8 @@ public:
     std::string damage() { return eye_->damage(); }
     /// The first column of the first row, or nothing.
     std::string one(const std::string& sql);
+    /// Of the companies that were not there before.
+    std::vector<std::string> newNumbers();
     /// The locks beside the ones that were there.
     std::vector<std::string> ownLocks();
     /// What stands below the folders that a save works on.
