@@ -1,0 +1,140 @@
+#include "adapters/sqlite/sqlite_store.h"
+#include "adapters/store/transmit_tables.h"
+#include "platform/run_time_error.h"
+#include "support/fixture.h"
+
+namespace orv {
+namespace {
+
+using T = TransmitInfo;
+
+/// The loader on a real table: profile 1 is filled, of profile 2 there is the key alone.
+class TransmitProfile : public SystemTest {
+protected:
+    TransmitProfile() {
+        runSampleFile(path, "transmit.sql");
+        services().transmitEngine = &engine;
+        gTransmitDatabase = path;
+    }
+    void load(std::int16_t number) {
+        EXPECT_TRUE(multiCom().Transmit_Envion_DataSet("unused", number, "000004601").isNull());
+        EXPECT_EQ(gTransmitWorkspace, nullptr);
+    }
+    void put(const std::string& assignments) {
+        runSql(path, "UPDATE Transmit_Info SET " + assignments + " WHERE TransmitNo = 1");
+    }
+
+    std::string path = office.root() + "/SEND.MDB";
+    TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
+    TransmitInfo& info = tTransmitInfo;
+};
+
+TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
+    const std::map<std::string, std::string T::*> texts{
+        {"DefinitionFileName", &T::DefinitionFileName},
+        {"DefinitionFileName2", &T::DefinitionFileName2},
+        {"DefinitionFileName3", &T::DefinitionFileName3},
+        {"OutPutFileName", &T::OutPutFileName},
+        {"ImageFileSendPath", &T::ImageFileSendPath},
+        {"SiteAddress2", &T::SiteAddress2},
+        {"GroupID", &T::GroupID},
+        {"LoginID", &T::LoginID},
+        {"Passwd", &T::Passwd},
+        {"AppendFilePath", &T::AppendFilePath},
+        {"CommandFilePath", &T::CommandFilePath},
+    };
+    const std::map<std::string, std::string T::*> folders{
+        {"HomeDir", &T::HomeDir},
+        {"HomeImageDir", &T::HomeImageDir},
+        {"HomeImageDir2", &T::HomeImageDir2},
+        {"HomeImageDir3", &T::HomeImageDir3},
+        {"HomeImageDir4", &T::HomeImageDir4},
+        {"HomeImageDir5", &T::HomeImageDir5},
+        {"HomeImageDir6", &T::HomeImageDir6},
+        {"HomeImageDir7", &T::HomeImageDir7},
+        {"HomeImageDir8", &T::HomeImageDir8},
+        {"HomeImageDir9", &T::HomeImageDir9},
+        {"HomeImageDir10", &T::HomeImageDir10},
+    };
+    const std::map<std::string, std::pair<std::int16_t T::*, int>> numbers{
+        {"DefinitionFileNameMode", {&T::DefinitionFileNameMode, 1}},
+        {"ImageUpLoadFlg", {&T::ImageUpLoadFlg, 0}},
+        {"MakeMode", {&T::MakeMode, 0}},
+        {"HomeImageDirCheck", {&T::HomeImageDirCheck, 1}},
+        {"OrvTransmitMode", {&T::OrvTransmitMode, 0}},
+        {"ImageFileNameFlg", {&T::ImageFileNameFlg, 0}},
+        {"ImageGifFileFlg", {&T::ImageGifFileFlg, 0}},
+    };
+    std::int16_t number = 70;
+    std::string all = "DataMax = 70000";
+    for (const auto* columns : {&texts, &folders}) {
+        for (const auto& [column, field] : *columns) {
+            all += ", " + column + " = 'of " + column + "'";
+        }
+    }
+    for (const auto& [column, field] : numbers) {
+        all += ", " + column + " = " + std::to_string(++number);
+    }
+    put(all);
+    load(1);
+    for (const auto& [column, field] : texts) {
+        EXPECT_EQ(info.*field, "of " + column);
+    }
+    for (const auto& [column, field] : folders) {
+        EXPECT_EQ(info.*field, "of " + column + "/");
+    }
+    number = 70;
+    for (const auto& [column, field] : numbers) {
+        EXPECT_EQ(info.*field.first, ++number) << column;
+    }
+    EXPECT_EQ(info.DataMax, 70000);
+
+    for (const std::int16_t other : std::array<std::int16_t, 2>{2, 3}) {  // nulls, and no profile
+        load(1);
+        load(other);
+        for (const auto* columns : {&texts, &folders}) {
+            for (const auto& [column, field] : *columns) {
+                EXPECT_EQ(info.*field, "") << column;
+            }
+        }
+        for (const auto& [column, field] : numbers) {
+            EXPECT_EQ(info.*field.first, field.second) << column;
+        }
+        EXPECT_EQ(info.DataMax, 0);
+        EXPECT_EQ(info.SendMode, other == 2 ? "FTP送信方式" : "ﾌｧｲﾙ作成のみ");
+    }
+}
+
+TEST_F(TransmitProfile, TheWayOfSendingIsTranslatedAndTheRestComesFromTheSettings) {
+    settings.set("NET", "FTPTIMEOUT", "500");
+    for (const auto& [column, mode, flag] : std::to_array<std::array<const char*, 3>>({
+             {"0", "FTP送信方式", "True"},
+             {"1", "HTTP送信方式", "False"},
+             {"2", "ﾌｧｲﾙ作成のみ", "True"},
+             {"3", "HTTP送信方式", "0"},
+         })) {
+        settings.set("NET", "PASSIVE", flag);
+        settings.set("NET", "FTPOVERWRITE", flag);
+        put(std::string("SendMode = ") + column);
+        load(1);
+        EXPECT_EQ(info.SendMode, mode);
+        EXPECT_EQ(info.FtpTimeOut, 500);
+        EXPECT_EQ(info.PassiveMode, std::string_view(flag) == "True") << flag;
+        EXPECT_EQ(info.FtpOverwrite, std::string_view(flag) == "True") << flag;
+    }
+}
+
+TEST_F(TransmitProfile, AFailureGoesUpAndLeavesTheRecord) {
+    load(1);
+    put("DataMax = 'no number', LoginID = 'other'");
+    EXPECT_THROW(load(1), RunTimeError);
+    runSql(path, "DELETE FROM Transmit_Info");
+    load(1);
+    gTransmitDatabase = office.root() + "/missing";
+    EXPECT_THROW(load(1), RunTimeError);
+    EXPECT_EQ(gTransmitWorkspace, nullptr);
+    EXPECT_EQ(info.LoginID, "mihon");
+}
+
+}  // namespace
+}  // namespace orv
