@@ -71,6 +71,7 @@ Outcome Judge::errandUnder(const Strike& strike, const std::string& company, int
     const Errand errand = ground_.errand(company, round);
     auto since = Clock::now();
     slowest_ = {};
+    saved_.clear();
     const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
     return runStruck(
         ground_.watched(kills), strike,
@@ -93,6 +94,9 @@ void Judge::judgeEvent(const std::string& line) {
         ground_.edited();
     }
     const std::string state = ground_.state();
+    if (eventOf(line) == "save" && saved_.empty()) {
+        saved_ = state;
+    }
     if (isLearning_) {
         states_.insert(state);
     } else if (!states_.contains(state)) {

@@ -40,6 +40,9 @@ protected:
     std::string point_;
     /// The longest event of the last errand.
     std::chrono::steady_clock::duration slowest_{};
+    /// The store behind the last errand's first save, and behind an undisturbed errand.
+    std::string saved_;
+    std::string behind_;
 
 private:
     void judgeEvent(const std::string& line);
@@ -51,7 +54,6 @@ private:
 
     /// All that an undisturbed errand goes through, with a server that takes the company and with one that does not.
     std::set<std::string> states_;
-    std::string behind_;
     bool isLearning_ = false;
     Files filesBefore_;
     Files filesBehind_;

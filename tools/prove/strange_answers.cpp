@@ -166,6 +166,9 @@ void StrangeAnswers::judgeTold(const Expected& expected) {
     if (!isPhoto && expected.fate == Fate::Refused && !line.starts_with(kTold + expected.code)) {
         fault("is not told as it must: " + line);
     }
+    if ((line == kWell) != (saved_ == behind_)) {
+        fault("leaves the store otherwise than is told: " + line);
+    }
     if (expected.asked == Asked::Prepare && line != kWell && front_.requests(Asked::Company) != 1) {
         fault("a company is sent to a server that is not prepared");
     }
