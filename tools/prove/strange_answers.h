@@ -44,6 +44,7 @@ private:
     std::size_t step_;
     const Authority* authority_ = nullptr;
     int photos_ = 0;
+    std::chrono::steady_clock::duration longest_{};
 };
 
 }  // namespace prove
