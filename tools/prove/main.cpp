@@ -56,6 +56,11 @@ void stayOnProcessor(bool first) {
     static_cast<void>(::sched_setaffinity(0, sizeof one, &one));
 }
 
+int verdict(const Judge& judge) {
+    std::cout << judge.points() << " points, " << judge.faults() << " faults" << std::endl;
+    return judge.faults() == 0 ? 0 : 1;
+}
+
 int proveAll(const std::filesystem::path& folder, const std::string& store, int step) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
@@ -72,8 +77,7 @@ int proveAll(const std::filesystem::path& folder, const std::string& store, int 
     for (const CompanyKind& kind : kKinds) {
         trial.run(kind);
     }
-    std::cout << trial.points() << " points, " << trial.faults() << " faults" << std::endl;
-    return trial.faults() == 0 ? 0 : 1;
+    return verdict(trial);
 }
 
 /// The third kind has its photos replaced, which no answer comes to know.
@@ -99,8 +103,7 @@ int proveAnswers(const std::filesystem::path& folder, int step) {
     } else {
         std::cout << "no certificates: this machine does not let a program see another list of them (mount)\n";
     }
-    std::cout << trial.points() << " points, " << trial.faults() << " faults" << std::endl;
-    return trial.faults() == 0 ? 0 : 1;
+    return verdict(trial);
 }
 
 }  // namespace
