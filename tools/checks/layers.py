@@ -2,7 +2,8 @@
 """Checks the includes of src/ against the table of rooms.
 
 Fails on an include that the table does not allow, on a circle of files, on a header of a library outside adapters/ and
-app/, on a catch in a system folder outside logging/trap.cpp, and on two files of one stem.
+app/, on a catch in a system folder outside logging/trap.cpp, on two files of one stem, and on two types of one name in
+namespace orv (src/ and tools/).
 """
 import re
 import sys
@@ -47,6 +48,43 @@ def includes_of(path):
     return own, foreign
 
 
+# Everything that opens or closes a scope, or ends what was before it; comments and literals are passed over.
+TOKEN = re.compile(r"""//[^\n]*|/\*.*?\*/|R"\(.*?\)"|"(?:\\.|[^"\\\n])*"|'(?:\\.|[^'\\\n])'|^\#(?:[^\n]*\\\n)*[^\n]*|[{};]""",
+                   re.M | re.S)
+SCOPE = re.compile(r"^(?:inline )?namespace(?: (\w+))?$")
+TYPE = re.compile(r"(?:^|\W)(?:struct|class|union|enum(?: class| struct)?) (\w+)(?: final)?(?: :(?!:).*)?$")
+ALIAS = re.compile(r"^(?:template <.*> )?using (\w+) = ")
+
+
+def types_of(text):
+    """The names of the types that a file defines in namespace orv and in the named namespaces inside it."""
+    names, scopes, before, start = [], [], "", 0
+    for token in TOKEN.finditer(text):
+        before = " ".join((before + text[start:token.start()]).split())
+        start, mark = token.end(), token.group()
+        outside = all(scope for scope in scopes) and scopes[:1] == ["orv"]
+        if mark == "{":
+            space, kind = SCOPE.match(before), TYPE.search(before)
+            if kind and outside:
+                names.append(kind[1])
+            scopes.append(space[1] if space else None)
+        elif mark == "}" and scopes:
+            scopes.pop()
+        elif mark == ";" and outside and ALIAS.match(before):
+            names.append(ALIAS.match(before)[1])
+        before = before if mark[0] not in "{};" else ""
+    return names
+
+
+def type_faults(root):
+    """Two types of one name are undefined behaviour, and no tool at hand reports them reliably."""
+    homes = {}
+    for file in sorted(p for folder in ("src", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")):
+        for name in types_of(file.read_text(encoding="utf-8")):
+            homes.setdefault(name, []).append(str(file.relative_to(root)))
+    return [f"two types named orv::{name}: {', '.join(files)}" for name, files in homes.items() if len(files) > 1]
+
+
 def circle_from(start, graph, done):
     """A round of includes that is met from `start`, or None."""
     path, stack = [], [(start, iter(graph.get(start, ())))]
@@ -88,6 +126,7 @@ def main():
             if "catch (" in file.read_text(encoding="utf-8") and name != "logging/trap.cpp":
                 faults.append(f"{name}: catches; that is the work of logging/trap.cpp")
     faults += [f"two files of one stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
+    faults += type_faults(ROOT)
     done = set()
     for name in graph:
         circle = circle_from(name, graph, done) if name not in done else None

@@ -65,7 +65,7 @@ public:
                          {"locks", nlohmann::ordered_json::array()}};
     }
 
-    Report run() {
+    StoreReport run() {
         asked("damage", [&] {
             for (const std::string& damage : store_.damages()) {
                 found("damage", damage);
@@ -137,11 +137,11 @@ private:
     }
 
     StoreConnection& store_;
-    Report report_;
+    StoreReport report_;
 };
 
 }  // namespace
 
-Report checkStore(const Options& options) { return Check(*openStore(options.store)).run(); }
+StoreReport checkStore(const Options& options) { return Check(*openStore(options.store)).run(); }
 
 }  // namespace orv

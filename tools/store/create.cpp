@@ -14,7 +14,7 @@ void createOnServer(const std::string& path) {
 
 }  // namespace
 
-Report createStore(const Options& options) {
+StoreReport createStore(const Options& options) {
     const bool onServer = stands(options.store) && !isEmbedded(options.store);
     if (onServer) {
         createOnServer(options.store);
@@ -23,7 +23,7 @@ Report createStore(const Options& options) {
             makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
         });
     }
-    Report report;
+    StoreReport report;
     report.facts = {{"created", options.store}, {"kind", onServer ? "server" : "file"}};
     report.say(options.store + ": made, without a company");
     return report;

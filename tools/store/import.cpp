@@ -18,7 +18,7 @@ void requireAtRest(const std::string& path) {
     }
 }
 
-std::vector<Table> tablesIn(const Options& options, Report& report) {
+std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
     if (!isJetFile(options.store)) {
         throw KeeperFailure(options.store + ": is no Jet file");
     }
@@ -28,7 +28,7 @@ std::vector<Table> tablesIn(const Options& options, Report& report) {
     return officeTablesOf(file, options, report);
 }
 
-void fillNewFile(const std::vector<Table>& tables, const Options& options, Report& report) {
+void fillNewFile(const std::vector<WholeTable>& tables, const Options& options, StoreReport& report) {
     makeWhole(options.other, [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
         writeTables(tables, *openStore(beside), telling(options, report));
@@ -37,8 +37,8 @@ void fillNewFile(const std::vector<Table>& tables, const Options& options, Repor
 
 }  // namespace
 
-Report importJet(const Options& options) {
-    Report report;
+StoreReport importJet(const Options& options) {
+    StoreReport report;
     report.facts = {{"source", options.store},
                     {"found", nlohmann::ordered_json::array()},
                     {"findings", nlohmann::ordered_json::array()}};
@@ -46,7 +46,7 @@ Report importJet(const Options& options) {
     if (fillsStore) {
         requireMayFill(options.other, options);
     }
-    const std::vector<Table> tables = tablesIn(options, report);
+    const std::vector<WholeTable> tables = tablesIn(options, report);
     if (options.other.empty()) {
         return report;
     }

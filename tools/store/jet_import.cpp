@@ -22,7 +22,7 @@ constexpr int kCodeLength = 4;
 class TableImport {
 public:
     TableImport(const char* name, std::vector<OfficeColumn> wanted, const JetFile& file, const Options& options,
-                Report& report)
+                StoreReport& report)
         : name_(name),
           wanted_(std::move(wanted)),
           values_(file.version, codePage_),
@@ -34,7 +34,7 @@ public:
     }
 
     /// Nothing where the file has no such table, or not with the columns that its rows need.
-    std::vector<Table> run() {
+    std::vector<WholeTable> run() {
         if (source_ == nullptr) {
             tell("", "no such table; what the store has stays");
             return {};
@@ -43,7 +43,7 @@ public:
         if (!matchColumns()) {
             return {};
         }
-        Table table{name_, {}, {}};
+        WholeTable table{name_, {}, {}};
         for (const Match& match : matches_) {
             table.columns.push_back(match.column.name);
         }
@@ -183,18 +183,18 @@ private:
     const Cp932 codePage_;
     JetValues values_;
     const Options& options_;
-    Report& report_;
+    StoreReport& report_;
     std::vector<Match> matches_;
     std::set<std::string> keys_;
 };
 
 }  // namespace
 
-std::vector<Table> officeTablesOf(const JetFile& file, const Options& options, Report& report) {
-    std::vector<Table> tables;
+std::vector<WholeTable> officeTablesOf(const JetFile& file, const Options& options, StoreReport& report) {
+    std::vector<WholeTable> tables;
     const std::vector<std::vector<OfficeColumn>> columns = officeColumns();
     for (std::size_t i = 0; i < kOfficeTables.size(); ++i) {
-        std::vector<Table> found = TableImport(kOfficeTables[i], columns[i], file, options, report).run();
+        std::vector<WholeTable> found = TableImport(kOfficeTables[i], columns[i], file, options, report).run();
         if (found.empty() && i < kCompanyTables) {
             throw KeeperFailure(std::string(kOfficeTables[i]) + ": not in the file, or without USER_ID");
         }

@@ -31,7 +31,7 @@ struct Options {
 };
 
 /// What a command has found and done: for programs, and line by line for a person.
-struct Report {
+struct StoreReport {
     nlohmann::ordered_json facts = nlohmann::ordered_json::object();
     std::string lines;
     Ending ending = Ending::Done;
@@ -39,13 +39,13 @@ struct Report {
     void say(const std::string& line) { lines += line + "\n"; }
 };
 
-Report createStore(const Options& options);
-Report checkStore(const Options& options);
-Report unlockStore(const Options& options);
-Report backUpStore(const Options& options);
-Report restoreStore(const Options& options);
-Report copyStore(const Options& options);
-Report importJet(const Options& options);
+StoreReport createStore(const Options& options);
+StoreReport checkStore(const Options& options);
+StoreReport unlockStore(const Options& options);
+StoreReport backUpStore(const Options& options);
+StoreReport restoreStore(const Options& options);
+StoreReport copyStore(const Options& options);
+StoreReport importJet(const Options& options);
 
 /// Opens the store of either kind.
 std::unique_ptr<StoreConnection> openStore(const std::string& path);

@@ -18,7 +18,7 @@ struct Command {
     const char* text;
     const char* other;  // the name of the second argument; nullptr: none
     const char* otherText;
-    Report (*run)(const Options& options);
+    StoreReport (*run)(const Options& options);
     bool asks;
     bool replaces;
     bool isImport = false;  // begins with another program's file, and need not go on to a store
@@ -60,7 +60,7 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
     sub->callback([&chosen, &command] { chosen = &command; });
 }
 
-int print(const Report& report, const Options& options) {
+int print(const StoreReport& report, const Options& options) {
     // A name that a file's library has cut off in the middle of a character must not undo what is done.
     const auto asJson = [&] { return report.facts.dump(2, ' ', false, nlohmann::json::error_handler_t::replace); };
     std::cout << (options.json ? asJson() + "\n" : report.lines) << std::flush;
@@ -68,7 +68,7 @@ int print(const Report& report, const Options& options) {
 }
 
 int failed(const Options& options, const std::string& text, const std::string& code) {
-    Report report;
+    StoreReport report;
     report.ending = Ending::Failed;
     report.facts = {{"failure", {{"text", text}, {"code", code}}}};
     std::cerr << "orv_store: " << text << (code.empty() ? "" : " [" + code + "]") << std::endl;

@@ -15,11 +15,11 @@ void requireSound(const std::string& path) {
     }
 }
 
-void copyInto(StoreConnection& from, StoreConnection& to, const Options& options, Report& report) {
+void copyInto(StoreConnection& from, StoreConnection& to, const Options& options, StoreReport& report) {
     copyTables(from, to, telling(options, report));
 }
 
-void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, Report& report) {
+void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, StoreReport& report) {
     makeWhole(file, [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql));
         copyInto(*openStore(from), *openStore(beside), options, report);
@@ -36,8 +36,8 @@ void copyWholeFile(const std::string& from, const std::string& file) {
 
 }  // namespace
 
-Report backUpStore(const Options& options) {
-    Report report;
+StoreReport backUpStore(const Options& options) {
+    StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}};
     if (isEmbedded(options.store)) {
         copyWholeFile(options.store, options.other);
@@ -48,12 +48,12 @@ Report backUpStore(const Options& options) {
     return report;
 }
 
-Report restoreStore(const Options& options) {
+StoreReport restoreStore(const Options& options) {
     if (!isEmbedded(options.other)) {
         throw KeeperFailure(options.other + ": is no backup");
     }
     requireSound(options.other);
-    Report report;
+    StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
     if (!stands(options.store)) {
         copyWholeFile(options.other, options.store);
@@ -71,8 +71,8 @@ Report restoreStore(const Options& options) {
     return report;
 }
 
-Report copyStore(const Options& options) {
-    Report report;
+StoreReport copyStore(const Options& options) {
+    StoreReport report;
     report.facts = {{"source", options.store}, {"target", options.other}};
     const auto source = openStore(options.store);
     if (!stands(options.other)) {

@@ -77,8 +77,8 @@ std::vector<std::string> sharedColumns(StoreConnection& from, StoreConnection& t
 }
 
 /// Everything at one moment, before anything is written: the source is not kept waiting by a slow target.
-std::vector<Table> readAll(StoreConnection& from, StoreConnection& to) {
-    std::vector<Table> tables;
+std::vector<WholeTable> readAll(StoreConnection& from, StoreConnection& to) {
+    std::vector<WholeTable> tables;
     from.beginSnapshot();
     for (const char* name : kOfficeTables) {
         std::vector<std::string> columns = sharedColumns(from, to, name);
@@ -89,7 +89,7 @@ std::vector<Table> readAll(StoreConnection& from, StoreConnection& to) {
     return tables;
 }
 
-CopiedTable write(const Table& table, StoreConnection& to) {
+CopiedTable write(const WholeTable& table, StoreConnection& to) {
     std::string places;
     for (std::size_t place = 1; place <= table.columns.size(); ++place) {
         places += (place == 1 ? "$" : ", $") + std::to_string(place);
@@ -108,7 +108,7 @@ CopiedTable write(const Table& table, StoreConnection& to) {
 
 }  // namespace
 
-std::function<void(const CopiedTable&)> telling(const Options& options, Report& report) {
+std::function<void(const CopiedTable&)> telling(const Options& options, StoreReport& report) {
     return [&options, &report](const CopiedTable& table) {
         progress(options, table.name + ": " + std::to_string(table.rows) + " rows");
         report.facts["tables"].push_back({{"name", table.name}, {"rows", table.rows}, {"checksum", table.checksum}});
@@ -120,10 +120,10 @@ void copyTables(StoreConnection& from, StoreConnection& to, const std::function<
     writeTables(readAll(from, to), to, onCopied);
 }
 
-void writeTables(const std::vector<Table>& tables, StoreConnection& to,
+void writeTables(const std::vector<WholeTable>& tables, StoreConnection& to,
                  const std::function<void(const CopiedTable&)>& onCopied) {
     to.begin();
-    for (const Table& table : tables) {
+    for (const WholeTable& table : tables) {
         onCopied(write(table, to));
     }
     to.commit();

@@ -17,7 +17,7 @@ inline constexpr auto kOfficeTables =
                                 "MST_PROPERTY_TYPE", "MST_TIKU", "MST_CORP"});
 
 /// A table as it is to stand in a store: the columns that its rows fill, in their order.
-struct Table {
+struct WholeTable {
     std::string name;
     std::vector<std::string> columns;
     std::vector<Values> rows;
@@ -30,14 +30,14 @@ struct CopiedTable {
 };
 
 /// What tells of each table as it comes and puts it into the report.
-std::function<void(const CopiedTable&)> telling(const Options& options, Report& report);
+std::function<void(const CopiedTable&)> telling(const Options& options, StoreReport& report);
 
 /// Puts the office's tables of `from`, as they are at one moment, in the place of those of `to`, in one transaction,
 /// and reads them back before it ends: what has not arrived as it left is a failure, and nothing is changed.
 void copyTables(StoreConnection& from, StoreConnection& to, const std::function<void(const CopiedTable&)>& onCopied);
 
 /// The writing half of it.
-void writeTables(const std::vector<Table>& tables, StoreConnection& to,
+void writeTables(const std::vector<WholeTable>& tables, StoreConnection& to,
                  const std::function<void(const CopiedTable&)>& onCopied);
 
 }  // namespace orv

@@ -2,11 +2,11 @@
 
 namespace orv {
 
-Report unlockStore(const Options& options) {
+StoreReport unlockStore(const Options& options) {
     const auto store = openStore(options.store);
     const RecordsetPtr held = store->select(
         "SELECT USER_ID, INSERT_DATE FROM TBL_LOCK WHERE LOCAL_INFO = $1 ORDER BY USER_ID", {options.other});
-    Report report;
+    StoreReport report;
     report.facts = {{"computer", options.other}, {"freed", 0}};
     if (held->RecordCount() == 0) {
         report.say(options.other + " holds no company");

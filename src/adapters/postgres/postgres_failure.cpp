@@ -60,7 +60,7 @@ constexpr auto kStates = std::to_array<ServerState>({
     {"", Failure::InvalidCall, Detail::Shown, "データベースへの命令を実行できません。"},
 });
 
-constexpr Refusal kNoServer{"DBCONN02", Failure::ConnectionFailed, "データベースのサーバーに接続できません。"};
+constexpr StoreRefusal kNoServer{"DBCONN02", Failure::ConnectionFailed, "データベースのサーバーに接続できません。"};
 constexpr std::size_t kStateLength = 5;
 
 bool isState(std::string_view text) {

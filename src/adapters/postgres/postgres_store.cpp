@@ -15,9 +15,9 @@
 namespace orv {
 namespace {
 
-constexpr Refusal kCommitUnknown{"DBCONN08", Failure::ConnectionFailed,
-                                 "データベースのサーバーとの接続が書き込みの完了前に切れました。"
-                                 "保存されたかどうかわからないため、会社を開き直して内容を確認してください。"};
+constexpr StoreRefusal kCommitUnknown{"DBCONN08", Failure::ConnectionFailed,
+                                      "データベースのサーバーとの接続が書き込みの完了前に切れました。"
+                                      "保存されたかどうかわからないため、会社を開き直して内容を確認してください。"};
 
 constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr auto kReadingWords = std::to_array<std::string_view>({"select", "with", "values"});
@@ -53,7 +53,7 @@ std::string_view withoutLast(std::string_view text, std::string_view unwanted) {
 }
 
 /// The server takes one statement a message with parameters and refuses more; it overlooks empty ones behind it.
-void requireStatement(std::string_view sql, std::span<const std::string_view> words, const Refusal& otherwise) {
+void requireStatement(std::string_view sql, std::span<const std::string_view> words, const StoreRefusal& otherwise) {
     if (sql.find('\0') != std::string_view::npos) {
         refuse(kBadCharacter);
     }
@@ -202,7 +202,7 @@ private:
     void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }
 
     /// Throws what kept a message from ending as it should.
-    void require(const ServerResult& result, int wanted, const Refusal& otherwise) const {
+    void require(const ServerResult& result, int wanted, const StoreRefusal& otherwise) const {
         if (result == nullptr) {
             refuse(link_.whyCut());
         }

@@ -10,12 +10,12 @@
 namespace orv {
 namespace {
 
-constexpr Refusal kEncoding{"DBCONN05", Failure::InvalidCall,
-                            "サーバーのデータベースの文字コードがUTF8ではありません。"};
-constexpr Refusal kCut{"DBCONN06", Failure::ConnectionFailed,
-                       "データベースのサーバーとの接続が切れました。書き込み中の内容は取り消されます。"};
-constexpr Refusal kSilent{"DBCONN07", Failure::TimedOut,
-                          "データベースのサーバーから応答がありません。書き込み中の内容は取り消されます。"};
+constexpr StoreRefusal kEncoding{"DBCONN05", Failure::InvalidCall,
+                                 "サーバーのデータベースの文字コードがUTF8ではありません。"};
+constexpr StoreRefusal kCut{"DBCONN06", Failure::ConnectionFailed,
+                            "データベースのサーバーとの接続が切れました。書き込み中の内容は取り消されます。"};
+constexpr StoreRefusal kSilent{"DBCONN07", Failure::TimedOut,
+                               "データベースのサーバーから応答がありません。書き込み中の内容は取り消されます。"};
 
 struct TextOf {
     std::optional<std::string> operator()(Null) const { return std::nullopt; }
@@ -118,7 +118,7 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     return ServerResult(connection_ == nullptr ? nullptr : PQgetResult(connection_.get()));
 }
 
-void ServerLink::cut(const Refusal& why) {
+void ServerLink::cut(const StoreRefusal& why) {
     if (connection_ != nullptr) {
         whyCut_ = &why;
     }

@@ -37,7 +37,7 @@ public:
     ServerResult ask(const std::string& sql, const Values& parameters);
     ServerResult askAll(const std::string& sql);
 
-    const Refusal& whyCut() const noexcept { return *whyCut_; }
+    const StoreRefusal& whyCut() const noexcept { return *whyCut_; }
     /// A transaction is open on the server; false on a cut wire.
     bool inTransaction() const;
 
@@ -47,11 +47,11 @@ private:
     ServerResult answer(bool sent);
     bool flushed(Clock::time_point deadline);
     ServerResult nextResult(Clock::time_point deadline);
-    void cut(const Refusal& why);
+    void cut(const StoreRefusal& why);
 
     ServerConnection connection_;
     ServerPatience patience_;
-    const Refusal* whyCut_;
+    const StoreRefusal* whyCut_;
 };
 
 }  // namespace orv

@@ -22,10 +22,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr Refusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
-constexpr Refusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
-                                 "データベースのサーバーがパスワードを求めています。"
-                                 "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
+constexpr StoreRefusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
+constexpr StoreRefusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
+                                      "データベースのサーバーがパスワードを求めています。"
+                                      "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
 
 // With these a list of hosts goes on to the next one; what a server has decided stands for all of them.
 constexpr auto kTryNext = std::to_array<std::string_view>({"DBCONN02", "DB57P03"});
@@ -88,7 +88,7 @@ bool letIn(PGconn* connection, Clock::time_point deadline) {
     return true;
 }
 
-StoreFailure failureOf(const Refusal& refusal) {
+StoreFailure failureOf(const StoreRefusal& refusal) {
     return {refusal.number, std::string(refusal.code), std::string(refusal.text)};
 }
 

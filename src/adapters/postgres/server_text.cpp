@@ -11,11 +11,11 @@
 namespace orv {
 namespace {
 
-constexpr Refusal kFaulty{"DBFILE08", Failure::InvalidCall,
-                          "データベースのサーバーを示すファイルの書き方が正しくありません。"};
-constexpr Refusal kPassword{"DBFILE09", Failure::InvalidCall,
-                            "データベースのサーバーを示すファイルにパスワードは書けません。"
-                            "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
+constexpr StoreRefusal kFaulty{"DBFILE08", Failure::InvalidCall,
+                               "データベースのサーバーを示すファイルの書き方が正しくありません。"};
+constexpr StoreRefusal kPassword{"DBFILE09", Failure::InvalidCall,
+                                 "データベースのサーバーを示すファイルにパスワードは書けません。"
+                                 "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
 constexpr std::size_t kLongest = 4096;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 

@@ -17,7 +17,7 @@ std::string withDetail(std::string_view text, std::string_view detail) {
     return whole;
 }
 
-void refuse(const Refusal& refusal, std::string_view detail) {
+void refuse(const StoreRefusal& refusal, std::string_view detail) {
     throw StoreFailure(refusal.number, std::string(refusal.code), withDetail(refusal.text, detail));
 }
 

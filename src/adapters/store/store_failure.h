@@ -21,29 +21,30 @@ private:
 };
 
 /// What an adapter itself refuses.
-struct Refusal {
+struct StoreRefusal {
     std::string_view code;
     Failure number;
     std::string_view text;
 };
 
 /// Throws the StoreFailure of `refusal`; `detail`, where there is any, is added in brackets.
-[[noreturn]] void refuse(const Refusal& refusal, std::string_view detail = {});
+[[noreturn]] void refuse(const StoreRefusal& refusal, std::string_view detail = {});
 
 /// `text` and, where there is any, `detail` in brackets, on one line.
 std::string withDetail(std::string_view text, std::string_view detail);
 
 // The refusals that no engine differs in.
-inline constexpr Refusal kNotOpen{"DBCONN01", Failure::ObjectNotSet, "データベースが開かれていません。"};
-inline constexpr Refusal kBadCharacter{"DBSQL01", Failure::InvalidCall,
-                                       "データベースへの命令に使えない文字があります。"};
-inline constexpr Refusal kNoStatement{"DBSQL02", Failure::InvalidCall, "データベースへの命令が空です。"};
-inline constexpr Refusal kManyStatements{"DBSQL03", Failure::InvalidCall,
-                                         "データベースへの命令は一度に一つだけ実行できます。"};
-inline constexpr Refusal kNoSelect{"DBSQL04", Failure::InvalidCall, "読み出しの命令ではありません。"};
-inline constexpr Refusal kNoChange{"DBSQL05", Failure::InvalidCall, "更新の命令ではありません。"};
-inline constexpr Refusal kTransactionOpen{"DBTRAN01", Failure::InvalidCall, "トランザクションがすでに始まっています。"};
-inline constexpr Refusal kNoTransaction{"DBTRAN02", Failure::InvalidCall,
-                                        "トランザクションが始まっていないか、エラーのため取り消されています。"};
+inline constexpr StoreRefusal kNotOpen{"DBCONN01", Failure::ObjectNotSet, "データベースが開かれていません。"};
+inline constexpr StoreRefusal kBadCharacter{"DBSQL01", Failure::InvalidCall,
+                                            "データベースへの命令に使えない文字があります。"};
+inline constexpr StoreRefusal kNoStatement{"DBSQL02", Failure::InvalidCall, "データベースへの命令が空です。"};
+inline constexpr StoreRefusal kManyStatements{"DBSQL03", Failure::InvalidCall,
+                                              "データベースへの命令は一度に一つだけ実行できます。"};
+inline constexpr StoreRefusal kNoSelect{"DBSQL04", Failure::InvalidCall, "読み出しの命令ではありません。"};
+inline constexpr StoreRefusal kNoChange{"DBSQL05", Failure::InvalidCall, "更新の命令ではありません。"};
+inline constexpr StoreRefusal kTransactionOpen{"DBTRAN01", Failure::InvalidCall,
+                                               "トランザクションがすでに始まっています。"};
+inline constexpr StoreRefusal kNoTransaction{"DBTRAN02", Failure::InvalidCall,
+                                             "トランザクションが始まっていないか、エラーのため取り消されています。"};
 
 }  // namespace orv

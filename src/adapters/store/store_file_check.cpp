@@ -13,18 +13,20 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr Refusal kMissing{"DBFILE01", Failure::FileNotFound, "データベースのファイルが見つかりません。"};
-constexpr Refusal kFolder{"DBFILE02", Failure::PathFileAccess,
-                          "データベースのファイルがあるはずの場所に、フォルダーがあります。"};
-constexpr Refusal kNoFile{"DBFILE03", Failure::PathFileAccess,
-                          "データベースの場所にあるものは、普通のファイルではありません。"};
-constexpr Refusal kUnreadable{"DBFILE04", Failure::PermissionDenied, "データベースのファイルを読む権限がありません。"};
-constexpr Refusal kEmpty{"DBFILE05", Failure::DeviceIo,
-                         "データベースのファイルが空です。バックアップから戻してください。"};
-constexpr Refusal kJet{"DBFILE06", Failure::DeviceIo,
-                       "データベースのファイルが以前の形式（Jet）です。新しい形式へ移したファイルを置いてください。"};
-constexpr Refusal kOtherKind{"DBFILE07", Failure::DeviceIo,
-                             "データベースの場所にあるファイルは、データベースではありません。"};
+constexpr StoreRefusal kMissing{"DBFILE01", Failure::FileNotFound, "データベースのファイルが見つかりません。"};
+constexpr StoreRefusal kFolder{"DBFILE02", Failure::PathFileAccess,
+                               "データベースのファイルがあるはずの場所に、フォルダーがあります。"};
+constexpr StoreRefusal kNoFile{"DBFILE03", Failure::PathFileAccess,
+                               "データベースの場所にあるものは、普通のファイルではありません。"};
+constexpr StoreRefusal kUnreadable{"DBFILE04", Failure::PermissionDenied,
+                                   "データベースのファイルを読む権限がありません。"};
+constexpr StoreRefusal kEmpty{"DBFILE05", Failure::DeviceIo,
+                              "データベースのファイルが空です。バックアップから戻してください。"};
+constexpr StoreRefusal kJet{
+    "DBFILE06", Failure::DeviceIo,
+    "データベースのファイルが以前の形式（Jet）です。新しい形式へ移したファイルを置いてください。"};
+constexpr StoreRefusal kOtherKind{"DBFILE07", Failure::DeviceIo,
+                                  "データベースの場所にあるファイルは、データベースではありません。"};
 
 constexpr std::string_view kSqliteSign{"SQLite format 3\0", 16};
 constexpr std::size_t kLookedAt = 4096;
