@@ -39,7 +39,7 @@ std::string withDecimals(double number) {
 
 }  // namespace
 
-std::string PF_GetFileSizeString(double size) {
+std::string bas_Image::PF_GetFileSizeString(double size) {
     return trappedOr<std::string>("[ PF_GetFileSizeString ] ", "-1", [size] {
         if (size < kUnit) {
             return std::to_string(rounded(size)) + "B";

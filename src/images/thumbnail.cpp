@@ -50,7 +50,7 @@ void takeProportions(ImageControl& image) {
 
 }  // namespace
 
-bool PF_Thumbnail(ImageControl& image, const std::string& file) {
+bool bas_Image::PF_Thumbnail(ImageControl& image, const std::string& file) {
     return trapped("[ PF_Thumbnail ] ", [&] {
         if (trimmed(file).empty() || !services().fileSystem->exists(file)) {
             image.setAutoRepaint(true);

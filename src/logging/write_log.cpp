@@ -108,7 +108,7 @@ private:
 
 }  // namespace
 
-bool PF_WriteLog(const std::string& kind, const Values& args) {
+bool bas_WriteLog::PF_WriteLog(const std::string& kind, const Values& args) {
     if (Writing::up()) {
         return false;
     }

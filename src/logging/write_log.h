@@ -6,10 +6,14 @@
 
 namespace orv {
 
+inline namespace bas_WriteLog {
+
 /// Appends one record to the log of its kind: "ERR", "RAS", "SND", "RCV" or "DWL". `args`: three values for "ERR",
 /// "RAS" and "DWL"; one list for "SND"; six lists of one length for "RCV". False: nothing was written, and the pair
 /// tells why. A call within a call ends at once.
 bool PF_WriteLog(const std::string& kind, const Values& args);
+
+}  // namespace bas_WriteLog
 
 /// The record that everybody writes: the present time, a code, a text.
 void logError(const Value& code, const Value& text);

@@ -84,8 +84,8 @@ std::string insertLock(const std::string& userId, const std::string& typeCode, c
 
 }  // namespace
 
-std::int16_t PF_DataLockCheck(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
-                              std::string& holder) {
+std::int16_t bas_DataLock::PF_DataLockCheck(const std::string& userId, const std::string& typeCode,
+                                            const std::string& propertyNo, std::string& holder) {
     holder.clear();
     std::int16_t state = kLockFailed;
     const bool told = withLocalName("[ PF_DataLockCheck ] ", [&](const std::string& localName) {
@@ -107,13 +107,14 @@ std::int16_t PF_DataLockCheck(const std::string& userId, const std::string& type
     return told ? state : kLockFailed;
 }
 
-bool PF_DataUnlock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
+bool bas_DataLock::PF_DataUnlock(const std::string& userId, const std::string& typeCode,
+                                 const std::string& propertyNo) {
     return withLocalName("[ PF_DataUnlock ] ", [&](const std::string& localName) {
         return changeOnce(deleteLock(userId, typeCode, propertyNo, localName));
     });
 }
 
-bool PF_DataLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
+bool bas_DataLock::PF_DataLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
     if (!PF_DataUnlock(userId, typeCode, propertyNo)) {
         return false;
     }

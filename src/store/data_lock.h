@@ -5,6 +5,8 @@
 
 namespace orv {
 
+inline namespace bas_DataLock {
+
 /// What this program locks of a company in the table that serves the whole suite.
 inline constexpr const char* kLockType = "COS";
 inline constexpr const char* kLockNumber = "99999999";
@@ -24,5 +26,7 @@ inline constexpr std::int16_t kLockedHere = 2;
 
 /// Removes this computer's lock; true also when there was none. False: the pair tells why.
 [[nodiscard]] bool PF_DataUnlock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo);
+
+}  // namespace bas_DataLock
 
 }  // namespace orv

@@ -84,35 +84,35 @@ std::string updateAdd(const std::string& newUserId) {
 
 }  // namespace
 
-bool P_MakeInsertSQL_Info(std::string& sql) {
+bool bas_Main_Companydata::P_MakeInsertSQL_Info(std::string& sql) {
     return made("[ P_MakeInsertSQL_Info ] ", sql, [] { return insertInto("TBL_CUSTOMER_INFO", kInfoColumns); });
 }
 
-bool P_MakeInsertSQL_Add(std::string& sql) {
+bool bas_Main_Companydata::P_MakeInsertSQL_Add(std::string& sql) {
     return made("[ P_MakeInsertSQL_Add ] ", sql, [] { return insertInto("TBL_CUSTOMER_ADD", kAddColumns); });
 }
 
-bool P_MakeInsertSQL_Date(std::string& sql) {
+bool bas_Main_Companydata::P_MakeInsertSQL_Date(std::string& sql) {
     return made("[ P_MakeInsertSQL_Date ] ", sql,
                 [] { return insertInto("TBL_CUSTOMER_DATE", std::span(kInfoColumns).first(1)); });
 }
 
-bool P_MakeUpdateSQL_Date(std::string& sql, const std::string& newUserId) {
+bool bas_Main_Companydata::P_MakeUpdateSQL_Date(std::string& sql, const std::string& newUserId) {
     return made("[ P_MakeUpdateSQL_Date ] ", sql, [&] {
         return "UPDATE TBL_CUSTOMER_DATE        SET " + assignKey(newUserId) +
                "     WHERE  USER_ID = " + quoted(tCustomerInfo.USER_ID);
     });
 }
 
-bool P_MakeUpdateSQL_Info(std::string& sql, const std::string& newUserId) {
+bool bas_Main_Companydata::P_MakeUpdateSQL_Info(std::string& sql, const std::string& newUserId) {
     return made("[ P_MakeUpdateSQL_Info ] ", sql, [&] { return updateInfo(newUserId); });
 }
 
-bool P_MakeUpdateSQL_Add(std::string& sql, const std::string& newUserId) {
+bool bas_Main_Companydata::P_MakeUpdateSQL_Add(std::string& sql, const std::string& newUserId) {
     return made("[ P_MakeUpdateSQL_Add ] ", sql, [&] { return updateAdd(newUserId); });
 }
 
-std::string PF_RepeatZero(std::int16_t count) {
+std::string bas_Main_Companydata::PF_RepeatZero(std::int16_t count) {
     return std::string(static_cast<std::size_t>(std::max<std::int16_t>(count, 0)), '0');
 }
 

@@ -5,6 +5,8 @@
 
 namespace orv {
 
+inline namespace bas_Main_Companydata {
+
 // The statements that save a company: text only, no database work. Values stand as they are in the record; what keeps
 // an apostrophe out of them is the cleaning on the way from the page. The blanks are part of the text, since the log
 // writes a failed statement out. False only by a run-time failure, which the pair tells.
@@ -19,6 +21,8 @@ namespace orv {
 
 /// `count` times "0".
 std::string PF_RepeatZero(std::int16_t count);
+
+}  // namespace bas_Main_Companydata
 
 /// The one read of a company, with its row of `TBL_CUSTOMER_ADD` where it has one.
 std::string companyJoin(const std::string& userId);

@@ -141,7 +141,7 @@ bool fillRecord(const std::string& userId) {
 
 }  // namespace
 
-bool PF_GetCompanyData(const std::string& userId) {
+bool bas_Main_Companydata::PF_GetCompanyData(const std::string& userId) {
     StoreSession session;
     return trapped("[ PF_GetCompanyData ] ", [&] {
         if (!PF_SetCompanyDataStructureInis() || !session.open() || !lockCompany(userId)) {
@@ -155,7 +155,7 @@ bool PF_GetCompanyData(const std::string& userId) {
     });
 }
 
-bool PF_SetCompanyDataStructureChng(const std::string& userId) {
+bool bas_Main_Companydata::PF_SetCompanyDataStructureChng(const std::string& userId) {
     return trapped("[ PF_SetCompanyDataStructureChng ] ", [&] {
         if (!withSettings([&] { return fillRecord(userId); })) {
             return false;

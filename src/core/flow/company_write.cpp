@@ -62,7 +62,7 @@ bool writeTables(Transaction& transaction, const std::string& targetId, std::str
 
 }  // namespace
 
-bool PF_SetCompanyDataSave(const std::string& targetId) {
+bool bas_Main_Companydata::PF_SetCompanyDataSave(const std::string& targetId) {
     Transaction transaction;
     std::string sql;
     if (trapped("[ PF_SetCompanyDataSave ] ", [&] { return writeTables(transaction, targetId, sql); })) {

@@ -122,6 +122,8 @@ void probeEnvironment() {
     }
 }
 
-std::string PF_GetWindowsPath() { return P_AddBackslash(services().facts->GetWindowsDirectory()); }
+std::string bas_Main_Companydata::PF_GetWindowsPath() {
+    return P_AddBackslash(services().facts->GetWindowsDirectory());
+}
 
 }  // namespace orv

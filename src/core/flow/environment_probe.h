@@ -8,7 +8,11 @@ namespace orv {
 /// does not stop the others.
 void probeEnvironment();
 
+inline namespace bas_Main_Companydata {
+
 /// The Windows folder with a separator at its end, or blank.
 std::string PF_GetWindowsPath();
+
+}  // namespace bas_Main_Companydata
 
 }  // namespace orv

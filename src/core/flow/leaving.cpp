@@ -29,7 +29,7 @@ void startCaller() {
     services().programs->start(command.empty() ? com().BinMenuExe() + " COS" : command);
 }
 
-bool PF_Form_Clean() {
+bool bas_Main_Companydata::PF_Form_Clean() {
     const std::vector<Form*> loaded = services().forms->forms();
     for (Form* form : loaded) {
         services().forms->unload(*form, UnloadMode::Code);

@@ -11,7 +11,11 @@ namespace orv {
 /// Runs the command line of the settings, or else the menu program.
 void startCaller();
 
+inline namespace bas_Main_Companydata {
+
 /// Unloads every form that is still loaded.
 bool PF_Form_Clean();
+
+}  // namespace bas_Main_Companydata
 
 }  // namespace orv

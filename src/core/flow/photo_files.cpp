@@ -127,7 +127,7 @@ void pathsAgainWhateverHappens() {
     }
 }
 
-bool PF_SaveCompanyDataOther() {
+bool bas_Main_Companydata::PF_SaveCompanyDataOther() {
     return trapped("[ PF_SaveCompanyDataOther ] ", [] {
         for (const PhotoSlot& slot : kPhotoSlots) {
             if (!place(slot)) {

@@ -32,8 +32,12 @@ void workingCopiesAgain();
 /// by the path of its stored file, which the next save keeps. A bare name would be taken for a file that has gone.
 void pathsAgainWhateverHappens();
 
+inline namespace bas_Main_Companydata {
+
 /// Brings the chosen photos to their stored place and gives the fields the form of the column. False: the pair tells
 /// why; a slot that was not yet placed keeps its path.
 [[nodiscard]] bool PF_SaveCompanyDataOther();
+
+}  // namespace bas_Main_Companydata
 
 }  // namespace orv

@@ -178,7 +178,7 @@ private:
 
 }  // namespace
 
-bool PF_SndCos(PageForm& form, std::string& userId) {
+bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     if (gLoadFailure) {
         return failFrom(*gLoadFailure);
     }

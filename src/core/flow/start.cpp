@@ -64,7 +64,7 @@ void backToCaller() {
 
 }  // namespace
 
-void Main() {
+void bas_Main_Companydata::Main() {
     const std::string& tail = services().commandTail;
     if (trimmed(tail).empty()) {
         static_cast<void>(fail("会社情報起動引数が取得できませんでした。", "EUSR7897"));

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-bool PF_SetCompanyDataStructureInis() {
+bool bas_Main_Companydata::PF_SetCompanyDataStructureInis() {
     for (const FieldInfo& field : kFields) {
         if (field.table != Table::None && field.text != nullptr) {
             tCustomerInfo.*field.text = field.cleared;

@@ -46,7 +46,11 @@ inline constexpr auto kFields = std::to_array<FieldInfo>({
 /// The key of a company that the server has not numbered yet.
 inline constexpr std::string_view kNewCompany = "---------";
 
+inline namespace bas_Main_Companydata {
+
 /// Puts every field of the record back to its cleared value, but for `CSD_VER`, which the next probe overwrites.
 bool PF_SetCompanyDataStructureInis();
+
+}  // namespace bas_Main_Companydata
 
 }  // namespace orv

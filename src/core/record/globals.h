@@ -42,14 +42,14 @@ struct Context {
 
 inline Context theContext;
 
+inline namespace bas_Main_Companydata {
+
 /// The company that the program works on.
 inline constinit CompanyRecord& tCustomerInfo = theContext.tCustomerInfo;
 inline constinit TransmitInfo& tTransmitInfo = theContext.tTransmitInfo;
 /// The pair: text and code of the last failure, both empty when none is pending.
 inline constinit std::string& gErrMsg = theContext.gErrMsg;
 inline constinit std::string& gErrCode = theContext.gErrCode;
-/// Display names of the fields that refused a value while a page was filled.
-inline constinit std::string& gErrItems = theContext.gErrItems;
 /// The one connection and the one recordset; open only within one event.
 inline constinit ConnectionPtr& gConn = theContext.gConn;
 inline constinit RecordsetPtr& gRs = theContext.gRs;
@@ -68,6 +68,17 @@ inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFa
 /// it.
 inline constinit std::string& gGivenNumber = theContext.gGivenNumber;
 
+}  // namespace bas_Main_Companydata
+
+inline namespace bas_FromCommon {
+
+/// Display names of the fields that refused a value while a page was filled.
+inline constinit std::string& gErrItems = theContext.gErrItems;
+
+}  // namespace bas_FromCommon
+
+inline namespace bas_Image {
+
 /// The picture chosen, which is never written to, and the file that its fitting makes; the latter is empty after the
 /// operator's cancel.
 inline constinit std::string& gImgSrcFile = theContext.gImgSrcFile;
@@ -80,5 +91,7 @@ inline constinit std::string& gImgSrcWidthText = theContext.gImgSrcWidthText;
 inline constinit std::string& gImgQualityText = theContext.gImgQualityText;
 /// The confirmation dialog has got to the end of its load.
 inline constinit bool& gImgLoaded = theContext.gImgLoaded;
+
+}  // namespace bas_Image
 
 }  // namespace orv
