@@ -40,7 +40,6 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::PHOTO_FILE2, on<&P::txt_PhotoFilePath, 1>},
 });
 
-/// The picture of the company shown before is cleared first, so that no slot shows a photo that is not its own.
 bool showPhoto(std::size_t slot, const std::string& group, const std::string& file) {
     P& form = page<P>();
     if (group.empty()) {
@@ -49,7 +48,6 @@ bool showPhoto(std::size_t slot, const std::string& group, const std::string& fi
         PF_SetControlValue(form.cbo_pic_PhotoFile[slot], group);
     }
     PF_SetControlValue(form.txt_PhotoFilePath[slot], file);
-    form.pic_PhotoFile[slot].clear();
     if (file.empty() || !services().fileSystem->exists(file)) {
         return true;
     }

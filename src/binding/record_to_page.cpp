@@ -12,6 +12,45 @@
 namespace orv {
 namespace {
 
+/// Brings an input back to how the page was designed.
+void empty(Control& control) {
+    switch (control.kind()) {
+        case ControlKind::TextInput:
+            static_cast<TextInput&>(control).setText("");
+            break;
+        case ControlKind::NumberInput:
+            static_cast<NumberInput&>(control).setText("");
+            break;
+        case ControlKind::ComboBox:
+            static_cast<ComboBox&>(control).setEnabled(true);  // a closed list would open on its first row
+            static_cast<ComboBox&>(control).setListIndex(-1);
+            break;
+        case ControlKind::CheckBox:
+            static_cast<CheckBox&>(control).setValue(static_cast<CheckBox&>(control).checkDesign().value);
+            break;
+        case ControlKind::Image:
+            static_cast<ImageControl&>(control).clear();
+            break;
+        case ControlKind::Label:
+        case ControlKind::Button:
+            break;
+    }
+}
+
+/// What the new company does not fill must not show the company before it.
+void emptyPage(PageForm& form, const PageBinding& binding) {
+    for (Control* control : form.controls()) {
+        if (control != &form.cbo_User_Id) {
+            empty(*control);
+        }
+    }
+    for (const BindingRow& row : binding.rows) {
+        if (row.control().kind() == ControlKind::Label) {
+            static_cast<Label&>(row.control()).setCaption("");
+        }
+    }
+}
+
 void showCompany(PageForm& form) {
     form.cbo_User_Id.setVisible(gMultiCompany);
     form.lbl_UserId.setVisible(!gMultiCompany);
@@ -19,7 +58,9 @@ void showCompany(PageForm& form) {
     PF_SetControlValue(form.cbo_User_Id, tCustomerInfo.USER_ID);
 }
 
-bool fill(const PageBinding& binding) {
+bool fill(PageForm& form, const PageBinding& binding) {
+    emptyPage(form, binding);
+    showCompany(form);
     for (const Step& place : binding.toPage) {
         if (place.named != nullptr) {
             if (!place.named()) {
@@ -36,8 +77,8 @@ bool show(int pageNumber, const PageBinding& binding) {
     const std::string label = "[ PF_SetData_Frm_CompInp" + std::to_string(pageNumber) + " ] ";
     return trapped(label, [&] {
         gErrItems.clear();
-        showCompany(pageAt(pageNumber));
-        if (!withSettings([&] { return fill(binding); })) {
+        PageForm& form = pageAt(pageNumber);
+        if (!withFieldNames([&] { return withSettings([&] { return fill(form, binding); }); })) {
             return false;
         }
         if (!gErrItems.empty()) {

@@ -124,6 +124,30 @@ TEST_F(Binding, RefusedValuesAreToldTogetherAndTheRestIsFilled) {
     EXPECT_EQ(log(), "");
 }
 
+TEST_F(Binding, APageShowsAnotherCompanyAsIfOpenedAnew) {
+    sql("update TBL_CUSTOMER_INFO set LICENSE_NO = '他', GET_LICENSE_NENGOU = '他', VALID_LICENSE_DATE_MONTH = '13', "
+        "DANTAI_FLG = '1', DANTAI_NAME = '他', CAR_DISTANCE = 'x' where USER_ID = '000004602'");
+    for (int number = 0; number < kPageCount; ++number) {
+        startFull(number);
+        for (const char* company : {"000004602", kCompany, "000004603", kMarker, "000004602"}) {
+            choose(company);
+            const CompanyRecord loaded = tCustomerInfo;
+            const auto handedOver = [&] {
+                EXPECT_TRUE(PF_SetData_tCustomerInfo(screen().name()));
+                return std::exchange(tCustomerInfo, loaded);
+            };
+            const CompanyRecord switched = handedOver();
+            for (const int next : {number == 0 ? 1 : 0, number}) {
+                screen().ready = false;  // hands nothing over
+                turnTo(next);
+            }
+            EXPECT_EQ(differences(switched, handedOver()), (std::map<std::string, std::string>{})) << number << company;
+        }
+        endRun();
+        messages.shown.clear();
+    }
+}
+
 TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
     sql("update TBL_CUSTOMER_INFO set ADDRESS_CODE = '', SAME_CHECK = '0', PC_ADDRESS = 'x' where USER_ID = "
         "'000004601'");

@@ -9,12 +9,16 @@
 #include "platform/controls/check_box.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"
+#include "platform/run_time_error.h"
 #include "platform/services.h"
 #include "validation/text/blanks.h"
 
 namespace orv {
 inline namespace bas_FromCommon {
 namespace {
+
+/// How many values have not reached their control because the file of field names is missing.
+unsigned keptBack = 0;
 
 bool fieldNamesInPlace() {
     const std::string file = com().HlpFile();
@@ -91,6 +95,7 @@ void enableField(Field& input, bool enable, std::optional<Colour> colour) {
 
 bool PF_SetControlValue(Control& control, const std::string& value) {
     if (!fieldNamesInPlace()) {
+        ++keptBack;
         return true;
     }
     if (!takesValue(control.kind())) {
@@ -104,6 +109,19 @@ bool PF_SetControlValue(Control& control, const std::string& value) {
         return false;
     }
     swallow([&] { static_cast<ComboBox&>(control).setListIndex(-1); });
+    return true;
+}
+
+bool withFieldNames(const std::function<bool()>& body) {
+    const unsigned before = keptBack;
+    if (!body()) {
+        return false;
+    }
+    if (keptBack != before) {
+        throw RunTimeError(Failure::FileNotFound, "項目名ファイル「" + com().HlpFile() +
+                                                      "」が見つからないか読めないため、会社情報を表示できません。"
+                                                      "ファイルを元に戻してから、画面を開き直してください。");
+    }
     return true;
 }
 

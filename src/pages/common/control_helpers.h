@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -15,6 +16,10 @@ inline namespace bas_FromCommon {
 /// was designed. A refused value puts the field's display name into `gErrItems`. False: a control that takes no value,
 /// or one that refused and is not reset. Never raises.
 bool PF_SetControlValue(Control& control, const std::string& value);
+
+/// Runs `body`, which fills a page, and raises failure 53 if a control was left as it was because the file of field
+/// names is missing. A page that shows less than the record must not be taken for filled.
+bool withFieldNames(const std::function<bool()>& body);
 
 // The three below swallow their failures and tell nothing. Enabling without a colour leaves the colour; disabling greys
 // the control and wipes it.

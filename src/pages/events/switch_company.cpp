@@ -73,10 +73,8 @@ bool loadCompany(const std::string& label, const std::string& wish) {
 
 /// A page whose start failed has lists to make up for: filled without them it would hand over blanks.
 bool showCompany(PageForm& form, const std::string& label, bool listsThere) {
+    showTitle(form);
     form.ready = trapped(label, [&] { return (listsThere || makeListsOf(form.number)) && showRecordOn(form.number); });
-    if (form.ready) {
-        showTitle(form);
-    }
     return form.ready;
 }
 

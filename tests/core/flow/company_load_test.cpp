@@ -193,15 +193,19 @@ TEST_F(Load, ASettingThatCannotBeReadCostsNoPhotoAndNoField) {
     EXPECT_EQ(gErrCode, "75");
     EXPECT_EQ(locks(), std::vector<std::string>{});
     settings.set("PATH", "IMG", "C:\\ORV\\IMG");
-    settings.refuse("PATH", "HLP");
-    start();
-    EXPECT_EQ(shownIds().size(), 1u);
-    EXPECT_FALSE(screen().ready);
-    settings.set("PATH", "HLP", "C:\\ORV\\HLP");
-    const std::vector<std::string> before = everything();
-    save();
-    EXPECT_EQ(messages.shown.back().args.at(0), Value("75"));
-    EXPECT_EQ(everything(), before);
+    for (const std::string code : {"75", "53"}) {
+        code == "75" ? settings.refuse("PATH", "HLP") : settings.set("PATH", "HLP", "");
+        start();
+        EXPECT_EQ(shownIds().size(), 1u);
+        EXPECT_FALSE(screen().ready);
+        settings.set("PATH", "HLP", "C:\\ORV\\HLP");
+        const std::vector<std::string> before = everything();
+        save();
+        EXPECT_EQ(messages.shown.back().args.at(0), Value(code));
+        EXPECT_EQ(everything(), before);
+        leave();
+        messages.shown.clear();
+    }
 }
 
 }  // namespace

@@ -16,24 +16,37 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
              {2, Call::Select, "TYPE_CODE = '005'"},
              {3, Call::Select, "ORDER BY USER_ID"},
              {4, Call::Open, ""},
+             {0, {}, nullptr},  // the file of field names is missing
+             {1, {}, nullptr},
+             {2, {}, nullptr},
+             {3, {}, nullptr},
+             {4, {}, nullptr},
          })) {
+        const std::string code = part != nullptr ? "DB:77" : "53";
+        const std::string text =
+            part != nullptr
+                ? "ストアの故障"
+                : "[ PF_SetData_Frm_CompInp" + std::to_string(page) +
+                      " ] 項目名ファイル「help.hlp」が見つからないか読めないため、会社情報を表示できません。"
+                      "ファイルを元に戻してから、画面を開き直してください。";
         startOn(page == 0 ? 3 : 0);
         const CompanyRecord before = tCustomerInfo;
         const Texts stored = everything();
-        store.fail(call, part, 1);
+        part != nullptr ? store.fail(call, part) : settings.set("PATH", "HLP", "");
         turnTo(page);
         store.mend();
-        expectReported("DB:77", "ストアの故障");
+        settings.set("PATH", "HLP", "C:\\ORV\\HLP");
+        expectReported(code, text);
         EXPECT_EQ(screen().number, page);
         EXPECT_FALSE(screen().ready);
         save();
-        expectReported("DB:77", "ストアの故障");
+        expectReported(code, text);
         EXPECT_EQ(everything(), stored);
         turnTo(page == 3 ? 0 : 3);
         EXPECT_EQ(shownIds(), Texts{}) << "the other pages work";
         for (const FieldInfo& field : kFields) {
             if (field.text != nullptr) {
-                EXPECT_EQ(tCustomerInfo.*field.text, before.*field.text) << part << field.name;
+                EXPECT_EQ(tCustomerInfo.*field.text, before.*field.text) << page << field.name;
             }
         }
         save();
