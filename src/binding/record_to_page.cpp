@@ -55,6 +55,7 @@ void showCompany(PageForm& form) {
     form.cbo_User_Id.setVisible(gMultiCompany);
     form.lbl_UserId.setVisible(!gMultiCompany);
     form.lbl_UserId.setCaption(tCustomerInfo.USER_ID);
+    const CompanySetByCode byCode(form);
     PF_SetControlValue(form.cbo_User_Id, tCustomerInfo.USER_ID);
 }
 

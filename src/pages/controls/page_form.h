@@ -48,6 +48,8 @@ struct PageForm : Form {
     /// reports `failure`, which says why it is not.
     bool ready = false;
     FailureRecord failure;
+    /// The program itself sets the company list: its click is not the operator's wish.
+    bool companySetByCode = false;
 
     // clang-format off
     Label lbl_User_Id{*this, "lbl_User_Id", {.caption = "ユーザーID：", .look = LabelLook::Title}};
@@ -62,6 +64,17 @@ struct PageForm : Form {
     /// A sunken line between the page buttons and the page.
     Label pic_LeftLine{*this, "pic_LeftLine", {.look = LabelLook::Panel}};
     // clang-format on
+};
+
+class CompanySetByCode {
+public:
+    explicit CompanySetByCode(PageForm& form) : form_(form) { form_.companySetByCode = true; }
+    CompanySetByCode(const CompanySetByCode&) = delete;
+    CompanySetByCode& operator=(const CompanySetByCode&) = delete;
+    ~CompanySetByCode() { form_.companySetByCode = false; }
+
+private:
+    PageForm& form_;
 };
 
 }  // namespace orv

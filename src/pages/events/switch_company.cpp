@@ -17,12 +17,18 @@ namespace orv {
 namespace {
 
 /// Sets the list to the company in force, or to nothing where the list does not hold it: on the other company it would
-/// give that one's key to the record. Both raise click again, which ends at once.
+/// give that one's key to the record.
 void backToCurrent(PageForm& form) {
+    const CompanySetByCode byCode(form);
     ComboBox& list = form.cbo_User_Id;
     if (caught([&] { list.setText(tCustomerInfo.USER_ID); })) {
         static_cast<void>(caught([&] { list.setListIndex(-1); }));  // on a way out, where nothing can be told
     }
+}
+
+/// False for a company that could not be loaded or shown: choosing it again is another try.
+bool isOnScreen(const PageForm& form, const std::string& userId) {
+    return userId == tCustomerInfo.USER_ID && form.ready && !gLoadFailure;
 }
 
 bool staysByAnswer(const std::string& wish) {
@@ -126,7 +132,7 @@ bool switchTo(PageForm& form, const std::string& label, const std::string& wish,
 
 void cbo_User_Id_Click(PageForm& form) {
     const std::string wish = form.cbo_User_Id.text();
-    if (wish.empty() || wish == tCustomerInfo.USER_ID) {
+    if (form.companySetByCode || wish.empty() || isOnScreen(form, wish)) {
         return;
     }
     const std::string label = "[ " + form.tag() + " cbo_User_Id_Click ]";

@@ -50,6 +50,12 @@ void ComboBox::setListIndex(int index) {
     }
 }
 
+void ComboBox::picked(int index) {
+    if (index >= 0 && index < listCount()) {
+        choose(index);
+    }
+}
+
 void ComboBox::setText(const std::string& text) {
     if (listIndex_ >= 0 && this->text() == text) {
         choose(listIndex_);

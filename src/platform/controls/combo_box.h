@@ -42,6 +42,8 @@ public:
     void setListIndex(int index);
     /// Chooses the entry of that text and raises click; failure 383 when the list does not hold it.
     void setText(const std::string& text);
+    /// The operator has chosen that entry, perhaps the one chosen already: raises click in any case.
+    void picked(int index);
 
     bool focusable() const override { return usable(); }
 

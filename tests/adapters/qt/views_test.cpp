@@ -41,6 +41,9 @@ TEST_F(ViewsTest, ChoosingRaisesTheChoiceOnce) {
     QTest::keyClick(box->view(), Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([&] { return page.list.listIndex() == 2; }));
     EXPECT_EQ(clicks, 2);
+    box->showPopup();
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 3; })) << "the same entry again, too";
     page.list.onClick = [&] {
         if (page.list.listIndex() != 0) page.list.setListIndex(0);
     };

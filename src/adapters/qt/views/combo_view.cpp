@@ -62,9 +62,7 @@ private:
     }
 
     void choose(int index) {
-        if (index < combo_.listCount()) {
-            combo_.setListIndex(index);
-        }
+        combo_.picked(index);
         refresh();
     }
 
