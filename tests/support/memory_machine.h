@@ -26,6 +26,7 @@ public:
     void put(const std::string& path, std::string bytes) { files_[folded(path)] = std::move(bytes); }
 
     bool exists(const std::string& path) const override { return files_.contains(folded(path)); }
+    bool folderExists(const std::string&) const override { return true; }
     std::uint64_t sizeOf(const std::string& path) const override { return at(path).size(); }
     bool canOpen(const std::string& path) const override { return exists(path); }
     std::string read(const std::string& path, std::size_t limit) const override {

@@ -14,6 +14,7 @@ public:
     std::string nativePath(const std::string& path) const override { return path; }
     std::string systemPath(const std::string& path) const override { return path; }
     bool exists(const std::string&) const override { return false; }
+    bool folderExists(const std::string&) const override { return false; }
     std::uint64_t sizeOf(const std::string&) const override { return 0; }
     bool canOpen(const std::string&) const override { return false; }
     void copy(const std::string&, const std::string&) override {}

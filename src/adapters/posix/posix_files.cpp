@@ -69,7 +69,12 @@ int renameToFreeName(const char* from, const char* to) {
 
 }  // namespace
 
-bool PosixFiles::exists(const std::string& path) const {
+bool PosixFiles::exists(const std::string& path) const { return isOfType(path, S_IFREG); }
+
+bool PosixFiles::folderExists(const std::string& path) const { return isOfType(path, S_IFDIR); }
+
+/// False as well if nothing is there.
+bool PosixFiles::isOfType(const std::string& path, unsigned type) const {
     std::string native;
     try {
         native = nativePath(path);
@@ -78,7 +83,7 @@ bool PosixFiles::exists(const std::string& path) const {
     }
     struct stat facts {};
     if (::stat(native.c_str(), &facts) == 0) {
-        return S_ISREG(facts.st_mode);
+        return (facts.st_mode & S_IFMT) == type;
     }
     if (!saysNothingIsThere(errno)) {
         raiseErrno(errno, native);

@@ -12,6 +12,7 @@ public:
     explicit PosixFiles(const InstallPaths& paths) : paths_(paths) {}
 
     bool exists(const std::string& path) const override;
+    bool folderExists(const std::string& path) const override;
     std::uint64_t sizeOf(const std::string& path) const override;
     bool canOpen(const std::string& path) const override;
     /// A target that is the file itself, or holds the same bytes already, stays as it is.
@@ -27,6 +28,8 @@ public:
     std::string systemPath(const std::string& nativePath) const override { return paths_.toSystem(nativePath); }
 
 private:
+    bool isOfType(const std::string& path, unsigned type) const;
+
     const InstallPaths& paths_;
 };
 

@@ -1,10 +1,14 @@
 #include "core/flow/photo_files.h"
 
+#include <functional>
+
 #include "config/shared_settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
+#include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "platform/machine/file_system.h"
+#include "platform/run_time_error.h"
 #include "platform/services.h"
 #include "platform/suite/file_service.h"
 
@@ -17,18 +21,57 @@ std::string storedName(const PhotoSlot& slot) {
     return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
 }
 
-/// The field has the form of the column, and not that of a path.
-bool namesStored(const PhotoSlot& slot) {
-    const std::string& field = fieldOf(slot);
-    return !field.empty() && field.find('\\') == std::string::npos;
+/// True if the field has the form of the column and not that of a path.
+bool namesStored(const PhotoSlot& slot) { return fieldOf(slot) == storedName(slot); }
+
+/// Raises if the setting cannot be read: its default would lead to another folder.
+std::string readSetting(const std::function<std::string()>& setting) {
+    std::string value;
+    static_cast<void>(withSettings([&] {
+        value = setting();
+        return true;
+    }));
+    return value;
 }
 
-std::string storedPath(const PhotoSlot& slot) { return com().ImgNoFolder(slot.index) + fieldOf(slot); }
+std::string imageFolder(const PhotoSlot& slot) {
+    return readSetting([&] { return com().ImgNoFolder(slot.index); });
+}
+
+std::string storedPath(const PhotoSlot& slot) { return imageFolder(slot) + fieldOf(slot); }
+
+std::string workingPath(const PhotoSlot& slot) {
+    return readSetting([&] { return com().TmpNoTmpFile(slot.index); });
+}
+
+/// The folder with its separator; empty for a bare name.
+std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
+
+/// False if the photo has been deleted. Raises if the whole folder is missing, as when a drive is not connected or a
+/// setting is empty: the photo must not leave the company because of that. An empty `folder` is not looked for.
+bool isInPlace(const std::string& photo, const std::string& folder) {
+    const FileSystem& files = *services().fileSystem;
+    if (files.exists(photo)) {
+        return true;
+    }
+    if (!folder.empty() && !files.folderExists(folder)) {
+        throw RunTimeError(Failure::PathNotFound, "画像のフォルダー「" + folder + "」が見つかりません。");
+    }
+    return false;
+}
 
 void copyOut(const PhotoSlot& slot, const std::string& stored) {
-    const std::string working = com().TmpNoTmpFile(slot.index);
+    const std::string working = workingPath(slot);
     services().fileSystem->copy(stored, working);
     fieldOf(slot) = working;
+}
+
+/// A photo that cannot be copied is known by the path of its stored file.
+void copyOutOrNameStored(const PhotoSlot& slot) {
+    const std::string stored = storedPath(slot);
+    if (caught([&] { copyOut(slot, stored); })) {
+        fieldOf(slot) = stored;
+    }
 }
 
 std::string besideOf(const std::string& stored) { return stored + ".new"; }
@@ -58,7 +101,8 @@ bool deleteOld(const std::string& stored) {
 /// A photo that the operator has not changed stays where it is: what is not touched cannot be lost.
 bool holdsAlready(const std::string& stored, const std::string& chosen) {
     const FileSystem& files = *services().fileSystem;
-    if (!files.canOpen(stored) || files.sizeOf(stored) != files.sizeOf(chosen)) {
+    if (!isInPlace(stored, folderOf(stored)) || !files.canOpen(stored) ||
+        files.sizeOf(stored) != files.sizeOf(chosen)) {
         return false;
     }
     const std::size_t size = files.sizeOf(stored);
@@ -79,17 +123,23 @@ bool replaceStored(const std::string& chosen, const std::string& stored) {
     return true;
 }
 
+/// Whether the file of the field is there. One that the operator has chosen in some other folder may just be missing.
+bool isThere(const PhotoSlot& slot, const std::string& chosen) {
+    const bool isOurs = namesStored(slot) || chosen == workingPath(slot);
+    return isInPlace(chosen, isOurs ? folderOf(chosen) : "");
+}
+
 bool place(const PhotoSlot& slot) {
-    std::string& field = fieldOf(slot);
-    if (field.empty() || !services().fileSystem->exists(field)) {
-        field.clear();
+    const std::string chosen = namesStored(slot) ? storedPath(slot) : fieldOf(slot);
+    if (chosen.empty() || !isThere(slot, chosen)) {
+        fieldOf(slot).clear();
         return true;
     }
-    const std::string stored = com().ImgNoFolder(slot.index) + storedName(slot);
-    if (stored != field && !holdsAlready(stored, field) && !replaceStored(field, stored)) {
+    const std::string stored = imageFolder(slot) + storedName(slot);
+    if (stored != chosen && !holdsAlready(stored, chosen) && !replaceStored(chosen, stored)) {
         return false;
     }
-    field = storedName(slot);
+    fieldOf(slot) = storedName(slot);
     return true;
 }
 
@@ -101,7 +151,7 @@ void takeWorkingCopy(const PhotoSlot& slot) {
     }
     const std::string stored = storedPath(slot);
     finishReplacing(stored);
-    if (services().fileSystem->exists(stored)) {
+    if (isInPlace(stored, imageFolder(slot))) {
         copyOut(slot, stored);
     } else {
         fieldOf(slot).clear();
@@ -119,10 +169,8 @@ void workingCopiesAgain() {
 void pathsAgainWhateverHappens() {
     for (const PhotoSlot& slot : kPhotoSlots) {
         if (namesStored(slot)) {
-            const std::string stored = storedPath(slot);
-            if (caught([&] { copyOut(slot, stored); })) {
-                fieldOf(slot) = stored;
-            }
+            // Without its folder the field stays the stored name, which the next save understands.
+            static_cast<void>(caught([&] { copyOutOrNameStored(slot); }));
         }
     }
 }

@@ -22,14 +22,14 @@ inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
 }};
 
 /// After the load: a stored photo gets a working copy, whose path the field becomes; a stored file that is gone empties
-/// the field.
+/// the field. Raises if the whole folder is missing.
 void takeWorkingCopy(const PhotoSlot& slot);
 
 /// During a save: each field that names a stored photo becomes the path of a fresh working copy.
 void workingCopiesAgain();
 
-/// The same on the way out of a save, for each photo by itself and without raising: one that can't be copied is known
-/// by the path of its stored file, which the next save keeps. A bare name would be taken for a file that has gone.
+/// The same on the way out of a save, for each photo by itself and without raising. One that cannot be copied is known
+/// by the path of its stored file, which the next save keeps.
 void pathsAgainWhateverHappens();
 
 inline namespace bas_Main_Companydata {

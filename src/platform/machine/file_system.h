@@ -17,6 +17,8 @@ public:
     /// Whether a file stands there; hidden, system and read-only ones count, folders do not. Where that can't be told,
     /// for want of rights or by a broken disk, it is a failure: such a file must not pass for one that has gone.
     virtual bool exists(const std::string& path) const = 0;
+    /// The same for a folder.
+    virtual bool folderExists(const std::string& path) const = 0;
     virtual std::uint64_t sizeOf(const std::string& path) const = 0;
     /// Whether the file can be opened for reading. Never raises.
     virtual bool canOpen(const std::string& path) const = 0;

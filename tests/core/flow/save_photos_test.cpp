@@ -77,6 +77,49 @@ TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
     EXPECT_EQ(bytesOf(kStored1), "new photo");
 }
 
+TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
+    const std::string photo = bytesOf(kStored1);
+    for (const std::string stored : {kStored1, kStored2}) {
+        // A photo that has not changed is neither deleted nor copied.
+        files.refuse(stored, Failure::PermissionDenied);
+        files.refuse(stored + ".new", Failure::PermissionDenied);
+    }
+    for (const auto& [key, how, code] : std::to_array<std::array<std::string, 3>>({{"TMP", "empty", ""},
+                                                                                   {"TMP", "gone", "76"},
+                                                                                   {"TMP", "unreadable", "75"},
+                                                                                   {"IMG", "empty", "76"},
+                                                                                   {"IMG", "gone", "76"},
+                                                                                   {"IMG", "unreadable", "75"}})) {
+        const std::string folder = office.root() + "/C/ORV/" + key;
+        for (const bool fromTheStart : {false, true}) {
+            SCOPED_TRACE(key + how + (fromTheStart ? " from the start" : ""));
+            endRun();
+            if (!fromTheStart) start();
+            if (how == "gone") {
+                std::filesystem::rename(folder, folder + ".away");
+            } else {
+                how == "empty" ? settings.set("PATH", key, "") : settings.refuse("PATH", key);
+            }
+            if (fromTheStart) start();
+            for (const int page : {0, 3, 2}) {
+                if (forms.activeForm() != nullptr) {
+                    turnTo(page);
+                    save();
+                }
+            }
+            const auto last = messages.shown.back();
+            EXPECT_EQ(last.id == "COSERR01" ? toText(last.args.at(0)) : "", code);
+            settings.set("PATH", key, "C:\\ORV\\" + key);
+            if (how == "gone") std::filesystem::rename(folder + ".away", folder);
+            if (forms.activeForm() == nullptr) start();
+            save();
+            EXPECT_EQ(messages.shown.back().id, "COS05574");
+            EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
+            EXPECT_EQ(bytesOf(tCustomerInfo.PHOTO_FILE1), photo);
+        }
+    }
+}
+
 TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
     struct Case {
         std::string refused;
