@@ -1,5 +1,7 @@
 #include "core/flow/save_company.h"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 
 #include "binding/page_to_record.h"
@@ -100,7 +102,31 @@ bool send(SaveRun& run) {
     return run.sent || failFrom(run.service->SendError());
 }
 
+/// True if no table has a row of the number. False: the pair is `taken`, or tells why the store cannot be asked.
+bool isUnused(const std::string& number, const FailureRecord& taken) {
+    clearPair();
+    const std::array tables{kCountInfo, kCountAdd, kCountDate};
+    if (std::ranges::all_of(tables, [&](std::int16_t table) { return noRowOf(number, table); })) {
+        return true;
+    }
+    const bool isKnown = gErrMsg.empty() && gErrCode.empty();
+    return isKnown && failFrom(taken);
+}
+
+/// A number that the store has already belongs to another company: this one must neither take it nor go there.
+bool mayMoveTo(const std::string& target) {
+    return target == tCustomerInfo.USER_ID ||
+           isUnused(target, {"サーバーが付けた番号「" + target +
+                                 "」は、別の会社がすでに使っています。この会社は番号のないまま保存してあります。"
+                                 "サーバーの管理者に番号を確認してもらってから、もう一度保存してください。",
+                             "SAVE0002"});
+}
+
 bool writeAnswer(SaveRun& run) {
+    if (!mayMoveTo(run.target)) {
+        run.target = tCustomerInfo.USER_ID;
+        return false;
+    }
     tCustomerInfo.PWD_CHG_FLG = kPasswordSent;
     tCustomerInfo.SEND_FLAG = false;
     gGivenNumber = run.target == tCustomerInfo.USER_ID ? "" : run.target;
@@ -125,14 +151,11 @@ bool writeAndSend(SaveRun& run) {
 /// one.
 bool isGivenNumberFree() {
     clearPair();
-    if (gGivenNumber.empty() || PF_GetRowCountZero("", gGivenNumber, kCountInfo, "")) {
-        return true;
-    }
-    const bool isKnown = gErrMsg.empty() && gErrCode.empty();
-    return isKnown && fail("この会社は番号「" + gGivenNumber +
-                               "」で登録されました。ユーザーIDの一覧からその番号を選ぶか、"
-                               "メニューへ戻って開き直してください。",
-                           "SAVE0001");
+    return gGivenNumber.empty() ||
+           isUnused(gGivenNumber, {"この会社は番号「" + gGivenNumber +
+                                       "」で登録されました。ユーザーIDの一覧からその番号を選ぶか、"
+                                       "メニューへ戻って開き直してください。",
+                                   "SAVE0001"});
 }
 
 bool save(PageForm& form, SaveRun& run, StoreSession& session) {

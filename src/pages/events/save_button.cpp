@@ -2,6 +2,7 @@
 
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"
+#include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
 
@@ -33,10 +34,10 @@ void btm_Save_Click(PageForm& form) {
             showCompany(form, userId);
             return true;
         }
-        // The save's own failure is the one to report, also where the number that it got is in no list.
-        const auto notListed = caught([&] { showCompany(form, userId); });
-        static_cast<void>(notListed);
-        return false;
+        // The save's own failure is reported, whatever the switch to the number does to the pair.
+        const FailureRecord own{gErrMsg, gErrCode};
+        static_cast<void>(caught([&] { showCompany(form, userId); }));
+        return failFrom(own);
     });
 }
 

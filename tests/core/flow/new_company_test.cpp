@@ -104,6 +104,35 @@ TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
     EXPECT_EQ(rowsOf("000004700"), "111");
 }
 
+TEST_F(NewCompany, ANumberThatTheStoreKnowsLeavesItOnItsMarker) {
+    sql("insert into TBL_CUSTOMER_DATE (USER_ID) values ('000004699')");
+    for (const std::string taken : {"000004602", "000004699"}) {
+        server.id = taken;
+        save();
+        EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"}));
+        EXPECT_EQ(messages.shown.back().args.at(0), Value("SAVE0002"));
+        EXPECT_NE(toText(messages.shown.back().args.at(1)).find(taken), std::string::npos);
+        EXPECT_EQ(rowsOf(kMarker) + info("PWD_CHG_FLG", kMarker), "1112");
+        EXPECT_EQ(form().cbo_User_Id.text() + form().txt_Company_Name.text(), "---------あおぞら架空不動産㈱");
+        EXPECT_EQ(locks(), Texts{"--------- DESK01"});
+        messages.shown.clear();
+    }
+    EXPECT_EQ(info("COMPANY_NAME", "000004602"), "㈲さくら見本管理");
+    server.id = "000004700";
+    save();
+    EXPECT_EQ(rowsOf("000004700") + form().cbo_User_Id.text(), "111000004700");
+}
+
+TEST_F(NewCompany, TheSavesOwnFailureIsReportedThoughTheSwitchToTheNumberFailsToo) {
+    // After the second write, and again by the load of the number, a photo is copied to where nothing can be written.
+    server.meanwhile = [] { tCustomerInfo.PHOTO_FILE1 = "C:\\ORV\\IMG\\1\\000004603COS00000000_01.jpg"; };
+    files.refuse("C:\\ORV\\TMP\\TmpImg_1", Failure::DiskFull);
+    save();
+    EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01", "COSERR01"}));
+    messages.shown.erase(messages.shown.begin(), messages.shown.end() - 1);
+    expectReported("61", "[ PF_SndCos ]ディスクの空き容量が足りません。");
+}
+
 TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
     // The transaction of the second write goes through behind the lost answer.
     store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
