@@ -1,5 +1,7 @@
 #include "core/flow/company_load.h"
 
+#include <algorithm>
+
 #include "config/shared_settings.h"
 #include "core/flow/environment_probe.h"
 #include "core/flow/photo_files.h"
@@ -56,11 +58,14 @@ void releaseAfterFailure(const std::string& userId) {
     static_cast<void>(failFrom(failure));
 }
 
+/// A string that is too short for the place becomes longer by it.
 void applyAssociationRule() {
-    std::string& flags = tCustomerInfo.DANTAI_FLG;
-    if (com().MinorVer() == kAssociationEdition && flags.size() > kAssociationPlace) {
-        flags[kAssociationPlace] = '1';
+    if (com().MinorVer() != kAssociationEdition) {
+        return;
     }
+    std::u32string flags = toCharacters(tCustomerInfo.DANTAI_FLG);
+    flags.replace(std::min(kAssociationPlace, flags.size()), 1, U"1");
+    tCustomerInfo.DANTAI_FLG = toUtf8(flags);
 }
 
 void zerosForBlank(const FieldInfo& field) {
@@ -73,8 +78,8 @@ void zerosForBlank(const FieldInfo& field) {
 void beginNewCompany() {
     tCustomerInfo.USER_ID = kNewCompany;
     for (const FieldInfo& field : kFields) {
-        if (field.text != nullptr) {
-            zerosForBlank(field);
+        if (field.zeros > 0) {
+            (tCustomerInfo.*field.text).assign(field.zeros, '0');
         }
     }
     applyAssociationRule();

@@ -82,14 +82,21 @@ TEST_F(Load, TheAreaFollowsFromTheAddressWhereItIsMissing) {
 
 TEST_F(Load, ThatEditionAlwaysBelongsToItsAssociation) {
     settings.set("VERSION", "MINOR", "3");
-    sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = '1000000000000001' where USER_ID = '000004601'");
-    load();
-    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "1001000000000001");
-    sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = NULL where USER_ID = '000004601'");
-    load();
+    for (const auto& [stored, flags] :
+         std::to_array<std::array<std::string, 2>>({{"'1000000000000001'", "1001000000000001"},
+                                                    {"NULL", "0001000000000000"},
+                                                    {"'0'", "01"},
+                                                    {"'101'", "1011"},
+                                                    {"'１０１００'", "１０１1０"}})) {
+        sql("update TBL_CUSTOMER_INFO set DANTAI_FLG = " + stored + " where USER_ID = '000004601'");
+        load();
+        EXPECT_EQ(tCustomerInfo.DANTAI_FLG, flags);
+    }
+    openStore();
+    EXPECT_TRUE(PF_SetCompanyDataStructureChng(kMarker)) << "whatever the record holds of another company";
     EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "0001000000000000");
-    load(kMarker);
-    EXPECT_EQ(tCustomerInfo.DANTAI_FLG, "0001000000000000");
+    EXPECT_EQ(tCustomerInfo.MANAGEMENT_TYPE_FLG, std::string(64, '0'));
+    closeStore();
 }
 
 TEST_F(Load, ANewCompanyHasNothingButItsMarkerItsZerosAndTheComputer) {
