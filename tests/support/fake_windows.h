@@ -63,6 +63,8 @@ public:
     /// "open frm_CompInp0" and the like, in order.
     std::vector<std::string> calls;
     int repaints = 0;
+    /// "open" or "show": that fails.
+    std::string broken;
 
     void open(Form& form) override { record("open", form); }
     void show(Form& form) override { record("show", form); }
@@ -109,7 +111,12 @@ private:
         queue.pop_front();
         return first;
     }
-    void record(const std::string& what, const Form& form) { calls.push_back(what + " " + form.name()); }
+    void record(const std::string& what, const Form& form) {
+        calls.push_back(what + " " + form.name());
+        if (what == broken) {
+            throw RunTimeError(Failure::OutOfMemory);
+        }
+    }
 
     std::deque<std::size_t> answers_;
     std::deque<std::optional<std::string>> picks_;

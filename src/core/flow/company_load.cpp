@@ -30,10 +30,12 @@ constexpr std::size_t kAreaLength = 5;
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kAssociationPlace = 3;
 
-/// A computer's own lock is left by a run of it that died, and is taken over.
+/// A computer's own lock is left by a run that died, or belongs to a second run on it, and is taken over.
 bool lockCompany(const std::string& userId) {
     std::string holder;
-    switch (PF_DataLockCheck(userId, kLockType, kLockNumber, holder)) {
+    const std::int16_t state = PF_DataLockCheck(userId, kLockType, kLockNumber, holder);
+    gLockTakenOver = state == kLockedHere;
+    switch (state) {
         case kLockedElsewhere:
             tell("COS20003", {userId});
             clearPair();
@@ -49,13 +51,6 @@ bool lockCompany(const std::string& userId) {
             return false;
     }
     return PF_DataLock(userId, kLockType, kLockNumber);
-}
-
-/// No page will ever release the lock of a company that could not be loaded.
-void releaseAfterFailure(const std::string& userId) {
-    const FailureRecord failure{gErrMsg, gErrCode};
-    static_cast<void>(PF_DataUnlock(userId, kLockType, kLockNumber));  // the load's own failure is the one to tell
-    static_cast<void>(failFrom(failure));
 }
 
 /// A string that is too short for the place becomes longer by it.
@@ -153,11 +148,21 @@ bool bas_Main_Companydata::PF_GetCompanyData(const std::string& userId) {
             return false;
         }
         if (!PF_SetCompanyDataStructureChng(userId)) {
-            releaseAfterFailure(userId);
+            releaseAfterFailedStart(userId);
             return false;
         }
         return true;
     });
+}
+
+void bas_Main_Companydata::releaseAfterFailedStart(const std::string& userId) {
+    if (gLockTakenOver) {
+        return;
+    }
+    const FailureRecord failure{gErrMsg, gErrCode};
+    StoreSession session;
+    static_cast<void>(session.openFresh() && PF_DataUnlock(userId, kLockType, kLockNumber));
+    static_cast<void>(failFrom(failure));  // the start's own failure is reported
 }
 
 bool bas_Main_Companydata::PF_SetCompanyDataStructureChng(const std::string& userId) {

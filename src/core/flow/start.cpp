@@ -19,6 +19,8 @@
 namespace orv {
 namespace {
 
+constexpr const char* kLabel = "[ COS main ]";
+
 std::vector<std::string> splitAtCommas(const std::string& tail) {
     std::vector<std::string> elements(1);
     for (const char character : tail) {
@@ -39,13 +41,21 @@ void readArgument(const std::string& tail) {
     gAddressByMaster = toNumber(elements.at(2)) == 0;
 }
 
+bool showFirstPage() {
+    const bool shown = trapped(kLabel, [] {
+        services().forms->show(page<frm_CompInp0>());
+        return true;
+    });
+    if (!shown) {
+        PF_Form_Clean();
+        releaseAfterFailedStart(gUserId);
+    }
+    return shown;
+}
+
 bool begin(const std::string& tail) {
     readArgument(tail);
-    if (!PF_GetCompanyData(gUserId)) {
-        return false;
-    }
-    services().forms->show(page<frm_CompInp0>());
-    return true;
+    return PF_GetCompanyData(gUserId) && showFirstPage();
 }
 
 void tellPair() {
@@ -71,7 +81,7 @@ void bas_Main_Companydata::Main() {
         tellPair();
         return;
     }
-    if (trapped("[ COS main ]", [&] { return begin(tail); })) {
+    if (trapped(kLabel, [&] { return begin(tail); })) {
         return;
     }
     if (!gErrMsg.empty()) {

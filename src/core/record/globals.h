@@ -30,6 +30,7 @@ struct Context {
 
     std::optional<FailureRecord> gLoadFailure;
     std::string gGivenNumber;
+    bool gLockTakenOver = false;
 
     std::string gImgSrcFile;
     std::string gImgDstFile;
@@ -67,6 +68,8 @@ inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFa
 /// The number that the server has given to the new company of the record, from its second write on; its rows may bear
 /// it.
 inline constinit std::string& gGivenNumber = theContext.gGivenNumber;
+/// At the start this computer already had a lock on the company.
+inline constinit bool& gLockTakenOver = theContext.gLockTakenOver;
 
 }  // namespace bas_Main_Companydata
 

@@ -57,6 +57,25 @@ TEST_F(Start, AMalformedArgumentIsToldAndTheCallerComesBack) {
     EXPECT_EQ(store.statements, Texts{});
 }
 
+TEST_F(Start, AFailedOneReleasesOnlyTheLockThatItHasInserted) {
+    for (const std::string broken : {"", "open", "show"}) {
+        for (const bool held : {false, true}) {
+            const std::string company = broken.empty() ? "000004605" : kCompany;
+            sql("delete from TBL_LOCK where LOCAL_INFO = 'DESK01'");
+            if (held) {
+                sql("insert into TBL_LOCK values ('" + company + "', 'COS', '99999999', 'DESK01', 'second run')");
+            }
+            windows.broken = broken;
+            start(company + ",1,0");
+            EXPECT_EQ(shownIds(), Texts{"COSERR01"}) << broken;
+            EXPECT_EQ(locks(), held ? Texts{company + " DESK01"} : Texts{}) << broken;
+            EXPECT_TRUE(forms.forms().empty());
+            messages.shown.clear();
+        }
+    }
+    EXPECT_EQ(programs.commandLines, Texts(6, kMenu));
+}
+
 TEST_F(Start, ACallerThatCannotBeStartedIsLogged) {
     programs.failure = Failure::FileNotFound;
     start("000004606,1,0");
