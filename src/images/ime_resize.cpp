@@ -10,12 +10,17 @@
 #include "images/quality_search.h"
 #include "logging/trap.h"
 #include "platform/forms/form_host.h"
+#include "platform/machine/file_system.h"
 #include "platform/services.h"
 
 namespace orv {
 namespace {
 
+/// A missing file has none; the fitting reports it.
 void readFigures(ImageControl& image) {
+    if (!services().fileSystem->exists(gImgSrcFile)) {
+        return;
+    }
     image.getFileInfo(gImgSrcFile);
     gImgSrcSizeText = PF_GetFileSizeString(image.infoSizeDisk());
     gImgSrcHeightText = std::to_string(image.infoHeight());

@@ -113,8 +113,11 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
         {[&] { limits("640", "480", "0"); }, "IMGERR:01", "ファイルサイズが大きすぎて保存できません。"},
         {[&] { limits("0", "480"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
         {[&] { limits("640", "0"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
-        {[&] { std::filesystem::remove(source); }, "IMGERR:02",
-         "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] {
+             std::filesystem::remove(source);
+             pictures.script.broken = {"info"};
+         },
+         "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
         {[&] { limits("640", "480", "x"); }, "13", "[ PF_ChangeQFactor ] 型が一致しません。"},
         {[&] { limits("", "480"); }, "13", "[ PF_ResizeImePic ] 型が一致しません。"},
         {[&] { pictures.script.broken = {"info"}; }, "57", "[ PF_ImeResize ] 画像ではありません。"},
