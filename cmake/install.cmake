@@ -1,5 +1,5 @@
 # What goes onto a machine: the tool of who keeps the stores, and a whole office without a company, of which working ones are
-# copies. `cmake --install build/release` takes what has been built and builds nothing.
+# copies. `cmake --install build/product` takes what has been built and builds nothing.
 
 include(GNUInstallDirs)
 set(office ${CMAKE_INSTALL_DATADIR}/orv/office)
@@ -14,5 +14,3 @@ install(FILES sample/registry.txt DESTINATION ${office})
 install(DIRECTORY sample/search/ DESTINATION ${office}/C/ORV/BIN/DAT)
 install(PROGRAMS $<TARGET_FILE:company_information> DESTINATION ${office}/C/ORV/BIN RENAME KELT_COS.EXE)
 install(TARGETS address_search line_search DESTINATION ${office}/C/ORV/BIN)
-
-add_custom_target(product DEPENDS company_information store_tool searches)

@@ -1,4 +1,3 @@
-#include "adapters/sqlite/sqlite_store.h"
 #include "adapters/store/transmit_tables.h"
 #include "platform/run_time_error.h"
 #include "support/fixture.h"
@@ -25,7 +24,7 @@ protected:
     }
 
     std::string path = office.root() + "/SEND.MDB";
-    TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
+    TransmitTables engine{nativePaths(), testStore()};
     TransmitInfo& info = tTransmitInfo;
 };
 

@@ -9,7 +9,7 @@
 #include "adapters/posix/ini_reader.h"
 #include "adapters/posix/install_paths.h"
 #include "adapters/posix/registry_file.h"
-#include "adapters/sqlite/sqlite_db_service.h"
+#include "adapters/store/store_service.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
@@ -148,7 +148,7 @@ protected:
     /// Changes the store behind the program's back.
     void sql(const std::string& text) { runSql(office.store(), text); }
     /// The rows of a select behind the program's back, columns joined with "|".
-    Texts rows(const std::string& select);
+    Texts rows(const std::string& select) { return rowsOf(office.store(), select); }
     std::string one(const std::string& select) {
         const Texts found = rows(select);
         return found.size() == 1 ? found.front() : std::to_string(found.size()) + " rows";
@@ -213,8 +213,8 @@ protected:
     IniReader iniReader{files, codePage, facts};
     OverriddenProfiles settings{iniReader};
     RegistryFile registry{office.root() + "/registry.txt", codePage};
-    SqliteDbService sqlite{files};
-    FailingStore store{sqlite};
+    StoreService wholeStore{files, testStore()};
+    FailingStore store{wholeStore};
     ScriptedSysInfo machine;
     StringCheck strings{codePage};
     BlankPictures pictures;
@@ -226,23 +226,5 @@ protected:
     ScriptedWindows windows;
     FormHost forms;
 };
-
-inline Texts SystemTest::rows(const std::string& select) {
-    Texts found;
-    sqlite3* database = nullptr;
-    EXPECT_EQ(sqlite3_open(office.store().c_str(), &database), SQLITE_OK);
-    sqlite3_busy_timeout(database, 5000);
-    const auto take = [](void* list, int count, char** values, char**) {
-        std::string row;
-        for (int i = 0; i < count; ++i) {
-            row += std::string(i > 0 ? "|" : "") + (values[i] != nullptr ? values[i] : "NULL");
-        }
-        static_cast<Texts*>(list)->push_back(row);
-        return 0;
-    };
-    EXPECT_EQ(sqlite3_exec(database, select.c_str(), take, &found, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
-    sqlite3_close(database);
-    return found;
-}
 
 }  // namespace orv

@@ -1,25 +1,24 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
+#include "adapters/store/store_connection.h"
 #include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
 namespace orv {
 
+/// Opens the stores of the tests. The build decides of which kind they are.
+StoreOpener testStore();
+
 /// Runs `sql` on the file with the engine itself, past the adapter; makes the file where there is none.
-inline void runSql(const std::string& path, const std::string& sql) {
-    sqlite3* database = nullptr;
-    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    char* words = nullptr;
-    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, &words), SQLITE_OK) << words;
-    sqlite3_free(words);
-    sqlite3_close(database);
-}
+void runSql(const std::string& path, const std::string& sql);
+/// The rows of a select, also past the adapter: columns joined with "|".
+std::vector<std::string> rowsOf(const std::string& path, const std::string& select);
 
 inline void runSampleFile(const std::string& path, const std::string& name) {
     const std::string sql = readFile(std::filesystem::path(SAMPLE_FOLDER) / "sql" / name);

@@ -18,7 +18,7 @@ bench() {
 pictureBench() {
     PACKAGES=(graphicsmagick libvips-tools jpegoptim mate-backgrounds)
     needPackages
-    ninja -C build/release bench_pictures >/dev/null
+    buildPreset release bench_pictures >/dev/null
     mkdir -p build/bench-photos/work
     tools/bench/make_photos.sh build/bench-photos
     local photos=build/bench-photos/large
@@ -30,6 +30,6 @@ pictureBench() {
 
 # Many terminals on one store: [COMPANIES [SECONDS [STORE]]].
 officeBench() {
-    ninja -C build/release bench_office >/dev/null
+    buildPreset release bench_office >/dev/null
     build/release/tools/bench_office/bench_office build/bench-offices "$@"
 }

@@ -1,4 +1,4 @@
-# The build, by preset: dev, release, asan-ubsan.
+# The build of a preset of CMakePresets.json, or of targets of it: buildPreset PRESET [TARGET...].
 
 buildPreset() {
     local preset="$1"
@@ -6,5 +6,5 @@ buildPreset() {
     local log; log=$(mktemp)
     cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; exit 1; }
     rm -f "$log"
-    ninja -C "build/$preset" "$@"
+    cmake --build --preset "$preset" ${1:+--target "$@"}
 }

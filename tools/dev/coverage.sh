@@ -3,11 +3,9 @@
 coverage() {
     PACKAGES+=(gcovr)
     needPackages
-    source tools/dev/test.sh
     buildPreset coverage
     find build/coverage -name '*.gcda' -delete
-    # The counting makes some late that have a time limit: what they walk is counted all the same.
-    countTests coverage -E '^prove_' || true
+    python3 tools/dev/report_tests.py coverage || true
     gcovr --root . --filter src/ --exclude-throw-branches --json build/coverage/lines.json -j2 build/coverage/CMakeFiles build/coverage/src
     python3 - build/coverage/lines.json build/coverage/missed.txt <<'PYTHON'
 import collections, json, os, sys

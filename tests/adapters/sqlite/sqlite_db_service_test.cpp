@@ -1,6 +1,7 @@
 #include "adapters/sqlite/sqlite_db_service.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "adapters/file_size_limit.h"
 #include "adapters/store_contract.h"

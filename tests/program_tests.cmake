@@ -1,0 +1,39 @@
+# The tests that need the libraries of the program, and most of them its tools.
+
+find_package(Qt6 REQUIRED COMPONENTS Test)
+
+orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
+orv_add_one_test(postgres_tests adapters/postgres private_server orv_adapters_office_store GTest::gtest_main)
+orv_add_one_test(store_tool_tests store_tool private_server nlohmann_json::nlohmann_json GTest::gtest_main)
+target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
+                                                    JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
+add_dependencies(store_tool_tests store_tool)
+orv_add_tests(http_tests adapters/http orv_adapters_http suite_server_desks nlohmann_json::nlohmann_json
+              GTest::gtest_main)
+orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
+orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_text orv_adapters_pictures Qt6::Test)
+orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
+orv_add_tests(window_tests "app;pages/handlers" orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix
+              orv_adapters_text Qt6::Test)
+target_sources(window_tests PRIVATE adapters/qt/main.cpp)
+orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_main)
+
+# A share of `./dev prove`, which takes every call and every byte; 21 so that each of the eight bits has its turn.
+foreach(share "file 20" "server 20" "answers 21")
+  separate_arguments(arguments UNIX_COMMAND ${share})
+  list(GET arguments 0 part)
+  add_test(NAME prove_${part} COMMAND ${CMAKE_SOURCE_DIR}/tools/prove/prove.sh $<TARGET_FILE:prove> ${arguments})
+  set_tests_properties(prove_${part} PROPERTIES TIMEOUT 1800 LABELS prove)
+endforeach()
+
+add_subdirectory(fuzz)
+
+# Every test program but those that work the real program on a screen.
+add_custom_target(unit_tests)
+get_property(programs DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
+list(FILTER programs INCLUDE REGEX "_tests$")
+list(REMOVE_ITEM programs unit_tests end_to_end_tests)
+add_dependencies(unit_tests ${programs})
+if(NOT ORV_FUZZ)
+  add_dependencies(unit_tests fuzz_tests)
+endif()
