@@ -25,7 +25,11 @@ TEST_P(WaysOut, AskedOnceKeptByTheDefaultLeftByYes) {
     EXPECT_EQ(office_->errLog(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryPage, WaysOut, ::testing::Combine(::testing::Range(0, 5), ::testing::Bool()));
+INSTANTIATE_TEST_SUITE_P(EveryPage, WaysOut, ::testing::Combine(::testing::Range(0, 5), ::testing::Bool()),
+                         [](const auto& way) {
+                             return "Page" + std::to_string(std::get<0>(way.param)) +
+                                    (std::get<1>(way.param) ? "CloseBox" : "Button");
+                         });
 
 }  // namespace
 }  // namespace desk

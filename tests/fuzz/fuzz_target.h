@@ -18,6 +18,8 @@ struct FuzzTarget {
     std::vector<std::string> seeds;
 };
 
+inline void PrintTo(const FuzzTarget& target, std::ostream* stream) { *stream << target.name; }
+
 /// The doors that take bytes by themselves.
 std::vector<FuzzTarget> byteTargets();
 /// Every door.

@@ -23,6 +23,8 @@ struct Search {
     std::string failure;
 };
 
+void PrintTo(const Search& search, std::ostream* stream) { *stream << search.button; }
+
 const std::vector<Search> kSearches{
     {0,
      "btm_SearchOfficeAddress",

@@ -232,7 +232,8 @@ TEST_P(BrokenSwitch, AFillThatFailsHandsNothingOver) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5));
+INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5),
+                         [](const auto& at) { return "Page" + std::to_string(at.param); });
 
 TEST_F(Switch, APageWhoseListsFailedMakesUpForThemBeforeItIsFilled) {
     start();
