@@ -83,7 +83,7 @@ TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
     const int search = desk.windowProcess();
     kill(search, SIGSTOP);
-    ASSERT_TRUE(desk.waitForPage(0));
+    ASSERT_TRUE(desk.waitForPage(0, false));
     desk.toFront();
     desk.click("btm_Back_Menu");
     desk.key("alt+F4");

@@ -10,6 +10,9 @@
 
 namespace orv {
 
+/// Milliseconds that a test waits for what must come.
+constexpr int kPatience = 180'000;
+
 /// The window that shows the form.
 inline QWidget* windowOf(const Form& form) {
     for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -29,7 +29,7 @@ protected:
     static void settle() { QCoreApplication::processEvents(); }
     /// Where the next key goes.
     static QWidget* keyboard() {
-        if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; })) {
+        if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }, kPatience)) {
             throw std::runtime_error("nothing has the focus");
         }
         return QApplication::focusWidget();
@@ -40,7 +40,7 @@ protected:
     static void click(const Control& control) {
         auto* widget = widgetOf(control);
         widget->window()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(widget->window()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(widget->window(), kPatience));
         QTest::mouseClick(widget, Qt::LeftButton);
         settle();
     }

@@ -9,7 +9,7 @@ withServer() {
     SERVER=$!
     trap 'kill $SERVER 2>/dev/null || true' EXIT
     local tries
-    for tries in $(seq 100); do
+    for tries in $(seq 3600); do
         [ -s "$OFFICE-server/port" ] && return
         sleep 0.05
     done

@@ -19,10 +19,15 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-constexpr auto kPatience = 10s;
+/// Far longer than a stalled machine takes; nobody waits so long for what does come.
+constexpr auto kPatience = 180s;
+constexpr auto kPause = 10ms;
 // Of the package mate-backgrounds.
 constexpr const char* kPhoto = "/usr/share/backgrounds/mate/nature/Garden.jpg";
 constexpr const char* kNoticeTitle = "会社情報設定";
+constexpr const char* kNothingCopied = "nothing has been copied";
+
+bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 std::string contentOf(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -47,14 +52,15 @@ bool eventually(const std::function<bool()>& condition) {
         if (std::chrono::steady_clock::now() > deadline) {
             return false;
         }
-        std::this_thread::sleep_for(20ms);
+        std::this_thread::sleep_for(kPause);
     }
     return true;
 }
 
 VirtualDisplay::VirtualDisplay() {
     const fs::path told = fs::temp_directory_path() / ("orv-display-" + std::to_string(getpid()));
-    const std::string command = "exec Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>" + told.string();
+    const std::string command =
+        "exec Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>" + told.string();
     server_ = std::make_unique<Process>(std::vector<std::string>{"bash", "-c", command + " 2>/dev/null"});
     const bool up = eventually([&] { return contentOf(told).ends_with('\n'); });
     name_ = ":" + contentOf(told);
@@ -63,8 +69,11 @@ VirtualDisplay::VirtualDisplay() {
         throw std::runtime_error("no virtual display");
     }
     name_.pop_back();
-    windowManager_ = std::make_unique<Process>(std::vector<std::string>{"openbox"}, Environment{{"DISPLAY", name_}});
-    std::this_thread::sleep_for(300ms);
+    const Environment here{{"DISPLAY", name_}};
+    windowManager_ = std::make_unique<Process>(std::vector<std::string>{"openbox"}, here);
+    if (!eventually([&] { return contains(outputOf({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"}, here), "#"); })) {
+        throw std::runtime_error("no window manager");
+    }
 }
 
 ServerDesk::ServerDesk(const fs::path& folder) : folder_(folder) {
@@ -146,40 +155,35 @@ std::string Terminal::tool(std::initializer_list<std::string> arguments) const {
     return outputOf(command, environment_);
 }
 
+bool Terminal::findWindow(const std::string& title) {
+    window_ = tool({"search", "--onlyvisible", "--name", "^" + title + "$"});
+    window_ = window_.substr(0, window_.find('\n'));
+    return !window_.empty();
+}
+
 bool Terminal::waitForWindow(const std::string& title) {
+    return eventually([&] { return findWindow(title); });
+}
+
+/// The role of a form's window is the form's name, and " (disabled)" while it takes no input.
+bool Terminal::waitForForm(const std::string& form, const std::string& title, bool enabled) {
+    form_ = form;
+    const std::string role = "\"" + form + (enabled ? "" : " (disabled)") + "\"";
     return eventually([&] {
-        window_ = tool({"search", "--onlyvisible", "--name", "^" + title + "$"});
-        window_ = window_.substr(0, window_.find('\n'));
-        return !window_.empty();
+        return findWindow(title) && contains(outputOf({"xprop", "-id", window_, "WM_WINDOW_ROLE"}, environment_), role);
     });
 }
 
-bool Terminal::waitForForm(const std::string& form, const std::string& title) {
-    form_ = form;
-    const bool there = waitForWindow(title);
-    std::this_thread::sleep_for(200ms);
-    return there;
-}
-
-bool Terminal::waitForPage(int number) {
+bool Terminal::waitForPage(int number, bool enabled) {
     const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
-    return waitForForm("frm_CompInp" + std::to_string(number), "お客様情報設定 - " + button);
+    return waitForForm("frm_CompInp" + std::to_string(number), "お客様情報設定 - " + button, enabled);
 }
 
 bool Terminal::waitForPasswordDialog() { return waitForForm("frm_ChangePassword", "パスワード変更"); }
 
-bool Terminal::waitForConfirmation() {
-    form_ = "frm_ImgCommon";
-    const bool there = waitForWindow("画像変換確認");
-    std::this_thread::sleep_for(200ms);
-    return there;
-}
+bool Terminal::waitForConfirmation() { return waitForForm("frm_ImgCommon", "画像変換確認"); }
 
-bool Terminal::waitForNotice() {
-    const bool there = waitForWindow(kNoticeTitle);
-    std::this_thread::sleep_for(150ms);
-    return there;
-}
+bool Terminal::waitForNotice() { return waitForWindow(kNoticeTitle); }
 
 bool Terminal::windowGone(const std::string& title) const {
     return eventually([&] { return tool({"search", "--onlyvisible", "--name", "^" + title + "$"}).empty(); });
@@ -189,23 +193,46 @@ bool Terminal::noticeGone() const { return windowGone(kNoticeTitle); }
 
 int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", window_})); }
 
-void Terminal::toFront() const {
-    tool({"windowactivate", "--sync", window_});
-    std::this_thread::sleep_for(100ms);
+void Terminal::toFront() const { tool({"windowactivate", "--sync", window_}); }
+
+/// Keys go to the window that has the focus, and clicks to the one in front.
+void Terminal::waitForFocus() const {
+    if (!eventually([&] { return tool({"getwindowfocus"}) == window_; })) {
+        throw std::runtime_error("the window of " + form_ + " does not get the focus");
+    }
 }
 
-std::string Terminal::noticeText() {
-    key("ctrl+c");
-    return outputOf({"xclip", "-selection", "clipboard", "-o"}, environment_);
+void Terminal::putOnClipboard(const std::string& text) const {
+    const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
+    std::ofstream(file, std::ios::binary) << text;
+    outputOf({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);
+    fs::remove(file);
+    if (!eventually([&] { return clipboard() == text; })) {
+        throw std::runtime_error("the clipboard does not take a text");
+    }
 }
+
+std::string Terminal::clipboard() const { return outputOf({"xclip", "-selection", "clipboard", "-o"}, environment_); }
+
+std::string Terminal::copied() {
+    putOnClipboard(kNothingCopied);
+    key("ctrl+c");
+    std::string text;
+    if (!eventually([&] { return (text = clipboard()) != kNothingCopied; })) {
+        throw std::runtime_error("nothing can be copied from " + form_);
+    }
+    return text;
+}
+
+std::string Terminal::noticeText() { return copied(); }
 
 void Terminal::click(const std::string& control, int index) {
     for (const orv::Placement& place : orv::layoutOf(form_)) {
         if (place.control == control && place.index == index) {
             const int x = place.box.x + place.box.width / 2;
             const int y = place.box.y + place.box.height / 2;
+            waitForFocus();
             tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click", "1"});
-            std::this_thread::sleep_for(80ms);
             return;
         }
     }
@@ -214,31 +241,36 @@ void Terminal::click(const std::string& control, int index) {
 
 void Terminal::enter(const std::string& control, const std::string& text) {
     click(control);
+    putOnClipboard(text);
     key("ctrl+a");
-    if (text.empty()) {
-        key("Delete");
-        return;
-    }
-    const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
-    std::ofstream(file, std::ios::binary) << text;
-    outputOf({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);
-    fs::remove(file);
     key("ctrl+v");
+    key("ctrl+a");
+    if (const std::string entered = copied(); entered != text) {
+        throw std::runtime_error(control + " holds \"" + entered + "\" instead of \"" + text + "\"");
+    }
+    key("End");
 }
 
 void Terminal::key(const std::string& keys) {
+    waitForFocus();
     tool({"key", "--clearmodifiers", keys});
-    std::this_thread::sleep_for(80ms);
 }
 
 void Terminal::typeAscii(const std::string& text) {
+    waitForFocus();
     tool({"type", "--delay", "15", text});
-    std::this_thread::sleep_for(80ms);
 }
 
+/// Until two in a row are alike: the window is painted then.
 void Terminal::shot(const fs::path& picture) const {
-    std::this_thread::sleep_for(150ms);
-    outputOf({"import", "-window", window_, picture.string()}, environment_);
+    std::string before;
+    const bool still = eventually([&] {
+        outputOf({"import", "-window", window_, picture.string()}, environment_);
+        return std::exchange(before, contentOf(picture)) == before;
+    });
+    if (!still) {
+        throw std::runtime_error("the window of " + form_ + " is never painted");
+    }
 }
 
 void Terminal::shotOfScreen(const fs::path& picture) const {

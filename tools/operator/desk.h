@@ -76,9 +76,10 @@ public:
     void start(const std::string& argument);
     /// The same as a user whom rights bind, whoever runs this. The office must be open to all.
     void startUnprivileged(const std::string& argument);
-    /// Waits for the window of that title; false when it does not come in time. Its place is remembered.
+    /// Waits for the window of that title; false if it does not come. Keys go to this window from now on.
     [[nodiscard]] bool waitForWindow(const std::string& title);
-    [[nodiscard]] bool waitForPage(int number);
+    /// Waits until the page takes input, or until it is shown and takes none.
+    [[nodiscard]] bool waitForPage(int number, bool enabled = true);
     [[nodiscard]] bool waitForPasswordDialog();
     /// The dialog that fits a photo; its buttons can be clicked then.
     [[nodiscard]] bool waitForConfirmation();
@@ -93,9 +94,9 @@ public:
     /// What the notice on the screen says.
     std::string noticeText();
 
-    /// Clicks the middle of a control of the page on the screen.
+    /// Clicks the middle of a control of the page on the screen. This and all that follows waits for the focus first.
     void click(const std::string& control, int index = -1);
-    /// Replaces the content of a field by a text, which is pasted.
+    /// Replaces the content of a field by a text, which is pasted and read back.
     void enter(const std::string& control, const std::string& text);
     void key(const std::string& keys);
     void typeAscii(const std::string& text);
@@ -109,7 +110,13 @@ public:
     void kill();
 
 private:
-    [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title);
+    [[nodiscard]] bool findWindow(const std::string& title);
+    [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title, bool enabled = true);
+    void waitForFocus() const;
+    void putOnClipboard(const std::string& text) const;
+    std::string clipboard() const;
+    /// The selected text.
+    std::string copied();
     void start(std::vector<std::string> under, const std::string& argument);
     std::string tool(std::initializer_list<std::string> arguments) const;
 
@@ -120,7 +127,7 @@ private:
     std::string window_;
 };
 
-/// Waits until `condition` holds, at most ten seconds.
+/// Waits until `condition` holds; false if it does not within three minutes.
 [[nodiscard]] bool eventually(const std::function<bool()>& condition);
 
 }  // namespace desk

@@ -43,7 +43,7 @@ Process::Process(const std::vector<std::string>& command, const Environment& ext
 Process::~Process() {
     if (running()) {
         signal(SIGKILL);
-        wait(std::chrono::seconds(5));
+        wait(std::chrono::minutes(1));
     }
 }
 

@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kOwner = "keeper";
 constexpr ::uid_t kNobody = 65534;
+constexpr int kTries = 3600;  // 50 ms each
 
 std::string contentOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
@@ -80,7 +81,7 @@ void cleanUp(const fs::path& folder) {
     sendAll(folder, SIGCONT);
     if (server > 0) {
         ::kill(server, SIGQUIT);
-        for (int tries = 0; fs::exists(pidFile) && ::kill(server, 0) == 0 && tries < 100; ++tries) {
+        for (int tries = 0; fs::exists(pidFile) && ::kill(server, 0) == 0 && tries < kTries; ++tries) {
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
         }
         ::kill(server, SIGKILL);
@@ -186,9 +187,9 @@ void PrivateServer::listen() {
     start();
 }
 
-void PrivateServer::start() const { run("pg_ctl -D data -l server.log -w -s start"); }
+void PrivateServer::start() const { run("pg_ctl -D data -l server.log -w -t 180 -s start"); }
 
-void PrivateServer::stop(const std::string& mode) const { run("pg_ctl -D data -w -s -m " + mode + " stop"); }
+void PrivateServer::stop(const std::string& mode) const { run("pg_ctl -D data -w -t 180 -s -m " + mode + " stop"); }
 
 void PrivateServer::signalAll(int signal) const { sendAll(folder_, signal); }
 
@@ -201,7 +202,7 @@ void PrivateServer::startPooler() {
            "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
     run("pgbouncer -q -d pooler.ini");
     // It goes into the background before it listens.
-    for (int tries = 0; !fs::exists(folder_ / ".s.PGSQL.6432") && tries < 100; ++tries) {
+    for (int tries = 0; !fs::exists(folder_ / ".s.PGSQL.6432") && tries < kTries; ++tries) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }
 }

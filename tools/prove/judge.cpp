@@ -5,6 +5,7 @@
 #include <iostream>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace prove {
 namespace {
@@ -112,6 +113,7 @@ void Judge::learn() {
     records_.clear();
     filesBefore_ = ground_.files();
     isLearning_ = true;
+    ground_.giveUpAfter(kPatient);
     server_.misbehave("photos:status=500\ncompanies:status=500");
     errandUnder({}, ground_.company(), 0);
     ground_.comeBack();
@@ -142,9 +144,22 @@ void Judge::learn() {
     ground_.comeBack();
 }
 
-void Judge::fault(const std::string& what) {
-    ++faults_;
-    std::cout << "FAULT " << store_ << ", " << ground_.kind().name << ", " << point_ << ": " << what << std::endl;
+void Judge::judgePoint(const std::function<void()>& point) {
+    found_.clear();
+    ground_.giveUpAfter(kHasty);
+    point();
+    if (found_.empty()) {
+        return;
+    }
+    ground_.giveUpAfter(kPatient);
+    const std::vector<std::string> first = std::exchange(found_, {});
+    point();
+    faults_ += static_cast<int>(found_.size());
+    const bool isFault = !found_.empty();
+    for (const std::string& what : isFault ? found_ : first) {
+        std::cout << (isFault ? "FAULT " : "not with more time: ") << store_ << ", " << ground_.kind().name << ", "
+                  << point_ << ": " << what << std::endl;
+    }
 }
 
 void Judge::judgeStore() {

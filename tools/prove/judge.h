@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -29,7 +30,10 @@ protected:
     virtual void beforeErrand() {}
     void judgeDead(const Outcome& outcome);
     void judgeAlive(const Outcome& outcome);
-    void fault(const std::string& what);
+    void fault(const std::string& what) { found_.push_back(what); }
+    /// Runs a point with the hasty time limit. If something seems wrong, a stalled machine may have missed that limit:
+    /// the point is run again with the patient one, and what is wrong then is a fault.
+    void judgePoint(const std::function<void()>& point);
 
     OfficeGround& ground_;
     const desk::ServerDesk& server_;
@@ -55,6 +59,8 @@ private:
     /// All that an undisturbed errand goes through, with a server that takes the company and with one that does not.
     std::set<std::string> states_;
     bool isLearning_ = false;
+    /// What is wrong with the present point.
+    std::vector<std::string> found_;
     Files filesBefore_;
     Files filesBehind_;
     std::set<std::string> names_;

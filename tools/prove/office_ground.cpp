@@ -30,10 +30,15 @@ std::string photoName(int round, int slot) { return std::to_string(round) + std:
 
 OfficeGround::OfficeGround(const fs::path& folder, const std::string& serverPort)
     : folder_(folder), office_(folder / "office", serverPort) {
-    changeSettings("TIMEOUT=30000", "TIMEOUT=500");  // a server that does not answer is not worth half a minute
     makePhotos();
     copyFolders(orv(), folder_ / "first");
     eye_ = eyeOnFile(office_.store(), folder_ / "seen");
+}
+
+void OfficeGround::giveUpAfter(std::chrono::milliseconds limit) {
+    const std::string name = "\nTIMEOUT=";
+    changeSettings(name + std::to_string(limit_.count()) + "\r", name + std::to_string(limit.count()) + "\r");
+    limit_ = limit;
 }
 
 void OfficeGround::changeSettings(const std::string& usual, const std::string& other) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <initializer_list>
 #include <map>
@@ -29,6 +30,10 @@ using Files = std::map<std::string, std::string>;
 /// The name under which a journal beside the store is listed.
 inline constexpr const char* kJournal = "MDB/journal";
 
+/// Time limits: one that many silent servers cost little with, and one that no stalled machine misses.
+inline constexpr std::chrono::milliseconds kHasty{500};
+inline constexpr std::chrono::milliseconds kPatient{30000};
+
 /// An office in which a company can be brought back to how it was, and what of it can be seen past the program.
 class OfficeGround {
 public:
@@ -36,6 +41,9 @@ public:
 
     /// From now on the store is this one, and the file at its place says so.
     void reachServer(const std::string& text);
+    /// How long the program waits for an answer of the suite's server; kPatient at first.
+    void giveUpAfter(std::chrono::milliseconds limit);
+    std::chrono::milliseconds limit() const { return limit_; }
     /// Everywhere in the settings.
     void changeSettings(const std::string& usual, const std::string& other) const;
     void begin(const CompanyKind& kind);
@@ -75,6 +83,7 @@ private:
     std::filesystem::path folder_;
     desk::Office office_;
     std::unique_ptr<StoreEye> eye_;
+    std::chrono::milliseconds limit_ = kPatient;
     bool isServed_ = false;
     const CompanyKind* kind_ = nullptr;
     std::set<std::string> known_;

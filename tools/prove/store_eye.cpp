@@ -92,6 +92,7 @@ public:
 
 private:
     static constexpr const char* kTables[] = {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE", "TBL_LOCK"};
+    static constexpr int kTries = 180000;  // a millisecond each
 
     void refill(const std::string& into, const std::string& from) {
         for (const std::string table : kTables) {
@@ -121,7 +122,7 @@ private:
             "SELECT 1 FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid() "
             "AND backend_type = 'client backend'";
         for (int tries = 0; !ask(others).empty(); ++tries) {
-            if (tries == 5000) {
+            if (tries == kTries) {
                 throw std::runtime_error("a session of a dead program is still there");
             }
             std::this_thread::sleep_for(std::chrono::milliseconds(1));

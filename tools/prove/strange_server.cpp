@@ -19,9 +19,9 @@ namespace {
 
 using Then = Strangeness::Then;
 
-constexpr int kPatienceSeconds = 10;
+constexpr int kPatienceSeconds = 120;
 constexpr int kWaiting = 8;
-constexpr std::chrono::milliseconds kDribble{20};
+constexpr int kDribble = 1000;  // milliseconds
 constexpr std::string_view kHeadEnd = "\r\n\r\n";
 constexpr std::string_view kLength = "Content-Length: ";
 
@@ -145,9 +145,11 @@ public:
         while (std::chrono::steady_clock::now() < end && give(piece)) {
         }
     }
+    /// Until the other end has gone.
     void dribble(std::string_view bytes) const {
-        for (; !bytes.empty() && give(bytes.substr(0, 1)); bytes.remove_prefix(1)) {
-            std::this_thread::sleep_for(kDribble);
+        pollfd end{socket_, POLLRDHUP, 0};
+        while (!bytes.empty() && give(bytes.substr(0, 1)) && ::poll(&end, 1, kDribble) == 0) {
+            bytes.remove_prefix(1);
         }
     }
     void giveStrangely(const std::string& bytes, const Strangeness& how) const {

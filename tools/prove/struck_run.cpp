@@ -24,7 +24,7 @@
 namespace prove {
 namespace {
 
-constexpr unsigned kPatienceSeconds = 60;
+constexpr unsigned kPatienceSeconds = 900;
 constexpr int kEventOver = SIGUSR1;
 constexpr int kBeforeCall = SIGTRAP | (PTRACE_EVENT_SECCOMP << 8);
 constexpr int kBehindCall = SIGTRAP | 0x80;

@@ -10,7 +10,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds kPatience{15};
+/// So many of the program's time limits an errand may take.
+constexpr int kLimits = 30;
 
 }  // namespace
 
@@ -25,6 +26,27 @@ void Trial::run(const CompanyKind& kind) {
     }
 }
 
+/// False: the errand has fewer calls.
+bool Trial::strikeOnce(const Strike& strike, const std::string& name) {
+    point_ = name + " " + std::to_string(strike.at);
+    ground_.comeBack();
+    const auto begun = Clock::now();
+    const Outcome outcome = errandUnder(strike, ground_.company(), 0);
+    if (Clock::now() - begun > kLimits * ground_.limit()) {
+        fault("takes " + std::to_string(std::chrono::duration<double>(Clock::now() - begun).count()) + " s");
+    }
+    if (outcome.struck.empty()) {
+        return false;
+    }
+    point_ += " (" + outcome.struck.front() + ")";
+    if (outcome.killed) {
+        judgeDead(outcome);
+    } else {
+        judgeAlive(outcome);
+    }
+    return true;
+}
+
 void Trial::strikeEverywhere(Strike strike, const std::string& name) {
     const auto start = Clock::now();
     const int pointsBefore = points_;
@@ -32,24 +54,8 @@ void Trial::strikeEverywhere(Strike strike, const std::string& name) {
     instants_ = 0;
     bool wasStruck = true;
     for (strike.at = (step_ + 1) / 2; wasStruck; strike.at += step_) {
-        point_ = name + " " + std::to_string(strike.at);
-        ground_.comeBack();
-        const auto begun = Clock::now();
-        const Outcome outcome = errandUnder(strike, ground_.company(), 0);
-        if (Clock::now() - begun > kPatience) {
-            fault("takes " + std::to_string(std::chrono::duration<double>(Clock::now() - begun).count()) + " s");
-        }
-        wasStruck = !outcome.struck.empty();
-        if (!wasStruck) {
-            break;
-        }
-        ++points_;
-        point_ += " (" + outcome.struck.front() + ")";
-        if (outcome.killed) {
-            judgeDead(outcome);
-        } else {
-            judgeAlive(outcome);
-        }
+        judgePoint([&] { wasStruck = strikeOnce(strike, name); });
+        points_ += wasStruck ? 1 : 0;
     }
     const std::chrono::duration<double> taken = Clock::now() - start;
     std::cout << store_ << ", " << ground_.kind().name << ", " << name << ": " << points_ - pointsBefore << " points, "

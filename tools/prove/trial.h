@@ -13,6 +13,7 @@ public:
     void run(const CompanyKind& kind);
 
 private:
+    bool strikeOnce(const Strike& strike, const std::string& name);
     void strikeEverywhere(Strike strike, const std::string& name);
 
     int step_;

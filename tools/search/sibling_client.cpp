@@ -3,7 +3,7 @@
 namespace search {
 namespace {
 
-constexpr int kPatience = 3000;  // milliseconds
+constexpr int kPatience = 60000;  // milliseconds
 constexpr int kEnter = 13;
 
 }  // namespace

@@ -16,7 +16,7 @@ public:
     /// `hungUp` is called when the other side ends the work.
     void onHangUp(std::function<void()> hungUp);
     void setText(const QString& handle, const QString& text);
-    /// The last word: waits until the other side has taken it and hung up, three seconds at most.
+    /// The last word: waits until the other side has taken it and hung up, one minute at most.
     void pressKey(const QString& handle);
 
 private:

@@ -177,6 +177,7 @@ void FormWindow::orderTabs() {
     }
 }
 
+/// The role names the form and says if it takes no input, for whatever works the window from outside.
 void FormWindow::refresh() {
     setWindowTitle(toQt(form_.caption()));
     if (form_.enabled() && gate_) {
@@ -184,6 +185,7 @@ void FormWindow::refresh() {
     } else if (!form_.enabled() && !gate_) {
         gate_ = std::make_unique<InputGate>(*this);
     }
+    setWindowRole(toQt(form_.name() + (gate_ ? " (disabled)" : "")));
 }
 
 /// What the operator did while nothing could be done is dropped, not done afterwards.

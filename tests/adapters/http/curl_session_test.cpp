@@ -14,7 +14,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-HttpResponse get(const std::string& url, milliseconds timeout = milliseconds(5000)) {
+HttpResponse get(const std::string& url, milliseconds timeout = std::chrono::minutes(3)) {
     HttpRequest request;
     request.url = url;
     request.timeout = timeout;
@@ -82,7 +82,7 @@ TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {
     FolderFiles files{folder.path()};
     CurlHttpControl control{files};
     control.Version("HTTP/1.1");
-    control.Timeout(5000);
+    control.Timeout(180000);
     std::string everyByte(256 * 4096, '\0');
     std::iota(everyByte.begin(), everyByte.end(), '\0');
     const std::map<std::string, std::string> photos{{"---------COS00000000_02.jpg", everyByte},

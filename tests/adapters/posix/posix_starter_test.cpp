@@ -26,7 +26,7 @@ protected:
     /// What the started program has written, once it has.
     std::string output() const {
         using namespace std::chrono_literals;
-        for (int tries = 0; tries < 1000 && !office.has("out"); ++tries) {
+        for (int tries = 0; tries < 18000 && !office.has("out"); ++tries) {
             std::this_thread::sleep_for(10ms);
         }
         const std::string bytes = office.bytesOf("out");

@@ -27,9 +27,9 @@ public:
             return std::shared_ptr<void>(nullptr, [this, descriptor](void*) { readable_.erase(descriptor); });
         };
     }
-    /// Raises what is due, one event after the other, until `done`. False: it did not come within five seconds.
+    /// Raises what is due, one event after the other, until `done`. False: it does not come.
     bool until(const std::function<bool()>& done) {
-        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(3);
         while (!done() && std::chrono::steady_clock::now() < deadline) {
             turn();
         }

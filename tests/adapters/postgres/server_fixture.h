@@ -9,11 +9,20 @@
 
 namespace orv {
 
-inline constexpr ServerLimits kShortLimits = {
-    .patience = {.connect = std::chrono::milliseconds(1000), .answer = std::chrono::milliseconds(1000)},
-    .lock = std::chrono::milliseconds(300),
-    .statement = std::chrono::milliseconds(500),
-    .idle = std::chrono::milliseconds(400)};
+/// No stalled machine comes near these.
+inline constexpr ServerLimits kLongLimits = {
+    .patience = {.connect = std::chrono::minutes(3), .answer = std::chrono::minutes(3)},
+    .lock = std::chrono::minutes(3),
+    .statement = std::chrono::minutes(2),
+    .idle = std::chrono::minutes(3)};
+
+/// The long limits but for one, which the test is about to exceed.
+template <typename Change>
+ServerLimits butFor(Change change) {
+    ServerLimits limits = kLongLimits;
+    change(limits);
+    return limits;
+}
 
 /// The server that the tests of this program share; it ends with the program.
 inline PrivateServer& sharedServer() {

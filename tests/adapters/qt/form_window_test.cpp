@@ -139,7 +139,7 @@ TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
         EXPECT_TRUE(alive);
     };
     QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }, kPatience));
     EXPECT_NE(windowOf(next), nullptr);
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
@@ -77,7 +78,7 @@ protected:
     void show(Form& form) {
         place(form);
         forms.show(form);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(form)));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(form), kPatience));
     }
 
     QLineEdit* lineOf(const Control& control) const { return widgetOf<QLineEdit>(control); }
@@ -89,10 +90,11 @@ protected:
         return lineOf(control);
     }
 
-    /// The button's own key, pressed anywhere on the form; the button stays down for a while.
+    /// The button's own key, pressed anywhere on the form. The click comes when the button is up again.
     static void pressAccessKey(QWidget* anywhere) {
+        const auto* button = anywhere->window()->findChild<QAbstractButton*>("btm_Save");
         QTest::keyClick(anywhere, Qt::Key_S, Qt::AltModifier);
-        QTest::qWait(150);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !button->isDown(); }, kPatience));
     }
 
     /// Lets everything happen that is queued, deletions too.

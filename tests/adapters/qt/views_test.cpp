@@ -39,7 +39,7 @@ TEST_F(ViewsTest, ChoosingRaisesTheChoiceOnce) {
     box->showPopup();
     box->view()->setCurrentIndex(box->model()->index(2, 0));
     QTest::keyClick(box->view(), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return page.list.listIndex() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page.list.listIndex() == 2; }, kPatience));
     EXPECT_EQ(clicks, 2);
     box->showPopup();
     QTest::keyClick(box->view(), Qt::Key_Return);

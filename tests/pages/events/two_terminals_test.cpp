@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kCompanies = 10;
 constexpr int kShortRun = 2;  // seconds
-constexpr std::chrono::seconds kPatience(60);
+constexpr std::chrono::minutes kPatience(5);
 constexpr int kLongestStay = 8;  // milliseconds
 
 /// What a terminal has done, and how often it came into a company by the race of two that both saw it free.
@@ -47,7 +47,7 @@ protected:
         }
     }
 
-    /// Switches at random until the time is over and one has been in the other's way, and leaves.
+    /// Switches at random until the time is over, it has switched, and one has been in the other's way, and leaves.
     Tally work(int own, Clock::time_point end) {
         facts.computerName = "DESK0" + std::to_string(own);
         std::mt19937 random(static_cast<unsigned>(getpid()));
@@ -55,8 +55,10 @@ protected:
         start(companyAt(own) + ",1,0");
         store.watch = [&](const std::string& sql) { note(sql); };
         const std::string other = report(3 - own);
-        while (Clock::now() < end ||
-               (tally.refused == 0 && !std::filesystem::exists(other) && Clock::now() < end + kPatience)) {
+        const auto goesOn = [&] {
+            return tally.switches == 0 || (tally.refused == 0 && !std::filesystem::exists(other));
+        };
+        while (Clock::now() < end || (goesOn() && Clock::now() < end + kPatience)) {
             switchTo(companyAt(static_cast<int>(random() % kCompanies)), tally);
             std::this_thread::sleep_for(std::chrono::milliseconds(random() % kLongestStay));
         }
