@@ -10,12 +10,15 @@
 namespace orv {
 
 bool PF_FileCanOpen(const std::string& file) {
-    std::string name;
-    static_cast<void>(caught([&] { name = PF_StripQuotes(file); }));  // no name is no file
-    if (name.ends_with('\\')) {
-        name.pop_back();
-    }
-    return services().fileSystem->exists(name) && services().fileSystem->canOpen(name);
+    bool canOpen = false;
+    static_cast<void>(caught([&] {
+        std::string name = PF_StripQuotes(file);
+        if (name.ends_with('\\')) {
+            name.pop_back();
+        }
+        canOpen = services().fileSystem->exists(name) && services().fileSystem->canOpen(name);
+    }));  // a file that cannot be looked at is not sent
+    return canOpen;
 }
 
 std::string PF_StripQuotes(const std::string& text) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,8 @@ public:
     }
     /// What fails raises this instead, as no store should.
     std::optional<Failure> raised;
+    /// Why a rollback fails.
+    FailureRecord ofRollback = failure();
 
     /// Sees each statement before it runs.
     std::function<void(const std::string& sql)> watch;
@@ -46,7 +49,7 @@ public:
     /// Connections that are open.
     int open = 0;
 
-    FailureRecord DbError() const override { return injected_ ? failure() : real_.DbError(); }
+    FailureRecord DbError() const override { return injected_ ? told_ : real_.DbError(); }
     void DbReset() override {
         injected_ = false;
         real_.DbReset();
@@ -80,6 +83,7 @@ public:
     }
     void DbRollback(ConnectionPtr& connection, bool& ok) override {
         alsoWhenHit(Call::Rollback, ok, [&] { real_.DbRollback(connection, ok); });
+        told_ = ok ? told_ : ofRollback;
     }
     void DbCommit(ConnectionPtr& connection, bool& ok) override {
         unlessHit(Call::Commit, "", ok, [&] { real_.DbCommit(connection, ok); });
@@ -111,6 +115,7 @@ private:
             throw RunTimeError(*raised);
         }
         injected_ = injected_ || failing;
+        told_ = failing ? failure() : told_;
         return failing;
     }
     void unlessHit(Call call, const std::string& text, bool& ok, const std::function<void()>& real) {
@@ -129,16 +134,21 @@ private:
     DbService& real_;
     std::vector<Fault> faults_;
     bool injected_ = false;
+    FailureRecord told_ = failure();
 };
 
-/// Real files. A path that a test refuses can't be copied to or removed.
+/// Real files. A path that a test refuses can't be copied to or removed, one that it hides can't be looked at.
 class WatchedFiles : public PosixFiles {
 public:
     using PosixFiles::PosixFiles;
 
     void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
+    void hide(const std::string& path) { hidden_.insert(folded(path)); }
     void allowAll() { refused_.clear(); }
 
+    bool exists(const std::string& path) const override {
+        return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : PosixFiles::exists(path);
+    }
     void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
     void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
 
@@ -151,6 +161,7 @@ private:
     }
 
     std::map<std::string, Failure> refused_;
+    std::set<std::string> hidden_;
 };
 
 /// The settings of a real file, but for those that a test sets, by section and key.

@@ -46,6 +46,12 @@ TEST_F(ImageUpload, WhatIsThereGoesTheFirstPhotoFirst) {
     EXPECT_EQ(log() + gErrMsg + gErrCode, "");
 }
 
+TEST_F(ImageUpload, AFileThatCannotBeLookedAtIsPassedOver) {
+    files.hide(kFirst);
+    PF_ImageDataTransfer();
+    EXPECT_EQ(filesSent(), Names{kSecond});
+}
+
 TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
     for (const auto& [status, fails] : {std::pair{201, false}, {302, false}, {399, false}, {400, true}, {503, true}}) {
         clearPair();
