@@ -29,6 +29,8 @@ struct frm_ChangePassword : Form {
 
     /// The load has worked: the dialog may be shown.
     bool ready = false;
+    /// The last check has refused the texts and shown why. False after a check that failed.
+    bool refused = false;
 
     // clang-format off
     Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード", .look = LabelLook::Panel}};

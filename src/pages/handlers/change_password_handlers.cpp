@@ -1,6 +1,5 @@
 #include "pages/handlers/change_password_handlers.h"
 
-#include "core/record/globals.h"
 #include "images/form_view.h"
 #include "logging/handled.h"
 #include "pages/controls/page_set.h"
@@ -49,8 +48,7 @@ void btm_Entry_Click(frm_ChangePassword& dialog) {
             close(dialog);
             return true;
         }
-        // A refusal has told the operator itself and fills no pair.
-        return gErrMsg.empty() && gErrCode.empty();
+        return dialog.refused;
     });
 }
 

@@ -58,7 +58,8 @@ void closeStore() {
 
 /// Always false.
 bool refuse(const Fault& fault, frm_ChangePassword& dialog) {
-    if (showOrFail(fault.id, fault.args)) {
+    dialog.refused = showOrFail(fault.id, fault.args);
+    if (dialog.refused) {
         PF_SetFocusTo(&dialog.txt_Password[fault.field]);
     } else {
         closeStore();
@@ -71,6 +72,7 @@ bool refuse(const Fault& fault, frm_ChangePassword& dialog) {
 bool PF_CheckPwd() {
     return trapped("[ PF_CheckPwd ] ", [] {
         auto& dialog = page<frm_ChangePassword>();
+        dialog.refused = false;
         if (const std::optional<Fault> fault = faultIn(dialog)) {
             return refuse(*fault, dialog);
         }

@@ -75,6 +75,7 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
     const RecordedMessages::Shown length{"CHECK003", {kWanted, 5, 10}};
     const RecordedMessages::Shown different{"CHECK002", {kWanted, kAgain, "\r\n"}};
     startOn(0);
+    static_cast<void>(fail("older", "IMGERR:20150"));  // as a cancelled photo leaves the pair
     for (const Case& row : {
              Case{"", "", "x", missing, "txt_Password(0)"},
              {"Mihon01", "abcde", "abcde", wrong, "txt_Password(0)"},
@@ -95,6 +96,19 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
                   "mihon011mihon01");
     }
     EXPECT_EQ(log(), "");
+}
+
+TEST_F(ChangePassword, AFailureOfTheCheckIsReported) {
+    startOn(0);
+    inDialog([&] {
+        typeThree("mihon01", "abcde", "abcde");
+        store.fail(Call::Close);
+        store.raised = Failure::OutOfMemory;
+        click(dialog().btm_Entry);
+        store.mend();
+        expectReported("7", "[ PF_CheckPwd ] メモリが足りません。");
+        press(Qt::Key_Escape);
+    });
 }
 
 }  // namespace
