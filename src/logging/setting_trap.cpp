@@ -25,7 +25,7 @@ std::string setting(const std::function<std::optional<std::string>()>& body, con
 bool withSettings(const std::function<bool()>& body) {
     const unsigned before = unread;
     const bool result = body();
-    if (unread != before) {
+    if (result && unread != before) {
         throw RunTimeError(Failure::PathFileAccess, "設定ファイルを読めませんでした。もう一度実行してください。");
     }
     return result;

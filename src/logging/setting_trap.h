@@ -11,8 +11,8 @@ namespace orv {
 /// logged.
 std::string setting(const std::function<std::optional<std::string>()>& body, const std::string& onFailure = "");
 
-/// Runs `body`, and raises failure 75 where a setting could not be read meanwhile: what was worked out with a default
-/// in its place, such as that a photo has gone or that a field stays empty, is not to be kept.
+/// Runs `body`, and raises failure 75 if it succeeded although a setting could not be read: a result based on a
+/// default, such as a photo that seems to be missing, must not be kept. A failure of `body` itself is passed on.
 bool withSettings(const std::function<bool()>& body);
 
 }  // namespace orv

@@ -3,6 +3,7 @@
 
 #include "logging/handled.h"
 #include "logging/messages.h"
+#include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "support/fixture.h"
@@ -64,6 +65,17 @@ TEST_F(Logging, APathThatFailsToBeToldDoesNotRunInARound) {
     logError("1", "a");
     logError("2", "b");
     EXPECT_EQ(log(), record("1", "a") + record("2", "b"));
+}
+
+TEST_F(Logging, ASettingThatCannotBeReadFailsWhatSucceeded) {
+    settings.refuse("IMG", "LONG_W");
+    for (const auto& [result, code] : {std::pair{true, "75"}, {false, "C1"}}) {
+        const bool fine = trapped("", [result] {
+            return withSettings([result] { return com().IniImgW() == "0" && (result || fail("its own", "C1")); });
+        });
+        EXPECT_FALSE(fine);
+        EXPECT_EQ(gErrCode, code);
+    }
 }
 
 TEST_F(Logging, EveryExceptionIsARunTimeFailure) {
