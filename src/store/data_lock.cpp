@@ -1,6 +1,7 @@
 #include "store/data_lock.h"
 
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "logging/error_pair.h"
@@ -22,23 +23,27 @@ std::string PF_GetLocalInfo() {
     return trimmed(name);
 }
 
-/// The frame of the three routines: the store's failure goes before a pending one, both under the routine's own label.
-/// Without a computer name `body` does not run: a lock of nobody could never be released.
-bool withLocalName(std::string_view label, const std::function<bool(const std::string& localName)>& body) {
-    bool result = false;
-    const auto failure = caught([&] {
+/// Empty: no failure.
+using LockFailure = std::optional<FailureRecord>;
+
+/// The frame of the three routines: a failure of `body` is reported under the routine's own label, with the store's
+/// text if it has one. Without a computer name `body` does not run: a lock of nobody could never be released.
+bool withLocalName(std::string_view label, const std::function<LockFailure(const std::string& localName)>& body) {
+    LockFailure failure = FailureRecord();
+    const auto raised = caught([&] {
         const std::string localName = PF_GetLocalInfo();
-        result = !localName.empty() && body(localName);
+        if (!localName.empty()) {
+            failure = body(localName);
+        }
     });
-    if (result) {
-        return true;
+    if (raised) {
+        failure = services().db->DbError();
     }
-    FailureRecord record = services().db->DbError();
-    if (record.text.empty()) {
-        record =
-            failure ? FailureRecord{failure->description(), std::to_string(failure->number())} : FailureRecord{"", "0"};
+    if (failure && failure->text.empty()) {
+        failure =
+            raised ? FailureRecord{raised->description(), std::to_string(raised->number())} : FailureRecord{"", "0"};
     }
-    return fail(std::string(label) + record.text, record.code);
+    return !failure || fail(std::string(label) + failure->text, failure->code);
 }
 
 /// A computer's name may hold an apostrophe.
@@ -88,23 +93,23 @@ std::int16_t bas_DataLock::PF_DataLockCheck(const std::string& userId, const std
                                             const std::string& propertyNo, std::string& holder) {
     holder.clear();
     std::int16_t state = kLockFailed;
-    const bool told = withLocalName("[ PF_DataLockCheck ] ", [&](const std::string& localName) {
+    const bool known = withLocalName("[ PF_DataLockCheck ] ", [&](const std::string& localName) {
         const Rows rows(selectHolder(userId, typeCode, propertyNo));
         if (!rows.ok()) {
-            return false;
+            return LockFailure(services().db->DbError());
         }
         if (rows->Eof()) {
             state = kNotLocked;
-            return true;
+            return LockFailure();
         }
         const std::string found = toText(rows->Fields("LOCAL_INFO"));
         state = found == localName ? kLockedHere : kLockedElsewhere;
         if (state == kLockedElsewhere) {
             holder = trimmed(found);
         }
-        return true;
+        return LockFailure();
     });
-    return told ? state : kLockFailed;
+    return known ? state : kLockFailed;
 }
 
 bool bas_DataLock::PF_DataUnlock(const std::string& userId, const std::string& typeCode,
@@ -114,12 +119,11 @@ bool bas_DataLock::PF_DataUnlock(const std::string& userId, const std::string& t
     });
 }
 
+/// Removes the old row first. A failure of that is reported under this routine's label too.
 bool bas_DataLock::PF_DataLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
-    if (!PF_DataUnlock(userId, typeCode, propertyNo)) {
-        return false;
-    }
     return withLocalName("[ PF_DataLock ] ", [&](const std::string& localName) {
-        return changeOnce(insertLock(userId, typeCode, propertyNo, localName));
+        const LockFailure failure = changeOnce(deleteLock(userId, typeCode, propertyNo, localName));
+        return failure ? failure : changeOnce(insertLock(userId, typeCode, propertyNo, localName));
     });
 }
 

@@ -30,14 +30,16 @@ bool Transaction::rollback() {
     return ok;
 }
 
-bool changeOnce(const std::string& sql) {
+std::optional<FailureRecord> changeOnce(const std::string& sql) {
     Transaction transaction;
-    if (!transaction.begin()) {
-        return false;
-    }
     std::int32_t rows = -1;
-    services().db->DbExecute(gConn, sql, rows);
-    return rows >= 0 && transaction.commit();
+    if (transaction.begin()) {
+        services().db->DbExecute(gConn, sql, rows);
+    }
+    if (rows >= 0 && transaction.commit()) {
+        return std::nullopt;
+    }
+    return services().db->DbError();
 }
 
 }  // namespace orv

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
+
+#include "platform/suite/failure_record.h"
 
 namespace orv {
 
@@ -21,7 +24,8 @@ private:
     bool open_ = false;
 };
 
-/// One statement in a transaction of its own; how many rows it touches does not matter. False: `DbError` tells why.
-[[nodiscard]] bool changeOnce(const std::string& sql);
+/// Runs one statement in a transaction of its own, whatever number of rows it touches. Empty when it has been
+/// committed, else the store's failure; a failure of the rollback that follows does not replace it.
+[[nodiscard]] std::optional<FailureRecord> changeOnce(const std::string& sql);
 
 }  // namespace orv

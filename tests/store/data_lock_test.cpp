@@ -62,6 +62,15 @@ TEST_F(Lock, AComputersNameMayHoldAnApostrophe) {
     EXPECT_EQ(check("U"), kNotLocked);
 }
 
+TEST_F(Lock, ARefusedCommitIsUndoneAndNamesTheFailure) {
+    store.ofRollback = {"取り消しの故障", "DB:78"};
+    store.fail(Call::Commit);
+    store.fail(Call::Rollback);
+    EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber));
+    EXPECT_EQ(gErrMsg + gErrCode, "[ PF_DataLock ] ストアの故障DB:77");
+    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber)) << gErrMsg;
+}
+
 TEST_F(Lock, WhoHoldsACompany) {
     struct Case {
         std::string type, computer;
@@ -108,7 +117,7 @@ TEST_F(Lock, WithoutAComputerNameNoStatementRuns) {
     EXPECT_FALSE(PF_DataUnlock("U", kLockType, kLockNumber));
     EXPECT_EQ(gErrMsg, "[ PF_DataUnlock ] ");
     EXPECT_FALSE(PF_DataLock("U", kLockType, kLockNumber));
-    EXPECT_EQ(gErrMsg, "[ PF_DataUnlock ] ") << "it unlocks first";
+    EXPECT_EQ(gErrMsg, "[ PF_DataLock ] ");
     EXPECT_EQ(store.statements, std::vector<std::string>{});
     facts.computerName = std::string("DESK09\0\0\0", 9);
     EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));

@@ -131,7 +131,7 @@ TEST_F(Load, WhatStopsALoad) {
     for (const auto& [call, part, text] : std::to_array<std::tuple<Call, const char*, const char*>>({
              {Call::Open, "", "ストアの故障"},
              {Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障"},
-             {Call::Execute, "delete", "[ PF_DataUnlock ] ストアの故障"},
+             {Call::Execute, "delete", "[ PF_DataLock ] ストアの故障"},
              {Call::Execute, "insert", "[ PF_DataLock ] ストアの故障"},
              {Call::Select, "LEFT JOIN", "ストアの故障"},
          })) {

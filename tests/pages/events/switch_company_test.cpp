@@ -75,7 +75,7 @@ constexpr auto kSteps = std::to_array<Step>({
     {"look", Call::Select, "select LOCAL_INFO", 1, "[ PF_DataLockCheck ] ストアの故障", true, true, false},
     {"left over", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, true, true},
     {"release", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, false},
-    {"clear", Call::Execute, "delete from TBL_LOCK", 2, "[ PF_DataUnlock ] ストアの故障", true, false, false},
+    {"clear", Call::Execute, "delete from TBL_LOCK", 2, "[ PF_DataLock ] ストアの故障", true, false, false},
     {"take", Call::Execute, "insert into TBL_LOCK", 1, "[ PF_DataLock ] ストアの故障", true, false, false},
     {"load", Call::Select, "LEFT JOIN", 1, "ストアの故障", false, false, true},
     {"fill", Call::Select, "", 0, " ] メモリが足りません。", false, false, true, false, false, true},
