@@ -9,6 +9,7 @@
 #include "platform/machine/clock.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
+#include "platform/upper_case.h"
 #include "platform/value.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
@@ -45,14 +46,6 @@ std::string keyOf(const std::array<LeafletFolder, Count>& rows, std::string_view
 std::string leafletKey(const std::string& code) {
     const std::string kind = code.substr(0, 2);
     return kind == "SH" ? keyOf(kByWholeCode, trimmed(code)) : keyOf(kByFirstTwo, kind);
-}
-
-/// Letters fold in ASCII only, as names of the install do.
-std::string upperCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 32) : letter;
-    });
-    return text;
 }
 
 std::string replaced(std::string text, std::string_view from, std::string_view to) {

@@ -86,6 +86,12 @@ TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
         EXPECT_EQ(com().SysSystemIni(), file);
     }
     dropSharedSettings();
+    registryIs("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ｏrv_μёⅳ社");
+    EXPECT_EQ(com().SysKcount(), "C:\\ＯRV_ΜЁⅣ社\\SYS\\Kcount.ini");
+    std::filesystem::create_directories(office.root() + "/C/ｏrv_μёⅳ社/sys");
+    writeFile(office.root() + "/C/ｏrv_μёⅳ社/sys/Kcount.ini", "");
+    EXPECT_TRUE(files.exists(com().SysKcount()));
+    dropSharedSettings();
     registryIs("");
     EXPECT_EQ(com().SysSystemIni(), "C:\\ORV\\BIN\\..\\SYS\\system.ini");
     EXPECT_EQ(com().P_GetInstallFolderPath(), "C:\\ORV\\BIN\\");

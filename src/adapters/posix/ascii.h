@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// Letters fold in ASCII only: names of files, keys and machines do not depend on a locale.
+/// Keys and names of machines compare without regard to the case of ASCII letters, whatever the locale.
 constexpr char foldAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 inline std::string upperAscii(std::string text) {

@@ -11,6 +11,7 @@
 
 #include "adapters/posix/ascii.h"
 #include "platform/run_time_error.h"
+#include "platform/upper_case.h"
 
 namespace orv {
 namespace {
@@ -48,10 +49,11 @@ bool isThere(const std::string& nativePath) {
 /// same one. Empty: there is none.
 std::string inOtherCase(const std::string& folder, std::string_view name) {
     std::string found;
+    const std::string wanted = upperCase(name);
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), &::closedir);
     while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr) {
         const std::string_view candidate = entry->d_name;
-        if (sameFolded(candidate, name) && (found.empty() || candidate < found)) {
+        if (upperCase(candidate) == wanted && (found.empty() || candidate < found)) {
             found = candidate;
         }
     }

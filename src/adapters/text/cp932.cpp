@@ -22,7 +22,7 @@ constexpr unsigned kCodes = 0x10000;
 
 /// Bytes that the C library refuses and Windows takes for a character each.
 constexpr auto kSingleBytes = std::to_array<std::pair<std::uint16_t, char16_t>>(
-    {{0x80, 0x0080}, {0xA0, 0x00A0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
+    {{0x80, 0x0080}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
 
 constexpr bool isLead(unsigned byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
 constexpr bool isTrail(unsigned byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }

@@ -27,7 +27,7 @@ constexpr auto kThereAndBack = std::to_array<Pair>({
     {"ⅰ￤＇＂", "\xFA\x40\xFA\x55\xFA\x56\xFA\x57"},
     {"髙﨑纊黑", "\xFB\xFC\xFA\xB1\xFA\x5C\xFC\x4B"},
     {"\uE000\uE757", "\xF0\x40\xF9\xFC"},
-    {"\u0080\u00A0\uF8F1\uF8F2\uF8F3", "\x80\xA0\xFD\xFE\xFF"},
+    {"\u0080\uF8F0\uF8F1\uF8F2\uF8F3", "\x80\xA0\xFD\xFE\xFF"},
 });
 
 TEST(Cp932, GoesThereAndBack) {
@@ -40,7 +40,7 @@ TEST(Cp932, GoesThereAndBack) {
 
 TEST(Cp932, WritesOneQuestionMarkForWhatItLacks) {
     const Cp932 page;
-    for (const std::string_view text : {"〜", "−", "¥", "é", "𠮷", "\uE758", "\xFF"}) {
+    for (const std::string_view text : {"〜", "−", "¥", "é", "𠮷", "\uE758", "\u00A0", "\xFF"}) {
         EXPECT_EQ(page.encode(std::string(text)), "?") << text;
     }
     EXPECT_EQ(page.encode("\x81あ\xE3\x81"), "?\x82\xA0??");
