@@ -9,11 +9,12 @@ namespace orv {
 inline constexpr int kTabDantaiName = kTabFields + 1;
 inline constexpr int kTabBehindDantaiName = kTabFields + 2;
 
-constexpr std::array<NumberDesign, 3> licenceDate(std::string_view behindTheDay, std::string_view year,
-                                                  std::string_view month, std::string_view day) {
-    return {{{.unit = "年", .least = 1, .most = 9999, .back = kRequiredField, .spokenName = year},
-             {.unit = "月", .least = 1, .most = 12, .back = kRequiredField, .spokenName = month},
-             {.unit = behindTheDay, .least = 1, .most = 31, .back = kRequiredField, .spokenName = day}}};
+constexpr std::array<NumberDesign, 3> licenceDate(std::string_view monthFormat, std::string_view behindTheDay,
+                                                  std::string_view year, std::string_view month, std::string_view day) {
+    return {
+        {{.unit = "年", .least = 1, .most = 9999, .format = "####;;;", .back = kRequiredField, .spokenName = year},
+         {.unit = "月", .least = 1, .most = 12, .format = monthFormat, .back = kRequiredField, .spokenName = month},
+         {.unit = behindTheDay, .least = 1, .most = 31, .format = "##;;;", .back = kRequiredField, .spokenName = day}}};
 }
 
 constexpr std::array<CheckDesign, 7> dantaiBoxes() {
@@ -39,9 +40,9 @@ struct frm_CompInp1 : PageForm {
     TextInput txt_License_no_Dai{*this, "txt_License_no_Dai", {.unit = "第", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の更新回数"}};
     TextInput txt_License_No_Go{*this, "txt_License_No_Go", {.unit = "号", .mask = "9", .limit = characters(6), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の号"}};
     ComboBox cbo_Get_License_Nengou{*this, "cbo_Get_License_Nengou", {.caption = "免許証有効期限："}};
-    ControlArray<NumberInput, 3> txt_Get_License_Date{*this, "txt_Get_License_Date", licenceDate("日～", "有効期限開始の年", "有効期限開始の月", "有効期限開始の日")};
+    ControlArray<NumberInput, 3> txt_Get_License_Date{*this, "txt_Get_License_Date", licenceDate("##;;;", "日～", "有効期限開始の年", "有効期限開始の月", "有効期限開始の日")};
     ComboBox cbo_Valid_License_Nengou{*this, "cbo_Valid_License_Nengou", {.spokenName = "有効期限終了の年号"}};
-    ControlArray<NumberInput, 3> txt_Valid_License_Date{*this, "txt_Valid_License_Date", licenceDate("日", "有効期限終了の年", "有効期限終了の月", "有効期限終了の日")};
+    ControlArray<NumberInput, 3> txt_Valid_License_Date{*this, "txt_Valid_License_Date", licenceDate("##", "日", "有効期限終了の年", "有効期限終了の月", "有効期限終了の日")};
 
     Label lbl_Dantai_Name_Title{*this, "lbl_Dantai_Name_Title", {.caption = "加盟団体："}};
     ControlArray<CheckBox, 7> chk_Dantai{*this, "chk_Dantai", dantaiBoxes()};

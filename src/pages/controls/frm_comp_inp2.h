@@ -31,7 +31,7 @@ struct frm_CompInp2 : PageForm {
     TextInput txt_Thiho_Minutes{*this, "txt_Thiho_Minutes", {.caption = "停歩：", .unit = "分", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kOptionalField}};
     TextInput txt_Car_Target{*this, "txt_Car_Target", {.caption = "車利用：", .limit = bytes(24), .ime = Ime::On, .back = kOptionalField}};
     TextInput txt_Car_Minutes{*this, "txt_Car_Minutes", {.unit = "分", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kOptionalField, .spokenName = "車での所要時間"}};
-    NumberInput txt_Car_Distance{*this, "txt_Car_Distance", {.unit = "Km", .least = 0, .most = 99.9, .decimals = 1, .back = kOptionalField, .spokenName = "車での距離"}};
+    NumberInput txt_Car_Distance{*this, "txt_Car_Distance", {.unit = "Km", .least = 0, .most = 99.9, .decimals = 1, .format = "#0.#;;;0", .display = "##.#;;", .back = kOptionalField, .spokenName = "車での距離"}};
     TextInput txt_Tiku_Code{*this, "txt_Tiku_Code", {.back = kOptionalField, .visible = false}};
 
     TextInput txt_Company_URL{*this, "txt_Company_URL", {.caption = "ﾎｰﾑﾍﾟｰｼﾞURL：", .mask = "aA9#@", .limit = characters(96), .ime = Ime::Disabled, .back = kOptionalField}};

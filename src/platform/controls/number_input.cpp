@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/controls/input_rules.h"
+#include "platform/controls/number_format.h"
 #include "platform/number_text.h"
 #include "platform/run_time_error.h"
 
@@ -14,6 +15,10 @@ NumberInput::NumberInput(ControlOwner& owner, std::string_view name, const Numbe
 }
 
 std::string NumberInput::text() const { return value_.isNull() ? std::string() : toText(value_); }
+
+std::string NumberInput::shown(bool hasFocus) const {
+    return formatNumber(value_, hasFocus || design_.display.empty() ? design_.format : design_.display);
+}
 
 void NumberInput::setText(const std::string& text) {
     Value next;

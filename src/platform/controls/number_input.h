@@ -14,6 +14,10 @@ struct NumberDesign {
     double least = 0;
     double most = 0;
     int decimals = 0;
+    /// How the number is shown (number_format.h): `format` while the field has the focus, else `display`, or `format`
+    /// where that is empty.
+    std::string_view format = {};
+    std::string_view display = {};
     std::optional<Colour> back = {};
     /// What assistive technology reads where the field has no caption of its own.
     std::string_view spokenName = {};
@@ -27,8 +31,10 @@ public:
     const NumberDesign& numberDesign() const { return design_; }
     /// A number or null.
     const Value& value() const { return value_; }
-    /// The number as it stands on the screen; empty for null.
+    /// The plain number; empty for null.
     std::string text() const;
+    /// The number as the screen shows it, in the field's format.
+    std::string shown(bool hasFocus) const;
     /// A blank text is null. Failure 13 for another text that is no number, 380 for a number out of its range;
     /// the value then stays.
     void setText(const std::string& text);

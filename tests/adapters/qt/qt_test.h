@@ -45,6 +45,8 @@ struct SamplePage : Form {
     TextInput open{*this, "txt_Open", {}};
     TextInput secret{*this, "txt_Secret", {.caption = "パスワード：", .ime = Ime::Disabled, .password = true}};
     NumberInput year{*this, "txt_Year", {.caption = "年：", .least = 1, .most = 9999}};
+    NumberInput distance{
+        *this, "txt_Distance", {.least = 0, .most = 99.9, .decimals = 1, .format = "#0.#;;;0", .display = "##.#;;"}};
     ComboBox list{*this, "cbo_List", {.caption = "一覧："}};
     CheckBox tick{*this, "chk_Tick", {.caption = "上記と同じ", .back = Colour{0xffdddd}}};
     Label panel{*this, "lbl_Panel", {.caption = "12", .look = LabelLook::Panel, .spokenName = "件数"}};

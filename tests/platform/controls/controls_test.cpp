@@ -2,6 +2,7 @@
 
 #include "platform/controls/combo_box.h"
 #include "platform/controls/input_rules.h"
+#include "platform/controls/number_format.h"
 #include "platform/utf8.h"
 #include "support/form_test.h"
 
@@ -112,6 +113,36 @@ TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
     EXPECT_EQ(list.listIndex(), 0);
     EXPECT_EQ(list.list(1), "") << "one past the end is read by the page fill";
     EXPECT_EQ(raised, 0);
+}
+
+TEST_F(Controls, ANumberIsShownAsItsFormatSays) {
+    struct Case {
+        Value number;
+        const char* format;
+        const char* shown;
+    };
+    for (const Case& c : {
+             Case{0.0, "##.#;;", ""},
+             {5.0, "##.#;;", "5"},
+             {0.5, "##.#;;", ".5"},
+             {99.9, "##.#;;", "99.9"},
+             Case{{}, "##.#;;", ""},
+             {0.0, "#0.#;;;0", "0"},
+             {0.5, "#0.#;;;0", "0.5"},
+             {{}, "#0.#;;;0", "0"},
+             Case{2030, "####;;;", "2030"},
+             {{}, "####;;;", ""},
+             {12, "##", "12"},
+             {123, "##", "123"},
+             Case{-2, "#;;", "-2"},
+             {-2, "#;0.0;", "2.0"},
+             {0, "#;#;00", "00"},
+             {3, "000.0#", "003.0"},
+             Case{1.5, "", "1.5"},
+             {{}, "", ""},
+         }) {
+        EXPECT_EQ(formatNumber(c.number, c.format), c.shown) << c.format;
+    }
 }
 
 TEST_F(Controls, AFormThatItsOwnLoadUnloadsIsNotShown) {

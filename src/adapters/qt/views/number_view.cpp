@@ -16,13 +16,22 @@ QString numberSigns(const QString& offered) {
     return signs;
 }
 
-/// The up and down keys count.
+/// The up and down keys count. `focus` is called when the focus has come or gone.
 class NumberField : public EntryField {
 public:
     using EntryField::EntryField;
     std::function<void(int)> count;
+    std::function<void()> focus;
 
 protected:
+    void focusInEvent(QFocusEvent* event) override {
+        focus();
+        EntryField::focusInEvent(event);
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        EntryField::focusOutEvent(event);
+        focus();
+    }
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
             count(event->key() == Qt::Key_Up ? 1 : -1);
@@ -41,28 +50,38 @@ public:
         field_.setAttribute(Qt::WA_InputMethodEnabled, false);
         field_.admitBy([](const QString&, const QString& offered) { return numberSigns(offered); });
         field_.count = [this](int step) { countBy(step); };
+        field_.focus = [this] { follow(); };
     }
 
-    void commit() override { take(field_.text()); }
+    void commit() override {
+        if (field_.isModified()) {
+            take(field_.text());
+        }
+    }
 
 private:
     void show() override {
         paintWith(QPalette::Base, QPalette::Text);
-        if (shown_ != toQt(number_.text())) {
+        if (known_ != number_.value()) {
             showValue();
         }
     }
 
     void showValue() {
-        shown_ = toQt(number_.text());
-        field_.setText(shown_);
+        known_ = number_.value();
+        field_.setText(toQt(number_.shown(field_.hasFocus())));
+    }
+
+    /// The format of the number changes with the focus. What is being typed stays, as under a menu of the field.
+    void follow() {
+        const QString text = toQt(number_.shown(field_.hasFocus()));
+        if (!released() && !field_.isModified() && field_.text() != text) {
+            field_.setText(text);
+        }
     }
 
     /// Taken or refused, the field shows the value that stands then.
     void take(const QString& text) {
-        if (text == shown_) {
-            return;
-        }
         [[maybe_unused]] const bool taken = number_.typed(text.toStdString());
         showValue();
     }
@@ -70,13 +89,13 @@ private:
     void countBy(int step) {
         commit();
         const NumberDesign& design = number_.numberDesign();
-        const double next = number_.value().isNull() ? design.least : shown_.toDouble() + step;
+        const double next = number_.value().isNull() ? design.least : toQt(number_.text()).toDouble() + step;
         take(QString::number(std::clamp(next, design.least, design.most)));
     }
 
     NumberInput& number_;
     NumberField& field_;
-    QString shown_;
+    Value known_;
 };
 
 }  // namespace
