@@ -1,7 +1,9 @@
 #include "validation/check_input_data.h"
 
 #include <array>
+#include <optional>
 
+#include "core/record/globals.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "pages/common/control_helpers.h"
@@ -35,16 +37,34 @@ void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusa
     tell("COS19800", {refusal.text});
 }
 
-bool checkPages(PageForm& currentForm) {
-    Refusal refusal;
+/// Keeps `gChecking` set while in scope.
+class Checking {
+public:
+    Checking() { gChecking = true; }
+    Checking(const Checking&) = delete;
+    Checking& operator=(const Checking&) = delete;
+    ~Checking() { gChecking = false; }
+};
+
+/// The first page that does not pass; empty when all do.
+std::optional<std::int16_t> failingPage(Refusal& refusal) {
+    const Checking checking;
     for (const PageCheck& page : kChecks) {
         refusal.text.clear();
         if (!page.check(refusal)) {
-            takeToFault(page.page, currentForm, refusal);
-            return false;
+            return page.page;
         }
     }
-    return true;
+    return std::nullopt;
+}
+
+bool checkPages(PageForm& currentForm) {
+    Refusal refusal;
+    const std::optional<std::int16_t> page = failingPage(refusal);
+    if (page) {
+        takeToFault(*page, currentForm, refusal);
+    }
+    return !page;
 }
 
 }  // namespace

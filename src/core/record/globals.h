@@ -27,6 +27,7 @@ struct Context {
     bool gAddressByMaster = false;
     bool gSaved = false;
     bool gSaving = false;
+    bool gChecking = false;
 
     std::optional<FailureRecord> gLoadFailure;
     std::string gGivenNumber;
@@ -62,6 +63,8 @@ inline constinit bool& gAddressByMaster = theContext.gAddressByMaster;
 inline constinit bool& gSaved = theContext.gSaved;
 /// A save is running: a change of the company list is its own.
 inline constinit bool& gSaving = theContext.gSaving;
+/// The pages are being checked for a save. Nothing in the program reads it.
+inline constinit bool& gChecking = theContext.gChecking;
 /// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
 /// is never written.
 inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFailure;

@@ -31,11 +31,17 @@ TEST_F(CheckInput, TheFirstPageWithAFaultIsShownWhereverTheOperatorIs) {
 
 TEST_F(CheckInput, ARunTimeFailureOfAPageIsShownAsAnEmptyRefusal) {
     startOn(3);
+    std::vector<bool> checking;
+    messages.onShow = [&] { checking.push_back(gChecking); };
+    tCustomerInfo.KOUTORI_FLG.assign(16, '0');
+    EXPECT_TRUE(PF_CheckInputData(screen())) << "after a question";
     tCustomerInfo.SAME_CHECK = "x";
     EXPECT_FALSE(PF_CheckInputData(screen()));
     ASSERT_FALSE(messages.shown.empty());
     EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COS19800", {""}}));
     EXPECT_EQ(screen().number, 0);
+    EXPECT_TRUE(checking.front());
+    EXPECT_FALSE(checking.back() || gChecking);
 }
 
 }  // namespace
