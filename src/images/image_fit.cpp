@@ -60,6 +60,7 @@ bool fit(ImageControl& image, bool& changed) {
         scaleTo(image, followingSide(width, height, limitHeight), toInteger(limitHeight));
     }
     image.setAutoRepaint(true);
+    image.setAutoScroll(true);
     return true;
 }
 

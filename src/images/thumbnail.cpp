@@ -12,11 +12,19 @@ namespace {
 /// The most device pixels that a design pixel takes on a side of any screen.
 constexpr int kSharpest = 4;
 
+void uncover(ImageControl& image) {
+    image.setAutoRepaint(true);
+    image.setAutoScroll(true);
+    image.setVisible(true);
+}
+
 /// The control is not repainted while its parts do not fit each other; it is again on every way out.
 class Covered {
 public:
     explicit Covered(ImageControl& image) : image_(image), width_(image.width()), height_(image.height()) {
         image_.setAutoRepaint(false);
+        image_.setAutoScroll(false);
+        image_.setBackErase(false);
         image_.setVisible(false);
     }
     Covered(const Covered&) = delete;
@@ -24,8 +32,7 @@ public:
     ~Covered() {
         image_.setHeight(height_);
         image_.setWidth(width_);
-        image_.setAutoRepaint(true);
-        image_.setVisible(true);
+        uncover(image_);
     }
 
 private:
@@ -53,8 +60,7 @@ void takeProportions(ImageControl& image) {
 bool bas_Image::PF_Thumbnail(ImageControl& image, const std::string& file) {
     return trapped("[ PF_Thumbnail ] ", [&] {
         if (trimmed(file).empty() || !services().fileSystem->exists(file)) {
-            image.setAutoRepaint(true);
-            image.setVisible(true);
+            uncover(image);
             return true;
         }
         const Covered covered(image);

@@ -1,5 +1,7 @@
 #include "platform/controls/image_control.h"
 
+#include <algorithm>
+
 #include "platform/run_time_error.h"
 #include "platform/services.h"
 
@@ -41,6 +43,7 @@ int ImageControl::bitmapHeight() const { return loaded().height(); }
 
 void ImageControl::setDstRect(const Box& box) {
     dstRect_ = box;
+    scrolled_ = {};
     repaint();
 }
 
@@ -52,6 +55,20 @@ void ImageControl::setDstClipRect(const Box& box) {
 void ImageControl::setAutoRepaint(bool on) {
     autoRepaint_ = on;
     repaint();
+}
+
+void ImageControl::setAutoScroll(bool on) {
+    autoScroll_ = on;
+    scrolled_ = {};
+    repaint();
+}
+
+void ImageControl::scrollBy(int right, int down) {
+    if (autoScroll_) {
+        scrolled_.x = std::clamp(scrolled_.x + right, 0, std::max(0, dstRect_.right() - width()));
+        scrolled_.y = std::clamp(scrolled_.y + down, 0, std::max(0, dstRect_.bottom() - height()));
+        repaint();
+    }
 }
 
 void ImageControl::drop(const std::string& file) {

@@ -58,6 +58,17 @@ public:
 
     /// Repaints after each change while on; a change to on repaints at once.
     void setAutoRepaint(bool on);
+    /// Whether a repaint clears the whole control first, or only what the picture does not cover.
+    bool backErase() const { return backErase_; }
+    void setBackErase(bool on) { backErase_ = on; }
+    /// Whether the operator can scroll to the part of the destination that is outside the control.
+    void setAutoScroll(bool on);
+    /// The operator scrolls by that many design pixels. Does nothing unless scrolling is on.
+    void scrollBy(int right, int down);
+    /// The destination, moved by what has been scrolled.
+    Box scrolledRect() const {
+        return {dstRect_.x - scrolled_.x, dstRect_.y - scrolled_.y, dstRect_.width, dstRect_.height};
+    }
 
     /// Whether the operator may drop a file on it.
     bool acceptsDrops() const { return acceptsDrops_; }
@@ -78,7 +89,10 @@ private:
     PictureInfo info_;
     Box dstRect_;
     Box dstClipRect_;
+    Point scrolled_;
     bool autoRepaint_ = true;
+    bool backErase_ = true;
+    bool autoScroll_ = false;
     bool acceptsDrops_ = false;
     std::string_view spokenName_;
 };

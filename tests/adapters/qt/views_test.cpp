@@ -94,6 +94,15 @@ TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCutAndAgainAsItWas) {
     EXPECT_EQ(image.pixelColor(27, 8), empty);
     const std::vector<std::uint32_t> inItsPlace(200, 0xff00ff00U);
     EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), image) << inItsPlace.size() << " pixels later";
+    page.photo.setBackErase(false);
+    EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), image);
+    page.photo.setDstRect({0, 0, 300, 20});
+    page.photo.setDstClipRect({0, 0, 120, 20});
+    for (const auto& [scrolls, shown] : {std::pair{false, Qt::red}, {true, Qt::blue}}) {
+        page.photo.setAutoScroll(scrolls);
+        page.photo.scrollBy(1000, 1000);
+        EXPECT_EQ(widgetOf(page.photo)->grab().toImage().pixelColor(38, 10), QColor(shown));
+    }
 }
 
 TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QTimer>
 #include <QUrl>
+#include <QWheelEvent>
 #include <functional>
 
 #include "adapters/qt/views/qt_text.h"
@@ -16,6 +17,8 @@ namespace {
 
 constexpr Colour kEmpty{0xf4f4f4};
 constexpr Colour kEdge{0x996666};
+// A notch of the wheel, 120 units, scrolls 30 design pixels.
+constexpr int kWheelStep = 4;
 
 /// Paints the picture at its destination; what has been scaled is kept until the picture or the size changes.
 class PictureArea : public QWidget {
@@ -36,12 +39,18 @@ protected:
             onDrop(QFile::encodeName(droppedFile(*event)).toStdString());
         }
     }
+    void wheelEvent(QWheelEvent* event) override {
+        image_.scrollBy(-event->angleDelta().x() / kWheelStep, -event->angleDelta().y() / kWheelStep);
+    }
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
+        const QRegion all(rect());
+        painter.setClipRegion(image_.backErase() || !image_.picture() ? all : all - pictureArea());
         painter.fillRect(rect(), toQt(kEmpty));
         if (image_.picture()) {
             paintPicture(painter);
         }
+        painter.setClipping(false);
         painter.setPen(toQt(kEdge));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
@@ -59,8 +68,10 @@ private:
         return files.size() == 1 ? files.front().toLocalFile() : QString();
     }
 
+    QRect pictureArea() const { return scale_.box(image_.scrolledRect()) & scale_.box(image_.dstClipRect()); }
+
     void paintPicture(QPainter& painter) {
-        const QRect target = scale_.box(image_.dstRect());
+        const QRect target = scale_.box(image_.scrolledRect());
         const QSize size = (QSizeF(target.size()) * devicePixelRatioF()).toSize();
         if (size.isEmpty()) {
             return;
@@ -69,7 +80,7 @@ private:
             shown_ = image_.picture();
             scaled_ = scaledTo(size);
         }
-        painter.setClipRect(scale_.box(image_.dstClipRect()));
+        painter.setClipRect(pictureArea());
         painter.drawImage(target, scaled_);
     }
 
