@@ -20,9 +20,14 @@ namespace {
 /// How many values have not reached their control because the file of field names is missing.
 unsigned keptBack = 0;
 
+/// False also for a file that cannot be looked at.
 bool fieldNamesInPlace() {
-    const std::string file = com().HlpFile();
-    return !trimmed(file).empty() && services().fileSystem->exists(file);
+    bool inPlace = false;
+    static_cast<void>(caught([&] {
+        const std::string file = com().HlpFile();
+        inPlace = !trimmed(file).empty() && services().fileSystem->exists(file);
+    }));
+    return inPlace;
 }
 
 void choose(ComboBox& combo, const std::string& raw, const std::string& value) {

@@ -52,7 +52,8 @@ bool takeRows(ComboBox& combo, const Rows& rows, bool addBlank, std::int16_t kin
     if (!rows.ok()) {
         return failFrom(services().db->DbError());
     }
-    if (rows->Eof() && !listOf(kind)->mayBeEmpty) {
+    const MasterList* list = listOf(kind);
+    if (rows->Eof() && (list == nullptr || !list->mayBeEmpty)) {
         return fail("コンボボックスデータ取得に失敗しました。", "ECBO0001");
     }
     std::vector<std::string> items;

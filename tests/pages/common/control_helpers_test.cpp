@@ -25,6 +25,9 @@ TEST_F(Helpers, AListTakesWhatItHolds) {
         EXPECT_EQ(list.text(), shown) << value;
         EXPECT_EQ(gErrItems, refused) << "behind its end a list holds a blank that can't be chosen";
     }
+    files.hide(com().HlpFile());
+    EXPECT_TRUE(PF_SetControlValue(list, "甲"));
+    EXPECT_EQ(list.text(), "") << "without the file of field names";
 }
 
 TEST_F(Helpers, DisplayNames) {
@@ -94,6 +97,19 @@ TEST_F(MasterLists, MayBeEmptyOrNot) {
         EXPECT_EQ(list.listCount(), 0);
     }
     EXPECT_TRUE(PF_MakeComboBox(list, "", false, kListCorporations));
+}
+
+TEST_F(MasterLists, AnUnknownListIsEmptyAlsoOnAStoreThatTakesNoStatement) {
+    struct Taking : FailingStore {
+        using FailingStore::FailingStore;
+        void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string&, bool& ok) override {
+            FailingStore::DbOpenRs(connection, recordset, "SELECT 1 WHERE 1 = 0", ok);
+        }
+    } taking{wholeStore};
+    services().db = &taking;
+    EXPECT_FALSE(PF_MakeComboBox(list, "", false, 5));
+    EXPECT_EQ(gErrCode, "ECBO0001");
+    services().db = &store;
 }
 
 }  // namespace
