@@ -87,7 +87,7 @@ void drawBar(Form& form, const Bar& bar) {
     }
 }
 
-bool makeView(std::string_view label, Form& form, std::span<const Bar> bars) {
+bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> bars) {
     return trapped(label, [&] {
         const int width = form.scaleWidth();
         const int height = form.scaleHeight();
@@ -104,11 +104,11 @@ bool makeView(std::string_view label, Form& form, std::span<const Bar> bars) {
 
 }  // namespace
 
-bool P_MakeComp0View(frm_CompInp0& form) { return makeView("[ P_MakeComp0View ] ", form, kBars0); }
-bool P_MakeComp1View(frm_CompInp1& form) { return makeView("[ P_MakeComp1View ] ", form, kBars1); }
-bool P_MakeComp2View(frm_CompInp2& form) { return makeView("[ P_MakeComp2View ] ", form, kBars2); }
-bool P_MakeComp3View(frm_CompInp3& form) { return makeView("[ P_MakeComp3View ] ", form, kBars3); }
-bool P_MakeComp4View(frm_CompInp4& form) { return makeView("[ P_MakeComp4View ] ", form, kBars4); }
+bool P_MakeComp0View(frm_CompInp0& form) { return P_MakeCompNView("[ P_MakeComp0View ] ", form, kBars0); }
+bool P_MakeComp1View(frm_CompInp1& form) { return P_MakeCompNView("[ P_MakeComp1View ] ", form, kBars1); }
+bool P_MakeComp2View(frm_CompInp2& form) { return P_MakeCompNView("[ P_MakeComp2View ] ", form, kBars2); }
+bool P_MakeComp3View(frm_CompInp3& form) { return P_MakeCompNView("[ P_MakeComp3View ] ", form, kBars3); }
+bool P_MakeComp4View(frm_CompInp4& form) { return P_MakeCompNView("[ P_MakeComp4View ] ", form, kBars4); }
 
 bool makeViewOf(int pageNumber) {
     constexpr std::array<bool (*)(), kPageCount> kRoutines{
