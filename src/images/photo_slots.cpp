@@ -14,6 +14,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
+#include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"
 #include "platform/machine/window_system.h"
@@ -28,55 +29,28 @@ constexpr int kCancelled = static_cast<int>(Failure::DialogCancelled);
 
 std::string codeOf(const RunTimeError& failure) { return kCodePrefix + std::to_string(failure.number()); }
 
-/// No second click on the button as long as the first is at work. The focus, which the button loses, comes back.
-class ButtonOff {
-public:
-    ButtonOff(const Form& page, Button& button) : button_(button), hadFocus_(page.activeControl() == &button) {
-        button_.setEnabled(false);
-    }
-    ButtonOff(const ButtonOff&) = delete;
-    ButtonOff& operator=(const ButtonOff&) = delete;
-    ~ButtonOff() {
-        button_.setEnabled(true);
-        if (hadFocus_ && button_.usable()) {
-            button_.setFocus();
+/// The working file of a fitting that failed is in no defined state. That the fitting failed is reported, not that the
+/// file cannot be removed.
+void removeUnfinished(const std::string& work) {
+    static_cast<void>(caught([&] {
+        if (services().fileSystem->exists(work)) {
+            services().fileSystem->remove(work);
         }
-    }
-
-private:
-    Button& button_;
-    bool hadFocus_;
-};
+    }));
+}
 
 /// The page takes nothing while a picture is fitted, and the picture's pixels are given back afterwards.
-class Fitting {
-public:
-    explicit Fitting(const PhotoSlots& photos) : photos_(photos) {
-        photos_.page.setEnabled(false);
-        services().forms->setPointer(kPointerHourglass);
-    }
-    Fitting(const Fitting&) = delete;
-    Fitting& operator=(const Fitting&) = delete;
-    ~Fitting() {
-        photos_.work.clear();
-        services().forms->setPointer(kPointerDefault);
-        photos_.page.setEnabled(true);
-    }
-
-private:
-    const PhotoSlots& photos_;
-};
-
-/// The working file of a fitting that failed is in no defined state.
 bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
-    const Fitting fitting(photos);
-    if (PF_ImeResize(file, photos.work, work)) {
-        return true;
+    DisabledForm disabled(photos.page);
+    services().forms->setPointer(kPointerHourglass);
+    const bool fine = PF_ImeResize(file, photos.work, work);
+    if (!fine) {
+        removeUnfinished(work);
     }
-    if (services().fileSystem->exists(work)) {
-        static_cast<void>(caught([&] { services().fileSystem->remove(work); }));
-    }
-    return false;
+    photos.work.clear();
+    services().forms->setPointer(kPointerDefault);
+    disabled.enable();
+    return fine;
 }
 
 void keep(const PhotoControls& slot, const std::string& work, const std::string& slotFile) {
@@ -147,10 +121,7 @@ bool pickAndTake(const PhotoSlots& photos, std::size_t slot) {
     return take(photos, photos.slots.at(slot), pickedFile(startFolder), work, slotFile);
 }
 
-}  // namespace
-
-void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
-    const ButtonOff off(photos.page, photos.slots.at(slot).select);
+void pickAndReport(const PhotoSlots& photos, std::size_t slot) {
     bool fine = false;
     const auto failure = photoTrapped("[ PhotoSelect_Click ]", fine, [&] { return pickAndTake(photos, slot); });
     if (fine) {
@@ -162,6 +133,20 @@ void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
         showPlainBox(failure);
     }
     logPair();
+}
+
+}  // namespace
+
+/// The button cannot be pressed again meanwhile. The focus, which a disabled button loses, comes back to it.
+void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
+    Button& button = photos.slots.at(slot).select;
+    const bool hadFocus = photos.page.activeControl() == &button;
+    button.setEnabled(false);
+    pickAndReport(photos, slot);
+    button.setEnabled(true);
+    if (hadFocus && button.usable()) {
+        button.setFocus();
+    }
 }
 
 void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std::string& file) {

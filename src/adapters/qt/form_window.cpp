@@ -4,9 +4,12 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/canvas_painter.h"
 #include "adapters/qt/nested_events.h"
@@ -105,22 +108,28 @@ FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> l
     refresh();
     form_.observe([this] { refresh(); });
     form_.observeFocus([this](Control& control) { giveFocus(control); });
+    form_.observeEnabledLater([this] { QTimer::singleShot(0, this, [this] { enableIfStillDue(); }); });
 }
 
-FormWindow::~FormWindow() = default;
+FormWindow::~FormWindow() { endModal(); }
+
+void FormWindow::endModal() {
+    if (modalLoop_ != nullptr) {
+        std::exchange(modalLoop_, nullptr)->quit();
+    }
+}
 
 void FormWindow::leave() {
     left_ = true;
     form_.observe({});
     form_.observeFocus({});
+    form_.observeEnabledLater({});
     for (const Seat& seat : seats_) {
         seat.view->release();
     }
     hide();
     deleteLater();
-    if (modalLoop_ != nullptr) {
-        modalLoop_->quit();
-    }
+    endModal();
 }
 
 /// A control that the layout does not know works without being seen.
@@ -188,6 +197,12 @@ void FormWindow::refresh() {
     setWindowRole(toQt(form_.name() + (gate_ ? " (disabled)" : "")));
 }
 
+void FormWindow::enableIfStillDue() {
+    if (!left_ && form_.enabled()) {
+        form_.setEnabled(true);
+    }
+}
+
 /// What the operator did while nothing could be done is dropped, not done afterwards.
 void FormWindow::openGate() {
     {
@@ -236,19 +251,22 @@ void FormWindow::comeToFront() {
 }
 
 void FormWindow::runModal() {
-    QWidget* owner = QApplication::activeWindow();
+    const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
     winId();
-    if (owner != nullptr) {
+    if (owner) {
         windowHandle()->setTransientParent(owner->windowHandle());
     }
     const NestedEvents nested;
     QEventLoop loop;
     modalLoop_ = &loop;
     showForm();
+    const QPointer<FormWindow> self = this;
     loop.exec();
-    modalLoop_ = nullptr;
-    if (owner != nullptr) {
+    if (self) {
+        modalLoop_ = nullptr;
+    }
+    if (owner) {
         owner->activateWindow();
     }
 }

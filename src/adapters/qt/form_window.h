@@ -19,7 +19,8 @@ public:
     ~FormWindow() override;
 
     void showForm();
-    /// Shows the window above all others and returns when `leave` has been called.
+    /// Shows the window above all others and returns when `leave` has been called. The window may have been deleted
+    /// then.
     void runModal();
     /// The form leaves: the window disappears and does not touch it any more. It is deleted when its own event is over.
     void leave();
@@ -47,6 +48,8 @@ private:
     void orderTabs();
     void refresh();
     void openGate();
+    void enableIfStillDue();
+    void endModal();
     void comeToFront();
     void giveFocus(Control& control);
     ControlView* viewOf(const QObject* widget) const;

@@ -11,7 +11,9 @@
 #include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
+#include "logging/write_log.h"
 #include "pages/common/master_lists.h"
+#include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
@@ -51,17 +53,6 @@ public:
     ~PhotosPlaced() { pathsAgainWhateverHappens(); }
 };
 
-class SendFormLoaded {
-public:
-    SendFormLoaded() { services().forms->load(sendForm()); }
-    SendFormLoaded(const SendFormLoaded&) = delete;
-    SendFormLoaded& operator=(const SendFormLoaded&) = delete;
-    ~SendFormLoaded() {
-        services().forms->unload(sendForm(), UnloadMode::Code);
-        dropSendForm();
-    }
-};
-
 void prepareSending(SaveRun& run) {
     run.service->SendPrepare(run.prepared);
     if (!run.prepared) {
@@ -69,9 +60,17 @@ void prepareSending(SaveRun& run) {
     }
 }
 
+/// Nothing that happens in an upload fails the save.
 void sendImages() {
-    const SendFormLoaded loaded;
-    PF_ImageDataTransfer();
+    const auto failure = caught([] {
+        services().forms->load(sendForm());
+        PF_ImageDataTransfer();
+    });
+    services().forms->unload(sendForm(), UnloadMode::Code);
+    dropSendForm();
+    if (failure) {
+        logError(failure->number(), failure->description());
+    }
 }
 
 void sendCompany(SaveRun& run) {
@@ -184,21 +183,6 @@ void refreshCompanies(ComboBox& combo) {
     static_cast<void>(notListed);
 }
 
-/// Disables the form and shows the hourglass for as long as it lives.
-class Busy {
-public:
-    explicit Busy(Form& form) : form_(form) {
-        form_.setEnabled(false);
-        services().forms->setPointer(kPointerHourglass);
-    }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-    ~Busy() { form_.setEnabled(true); }
-
-private:
-    Form& form_;
-};
-
 }  // namespace
 
 bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
@@ -208,7 +192,8 @@ bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     if (!form.ready) {
         return failFrom(form.failure);
     }
-    const Busy busy(form);
+    DisabledForm disabled(form);
+    services().forms->setPointer(kPointerHourglass);
     SaveRun run;
     StoreSession session;
     const bool result = trapped("[ PF_SndCos ]", [&] { return save(form, run, session); });
@@ -219,6 +204,7 @@ bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     if (run.sent) {
         tell("COS05574");
     }
+    disabled.enable();
     return result;
 }
 

@@ -4,8 +4,10 @@
 #include <memory>
 #include <utility>
 
+#include "logging/trap.h"
 #include "pages/common/control_helpers.h"
 #include "platform/controls/input_rules.h"
+#include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/sibling_desk.h"
 #include "platform/services.h"
@@ -92,36 +94,26 @@ std::string parameters(const SiblingSearch& search) {
     return text + std::to_string(search.button.handle());
 }
 
-/// A disabled form, enabled again unless the search has started.
-class Waiting {
-public:
-    explicit Waiting(Form& form) : form_(form) { form_.setEnabled(false); }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-    ~Waiting() {
-        if (!started_) {
-            form_.setEnabled(true);
-        }
-    }
-    void started() { started_ = true; }
-
-private:
-    Form& form_;
-    bool started_ = false;
-};
+SiblingCalls callsOf(const std::shared_ptr<RunningSearch>& running) {
+    return {
+        .setText = [running](std::uint32_t handle, const std::string& text) { return running->setText(handle, text); },
+        .pressKey = [running](std::uint32_t handle, int key) { return running->pressKey(handle, key); },
+        .gone = [running] { running->giveUp(); }};
+}
 
 }  // namespace
 
 void startSearch(Form& form, const SiblingSearch& search) {
-    Waiting waiting(form);
+    DisabledForm disabled(form);
     const auto running = std::make_shared<RunningSearch>(form, search);
-    services().siblings->start(
-        search.program + " " + parameters(search),
-        {.setText = [running](std::uint32_t handle, const std::string& text) { return running->setText(handle, text); },
-         .pressKey = [running](std::uint32_t handle, int key) { return running->pressKey(handle, key); },
-         .gone = [running] { running->giveUp(); }});
+    const auto failure =
+        caught([&] { services().siblings->start(search.program + " " + parameters(search), callsOf(running)); });
+    if (failure) {
+        disabled.enable();
+        throw RunTimeError(*failure);
+    }
     form.onCloseRefused = [running] { running->giveUp(); };
-    waiting.started();
+    disabled.leaveDisabled();
 }
 
 void backFromSearch(Form& form, Control& next) {

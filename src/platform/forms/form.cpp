@@ -44,6 +44,13 @@ void Form::setEnabled(bool enabled) {
     }
 }
 
+void Form::enableLater() {
+    enabled_ = true;
+    if (laterObserver_) {
+        laterObserver_();
+    }
+}
+
 void Form::focusArrived(Control& control) {
     if (&control != active_) {
         activate(control);

@@ -42,7 +42,11 @@ public:
     std::vector<Control*> tabOrder() const;
 
     bool enabled() const { return enabled_; }
+    /// Enabling lets the view handle the events that it has kept away, and gives the focus to the control that awaits
+    /// it.
     void setEnabled(bool enabled);
+    /// Enables the form and handles no event: the view and the focus follow when the view's event loop runs.
+    void enableLater();
     bool loaded() const { return loaded_; }
     bool visible() const { return visible_; }
 
@@ -61,6 +65,8 @@ public:
     bool ownerEnabled() const override { return enabled_; }
 
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
+    /// Called by `enableLater`; the view calls `setEnabled` from its event loop if the form is still enabled then.
+    void observeEnabledLater(std::function<void()> observer) { laterObserver_ = std::move(observer); }
     /// The view follows the focus by this.
     void observeFocus(std::function<void(Control&)> observer) { focusObserver_ = std::move(observer); }
 
@@ -92,6 +98,7 @@ private:
     bool loaded_ = false;
     bool visible_ = false;
     std::function<void()> observer_;
+    std::function<void()> laterObserver_;
     std::function<void(Control&)> focusObserver_;
 };
 

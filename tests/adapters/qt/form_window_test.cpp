@@ -1,8 +1,10 @@
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QWindow>
 
 #include "adapters/qt/qt_test.h"
+#include "platform/forms/disabled_form.h"
 
 namespace orv {
 namespace {
@@ -79,6 +81,20 @@ TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(FormWindowTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
+    show(page);
+    bool handled = false;
+    {
+        const DisabledForm disabled(page);
+        QTimer::singleShot(0, qApp, [&] { handled = true; });
+    }
+    EXPECT_TRUE(page.enabled());
+    EXPECT_FALSE(handled);
+    settle();
+    QTest::keyClicks(lineOf(page.open), "a");
+    EXPECT_EQ(page.open.text(), "a");
+}
+
 class WindowSystemTest : public QtTest {
 protected:
     /// Once the next modal window is up.
@@ -114,6 +130,19 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
             EXPECT_EQ(windows.showNotice(notice), answer);
         }
     }
+}
+
+TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
+    SamplePage page;
+    place(page);
+    QTimer::singleShot(0, qApp, [&] {
+        const QPointer<QWidget> window = windowOf(page);
+        EXPECT_TRUE(forms.unload(page, UnloadMode::Code));
+        settle();
+        EXPECT_TRUE(window.isNull());
+    });
+    forms.showModal(page);
+    EXPECT_FALSE(page.loaded());
 }
 
 TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {

@@ -79,6 +79,15 @@ TEST_F(Save, AListThatCannotBeReadAgainKeepsTheCompany) {
     EXPECT_EQ(info("COMPANY_NAME"), "変更後");
 }
 
+TEST_F(Save, NothingInAnUploadFailsIt) {
+    services().http = []() -> std::unique_ptr<HttpControl> { throw RunTimeError(Failure::OutOfMemory); };
+    startOn(0);
+    save();
+    expectShown("COS05574", {});
+    EXPECT_EQ(log(), record("7", "メモリが足りません。"));
+    EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
+}
+
 TEST_F(Save, APageThatHasLostItsChoiceSavesItsOwnCompany) {
     startOn(0);
     form().cbo_User_Id.clear();

@@ -60,6 +60,9 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
 
 TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
     const std::string before = bytesOf(kStored1);
+    files.refuse(kStored1, Failure::PermissionDenied);
+    save();
+    expectShown("COS05574", {});  // a photo that has not changed is not touched
     const std::string why = "書き込みが許可されていません。";
     for (const auto& [refused, text] :
          {std::pair{std::string(kStored1) + ".new", "[ PF_SaveCompanyDataOther ] " + why},
