@@ -329,8 +329,8 @@ bool FormWindow::keyPressed(ControlView& view, const QKeyEvent& event) {
     if (enter) {
         view.commit();
     }
-    form_.keyDown(code);
-    return enter || left_;
+    const bool used = form_.keyDown(code);
+    return enter || used || left_;
 }
 
 void FormWindow::paintEvent(QPaintEvent*) {

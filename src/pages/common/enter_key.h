@@ -1,14 +1,10 @@
 #pragma once
 
-#include "platform/controls/control.h"
+#include "pages/controls/page_form.h"
 
 namespace orv {
 
-/// Enter moves on from the control, as Tab does. Other keys are left alone.
-inline void enterMovesOn(Control& control, int key) {
-    if (key == kKeyEnter) {
-        control.owner().focusNext();
-    }
-}
+/// The KeyDown of a field from which Enter moves on, as Tab does. Other keys are left alone.
+void enterMovesOn(const PageForm& form, Control& control, int key);
 
 }  // namespace orv

@@ -48,6 +48,8 @@ void btm_Back_Menu_Click(PageForm& form) {
     });
 }
 
+void cbo_User_Id_KeyDown(PageForm& form, int key) { enterMovesOn(form, form.cbo_User_Id, key); }
+
 void Form_QueryUnload(PageForm&, bool& cancel, UnloadMode mode) {
     if (mode == UnloadMode::Code) {
         return;
@@ -79,7 +81,7 @@ void wireFrame(PageForm& form) {
     form.btm_Save.onClick = [&form] { btm_Save_Click(form); };
     form.btm_Back_Menu.onClick = [&form] { btm_Back_Menu_Click(form); };
     form.cbo_User_Id.onClick = [&form] { cbo_User_Id_Click(form); };
-    form.cbo_User_Id.onKeyDown = [&form](int key) { enterMovesOn(form.cbo_User_Id, key); };
+    form.cbo_User_Id.onKeyDown = [&form](int key) { cbo_User_Id_KeyDown(form, key); };
 }
 
 }  // namespace orv

@@ -12,6 +12,7 @@ namespace orv {
 void Form_Load(PageForm& form, const std::function<bool()>& afterwards = {});
 void btm_ChangePage_Click(PageForm& form, int index);
 void btm_Back_Menu_Click(PageForm& form);
+void cbo_User_Id_KeyDown(PageForm& form, int key);
 /// Keeps the form by setting `cancel`.
 void Form_QueryUnload(PageForm& form, bool& cancel, UnloadMode mode);
 void Form_Unload(PageForm& form);

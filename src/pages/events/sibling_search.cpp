@@ -116,8 +116,8 @@ void startSearch(Form& form, const SiblingSearch& search) {
     disabled.leaveDisabled();
 }
 
-void backFromSearch(Form& form, Control& next) {
-    form.setEnabled(true);
+void goOnAfterSearch(Control& next, int& key) {
+    key = kKeyUsed;
     PF_SetFocusTo(&next);
     services().forms->setPointer(kPointerDefault);
 }

@@ -26,7 +26,7 @@ struct SiblingSearch {
 /// A failure leaves the form enabled.
 void startSearch(Form& form, const SiblingSearch& search);
 
-/// The operator goes on at `next`.
-void backFromSearch(Form& form, Control& next);
+/// The operator goes on at `next`. The key that ended the search does nothing more.
+void goOnAfterSearch(Control& next, int& key);
 
 }  // namespace orv

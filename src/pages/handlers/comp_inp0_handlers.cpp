@@ -145,6 +145,8 @@ void chk_EqualData_Click(frm_CompInp0& form) {
     });
 }
 
+void chk_EqualData_KeyDown(frm_CompInp0& form, int key) { enterMovesOn(form, form.chk_EqualData, key); }
+
 void btm_SearchOfficeAddress_Click(frm_CompInp0& form) {
     handled("[ SS_Base btn_Search_Address_Click ]", [&] {
         form.btm_SearchOfficeAddress.setEnabled(false);
@@ -166,10 +168,11 @@ void btm_ChangePW_Click(frm_CompInp0& form) {
     });
 }
 
-void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
+void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key) {
     handled("[ CompInp0 btm_SearchOfficeAddress_KeyDown ]", [&] {
+        form.setEnabled(true);
         form.btm_SearchOfficeAddress.setEnabled(true);
-        backFromSearch(form, form.txt_Address_number);
+        goOnAfterSearch(form.txt_Address_number, key);
         return true;
     });
 }
@@ -184,9 +187,10 @@ void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form) {
     });
 }
 
-void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form) {
+void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key) {
     handled("[ CompInp0 btm_Pc_SearchOfficeAddress_KeyDown ]", [&] {
-        backFromSearch(form, form.txt_Pc_Address_number);
+        form.setEnabled(true);
+        goOnAfterSearch(form.txt_Pc_Address_number, key);
         return true;
     });
 }
@@ -208,15 +212,15 @@ void wireCompInp0(frm_CompInp0& form) {
     wireFrame(form);
     form.onLoad = [&form] { Form_Load(form, [&form] { return F_Check_Pubish_Number(form); }); };
     form.chk_EqualData.onClick = [&form] { chk_EqualData_Click(form); };
-    form.chk_EqualData.onKeyDown = [&form](int key) { enterMovesOn(form.chk_EqualData, key); };
+    form.chk_EqualData.onKeyDown = [&form](int key) { chk_EqualData_KeyDown(form, key); };
     form.btm_ChangePW.onClick = [&form] { btm_ChangePW_Click(form); };
     form.txt_Post_Code.onValidate = [&form] { txt_Post_Code_Validate(form); };
     form.txt_Pc_Post_Code.onValidate = [&form] { txt_Pc_Post_Code_Validate(form); };
     form.txt_Address_Code.onChange = [&form] { txt_Address_Code_Change(form); };
     form.btm_SearchOfficeAddress.onClick = [&form] { btm_SearchOfficeAddress_Click(form); };
-    form.btm_SearchOfficeAddress.onKeyDown = [&form](int) { btm_SearchOfficeAddress_KeyDown(form); };
+    form.btm_SearchOfficeAddress.onKeyDown = [&form](int& key) { btm_SearchOfficeAddress_KeyDown(form, key); };
     form.btm_Pc_SearchOfficeAddress.onClick = [&form] { btm_Pc_SearchOfficeAddress_Click(form); };
-    form.btm_Pc_SearchOfficeAddress.onKeyDown = [&form](int) { btm_Pc_SearchOfficeAddress_KeyDown(form); };
+    form.btm_Pc_SearchOfficeAddress.onKeyDown = [&form](int& key) { btm_Pc_SearchOfficeAddress_KeyDown(form, key); };
 }
 
 }  // namespace orv

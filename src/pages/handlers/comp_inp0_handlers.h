@@ -6,12 +6,13 @@ namespace orv {
 
 /// Opens or closes the block of the computer's site.
 void chk_EqualData_Click(frm_CompInp0& form);
+void chk_EqualData_KeyDown(frm_CompInp0& form, int key);
 
 // The address search works for one of the two blocks while the page waits; any key on the button ends the waiting.
 void btm_SearchOfficeAddress_Click(frm_CompInp0& form);
-void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
+void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key);
 void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form);
-void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form);
+void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key);
 
 /// Asks for a new password in a dialog; what it has put into the record shows here at once.
 void btm_ChangePW_Click(frm_CompInp0& form);

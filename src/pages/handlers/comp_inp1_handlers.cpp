@@ -116,7 +116,7 @@ void wireCompInp1(frm_CompInp1& form) {
     }
     for (ComboBox* combo :
          {&form.cbo_License_No, &form.cbo_Get_License_Nengou, &form.cbo_Valid_License_Nengou, &form.cbo_Dantai_Name}) {
-        combo->onKeyDown = [combo](int key) { enterMovesOn(*combo, key); };
+        combo->onKeyDown = [&form, combo](int key) { enterMovesOn(form, *combo, key); };
     }
 }
 

@@ -62,8 +62,7 @@ void wirePhotos(frm_CompInp2& form) {
         form.pic_PhotoFile[i].onDrop = [&form, i](const std::string& file) {
             pic_PhotoFile_OLEDrop(photosOf(form), i, file);
         };
-        ComboBox& combo = form.cbo_pic_PhotoFile[i];
-        combo.onKeyDown = [&combo](int key) { enterMovesOn(combo, key); };
+        form.cbo_pic_PhotoFile[i].onKeyDown = [&form, i](int key) { cbo_pic_PhotoFile_KeyDown(form, i, key); };
     }
 }
 
@@ -81,12 +80,17 @@ void btn_SelectRail_Click(frm_CompInp2& form) {
     });
 }
 
-void btn_SelectRail_KeyDown(frm_CompInp2& form) {
+void btn_SelectRail_KeyDown(frm_CompInp2& form, int& key) {
     handled("[ CompInp2 btn_SelectRail_KeyDown ]", [&] {
+        form.setEnabled(true);
         form.btn_SelectRail.setEnabled(true);
-        backFromSearch(form, form.txt_Walk_Minutes);
+        goOnAfterSearch(form.txt_Walk_Minutes, key);
         return true;
     });
+}
+
+void cbo_pic_PhotoFile_KeyDown(frm_CompInp2& form, std::size_t slot, int key) {
+    enterMovesOn(form, form.cbo_pic_PhotoFile[slot], key);
 }
 
 void txt_Company_URL_Comment_Change(frm_CompInp2& form) { followLinkName(form, "[ txt_Company_URL_Comment_Change ]"); }
@@ -113,7 +117,7 @@ void wireCompInp2(frm_CompInp2& form) {
     };
     form.onUnload = [&form] { leavePage(form); };
     form.btn_SelectRail.onClick = [&form] { btn_SelectRail_Click(form); };
-    form.btn_SelectRail.onKeyDown = [&form](int) { btn_SelectRail_KeyDown(form); };
+    form.btn_SelectRail.onKeyDown = [&form](int& key) { btn_SelectRail_KeyDown(form, key); };
     form.btn_DelRail.onClick = [&form] { btn_DelRail_Click(form); };
     form.txt_Company_URL_Comment.onChange = [&form] { txt_Company_URL_Comment_Change(form); };
     form.txt_Company_URL_Comment.onLostFocus = [&form] { txt_Company_URL_Comment_LostFocus(form); };

@@ -6,7 +6,9 @@ namespace orv {
 
 // The search of line and station works while the page waits; any key on the button ends the waiting.
 void btn_SelectRail_Click(frm_CompInp2& form);
-void btn_SelectRail_KeyDown(frm_CompInp2& form);
+void btn_SelectRail_KeyDown(frm_CompInp2& form, int& key);
+
+void cbo_pic_PhotoFile_KeyDown(frm_CompInp2& form, std::size_t slot, int key);
 
 /// Takes the line and the station back; the ways from the station stay.
 void btn_DelRail_Click(frm_CompInp2& form);

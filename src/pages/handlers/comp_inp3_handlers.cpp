@@ -20,7 +20,7 @@ void wireBoxes(frm_CompInp3& form, ControlArray<CheckBox, N>& boxes, void (*clic
     for (std::size_t i = 0; i < N; ++i) {
         CheckBox& box = boxes[i];
         box.onClick = [&form, click, i] { click(form, static_cast<int>(i)); };
-        box.onKeyDown = [&box](int key) { enterMovesOn(box, key); };
+        box.onKeyDown = [&form, &box](int key) { enterMovesOn(form, box, key); };
     }
 }
 

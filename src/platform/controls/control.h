@@ -15,6 +15,8 @@ namespace orv {
 
 enum class ControlKind { TextInput, NumberInput, ComboBox, CheckBox, Label, Button, Image };
 
+/// What a handler sets a key to that shall have no further effect.
+inline constexpr int kKeyUsed = 0;
 inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
 inline constexpr int kKeyEscape = 27;
@@ -89,7 +91,8 @@ public:
 
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
 
-    Event<int> onKeyDown;
+    /// The handler may set the key to `kKeyUsed`.
+    Event<int&> onKeyDown;
     Event<> onGotFocus;
     Event<> onLostFocus;
     /// Raised when the focus is about to leave.

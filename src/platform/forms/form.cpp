@@ -63,11 +63,12 @@ void Form::focusLeft() {
     }
 }
 
-void Form::keyDown(int key) {
+bool Form::keyDown(int key) {
     onKeyDown.raise(key);
     if (enabled_ && active_ != nullptr) {
         active_->onKeyDown.raise(key);
     }
+    return key == kKeyUsed;
 }
 
 void Form::adopt(Control& control) { controls_.push_back(&control); }

@@ -56,8 +56,8 @@ public:
     void focusArrived(Control& control);
     /// The view tells that the focus leaves for another window.
     void focusLeft();
-    /// A key on the active control: first the form's event, then the control's.
-    void keyDown(int key);
+    /// A key on the active control: first the form's event, then the control's. True: a handler has used the key.
+    bool keyDown(int key);
 
     void adopt(Control& control) override;
     void giveFocus(Control& control) override;

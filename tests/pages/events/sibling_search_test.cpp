@@ -99,7 +99,11 @@ TEST_P(SiblingSearches, StartsItsProgramWaitsAndPutsEverythingInAtOnceByTheKey) 
     EXPECT_TRUE(siblings.setText(filled()[0]->handle(), "1"));
     answerAll();
     EXPECT_EQ(texts(), before);
+    bool formFirst = !GetParam().closesButton;
+    button().observe([&] { formFirst = screen().enabled(); });
     EXPECT_TRUE(siblings.pressKey(button().handle(), 65));
+    button().observe({});
+    EXPECT_TRUE(formFirst);
     EXPECT_EQ(texts(), GetParam().answer);
     EXPECT_TRUE(screen().enabled());
     EXPECT_TRUE(button().enabled());
