@@ -53,7 +53,7 @@ TEST_F(Binding, EachControlGoesIntoItsOwnField) {
             auto* input = dynamic_cast<TextInput*>(control);
             if (input != nullptr && input->name() != "txt_Tiku_Code") {
                 marked.push_back(input);
-                input->setText("印" + std::to_string(marked.size()));
+                input->setText("印'" + std::to_string(marked.size()));
             }
         }
         ASSERT_TRUE(PF_SetData_tCustomerInfo(screen().name()));
@@ -66,9 +66,17 @@ TEST_F(Binding, EachControlGoesIntoItsOwnField) {
             name = name == "THIHO_MINUTES"   ? "TEIHO_MINUTES"
                    : name == "PHOTOFILEPATH" ? "PHOTO_FILE" + std::to_string(input->index() + 1)
                                              : name;
-            EXPECT_EQ(changed[name], input->text()) << name;
+            EXPECT_EQ(changed[name], "印’" + input->text().substr(std::string("印'").size())) << name;
         }
     }
+}
+
+TEST_F(Binding, WhatASearchHasFoundIsCleanedToo) {
+    startOn(2);
+    page<frm_CompInp2>().lbl_Railroad_Name.setCaption("線'");
+    page<frm_CompInp2>().lbl_Station_Name.setCaption("駅'");
+    EXPECT_TRUE(PF_SetData_tCustomerInfo2());
+    EXPECT_EQ(tCustomerInfo.RAILROAD_NAME + tCustomerInfo.STATION_NAME, "線’駅’");
 }
 
 TEST_F(Binding, TheDistrictFollowsFromTheLine) {

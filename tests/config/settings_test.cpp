@@ -100,5 +100,162 @@ TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
     EXPECT_EQ(log(), "");
 }
 
+using Property = std::string (cls_Com::*)() const;
+
+/// Properties whose values begin and end alike.
+struct Group {
+    std::string start;
+    std::vector<std::pair<Property, const char*>> rest;
+    const char* end = "";
+};
+
+TEST_F(Settings, EachPropertyOfTheSampleOffice) {
+    using C = cls_Com;
+    using M = cls_Multi_Com;
+    settings.set("PATH", "SYS", "C:\\ORV\\SHARED");
+    settings.set("NET", "USEPROXY", "True");
+    settings.set("NO_00", "PCNO", "07");
+    settings.set("NO_00", "PCNAME", "受付");
+    // clang-format off
+    const std::vector<Group> groups{
+            {"C:\\ORV\\", {{&C::SeverSysPath, "SHARED\\"}, {&C::BinFolder, "BIN\\"}, {&C::BinTmpFolder, "BIN\\TMP\\"},
+             {&C::BinDatFolder, "BIN\\DAT\\"}, {&C::BinImgFolder, "BIN\\IMG\\"}, {&C::BkupFolder, "BKUP\\"},
+             {&C::HlpFolder, "HLP\\"}, {&C::DwlFolder, "DWL\\"}, {&C::ImgFolder, "IMG\\"}, {&C::LogFolder, "LOG\\"},
+             {&C::LogErrFolder, "LOG\\ERR\\"}, {&C::LogRasFolder, "LOG\\RAS\\"}, {&C::LogSndFolder, "LOG\\SND\\"},
+             {&C::LogRcvFolder, "LOG\\RCV\\"}, {&C::LogDWlFolder, "LOG\\DWL\\"}, {&C::LogInstFolder, "LOG\\INST\\"},
+             {&C::MdbFolder, "MDB\\"}, {&C::SysFolder, "SHARED\\"}, {&C::TmpFolder, "TMP\\"},
+             {&C::InfFolder, "INF\\"}, {&C::BkupFile, "BKUP\\ZTBKUP.LZH"}, {&C::HlpFile, "HLP\\help.hlp"},
+             {&C::SysMsgTbl, "BIN\\..\\SYS\\MSG.TBL"}, {&C::SysBknoIni, "SHARED\\BKNO.INI"},
+             {&C::SysContCsv, "SHARED\\CONT.CSV"}, {&C::SysKcount, "SYS\\Kcount.ini"},
+             {&C::LogErrFile, "LOG\\ERR\\260504_err.log"}, {&C::LogSndFile, "LOG\\SND\\260504_snd.log"},
+             {&C::LogRcvFile, "LOG\\RCV\\260504_rcv.log"}, {&C::LogDwlFile, "LOG\\DWL\\260504_dwl.log"},
+             {&C::LogRasFile, "LOG\\RAS\\ras.log"}, {&C::IniCSV, "CSV\\"}, {&C::IniGetImg, "PHOTO\\"},
+             {&C::MdbOrvEstateDB, "MDB\\ORVESTATE.MDB"}, {&C::MdbOrvReplaceDB, "MDB\\ORVREPLACE.MDB"},
+             {&C::MdbOrvDB, "MDB\\Orv.MDB"}, {&C::MdbAddressDB, "MDB\\ADDRESS.MDB"}, {&C::MdbRailDB, "MDB\\RAIL.MDB"},
+             {&C::TmpWorkImgFile, "TMP\\WorkImg"}, {&C::TmpWorkImodeImgFile, "TMP\\WorkImg_i"},
+             {&C::TmpImodeFile, "TMP\\TmpImg_i"}, {&C::TmpWorkRom, "TMP\\WorkRom.rom"},
+             {&C::TmpRom, "TMP\\TmpRom.rom"}, {&C::InfFile, "INF\\Information.html"},
+             {&C::AdvFile, "INF\\Advertisement.html"}, {&C::HisFile, "INF\\History.html"}}},
+            {"C:\\ORV\\BIN\\K", {{&C::BinDataConvert, "eltDataConvert.exe"},
+             {&C::BinDataConvert2, "eltDataConvert2.exe"}, {&C::BinBkupExe, "ELTBACKUP.EXE"},
+             {&C::BinDownloadExe, "ELTDOWNLOAD.EXE"}, {&C::BinInfoExe, "ELT_INFO.EXE"},
+             {&C::BinSaftyPriceExe, "ELT_SAFTYPRICE.exe"}}},
+            {"C:\\ORV\\BIN\\KELT_", {{&C::BinAddExe, "ADD"}, {&C::BinLineExe, "LINE"}, {&C::BinMenuExe, "MENU"},
+             {&C::BinOwnerExe, "OWNER"}, {&C::BinPaccorExe, "PACCOR"}, {&C::BinPacdisExe, "PACDIS"},
+             {&C::BinRhExe, "RH"}, {&C::BinRhprtdExe, "RHPRT"}, {&C::BinRjExe, "RJ"}, {&C::BinRjprtExe, "RJPRT"},
+             {&C::BinRlExe, "RL"}, {&C::BinRpExe, "RP"}, {&C::BinShExe, "SH"}, {&C::BinShprtdExe, "SHPRT"},
+             {&C::BinSlExe, "SL"}, {&C::BinSlprtExe, "SLPRT"}, {&C::BinSsExe, "SS"}, {&C::BinViewExe, "VIEW"},
+             {&C::BinSsprtExe, "SSPRT"}, {&C::BinStartExe, "START"}, {&C::BinUserExe, "USER"},
+             {&C::BinUtilyExe, "UTILY"}, {&C::BinSndExe, "SND"}, {&C::BinAllSndExe, "ALLSND"}}, ".EXE"},
+            {"C:\\ORV\\VIMBL\\", {{&C::VimblFolder, ""}, {&C::VimblChirasiRoot, "CHIRASI\\"},
+             {&C::VimblMnuExe, "VIMBL_MENU.EXE"}, {&C::VimblMkRmExe, "VIMBL_ROM.EXE"}}},
+            {"", {{&C::IniImgW, "640"}, {&C::IniImgH, "480"}, {&C::IniImgSize, "61440"},
+             {&C::ORV_URL, "http://127.0.0.1:18080"}, {&C::ORV_CusSendService, "/cussend/"},
+             {&C::ORV_SendCus, "/cussend/register"}, {&C::ORV_SendService, "/bksend/"},
+             {&C::ORV_Send, "/bksend/register"}, {&C::ORV_ReceiveService, "/bkreceive/"},
+             {&C::ORV_Receive, "/bkreceive/list"}, {&C::ORV_TimeOut, "30000"}, {&C::ORV_FtpTimeOut, "60000"},
+             {&C::ORV_GifImgMode, "False"}, {&C::ORV_Interval, "5000"}, {&C::ORV_NextInterval, "60000"},
+             {&C::ORV_UseProxy, "True"}, {&C::ORV_PassiveMode, "True"}, {&C::TerminalNo, "07"},
+             {&C::TerminalName, "受付"}, {&C::VimblMnuExeStartPara, " ORV"}, {&C::VimblMkRmExeStartPara, " ORV"},
+             {&C::BinBase64Exe, "C:\\ORV\\BIN\\Base64.EXE"}}},
+    };
+    const std::map<std::string, std::string> leaflets{
+        {"RH", "CHINTAI\\"}, {"RJ1", "TENANTO\\"}, {"SL", "TOCHI\\"}, {"SHM", "MANSION\\"}, {"SHW ", "MANSION\\"},
+        {"SHR", "KODATE\\"}, {"SHT", "KODATE\\"}, {"SHX", ""}, {"SH", ""}, {"XX", ""}};
+    const std::vector<std::pair<std::string (M::*)() const, const char*>> started{
+        {&M::BinBuildingSearchExe, "KELT_BS_RH.EXE"}, {&M::BinContentsExe, "KELT_CONTENTS.EXE"},
+        {&M::BinAdvantageInfoExe, "KELT_ADVANTAGEINFO.EXE"}, {&M::BinSendEnvExe, "KELT_SENDENV.EXE"},
+        {&M::BinTimeSendExe, "KELT_TIMESEND.EXE"}, {&M::BinDataImportExe, "Kelt_DataImport.exe"}};
+    // clang-format on
+    for (const auto& [start, rest, end] : groups) {
+        for (const auto& [property, value] : rest) {
+            EXPECT_EQ((com().*property)(), start + value + end);
+        }
+    }
+    for (const auto& [code, folder] : leaflets) {
+        EXPECT_EQ(com().VimblChirasiDir(code), "C:\\ORV\\VIMBL\\CHIRASI\\" + folder) << code;
+    }
+    for (const auto& [property, program] : started) {
+        EXPECT_EQ((multiCom().*property)(), std::string("C:\\ORV\\BIN\\") + program);
+    }
+    EXPECT_EQ(log(), "");
+}
+
+/// Answers each operation with success, but for the one that fails.
+class ScriptedRegistry : public Registry {
+public:
+    std::string failing;
+    std::string calls;
+
+    std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
+        key = 7;
+        return answer("open", {hive, subKey, access});
+    }
+    std::int32_t RegQueryValueEx(Handle key, const std::string& name, std::string& value, std::int32_t size) override {
+        value = std::string("found\0rest", 10);
+        return answer("query", {key, name, size});
+    }
+    std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type, const std::string& value,
+                               std::int32_t byteCount) override {
+        return answer("set", {key, name, type, value, byteCount});
+    }
+    std::int32_t RegCreateKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
+        key = 8;
+        return answer("create", {hive, subKey, access});
+    }
+    std::int32_t RegCloseKey(Handle key) override { return answer("close", {key}); }
+
+private:
+    std::int32_t answer(const std::string& operation, const Values& values) {
+        calls += operation;
+        for (const Value& value : values) {
+            calls += " " + toText(value);
+        }
+        calls += ";";
+        return operation == failing ? 5 : 0;
+    }
+};
+
+TEST_F(Settings, TheRegistryIsOpenedUsedAndClosed) {
+    ScriptedRegistry scripted;
+    services().registry = &scripted;
+    const std::string open = "open -2147483646 A\\B 1;";
+    const std::string create = "create -2147483646 A\\B 6;";
+    struct Case {
+        const char* failing;
+        std::string calls, pair, value;
+    };
+    const std::string label = "[ P_GetRegQueryString ] ";
+    for (const Case& row : {
+             Case{"", open + "query 7 K 1024;close 7;", "", "found"},
+             Case{"open", open, label + "レジストリファイルをオープンできませんでした。EDLL50002", ""},
+             Case{"query", open + "query 7 K 1024;close 7;", label + "レジストリ内容を取得できませんでした。EDLL50003",
+                  ""},
+             Case{"close", open + "query 7 K 1024;close 7;",
+                  label + "レジストリファイルをクローズできませんでした。EDLL50004", "found"},
+         }) {
+        clearPair();
+        scripted.calls.clear();
+        scripted.failing = row.failing;
+        std::string value;
+        EXPECT_EQ(com().P_GetRegQueryString("A\\B", "K", "-2147483646", value), row.pair.empty());
+        EXPECT_EQ(scripted.calls, row.calls);
+        EXPECT_EQ(gErrMsg + gErrCode, row.pair);
+        EXPECT_EQ(value, row.value);
+    }
+    for (const auto& [failing, type, sent] :
+         std::to_array<std::tuple<const char*, std::int32_t, std::string>>({{"", 1, "set 8 K 1 値😀a 8;close 8;"},
+                                                                            {"", 4, "set 8 K 4 値😀a 4;close 8;"},
+                                                                            {"set", 1, "set 8 K 1 値😀a 8;close 8;"}})) {
+        clearPair();
+        scripted.calls.clear();
+        scripted.failing = failing;
+        EXPECT_EQ(com().P_SetRegQueryString("A\\B", "K", "-2147483646", "値😀a", type), scripted.failing.empty());
+        EXPECT_EQ(scripted.calls, create + sent);
+    }
+    EXPECT_EQ(gErrMsg + gErrCode, "[ P_SetRegQueryString ] レジストリに値をセットできませんでした。EDLL50003");
+    services().registry = &registry;
+}
+
 }  // namespace
 }  // namespace orv

@@ -33,11 +33,22 @@ TEST_F(Labels, OfTheHandlers) {
         control->observe(breaks);
     }
     page1.cbo_Dantai_Name.addItem("x");
-    const auto enterAt = [](Control& control) {
-        dynamic_cast<Form&>(control.owner()).observeFocus([](Control&) { breaks(); });
+    const auto pressEnter = [](Control& control) {
         int key = kKeyEnter;
         control.onKeyDown.raise(key);
     };
+    const auto enterAt = [&](Control& control) {
+        dynamic_cast<Form&>(control.owner()).observeFocus([](Control&) { breaks(); });
+        pressEnter(control);
+    };
+    page0.txt_Post_Code.setText("1234567");
+    page0.txt_Pc_Post_Code.setText("1234567");
+    for (Control* control : std::initializer_list<Control*>{&page0.txt_Post_Code, &page0.txt_Pc_Post_Code,
+                                                            &page0.btm_ChangePW, &page2.lbl_Railroad_Name}) {
+        control->observe(breaks);
+    }
+    page2.observe(breaks);
+    page<frm_CompInp4>().lbl_TitleCompany.observe(breaks);
     for (const Handler& handler : {
              Handler{"[ CompInp0 chk_EqualData_Click ]", [&] { chk_EqualData_Click(page0); }},
              Handler{"[ CompInp0 txt_Address_Code_Change ]", [&] { page0.txt_Address_Code.setText("99999"); }},
@@ -50,12 +61,43 @@ TEST_F(Labels, OfTheHandlers) {
              Handler{"[ CompInp1 chk_Dantai_Click ]", [&] { chk_Dantai_Click(page1, 1); }},
              Handler{"[ CompInp1 cbo_Dantai_Name_Click ]", [&] { page1.cbo_Dantai_Name.setListIndex(0); }},
              Handler{"[ CompInp1 txt_Other_Dantai_Name_Change ]", [&] { page1.txt_Other_Dantai_Name.setText("x"); }},
+             Handler{"[ CompInp0 txt_Post_Code_Validate ]", [&] { page0.txt_Post_Code.onValidate.raise(); }},
+             Handler{"[ CompInp0 txt_Pc_Post_Code_Validate ]", [&] { page0.txt_Pc_Post_Code.onValidate.raise(); }},
+             Handler{"[ CompInp0 btm_ChangePW_Click ]", [&] { btm_ChangePW_Click(page0); }},
+             Handler{"[ CompInp2 btn_SelectRail_KeyDown ]", [&] { pressEnter(page2.btn_SelectRail); }},
+             Handler{"[ CompInp2 btn_DelRail_Click ]", [&] { page2.btn_DelRail.onClick.raise(); }},
              Handler{"[ CompInp3 chk_Management_Type_Flg_Click ]", [&] { chk_Management_Type_Flg_Click(page3, 0); }},
              Handler{"[ CompInp3 chk_Business_Type_Flg_Click ]", [&] { chk_Business_Type_Flg_Click(page3, 0); }},
          }) {
         handler.run();
         expectReported("7", handler.label + kNoMemory);
     }
+    page0.observe(breaks);
+    pressEnter(page0.btm_SearchOfficeAddress);
+    expectReported("7", std::string("[ CompInp0 btm_SearchOfficeAddress_KeyDown ]") + kNoMemory);
+    pressEnter(page0.btm_Pc_SearchOfficeAddress);
+    expectReported("7", std::string("[ CompInp0 btm_Pc_SearchOfficeAddress_KeyDown ]") + kNoMemory);
+    page0.observe({});
+    turnTo(4);
+    expectReported("7", std::string("[ CompInp4 Form_Load ]") + kNoMemory);
+    page2.txt_Company_URL.observe(breaks);
+    page2.txt_Company_URL_Comment.setText("会社");
+    expectShown("UTERR001", {"7", std::string("[ txt_Company_URL_Comment_Change ]") + kNoMemory});
+    page2.txt_Company_URL.observe({});
+    page2.txt_Company_URL.setText("");
+    page2.txt_Company_URL.observe(breaks);
+    page2.txt_Company_URL_Comment.onLostFocus.raise();
+    expectShown("UTERR001", {"7", std::string("[ txt_Company_URL_Comment_LostFocus ]") + kNoMemory});
+    EXPECT_NE(gErrMsg, "") << "these two leave the pair";
+}
+
+TEST_F(Labels, TheLineIsDeletedWithItsStation) {
+    auto& form = dynamic_cast<frm_CompInp2&>(startOn(2));
+    EXPECT_NE(form.txt_Railroad_Code.text(), "");
+    form.btn_DelRail.press();
+    EXPECT_EQ(form.lbl_Railroad_Name.caption() + form.lbl_Station_Name.caption() + form.txt_Railroad_Code.text() +
+                  form.txt_Station_Code.text(),
+              "");
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kCompany = "000004601,1,0";
-constexpr const char* kNoConnection = "サーバーに接続できません。（7）";
 constexpr const char* kReadOnly = "データベースが読み取り専用のため、書き込めません。";
 
 using orv::writeFile;
@@ -120,123 +119,6 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
     EXPECT_TRUE(before.empty() || store() == before);
 }
 
-// ---- while it is saved
-
-/// What broke; it is mended when the object goes. Nothing: it can't be mended.
-using Broken = std::shared_ptr<const void>;
-using Breaks = std::function<Broken(const Office&, const ServerDesk&)>;
-
-struct SaveFault {
-    const char* name;
-    Breaks breaks;
-    /// Shown and logged; empty where the save is complete all the same.
-    std::string code, text;
-    /// Contact, state of the password and of the sending in the store then.
-    const char* rows;
-    /// Logged beside it.
-    std::string alsoCode = {}, alsoText = {};
-};
-
-void PrintTo(const SaveFault& fault, std::ostream* stream) { *stream << fault.name; }
-
-constexpr const char* kBefore = "架空　一郎|2|1";
-constexpr const char* kFirstWrite = "変更　太郎|2|1";
-constexpr const char* kWhole = "変更　太郎|1|0";
-constexpr const char* kCutOff = "サーバーが応答せずに接続を切りました。（52）";
-constexpr const char* kHalfAnAnswer = "サーバーの応答が途中で切れました。（18）";
-constexpr const char* kTooSlow = "サーバーから時間内に応答がありません。（28）";
-constexpr const char* kInUse =
-    "データベースがほかの端末またはプログラムで使用中です。しばらくしてから、もう一度実行してください。";
-constexpr const char* kPhoto = "[ RH_ImageDataTransfr ] ";
-
-Breaks misbehaves(const std::string& how) {
-    return [how](const Office&, const ServerDesk& server) {
-        server.misbehave(how);
-        return Broken(&server, [&server](const void*) { server.misbehave("well"); });
-    };
-}
-
-/// At the `nth` request to a desk the server is gone.
-Breaks goes(const std::string& desk, int nth = 1) {
-    return [how = desk + ":gone=" + std::to_string(nth)](const Office&, const ServerDesk& server) {
-        server.misbehave(how);
-        return Broken();
-    };
-}
-
-Broken inUseElsewhere(const Office& office, const ServerDesk&) {
-    sqlite3* other = nullptr;
-    EXPECT_EQ(sqlite3_open(office.store().c_str(), &other), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr), SQLITE_OK);
-    return {other, sqlite3_close};
-}
-
-Broken readOnly(const Office& office, const ServerDesk&) {
-    fs::permissions(office.store(), fs::perms(0444));
-    return Broken(&office, [&office](const void*) { fs::permissions(office.store(), fs::perms(0666)); });
-}
-
-const std::vector<SaveFault> kSaveFaults{
-    {"prepareGone", goes("prepare"), "24011", kCutOff, kFirstWrite, "24011", std::string(kPhoto) + kNoConnection},
-    {"prepareRefused", misbehaves("prepare:status=503"), "503",
-     "サーバーの送信準備ができていません。（503 Service Unavailable）", kFirstWrite},
-    {"prepareCut", misbehaves("prepare:cut"), "24011", kHalfAnAnswer, kFirstWrite},
-    {"firstPhotoGone", goes("photos"), "24011", kNoConnection, kFirstWrite, "24011", std::string(kPhoto) + kCutOff},
-    {"secondPhotoGone", goes("photos", 2), "24011", kNoConnection, kFirstWrite, "24011", std::string(kPhoto) + kCutOff},
-    {"photosRefused", misbehaves("photos:status=500"), "", "", kWhole, "500",
-     std::string(kPhoto) + "Internal Server Error"},
-    {"photosGarbage", misbehaves("photos:garbage"), "", "", kWhole},
-    {"companyGone", goes("companies"), "24011", kCutOff, kFirstWrite},
-    {"companyRefused", misbehaves("companies:status=503"), "503",
-     "会社情報の送信がサーバーに受け付けられませんでした。（503 Service Unavailable）", kFirstWrite},
-    {"companyCut", misbehaves("companies:cut"), "24011", kHalfAnAnswer, kFirstWrite},
-    {"companySlow", misbehaves("companies:delay=600000"), "24012", kTooSlow, kFirstWrite},
-    {"companyGarbage", misbehaves("companies:garbage"), "SEND0005",
-     "会社情報の送信に対するサーバーの応答が正しくありません。", kFirstWrite},
-    {"storeInUse", inUseElsewhere, "DB5", kInUse, kBefore},
-    {"storeReadOnly", readOnly, "DB8", kReadOnly, kBefore},
-};
-
-class InASave : public Faults, public ::testing::WithParamInterface<SaveFault> {
-protected:
-    InASave() {
-        office_->change("update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '2'; update TBL_CUSTOMER_ADD set SEND_FLAG = 1");
-    }
-    std::string rows() const { return field("TANTO_NAME || '|' || PWD_CHG_FLG || '|' || SEND_FLAG"); }
-};
-
-TEST_P(InASave, TheOperatorIsToldAndTheNextSaveSetsAllRight) {
-    const SaveFault& fault = GetParam();
-    Terminal desk = terminal("DESK-01");
-    desk.startUnprivileged(kCompany);
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.enter("txt_Tanto_Name", "変更　太郎");
-    Broken broken = fault.breaks(*office_, *server_);
-    desk.click("btm_Save");
-    if (fault.code.empty()) {
-        expectShown(desk, "COS05574", {});
-    } else {
-        expectShown(desk, "COSERR01", {fault.code, fault.text});
-        EXPECT_TRUE(logged(fault.code, fault.text)) << office_->errLog();
-    }
-    EXPECT_TRUE(fault.alsoCode.empty() || logged(fault.alsoCode, fault.alsoText)) << office_->errLog();
-    EXPECT_EQ(office_->errLog().empty(), fault.code.empty() && fault.alsoCode.empty());
-    ASSERT_TRUE(desk.waitForPage(0));
-    if (!broken) {
-        EXPECT_EQ(rows(), fault.rows);
-        return;
-    }
-    broken.reset();
-    EXPECT_EQ(rows(), fault.rows);
-    EXPECT_EQ(locks(), "000004601 DESK-01");
-    EXPECT_EQ(contains(server_->log(), ".jpg"), fault.rows != kBefore) << "the photos go when the first write stands";
-    desk.click("btm_Save");
-    expectShown(desk, "COS05574", {});
-    ASSERT_TRUE(desk.waitForPage(0));
-    EXPECT_EQ(rows(), kWhole);
-    EXPECT_EQ(field("PHOTO_FILE1"), "000004601COS00000000_01.jpg");
-}
-
 // ---- a photo
 
 TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {
@@ -261,8 +143,6 @@ TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, AtTheStart, ::testing::ValuesIn(kStartFaults),
-                         [](const auto& fault) { return std::string(fault.param.name); });
-INSTANTIATE_TEST_SUITE_P(Table, InASave, ::testing::ValuesIn(kSaveFaults),
                          [](const auto& fault) { return std::string(fault.param.name); });
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "images/fitting_case.h"
 #include "images/frm_img_common.h"
 #include "images/ime_resize.h"
+#include "platform/suite/help_service.h"
 
 namespace orv {
 namespace {
@@ -53,6 +54,85 @@ TEST_F(Confirmation, APictureThatWasNotChangedIsNotAskedAbout) {
     picture(640, 480, 61441);
     during([](frm_ImgCommon& form) { form.cmd_Entry.press(); });
     EXPECT_EQ(fit(), kWork);
+}
+
+TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
+    const std::pair<Script, const char*> ways[] = {
+        {[](frm_ImgCommon& form) { form.cmd_Entry.press(); }, kWork},
+        {[](frm_ImgCommon& form) { form.cmd_Cancel.press(); }, ""},
+        {[&](frm_ImgCommon& form) { forms.unload(form, UnloadMode::CloseBox); }, ""},
+    };
+    for (const auto& [way, target] : ways) {
+        during(way);
+        EXPECT_EQ(fit(), target);
+    }
+}
+
+/// What is left of the window without the fixed margins goes to the controls; nothing left, nothing changed.
+TEST_F(Confirmation, FollowsTheWindow) {
+    during([](frm_ImgCommon& form) {
+        struct Case {
+            Point size;
+            int width, height, top, left;
+            Box picture;
+        };
+        for (const Case& row : {
+                 Case{{400, 300}, 380, 133, 231, 273, {101, 0, 177, 133}},
+                 Case{{20, 69}, 380, 133, 231, 273, {101, 0, 177, 133}},
+                 Case{{21, 166}, 1, 133, 97, 273, {0, 66, 1, 1}},
+                 Case{{127, 167}, 107, 0, 98, 0, {53, 0, 1, 1}},
+                 Case{{1000, 900}, 980, 733, 831, 873, {170, 126, 640, 480}},
+             }) {
+            form.resize(row.size);
+            for (const Control* control : std::initializer_list<const Control*>{
+                     &form.pic_Info, &form.lbl_ImgCommonTitle, &form.lbl_BeforImg, &form.lbl_AfterImg}) {
+                EXPECT_EQ(control->width(), row.width) << control->name() << row.size.x;
+            }
+            EXPECT_EQ(form.pic_Info.height(), row.height);
+            EXPECT_EQ(form.cmd_Entry.box().y, row.top);
+            EXPECT_EQ(form.cmd_Cancel.box().y, row.top);
+            EXPECT_EQ(form.cmd_Entry.box().x, row.left);
+            EXPECT_EQ(form.pic_Info.dstRect(), row.picture) << row.size.x;
+            EXPECT_EQ(form.pic_Info.dstClipRect(), (Box{0, 0, row.width, row.height}));
+            const auto& last = std::get<DrawnLine>(form.canvas().shapes().back());
+            EXPECT_EQ(last.from.x, 0);
+            EXPECT_EQ(last.to.x, row.size.x);
+            EXPECT_GT(last.to.y + 3, row.size.y);
+        }
+        form.cmd_Entry.press();
+    });
+    EXPECT_EQ(fit(), kWork);
+}
+
+class RecordedHelp : public HelpService {
+public:
+    FailureRecord ErrorInfo() const override { return {"説明がない", "HLP:1"}; }
+    bool ShowHelp(const std::string& control, const std::string& group) override {
+        shown.push_back(group + " " + control);
+        return works;
+    }
+    std::vector<std::string> shown;
+    bool works = true;
+};
+
+TEST_F(Confirmation, HelpIsShownByF1AndItsFailureIsLoggedFirst) {
+    RecordedHelp help;
+    services().help = &help;
+    during([&](frm_ImgCommon& form) {
+        form.cmd_Cancel.setFocus();
+        form.keyDown(kKeyF1);
+        form.keyDown(kKeyEscape);
+        EXPECT_EQ(shownIds(), Texts{});
+        help.works = false;
+        messages.onShow = [&] { EXPECT_EQ(log(), record("HLP:1", "説明がない")) << "before it is shown"; };
+        forms.setPointer(kPointerHourglass);
+        form.keyDown(kKeyF1);
+        EXPECT_EQ(forms.pointer(), kPointerDefault);
+        expectReported("HLP:1", "説明がない", "00000000");
+        form.cmd_Entry.press();
+    });
+    EXPECT_EQ(fit(), kWork);
+    EXPECT_EQ(help.shown, (Texts{"IMG cmd_Cancel", "IMG cmd_Cancel"}));
 }
 
 }  // namespace

@@ -40,6 +40,10 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
     }
     EXPECT_TRUE(PF_WriteLog("SND", {Value(Values{})}));
     EXPECT_TRUE(textOf(com().LogSndFile()).ends_with(",\r\n\r\n")) << "an empty list is an empty record";
+    EXPECT_FALSE(PF_WriteLog("ABC", {}));
+    EXPECT_EQ(gErrMsg + gErrCode, "[ PF_WriteLog ] 指定されたタイプは有りません。ECOM4001");
+    EXPECT_FALSE(PF_WriteLog("SND", {"no list"}));
+    EXPECT_EQ(gErrMsg + gErrCode, "[ PF_WriteLog ] 型が一致しません。13");
 }
 
 TEST_F(Logging, RotatesAboveTheLimitOnly) {
@@ -51,10 +55,11 @@ TEST_F(Logging, RotatesAboveTheLimitOnly) {
     EXPECT_EQ(bytesOf(file), atLimit + "a,b,c\r\n");
     EXPECT_FALSE(files.exists(backup));
 
+    writeFile(files.nativePath(file), atLimit + "x");
     writeFile(files.nativePath(backup), "the backup before");
     EXPECT_TRUE(PF_WriteLog("RAS", {"d", "e", "f"}));
     EXPECT_EQ(bytesOf(file), "d,e,f\r\n");
-    EXPECT_EQ(bytesOf(backup), atLimit + "a,b,c\r\n");
+    EXPECT_EQ(bytesOf(backup), atLimit + "x");
 }
 
 TEST_F(Logging, APathThatFailsToBeToldDoesNotRunInARound) {

@@ -87,6 +87,7 @@ protected:
         tieSystem();
     }
     ~SystemTest() override {
+        EXPECT_EQ(log().find(",,\r\n"), std::string::npos) << "a failure without a code and a text";
         endRun();
         EXPECT_EQ(store.open, 0) << "connections left open";
         services() = {};

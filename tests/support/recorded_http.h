@@ -31,13 +31,14 @@ struct HttpScript {
 
     std::vector<Sent> sent;
     std::deque<Answer> answers;
+    std::int32_t state = 0;
 };
 
 class RecordedHttp : public HttpControl {
 public:
     explicit RecordedHttp(HttpScript& script) : script_(script) {}
 
-    std::int32_t State() const override { return 0; }
+    std::int32_t State() const override { return script_.state; }
     void Timeout(std::int32_t milliseconds) override { next_.timeout = milliseconds; }
     void Version(const std::string& version) override { next_.version = version; }
     void URL(const std::string& url) override { next_.url = url; }

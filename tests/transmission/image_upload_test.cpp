@@ -1,6 +1,8 @@
 #include "transmission/image_upload.h"
 
+#include "support/failure_of.h"
 #include "support/fixture.h"
+#include "transmission/file_names.h"
 
 namespace orv {
 namespace {
@@ -43,6 +45,11 @@ TEST_F(ImageUpload, WhatIsThereGoesTheFirstPhotoFirst) {
         PF_ImageDataTransfer();
     }
     EXPECT_EQ(filesSent(), (Names{kSecond, kSecond}));
+    settings.set("NET", "TRANSFERTYPE", "FTP");
+    PF_ImageDataTransfer();
+    http.state = 1;
+    RH_ImageDataTransfr(kFirst);
+    EXPECT_EQ(http.sent.size(), 2U) << "neither by FTP nor while the control is busy";
     EXPECT_EQ(log() + gErrMsg + gErrCode, "");
 }
 
@@ -61,6 +68,40 @@ TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
         EXPECT_EQ(gErrCode, fails ? std::to_string(status) : "") << status;
     }
     EXPECT_EQ(log(), record("400", "[ RH_ImageDataTransfr ] Reason") + record("503", "[ RH_ImageDataTransfr ] Reason"));
+}
+
+TEST_F(ImageUpload, WithoutItsFormNothingIsSentAndTheLogTellsIt) {
+    dropSendForm();
+    RH_ImageDataTransfr(kFirst);
+    EXPECT_EQ(log(), record("91", "[ RH_ImageDataTransfr ] 操作の対象がありません。"));
+}
+
+TEST_F(ImageUpload, NamesOfFiles) {
+    for (const auto& [text, bare] : {std::pair{"\"C:\\a b\"", "C:\\a b"},
+                                     {" \"a\" ", "a"},
+                                     {"\"\"", ""},
+                                     {"\"a", "\"a"},
+                                     {"a\"", "a\""},
+                                     {"ab", "ab"},
+                                     {"写真", "写真"}}) {
+        EXPECT_EQ(PF_StripQuotes(text), bare);
+    }
+    for (const char* tooShort : {"", " ", "a", "写", "\""}) {
+        EXPECT_EQ(failureOf([&] { PF_StripQuotes(tooShort); }), 5) << tooShort;
+    }
+    for (const auto& [path, name] :
+         {std::pair{"C:\\a\\b.jpg", "b.jpg"}, {"C:b.jpg", "b.jpg"}, {"b.jpg", "b.jpg"}, {"C:\\a\\", ""}}) {
+        EXPECT_EQ(PF_BaseName(path), name);
+    }
+    const std::string first = kFirst;
+    for (const auto& [file, opens] : std::map<std::string, bool>{{first, true},
+                                                                 {"\"" + first + "\"", true},
+                                                                 {first + "\\", true},
+                                                                 {first + "x", false},
+                                                                 {"x", false},
+                                                                 {"", false}}) {
+        EXPECT_EQ(PF_FileCanOpen(file), opens) << file;
+    }
 }
 
 }  // namespace

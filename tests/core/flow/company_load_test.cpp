@@ -11,12 +11,16 @@ class Load : public SystemTest {
 protected:
     /// But for what is measured the record holds the company's number alone.
     static void expectEmpty(const std::string& userId) {
+        std::map<std::string_view, std::string> expected{{"USER_ID", userId},
+                                                         {"SAME_CHECK", "1"},
+                                                         {"DANTAI_FLG", std::string(16, '0')},
+                                                         {"KOUTORI_FLG", std::string(16, '0')},
+                                                         {"MANAGEMENT_TYPE_FLG", std::string(64, '0')},
+                                                         {"BUSINESS_TYPE_FLG", std::string(64, '0')},
+                                                         {"SERVICE_FLG", std::string(50, '0')}};
         for (const FieldInfo& field : kFields) {
             if (field.text != nullptr && field.source != Source::Probed) {
-                EXPECT_EQ(tCustomerInfo.*field.text, field.name == "USER_ID"      ? userId
-                                                     : field.name == "SAME_CHECK" ? "1"
-                                                                                  : std::string(field.zeros, '0'))
-                    << field.name;
+                EXPECT_EQ(tCustomerInfo.*field.text, expected[field.name]) << field.name;
             }
         }
         EXPECT_FALSE(tCustomerInfo.SEND_FLAG);

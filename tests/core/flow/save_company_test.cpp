@@ -13,6 +13,7 @@ TEST_F(Save, ACompleteSave) {
     startOn(0);
     edit("変更後");
     store.statements.clear();
+    store.watch = [&](const std::string& sql) { EXPECT_FALSE(form().enabled() && server.sent.empty()) << sql; };
     server.meanwhile = [&] {
         EXPECT_FALSE(form().enabled());
         EXPECT_EQ(forms.pointer(), kPointerHourglass);

@@ -38,7 +38,7 @@ TEST_F(Switch, TheOperatorMayStay) {
         gSaved = true;
         answer(1);
         choose(wish);
-        EXPECT_EQ(shownIds().size(), 1u);
+        EXPECT_EQ(shownIds(), Texts{wish == kOther ? "COS20001" : "COS20002"});
         EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
         EXPECT_EQ(tCustomerInfo.USER_ID, kCompany);
         EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "あおぞら架空不動産㈱");

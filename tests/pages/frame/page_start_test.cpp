@@ -1,5 +1,8 @@
 #include "pages/frame/page_start.h"
 
+#include <algorithm>
+
+#include "pages/frame/change_page.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -57,6 +60,161 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
         leave();
         messages.shown.clear();
         gSaved = false;
+    }
+}
+
+TEST_F(PageStart, ShowsTheTitleAndThePublishNumberOfTheCompany) {
+    struct Case {
+        std::string name, flags, number;
+        int font;
+        const char* member;
+        bool numberShown;
+    };
+    const std::string upTo25(25, '0');
+    for (const Case& row : {
+             Case{"一二三四五六七八九十一二三四", upTo25 + "2", "12", 15, "Kovalis掲載会員専用", true},
+             Case{"一二三四五六七八九十一二三四五", upTo25 + "1", "NULL", 12, "", false},
+             Case{"短い", upTo25, "0", 15, "", true},
+         }) {
+        sql("update TBL_CUSTOMER_INFO set OFFICE_NAME = '本店舗', COMPANY_NAME = '" + row.name + "', SERVICE_FLG = '" +
+            row.flags + "', CONTRACT_PUBLISHNUMBER = " + row.number + " where USER_ID = '000004601'");
+        const auto& form = dynamic_cast<frm_CompInp0&>(startOn(0));
+        EXPECT_EQ(form.lbl_TitleCompany.caption(), row.name + "　本店舗");
+        EXPECT_EQ(form.lbl_TitleCompany.fontSize(), row.font);
+        EXPECT_EQ(form.lbl_TitleRyutuKaiin.caption(), row.member);
+        EXPECT_EQ(form.lbl_Pubish_Number.visible(), row.numberShown);
+        EXPECT_EQ(form.lbl_Pubish_Number_Title.visible(), row.numberShown);
+        EXPECT_EQ(form.lbl_Pubish_Number.caption(), row.numberShown ? row.number : "");
+        leave();
+        messages.shown.clear();
+    }
+    EXPECT_TRUE(log().empty());
+}
+
+TEST_F(PageStart, AFailureIsReportedUnderItsLabel) {
+    struct Case {
+        int page;
+        Call call;
+        const char* part;
+        int nth;
+        bool raised;
+        std::string text;
+    };
+    const std::string noMemory = "メモリが足りません。";
+    for (const Case& row : {
+             Case{0, Call::Open, "", 3, false, "F_Check_Pubish_Number\r\nストアの故障"},
+             Case{0, Call::Select, "PUBLISHNUMBER", 1, false, "F_Check_Pubish_Number\r\nストアの故障"},
+             Case{0, Call::Select, "PUBLISHNUMBER", 1, true, "F_Check_Pubish_Number\r\n" + noMemory},
+             Case{0, Call::Select, "ORDER BY USER_ID", 1, true, "[ P_MakeComboBox_CompInp0 ]" + noMemory},
+             Case{1, Call::Select, "ORDER BY USER_ID", 1, true, "[ P_MakeComboBox_CompInp1 ]" + noMemory},
+             Case{2, Call::Select, "ORDER BY USER_ID", 1, true, "[ P_MakeComboBox_CompInp1 ]" + noMemory},
+             Case{3, Call::Select, "ORDER BY USER_ID", 1, true, "[ P_MakeComboBox_CompInp3 ]" + noMemory},
+             Case{4, Call::Select, "ORDER BY USER_ID", 1, true, "[ P_MakeComboBox_CompInp4 ]" + noMemory},
+         }) {
+        if (row.page != 0) {
+            startOn(0);
+        }
+        store.fail(row.call, row.part, row.nth);
+        store.raised = row.raised ? std::optional(Failure::OutOfMemory) : std::nullopt;
+        row.page == 0 ? start() : turnTo(row.page);
+        store.mend();
+        expectReported(row.raised ? "7" : "DB:77", row.text);
+        EXPECT_EQ(screen().failure.text, row.text);
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(PageStart, TheAssociationOfAnEditionCannotBeUnticked) {
+    for (const char* edition : {"2", "3"}) {
+        settings.set("VERSION", "MINOR", edition);
+        startOn(1);
+        for (std::size_t i = 0; i < page<frm_CompInp1>().chk_Dantai.size(); ++i) {
+            EXPECT_EQ(page<frm_CompInp1>().chk_Dantai[i].enabled(), i != 3 || edition[0] != '3') << edition << i;
+        }
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(PageStart, APageThatDoesNotExistKeepsThePresentOne) {
+    for (const std::int16_t target : std::initializer_list<std::int16_t>{5, -1}) {
+        startOn(0);
+        page<frm_CompInp0>().txt_Tanto_Name.setText("入力");
+        EXPECT_FALSE(PF_Change_Frm_CompInp(target, screen()));
+        EXPECT_EQ(gErrMsg + gErrCode, "[ PF_Change_Frm_CompInp ] において引数が不正です。CHGFRM:01");
+        EXPECT_EQ(screen().number, 0);
+        EXPECT_EQ(tCustomerInfo.TANTO_NAME, "入力") << "it is in the record all the same";
+        EXPECT_EQ(forms.pointer(), kPointerDefault);
+        leave();
+        messages.shown.clear();
+    }
+}
+
+TEST_F(PageStart, OnlyTheKindsOfPhotosBeginWithABlank) {
+    startOn(1);
+    auto& licence = page<frm_CompInp1>();
+    for (const ComboBox* list : {&licence.cbo_License_No, &licence.cbo_Get_License_Nengou,
+                                 &licence.cbo_Valid_License_Nengou, &licence.cbo_Dantai_Name}) {
+        EXPECT_NE(list->list(0), "") << list->name();
+    }
+    turnTo(2);
+    for (std::size_t i = 0; i < 2; ++i) {
+        const ComboBox& list = page<frm_CompInp2>().cbo_pic_PhotoFile[i];
+        EXPECT_TRUE(list.list(0).empty() && !list.list(1).empty()) << i;
+    }
+}
+
+/// The headings in order, and the boxes that are drawn below them, "#" for one in the colour of a group.
+TEST_F(PageStart, DrawsTheBarsOfThePage) {
+    constexpr const char* kDrawn[] = {
+        "==-　事務所・店舗情報-　ＰＣ設置場所-　反響・問い合わせ#", "==- 宅建免許証- 公正取引協議会加盟事業者##",
+        "==- 交通情報- その他会社情報- 画像１- 画像２", "==-　取扱種別-　業務内容#######",
+        "==* *この情報はお客様設定送信時にゼンタへ転送いたします。（内容は変更できません。）"
+        "-　ＯＳ-　システム-　ネットワーク-　その他"};
+    for (int number = 0; number < kPageCount; ++number) {
+        const PageForm& form = startOn(number);
+        std::string drawn;
+        for (const Shape& shape : form.canvas().shapes()) {
+            if (const auto* box = std::get_if<DrawnBox>(&shape)) {
+                drawn += box->colour == kBand ? "=" : box->colour == kBar ? "-" : box->colour == kGroupBox ? "#" : "*";
+                EXPECT_TRUE(box->filled);
+                EXPECT_LE(box->box.x + box->box.width, form.scaleWidth());
+                EXPECT_LE(box->box.y + box->box.height, form.scaleHeight());
+            } else if (const auto* text = std::get_if<DrawnText>(&shape)) {
+                drawn += text->text;
+                EXPECT_TRUE(text->bold);
+            }
+        }
+        EXPECT_EQ(drawn, std::string(kDrawn[number]) + "設定/お客様情報");
+        leave();
+        messages.shown.clear();
+    }
+}
+
+/// The boxes of page 1 let Enter pass.
+TEST_F(PageStart, EnterMovesOnFromListsAndBoxes) {
+    for (int number = 0; number < kPageCount; ++number) {
+        PageForm& form = startOn(number);
+        std::vector<Control*> order = form.tabOrder();
+        std::erase_if(order, [](const Control* control) { return !control->focusable(); });
+        const auto place = [&order](const Control& control) { return std::ranges::find(order, &control); };
+        EXPECT_EQ(order.front(), &form.cbo_User_Id);
+        EXPECT_LT(place(form.btm_Save), place(form.btm_Back_Menu));
+        EXPECT_LT(place(form.btm_Back_Menu), place(form.btm_ChangePage[number == 0 ? 1U : 0U]));
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            const ControlKind kind = order[i]->kind();
+            if (kind == ControlKind::ComboBox || kind == ControlKind::CheckBox) {
+                const bool moves = kind == ControlKind::ComboBox || number != 1;
+                order[i]->setFocus();
+                form.keyDown(kKeyTab);
+                EXPECT_EQ(form.activeControl(), order[i]);
+                form.keyDown(kKeyEnter);
+                EXPECT_EQ(form.activeControl(), order[(i + (moves ? 1 : 0)) % order.size()]) << order[i]->objectName();
+            }
+        }
+        leave();
+        messages.shown.clear();
     }
 }
 

@@ -1,10 +1,15 @@
 #include <array>
 
+#include "platform/controls/captions.h"
+#include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"
+#include "platform/controls/image_control.h"
 #include "platform/controls/input_rules.h"
 #include "platform/controls/number_format.h"
+#include "platform/controls/number_input.h"
 #include "platform/utf8.h"
 #include "support/form_test.h"
+#include "support/scripted_machine.h"
 
 namespace orv {
 namespace {
@@ -153,6 +158,75 @@ TEST_F(Controls, AFormThatItsOwnLoadUnloadsIsNotShown) {
     EXPECT_EQ(forms.activeForm(), nullptr);
     EXPECT_EQ(windows.calls,
               (std::vector<std::string>{"open frm_Test", "close frm_Test", "open frm_Test", "close frm_Test"}));
+}
+
+TEST_F(Controls, TheViewIsToldOfEveryAssignment) {
+    BlankPictures pictures;
+    services().pictures = &pictures;
+    Label label{form, "lbl", {}};
+    Button button{form, "btm", {}};
+    CheckBox box{form, "chk", {}};
+    ComboBox list{form, "cbo", {}};
+    TextInput text{form, "txt", {}};
+    NumberInput number{form, "num", {.most = 9}};
+    ImageControl image{form, "pic", {}};
+    for (Control* control : form.controls()) {
+        control->observe(count);
+    }
+    form.observe(count);
+    // clang-format off
+    const std::pair<const char*, std::function<void()>> assignments[] = {
+        {"enabled", [&] { label.setEnabled(false); }}, {"visible", [&] { label.setVisible(false); }},
+        {"back", [&] { label.setBackColour({1}); }}, {"fore", [&] { label.setForeColour({1}); }},
+        {"caption", [&] { label.setCaption("x"); }}, {"font", [&] { label.setFontSize(20); }},
+        {"mark", [&] { button.setMarked(true); }}, {"tick", [&] { box.setValue(1); }},
+        {"item", [&] { list.addItem("x"); }}, {"items", [&] { list.addItems({"y"}); }},
+        {"choice", [&] { list.setListIndex(1); }}, {"no items", [&] { list.clear(); }},
+        {"text", [&] { text.setText("x"); }}, {"number", [&] { number.setText("1"); }},
+        {"refused number", [&] { EXPECT_FALSE(number.typed("10")); }}, {"picture", [&] { image.load("x"); }},
+        {"size", [&] { image.size(5, 5); }}, {"no picture", [&] { image.clear(); }},
+        {"rectangle", [&] { image.setDstRect({1, 1, 2, 2}); }}, {"clip", [&] { image.setDstClipRect({1, 1, 2, 2}); }},
+        {"window", [&] { form.resize({50, 50}); }}, {"repaint", [&] { image.setAutoRepaint(true); }}, {"title", [&] { form.setCaption("x"); }},
+        {"form", [&] { form.setEnabled(false); }},
+    };
+    // clang-format on
+    EXPECT_TRUE(number.typed("　９ "));
+    EXPECT_EQ(number.text(), "9");
+    for (const auto& [name, assign] : assignments) {
+        raised = 0;
+        assign();
+        EXPECT_EQ(raised, 1) << name;
+    }
+    raised = 0;
+    image.setAutoRepaint(false);
+    image.setDstRect({0, 0, 1, 1});
+    EXPECT_EQ(raised, 0) << "until it is repainted again";
+}
+
+TEST(Keys, HaveTheNumbersThatTheSiblingsSend) {
+    EXPECT_EQ((std::array{kKeyTab, kKeyEnter, kKeyEscape, kKeyF1}), (std::array{9, 13, 27, 112}));
+}
+
+TEST(RunTimeErrors, HaveTheirNumbersAndTexts) {
+    // clang-format off
+    const std::map<int, std::string> texts{
+        {5, "引数またはその場での操作が正しくありません。"}, {6, "数値が大きすぎます。"}, {7, "メモリが足りません。"},
+        {9, "インデックスが有効範囲にありません。"}, {13, "型が一致しません。"},
+        {51, "プログラムの内部でエラーが発生しました。"}, {52, "ファイル名が正しくありません。"},
+        {53, "ファイルが見つかりません。"}, {55, "ファイルは既に開かれています。"},
+        {57, "ファイルの読み書き中にエラーが発生しました。"}, {58, "同じ名前のファイルが既にあります。"},
+        {61, "ディスクの空き容量が足りません。"}, {70, "書き込みが許可されていません。"},
+        {75, "パスまたはファイルにアクセスできません。"}, {76, "パスが見つかりません。"},
+        {91, "操作の対象がありません。"}, {94, "値のない項目を値として使いました。"}, {380, "設定できない値です。"},
+        {383, "一覧にない文字列は設定できません。"}, {20150, "ファイルの選択が取り消されました。"},
+        {24011, "サーバーに接続できません。"}, {24012, "サーバーから応答がありません。"},
+    };
+    // clang-format on
+    for (int number = 0; number <= 24012; ++number) {
+        const auto known = texts.find(number);
+        EXPECT_EQ(descriptionOf(Failure{number}), known == texts.end() ? "不明なエラーです。" : known->second)
+            << number;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "validation/rules/access_rules.h"
 #include "validation/rules/rules_test.h"
-#include "validation/rules/transport_rules.h"
 
 namespace orv {
 namespace {
@@ -23,14 +22,9 @@ class TransportRules : public RulesTest {
 protected:
     /// What the check tells of the record; it must work.
     Outcome check() {
-        R& r = tCustomerInfo;
-        auto& form = page<frm_CompInp2>();
         out = {};
-        EXPECT_TRUE(PF_CheckTransport(r.RAILROAD_CODE, form.btn_SelectRail, r.STATION_CODE, r.WALK_MINUTES,
-                                      form.txt_Walk_Minutes, r.BUS_MINUTES, form.txt_Bus_Minutes, r.BUS_ROUTE,
-                                      form.txt_Bus_Route, r.BUSSTOP, form.txt_Busstop, r.TEIHO_MINUTES,
-                                      form.txt_Thiho_Minutes, out.focus, out.text, r.CAR_TARGET, form.txt_Car_Target,
-                                      r.CAR_MINUTES, form.txt_Car_Minutes, r.CAR_DISTANCE, form.txt_Car_Distance));
+        const bool passed = PF_CheckFrmCompInp2Data(out);
+        EXPECT_EQ(passed, out.text.empty());
         return {out.focus == nullptr ? "" : out.focus->objectName(), out.text};
     }
     /// The rule once more, told as the ways to the office: one, and that one whole.

@@ -1,5 +1,6 @@
 #include "validation/rules/company_rules.h"
 
+#include "validation/rules/password_rules.h"
 #include "validation/rules/rules_test.h"
 
 namespace orv {
@@ -85,6 +86,59 @@ TEST_F(CompanyRules, TheSiteOfTheComputer) {
     EXPECT_TRUE(takes(&R::SAME_CHECK, "False"));
     gAddressByMaster = false;
     EXPECT_TRUE(takes(&R::PC_ADDRESS_CODE, ""));
+}
+
+/// Refuses the telephone number "1" without a code of its own, and nothing else.
+class WithoutCodes : public StringCheck {
+public:
+    using StringCheck::StringCheck;
+    FailureRecord ErrorInfo() const override { return {}; }
+    void CheckTelNumber(const std::string& text, bool& passes) override { passes = text != "1"; }
+};
+
+TEST_F(CompanyRules, TheirOwnTextsWhereTheTestOfNumbersHasNone) {
+    WithoutCodes without{codePage};
+    services().stringCheck = &without;
+    load("000004602");
+    for (const auto& [field, text] : std::initializer_list<std::pair<TextField, const char*>>{
+             {&R::TEL_NO1, "TEL番号が未入力です。"},
+             {&R::TEL_NO2, "フリーダイヤルが未入力です。"},
+             {&R::FAX_NO, "FAX番号が未入力です。"},
+             {&R::PC_TEL_NO1, "ＰＣ設置場所  TEL番号が未入力です。"},
+             {&R::PC_TEL_NO2, "ＰＣ設置場所  フリーダイヤルが未入力です。"},
+             {&R::PC_FAX_NO, "ＰＣ設置場所  ＦＡＸ番号が未入力です。"}}) {
+        EXPECT_FALSE(takes(field, "1"));
+        EXPECT_EQ(out.text, text);
+    }
+    EXPECT_TRUE(takes(&R::PC_TEL_NO1, " "));
+    EXPECT_EQ(out.text, "ＰＣ設置場所　電話番号が未入力です。") << "noted, and then the number passes";
+}
+
+class PasswordRules : public RulesTest {
+protected:
+    PasswordRules() { openStore(); }
+    ~PasswordRules() override { closeStore(); }
+};
+
+TEST_F(PasswordRules, TheStoreIsClosedUnlessTheRefusalIsShown) {
+    auto& fields = page<frm_ChangePassword>().txt_Password;
+    EXPECT_FALSE(PF_CheckPwd());
+    EXPECT_EQ(shownIds(), Texts{"CHECK001"});
+    EXPECT_EQ(store.open, 1);
+    messages.failure = Failure::OutOfMemory;
+    EXPECT_FALSE(PF_CheckPwd());
+    EXPECT_EQ(gErrMsg + gErrCode, "[ PF_CheckPwd ] メモリが足りません。7");
+    messages.failure.reset();
+    messages.refusal = FailureRecord{"窓がない", "MSG:1"};
+    EXPECT_FALSE(PF_CheckPwd());
+    EXPECT_EQ(gErrMsg + gErrCode, "窓がないMSG:1");
+    EXPECT_EQ(store.open, 0);
+    openStore();
+    fields[0].setText(tCustomerInfo.USER_PASSWD);
+    fields[1].setText("himitsu1");
+    fields[2].setText("himitsu1");
+    EXPECT_TRUE(PF_CheckPwd());
+    EXPECT_EQ(store.open, 0);
 }
 
 }  // namespace
