@@ -2,6 +2,7 @@
 
 #include "adapters/store/store_service.h"
 #include "adapters/store_contract.h"
+#include "sample_folder.h"
 #include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
@@ -13,7 +14,7 @@ StoreUnderTest makeStore(std::shared_ptr<void>& keep) {
     keep = folder;
     const std::string path = folder->file("ORVESTATE.MDB");
     for (const char* name : {"schema.sql", "masters.sql", "companies.sql", "locks.sql"}) {
-        runInMemory(path, readFile(std::string(SAMPLE_FOLDER) + "/sql/" + name));
+        runInMemory(path, readFile(kSampleFolder + "/sql/" + name));
     }
     return {std::make_unique<StoreService>(nativePaths(), memoryStore()), path};
 }

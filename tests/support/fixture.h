@@ -24,6 +24,7 @@
 #include "pages/controls/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
+#include "sample_folder.h"
 #include "support/breakable.h"
 #include "support/fake_windows.h"
 #include "support/recorded_http.h"
@@ -41,7 +42,7 @@ using Call = FailingStore::Call;
 /// A copy of the sample office on the disk: its folders, its settings, its registry, its store.
 struct OfficeCopy {
     OfficeCopy() {
-        std::filesystem::copy(SAMPLE_FOLDER, folder.path(), std::filesystem::copy_options::recursive);
+        std::filesystem::copy(kSampleFolder, folder.path(), std::filesystem::copy_options::recursive);
         makeSampleStore(store());
     }
     std::string root() const { return folder.path().string(); }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "adapters/store/store_connection.h"
+#include "sample_folder.h"
 #include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
@@ -21,7 +22,7 @@ void runSql(const std::string& path, const std::string& sql);
 std::vector<std::string> rowsOf(const std::string& path, const std::string& select);
 
 inline void runSampleFile(const std::string& path, const std::string& name) {
-    const std::string sql = readFile(std::filesystem::path(SAMPLE_FOLDER) / "sql" / name);
+    const std::string sql = readFile(std::filesystem::path(kSampleFolder) / "sql" / name);
     ASSERT_FALSE(sql.empty()) << name;
     runSql(path, sql);
 }

@@ -7,6 +7,7 @@
 #include "adapters/office_store/office_store.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_store.h"
+#include "sample_folder.h"
 
 namespace bench {
 namespace {
@@ -47,7 +48,7 @@ Site::Site(fs::path folder, const fs::path& store, int companies) : folder_(std:
 std::string Site::terminal(int number) const {
     const fs::path office = folder_ / ("terminal" + std::to_string(number));
     if (!fs::exists(office)) {
-        fs::copy(SAMPLE_FOLDER, office, fs::copy_options::recursive);
+        fs::copy(orv::kSampleFolder, office, fs::copy_options::recursive);
         fs::remove_all(office / "C/ORV/MDB");
         fs::create_directory_symlink(fs::absolute(folder_ / "MDB"), office / "C/ORV/MDB");
     }
@@ -84,7 +85,7 @@ int Site::locks() const {
 void makeSampleFile(const fs::path& file) {
     std::string sql;
     for (const char* name : {"schema", "masters", "companies"}) {
-        sql += contentOf(fs::path(SAMPLE_FOLDER) / "sql" / (std::string(name) + ".sql"));
+        sql += contentOf(fs::path(orv::kSampleFolder) / "sql" / (std::string(name) + ".sql"));
     }
     orv::SqliteDatabase(file.string(), orv::StoreAccess::Create, orv::kSqliteBusyWait).runScript(sql);
 }

@@ -1,4 +1,5 @@
 #include "private_server.h"
+#include "sample_folder.h"
 
 #include <fcntl.h>
 #include <netinet/in.h>
@@ -103,7 +104,7 @@ PrivateServer::PrivateServer() {
     start();
     sql("postgres", "CREATE DATABASE sample");
     for (const char* name : {"server", "schema", "masters", "companies", "locks", "transmit"}) {
-        sql("sample", contentOf(fs::path(SAMPLE_FOLDER) / "sql" / (std::string(name) + ".sql")));
+        sql("sample", contentOf(fs::path(kSampleFolder) / "sql" / (std::string(name) + ".sql")));
     }
 }
 

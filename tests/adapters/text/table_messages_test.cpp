@@ -13,6 +13,7 @@
 
 #include "adapters/text/cp932.h"
 #include "platform/run_time_error.h"
+#include "sample_folder.h"
 #include "support/fake_windows.h"
 #include "support/memory_machine.h"
 #include "support/temp_folder.h"
@@ -183,7 +184,7 @@ TEST(MessageTable, LetsAFileSayItOtherwiseButNotAskLess) {
 }
 
 TEST(MessageTable, IsWhatTheSampleOfficeShips) {
-    const std::string bytes = readFile(SAMPLE_FOLDER "/C/ORV/SYS/MSG.TBL");
+    const std::string bytes = readFile(kSampleFolder + "/C/ORV/SYS/MSG.TBL");
     const Cp932 page;
     const std::string content = page.decode(bytes);
     EXPECT_EQ(page.encode(content), bytes);

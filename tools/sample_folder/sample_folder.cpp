@@ -1,0 +1,7 @@
+#include "sample_folder.h"
+
+namespace orv {
+
+const std::string kSampleFolder = SAMPLE_FOLDER;
+
+}  // namespace orv
