@@ -7,14 +7,13 @@
 #include <string_view>
 
 #include "adapters/http/curl_library.h"
+#include "adapters/words/printable.h"
 #include "platform/run_time_error.h"
-#include "platform/utf8.h"
 
 namespace orv {
 namespace {
 
 constexpr long kConnectSeconds = 30;
-constexpr std::size_t kLongestReason = 200;
 
 struct FailureText {
     CURLcode code;
@@ -140,6 +139,7 @@ void setCommon(const Curl& curl, const HttpRequest& request, Arrival& arrival) {
     set(curl, CURLOPT_PROTOCOLS_STR, "http,https");
     set(curl, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
     set(curl, CURLOPT_FOLLOWLOCATION, 0L);
+    set(curl, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_TLSv1_2));
     set(curl, CURLOPT_SSL_VERIFYPEER, 1L);
     set(curl, CURLOPT_SSL_VERIFYHOST, 2L);
     set(curl, CURLOPT_PROXY, "");
@@ -208,15 +208,6 @@ void setPost(const Curl& curl, const std::string& body) {
     set(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
 }
 
-/// What a server writes is shown and logged, so it is cut, made valid UTF-8, and freed of control characters.
-std::string readable(std::string text) {
-    text.resize(std::min(text.size(), kLongestReason));
-    std::u32string characters = toCharacters(text);
-    std::ranges::replace_if(
-        characters, [](char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }, U' ');
-    return toUtf8(characters);
-}
-
 }  // namespace
 
 HttpResponse exchange(const HttpRequest& request) {
@@ -239,7 +230,7 @@ HttpResponse exchange(const HttpRequest& request) {
     long status = 0;
     curlLibrary().easyGetinfo(curl.get(), CURLINFO_RESPONSE_CODE, &status);
     arrival.response.status = static_cast<std::int32_t>(status);
-    arrival.response.reason = readable(std::move(arrival.response.reason));
+    arrival.response.reason = printable(arrival.response.reason);
     return std::move(arrival.response);
 }
 

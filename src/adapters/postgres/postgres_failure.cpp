@@ -62,6 +62,7 @@ constexpr auto kStates = std::to_array<ServerState>({
 
 constexpr StoreRefusal kNoServer{"DBCONN02", Failure::ConnectionFailed, "データベースのサーバーに接続できません。"};
 constexpr std::size_t kStateLength = 5;
+constexpr std::string_view kStrangeState = "XXXXX";  // it stands for whatever else a server may send
 
 bool isState(std::string_view text) {
     return text.size() == kStateLength &&
@@ -73,6 +74,9 @@ std::string_view firstLine(std::string_view text) { return text.substr(0, text.f
 }  // namespace
 
 StoreFailure serverFailure(std::string_view state, std::string_view detail) {
+    if (!isState(state)) {
+        state = kStrangeState;
+    }
     const auto& row = *std::ranges::find_if(kStates, [&](const auto& each) { return state.starts_with(each.state); });
     return {row.number, "DB" + std::string(state),
             withDetail(row.text, row.detail == Detail::Shown ? detail : std::string_view())};

@@ -1,7 +1,8 @@
 #include "adapters/store/store_failure.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "adapters/words/printable.h"
 
 namespace orv {
 
@@ -11,9 +12,8 @@ StoreFailure::StoreFailure(Failure number, std::string code, std::string descrip
 std::string withDetail(std::string_view text, std::string_view detail) {
     std::string whole(text);
     if (!detail.empty()) {
-        whole.append("（").append(detail).append("）");
+        whole.append("（").append(printable(detail)).append("）");
     }
-    std::ranges::replace(whole, '\n', ' ');
     return whole;
 }
 

@@ -30,7 +30,7 @@ struct StoreRefusal {
 /// Throws the StoreFailure of `refusal`; `detail`, where there is any, is added in brackets.
 [[noreturn]] void refuse(const StoreRefusal& refusal, std::string_view detail = {});
 
-/// `text` and, where there is any, `detail` in brackets, on one line.
+/// `text` and, where there is any, `detail` in brackets, which are words from outside and are made printable.
 std::string withDetail(std::string_view text, std::string_view detail);
 
 // The refusals that no engine differs in.
@@ -42,6 +42,9 @@ inline constexpr StoreRefusal kManyStatements{"DBSQL03", Failure::InvalidCall,
                                               "データベースへの命令は一度に一つだけ実行できます。"};
 inline constexpr StoreRefusal kNoSelect{"DBSQL04", Failure::InvalidCall, "読み出しの命令ではありません。"};
 inline constexpr StoreRefusal kNoChange{"DBSQL05", Failure::InvalidCall, "更新の命令ではありません。"};
+inline constexpr StoreRefusal kNestedRead{"DBSQL06", Failure::InvalidCall,
+                                          "更新の命令の中で、ほかのデータを読むことはできません。"};
+inline constexpr StoreRefusal kAnswerTooLong{"DBSQL07", Failure::Overflow, "データベースの応答が大きすぎます。"};
 inline constexpr StoreRefusal kTransactionOpen{"DBTRAN01", Failure::InvalidCall,
                                                "トランザクションがすでに始まっています。"};
 inline constexpr StoreRefusal kNoTransaction{"DBTRAN02", Failure::InvalidCall,

@@ -5,6 +5,7 @@
 #include <utility>
 #include <variant>
 
+#include "adapters/words/printable.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 
@@ -24,7 +25,7 @@ struct Room {
 constexpr Room kOneValue{800, 15};
 constexpr Room kWhole{2000, 40};
 
-/// Windows line breaks become plain ones, other control characters blanks; what has no room is cut.
+/// Windows line breaks become plain ones, what is not printable becomes a blank; what has no room is cut.
 std::string fitted(const std::string& text, Room room) {
     std::u32string shown;
     std::size_t lines = 1;
@@ -41,7 +42,7 @@ std::string fitted(const std::string& text, Room room) {
             shown += U'…';
             break;
         }
-        shown += lineBreak ? U'\n' : character < 0x20 || character == 0x7F ? U' ' : character;
+        shown += lineBreak ? U'\n' : isPrintable(character) ? character : U' ';
     }
     return toUtf8(shown);
 }
