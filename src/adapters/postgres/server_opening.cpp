@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "adapters/postgres/postgres_failure.h"
+#include "adapters/postgres/server_settings.h"
 
 namespace orv {
 namespace {
@@ -37,35 +38,12 @@ const ServerSettings kNetworkDefaults = {{"fallback_application_name", "company_
                                          {"keepalives_count", "3"},
                                          {"tcp_user_timeout", "10000"}};
 
-ServerConnection start(const ServerSettings& settings) {
-    ServerSettings all = settings;
-    all.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
-    all["client_encoding"] = "UTF8";
-    std::vector<const char*> names;
-    std::vector<const char*> values;
-    for (const auto& [name, value] : all) {
-        names.push_back(name.c_str());
-        values.push_back(value.c_str());
-    }
-    names.push_back(nullptr);
-    values.push_back(nullptr);
-    ServerConnection connection(PQconnectStartParams(names.data(), values.data(), 0));
-    if (connection == nullptr) {
-        throw RunTimeError(Failure::OutOfMemory);
-    }
+/// Nothing has gone out yet when this returns.
+ServerConnection start(ServerSettings settings) {
+    settings.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
+    ServerConnection connection = startConnection(settings);
     PQsetErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
     return connection;
-}
-
-/// One setting as it stands after services and the environment have been asked; empty where none is made.
-std::string settledOn(PGconn* connection, std::string_view name) {
-    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(PQconninfo(connection), PQconninfoFree);
-    for (const PQconninfoOption* option = options.get(); option != nullptr && option->keyword != nullptr; ++option) {
-        if (option->keyword == name && option->val != nullptr) {
-            return option->val;
-        }
-    }
-    return {};
 }
 
 std::vector<std::string> listed(const std::string& text) {
@@ -101,15 +79,13 @@ public:
     }
 
     ServerConnection run() {
-        ServerConnection connection = start(settings_);
-        const long seconds = std::strtol(settledOn(connection.get(), "connect_timeout").c_str(), nullptr, 10);
+        settings_ = settled(settings_);
+        const long seconds = std::strtol(valueOf(settings_, "connect_timeout").c_str(), nullptr, 10);
         patience_ = seconds > 0 ? std::chrono::seconds(seconds) : patience_;
-        const std::vector<ServerSettings> hosts = hostsOf(connection.get());
+        const std::vector<ServerSettings> hosts = eachHost();
         for (std::size_t host = 0; host < hosts.size(); ++host) {
             allow();
-            if (hosts.size() > 1) {
-                connection = start(hosts[host]);
-            }
+            ServerConnection connection = start(secured(hosts[host]));
             const bool isInTime = letIn(connection.get(), deadline_.load());
             if (isInTime && PQstatus(connection.get()) == CONNECTION_OK) {
                 return connection;
@@ -136,14 +112,14 @@ private:
     }
 
     /// The settings for each host alone. A standby that is only preferred is looked for on all of them first.
-    std::vector<ServerSettings> hostsOf(PGconn* all) const {
-        const auto names = listed(settledOn(all, "host"));
-        const auto addresses = listed(settledOn(all, "hostaddr"));
+    std::vector<ServerSettings> eachHost() const {
+        const auto names = listed(valueOf(settings_, "host"));
+        const auto addresses = listed(valueOf(settings_, "hostaddr"));
         std::vector<ServerSettings> hosts;
         for (std::size_t place = 0; place < std::max(names.size(), addresses.size()); ++place) {
-            hosts.push_back(hostAt(all, place));
+            hosts.push_back(hostAt(place));
         }
-        if (settledOn(all, "target_session_attrs") == "prefer-standby") {
+        if (valueOf(settings_, "target_session_attrs") == "prefer-standby") {
             std::vector<ServerSettings> anyOf = hosts;
             std::ranges::for_each(hosts, [](ServerSettings& host) { host["target_session_attrs"] = "standby"; });
             std::ranges::for_each(anyOf, [](ServerSettings& host) { host["target_session_attrs"] = "any"; });
@@ -152,10 +128,10 @@ private:
         return hosts;
     }
 
-    ServerSettings hostAt(PGconn* all, std::size_t place) const {
+    ServerSettings hostAt(std::size_t place) const {
         ServerSettings host = settings_;
         for (const char* name : {"host", "hostaddr", "port"}) {
-            const std::vector<std::string> values = listed(settledOn(all, name));
+            const std::vector<std::string> values = listed(valueOf(settings_, name));
             host[name] = values[std::min(place, values.size() - 1)];  // one port stands for all
         }
         return host;
@@ -167,8 +143,6 @@ private:
 };
 
 }  // namespace
-
-void ConnectionCloser::operator()(pg_conn* connection) const noexcept { PQfinish(connection); }
 
 bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
     while (true) {

@@ -1,18 +1,10 @@
 #pragma once
 
 #include <chrono>
-#include <memory>
 
-#include "adapters/postgres/server_text.h"
-
-struct pg_conn;
+#include "adapters/postgres/server_settings.h"
 
 namespace orv {
-
-struct ConnectionCloser {
-    void operator()(pg_conn* connection) const noexcept;
-};
-using ServerConnection = std::unique_ptr<pg_conn, ConnectionCloser>;
 
 /// Waits until something happens to the wire, of the kinds that `poll` knows. False when the time is over.
 bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);

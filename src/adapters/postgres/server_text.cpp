@@ -2,8 +2,11 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <memory>
+#include <string_view>
 
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
@@ -16,7 +19,38 @@ constexpr StoreRefusal kFaulty{"DBFILE08", Failure::InvalidCall,
 constexpr StoreRefusal kPassword{"DBFILE09", Failure::InvalidCall,
                                  "データベースのサーバーを示すファイルにパスワードは書けません。"
                                  "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
+constexpr StoreRefusal kForbidden{"DBFILE08", Failure::InvalidCall,
+                                  "データベースのサーバーを示すファイルに、使えない設定が書かれています。"};
 constexpr std::size_t kLongest = 4096;
+
+// The text is a file of the office, which others may have written, and the client library does what it says with the
+// rights of whoever opens the store. Not here, among others: `options` (settings of the server's session),
+// `sslcrldir`, `gsslib`, and what a newer library may learn, such as writing down the keys of a connection.
+constexpr auto kAllowed = std::to_array<std::string_view>({
+    // Where the server is. `service` names a section of the user's own file or the machine's.
+    "host",
+    "hostaddr",
+    "port",
+    "dbname",
+    "user",
+    "service",
+    "target_session_attrs",
+    // Names of files that are read: as passwords only by lines that begin with this very server, as PEM otherwise.
+    "passfile",
+    "sslrootcert",
+    "sslcert",
+    "sslkey",  // no library by the name of a key: server_settings.cpp
+    // A mode below verify-full is the office's own decision; where it says nothing, it is verify-full.
+    "sslmode",
+    // Numbers, and a name for the server's list of sessions.
+    "connect_timeout",
+    "keepalives",
+    "keepalives_idle",
+    "keepalives_interval",
+    "keepalives_count",
+    "tcp_user_timeout",
+    "application_name",
+});
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 using OptionsPtr = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
@@ -65,6 +99,9 @@ ServerSettings readServerText(const std::string& nativePath) {
         // The library marks so what must not be shown on a screen.
         if (*option->dispchar == '*') {
             refuse(kPassword);
+        }
+        if (std::ranges::find(kAllowed, option->keyword) == kAllowed.end()) {
+            refuse(kForbidden, option->keyword);
         }
         settings[option->keyword] = option->val;
     }

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "adapters/postgres/server_text.h"
+
+struct pg_conn;
+
+namespace orv {
+
+struct ConnectionCloser {
+    void operator()(pg_conn* connection) const noexcept;
+};
+using ServerConnection = std::unique_ptr<pg_conn, ConnectionCloser>;
+
+/// Empty for a setting that is not made.
+std::string valueOf(const ServerSettings& settings, std::string_view name);
+
+/// Begins a connection with these settings and texts in UTF-8. Never null.
+ServerConnection startConnection(const ServerSettings& settings);
+
+/// All settings of a connection, with those of the named service and of the environment. Contacts nobody.
+/// What decides on security is strict unless the text, the service or the environment says otherwise: the server's
+/// certificate and name must be right, and TLS is 1.2 at least.
+/// Failure: a StoreFailure "DBFILE08" for a key that is no plain file, whoever named it: the library would load code.
+ServerSettings settled(const ServerSettings& named);
+
+/// The settings for one host. Where a password could go to a server over TLS, the server must prove that it knows it
+/// (channel binding), so that it cannot ask for it in the clear.
+ServerSettings secured(ServerSettings host);
+
+}  // namespace orv
