@@ -17,7 +17,7 @@ int takeRow(void* list, int count, char** values, char**) {
 
 }  // namespace
 
-StoreOpener testStore() { return sqliteStore(std::chrono::minutes(3)); }
+StoreOpener testStore() { return sqliteStore({.busy = std::chrono::minutes(3)}); }
 
 void runSql(const std::string& path, const std::string& sql) { rowsOf(path, sql); }
 

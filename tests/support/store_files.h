@@ -38,6 +38,7 @@ inline std::string makeSampleStore(const std::string& path) {
         return file;
     }();
     std::filesystem::copy_file(built, path);
+    std::filesystem::permissions(path, std::filesystem::perms(0600));
     return path;
 }
 

@@ -87,7 +87,7 @@ void makeSampleFile(const fs::path& file) {
     for (const char* name : {"schema", "masters", "companies"}) {
         sql += contentOf(fs::path(orv::kSampleFolder) / "sql" / (std::string(name) + ".sql"));
     }
-    orv::SqliteDatabase(file.string(), orv::StoreAccess::Create, orv::kSqliteBusyWait).runScript(sql);
+    orv::SqliteDatabase(file.string(), orv::StoreAccess::Create, {}).runScript(sql);
 }
 
 }  // namespace bench

@@ -84,6 +84,7 @@ public:
         }
     }
     std::vector<std::string> damages() override { return {}; }
+    std::vector<StoreObject> objects() override { return {}; }
 
 private:
     MemoryTables& present() { return own_ ? *own_ : tables_; }

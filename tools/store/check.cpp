@@ -1,9 +1,14 @@
 #include <cstdio>
 #include <ctime>
 
+#include "adapters/sqlite/sqlite_files.h"
+#include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
 #include "adapters/store/store_failure.h"
 #include "keeper.h"
+#include "office_rights.h"
+#include "office_schema.h"
+#include "private_folder.h"
 #include "table_copy.h"
 
 namespace orv {
@@ -57,9 +62,19 @@ std::vector<Question> questions() {
     return all;
 }
 
+/// The table of the profiles, which can be in a store of a server too.
+constexpr std::string_view kProfiles = "Transmit_Info";
+
+bool isOfSchema(const StoreObject& object) {
+    return object.kind == "table" &&
+           (equalWithoutCase(object.name, kProfiles) || std::ranges::any_of(kOfficeTables, [&](const char* table) {
+                return equalWithoutCase(object.name, table);
+            }));
+}
+
 class Check {
 public:
-    explicit Check(StoreConnection& store) : store_(store) {
+    Check(StoreConnection& store, const std::string& path) : store_(store), path_(path) {
         report_.facts = {{"tables", nlohmann::ordered_json::object()},
                          {"findings", nlohmann::ordered_json::array()},
                          {"locks", nlohmann::ordered_json::array()}};
@@ -71,8 +86,9 @@ public:
                 found("damage", damage);
             }
         });
-        for (const char* table : kOfficeTables) {
-            asked(table, [&] { readTable(table); });
+        asked("objects", [&] { listForeignObjects(); });
+        for (std::size_t table = 0; table < kOfficeTables.size(); ++table) {
+            asked(kOfficeTables[table], [&] { readTable(kOfficeTables[table], columns_[table]); });
         }
         for (const Question& question : questions()) {
             asked(question.what, [&] {
@@ -82,6 +98,8 @@ public:
             });
         }
         asked("locks", [&] { listLocks(); });
+        tellOpenRights(path_, !isEmbedded(path_),
+                       [&](const std::string& path, const std::string& what) { found(path, what); });
         return std::move(report_);
     }
 
@@ -102,7 +120,21 @@ private:
         }
     }
 
-    void readTable(const std::string& table) {
+    void listForeignObjects() {
+        for (const StoreObject& object : store_.objects()) {
+            if (!isOfSchema(object)) {
+                found(object.name, object.kind + " that the schema does not have");
+            }
+        }
+    }
+
+    void readTable(const std::string& table, const std::vector<OfficeColumn>& known) {
+        for (const std::string& column : store_.columns(table)) {
+            const auto isIt = [&](const OfficeColumn& each) { return equalWithoutCase(each.name, column); };
+            if (std::ranges::none_of(known, isIt)) {
+                found(table + "." + column, "column that the schema does not have");
+            }
+        }
         const RecordsetPtr rows = store_.select("SELECT * FROM " + table, {});
         report_.facts["tables"][table] = rows->RecordCount();
         report_.say(table + ": " + std::to_string(rows->RecordCount()) + " rows");
@@ -137,11 +169,21 @@ private:
     }
 
     StoreConnection& store_;
+    std::string path_;
+    std::vector<std::vector<OfficeColumn>> columns_ = officeColumns();
     StoreReport report_;
 };
 
 }  // namespace
 
-StoreReport checkStore(const Options& options) { return Check(*openStore(options.store)).run(); }
+/// A file is looked at in a copy of one's own: its terminals are not kept waiting, and nothing is written to it.
+StoreReport checkStore(const Options& options) {
+    if (!isEmbedded(options.store)) {
+        return Check(*openStore(options.store, StoreAccess::ReadOnly), options.store).run();
+    }
+    const PrivateFolder own(std::filesystem::temp_directory_path());
+    copySqliteFile(options.store, own.file());
+    return Check(*openStore(own.file(), StoreAccess::OwnCopy), options.store).run();
+}
 
 }  // namespace orv

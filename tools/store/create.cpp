@@ -19,7 +19,7 @@ StoreReport createStore(const Options& options) {
     if (onServer) {
         createOnServer(options.store);
     } else {
-        makeWhole(options.store, [](const std::string& beside) {
+        makeWhole(options.store, "", [](const std::string& beside) {
             makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
         });
     }

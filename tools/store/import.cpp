@@ -29,7 +29,7 @@ std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
 }
 
 void fillNewFile(const std::vector<WholeTable>& tables, const Options& options, StoreReport& report) {
-    makeWhole(options.other, [&](const std::string& beside) {
+    makeWhole(options.other, "", [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
         writeTables(tables, *openStore(beside), telling(options, report));
     });

@@ -4,36 +4,13 @@
 
 #include "adapters/office_store/office_store.h"
 #include "adapters/store/store_file_check.h"
+#include "private_folder.h"
 
 namespace orv {
-namespace {
-
 namespace fs = std::filesystem;
 
-/// Takes a half-made file, and what the engine keeps beside it, away again.
-class Beside {
-public:
-    explicit Beside(const std::string& path) : path_(path + ".partial") { clear(); }
-    Beside(const Beside&) = delete;
-    Beside& operator=(const Beside&) = delete;
-    ~Beside() { clear(); }
-
-    const std::string& path() const { return path_; }
-
-private:
-    void clear() const {
-        std::error_code ignored;
-        fs::remove(path_, ignored);
-        fs::remove(path_ + "-journal", ignored);
-    }
-
-    std::string path_;
-};
-
-}  // namespace
-
-std::unique_ptr<StoreConnection> openStore(const std::string& path) {
-    return officeStore()(path, StoreAccess::ReadWrite);
+std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access) {
+    return officeStore()(path, access);
 }
 
 bool isEmbedded(const std::string& path) { return storeKindOf(path) == StoreKind::Embedded; }
@@ -55,21 +32,15 @@ void requireMayFill(const std::string& target, const Options& options) {
     }
 }
 
-void makeWhole(const std::string& path, const std::function<void(const std::string& beside)>& make) {
+void makeWhole(const std::string& path, const std::string& rightsOf,
+               const std::function<void(const std::string& beside)>& make) {
     if (stands(path)) {
         throw KeeperFailure(path + ": there is a file already");
     }
-    const Beside beside(path);
-    make(beside.path());
-    std::error_code error;
-    // A second name, unlike a rename, never takes the place of a file that has come there meanwhile.
-    fs::create_hard_link(beside.path(), path, error);
-    if (error == std::errc::operation_not_supported || error == std::errc::operation_not_permitted) {
-        fs::rename(beside.path(), path, error);
-    }
-    if (error) {
-        throw KeeperFailure(path + ": " + error.message());
-    }
+    const fs::path parent = fs::path(path).parent_path();
+    const PrivateFolder folder(parent);
+    make(folder.file());
+    folder.publish(path, rightsLike(rightsOf.empty() ? parent : fs::path(rightsOf)));
 }
 
 bool agreed(const Options& options, const std::string& question) {
@@ -83,7 +54,7 @@ bool agreed(const Options& options, const std::string& question) {
 
 void progress(const Options& options, const std::string& line) {
     if (!options.json) {
-        std::cerr << line << std::endl;
+        std::cerr << printable(line) << std::endl;
     }
 }
 

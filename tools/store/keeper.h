@@ -8,6 +8,7 @@
 #include <string>
 
 #include "adapters/store/store_connection.h"
+#include "adapters/words/printable.h"
 
 namespace orv {
 
@@ -36,7 +37,7 @@ struct StoreReport {
     std::string lines;
     Ending ending = Ending::Done;
 
-    void say(const std::string& line) { lines += line + "\n"; }
+    void say(const std::string& line) { lines += printable(line) + "\n"; }
 };
 
 StoreReport createStore(const Options& options);
@@ -48,7 +49,7 @@ StoreReport copyStore(const Options& options);
 StoreReport importJet(const Options& options);
 
 /// Opens the store of either kind.
-std::unique_ptr<StoreConnection> openStore(const std::string& path);
+std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access = StoreAccess::ReadWrite);
 bool isEmbedded(const std::string& path);
 bool stands(const std::string& path);
 
@@ -58,9 +59,10 @@ std::int64_t count(StoreConnection& store, const std::string& table);
 /// Fails where a target that stands holds companies and may not lose them.
 void requireMayFill(const std::string& target, const Options& options);
 
-/// Makes a file under another name beside its place and puts it there when it is whole. A file that another run left
-/// half-made is made anew; one that stands at the place by then is not replaced.
-void makeWhole(const std::string& path, const std::function<void(const std::string& beside)>& make);
+/// Makes a file in a private folder next to its place and puts it there when it is whole, with the rights of the file
+/// `rightsOf`, or of its folder where that is empty. One that stands at the place by then is not replaced.
+void makeWhole(const std::string& path, const std::string& rightsOf,
+               const std::function<void(const std::string& beside)>& make);
 
 /// Asks the person at the terminal; no one there means no.
 bool agreed(const Options& options, const std::string& question);

@@ -1,3 +1,5 @@
+#include <sys/prctl.h>
+
 #include <CLI/CLI.hpp>
 #include <array>
 #include <iostream>
@@ -61,8 +63,9 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
 }
 
 int print(const StoreReport& report, const Options& options) {
-    // A name that a file's library has cut off in the middle of a character must not undo what is done.
-    const auto asJson = [&] { return report.facts.dump(2, ' ', false, nlohmann::json::error_handler_t::replace); };
+    // A name that a file's library has cut off in the middle of a character must not undo what is done. ASCII only: no
+    // character of a row can do anything to a terminal.
+    const auto asJson = [&] { return report.facts.dump(2, ' ', true, nlohmann::json::error_handler_t::replace); };
     std::cout << (options.json ? asJson() + "\n" : report.lines) << std::flush;
     return static_cast<int>(report.ending);
 }
@@ -71,7 +74,7 @@ int failed(const Options& options, const std::string& text, const std::string& c
     StoreReport report;
     report.ending = Ending::Failed;
     report.facts = {{"failure", {{"text", text}, {"code", code}}}};
-    std::cerr << "orv_store: " << text << (code.empty() ? "" : " [" + code + "]") << std::endl;
+    std::cerr << "orv_store: " << printable(text) << (code.empty() ? "" : " [" + code + "]") << std::endl;
     return options.json ? print(report, options) : static_cast<int>(report.ending);
 }
 
@@ -90,6 +93,7 @@ int run(const Command& command, const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    ::prctl(PR_SET_DUMPABLE, 0);  // passwords pass through
     CLI::App app("Keeps the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
     app.require_subcommand(1);

@@ -1,5 +1,6 @@
 #include "adapters/sqlite/sqlite_files.h"
 #include "keeper.h"
+#include "private_folder.h"
 #include "store_sql.h"
 #include "table_copy.h"
 
@@ -8,8 +9,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void requireSound(const std::string& path) {
-    const std::vector<std::string> damages = openStore(path)->damages();
+/// `copy`, which nobody else has, is of the store `path`.
+void requireSound(const std::string& copy, const std::string& path) {
+    const std::vector<std::string> damages = openStore(copy, StoreAccess::OwnCopy)->damages();
     if (!damages.empty()) {
         throw KeeperFailure(path + ": damaged: " + damages.front());
     }
@@ -20,18 +22,16 @@ void copyInto(StoreConnection& from, StoreConnection& to, const Options& options
 }
 
 void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, StoreReport& report) {
-    makeWhole(file, [&](const std::string& beside) {
+    makeWhole(file, "", [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql));
-        copyInto(*openStore(from), *openStore(beside), options, report);
+        copyInto(*openStore(from, StoreAccess::ReadOnly), *openStore(beside), options, report);
     });
 }
 
-/// The whole file of an embedded store, with the tables of other programs in it.
-void copyWholeFile(const std::string& from, const std::string& file) {
-    makeWhole(file, [&](const std::string& beside) {
-        copySqliteFile(from, beside);
-        requireSound(beside);
-    });
+/// All rows of an embedded store, those of other programs' tables too, and nothing of it that could run.
+void copyRows(const std::string& from, const std::string& beside) {
+    copySqliteRows(from, beside);
+    requireSound(beside, from);
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ StoreReport backUpStore(const Options& options) {
     StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}};
     if (isEmbedded(options.store)) {
-        copyWholeFile(options.store, options.other);
+        makeWhole(options.other, options.store, [&](const std::string& beside) { copyRows(options.store, beside); });
     } else {
         copyIntoNewFile(options.store, options.other, options, report);
     }
@@ -52,20 +52,22 @@ StoreReport restoreStore(const Options& options) {
     if (!isEmbedded(options.other)) {
         throw KeeperFailure(options.other + ": is no backup");
     }
-    requireSound(options.other);
+    // Whoever handed the backup over may still be changing it.
+    const PrivateFolder own(fs::temp_directory_path());
+    copyRows(options.other, own.file());
     StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
     if (!stands(options.store)) {
-        copyWholeFile(options.other, options.store);
+        makeWhole(options.store, "", [&](const std::string& beside) { copySqliteFile(own.file(), beside); });
     } else if (!agreed(options, "What " + options.store + " holds goes. Restore?")) {
         report.facts["restored"] = false;
         report.say("nothing restored");
         report.ending = Ending::Findings;
         return report;
     } else if (isEmbedded(options.store)) {
-        copySqliteFile(options.other, options.store);
+        copySqliteFile(own.file(), options.store);
     } else {
-        copyInto(*openStore(options.other), *openStore(options.store), options, report);
+        copyInto(*openStore(own.file(), StoreAccess::OwnCopy), *openStore(options.store), options, report);
     }
     report.say(options.store + ": restored from " + options.other);
     return report;
@@ -74,7 +76,7 @@ StoreReport restoreStore(const Options& options) {
 StoreReport copyStore(const Options& options) {
     StoreReport report;
     report.facts = {{"source", options.store}, {"target", options.other}};
-    const auto source = openStore(options.store);
+    const auto source = openStore(options.store, StoreAccess::ReadOnly);
     if (!stands(options.other)) {
         copyIntoNewFile(options.store, options.other, options, report);
         return report;

@@ -8,6 +8,7 @@
 #include <limits>
 #include <span>
 
+#include "adapters/postgres/nested_reads.h"
 #include "adapters/postgres/postgres_failure.h"
 #include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
@@ -36,6 +37,22 @@ constexpr const char* kKeyColumns =
     "SELECT a.attname FROM pg_index i, unnest(i.indkey) WITH ORDINALITY AS k (number, place), pg_attribute a"
     " WHERE i.indrelid = to_regclass($1) AND i.indisprimary AND a.attrelid = i.indrelid AND a.attnum = k.number"
     " ORDER BY k.place";
+
+// Of the schemas that names are looked for in; what came with an extension is the server's.
+constexpr const char* kObjects =
+    "WITH own AS (SELECT oid FROM pg_namespace WHERE nspname = ANY (current_schemas(false))),"
+    " extra AS (SELECT objid FROM pg_depend WHERE deptype = 'e'),"
+    " tables AS (SELECT oid, relname, relkind FROM pg_class"
+    "  WHERE relnamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra))"
+    " SELECT CASE relkind WHEN 'r' THEN 'table' WHEN 'v' THEN 'view' WHEN 'm' THEN 'view' ELSE 'foreign table' END, "
+    "relname"
+    " FROM tables WHERE relkind IN ('r', 'v', 'm', 'f', 'p')"
+    " UNION SELECT 'trigger', tgname FROM pg_trigger WHERE NOT tgisinternal AND tgrelid IN (SELECT oid FROM tables)"
+    " UNION SELECT 'rule', rulename FROM pg_rewrite WHERE rulename <> '_RETURN' AND ev_class IN (SELECT oid FROM "
+    "tables)"
+    " UNION SELECT 'policy', polname FROM pg_policy WHERE polrelid IN (SELECT oid FROM tables)"
+    " UNION SELECT 'function', proname FROM pg_proc"
+    "  WHERE pronamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra) ORDER BY 1, 2";
 
 // The server's numbers of its types that are no texts here.
 constexpr Oid kBool = 16;
@@ -150,6 +167,7 @@ public:
 
     std::int32_t change(const std::string& sql, const Values& parameters) override {
         requireStatement(sql, kChangingWords, kNoChange);
+        refuseNestedReads(sql);
         const bool isInside = inTransaction();
         command(isInside ? kChangeInside : begin_);
         const ServerResult result = link_.ask(sql, parameters);
@@ -197,6 +215,15 @@ public:
 
     void runScript(const std::string& sql) override { command(sql); }
     std::vector<std::string> damages() override { return {}; }
+
+    std::vector<StoreObject> objects() override {
+        const RecordsetPtr rows = select(kObjects, {});
+        std::vector<StoreObject> all;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            all.push_back({toText(rows->Fields(0)), toText(rows->Fields(1))});
+        }
+        return all;
+    }
 
 private:
     void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }

@@ -2,7 +2,9 @@
 
 #include <libpq-fe.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -30,6 +32,12 @@ struct TextOf {
 bool failed(const PGresult* result) {
     const ExecStatusType status = PQresultStatus(result);
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
+}
+
+/// The bytes that have come and that nobody has read.
+std::size_t waitingIn(int wire) {
+    int bytes = 0;
+    return ::ioctl(wire, FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
 }
 
 void sayNothing(void*, const char*) {}
@@ -74,6 +82,7 @@ bool ServerLink::inTransaction() const {
 
 ServerResult ServerLink::answer(bool sent) {
     const auto deadline = Clock::now() + patience_.answer;
+    received_ = 0;
     if (!sent || !flushed(deadline)) {
         cut(kCut);
         return nullptr;
@@ -111,11 +120,26 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && PQisBusy(connection_.get()) != 0) {
         if (!waitForWire(connection_.get(), POLLIN, deadline)) {
             cut(kSilent);
-        } else if (PQconsumeInput(connection_.get()) == 0) {
+        } else if (!takeInput()) {
             break;
         }
     }
     return ServerResult(connection_ == nullptr ? nullptr : PQgetResult(connection_.get()));
+}
+
+/// The library keeps an answer whole, however long it becomes, and does not say how much it has taken; but it takes
+/// `kAtLeast` at a time where there is so much. False where the wire is gone.
+bool ServerLink::takeInput() {
+    constexpr std::size_t kAtLeast = 8192;
+    const int wire = PQsocket(connection_.get());
+    const std::size_t before = waitingIn(wire);
+    const bool isOpen = PQconsumeInput(connection_.get()) != 0;
+    const std::size_t taken = before - std::min(before, waitingIn(wire));
+    received_ += std::max(taken, std::min(before, kAtLeast));
+    if (received_ > patience_.bytes) {
+        cut(kAnswerTooLong);
+    }
+    return isOpen;
 }
 
 void ServerLink::cut(const StoreRefusal& why) {

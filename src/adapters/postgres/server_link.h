@@ -17,12 +17,14 @@ struct ResultClearer {
 };
 using ServerResult = std::unique_ptr<pg_result, ResultClearer>;
 
-/// How long the server is waited for.
+/// How long the server is waited for, and how much is taken from it.
 struct ServerPatience {
     /// For one host to let us in, where the settings do not say (`connect_timeout`).
     std::chrono::milliseconds connect{5000};
     /// For an answer, whatever the server does or does not do.
     std::chrono::milliseconds answer{10000};
+    /// Of one answer.
+    std::size_t bytes = std::size_t{64} << 20U;
 };
 
 /// The wire to a server: messages with a time limit. Nothing here waits for ever, not even for a server that stands
@@ -47,11 +49,13 @@ private:
     ServerResult answer(bool sent);
     bool flushed(Clock::time_point deadline);
     ServerResult nextResult(Clock::time_point deadline);
+    bool takeInput();
     void cut(const StoreRefusal& why);
 
     ServerConnection connection_;
     ServerPatience patience_;
     const StoreRefusal* whyCut_;
+    std::size_t received_ = 0;  // of the answer that is coming
 };
 
 }  // namespace orv

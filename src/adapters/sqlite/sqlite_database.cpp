@@ -3,10 +3,12 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <string_view>
 #include <thread>
 
+#include "adapters/sqlite/guarded_vfs.h"
 #include "adapters/sqlite/sqlite_failure.h"
 #include "adapters/store/ascii_fold.h"
 #include "platform/utf8.h"
@@ -20,6 +22,37 @@ constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
 constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
 constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr std::chrono::milliseconds kPause{1};
+constexpr int kLongestValue = 16 << 20;
+constexpr int kStepsBetween = 10000;  // of the engine, some tenths of a millisecond
+// A view of another program may use it.
+constexpr int kLeftTraits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+
+constexpr StoreRefusal kForeignJournal{"DBFILE10", Failure::PathFileAccess,
+                                       "データベースの横にある中断された書き込みの記録（-journal）が、ほかのファイルを"
+                                       "指しています。システムの管理者に連絡してください。"};
+
+struct Opening {
+    StoreAccess access;
+    int flags;
+    bool isImmutable;
+};
+
+constexpr auto kOpenings = std::to_array<Opening>({
+    {StoreAccess::ReadWrite, SQLITE_OPEN_READWRITE, false},
+    {StoreAccess::ReadOnly, SQLITE_OPEN_READONLY, false},
+    {StoreAccess::Create, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOFOLLOW, false},
+    {StoreAccess::OwnCopy, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_URI, true},
+});
+
+/// The address by which the engine takes no locks and looks for no journal.
+std::string immutable(const std::string& path) {
+    std::string address = "file:";
+    for (const char c : path) {
+        const bool isSpecial = c == '%' || c == '?' || c == '#';
+        address += isSpecial ? "%" + std::string(c == '%' ? "25" : c == '?' ? "3f" : "23") : std::string(1, c);
+    }
+    return address + "?immutable=1";
+}
 
 /// Another program may have put anything into a text column, while everything behind the store relies on UTF-8.
 std::string repairedUtf8(std::string_view bytes) {
@@ -29,7 +62,7 @@ std::string repairedUtf8(std::string_view bytes) {
 
 StoreFailure lastFailure(sqlite3* database, int result) {
     const char* words = sqlite3_errmsg(database);
-    return sqliteFailure(result, repairedUtf8(words == nullptr ? "" : words));
+    return sqliteFailure(result, words == nullptr ? "" : words);
 }
 
 void refuseUnlessOk(sqlite3* database, int result) {
@@ -56,24 +89,44 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 /// The engine asks this before each new try, and gives up on 0. The engine's own pauses grow to a tenth of a second,
 /// which is many times what a save takes: the file would lie idle while all wait, and whoever came last be first.
-int waitAgain(void* state, int tries) {
-    auto& waiting = *static_cast<Waiting*>(state);
-    const auto now = std::chrono::steady_clock::now();
+int waitAgain(void* data, int tries) {
+    auto& state = *static_cast<CallState*>(data);
+    const auto now = CallState::Clock::now();
     if (tries == 0) {
-        waiting.since = now;
+        state.waitingSince = now;
     }
-    if (now - waiting.since >= waiting.longest) {
+    if (now - state.waitingSince >= state.busy) {
         return 0;
     }
     std::this_thread::sleep_for(kPause);
     return 1;
 }
 
+/// The engine ends its statement on anything but 0.
+int isOverTime(void* data) { return CallState::Clock::now() > static_cast<CallState*>(data)->deadline ? 1 : 0; }
+
 /// Asking for a table's columns, or whether the file is whole, is no setting.
-int denySettings(void*, int action, const char* name, const char*, const char*, const char*) {
-    const bool isSetting =
-        action == SQLITE_PRAGMA && !equalWithoutCase(name, "table_info") && !equalWithoutCase(name, "integrity_check");
-    return isSetting || action == SQLITE_ATTACH || action == SQLITE_DETACH ? SQLITE_DENY : SQLITE_OK;
+bool isSetting(int action, const char* name) {
+    const bool asks =
+        action == SQLITE_PRAGMA && (equalWithoutCase(name, "table_info") || equalWithoutCase(name, "integrity_check"));
+    return (action == SQLITE_PRAGMA && !asks) || action == SQLITE_ATTACH || action == SQLITE_DETACH;
+}
+
+/// True for what reads rows beside those that the statement changes: those of a nested select, or of a second table.
+bool readsBeside(CallState& state, int action, const char* table) {
+    const bool namesTable =
+        action == SQLITE_READ || action == SQLITE_INSERT || action == SQLITE_UPDATE || action == SQLITE_DELETE;
+    if (namesTable && state.table.empty()) {
+        state.table = table;
+    }
+    return action == SQLITE_SELECT || (namesTable && state.table != table);
+}
+
+/// What a trigger of the store does is not of the statement.
+int authorize(void* data, int action, const char* name, const char*, const char*, const char* trigger) {
+    auto& state = *static_cast<CallState*>(data);
+    const bool isBeside = state.isChange && trigger == nullptr && readsBeside(state, action, name);
+    return isBeside || isSetting(action, name) ? SQLITE_DENY : SQLITE_OK;
 }
 
 /// A text or a blob; the engine wants to be asked for the bytes first and for their number then.
@@ -102,25 +155,67 @@ struct Binder {
 
 void SqliteDatabase::Closer::operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
 
-SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait)
-    : waiting_(std::make_unique<Waiting>(Waiting{.longest = busyWait})) {
-    const int mode = access == StoreAccess::ReadOnly ? SQLITE_OPEN_READONLY
-                     : access == StoreAccess::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
-                                                     : SQLITE_OPEN_READWRITE;
-    sqlite3* opened = nullptr;
+SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access, const SqliteLimits& limits)
+    : limits_(limits),
+      state_(std::make_unique<CallState>(CallState{.busy = limits.busy})),
+      vfs_(std::make_unique<GuardedVfs>()) {
+    try {
+        open(nativePath, access);
+    } catch (const StoreFailure&) {
+        if (vfs_->hasRefusedJournal()) {
+            refuse(kForeignJournal);
+        }
+        throw;
+    }
+}
+
+SqliteDatabase::~SqliteDatabase() = default;
+
+void SqliteDatabase::open(const std::string& nativePath, StoreAccess access) {
     // One thread works with a connection, so that no call has to lock it.
     constexpr int kAlways = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
-    const int result = sqlite3_open_v2(nativePath.c_str(), &opened, mode | kAlways, nullptr);
+    const Opening& opening = *std::ranges::find(kOpenings, access, &Opening::access);
+    const std::string place = opening.isImmutable ? immutable(nativePath) : nativePath;
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open_v2(place.c_str(), &opened, opening.flags | kAlways, vfs_->name());
     handle_.reset(opened);
     refuseUnlessOk(opened, result);
-    refuseUnlessOk(opened, sqlite3_busy_handler(opened, waitAgain, waiting_.get()));
-    refuseUnlessOk(opened, sqlite3_create_function_v2(opened, "Left", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
-                                                      left, nullptr, nullptr, nullptr));
+    harden();
     SqliteStatement(*this, kFullDurability).step();
     SqliteStatement(*this, kReadSchema).step();
 }
 
-void SqliteDatabase::refuseSettings() { sqlite3_set_authorizer(handle(), denySettings, nullptr); }
+/// Nothing that is stored in the file can make the engine do more than read and write rows.
+void SqliteDatabase::harden() const {
+    sqlite3* const database = handle();
+    refuseUnlessOk(database, sqlite3_busy_handler(database, waitAgain, state_.get()));
+    refuseUnlessOk(database, sqlite3_create_function_v2(database, "Left", 2, kLeftTraits, nullptr, left, nullptr,
+                                                        nullptr, nullptr));
+    for (const auto& [setting, value] :
+         {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1}, {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0}}) {
+        refuseUnlessOk(database, sqlite3_db_config(database, setting, value, nullptr));
+    }
+    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, kLongestValue);
+    sqlite3_progress_handler(database, kStepsBetween, isOverTime, state_.get());
+}
+
+void SqliteDatabase::refuseSettings() { sqlite3_set_authorizer(handle(), authorize, state_.get()); }
+
+void SqliteDatabase::expectChange(bool isChange) const {
+    state_->isChange = isChange;
+    state_->table.clear();
+}
+
+void SqliteDatabase::allow(std::chrono::milliseconds time) const { state_->deadline = CallState::Clock::now() + time; }
+
+void SqliteDatabase::dropPrograms() {
+    refuseUnlessOk(handle(), sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr));
+    runScript(
+        "PRAGMA writable_schema = ON;"
+        "DELETE FROM sqlite_schema WHERE type NOT IN ('table', 'index') OR coalesce(rootpage, 0) = 0;"
+        "PRAGMA writable_schema = RESET;");
+    refuseUnlessOk(handle(), sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr));
+}
 
 bool SqliteDatabase::inTransaction() const { return sqlite3_get_autocommit(handle()) == 0; }
 
@@ -135,6 +230,7 @@ void SqliteDatabase::rollBack() {
 }
 
 void SqliteDatabase::runScript(const std::string& sql) {
+    state_->deadline = CallState::Clock::time_point::max();
     refuseUnlessOk(handle(), sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr));
 }
 

@@ -13,10 +13,29 @@ struct sqlite3_stmt;
 
 namespace orv {
 
-/// A wait for a store that another process holds.
-struct Waiting {
-    std::chrono::milliseconds longest;
-    std::chrono::steady_clock::time_point since{};
+class GuardedVfs;
+
+/// How much of a store is waited for and taken.
+struct SqliteLimits {
+    /// For a store that another process holds.
+    std::chrono::milliseconds busy{5000};
+    /// For one statement: a view or a trigger of the store can be an endless one.
+    std::chrono::milliseconds statement{10000};
+    /// The same where every page of the store is looked at.
+    std::chrono::milliseconds check{600000};
+    /// Bytes of one answer.
+    std::size_t answer = std::size_t{64} << 20U;
+};
+
+/// What the engine's callbacks work on.
+struct CallState {
+    using Clock = std::chrono::steady_clock;
+
+    std::chrono::milliseconds busy;
+    Clock::time_point waitingSince{};
+    Clock::time_point deadline = Clock::time_point::max();
+    bool isChange = false;   // the statement in work
+    std::string table = {};  // that it changes
 };
 
 /// One open database file. Every failure is a StoreFailure.
@@ -25,12 +44,18 @@ struct Waiting {
 class SqliteDatabase {
 public:
     /// Opens an existing database (or makes an empty one), rolls back what a killed writer left in its journal, and
-    /// reads its schema. `busyWait`: how long a store that another process holds is waited for, here and in every
-    /// statement. A file that cannot be written opens all the same; each change then fails.
-    SqliteDatabase(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait);
+    /// reads its schema. A file that cannot be written opens all the same; each change then fails.
+    /// Failure "DBFILE10": the journal names other files, which the engine would delete, or is a second name of one.
+    SqliteDatabase(const std::string& nativePath, StoreAccess access, const SqliteLimits& limits);
+    ~SqliteDatabase();
 
-    /// From now on no statement may change settings or reach for another file.
+    /// From now on no statement may change settings or reach for another file, and none that changes the store may read
+    /// other rows beside: a value that ends its literal could fetch another company's.
     void refuseSettings();
+    /// Starts the time that the next statement has.
+    void allow(std::chrono::milliseconds time) const;
+    /// Tells whether the next statement is to be one that changes the store.
+    void expectChange(bool isChange) const;
     bool inTransaction() const;
     /// Ends the transaction, if one is open; a failure only where it is still open then. What a failing disk keeps from
     /// being put back stays in the journal, and the next opening puts it back.
@@ -38,13 +63,22 @@ public:
     void runScript(const std::string& sql);
     /// Puts everything that is in this database, as it is now, in the place of what `target` holds: all or nothing.
     void copyTo(const SqliteDatabase& target) const;
+    /// Takes what has no rows of its own out of the schema: triggers, views and virtual tables. For a file that nobody
+    /// else has open.
+    void dropPrograms();
+    const SqliteLimits& limits() const noexcept { return limits_; }
     sqlite3* handle() const noexcept { return handle_.get(); }
 
 private:
     struct Closer {
         void operator()(sqlite3* handle) const noexcept;
     };
-    std::unique_ptr<Waiting> waiting_;  // the engine holds its address
+    void open(const std::string& nativePath, StoreAccess access);
+    void harden() const;
+
+    SqliteLimits limits_;
+    std::unique_ptr<CallState> state_;  // the engine holds the addresses of both
+    std::unique_ptr<GuardedVfs> vfs_;
     std::unique_ptr<sqlite3, Closer> handle_;
 };
 

@@ -8,8 +8,8 @@ namespace orv {
 /// The gateway over SQLite files only.
 class SqliteDbService : public StoreService {
 public:
-    explicit SqliteDbService(const FileSystem& files, std::chrono::milliseconds busyWait = kSqliteBusyWait)
-        : StoreService(files, sqliteStore(busyWait)) {}
+    explicit SqliteDbService(const FileSystem& files, const SqliteLimits& limits = {})
+        : StoreService(files, sqliteStore(limits)) {}
 };
 
 }  // namespace orv

@@ -46,7 +46,10 @@ constexpr auto kResults = std::to_array<EngineResult>({
     {SQLITE_CONSTRAINT_UNIQUE, Failure::InvalidCall, Detail::Shown, "同じキーのデータがすでに登録されています。"},
     {SQLITE_CONSTRAINT_NOTNULL, Failure::InvalidCall, Detail::Shown, "値が必要な項目が空です。"},
     {SQLITE_CONSTRAINT, Failure::InvalidCall, Detail::Shown, "データベースの決まりに合わない値です。"},
-    {SQLITE_AUTH, Failure::InvalidCall, Detail::Shown, "データベースの設定を変える文は実行できません。"},
+    {SQLITE_INTERRUPT, Failure::TimedOut, Detail::Hidden,
+     "データベースの処理が時間内に終わらないため、取り消されました。"},
+    {SQLITE_AUTH, Failure::InvalidCall, Detail::Shown,
+     "データベースの設定を変える文や、更新の中でほかのデータを読む文は実行できません。"},
 });
 
 constexpr EngineResult kStatementRefused{SQLITE_ERROR, Failure::InvalidCall, Detail::Shown,

@@ -1,19 +1,23 @@
 #include "adapters/sqlite/sqlite_files.h"
 
 #include "adapters/sqlite/sqlite_database.h"
-#include "adapters/sqlite/sqlite_store.h"
 
 namespace orv {
 
 void makeSqliteFile(const std::string& nativePath, const std::string& sql) {
-    SqliteDatabase database(nativePath, StoreAccess::Create, kSqliteBusyWait);
+    SqliteDatabase database(nativePath, StoreAccess::Create, {});
     database.runScript("BEGIN; " + sql + " COMMIT;");
 }
 
 void copySqliteFile(const std::string& from, const std::string& to) {
-    const SqliteDatabase source(from, StoreAccess::ReadWrite, kSqliteBusyWait);
-    const SqliteDatabase target(to, StoreAccess::Create, kSqliteBusyWait);
+    const SqliteDatabase source(from, StoreAccess::ReadOnly, {});
+    const SqliteDatabase target(to, StoreAccess::ReadWrite, {});
     source.copyTo(target);
+}
+
+void copySqliteRows(const std::string& from, const std::string& to) {
+    copySqliteFile(from, to);
+    SqliteDatabase(to, StoreAccess::ReadWrite, {}).dropPrograms();
 }
 
 }  // namespace orv

@@ -21,6 +21,11 @@ bool isNumber(const Value& value) {
     return std::holds_alternative<std::int64_t>(value.content()) || std::holds_alternative<double>(value.content());
 }
 
+constexpr const char* kObjects =
+    "SELECT CASE WHEN type = 'table' AND coalesce(rootpage, 0) = 0 THEN 'virtual table' ELSE type END, name"
+    " FROM sqlite_schema WHERE NOT (type IN ('table', 'index') AND name LIKE 'sqlite~_%' ESCAPE '~') ORDER BY type, "
+    "name";
+
 struct Columns {
     explicit Columns(const SqliteStatement& statement) {
         for (int column = 0; column < statement.columnCount(); ++column) {
@@ -33,7 +38,12 @@ struct Columns {
     std::vector<bool> isFlag;
 };
 
-RecordsetPtr fetchAll(SqliteStatement& statement) {
+std::size_t sizeOf(const Value& value) {
+    const auto* text = std::get_if<std::string>(&value.content());
+    return sizeof(Value) + (text == nullptr ? 0 : text->size());
+}
+
+RecordsetPtr fetchAll(SqliteStatement& statement, std::size_t most) {
     // The columns are asked for behind the first step: it may have compiled the statement anew.
     bool hasRow = statement.step();
     const Columns columns(statement);
@@ -41,6 +51,11 @@ RecordsetPtr fetchAll(SqliteStatement& statement) {
     for (; hasRow; hasRow = statement.step()) {
         for (int column = 0; const bool isFlag : columns.isFlag) {
             Value value = statement.value(column++);
+            const std::size_t size = sizeOf(value);
+            if (size > most) {
+                refuse(kAnswerTooLong);
+            }
+            most -= size;
             rows->add(isFlag && isNumber(value) ? Value(isTruth(value)) : std::move(value));
         }
     }
@@ -55,21 +70,17 @@ void bindAll(SqliteStatement& statement, const Values& parameters) {
 
 class SqliteStore : public StoreConnection {
 public:
-    SqliteStore(const std::string& nativePath, StoreAccess access, std::chrono::milliseconds busyWait)
-        : database_(nativePath, access, busyWait) {
+    SqliteStore(const std::string& nativePath, StoreAccess access, const SqliteLimits& limits)
+        : database_(nativePath, access, limits) {
         database_.refuseSettings();
     }
 
     RecordsetPtr select(const std::string& sql, const Values& parameters) override {
-        SqliteStatement statement(database_, quoteLeftCalls(sql));
-        if (!statement.isSelect()) {
-            refuse(kNoSelect);
-        }
-        bindAll(statement, parameters);
-        return fetchAll(statement);
+        return selectWithin(database_.limits().statement, sql, parameters);
     }
 
     std::int32_t change(const std::string& sql, const Values& parameters) override {
+        expect(true, database_.limits().statement);
         SqliteStatement statement(database_, quoteLeftCalls(sql));
         if (!statement.isChange()) {
             refuse(kNoChange);
@@ -79,12 +90,12 @@ public:
     }
 
     bool inTransaction() const override { return database_.inTransaction(); }
-    void begin() override { SqliteStatement(database_, "BEGIN IMMEDIATE").step(); }
+    void begin() override { command("BEGIN IMMEDIATE"); }
     void beginSnapshot() override {
-        SqliteStatement(database_, "BEGIN").step();
-        SqliteStatement(database_, "SELECT 1 FROM sqlite_schema LIMIT 1").step();  // the first read fixes what is seen
+        command("BEGIN");
+        command("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read fixes what is seen
     }
-    void commit() override { SqliteStatement(database_, "COMMIT").step(); }
+    void commit() override { command("COMMIT"); }
     void rollBack() override { database_.rollBack(); }
 
     std::vector<std::string> columns(const std::string& table) override {
@@ -98,21 +109,51 @@ public:
     void runScript(const std::string& sql) override { database_.runScript(sql); }
 
     std::vector<std::string> damages() override {
-        std::vector<std::string> found = firstTexts(select("SELECT integrity_check FROM pragma_integrity_check", {}));
+        const std::string sql = "SELECT integrity_check FROM pragma_integrity_check";
+        std::vector<std::string> found = firstTexts(selectWithin(database_.limits().check, sql, {}));
         std::erase(found, "ok");
         return found;
     }
 
+    std::vector<StoreObject> objects() override {
+        const RecordsetPtr rows = select(kObjects, {});
+        std::vector<StoreObject> all;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            all.push_back({toText(rows->Fields(0)), toText(rows->Fields(1))});
+        }
+        return all;
+    }
+
 private:
+    void expect(bool isChange, std::chrono::milliseconds time) const {
+        database_.expectChange(isChange);
+        database_.allow(time);
+    }
+
+    void command(const char* sql) const {
+        expect(false, database_.limits().statement);
+        SqliteStatement(database_, sql).step();
+    }
+
+    RecordsetPtr selectWithin(std::chrono::milliseconds time, const std::string& sql, const Values& parameters) const {
+        expect(false, time);
+        SqliteStatement statement(database_, quoteLeftCalls(sql));
+        if (!statement.isSelect()) {
+            refuse(kNoSelect);
+        }
+        bindAll(statement, parameters);
+        return fetchAll(statement, database_.limits().answer);
+    }
+
     SqliteDatabase database_;
 };
 
 }  // namespace
 
-StoreOpener sqliteStore(std::chrono::milliseconds busyWait) {
-    return [busyWait](const std::string& nativePath, StoreAccess access) {
+StoreOpener sqliteStore(const SqliteLimits& limits) {
+    return [limits](const std::string& nativePath, StoreAccess access) {
         requireStoreKind(nativePath, StoreKind::Embedded);
-        return std::make_unique<SqliteStore>(nativePath, access, busyWait);
+        return std::make_unique<SqliteStore>(nativePath, access, limits);
     };
 }
 

@@ -10,8 +10,15 @@
 
 namespace orv {
 
-/// `Create` is for who makes new embedded stores.
-enum class StoreAccess : std::uint8_t { ReadWrite, ReadOnly, Create };
+/// `Create` is for who makes new embedded stores, `OwnCopy` for one that was made so and that nobody else knows: it is
+/// read without locks and journals.
+enum class StoreAccess : std::uint8_t { ReadWrite, ReadOnly, Create, OwnCopy };
+
+/// Something in a store that is no row: a table, an index, a view, a trigger and whatever else the engine knows.
+struct StoreObject {
+    std::string kind;
+    std::string name;
+};
 
 /// An open store, whatever engine is behind it. Every failure is a RunTimeError, mostly a StoreFailure; a failed
 /// statement leaves an open transaction as it was before it.
@@ -34,6 +41,10 @@ public:
     virtual std::vector<std::string> columns(const std::string& table) = 0;
     /// The columns of the table's primary key, in the key's order.
     virtual std::vector<std::string> keyColumns(const std::string& table) = 0;
+
+    /// What other programs and people could have put into the store, tables too; nothing that the engine keeps for
+    /// itself or for a table.
+    virtual std::vector<StoreObject> objects() = 0;
 
     /// Runs statements of whatever kind, many at once, for who keeps the store; the program itself has no use for it.
     virtual void runScript(const std::string& sql) = 0;

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/flow/statement_values.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"
@@ -46,6 +47,9 @@ bool execute(const SavedTable& table, const std::string& sql) {
 
 /// `sql` is left as the statement that was built last.
 bool writeTables(Transaction& transaction, const std::string& targetId, std::string& sql) {
+    if (!valuesFitStatements(PhotoFields::Stored)) {
+        return false;
+    }
     for (const SavedTable& table : kTables) {
         if (!makeStatement(table, targetId, sql)) {
             return false;

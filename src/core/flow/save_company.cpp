@@ -7,6 +7,7 @@
 #include "binding/page_to_record.h"
 #include "core/flow/company_write.h"
 #include "core/flow/photo_files.h"
+#include "core/flow/statement_values.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/messages.h"
@@ -138,6 +139,9 @@ bool writeAnswer(SaveRun& run) {
 }
 
 bool writeAndSend(SaveRun& run) {
+    if (!valuesFitStatements(PhotoFields::Chosen)) {
+        return false;
+    }
     if (isNew()) {
         tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
     }

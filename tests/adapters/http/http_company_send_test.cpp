@@ -28,7 +28,7 @@ protected:
     void run(const std::string& sql) const { runSql(storeFile(), sql); }
     /// The columns of a table that are sent. The dates but for their key are another program's.
     std::vector<std::string> columnsOf(const std::string& table) {
-        SqliteDatabase database(storeFile(), StoreAccess::ReadOnly, std::chrono::milliseconds(50));
+        SqliteDatabase database(storeFile(), StoreAccess::ReadOnly, {});
         SqliteStatement names(database, "SELECT name FROM pragma_table_info('" + table + "')");
         std::vector<std::string> columns;
         while (names.step()) {

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kShortWait = 50ms;
+constexpr SqliteLimits kShortWait{.busy = 50ms};
 
 StoreUnderTest makeStore(std::shared_ptr<void>& keep) {
     auto folder = std::make_shared<TempFolder>();

@@ -16,7 +16,7 @@ TEST(TransmitTable, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
     const TempFolder folder;
     const std::string path = folder.file("TRANSMIT.MDB");
     runSampleFile(path, "transmit.sql");
-    TransmitTables engine{nativePaths(), sqliteStore(std::chrono::milliseconds(50))};
+    TransmitTables engine{nativePaths(), sqliteStore({.busy = std::chrono::milliseconds(50)})};
     const auto workspace = engine.CreateWorkspace("NewJetWorkspace", "admin", "", kEmbedded);
     const auto database = workspace->OpenDatabase(path, false, false, ";pwd=word");
     const auto table = database->OpenRecordset("Transmit_Info", kTable);

@@ -1,0 +1,95 @@
+#include "adapters/postgres/nested_reads.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "adapters/store/ascii_fold.h"
+#include "adapters/store/store_failure.h"
+
+namespace orv {
+namespace {
+
+constexpr auto kReadingWords =
+    std::to_array<std::string_view>({"select", "table", "from", "using", "returning", "with", "execute"});
+// What may stand before a bracket and calls nothing but `Left`.
+constexpr auto kBracketWords =
+    std::to_array<std::string_view>({"values", "where", "set", "and", "or", "not", "in", "left"});
+constexpr std::string_view kBlanks = " \t\r\n\f";
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool isWordCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool isOneOf(std::span<const std::string_view> words, std::string_view word) {
+    return std::ranges::any_of(words, [&](std::string_view each) { return equalWithoutCase(each, word); });
+}
+
+/// Walks over a statement, word by word.
+class Walk {
+public:
+    explicit Walk(std::string_view rest) : rest_(rest) {}
+
+    void run() {
+        while (skipBlanks()) {
+            if (isWordCharacter(rest_.front())) {
+                takeWord();
+            } else if (rest_.front() == '\'') {
+                takeLiteral();
+            } else {
+                takeSign();
+            }
+        }
+    }
+
+private:
+    bool skipBlanks() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+        return !rest_.empty();
+    }
+
+    void takeWord() {
+        const auto end = std::ranges::find_if_not(rest_, isWordCharacter);
+        const std::string_view word = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
+        rest_.remove_prefix(word.size());
+        const bool isPlainFrom = equalWithoutCase(word, "from") && equalWithoutCase(before_, "delete");
+        require(isPlainFrom || !isOneOf(kReadingWords, word));
+        require(!rest_.starts_with('\''));  // E'...': what ends such a literal is another matter
+        const bool opensBracket = skipBlanks() && rest_.front() == '(';
+        require(!opensBracket || equalWithoutCase(before_, "into") || isOneOf(kBracketWords, word));
+        before_ = word;
+    }
+
+    /// A doubled apostrophe reads here as two literals side by side, which comes to the same.
+    void takeLiteral() {
+        const std::size_t end = rest_.find('\'', 1);
+        rest_.remove_prefix(std::min(end, rest_.size() - 1) + 1);
+    }
+
+    /// Comments, quoted names and dollar quotes hide what follows; `$1` is a parameter.
+    void takeSign() {
+        const bool isParameter = rest_.front() == '$' && rest_.size() > 1 && isDigit(rest_[1]);
+        require(isParameter || (rest_.front() != '$' && rest_.front() != '"'));
+        require(!rest_.starts_with("--") && !rest_.starts_with("/*"));
+        rest_.remove_prefix(1);
+        before_ = {};
+    }
+
+    static void require(bool isPlain) {
+        if (!isPlain) {
+            refuse(kNestedRead);
+        }
+    }
+
+    std::string_view rest_;
+    std::string_view before_;
+};
+
+}  // namespace
+
+void refuseNestedReads(std::string_view change) { Walk(change).run(); }
+
+}  // namespace orv

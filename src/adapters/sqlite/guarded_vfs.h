@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <string>
+
+namespace orv {
+
+/// The files that the engine may open and delete for one store: the database and its own journals. A journal in a
+/// folder of the office can be anybody's, and the engine would follow the names in it to other files and delete those.
+///
+/// Registered under a name of its own while in scope; the database that uses it must be closed before.
+class GuardedVfs : private sqlite3_vfs {
+public:
+    GuardedVfs();
+    GuardedVfs(const GuardedVfs&) = delete;
+    GuardedVfs& operator=(const GuardedVfs&) = delete;
+    ~GuardedVfs();
+
+    const char* name() const noexcept { return name_.c_str(); }
+    /// A journal was refused since it names files of other stores, or is not a plain file.
+    bool hasRefusedJournal() const noexcept { return hasRefusedJournal_; }
+
+private:
+    static int open(sqlite3_vfs* vfs, const char* path, sqlite3_file* file, int flags, int* given);
+    static int remove(sqlite3_vfs* vfs, const char* path, int flushesFolder);
+    int openJournal(const char* path, sqlite3_file* file, int flags, int* given);
+    bool isOwnJournal(const char* path) const;
+
+    sqlite3_vfs* system_;
+    std::string name_;
+    std::string store_;
+    bool hasRefusedJournal_ = false;
+};
+
+}  // namespace orv

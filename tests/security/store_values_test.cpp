@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include "adapters/office_store/office_store.h"
+#include "adapters/postgres/postgres_store.h"
+#include "adapters/sqlite/sqlite_store.h"
+#include "adapters/store/store_failure.h"
+#include "core/flow/save_test.h"
+#include "core/flow/statement_values.h"
+#include "private_server.h"
+#include "support/store_files.h"
+
+namespace orv {
+namespace {
+
+/// The same rows, in a file and on a server.
+class BothStores : public ::testing::Test {
+protected:
+    BothStores() { writeFile(folder.file("server"), server().text("sample")); }
+
+    static PrivateServer& server() {
+        static PrivateServer shared;
+        return shared;
+    }
+
+    /// The code of the failure of the call; empty without one.
+    template <typename Call>
+    static std::string codeOf(Call call) {
+        try {
+            call();
+            return "";
+        } catch (const StoreFailure& failure) {
+            return failure.code();
+        }
+    }
+
+    const TempFolder folder;
+    const std::string file = makeSampleStore(folder.file("file"));
+};
+
+TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
+    const std::string other = "USER_PASSWD from TBL_CUSTOMER_INFO where USER_ID = '000004602'";
+    const auto update = [](const std::string& value) {
+        return "update TBL_CUSTOMER_INFO set USER_ID ='000004601', GROUP_NAME ='" + value +
+               "'     where  USER_ID = '000004601'";
+    };
+    for (const auto& [path, code] : {std::pair(file, "DB23"), std::pair(folder.file("server"), "DBSQL06")}) {
+        const auto store = officeStore()(path, StoreAccess::ReadWrite);
+        const std::string before = toText(store->select("select " + other, {})->Fields(0));
+        ASSERT_NE(before, "");
+        for (const std::string& sql : std::to_array<std::string>(
+                 {update("', GROUP_NAME =(select " + other + "), OFFICE_NAME ='"),
+                  update("'||(\tSelect " + other + ")||'"),
+                  update("', OFFICE_NAME = B.USER_PASSWD from TBL_CUSTOMER_INFO AS B where B.USER_ID = '000004602' --"),
+                  "insert into TBL_CUSTOMER_DATE (USER_ID) select USER_PASSWD from TBL_CUSTOMER_INFO",
+                  "delete from TBL_LOCK where USER_ID in (select " + other + ")"})) {
+            EXPECT_EQ(codeOf([&] { store->change(sql, {}); }), code) << sql;
+        }
+        EXPECT_EQ(codeOf([&] {
+                      store->change(update("(select 1) from -- /* $$ \" E\\"), {});
+                      store->change("update TBL_LOCK set LOCAL_INFO = $1 where Left(USER_ID, 2) in ('00')", {"select"});
+                      store->change("insert into TBL_CUSTOMER_DATE (USER_ID) values ('000004699')", {});
+                      store->change("delete from TBL_CUSTOMER_DATE where USER_ID = '000004699'", {});
+                  }),
+                  "")
+            << "what a literal holds is only text";
+    }
+    const auto embedded = officeStore()(file, StoreAccess::ReadWrite);
+    EXPECT_EQ(codeOf([&] { embedded->change(update("'||('x' in TBL_CUSTOMER_DATE)||'"), {}); }), "DB23");
+    // What another engine would take apart in another way.
+    const auto store = officeStore()(folder.file("server"), StoreAccess::ReadWrite);
+    for (const std::string value : {"'||E'\\'||(select USER_PASSWD from TBL_CUSTOMER_INFO limit 1)||'", "'||$a$'$a$||'",
+                                    "'/*'*/||'", "'--'\n||'", "'||query_to_xml('x', true, true, '')||'",
+                                    "'||\"query_to_xml\"('x', true, true, '')||'", "'||(table TBL_LOCK)||'"}) {
+        EXPECT_EQ(codeOf([&] { store->change(update(value), {}); }), "DBSQL06") << value;
+    }
+}
+
+TEST_F(BothStores, NoAnswerIsEndless) {
+    runSql(
+        file,
+        "CREATE VIEW ENDLESS AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n;"
+        "CREATE VIEW UNSAFE AS SELECT * FROM pragma_table_info('TBL_LOCK');"
+        "CREATE TRIGGER LATE AFTER UPDATE ON TBL_LOCK BEGIN INSERT INTO TBL_LOCK (USER_ID) SELECT * FROM ENDLESS; END;"
+        "UPDATE TBL_CUSTOMER_INFO SET GROUP_NAME = replace(hex(zeroblob(10000)), '0', 'x')");
+    using std::chrono::milliseconds;
+    const auto store = sqliteStore({.statement = milliseconds(100), .answer = 40000})(file, StoreAccess::ReadWrite);
+    EXPECT_EQ(codeOf([&] { store->select("select * from ENDLESS", {}); }), "DB9");
+    EXPECT_EQ(codeOf([&] { store->change("update TBL_LOCK set LOCAL_INFO = 'x'", {}); }), "DB9");
+    EXPECT_EQ(codeOf([&] { store->select("select GROUP_NAME from TBL_CUSTOMER_INFO", {}); }), "DBSQL07");
+    EXPECT_EQ(codeOf([&] { store->select("select * from UNSAFE", {}); }), "DB1");
+    EXPECT_EQ(codeOf([&] { store->select("select hex(zeroblob(9000000))", {}); }), "DB18");
+    EXPECT_EQ(codeOf([&] { store->select("select GROUP_NAME from TBL_CUSTOMER_INFO limit 1", {}); }), "");
+
+    ServerLimits limits;
+    limits.patience.bytes = 100000;
+    const auto remote = postgresStore(limits)(folder.file("server"), StoreAccess::ReadWrite);
+    EXPECT_EQ(codeOf([&] { remote->select("select repeat('x', 90000)", {}); }), "");
+    EXPECT_EQ(codeOf([&] { remote->select("select repeat('x', 5000) from generate_series(1, 1000)", {}); }), "DBSQL07");
+}
+
+using SavedValues = SaveTest;
+
+TEST_F(SavedValues, ARecordThatCouldChangeAStatementIsNotWritten) {
+    const std::string theft = "1', USER_PASSWD = 'stolen', GROUP_NAME = 'x";
+    struct Case {
+        TextField field;
+        std::string value, place;
+    };
+    for (const Case& row :
+         {Case{&CompanyRecord::PWD_CHG_FLG, theft, "項目「PWD_CHG_FLG」は、ほかのプログラムが"},
+          Case{&CompanyRecord::SERVICE_FLG, std::string("\0", 1), "項目「SERVICE_FLG」は、ほかのプログラムが"},
+          Case{&CompanyRecord::PROXY_INFO, "x'", "「動作環境」の画面の「Proxy設定」は、この端末の設定から"},
+          Case{&CompanyRecord::CAR_MINUTES, "5'", "「交通・会社ＰＲ」の画面の「車の時間」を開いて"}}) {
+        startOn(3);
+        tCustomerInfo.*row.field = row.value;
+        const Texts before = everything();
+        EXPECT_FALSE(valuesFitStatements(PhotoFields::Chosen));
+        EXPECT_NE(gErrMsg.find(row.place), std::string::npos) << gErrMsg;
+        save();
+        EXPECT_TRUE(everything() == before) << row.value;
+        messages.shown.clear();
+    }
+    startOn(3);
+    sql("update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '1'', USER_PASSWD = ''stolen' where USER_ID = '000004601'");
+    startOn(3);
+    messages.shown.clear();
+    save();
+    EXPECT_EQ(info("USER_PASSWD"), "mihon01");
+    ASSERT_EQ(messages.shown.size(), 1U);
+    EXPECT_EQ(messages.shown[0].id, "COSERR01");
+    EXPECT_EQ(toText(messages.shown[0].args.at(0)), "SAVE0002");
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,114 @@
+#include "private_folder.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "keeper.h"
+
+namespace orv {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kPrefix = ".orv_store-";
+constexpr const char* kFile = "store";
+constexpr auto kContents = std::to_array<const char*>({kFile, "store-journal", "store-wal", "store-shm"});
+
+[[noreturn]] void failed(const fs::path& path) { throw KeeperFailure(path.string() + ": " + std::strerror(errno)); }
+
+void removeFolder(const fs::path& path, int folder) {
+    for (const char* name : kContents) {
+        ::unlinkat(folder, name, 0);
+    }
+    ::rmdir(path.c_str());
+}
+
+void removeIfLeft(const fs::path& path) {
+    const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0) {
+        return;
+    }
+    struct stat facts {};
+    if (::fstat(folder, &facts) == 0 && facts.st_uid == ::geteuid() && ::flock(folder, LOCK_EX | LOCK_NB) == 0) {
+        removeFolder(path, folder);
+    }
+    ::close(folder);
+}
+
+void removeLeft(const fs::path& parent) {
+    std::error_code error;
+    for (const fs::directory_entry& entry : fs::directory_iterator(parent, error)) {
+        if (entry.path().filename().string().starts_with(kPrefix)) {
+            removeIfLeft(entry.path());
+        }
+    }
+}
+
+bool isSame(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+}  // namespace
+
+PrivateFolder::PrivateFolder(const fs::path& parent) {
+    std::error_code error;
+    const fs::path place = fs::canonical(parent.empty() ? "." : parent, error);  // the engine takes no link on the way
+    if (error) {
+        throw KeeperFailure(parent.string() + ": " + error.message());
+    }
+    removeLeft(place);
+    std::string pattern = (place / (std::string(kPrefix) + "XXXXXX")).string();
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        failed(place);
+    }
+    path_ = pattern;
+    folder_ = ::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
+        failed(path_);
+    }
+    file_ = ::openat(folder_, kFile, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (file_ < 0) {
+        failed(path_);
+    }
+}
+
+PrivateFolder::~PrivateFolder() {
+    removeFolder(path_, folder_);
+    ::close(file_);
+    ::close(folder_);
+}
+
+std::string PrivateFolder::file() const { return (path_ / kFile).string(); }
+
+void PrivateFolder::publish(const std::string& target, ::mode_t rights) const {
+    struct stat made {};
+    struct stat found {};
+    if (::fstat(file_, &made) != 0 || ::lstat(file().c_str(), &found) != 0 || !isSame(made, found)) {
+        throw KeeperFailure(file() + ": was taken away while it was written");
+    }
+    if (::fchmod(file_, rights) != 0) {
+        failed(target);
+    }
+    // A second name, unlike a rename, never takes the place of a file that has come there meanwhile.
+    const bool isLinked = ::linkat(folder_, kFile, AT_FDCWD, target.c_str(), 0) == 0;
+    const bool hasLinks = isLinked || (errno != EOPNOTSUPP && errno != EPERM);
+    if (!isLinked && (hasLinks || ::renameat2(folder_, kFile, AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0)) {
+        failed(target);
+    }
+}
+
+::mode_t rightsLike(const fs::path& model) {
+    struct stat facts {};
+    if (::stat(model.empty() ? "." : model.c_str(), &facts) != 0) {
+        failed(model);
+    }
+    return facts.st_mode & 0660U;
+}
+
+}  // namespace orv
