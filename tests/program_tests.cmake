@@ -9,8 +9,8 @@ target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:st
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
 # Attacks: what another user, a row of the store, a file that was handed over, a server or the network may try.
-orv_add_one_test(security_tests security private_server orv_app orv_adapters_office_store
-                 orv_adapters_posix orv_adapters_text orv_adapters_pictures nlohmann_json::nlohmann_json GTest::gtest_main)
+orv_add_one_test(security_tests security private_server jet_reading orv_app orv_adapters_office_store
+                 orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"

@@ -1,19 +1,26 @@
 #include "jet_file.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
 #include <csignal>
 #include <cstring>
 #include <fstream>
+#include <span>
 
 #include "jet_reader.h"
 #include "keeper.h"
+#include "reader_jail.h"
 
 namespace orv {
 namespace {
@@ -22,6 +29,7 @@ constexpr ::rlim_t kSeconds = 60;
 constexpr ::rlim_t kMemory = ::rlim_t{512} << 20U;  // beside what this program has at its start
 constexpr std::size_t kMost = std::size_t{512} << 20U;
 constexpr std::size_t kHead = 5;
+constexpr int kNotLockedUp = 9;
 
 ::rlim_t memoryInUse() {
     ::rlim_t pages = 0;
@@ -34,20 +42,40 @@ void limit(int what, ::rlim_t most) {
     ::setrlimit(static_cast<decltype(RLIMIT_CPU)>(what), &both);
 }
 
+/// The file's bytes; none where it can't be read. What is cut off while they are in use ends the process.
+std::span<char> mapped(const std::string& path) {
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    struct stat facts {};
+    if (file < 0 || ::fstat(file, &facts) != 0 || facts.st_size <= 0) {
+        return {};
+    }
+    const auto size = static_cast<std::size_t>(facts.st_size);
+    void* const bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE, file, 0);
+    ::close(file);
+    return bytes == MAP_FAILED ? std::span<char>() : std::span(static_cast<char*>(bytes), size);
+}
+
 [[noreturn]] void readInChild(const std::string& path, const std::vector<std::string>& tables, int descriptor) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const std::span<char> bytes = mapped(path);
+    prepareJetReading();
     limit(RLIMIT_CPU, kSeconds);
     limit(RLIMIT_AS, memoryInUse() + kMemory);
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CORE, 0);
     ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);  // the library's own words
-    sendJetTables(path, tables, descriptor);
+    if (!lockUp(descriptor)) {
+        ::_exit(kNotLockedUp);
+    }
+    sendJetTables(bytes, tables, descriptor);
     ::_exit(0);
 }
 
 /// The process that reads, and what it sends.
 class Reading {
 public:
-    Reading(const std::string& path, const std::vector<std::string>& tables) {
+    Reading(const std::string& path, const std::vector<std::string>& tables, std::chrono::milliseconds longest)
+        : deadline_(Clock::now() + longest) {
         std::array<int, 2> ends{};
         if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
             throw KeeperFailure(std::string("no pipe: ") + std::strerror(errno));
@@ -77,6 +105,7 @@ public:
         std::string bytes;
         std::array<char, 65536> piece{};
         for (ssize_t got = 1; got != 0;) {
+            waitForInput();
             got = ::read(input_, piece.data(), piece.size());
             if (got < 0 && errno != EINTR) {
                 throw KeeperFailure(std::string("reading: ") + std::strerror(errno));
@@ -91,11 +120,28 @@ public:
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
+    void waitForInput() const {
+        pollfd input{input_, POLLIN, 0};
+        int ready = 0;
+        do {
+            const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline_ - Clock::now()).count();
+            ready = ::poll(&input, 1, static_cast<int>(std::max<std::int64_t>(left, 0)));
+        } while (ready < 0 && errno == EINTR);
+        if (ready == 0) {
+            throw KeeperFailure("reading it stands still");
+        }
+    }
+
     void requireGoodEnd() {
         int status = 0;
         while (::waitpid(child_, &status, 0) < 0 && errno == EINTR) {
         }
         child_ = -1;
+        if (WIFEXITED(status) && WEXITSTATUS(status) == kNotLockedUp) {
+            throw KeeperFailure("this computer can't keep the process that reads it locked up (seccomp)");
+        }
         if (WIFSIGNALED(status) && (WTERMSIG(status) == SIGXCPU || WTERMSIG(status) == SIGKILL)) {
             throw KeeperFailure("damaged: reading it did not end in " + std::to_string(kSeconds) + " seconds");
         }
@@ -104,6 +150,7 @@ private:
         }
     }
 
+    Clock::time_point deadline_;
     int input_ = -1;
     ::pid_t child_ = -1;
 };
@@ -188,9 +235,10 @@ private:
 
 }  // namespace
 
-JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables) {
+JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables,
+                    std::chrono::milliseconds longest) {
     try {
-        return Frames(Reading(path, tables).all()).file();
+        return Frames(Reading(path, tables, longest).all()).file();
     } catch (const KeeperFailure& failure) {
         throw KeeperFailure(path + ": " + failure.what());
     }

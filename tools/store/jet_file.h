@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -43,8 +44,10 @@ struct JetFile {
     std::vector<JetTable> tables;
 };
 
-/// Reads the tables of these names, those that there are, in a process of its own with a limit of time and memory: a
-/// damaged or hostile file ends in a KeeperFailure, whatever it does to the library that reads it.
-JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables);
+/// Reads the tables of these names, those that there are, in a process of its own that can do nothing else, with a
+/// limit of time and memory: a damaged or hostile file ends in a KeeperFailure, whatever it does to the library that
+/// reads it. `longest`: the time by the clock on the wall, also when the process stands still.
+JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables,
+                    std::chrono::milliseconds longest = std::chrono::minutes(3));
 
 }  // namespace orv

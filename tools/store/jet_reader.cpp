@@ -209,9 +209,17 @@ private:
 
 }  // namespace
 
-void sendJetTables(const std::string& path, const std::vector<std::string>& tables, int descriptor) {
+void prepareJetReading() {
+    // What is open once stays in memory; these are never closed. The library takes the code page that the file names.
+    for (const char* page : {"UCS-2LE", "UTF-16LE", "SHIFT-JIS", "WINDOWS-1252", "ISO-8859-1"}) {
+        static_cast<void>(iconv_open("UTF-8", page));
+        static_cast<void>(iconv_open(page, "UTF-8"));
+    }
+}
+
+void sendJetTables(std::span<char> bytes, const std::vector<std::string>& tables, int descriptor) {
     Sender sender(descriptor);
-    const std::unique_ptr<MdbHandle, Closer> file(mdb_open(path.c_str(), MDB_NOFLAGS));
+    const std::unique_ptr<MdbHandle, Closer> file(mdb_open_buffer(bytes.data(), bytes.size(), MDB_NOFLAGS));
     if (file == nullptr || mdb_read_catalog(file.get(), MDB_TABLE) == nullptr) {
         sender.send(JetFrame::Refusal, "its list of tables can't be read");
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,8 +22,11 @@ enum class JetFrame : std::uint8_t {
     End,
 };
 
-/// Reads the tables of these names and writes the frames to the descriptor. The library behind it trusts what the file
-/// says: only for a process that may crash. The file is read and nothing else is touched.
-void sendJetTables(const std::string& path, const std::vector<std::string>& tables, int descriptor);
+/// Reads the tables of these names out of the bytes of a file and writes the frames to the descriptor. The library
+/// behind it trusts what the file says: only for a process that may crash. Opens nothing after `prepareJetReading`.
+void sendJetTables(std::span<char> bytes, const std::vector<std::string>& tables, int descriptor);
+
+/// Loads what the library will ask the C library for: the code pages.
+void prepareJetReading();
 
 }  // namespace orv

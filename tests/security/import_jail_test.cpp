@@ -1,0 +1,79 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+
+#include "jet_file.h"
+#include "keeper.h"
+#include "reader_jail.h"
+#include "support/temp_folder.h"
+
+namespace orv {
+namespace {
+
+/// How a process that is locked up ends when it does this; 0: as if nothing were the matter.
+int endingOf(const std::function<void()>& act, int output) {
+    const ::pid_t child = ::fork();
+    if (child == 0) {
+        const bool isLocked = lockUp(output);
+        if (isLocked) {
+            act();
+        }
+        ::_exit(isLocked ? 0 : 1);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFSIGNALED(status) ? WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+TEST(ImportJail, TheReaderCanDoNothingButReadAndAnswer) {
+    const TempFolder folder;
+    const int file = ::open(folder.write("file", "x").c_str(), O_RDWR | O_CLOEXEC);
+    const int output = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    struct Case {
+        const char* what;
+        std::function<void()> act;
+    };
+    for (const Case& row : {
+             Case{"open", [] { ::open("/etc/passwd", O_RDONLY); }},
+             Case{"connect", [] { ::socket(AF_INET, SOCK_STREAM, 0); }},
+             Case{"start", [] { ::execl("/bin/true", "true", nullptr); }},
+             Case{"fork", [] { ::fork(); }},
+             Case{"signal", [] { ::kill(::getppid(), 0); }},
+             Case{"write elsewhere", [&] { static_cast<void>(!::write(file, "y", 1)); }},
+             Case{"new code", [] { ::mmap(nullptr, 4096, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0); }},
+             Case{"rename", [&] { ::rename(folder.file("file").c_str(), folder.file("gone").c_str()); }},
+             Case{"be looked into", [] { ::prctl(PR_SET_DUMPABLE, 1); }},
+         }) {
+        EXPECT_EQ(endingOf(row.act, output), SIGSYS) << row.what;
+    }
+    EXPECT_EQ(folder.bytesOf("file"), "x");
+    char byte = 0;
+    EXPECT_EQ(endingOf(
+                  [&] {
+                      const std::string much(10'000'000, 'x');
+                      static_cast<void>(!::pread(file, &byte, 1, 0));
+                      static_cast<void>(!::write(output, much.data(), much.size()));
+                  },
+                  output),
+              0);
+    ::close(file);
+    ::close(output);
+}
+
+TEST(ImportJail, AReaderThatStandsStillIsEnded) {
+    const TempFolder folder;
+    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);  // nobody will ever write into it
+    EXPECT_THROW(readJetFile(folder.file("pipe"), {"T"}, std::chrono::milliseconds(100)), KeeperFailure);
+}
+
+}  // namespace
+}  // namespace orv
