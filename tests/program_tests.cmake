@@ -12,10 +12,11 @@ add_dependencies(store_tool_tests store_tool)
 orv_add_one_test(security_tests security private_server jet_reading orv_app orv_adapters_office_store
                  orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
-target_compile_definitions(security_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
+target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
+                                                  STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
-add_dependencies(security_tests store_tool hostile_key)
+add_dependencies(security_tests company_information store_tool address_search line_search hostile_key)
 orv_add_tests(http_tests adapters/http orv_adapters_http suite_server_desks nlohmann_json::nlohmann_json
               GTest::gtest_main)
 orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
