@@ -57,7 +57,8 @@ bool valuesFitStatements(PhotoFields photos) {
         return endsLiteral(field) && !(photos == PhotoFields::Chosen && isPhoto(field.text));
     });
     return found == kFields.end() ||
-           fail("保存できない文字（「'」または NUL）があります。" + placeOf(*found) + "もう一度保存してください。", "SAVE0002");
+           fail("保存できない文字（「'」または NUL）があります。" + placeOf(*found) + "もう一度保存してください。",
+                "SAVE0002");
 }
 
 }  // namespace orv
