@@ -17,9 +17,9 @@ target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --in
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search hostile_key)
-orv_add_tests(http_tests adapters/http orv_adapters_http suite_server_desks nlohmann_json::nlohmann_json
+orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_desks nlohmann_json::nlohmann_json
               GTest::gtest_main)
-orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
+orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures orv_adapters_posix JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
 orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
 orv_add_tests(window_tests "app;pages/handlers" orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix

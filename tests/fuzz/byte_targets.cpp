@@ -128,7 +128,7 @@ void read(const PictureFiles& pictures, const std::string& path, const std::stri
 
 /// Any bytes are a picture or a failure with a text: header, decoding, sizing and saving.
 void feedPicture(const std::string& bytes) {
-    static const PictureFolder folder;
+    static PictureFolder folder;
     static const PictureFiles pictures(folder);
     const std::string path = folder.keep("picture", {bytes.begin(), bytes.end()});
     try {

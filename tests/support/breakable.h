@@ -150,6 +150,7 @@ public:
         return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : PosixFiles::exists(path);
     }
     void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
+    void publish(const std::string& from, const std::string& to) override { PosixFiles::publish(from, allowed(to)); }
     void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
 
 private:

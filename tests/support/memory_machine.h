@@ -38,6 +38,13 @@ public:
     std::string programFolder() const override { return "C:\\ORV\\BIN"; }
     std::string nativePath(const std::string& path) const override { return path; }
     std::string systemPath(const std::string& nativePath) const override { return nativePath; }
+    FileStream open(const std::string&) const override { throw RunTimeError(Failure::FileNotFound); }
+    bool same(const std::string& a, const std::string& b) const override { return at(a) == at(b); }
+    std::string privateFolder() override { throw RunTimeError(Failure::PathNotFound); }
+    void write(const std::string&, std::span<const std::uint8_t>) override {
+        throw RunTimeError(Failure::PermissionDenied);
+    }
+    void publish(const std::string&, const std::string&) override { throw RunTimeError(Failure::PermissionDenied); }
     void copy(const std::string&, const std::string&) override { throw RunTimeError(Failure::PermissionDenied); }
     void remove(const std::string&) override { throw RunTimeError(Failure::PermissionDenied); }
     void rename(const std::string&, const std::string&) override { throw RunTimeError(Failure::PermissionDenied); }

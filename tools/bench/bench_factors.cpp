@@ -10,7 +10,7 @@ namespace {
 constexpr int kCount = orv::kSmallestQuality + 1;
 
 std::vector<std::int32_t> sizesOf(const std::string& photo, const std::string& target) {
-    const PlainPaths paths;
+    PlainPaths paths;
     const orv::PictureFiles pictures(paths);
     const orv::PictureInfo info = pictures.info(photo);
     const orv::PictureSize size = fittedSize(info.width, info.height, {640, 480});

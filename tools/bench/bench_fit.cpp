@@ -73,7 +73,7 @@ void report(const std::string& name, const std::string& command, const std::stri
 }  // namespace
 
 void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program) {
-    const PlainPaths paths;
+    PlainPaths paths;
     for (const auto& photo : photosIn(photos)) {
         const orv::PictureInfo info = orv::PictureFiles(paths).info(photo);
         const orv::PictureSize size = fittedSize(info.width, info.height, kWithin);

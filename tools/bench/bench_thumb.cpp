@@ -9,7 +9,7 @@ namespace bench {
 /// A page start with the photo in both slots: loaded for the slots' size and scaled to it.
 void thumb(const std::filesystem::path& photos) {
     constexpr orv::PictureSize kSlot{484, 400};
-    const PlainPaths paths;
+    PlainPaths paths;
     const orv::PictureFiles pictures(paths);
     for (const auto& photo : photosIn(photos)) {
         const orv::PictureInfo info = pictures.info(photo);

@@ -23,15 +23,15 @@ orv::PictureSize fittedSize(int width, int height, orv::PictureSize within) {
 }
 
 int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit) {
-    const PlainPaths paths;
-    const orv::OpenFile file(source);
+    PlainPaths paths;
+    const orv::OpenFile file(paths, source);
     const orv::PictureHeader header = orv::jpegHeader(file);
     const auto picture = orv::loadJpeg(paths, file, header, within);
     const orv::PictureSize size = fittedSize(picture->width(), picture->height(), within);
     picture->size(size.width, size.height);
     const auto fits = [&](int factor) {
         picture->save(target, static_cast<std::int32_t>(header.format), header.bits, factor);
-        const orv::OpenFile saved(target);
+        const orv::OpenFile saved(paths, target);
         static_cast<void>(orv::jpegHeader(saved));
         return static_cast<std::uintmax_t>(saved.size()) <= limit;
     };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -8,7 +9,7 @@
 
 namespace bench {
 
-/// The machine's own paths. Nothing but their translation is asked of it.
+/// The machine's own paths. Nothing but to read and write pictures is asked of it.
 class PlainPaths : public orv::FileSystem {
 public:
     std::string nativePath(const std::string& path) const override { return path; }
@@ -17,12 +18,22 @@ public:
     bool folderExists(const std::string&) const override { return false; }
     std::uint64_t sizeOf(const std::string&) const override { return 0; }
     bool canOpen(const std::string&) const override { return false; }
+    orv::FileStream open(const std::string& path) const override {
+        return orv::FileStream(std::fopen(path.c_str(), "rb"));
+    }
+    void write(const std::string& path, std::span<const std::uint8_t> bytes) override {
+        std::ofstream(path, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
+    bool same(const std::string&, const std::string&) const override { return false; }
     void copy(const std::string&, const std::string&) override {}
+    void publish(const std::string&, const std::string&) override {}
     void remove(const std::string&) override {}
     void rename(const std::string&, const std::string&) override {}
     void append(const std::string&, const std::string&) override {}
     std::string read(const std::string&, std::size_t) const override { return {}; }
     std::string programFolder() const override { return {}; }
+    std::string privateFolder() override { return {}; }
 };
 
 /// The pictures of the folder, by name.

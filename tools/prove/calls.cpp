@@ -42,6 +42,7 @@ const std::vector<CallKind> kKinds{
     {SYS_renameat, "renameat", Named::ByPath, 1, kName},
     {SYS_renameat2, "renameat2", Named::ByPath, 1, kName},
     {SYS_mkdir, "mkdir", Named::ByPath, 0, kName},
+    {SYS_mkdirat, "mkdirat", Named::ByPath, 1, kName},
     {SYS_truncate, "truncate", Named::ByPath, 0, kFlush},
     {SYS_read, "read", Named::ByDescriptor, 0, kRead},
     {SYS_pread64, "pread64", Named::ByDescriptor, 0, kRead},
@@ -99,6 +100,14 @@ std::string behindDescriptor(pid_t process, unsigned long long descriptor) {
     return name.starts_with("socket:") ? kSocket : name;
 }
 
+/// A path that does not begin at the root, and an empty one, belong to the folder that is open.
+std::string inFolder(const std::string& folder, const std::string& path) {
+    if (path.starts_with('/') || folder.empty()) {
+        return path;
+    }
+    return path.empty() ? folder : folder + "/" + path;
+}
+
 std::string firstPolled(pid_t process, unsigned long long address) {
     pollfd first{};
     iovec here{&first, sizeof first};
@@ -135,10 +144,9 @@ bool canAnswer(const CallKind& kind, Answer answer) {
 std::string objectOf(const CallKind& kind, pid_t process, const unsigned long long* arguments) {
     const unsigned long long named = arguments[kind.place];
     switch (kind.named) {
-        case Named::ByPath: {
-            const std::string path = textAt(process, named);
-            return path.empty() && kind.place == 1 ? behindDescriptor(process, arguments[0]) : path;
-        }
+        case Named::ByPath:
+            return kind.place == 1 ? inFolder(behindDescriptor(process, arguments[0]), textAt(process, named))
+                                   : textAt(process, named);
         case Named::ByDescriptor:
             return behindDescriptor(process, named);
         case Named::ByPollList:

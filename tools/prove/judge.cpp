@@ -35,7 +35,7 @@ std::vector<std::string> failuresIn(const std::string& line) {
 
 bool touched(const Outcome& outcome, const std::string& folder) {
     return std::ranges::any_of(outcome.struck,
-                               [&](const std::string& call) { return call.find(folder) != std::string::npos; });
+                               [&](const std::string& call) { return (call + "/").find(folder) != std::string::npos; });
 }
 
 std::vector<std::string> pieces(const std::string& state) {

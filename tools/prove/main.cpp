@@ -115,6 +115,8 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     ::setenv("ORV_COMPUTER_NAME", "DESK-01", 1);  // NOLINT(concurrency-mt-unsafe)
+    const std::filesystem::path state = std::filesystem::absolute(argv[1]) / "state";
+    ::setenv("XDG_STATE_HOME", state.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
     try {
         if (store == "answers") {
             return proveAnswers(argv[1], std::max(1, std::atoi(argv[3])));

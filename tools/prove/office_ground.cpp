@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <set>
+#include <string_view>
 
 #include "adapters/pictures/picture_files.h"
 #include "adapters/posix/install_paths.h"
@@ -15,6 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFolders[] = {"MDB", "IMG", "TMP", "LOG"};
 constexpr const char* kTables[] = {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"};
+constexpr const char* kRunFolder = "TMP/.orv-run-";
 constexpr std::size_t kIdLength = 9;
 constexpr const char* kWords[] = {"一回目", "二回目"};
 constexpr int kRounds = 2;
@@ -22,6 +25,16 @@ constexpr int kRounds = 2;
 std::string contentOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The folder of a run in TMP has another name each time. A second one, which nobody removed, stays to be seen.
+std::string withoutRunName(std::string name, std::set<std::string>& runs) {
+    if (name.starts_with(kRunFolder)) {
+        const std::size_t end = name.find('/', std::string_view(kRunFolder).size());
+        runs.insert(name.substr(0, end));
+        name.replace(0, end, "TMP/run" + std::string(runs.size() > 1 ? " of a dead one" : ""));
+    }
+    return name;
 }
 
 std::string photoName(int round, int slot) { return std::to_string(round) + std::to_string(slot) + ".jpg"; }
@@ -53,7 +66,7 @@ void OfficeGround::changeSettings(const std::string& usual, const std::string& o
 /// Larger than what can be registered, so that each is fitted.
 void OfficeGround::makePhotos() const {
     const orv::InstallPaths paths(office_.folder().string(), (orv() / "BIN").string());
-    const orv::PosixFiles files(paths);
+    orv::PosixFiles files(paths);
     const orv::PictureFiles pictures(files);
     for (int round = 0; round < kRounds; ++round) {
         for (int slot = 0; slot < 2; ++slot) {
@@ -162,9 +175,10 @@ std::vector<std::string> OfficeGround::ownLocks() {
 
 Files OfficeGround::files() const {
     Files found;
+    std::set<std::string> runs;
     for (const std::string& folder : watched(true)) {
         for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-            const std::string name = entry.path().lexically_relative(orv()).string();
+            const std::string name = withoutRunName(entry.path().lexically_relative(orv()).string(), runs);
             if (entry.is_regular_file() && !name.starts_with("MDB/ORVESTATE.MDB") && !name.starts_with("LOG/")) {
                 found[name] = fingerprintOf(entry.path().string());
             }

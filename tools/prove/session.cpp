@@ -34,7 +34,9 @@ public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
     std::int32_t LastAnswer() const override { return 0; }
     bool ShowMessage(const std::string& id, const orv::Values& args) override {
-        told += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
+        if (id != "LOG00001") {  // about the log and not about the event
+            told += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
+        }
         return true;
     }
     std::size_t showNotice(const orv::Notice& notice) override {

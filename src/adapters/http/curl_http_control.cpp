@@ -52,11 +52,12 @@ void CurlHttpControl::Upload(const std::string& file, const std::optional<std::s
     const BusyWhile busy(state_);
     responseCode_ = 0;
     responseText_.clear();
+    const FileStream stream = files_.open(file);
     HttpResponse answer = exchange({.url = withEncodedName(url_),
                                     .timeout = timeout_,
                                     .headers = headerLines(contentType, headers),
                                     .body = {},
-                                    .file = files_.nativePath(file),
+                                    .file = stream.get(),
                                     .user = user,
                                     .password = password});
     response = std::move(answer.body);

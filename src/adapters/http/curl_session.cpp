@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
+#include <cstdio>
 #include <memory>
 #include <string_view>
 
@@ -121,16 +121,16 @@ std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* 
 
 /// The file on its way. Its length was announced, so it is sent with that length or not at all.
 struct Upload {
-    std::ifstream stream;
-    curl_off_t left = 0;
+    std::FILE* file;
+    curl_off_t left = -1;
 };
 
 std::size_t giveFile(char* buffer, std::size_t, std::size_t room, void* data) {
     auto& upload = *static_cast<Upload*>(data);
-    upload.stream.read(buffer, std::min(static_cast<curl_off_t>(room), upload.left));
-    const std::streamsize count = upload.stream.gcount();
-    upload.left -= count;
-    return count == 0 && upload.left > 0 ? CURL_READFUNC_ABORT : static_cast<std::size_t>(count);
+    const auto most = static_cast<std::size_t>(std::min(static_cast<curl_off_t>(room), upload.left));
+    const std::size_t count = std::fread(buffer, 1, most, upload.file);
+    upload.left -= static_cast<curl_off_t>(count);
+    return count == 0 && upload.left > 0 ? CURL_READFUNC_ABORT : count;
 }
 
 void setCommon(const Curl& curl, const HttpRequest& request, Arrival& arrival) {
@@ -176,24 +176,11 @@ HeaderList headerList(const HttpRequest& request) {
     return list;
 }
 
-std::ifstream openFile(const std::filesystem::path& path) {
-    std::error_code none;
-    std::ifstream file;
-    if (std::filesystem::is_regular_file(path, none)) {
-        file.open(path, std::ios::binary);
+void setUpload(const Curl& curl, Upload& upload) {
+    if (std::fseek(upload.file, 0, SEEK_END) == 0) {
+        upload.left = std::ftell(upload.file);
     }
-    if (!file.is_open()) {
-        throw RunTimeError(Failure::FileNotFound);
-    }
-    return file;
-}
-
-void setUpload(const Curl& curl, const std::filesystem::path& path, Upload& upload) {
-    upload.stream = openFile(path);
-    upload.stream.seekg(0, std::ios::end);
-    upload.left = upload.stream.tellg();
-    upload.stream.seekg(0);
-    if (!upload.stream) {
+    if (upload.left < 0 || std::fseek(upload.file, 0, SEEK_SET) != 0) {
         raise(CURLE_ABORTED_BY_CALLBACK);
     }
     set(curl, CURLOPT_UPLOAD, 1L);
@@ -212,14 +199,14 @@ void setPost(const Curl& curl, const std::string& body) {
 
 HttpResponse exchange(const HttpRequest& request) {
     Arrival arrival;
-    Upload upload;
+    Upload upload{request.file};
     const HeaderList headers = headerList(request);
     const Curl curl = openCurl();
     setCommon(curl, request, arrival);
     setCredentials(curl, request);
     set(curl, CURLOPT_HTTPHEADER, headers.get());
-    if (!request.file.empty()) {
-        setUpload(curl, request.file, upload);
+    if (request.file != nullptr) {
+        setUpload(curl, upload);
     } else if (!request.body.empty()) {
         setPost(curl, request.body);
     }

@@ -8,7 +8,6 @@
 #include "adapters/pictures/picture_failure.h"
 #include "adapters/pictures/picture_sizes.h"
 #include "adapters/pictures/resampler.h"
-#include "adapters/pictures/whole_file.h"
 
 namespace orv {
 namespace {
@@ -31,7 +30,7 @@ Bitmap resampled(const Bitmap& source, int width, int height) {
 /// Kept as it is stored, and turned when it is used: by then it is mostly small.
 class JpegPicture : public Picture {
 public:
-    JpegPicture(const FileSystem& files, const PictureHeader& header, JpegImage image)
+    JpegPicture(FileSystem& files, const PictureHeader& header, JpegImage image)
         : files_(files),
           width_(static_cast<int>(header.width)),
           height_(static_cast<int>(header.height)),
@@ -62,7 +61,7 @@ public:
             requireKeptWhole(stored(image_.bitmap.width, image_.bitmap.height), {width_, height_});
             writer_ = std::make_unique<JpegWriter>(uprightAt(width_, height_));
         }
-        writeWholeFile(files_, path, writer_->written(quality));
+        files_.write(path, writer_->written(quality));
     }
 
 private:
@@ -78,7 +77,7 @@ private:
                 image_.profile};
     }
 
-    const FileSystem& files_;
+    FileSystem& files_;
     int width_;
     int height_;
     int orientation_;
@@ -89,7 +88,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Picture> loadJpeg(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+std::unique_ptr<Picture> loadJpeg(FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                   PictureSize within) {
     return std::make_unique<JpegPicture>(files, header, jpegImage(file, keptShare(header, within)));
 }

@@ -7,7 +7,7 @@
 
 namespace orv {
 
-std::unique_ptr<Picture> loadJpeg(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+std::unique_ptr<Picture> loadJpeg(FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                   PictureSize within);
 
 }  // namespace orv

@@ -1,10 +1,6 @@
 #include "adapters/pictures/open_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 
 #include "adapters/pictures/picture_failure.h"
 
@@ -12,15 +8,6 @@ namespace orv {
 namespace {
 
 constexpr std::int64_t kLargestFile = 500'000'000;
-
-/// Without O_NONBLOCK a named pipe that nobody writes to would be waited for.
-int openWithoutWaiting(const std::string& path) {
-    const int descriptor = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0) {
-        throw RunTimeError(errno == ENOENT || errno == ENOTDIR ? Failure::FileNotFound : Failure::PathFileAccess);
-    }
-    return descriptor;
-}
 
 std::int32_t sizeOfPicture(int descriptor) {
     struct stat facts {};
@@ -41,15 +28,8 @@ std::int32_t sizeOfPicture(int descriptor) {
 
 }  // namespace
 
-OpenFile::OpenFile(const std::string& nativePath) {
-    const int descriptor = openWithoutWaiting(nativePath);
-    stream_.reset(fdopen(descriptor, "rb"));
-    if (!stream_) {
-        close(descriptor);
-        throw RunTimeError(Failure::DeviceIo);
-    }
-    size_ = sizeOfPicture(descriptor);
-}
+OpenFile::OpenFile(const FileSystem& files, const std::string& path)
+    : stream_(files.open(path)), size_(sizeOfPicture(fileno(stream_.get()))) {}
 
 std::FILE* OpenFile::fromStart() const {
     std::rewind(stream_.get());

@@ -2,17 +2,17 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "platform/machine/file_system.h"
+
 namespace orv {
 
-/// A picture's file, open for reading: a regular file with something in it, of 500 MB at most. Opening never waits,
-/// whatever stands at the path.
+/// A picture's file, open for reading: a regular file with something in it, of 500 MB at most.
 class OpenFile {
 public:
-    explicit OpenFile(const std::string& nativePath);
+    OpenFile(const FileSystem& files, const std::string& path);
 
     std::int32_t size() const { return size_; }
     /// At the file's beginning.
@@ -21,11 +21,7 @@ public:
     std::vector<std::uint8_t> firstBytes(std::size_t count) const;
 
 private:
-    struct Close {
-        void operator()(std::FILE* stream) const { std::fclose(stream); }
-    };
-
-    std::unique_ptr<std::FILE, Close> stream_;
+    FileStream stream_;
     std::int32_t size_ = 0;
 };
 

@@ -43,9 +43,9 @@ PictureHeader headerOf(const OpenFile& file) {
 
 /// Runs a reading of `path`; want of memory becomes a failure like the others.
 template <typename Reading>
-auto reading(const FileSystem& files, const std::string& path, Reading read) {
+auto reading(FileSystem& files, const std::string& path, Reading read) {
     try {
-        return read(OpenFile(files.nativePath(path)));
+        return read(OpenFile(files, path));
     } catch (const std::bad_alloc&) {
         throw pictureError(PictureFailure::NeedsTooMuchMemory);
     }

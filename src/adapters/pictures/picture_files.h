@@ -8,13 +8,13 @@ namespace orv {
 /// Pictures out of JPEG, PNG, BMP, GIF and TIFF files, and back into them.
 class PictureFiles : public PictureLibrary {
 public:
-    explicit PictureFiles(const FileSystem& files) : files_(files) {}
+    explicit PictureFiles(FileSystem& files) : files_(files) {}
 
     PictureInfo info(const std::string& path) const override;
     std::unique_ptr<Picture> load(const std::string& path, PictureSize within = {}) const override;
 
 private:
-    const FileSystem& files_;
+    FileSystem& files_;
 };
 
 }  // namespace orv

@@ -15,7 +15,6 @@
 #include "adapters/pictures/raster_reader.h"
 #include "adapters/pictures/resampler.h"
 #include "adapters/pictures/tiff_file.h"
-#include "adapters/pictures/whole_file.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -134,7 +133,7 @@ std::vector<std::uint8_t> written(const Raster& raster, const PictureHeader& hea
 
 class RasterPicture : public Picture {
 public:
-    RasterPicture(const FileSystem& files, const PictureHeader& header, Raster raster)
+    RasterPicture(FileSystem& files, const PictureHeader& header, Raster raster)
         : files_(files), header_(header), raster_(std::move(raster)) {}
 
     int width() const override { return static_cast<int>(header_.width); }
@@ -160,13 +159,13 @@ public:
             requireKeptWhole({raster_.image.width(), raster_.image.height()}, own());
             written_ = written(raster_, header_);
         }
-        writeWholeFile(files_, path, written_);
+        files_.write(path, written_);
     }
 
 private:
     PictureSize own() const { return {width(), height()}; }
 
-    const FileSystem& files_;
+    FileSystem& files_;
     PictureHeader header_;
     Raster raster_;
     /// Made at the first save: the quality does not change it.
@@ -175,7 +174,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Picture> loadRaster(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+std::unique_ptr<Picture> loadRaster(FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                     PictureSize within) {
     Raster raster = readRaster(file, header);
     raster.image = upright(averaged(raster.image, keptShare(header, within)), header.orientation);

@@ -8,7 +8,7 @@
 namespace orv {
 
 /// PNG, BMP, GIF and TIFF.
-std::unique_ptr<Picture> loadRaster(const FileSystem& files, const OpenFile& file, const PictureHeader& header,
+std::unique_ptr<Picture> loadRaster(FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                     PictureSize within);
 
 }  // namespace orv

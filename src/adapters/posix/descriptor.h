@@ -23,6 +23,8 @@ public:
         }
     }
 
+    /// Its owner is somebody else from now on.
+    int release() { return std::exchange(number_, -1); }
     int number() const { return number_; }
     explicit operator bool() const { return number_ >= 0; }
 

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -85,12 +86,13 @@ std::string follow(std::string place, const Names& names) {
     return place.empty() ? "/" : place;
 }
 
-/// A native path that code of the system has built on with backslashes is walked like its own.
+/// A native path that code of the system has built on with backslashes is walked like its own from there on.
 std::string followNative(const std::string& path) {
-    if (path.find('\\') == std::string::npos || isThere(path)) {
+    const std::size_t built = path.find('\\');
+    if (built == std::string::npos || isThere(path)) {
         return path;
     }
-    return follow("", namesOf(path));
+    return follow(path.substr(0, built), namesOf(std::string_view(path).substr(built)));
 }
 
 std::string withoutTrailingSlash(const std::string& folder) {
@@ -103,26 +105,45 @@ std::string withoutTrailingSlash(const std::string& folder) {
 
 }  // namespace
 
+NativePath chosenPath(const std::string& nativePath) {
+    const std::string path = nativePath.substr(0, nativePath.find_last_not_of('/') + 1);
+    const std::size_t end = path.rfind('/');
+    return {path.substr(0, end), path.substr(end + 1), true};
+}
+
 InstallPaths::InstallPaths(const std::string& nativeRoot, const std::string& nativeProgramFolder)
     : root_(withoutTrailingSlash(nativeRoot)), programFolder_(toSystem(withoutTrailingSlash(nativeProgramFolder))) {}
 
 std::string InstallPaths::toNative(const std::string& path) const {
+    const std::string placed = withPlace(path);
+    return hasDrive(placed) ? onDrive(placed[0], std::string_view(placed).substr(2)) : followNative(placed);
+}
+
+NativePath InstallPaths::split(const std::string& path) const {
+    const std::string native = toNative(path);
+    if (native.starts_with(root_ + "/")) {
+        return {root_, native.substr(root_.size() + 1)};
+    }
+    const std::string placed = withPlace(path);
+    if (native == placed) {
+        return chosenPath(native);
+    }
+    const std::size_t end = placed.find('\\');
+    return {native.substr(0, end), native.substr(std::min(end + 1, native.size()))};
+}
+
+/// With a drive, or native.
+std::string InstallPaths::withPlace(const std::string& path) const {
     if (path.empty() || path.find('\0') != std::string::npos) {
         throw RunTimeError(Failure::BadFileName);
     }
-    if (path.front() == '/') {
-        return followNative(path);
-    }
-    if (hasDrive(path)) {
-        return onDrive(path[0], std::string_view(path).substr(2));
+    if (path.front() == '/' || hasDrive(path)) {
+        return path;
     }
     if (path.front() == '\\') {
-        return onDrive(hasDrive(programFolder_) ? programFolder_[0] : 'C', path);
+        return (hasDrive(programFolder_) ? programFolder_.substr(0, 2) : "C:") + path;
     }
-    if (hasDrive(programFolder_)) {
-        return onDrive(programFolder_[0], programFolder_.substr(2) + "\\" + path);
-    }
-    return followNative(programFolder_ + "\\" + path);
+    return programFolder_ + "\\" + path;
 }
 
 std::string InstallPaths::onDrive(char letter, std::string_view path) const {

@@ -4,6 +4,18 @@
 
 namespace orv {
 
+/// A native path in two parts. `base` is a folder that the install, a setting or the operator has named: links on the
+/// way to it are theirs. What is `below` has names that anybody with access to the base can have made.
+struct NativePath {
+    std::string base;
+    std::string below;
+    /// The operator has named the file itself: `below` is its name.
+    bool chosen = false;
+};
+
+/// A path that the operator or the program itself has named as a whole.
+NativePath chosenPath(const std::string& nativePath);
+
 /// Turns the system's own paths into native ones and back.
 ///
 /// The root of an install is a native folder with one sub-folder per drive letter: C:\ORV\SYS\system.ini lies at
@@ -17,12 +29,15 @@ public:
     /// Accepts a drive path, a path below the program's folder (no drive), and a native absolute path, which passes as
     /// it is. An empty path, or one with a NUL in it, is failure 52.
     std::string toNative(const std::string& path) const;
+    /// The same in its parts.
+    NativePath split(const std::string& path) const;
     /// What lies on no drive of the install keeps its native form.
     std::string toSystem(const std::string& nativePath) const;
     /// The program's folder in the system's form, without a trailing separator.
     const std::string& programFolder() const { return programFolder_; }
 
 private:
+    std::string withPlace(const std::string& path) const;
     std::string onDrive(char letter, std::string_view path) const;
 
     std::string root_;

@@ -1,5 +1,6 @@
 #include "adapters/posix/native_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -9,7 +10,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "platform/run_time_error.h"
@@ -22,7 +22,6 @@ constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
     {ENOTDIR, Failure::PathNotFound},
     {EACCES, Failure::PathFileAccess},
     {EISDIR, Failure::PathFileAccess},
-    {ELOOP, Failure::PathFileAccess},
     {ENXIO, Failure::PathFileAccess},
     {EPERM, Failure::PermissionDenied},
     {EROFS, Failure::PermissionDenied},
@@ -41,79 +40,79 @@ constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kReadAndWrite = 0666;
 constexpr std::string_view kBesideBegin = ".orv-";
 constexpr std::string_view kBesideEnd = ".tmp";
+constexpr std::string_view kLinkText =
+    "ファイルまたはそのフォルダーがリンクになっているため、開けません。リンクではなく実物を置いてください。";
 
 std::string folderOf(const std::string& nativePath) { return std::filesystem::path(nativePath).parent_path().string(); }
 
-int openOrRaise(const std::string& path, int flags) {
+Descriptor openFollowing(const std::string& path, int flags) {
     // Without waiting: opening a pipe that nobody writes to must not hang the program.
     constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    const mode_t mode = (flags & O_EXCL) != 0 ? kOwnerOnly : kReadAndWrite;
-    const int descriptor = ::open(path.c_str(), flags | kAlways, mode);
-    if (descriptor < 0) {
+    Descriptor opened(::open(path.c_str(), flags | kAlways));
+    if (!opened) {
         raiseErrno(errno, path);
     }
-    return descriptor;
+    return opened;
 }
 
 /// The name is short and its own, so that a target with the longest of names can have a file beside it.
-std::string freeNameBeside(const std::string& target) {
+FilePlace freePlaceBeside(const FilePlace& target) {
     static std::atomic<unsigned> count{0};
-    std::string path;
     struct stat facts {};
-    do {
-        path = folderOf(target) + "/" + std::string(kBesideBegin) + std::to_string(::getpid()) + "-" +
-               std::to_string(++count) + std::string(kBesideEnd);
-    } while (::lstat(path.c_str(), &facts) == 0);
-    return path;
+    for (;;) {
+        const FilePlace place = target.sibling(std::string(kBesideBegin) + std::to_string(::getpid()) + "-" +
+                                               std::to_string(++count) + std::string(kBesideEnd));
+        if (!place.look(facts)) {
+            return place;
+        }
+    }
 }
 
 /// A run that lives holds the lock of its file, on whichever computer it runs.
-void removeUnlessHeld(const std::string& path) {
-    try {
-        const NativeFile file(path, O_WRONLY | O_NOFOLLOW);
-        if (file.lock()) {
-            ::unlink(path.c_str());
-        }
-    } catch (const RunTimeError&) {  // gone meanwhile, or not to be opened: no matter here
+void removeUnlessHeld(const FilePlace& place) {
+    const Descriptor file = place.tryOpen(O_WRONLY);
+    if (file && tryLock(file)) {
+        static_cast<void>(place.unlink());
     }
 }
 
-void removeLeftovers(const std::string& folder) {
-    std::error_code unreadable;
-    for (std::filesystem::directory_iterator entry(folder, unreadable), end; !unreadable && entry != end;
-         entry.increment(unreadable)) {
-        const std::string name = entry->path().filename().string();
+void removeLeftovers(const FilePlace& target) {
+    forEachName(target.folder(), [&](const std::string& name) {
         if (name.starts_with(kBesideBegin) && name.ends_with(kBesideEnd)) {
-            removeUnlessHeld(entry->path().string());
+            removeUnlessHeld(target.sibling(name));
         }
-    }
+    });
 }
 
 /// A new file that is held from now on. Between its making and its locking another run may have taken it for a
 /// leftover; then the next one is made.
-std::unique_ptr<NativeFile> makeBeside(const std::string& target, std::string& path) {
-    removeLeftovers(folderOf(target));
-    std::unique_ptr<NativeFile> file;
+std::unique_ptr<NativeFile> makeBeside(const FilePlace& target, FilePlace& place) {
+    removeLeftovers(target);
+    Descriptor file;
     do {
-        path = freeNameBeside(target);
-        file = std::make_unique<NativeFile>(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW);
-    } while (!file->waitForLock());
-    return file;
+        place = freePlaceBeside(target);
+        file = place.open(O_WRONLY | O_CREAT | O_EXCL, kOwnerOnly);
+    } while (!waitForLock(file));
+    return std::make_unique<NativeFile>(std::move(file));
 }
 
 /// Taking the name of a file makes file systems write the new one to the disk at once; two that swap their names stay
 /// in memory. False when nothing has happened: there is no file to swap with, or no such way here.
-bool swapNames(const std::string& path, const std::string& target) {
+bool swapNames(const FilePlace& place, const FilePlace& target) {
     struct stat facts {};
-    return ::lstat(target.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
-           ::renameat2(AT_FDCWD, path.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE) == 0;
+    return target.look(facts) && S_ISREG(facts.st_mode) &&
+           ::renameat2(place.folder(), place.name(), target.folder(), target.name(), RENAME_EXCHANGE) == 0;
 }
 
 }  // namespace
 
 void raiseErrno(int error, const std::string& nativePath) {
-    if (error == ENOENT && ::access(folderOf(nativePath).c_str(), F_OK) != 0) {
-        throw RunTimeError(Failure::PathNotFound);
+    raiseErrno(error == ENOENT && ::access(folderOf(nativePath).c_str(), F_OK) != 0 ? ENOTDIR : error);
+}
+
+void raiseErrno(int error) {
+    if (error == ELOOP) {
+        throw RunTimeError(Failure::PathFileAccess, std::string(kLinkText));
     }
     for (const auto& [known, failure] : kFailures) {
         if (known == error) {
@@ -123,33 +122,32 @@ void raiseErrno(int error, const std::string& nativePath) {
     throw RunTimeError(Failure::DeviceIo);
 }
 
-NativeFile::NativeFile(std::string path, int flags) : path_(std::move(path)), descriptor_(openOrRaise(path_, flags)) {
-    if (::fstat(descriptor_, &facts_) != 0 || !S_ISREG(facts_.st_mode)) {
-        ::close(descriptor_);
+NativeFile::NativeFile(Descriptor opened) : descriptor_(std::move(opened)) {
+    if (::fstat(descriptor_.number(), &facts_) != 0 || !S_ISREG(facts_.st_mode)) {
         throw RunTimeError(Failure::PathFileAccess);
     }
 }
 
-NativeFile::~NativeFile() { ::close(descriptor_); }
+NativeFile::NativeFile(const std::string& path, int flags) : NativeFile(openFollowing(path, flags)) {}
 
 std::size_t NativeFile::read(char* buffer, std::size_t size) const {
     ssize_t count = 0;
     do {
-        count = ::read(descriptor_, buffer, size);
+        count = ::read(descriptor_.number(), buffer, size);
     } while (count < 0 && errno == EINTR);
     if (count < 0) {
-        raiseErrno(errno, path_);
+        raiseErrno(errno);
     }
     return static_cast<std::size_t>(count);
 }
 
 void NativeFile::writeAll(std::string_view bytes) const {
     while (!bytes.empty()) {
-        const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
+        const ssize_t count = ::write(descriptor_.number(), bytes.data(), bytes.size());
         if (count >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (errno != EINTR) {
-            raiseErrno(errno, path_);
+            raiseErrno(errno);
         }
     }
 }
@@ -157,18 +155,19 @@ void NativeFile::writeAll(std::string_view bytes) const {
 void NativeFile::append(std::string_view bytes) const {
     ssize_t count = 0;
     do {
-        count = ::write(descriptor_, bytes.data(), bytes.size());
+        count = ::write(descriptor_.number(), bytes.data(), bytes.size());
     } while (count < 0 && errno == EINTR);
     if (count < 0) {
-        raiseErrno(errno, path_);
+        raiseErrno(errno);
     }
     if (static_cast<std::size_t>(count) == bytes.size()) {
         return;
     }
     // Only while nothing of another program stands behind the half record.
-    const off_t end = ::lseek(descriptor_, 0, SEEK_CUR);
+    const off_t end = ::lseek(descriptor_.number(), 0, SEEK_CUR);
     struct stat now {};
-    if (::fstat(descriptor_, &now) == 0 && now.st_size == end && ::ftruncate(descriptor_, end - count) != 0) {
+    if (::fstat(descriptor_.number(), &now) == 0 && now.st_size == end &&
+        ::ftruncate(descriptor_.number(), end - count) != 0) {
         throw RunTimeError(Failure::DeviceIo);
     }
     throw RunTimeError(Failure::DiskFull);
@@ -176,36 +175,50 @@ void NativeFile::append(std::string_view bytes) const {
 
 bool NativeFile::endsInALine() const {
     char last = 0;
-    return facts_.st_size > 0 && ::pread(descriptor_, &last, 1, facts_.st_size - 1) == 1 && last != '\n';
+    return facts_.st_size > 0 && ::pread(descriptor_.number(), &last, 1, facts_.st_size - 1) == 1 && last != '\n';
 }
 
-void NativeFile::takeRightsOfFolder() const {
-    struct stat folder {};
-    if (::stat(folderOf(path_).c_str(), &folder) == 0) {
-        static_cast<void>(::fchmod(descriptor_, folder.st_mode & kReadAndWrite));
-    }
+void NativeFile::takeRightsOf(int folder) const {
+    static_cast<void>(::fchmod(descriptor_.number(), sharedRights(folder)));
 }
 
 void NativeFile::sync() const {
-    if (::fsync(descriptor_) != 0) {
-        raiseErrno(errno, path_);
+    if (::fsync(descriptor_.number()) != 0) {
+        raiseErrno(errno);
     }
 }
 
-bool NativeFile::lock() const { return ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0; }
+bool tryLock(const Descriptor& file) { return ::flock(file.number(), LOCK_EX | LOCK_NB) == 0; }
 
-bool NativeFile::waitForLock() const {
+bool waitForLock(const Descriptor& file) {
     // Where the file system has no locks, nobody can take this file for a leftover either.
-    static_cast<void>(::flock(descriptor_, LOCK_EX));
+    static_cast<void>(::flock(file.number(), LOCK_EX));
     struct stat now {};
-    return ::fstat(descriptor_, &now) != 0 || now.st_nlink > 0;
+    return ::fstat(file.number(), &now) != 0 || now.st_nlink > 0;
 }
 
-FileBeside::FileBeside(std::string target) : target_(std::move(target)), file_(makeBeside(target_, path_)) {}
+mode_t sharedRights(int folder) {
+    struct stat facts {};
+    return ::fstat(folder, &facts) == 0 ? facts.st_mode & kReadAndWrite : kOwnerOnly;
+}
+
+void forEachName(int folder, const std::function<void(const std::string& name)>& act) {
+    Descriptor readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(::fdopendir(readable.number()), &::closedir);
+    if (entries) {
+        readable.release();
+    }
+    while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr) {
+        act(entry->d_name);
+    }
+}
+
+FileBeside::FileBeside(FilePlace target)
+    : target_(std::move(target)), place_(target_), file_(makeBeside(target_, place_)) {}
 
 FileBeside::~FileBeside() {
     if (!placed_) {
-        ::unlink(path_.c_str());
+        static_cast<void>(place_.unlink());
     }
 }
 
@@ -215,17 +228,17 @@ void FileBeside::place() {
 }
 
 void FileBeside::placeUnsynced() {
-    if (!swapNames(path_, target_)) {
+    if (!swapNames(place_, target_)) {
         rename();
         return;
     }
-    ::unlink(path_.c_str());
+    static_cast<void>(place_.unlink());
     placed_ = true;
 }
 
 void FileBeside::rename() {
-    if (::rename(path_.c_str(), target_.c_str()) != 0) {
-        raiseErrno(errno, target_);
+    if (::renameat(place_.folder(), place_.name(), target_.folder(), target_.name()) != 0) {
+        raiseErrno(errno);
     }
     placed_ = true;
 }

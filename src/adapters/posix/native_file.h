@@ -3,23 +3,27 @@
 #include <sys/stat.h>
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "adapters/posix/descriptor.h"
+#include "adapters/posix/file_place.h"
+
 namespace orv {
 
-/// The one place where an errno becomes a RunTimeError. `nativePath` tells a missing file from a missing folder.
+/// The one place where an errno becomes a RunTimeError.
+[[noreturn]] void raiseErrno(int error);
+/// The same; tells a missing folder from a missing file.
 [[noreturn]] void raiseErrno(int error, const std::string& nativePath);
 
 /// An open regular file, closed when it goes. Anything else (a folder, a pipe, a device) is failure 75 at once.
 class NativeFile {
 public:
-    /// `flags` as of open(2).
-    NativeFile(std::string path, int flags);
-    NativeFile(const NativeFile&) = delete;
-    NativeFile& operator=(const NativeFile&) = delete;
-    ~NativeFile();
+    explicit NativeFile(Descriptor opened);
+    /// `flags` as of open(2). Links are followed: for files that only the keeper of the install or the system writes.
+    NativeFile(const std::string& path, int flags);
 
     const struct stat& facts() const { return facts_; }
     /// The next bytes into `buffer`; 0 at the end.
@@ -27,27 +31,33 @@ public:
     void writeAll(std::string_view bytes) const;
     /// One write at the end. A write that stopped half-way is taken back and is a failure.
     void append(std::string_view bytes) const;
-    /// Whoever may read or write the file's folder may do so with the file. A file of another user stays as it is.
-    void takeRightsOfFolder() const;
+    /// Gives a file that this run has made the permissions of the folder that it is in.
+    void takeRightsOf(int folder) const;
     /// Whether something stands behind its last line end.
     bool endsInALine() const;
     void sync() const;
-    /// Takes the file's lock for as long as the file is open here; false when another run has it, or can't be had.
-    bool lock() const;
-    /// Waits for the lock. False when the file has lost its name meanwhile.
-    bool waitForLock() const;
 
 private:
-    std::string path_;
-    int descriptor_;
+    Descriptor descriptor_;
     struct stat facts_ {};
 };
+
+/// Takes the file's lock for as long as the file is open; false when another run has it, or it can't be had.
+bool tryLock(const Descriptor& file);
+/// Waits for the lock. False when the file has lost its name meanwhile.
+bool waitForLock(const Descriptor& file);
+
+/// The permissions that a shared file in that folder has: who may read or write the folder may do so with the file.
+mode_t sharedRights(int folder);
+
+/// Calls `act` with each name in the folder, in no order; with none when the folder can't be read.
+void forEachName(int folder, const std::function<void(const std::string& name)>& act);
 
 /// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless
 /// it was placed; those that runs which died have left in the folder are removed by the next one made there.
 class FileBeside {
 public:
-    explicit FileBeside(std::string target);
+    explicit FileBeside(FilePlace target);
     FileBeside(const FileBeside&) = delete;
     FileBeside& operator=(const FileBeside&) = delete;
     ~FileBeside();
@@ -61,8 +71,8 @@ public:
 private:
     void rename();
 
-    std::string target_;
-    std::string path_;
+    FilePlace target_;
+    FilePlace place_;
     std::unique_ptr<NativeFile> file_;
     bool placed_ = false;
 };

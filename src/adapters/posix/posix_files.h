@@ -1,12 +1,19 @@
 #pragma once
 
+#include <sys/stat.h>
+
+#include <map>
+
+#include "adapters/posix/file_place.h"
 #include "adapters/posix/install_paths.h"
+#include "adapters/posix/work_folder.h"
 #include "platform/machine/file_system.h"
 #include "platform/suite/file_service.h"
 
 namespace orv {
 
-/// Files of an install. Only regular files count: a folder, a pipe or a device is never read or written.
+/// Files of an install. Only regular files count: a folder, a pipe or a device is never read or written. A photo or log
+/// of the office has one name only: of several, each could be put there by somebody to whom the file is not open.
 class PosixFiles : public FileSystem {
 public:
     explicit PosixFiles(const InstallPaths& paths) : paths_(paths) {}
@@ -17,20 +24,32 @@ public:
     bool canOpen(const std::string& path) const override;
     /// A target that is the file itself, or holds the same bytes already, stays as it is.
     void copy(const std::string& from, const std::string& to) override;
-    void share(const std::string& path) override;
+    FileStream open(const std::string& path) const override;
+    bool same(const std::string& a, const std::string& b) const override;
+    void publish(const std::string& from, const std::string& to) override;
+    void write(const std::string& path, std::span<const std::uint8_t> bytes) override;
     void remove(const std::string& path) override;
     /// A target that is there is failure 58.
     void rename(const std::string& from, const std::string& to) override;
     void append(const std::string& path, const std::string& record) override;
     std::string read(const std::string& path, std::size_t limit) const override;
+    void workIn(const std::string& folder) override;
+    /// "orv" in the state folder of the user (XDG_STATE_HOME, or ~/.local/state).
+    std::string privateFolder() override;
     std::string programFolder() const override { return paths_.programFolder(); }
-    std::string nativePath(const std::string& path) const override { return paths_.toNative(path); }
-    std::string systemPath(const std::string& nativePath) const override { return paths_.toSystem(nativePath); }
+    std::string nativePath(const std::string& path) const override;
+    std::string systemPath(const std::string& nativePath) const override;
 
 private:
     bool isOfType(const std::string& path, unsigned type) const;
+    WorkFolder* workFolderOf(const std::string& path) const;
+    FilePlace place(const std::string& path) const;
+    Descriptor opened(const std::string& path) const;
+    bool look(const std::string& path, struct stat& facts) const;
 
     const InstallPaths& paths_;
+    /// By the folder's path in capitals.
+    mutable std::map<std::string, WorkFolder> work_;
 };
 
 /// Deletes by a FileSystem, and tells the operator which file could not go and why.

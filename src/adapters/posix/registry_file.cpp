@@ -63,7 +63,7 @@ RegistryText textForWriting(const std::string& nativePath) {
 }
 
 void write(const std::string& nativePath, const RegistryText& text) {
-    FileBeside file(nativePath);
+    FileBeside file{FilePlace(chosenPath(nativePath))};
     file.file().writeAll(text.text());
     file.place();
 }

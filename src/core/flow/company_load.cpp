@@ -10,6 +10,7 @@
 #include "logging/messages.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
+#include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "store/data_lock.h"
@@ -129,6 +130,7 @@ bool readCompany(const std::string& userId) {
 }
 
 bool fillRecord(const std::string& userId) {
+    services().fileSystem->workIn(com().TmpFolder());
     if (!noRowOf(userId, kCountInfo)) {
         return readCompany(userId);
     }

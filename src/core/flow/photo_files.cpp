@@ -7,6 +7,7 @@
 #include "logging/error_pair.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
+#include "logging/write_log.h"
 #include "platform/machine/file_system.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
@@ -19,6 +20,12 @@ std::string& fieldOf(const PhotoSlot& slot) { return tCustomerInfo.*slot.file; }
 
 std::string storedName(const PhotoSlot& slot) {
     return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
+}
+
+/// True for the name of a file without any folder. A row can hold anything; a name that is a path leads out of the
+/// folder of the photos.
+bool isBareName(const std::string& name) {
+    return !name.empty() && name != "." && name != ".." && name.find_first_of("\\/:") == std::string::npos;
 }
 
 /// True if the field has the form of the column and not that of a path.
@@ -58,6 +65,13 @@ bool isInPlace(const std::string& photo, const std::string& folder) {
         throw RunTimeError(Failure::PathNotFound, "画像のフォルダー「" + folder + "」が見つかりません。");
     }
     return false;
+}
+
+/// The value stays out of the log, since it can hold line ends.
+void dropPath(const PhotoSlot& slot) {
+    logError("PHOTO001", "「" + tCustomerInfo.USER_ID + "」の登録画像" + std::to_string(slot.index + 1) +
+                             "の名前はファイル名ではありません。画像なしとして扱います。");
+    fieldOf(slot).clear();
 }
 
 void copyOut(const PhotoSlot& slot, const std::string& stored) {
@@ -100,21 +114,14 @@ bool deleteOld(const std::string& stored) {
 
 /// A photo that the operator has not changed stays where it is: what is not touched cannot be lost.
 bool holdsAlready(const std::string& stored, const std::string& chosen) {
-    const FileSystem& files = *services().fileSystem;
-    if (!isInPlace(stored, folderOf(stored)) || !files.canOpen(stored) ||
-        files.sizeOf(stored) != files.sizeOf(chosen)) {
-        return false;
-    }
-    const std::size_t size = files.sizeOf(stored);
-    return files.read(stored, size) == files.read(chosen, size);
+    return isInPlace(stored, folderOf(stored)) && services().fileSystem->same(stored, chosen);
 }
 
 /// The new file is whole beside its place before the old one goes, so that no photo is lost for longer than a rename.
 bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
     const std::string beside = besideOf(stored);
-    files.copy(chosen, beside);
-    files.share(beside);
+    files.publish(chosen, beside);
     if (!deleteOld(stored)) {
         files.remove(beside);
         return false;
@@ -135,6 +142,9 @@ bool place(const PhotoSlot& slot) {
         fieldOf(slot).clear();
         return true;
     }
+    if (!isBareName(storedName(slot))) {
+        throw RunTimeError(Failure::BadFileName);  // the company's number comes from a row too
+    }
     const std::string stored = imageFolder(slot) + storedName(slot);
     if (stored != chosen && !holdsAlready(stored, chosen) && !replaceStored(chosen, stored)) {
         return false;
@@ -149,8 +159,14 @@ void takeWorkingCopy(const PhotoSlot& slot) {
     if (fieldOf(slot).empty()) {
         return;
     }
+    if (!isBareName(fieldOf(slot))) {
+        dropPath(slot);
+        return;
+    }
     const std::string stored = storedPath(slot);
-    finishReplacing(stored);
+    if (namesStored(slot)) {
+        finishReplacing(stored);  // only a file of this company: the row can name any
+    }
     if (isInPlace(stored, imageFolder(slot))) {
         copyOut(slot, stored);
     } else {

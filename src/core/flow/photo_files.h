@@ -22,7 +22,7 @@ inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
 }};
 
 /// After the load: a stored photo gets a working copy, whose path the field becomes; a stored file that is gone empties
-/// the field. Raises if the whole folder is missing.
+/// the field. Raises if the whole folder is missing. A field that is not a bare file name is emptied too, and logged.
 void takeWorkingCopy(const PhotoSlot& slot);
 
 /// During a save: each field that names a stored photo becomes the path of a fresh working copy.

@@ -8,6 +8,7 @@
 
 #include "adapters/http/curl_http_control.h"
 #include "http_fixture.h"
+#include "support/native_files.h"
 
 namespace orv {
 namespace {
@@ -79,7 +80,7 @@ TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {
     const TempFolder folder;
     const TempFolder served;
     const RunningSuite suite{served.path()};
-    FolderFiles files{folder.path()};
+    const NativeFiles files;
     CurlHttpControl control{files};
     control.Version("HTTP/1.1");
     control.Timeout(180000);
@@ -91,7 +92,7 @@ TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {
         writeFile(folder.path() / name, bytes);
         control.URL(suite.url("/rereceive46/davroot/" + name));
         std::string response;
-        control.Upload("C:\\" + name, std::nullopt, response, std::nullopt, "kvr73node", "Xk9TRbmW2");
+        control.Upload(folder.file(name), std::nullopt, response, std::nullopt, "kvr73node", "Xk9TRbmW2");
         EXPECT_EQ(control.ResponseCode(), 201) << name;
         EXPECT_EQ(readFile(served.path() / "photos" / name), bytes) << name;
     }

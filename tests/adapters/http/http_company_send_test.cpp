@@ -55,10 +55,9 @@ protected:
     TempFolder folder;
     TempFolder served;
     RunningSuite suite{served.path()};
-    FolderFiles files{folder.path()};
-    SqliteDbService db{files};
+    SqliteDbService db{nativePaths()};
     std::string url, cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "180000";
-    std::string store = "C:\\ORVESTATE.MDB";
+    std::string store = storeFile();
     HttpCompanySend send{db,
                          {[this] { return url; }, [this] { return cusSendService; }, [this] { return sendCus; },
                           [this] { return timeOut; }, [this] { return store; }}};

@@ -76,16 +76,6 @@ private:
     std::thread thread_;
 };
 
-/// The files of one folder, as C:\NAME.
-class FolderFiles : public NativePaths {
-public:
-    explicit FolderFiles(std::filesystem::path folder) : folder_(std::move(folder)) {}
-    std::string nativePath(const std::string& path) const override { return folder_ / path.substr(3); }
-
-private:
-    std::filesystem::path folder_;
-};
-
 /// What `act` raises; number 0 where it raises nothing.
 template <typename Act>
 RunTimeError raisedBy(Act act) {

@@ -213,9 +213,9 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"tiff that claims 60000 x 60000", keep(sized(60000)), TooManyPixels},
         {"a folder", folder.pathOf(""), NotAFile},
         {"a named pipe", fifo, NotAFile},
-        {"beyond a named pipe", fifo + "/beyond", kNotFound},
+        {"beyond a named pipe", fifo + "/beyond", PictureFailure{76}},
         {"gone", folder.pathOf("gone"), kNotFound},
-        {"no name", "", kNotFound},
+        {"no name", "", PictureFailure{52}},
         {"half a gigabyte", huge, FileTooLarge},
         // Pictures, if dull ones: they are read, and the bound on pixels bounds their cost.
         {"png of 100 million pixels", bombByQt(folder, "bits.png", QImage::Format_Mono), kRead},

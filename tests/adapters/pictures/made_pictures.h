@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/machine/picture_library.h"
-#include "support/memory_machine.h"
+#include "support/native_files.h"
 #include "support/temp_folder.h"
 
 namespace orv::test {
@@ -58,7 +58,7 @@ std::size_t frameHeader(const ByteVector& jpeg);
 ByteVector withJpegSize(ByteVector jpeg, int width, int height);
 
 /// A folder whose paths are the machine's own.
-class PictureFolder : public NativePaths {
+class PictureFolder : public NativeFiles {
 public:
     std::string pathOf(const std::string& name) const { return folder_.file(name); }
     /// Writes the file and gives its path.

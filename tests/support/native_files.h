@@ -1,0 +1,19 @@
+#pragma once
+
+#include "adapters/posix/posix_files.h"
+
+namespace orv {
+
+/// The machine's own files by their own paths.
+class NativeFiles : public PosixFiles {
+public:
+    NativeFiles() : PosixFiles(noInstall()) {}
+
+private:
+    static const InstallPaths& noInstall() {
+        static const InstallPaths paths("/no install", "/no install");
+        return paths;
+    }
+};
+
+}  // namespace orv
