@@ -13,6 +13,9 @@ struct LogFiles {
     std::function<std::string()> snd;
     std::function<std::string()> rcv;
     std::function<std::string()> dwl;
+
+    /// The operator has been told that records are kept elsewhere, which happens once a run.
+    bool isRefusalTold = false;
 };
 
 LogFiles& logFiles();

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/log_files.h"
+#include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/machine/clock.h"
 #include "platform/machine/code_page.h"
@@ -83,14 +86,43 @@ constexpr std::array<LogKind, 5> kKinds{{
     {"DWL", threeValues, &LogFiles::dwl, false},
 }};
 
-bool write(const LogKind& kind, const Values& args) {
+/// A log that was not written, and the file that has the record instead.
+struct Refusal {
+    std::string log;
+    std::string instead;
+};
+
+bool isRefused(const std::optional<RunTimeError>& failure) {
+    return failure && failure->number() == static_cast<int>(Failure::PathFileAccess);
+}
+
+/// Everybody in an office can put something at the place of a log; then the record is kept where only this user can.
+void append(const std::string& path, const std::string& record, std::optional<Refusal>& refusal) {
+    FileSystem& files = *services().fileSystem;
+    const auto failure = caught([&] { files.append(path, record); });
+    if (isRefused(failure)) {
+        const std::string instead = files.privateFolder() + "\\" + path.substr(path.rfind('\\') + 1);
+        files.append(instead, record);
+        refusal = {path, instead};
+    } else if (failure) {
+        throw RunTimeError(*failure);
+    }
+}
+
+bool write(const LogKind& kind, const Values& args, std::optional<Refusal>& refusal) {
     const std::string record = kind.record(args);
     const std::string path = (logFiles().*kind.file)();
     if (kind.rotates) {
         rotate(path);
     }
-    services().fileSystem->append(path, services().codePage->encode(record + std::string(kLineEnd)));
+    append(path, services().codePage->encode(record + std::string(kLineEnd)), refusal);
     return true;
+}
+
+void tellOnce(const Refusal& refusal) {
+    if (!std::exchange(logFiles().isRefusalTold, true)) {
+        static_cast<void>(caught([&] { tell("LOG00001", {refusal.log, refusal.instead}); }));
+    }
 }
 
 /// Up while a record is being written. Asking for the log's own path can fail in a setting, which logs its failure.
@@ -112,15 +144,20 @@ bool bas_WriteLog::PF_WriteLog(const std::string& kind, const Values& args) {
     if (Writing::up()) {
         return false;
     }
-    const Writing writing;
-    return trapped("[ PF_WriteLog ] ", [&] {
+    std::optional<Refusal> refusal;
+    const bool fine = trapped("[ PF_WriteLog ] ", [&] {
+        const Writing writing;
         const auto* known =
             std::find_if(kKinds.begin(), kKinds.end(), [&](const LogKind& row) { return row.kind == kind; });
         if (known == kKinds.end()) {
             return fail("[ PF_WriteLog ] 指定されたタイプは有りません。", "ECOM4001");
         }
-        return write(*known, args);
+        return write(*known, args, refusal);
     });
+    if (refusal) {
+        tellOnce(*refusal);
+    }
+    return fine;
 }
 
 void logError(const Value& code, const Value& text) { PF_WriteLog("ERR", {services().clock->now(), code, text}); }

@@ -39,6 +39,11 @@ constexpr auto kBuiltIn = std::to_array<BuiltIn>({
     {"ADD00010", Kind::Question, Buttons::YesNo,
      "会社情報の保存と送信が済んでいません。\n保存していない入力内容は失われます。\n\n終了してもよろしいですか？"},
     {"ESSX5050", Kind::Warning, Buttons::Ok, "次の項目は、登録されている値を表示できないため空欄にしました。\n\n%1"},
+    {"LOG00001", Kind::Warning, Buttons::Ok,
+     "ログ「%"
+     "1」に書き込めません。\nリンクか、通常のファイルでないものか、書き込みを許されていないファイルです。\n\n記録は「%"
+     "2」に残します。"
+     "管理者に連絡してください。"},
     {"IMGMSG01", Kind::Question, Buttons::YesNo, "画像を削除します。\n\n削除してもよろしいですか？"},
 });
 
