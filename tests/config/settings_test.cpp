@@ -100,83 +100,35 @@ TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
     EXPECT_EQ(log(), "");
 }
 
-using Property = std::string (cls_Com::*)() const;
-
-/// Properties whose values begin and end alike.
-struct Group {
-    std::string start;
-    std::vector<std::pair<Property, const char*>> rest;
-    const char* end = "";
-};
-
-TEST_F(Settings, EachPropertyOfTheSampleOffice) {
+TEST_F(Settings, PropertiesOfTheSampleOffice) {
     using C = cls_Com;
-    using M = cls_Multi_Com;
     settings.set("PATH", "SYS", "C:\\ORV\\SHARED");
     settings.set("NET", "USEPROXY", "True");
     settings.set("NO_00", "PCNO", "07");
     settings.set("NO_00", "PCNAME", "受付");
-    // clang-format off
-    const std::vector<Group> groups{
-            {"C:\\ORV\\", {{&C::SeverSysPath, "SHARED\\"}, {&C::BinFolder, "BIN\\"}, {&C::BinTmpFolder, "BIN\\TMP\\"},
-             {&C::BinDatFolder, "BIN\\DAT\\"}, {&C::BinImgFolder, "BIN\\IMG\\"}, {&C::BkupFolder, "BKUP\\"},
-             {&C::HlpFolder, "HLP\\"}, {&C::DwlFolder, "DWL\\"}, {&C::ImgFolder, "IMG\\"}, {&C::LogFolder, "LOG\\"},
-             {&C::LogErrFolder, "LOG\\ERR\\"}, {&C::LogRasFolder, "LOG\\RAS\\"}, {&C::LogSndFolder, "LOG\\SND\\"},
-             {&C::LogRcvFolder, "LOG\\RCV\\"}, {&C::LogDWlFolder, "LOG\\DWL\\"}, {&C::LogInstFolder, "LOG\\INST\\"},
-             {&C::MdbFolder, "MDB\\"}, {&C::SysFolder, "SHARED\\"}, {&C::TmpFolder, "TMP\\"},
-             {&C::InfFolder, "INF\\"}, {&C::BkupFile, "BKUP\\ZTBKUP.LZH"}, {&C::HlpFile, "HLP\\help.hlp"},
-             {&C::SysMsgTbl, "BIN\\..\\SYS\\MSG.TBL"}, {&C::SysBknoIni, "SHARED\\BKNO.INI"},
-             {&C::SysContCsv, "SHARED\\CONT.CSV"}, {&C::SysKcount, "SYS\\Kcount.ini"},
-             {&C::LogErrFile, "LOG\\ERR\\260504_err.log"}, {&C::LogSndFile, "LOG\\SND\\260504_snd.log"},
-             {&C::LogRcvFile, "LOG\\RCV\\260504_rcv.log"}, {&C::LogDwlFile, "LOG\\DWL\\260504_dwl.log"},
-             {&C::LogRasFile, "LOG\\RAS\\ras.log"}, {&C::IniCSV, "CSV\\"}, {&C::IniGetImg, "PHOTO\\"},
-             {&C::MdbOrvEstateDB, "MDB\\ORVESTATE.MDB"}, {&C::MdbOrvReplaceDB, "MDB\\ORVREPLACE.MDB"},
-             {&C::MdbOrvDB, "MDB\\Orv.MDB"}, {&C::MdbAddressDB, "MDB\\ADDRESS.MDB"}, {&C::MdbRailDB, "MDB\\RAIL.MDB"},
-             {&C::TmpWorkImgFile, "TMP\\WorkImg"}, {&C::TmpWorkImodeImgFile, "TMP\\WorkImg_i"},
-             {&C::TmpImodeFile, "TMP\\TmpImg_i"}, {&C::TmpWorkRom, "TMP\\WorkRom.rom"},
-             {&C::TmpRom, "TMP\\TmpRom.rom"}, {&C::InfFile, "INF\\Information.html"},
-             {&C::AdvFile, "INF\\Advertisement.html"}, {&C::HisFile, "INF\\History.html"}}},
-            {"C:\\ORV\\BIN\\K", {{&C::BinDataConvert, "eltDataConvert.exe"},
-             {&C::BinDataConvert2, "eltDataConvert2.exe"}, {&C::BinBkupExe, "ELTBACKUP.EXE"},
-             {&C::BinDownloadExe, "ELTDOWNLOAD.EXE"}, {&C::BinInfoExe, "ELT_INFO.EXE"},
-             {&C::BinSaftyPriceExe, "ELT_SAFTYPRICE.exe"}}},
-            {"C:\\ORV\\BIN\\KELT_", {{&C::BinAddExe, "ADD"}, {&C::BinLineExe, "LINE"}, {&C::BinMenuExe, "MENU"},
-             {&C::BinOwnerExe, "OWNER"}, {&C::BinPaccorExe, "PACCOR"}, {&C::BinPacdisExe, "PACDIS"},
-             {&C::BinRhExe, "RH"}, {&C::BinRhprtdExe, "RHPRT"}, {&C::BinRjExe, "RJ"}, {&C::BinRjprtExe, "RJPRT"},
-             {&C::BinRlExe, "RL"}, {&C::BinRpExe, "RP"}, {&C::BinShExe, "SH"}, {&C::BinShprtdExe, "SHPRT"},
-             {&C::BinSlExe, "SL"}, {&C::BinSlprtExe, "SLPRT"}, {&C::BinSsExe, "SS"}, {&C::BinViewExe, "VIEW"},
-             {&C::BinSsprtExe, "SSPRT"}, {&C::BinStartExe, "START"}, {&C::BinUserExe, "USER"},
-             {&C::BinUtilyExe, "UTILY"}, {&C::BinSndExe, "SND"}, {&C::BinAllSndExe, "ALLSND"}}, ".EXE"},
-            {"C:\\ORV\\VIMBL\\", {{&C::VimblFolder, ""}, {&C::VimblChirasiRoot, "CHIRASI\\"},
-             {&C::VimblMnuExe, "VIMBL_MENU.EXE"}, {&C::VimblMkRmExe, "VIMBL_ROM.EXE"}}},
-            {"", {{&C::IniImgW, "640"}, {&C::IniImgH, "480"}, {&C::IniImgSize, "61440"},
-             {&C::ORV_URL, "http://127.0.0.1:18080"}, {&C::ORV_CusSendService, "/cussend/"},
-             {&C::ORV_SendCus, "/cussend/register"}, {&C::ORV_SendService, "/bksend/"},
-             {&C::ORV_Send, "/bksend/register"}, {&C::ORV_ReceiveService, "/bkreceive/"},
-             {&C::ORV_Receive, "/bkreceive/list"}, {&C::ORV_TimeOut, "30000"}, {&C::ORV_FtpTimeOut, "60000"},
-             {&C::ORV_GifImgMode, "False"}, {&C::ORV_Interval, "5000"}, {&C::ORV_NextInterval, "60000"},
-             {&C::ORV_UseProxy, "True"}, {&C::ORV_PassiveMode, "True"}, {&C::TerminalNo, "07"},
-             {&C::TerminalName, "受付"}, {&C::VimblMnuExeStartPara, " ORV"}, {&C::VimblMkRmExeStartPara, " ORV"},
-             {&C::BinBase64Exe, "C:\\ORV\\BIN\\Base64.EXE"}}},
-    };
-    const std::map<std::string, std::string> leaflets{
-        {"RH", "CHINTAI\\"}, {"RJ1", "TENANTO\\"}, {"SL", "TOCHI\\"}, {"SHM", "MANSION\\"}, {"SHW ", "MANSION\\"},
-        {"SHR", "KODATE\\"}, {"SHT", "KODATE\\"}, {"SHX", ""}, {"SH", ""}, {"XX", ""}};
-    const std::vector<std::pair<std::string (M::*)() const, const char*>> started{
-        {&M::BinBuildingSearchExe, "KELT_BS_RH.EXE"}, {&M::BinContentsExe, "KELT_CONTENTS.EXE"},
-        {&M::BinAdvantageInfoExe, "KELT_ADVANTAGEINFO.EXE"}, {&M::BinSendEnvExe, "KELT_SENDENV.EXE"},
-        {&M::BinTimeSendExe, "KELT_TIMESEND.EXE"}, {&M::BinDataImportExe, "Kelt_DataImport.exe"}};
-    // clang-format on
-    for (const auto& [start, rest, end] : groups) {
-        for (const auto& [property, value] : rest) {
-            EXPECT_EQ((com().*property)(), start + value + end);
-        }
+    for (const auto& [property, value] : std::initializer_list<std::pair<std::string (C::*)() const, const char*>>{
+             {&C::SeverSysPath, "C:\\ORV\\SHARED\\"},
+             {&C::SysBknoIni, "C:\\ORV\\SHARED\\BKNO.INI"},
+             {&C::SysMsgTbl, "C:\\ORV\\BIN\\..\\SYS\\MSG.TBL"},
+             {&C::LogRcvFile, "C:\\ORV\\LOG\\RCV\\260504_rcv.log"},
+             {&C::ORV_UseProxy, "True"},
+             {&C::ORV_GifImgMode, "False"},
+             {&C::TerminalNo, "07"},
+             {&C::TerminalName, "受付"},
+         }) {
+        EXPECT_EQ((com().*property)(), value);
     }
-    for (const auto& [code, folder] : leaflets) {
+    for (const auto& [code, folder] : std::map<std::string, std::string>{{"RH", "CHINTAI\\"},
+                                                                         {"RJ1", "TENANTO\\"},
+                                                                         {"SL", "TOCHI\\"},
+                                                                         {"SHM", "MANSION\\"},
+                                                                         {"SHW ", "MANSION\\"},
+                                                                         {"SHR", "KODATE\\"},
+                                                                         {"SHT", "KODATE\\"},
+                                                                         {"SHX", ""},
+                                                                         {"SH", ""},
+                                                                         {"XX", ""}}) {
         EXPECT_EQ(com().VimblChirasiDir(code), "C:\\ORV\\VIMBL\\CHIRASI\\" + folder) << code;
-    }
-    for (const auto& [property, program] : started) {
-        EXPECT_EQ((multiCom().*property)(), std::string("C:\\ORV\\BIN\\") + program);
     }
     EXPECT_EQ(log(), "");
 }

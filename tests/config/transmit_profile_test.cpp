@@ -28,33 +28,25 @@ protected:
     TransmitInfo& info = tTransmitInfo;
 };
 
+#define COLUMN(name) \
+    { #name, &T::name }
+
 TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
-    const std::map<std::string, std::string T::*> texts{
-        {"DefinitionFileName", &T::DefinitionFileName},
-        {"DefinitionFileName2", &T::DefinitionFileName2},
-        {"DefinitionFileName3", &T::DefinitionFileName3},
-        {"OutPutFileName", &T::OutPutFileName},
-        {"ImageFileSendPath", &T::ImageFileSendPath},
-        {"SiteAddress2", &T::SiteAddress2},
-        {"GroupID", &T::GroupID},
-        {"LoginID", &T::LoginID},
-        {"Passwd", &T::Passwd},
-        {"AppendFilePath", &T::AppendFilePath},
-        {"CommandFilePath", &T::CommandFilePath},
-    };
+    const std::map<std::string, std::string T::*> texts{COLUMN(DefinitionFileName),
+                                                        COLUMN(DefinitionFileName2),
+                                                        COLUMN(DefinitionFileName3),
+                                                        COLUMN(OutPutFileName),
+                                                        COLUMN(ImageFileSendPath),
+                                                        COLUMN(SiteAddress2),
+                                                        COLUMN(GroupID),
+                                                        COLUMN(LoginID),
+                                                        COLUMN(Passwd),
+                                                        COLUMN(AppendFilePath),
+                                                        COLUMN(CommandFilePath)};
     const std::map<std::string, std::string T::*> folders{
-        {"HomeDir", &T::HomeDir},
-        {"HomeImageDir", &T::HomeImageDir},
-        {"HomeImageDir2", &T::HomeImageDir2},
-        {"HomeImageDir3", &T::HomeImageDir3},
-        {"HomeImageDir4", &T::HomeImageDir4},
-        {"HomeImageDir5", &T::HomeImageDir5},
-        {"HomeImageDir6", &T::HomeImageDir6},
-        {"HomeImageDir7", &T::HomeImageDir7},
-        {"HomeImageDir8", &T::HomeImageDir8},
-        {"HomeImageDir9", &T::HomeImageDir9},
-        {"HomeImageDir10", &T::HomeImageDir10},
-    };
+        COLUMN(HomeDir),       COLUMN(HomeImageDir),  COLUMN(HomeImageDir2), COLUMN(HomeImageDir3),
+        COLUMN(HomeImageDir4), COLUMN(HomeImageDir5), COLUMN(HomeImageDir6), COLUMN(HomeImageDir7),
+        COLUMN(HomeImageDir8), COLUMN(HomeImageDir9), COLUMN(HomeImageDir10)};
     const std::map<std::string, std::pair<std::int16_t T::*, int>> numbers{
         {"DefinitionFileNameMode", {&T::DefinitionFileNameMode, 1}},
         {"ImageUpLoadFlg", {&T::ImageUpLoadFlg, 0}},

@@ -21,38 +21,6 @@ protected:
     std::string holder = "left over";
 };
 
-TEST_F(Lock, TheStatementsToTheBlank) {
-    EXPECT_EQ(check("U"), kNotLocked);
-    EXPECT_EQ(store.statements.back(),
-              "select LOCAL_INFO "
-              "  from TBL_LOCK "
-              " where USER_ID = 'U'"
-              "   and Left(PROPERTY_TYPE_CODE, 2) = 'CO'"
-              "   and PROPERTY_NO = '99999999'");
-    EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
-    ASSERT_EQ(store.statements.size(), 3u);
-    EXPECT_EQ(store.statements[1],
-              "delete from TBL_LOCK "
-              "      where USER_ID = 'U' "
-              "        and left(PROPERTY_TYPE_CODE,2) = 'CO' "
-              "        and PROPERTY_NO = '99999999' "
-              "        and LOCAL_INFO = 'DESK01'");
-    EXPECT_EQ(store.statements[2],
-              "insert into TBL_LOCK ("
-              "            USER_ID,"
-              "            PROPERTY_TYPE_CODE,"
-              "            PROPERTY_NO,"
-              "            LOCAL_INFO, "
-              "            INSERT_DATE "
-              "   ) values ("
-              "            'U',"
-              "            'COS',"
-              "            '99999999',"
-              "            'DESK01', "
-              "            '2026/05/04 09:08:07' "
-              "            )");
-}
-
 TEST_F(Lock, AComputersNameMayHoldAnApostrophe) {
     facts.computerName = "O'DESK";
     EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
@@ -93,20 +61,24 @@ TEST_F(Lock, WhoHoldsACompany) {
         EXPECT_EQ(holder, c.holder) << c.type << c.computer;
     }
     EXPECT_EQ(check("another"), kNotLocked);
+    sql("update TBL_LOCK set PROPERTY_TYPE_CODE = 'COS', PROPERTY_NO = '1'");
+    EXPECT_EQ(check("U"), kNotLocked) << "of a property";
     EXPECT_EQ(gErrMsg, "");
 }
 
 TEST_F(Lock, TakingOverReplacesTheOwnRowAndLeavesThoseOfOthers) {
     lockFor("U", "COS", "DESK01");
     lockFor("U", "RH", "DESK01");
+    sql("insert into TBL_LOCK values ('U', 'COS', '1', 'DESK01', 'of a property')");
     lockFor("U", "COS", "DESK02");
     EXPECT_TRUE(PF_DataLock("U", kLockType, kLockNumber));
     EXPECT_EQ(
-        rows("select PROPERTY_TYPE_CODE, LOCAL_INFO, INSERT_DATE from TBL_LOCK where USER_ID = 'U' order by 1, 2"),
-        (std::vector<std::string>{"COS|DESK01|2026/05/04 09:08:07", "COS|DESK02|old", "RH|DESK01|old"}));
+        rows("select PROPERTY_TYPE_CODE, LOCAL_INFO, INSERT_DATE from TBL_LOCK where USER_ID = 'U' order by 1, 2, 3"),
+        (std::vector<std::string>{"COS|DESK01|2026/05/04 09:08:07", "COS|DESK01|of a property", "COS|DESK02|old",
+                                  "RH|DESK01|old"}));
     EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber));
     EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber)) << "nothing left to remove is no failure";
-    EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "2");
+    EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "3");
 }
 
 TEST_F(Lock, WithoutAComputerNameNoStatementRuns) {

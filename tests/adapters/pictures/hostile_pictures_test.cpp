@@ -2,13 +2,11 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <tiffio.h>
 #include <unistd.h>
 
 #include <QImage>
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "adapters/pictures/gif_file.h"
 #include "adapters/pictures/made_pictures.h"
@@ -23,8 +21,6 @@ namespace {
 struct Cost {
     /// With what the picture was refused, 0 for one that was read; -1 where neither came about.
     int failure = -1;
-    /// Of work: what else the machine does is not counted.
-    double seconds = 0;
     /// The largest that the child was, what it had of its parent included.
     double megabytes = 0;
 };
@@ -38,10 +34,6 @@ constexpr double kLarger = 4;
 #else
 constexpr double kLarger = 1;
 #endif
-
-double secondsOf(const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-}
 
 /// Header and picture, in a process of its own, which a hang or a crash ends without the others.
 Cost costOf(const PictureFiles& pictures, const std::string& path) {
@@ -62,7 +54,6 @@ Cost costOf(const PictureFiles& pictures, const std::string& path) {
     wait4(child, nullptr, 0, &used);
     EXPECT_GE(read(wire[0], &cost.failure, sizeof cost.failure), 0);
     close(wire[0]);
-    cost.seconds = secondsOf(used.ru_utime) + secondsOf(used.ru_stime);
     cost.megabytes = static_cast<double>(used.ru_maxrss) / 1024;
     return cost;
 }
@@ -82,42 +73,11 @@ ByteVector withManyPasses(ByteVector jpeg) {
     return jpeg;
 }
 
-/// A black TIFF of 10,000 x 10,000, a channel a byte, in runs: one strip or tiles.
-std::string tiffBomb(const std::string& path, int channels, bool tiles, int orientation = 1) {
-    constexpr std::uint32_t kSide = 10000;
-    constexpr std::uint32_t kTile = 2000;
-    const std::unique_ptr<TIFF, decltype(&TIFFClose)> tiff(TIFFOpen(path.c_str(), "w"), TIFFClose);
-    for (const auto& [tag, value] : std::vector<std::pair<std::uint32_t, std::uint32_t>>{
-             {TIFFTAG_IMAGEWIDTH, kSide},
-             {TIFFTAG_IMAGELENGTH, kSide},
-             {TIFFTAG_BITSPERSAMPLE, 8},
-             {TIFFTAG_SAMPLESPERPIXEL, channels},
-             {TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG},
-             {TIFFTAG_COMPRESSION, COMPRESSION_PACKBITS},
-             {TIFFTAG_PHOTOMETRIC, channels == 1 ? PHOTOMETRIC_MINISBLACK : PHOTOMETRIC_RGB},
-             {TIFFTAG_ORIENTATION, orientation},
-             {tiles ? TIFFTAG_TILEWIDTH : TIFFTAG_ROWSPERSTRIP, tiles ? kTile : kSide},
-             {tiles ? TIFFTAG_TILELENGTH : TIFFTAG_ROWSPERSTRIP, tiles ? kTile : kSide}}) {
-        EXPECT_EQ(TIFFSetField(tiff.get(), tag, value), 1) << tag;
-    }
-    ByteVector black(tiles ? TIFFTileSize(tiff.get()) : TIFFScanlineSize(tiff.get()));
-    const std::uint32_t pieces = tiles ? TIFFNumberOfTiles(tiff.get()) : kSide;
-    for (std::uint32_t piece = 0; piece < pieces; ++piece) {
-        EXPECT_GE(tiles ? TIFFWriteEncodedTile(tiff.get(), piece, black.data(), std::ssize(black))
-                        : TIFFWriteScanline(tiff.get(), black.data(), piece),
-                  0);
-    }
-    return path;
-}
-
 /// 100 million black pixels.
-std::string bombByQt(const PictureFolder& folder, const std::string& name, QImage::Format pixels) {
-    const std::string path = folder.pathOf(name);
+QImage bombOf(QImage::Format pixels) {
     QImage large(10000, 10000, pixels);
     large.fill(0);
-    constexpr int kQuickly = 85;
-    EXPECT_TRUE(large.save(QString::fromStdString(path), nullptr, kQuickly));
-    return path;
+    return large;
 }
 
 class HostilePicturesTest : public testing::Test {
@@ -169,8 +129,10 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
     QImage grey(64, 48, QImage::Format_Grayscale8);
     grey.fill(7);
     const ByteVector tiff = tiffBytes({grey, {}, {}}, {PictureFormat::Tiff, 64, 48, 8, 1});
-    QImage indexed(10000, 10000, QImage::Format_Indexed8);
-    indexed.fill(0);
+    const ByteVector tiffBomb =
+        tiffBytes({bombOf(QImage::Format_Grayscale8), {}, {}}, {PictureFormat::Tiff, 10000, 10000, 8, 1});
+    const std::string pngBomb = folder.pathOf("colours.png");
+    ASSERT_TRUE(bombOf(QImage::Format_RGB32).save(QString::fromStdString(pngBomb), nullptr, 85));
     const std::string fifo = folder.pathOf("fifo");
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     const std::string huge = keep(jpeg);
@@ -185,8 +147,6 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         std::string path;
         PictureFailure failure;
     } cases[] = {
-        {"truncated", keep(startOf(jpeg, jpeg.size() / 2)), Damaged},
-        {"truncated passes", keep(startOf(passes, passes.size() / 2)), Damaged},
         {"passes without end", keep(withManyPasses(passes)), NeedsTooMuchMemory},
         {"garbage", keep(changed(ByteVector(1 << 20, 0x5A), 0, {0xFF, 0xD8, 0xFF})), Damaged},
         {"no bytes", keep({}), Empty},
@@ -194,7 +154,6 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"12 bits", keep(changed(jpeg, frameHeader(jpeg) + 4, {12})), UnsupportedKind},
         {"taller than it is", keep(withJpegSize(jpeg, 640, 1000)), Damaged},
         {"1 x 65535", keep(withJpegSize(jpeg, 1, 65535)), TooManyPixels},
-        {"60000 x 60000", keep(withJpegSize(jpeg, 60000, 60000)), TooManyPixels},
         {"just too many", keep(withJpegSize(jpeg, 10000, 10001)), TooManyPixels},
         {"10000 x 10000 out of a few bytes", keep(withJpegSize(jpeg, 10000, 10000)), Damaged},
         {"10000 x 10000 in passes", keep(withJpegSize(passes, 10000, 10000)), Damaged},
@@ -214,21 +173,18 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"a folder", folder.pathOf(""), NotAFile},
         {"a named pipe", fifo, NotAFile},
         {"beyond a named pipe", fifo + "/beyond", PictureFailure{76}},
-        {"gone", folder.pathOf("gone"), kNotFound},
         {"no name", "", PictureFailure{52}},
         {"half a gigabyte", huge, FileTooLarge},
         // Pictures, if dull ones: they are read, and the bound on pixels bounds their cost.
-        {"png of 100 million pixels", bombByQt(folder, "bits.png", QImage::Format_Mono), kRead},
-        {"the same in colours", bombByQt(folder, "colours.png", QImage::Format_RGB32), kRead},
-        {"gif of 100 million pixels", keep(gifBytes({indexed, {0xFF000000U, 0xFFFFFFFFU}, {}})), kRead},
-        {"tiff of 100 million pixels", tiffBomb(keep({}), 1, false), kRead},
-        {"the same in tiles", tiffBomb(keep({}), 1, true), kRead},
-        {"the same in three channels", tiffBomb(keep({}), 3, false), kRead},
-        {"the same turned", tiffBomb(keep({}), 1, false, 6), kRead},
+        {"png of 100 million pixels", pngBomb, kRead},
+        {"gif of 100 million pixels", keep(gifBytes({bombOf(QImage::Format_Indexed8), {0xFF000000U, 0xFFFFFFFFU}, {}})),
+         kRead},
+        {"tiff of 100 million pixels", keep(tiffBomb), kRead},
+        {"the same with white as 0", keep(withTiffNumber(tiffBomb, 0x06, 0x06, 0)), kRead},
+        {"the same turned", keep(withTiffNumber(tiffBomb, 0x16, 0x12, 6)), kRead},
     };
     for (const auto& one : cases) {
         const Cost cost = costOf(pictures, one.path);
-        std::printf("%-34s %6.3f s %4.0f MB\n", one.name.c_str(), cost.seconds, cost.megabytes);
         EXPECT_EQ(cost.failure, static_cast<int>(one.failure)) << one.name;
         EXPECT_LT(cost.megabytes, kMegabytes * kLarger) << one.name;
     }

@@ -200,38 +200,6 @@ TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {
     EXPECT_EQ(shownIds(), Texts{"COS05574"}) << "a switch that works cleans up";
 }
 
-TEST_P(BrokenSwitch, AFillThatFailsHandsNothingOver) {
-    const std::string label = "[ PF_SetData_Frm_CompInp" + std::to_string(GetParam()) + " ] ";
-    const std::string values =
-        "select COMPANY_NAME, LICENSE_NO, OS_VER, DAY_OFF, MANAGEMENT_TYPE_FLG from TBL_CUSTOMER_INFO A join "
-        "TBL_CUSTOMER_ADD B on A.USER_ID = B.USER_ID order by A.USER_ID";
-    sql("update TBL_CUSTOMER_ADD set OS_VER = 'OS名'");
-    const Texts before = rows(values);
-    for (const std::string code : {"7", "53"}) {
-        startOn(GetParam());
-        screen().lbl_UserId.observe(code == "7" ? breaks : std::function<void()>());
-        settings.set("PATH", "HLP", code == "7" ? "C:\\ORV\\HLP" : "");
-        choose(kOther);
-        settings.set("PATH", "HLP", "C:\\ORV\\HLP");
-        screen().lbl_UserId.observe({});
-        EXPECT_TRUE(toText(messages.shown.back().args.at(1)).starts_with(label));
-        const Values told = messages.shown.back().args;
-        messages.shown.clear();
-        save();
-        EXPECT_EQ(told.at(0), Value(code));
-        expectShown("COSERR01", told);
-        EXPECT_TRUE(server.sent.empty());
-        turnTo(GetParam() == 3 ? 0 : 3);
-        EXPECT_EQ(tCustomerInfo.COMPANY_NAME, "㈲さくら見本管理") << "not what the page shows of the other company";
-        save();
-        EXPECT_EQ(shownIds().back(), "COS05574");
-        EXPECT_EQ(rows(values), before);
-        endRun();
-        server.sent.clear();
-        messages.shown.clear();
-    }
-}
-
 INSTANTIATE_TEST_SUITE_P(Pages, BrokenSwitch, testing::Range(0, 5),
                          [](const auto& at) { return "Page" + std::to_string(at.param); });
 

@@ -203,31 +203,5 @@ TEST_F(Controls, TheViewIsToldOfEveryAssignment) {
     EXPECT_EQ(raised, 0) << "until it is repainted again";
 }
 
-TEST(Keys, HaveTheNumbersThatTheSiblingsSend) {
-    EXPECT_EQ((std::array{kKeyTab, kKeyEnter, kKeyEscape, kKeyF1}), (std::array{9, 13, 27, 112}));
-}
-
-TEST(RunTimeErrors, HaveTheirNumbersAndTexts) {
-    // clang-format off
-    const std::map<int, std::string> texts{
-        {5, "引数またはその場での操作が正しくありません。"}, {6, "数値が大きすぎます。"}, {7, "メモリが足りません。"},
-        {9, "インデックスが有効範囲にありません。"}, {13, "型が一致しません。"},
-        {51, "プログラムの内部でエラーが発生しました。"}, {52, "ファイル名が正しくありません。"},
-        {53, "ファイルが見つかりません。"}, {55, "ファイルは既に開かれています。"},
-        {57, "ファイルの読み書き中にエラーが発生しました。"}, {58, "同じ名前のファイルが既にあります。"},
-        {61, "ディスクの空き容量が足りません。"}, {70, "書き込みが許可されていません。"},
-        {75, "パスまたはファイルにアクセスできません。"}, {76, "パスが見つかりません。"},
-        {91, "操作の対象がありません。"}, {94, "値のない項目を値として使いました。"}, {380, "設定できない値です。"},
-        {383, "一覧にない文字列は設定できません。"}, {20150, "ファイルの選択が取り消されました。"},
-        {24011, "サーバーに接続できません。"}, {24012, "サーバーから応答がありません。"},
-    };
-    // clang-format on
-    for (int number = 0; number <= 24012; ++number) {
-        const auto known = texts.find(number);
-        EXPECT_EQ(descriptionOf(Failure{number}), known == texts.end() ? "不明なエラーです。" : known->second)
-            << number;
-    }
-}
-
 }  // namespace
 }  // namespace orv

@@ -104,19 +104,15 @@ TEST_F(LicenceRules, LookAtTheExpiryDate) {
         Result result;
     };
     for (const Case& row : {
-             Case{"令和", "8", "5", "4", Good},       {"令和", "8", "5", "3", Expired},
-             {"令和", "08", "05", "05", Good},        {"平成", "38", "5", "4", Good},
-             {"平成", "38", "5", "3", Expired},       {"昭和", "64", "1", "7", Expired},
-             {"西暦", "2026", "5", "4", Good},        {"西暦", "2026", "5", "3", Expired},
-             {"西暦", "2030", "1", "1", Good},        {"西暦", "26", "5", "4", Good},
-             {"西暦", "5", "5", "4", Expired},        {"西暦", "49", "1", "1", Good},
-             {"西暦", "50", "1", "1", Expired},       {"西暦", "203", "12", "31", Expired},
-             {"西暦", " 2026 ", " 5 ", " 4 ", Good},  {"西暦", "2027", "13", "1", Unreadable},
-             {"西暦", "2027", "1", "32", Unreadable}, {"西暦", "2027", "2", "29", Unreadable},
-             {"西暦", "20x7", "1", "1", Unreadable},  {"西暦", "２０２７", "1", "1", Unreadable},
-             {"西暦", "-2027", "1", "1", Unreadable}, {"西暦", "99999999999999999999", "1", "1", Unreadable},
-             {"西暦", "1e300", "1", "1", Unreadable}, {"令和", "1", "4", "30", Unreadable},
-             {"慶応", "200", "1", "1", Unreadable},   {"西暦 ", "2027", "1", "1", Unreadable},
+             Case{"令和", "8", "5", "4", Good},
+             {"令和", "8", "5", "3", Expired},
+             {"平成", "38", "5", "3", Expired},
+             {"西暦", "26", "5", "4", Good},
+             {"西暦", " 2026 ", " 5 ", " 4 ", Good},
+             {"西暦", "2027", "2", "29", Unreadable},
+             {"西暦", "20x7", "1", "1", Unreadable},
+             {"西暦", "99999999999999999999", "1", "1", Unreadable},
+             {"令和", "1", "4", "30", Unreadable},
          }) {
         SCOPED_TRACE(std::string(row.era) + row.year + "/" + row.month + "/" + row.day);
         tCustomerInfo.VALID_LICENSE_NENGOU = row.era;
