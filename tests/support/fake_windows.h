@@ -30,24 +30,20 @@ public:
     void repaint() override {}
 };
 
-/// Shows nothing. The test says beforehand what the operator answers to each question and does in each modal form.
-/// A question or a modal form that the test has not foreseen fails it, and so does an answer that nobody asked for and
-/// a modal form that its script leaves open.
+/// Shows nothing. The test says beforehand what the operator does in each open dialog and modal form. One that the test
+/// has not foreseen fails it, and so does a question, and a modal form that its script leaves open.
 class ScriptedWindows : public NoWindows {
 public:
     /// What the operator does in a modal form; the form must be unloaded at the end.
     using Script = std::function<void(Form&)>;
 
     ~ScriptedWindows() override {
-        EXPECT_TRUE(answers_.empty()) << answers_.size() << " answers that nobody asked for";
         EXPECT_TRUE(picks_.empty()) << picks_.size() << " files that nobody asked for";
         for (const auto& [form, scripts] : scripts_) {
             EXPECT_TRUE(scripts.empty()) << form << " was not opened as often as foreseen";
         }
     }
 
-    /// The place of the button that answers the next notice with more than one.
-    void answer(std::size_t button) { answers_.push_back(button); }
     /// For one opening of the form.
     void onModal(const std::string& form, Script script) { scripts_[form].push_back(std::move(script)); }
 
@@ -82,15 +78,8 @@ public:
     }
     std::size_t showNotice(const Notice& notice) override {
         notices.push_back(notice);
-        if (notice.buttons.size() == 1) {
-            return 0;
-        }
-        if (answers_.empty()) {
-            ADD_FAILURE() << "nobody has foreseen the question: " << notice.text;
-            return notice.escapeButton;
-        }
-        EXPECT_LT(answers_.front(), notice.buttons.size()) << notice.text;
-        return taken(answers_);
+        EXPECT_EQ(notice.buttons.size(), 1U) << "nobody has foreseen the question: " << notice.text;
+        return notice.escapeButton;
     }
     void repaint() override {
         ++repaints;
@@ -118,7 +107,6 @@ private:
         }
     }
 
-    std::deque<std::size_t> answers_;
     std::deque<std::optional<std::string>> picks_;
     std::map<std::string, std::deque<Script>> scripts_;
 };

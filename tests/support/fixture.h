@@ -110,14 +110,14 @@ protected:
         services().commandTail = tail;
         Main();
     }
-    /// Starts and goes to that page; what was shown on the way is forgotten.
+    /// Starts and goes to that page; what was shown before is forgotten.
     PageForm& startOn(int page, const std::string& tail = "000004601,1,0") {
+        messages.shown.clear();
         start(tail);
         if (page != 0) {
             turnTo(page);
         }
         EXPECT_EQ(shownIds(), Texts{});
-        messages.shown.clear();
         return screen();
     }
     /// The page on the screen.

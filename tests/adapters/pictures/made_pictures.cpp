@@ -70,12 +70,6 @@ void setUp(jpeg_compress_struct& jpeg, const JpegRecipe& recipe) {
 
 }  // namespace
 
-void put(ByteVector& bytes, std::size_t number, int length) {
-    for (int i = 0; i < length; ++i) {
-        bytes.push_back(static_cast<std::uint8_t>(number >> (8 * i)));
-    }
-}
-
 ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to) {
     std::ranges::copy(to, bytes.begin() + static_cast<std::ptrdiff_t>(at));
     return bytes;

@@ -45,8 +45,6 @@ ByteVector madeGif(int width, int height);
 /// A BMP of 8 bits whose rows are run lengths.
 ByteVector madeRunLengthBmp(int width, int height);
 
-/// Appends the number, its lowest byte first.
-void put(ByteVector& bytes, std::size_t number, int length);
 /// The same file with other bytes at a place.
 ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to);
 /// The same TIFF, its entry of the number `tag` now one of `newTag` and `value`.

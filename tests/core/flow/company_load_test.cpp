@@ -131,25 +131,6 @@ TEST_F(Load, PhotosGetWorkingCopies) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(Load, WhatStopsALoad) {
-    for (const auto& [call, part, text] : std::to_array<std::tuple<Call, const char*, const char*>>({
-             {Call::Open, "", "ストアの故障"},
-             {Call::Select, "TBL_LOCK", "[ PF_DataLockCheck ] ストアの故障"},
-             {Call::Execute, "delete", "[ PF_DataLock ] ストアの故障"},
-             {Call::Execute, "insert", "[ PF_DataLock ] ストアの故障"},
-             {Call::Select, "LEFT JOIN", "ストアの故障"},
-         })) {
-        sql("delete from TBL_LOCK");
-        store.fail(call, part);
-        EXPECT_FALSE(PF_GetCompanyData(kCompany)) << text << part;
-        EXPECT_EQ(gErrMsg + " " + gErrCode, std::string(text) + " DB:77");
-        EXPECT_EQ(locks(), Texts{}) << "no page will ever release it";
-        EXPECT_EQ(store.open, 0);
-        store.mend();
-    }
-    EXPECT_EQ(shownIds(), Texts{});
-}
-
 TEST_F(Load, ACompanyThatIsNotThereOrNotWhole) {
     EXPECT_FALSE(PF_GetCompanyData("000009999"));
     EXPECT_EQ(gErrMsg + " " + gErrCode, "DBデータ取得にしっぱいしました。 ECOS5120");

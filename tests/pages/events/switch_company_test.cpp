@@ -46,7 +46,6 @@ TEST_F(Switch, TheOperatorMayStay) {
         EXPECT_TRUE(gSaved);
         EXPECT_EQ(locks(), Texts{"000004601 DESK01"});
         leave();
-        messages.shown.clear();
     }
 }
 

@@ -42,7 +42,6 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
         }
         EXPECT_FALSE(form.btm_Pc_SearchOfficeAddress.enabled());
         leave();
-        messages.shown.clear();
     }
 }
 
@@ -54,7 +53,6 @@ TEST_F(Handlers, AKeyOnASearchButtonGoesOnBehindItAndDoesNothingMore) {
         press(Qt::Key_Down);
         EXPECT_EQ(focused(), next);
         leave();
-        messages.shown.clear();
     }
 }
 

@@ -25,7 +25,6 @@ TEST_F(CheckInput, TheFirstPageWithAFaultIsShownWhereverTheOperatorIs) {
             messages.shown.clear();
         }
         leave();
-        messages.shown.clear();
     }
 }
 

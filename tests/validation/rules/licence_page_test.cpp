@@ -80,18 +80,6 @@ TEST_F(AssociationRules, KnowFewerCouncilsByTheLicence) {
     expectCouncil(0, "");
 }
 
-TEST_F(AssociationRules, TheNationalAssociationsImplyTheCapital) {
-    constexpr const char* kNames[] = {"(社)不動産協会 ", "(社)日本住宅建設産業協会 ", "(社)不動産流通経営協会 ",
-                                      "(社)都市開発協会 "};
-    tCustomerInfo.LICENSE_NO = "北海道知事";
-    for (std::size_t i = 0; i < std::size(kNames); ++i) {
-        SCOPED_TRACE(kNames[i]);
-        tCustomerInfo.DANTAI_FLG.assign(7, '0');
-        tCustomerInfo.DANTAI_FLG[i + 2] = '1';
-        expectCouncil(3, kNames[i]);
-    }
-}
-
 using LicenceRules = RulesTest;
 
 TEST_F(LicenceRules, LookAtTheExpiryDate) {

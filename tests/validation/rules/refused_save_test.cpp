@@ -215,8 +215,12 @@ TEST_F(SystemTest, EachQuestionOfASaveCanBeAnsweredBothWays) {
     tCustomerInfo.COMPANY_URL = "www.example.jp";
     const CompanyRecord whole = tCustomerInfo;
     const std::vector<std::pair<std::string, std::string>> asked{
-        {"四国地区", "chk_Koutori(6)"}, {"近畿地区", "chk_Koutori(5)"}, {"首都圏", "chk_Koutori(2)"},
-        {"首都圏", "chk_Koutori(2)"},   {"首都圏", "chk_Koutori(2)"},   {"首都圏", "chk_Koutori(2)"},
+        {"四国地区", "chk_Koutori(6)"},
+        {"近畿地区", "chk_Koutori(5)"},
+        {"(社)不動産協会 が選択されておりますが、\r\n公正取引協議会で首都圏", "chk_Koutori(2)"},
+        {"(社)日本住宅建設産業協会 が選択されておりますが、\r\n公正取引協議会で首都圏", "chk_Koutori(2)"},
+        {"(社)不動産流通経営協会 が選択されておりますが、\r\n公正取引協議会で首都圏", "chk_Koutori(2)"},
+        {"(社)都市開発協会 が選択されておりますが、\r\n公正取引協議会で首都圏", "chk_Koutori(2)"},
         {"URLに", "txt_Company_URL"}};
     for (std::size_t stop = 0; stop <= asked.size(); ++stop) {
         tCustomerInfo = whole;
