@@ -28,34 +28,23 @@ protected:
     TransmitInfo& info = tTransmitInfo;
 };
 
-#define COLUMN(name) \
-    { #name, &T::name }
+// clang-format off
+#define COLUMN(name) {#name, &T::name}
 
 TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
-    const std::map<std::string, std::string T::*> texts{COLUMN(DefinitionFileName),
-                                                        COLUMN(DefinitionFileName2),
-                                                        COLUMN(DefinitionFileName3),
-                                                        COLUMN(OutPutFileName),
-                                                        COLUMN(ImageFileSendPath),
-                                                        COLUMN(SiteAddress2),
-                                                        COLUMN(GroupID),
-                                                        COLUMN(LoginID),
-                                                        COLUMN(Passwd),
-                                                        COLUMN(AppendFilePath),
-                                                        COLUMN(CommandFilePath)};
+    const std::map<std::string, std::string T::*> texts{
+        COLUMN(DefinitionFileName), COLUMN(DefinitionFileName2), COLUMN(DefinitionFileName3), COLUMN(OutPutFileName),
+        COLUMN(ImageFileSendPath), COLUMN(SiteAddress2), COLUMN(GroupID), COLUMN(LoginID), COLUMN(Passwd),
+        COLUMN(AppendFilePath), COLUMN(CommandFilePath)};
     const std::map<std::string, std::string T::*> folders{
-        COLUMN(HomeDir),       COLUMN(HomeImageDir),  COLUMN(HomeImageDir2), COLUMN(HomeImageDir3),
-        COLUMN(HomeImageDir4), COLUMN(HomeImageDir5), COLUMN(HomeImageDir6), COLUMN(HomeImageDir7),
-        COLUMN(HomeImageDir8), COLUMN(HomeImageDir9), COLUMN(HomeImageDir10)};
-    const std::map<std::string, std::pair<std::int16_t T::*, int>> numbers{
-        {"DefinitionFileNameMode", {&T::DefinitionFileNameMode, 1}},
-        {"ImageUpLoadFlg", {&T::ImageUpLoadFlg, 0}},
-        {"MakeMode", {&T::MakeMode, 0}},
-        {"HomeImageDirCheck", {&T::HomeImageDirCheck, 1}},
-        {"OrvTransmitMode", {&T::OrvTransmitMode, 0}},
-        {"ImageFileNameFlg", {&T::ImageFileNameFlg, 0}},
-        {"ImageGifFileFlg", {&T::ImageGifFileFlg, 0}},
-    };
+        COLUMN(HomeDir), COLUMN(HomeImageDir), COLUMN(HomeImageDir2), COLUMN(HomeImageDir3), COLUMN(HomeImageDir4),
+        COLUMN(HomeImageDir5), COLUMN(HomeImageDir6), COLUMN(HomeImageDir7), COLUMN(HomeImageDir8),
+        COLUMN(HomeImageDir9), COLUMN(HomeImageDir10)};
+    const std::map<std::string, std::int16_t T::*> numbers{
+        COLUMN(DefinitionFileNameMode), COLUMN(ImageUpLoadFlg), COLUMN(MakeMode), COLUMN(HomeImageDirCheck),
+        COLUMN(OrvTransmitMode), COLUMN(ImageFileNameFlg), COLUMN(ImageGifFileFlg)};
+    // clang-format on
+    const std::set<std::string> oneByDefault{"DefinitionFileNameMode", "HomeImageDirCheck"};
     std::int16_t number = 70;
     std::string all = "DataMax = 70000";
     for (const auto* columns : {&texts, &folders}) {
@@ -76,7 +65,7 @@ TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
     }
     number = 70;
     for (const auto& [column, field] : numbers) {
-        EXPECT_EQ(info.*field.first, ++number) << column;
+        EXPECT_EQ(info.*field, ++number) << column;
     }
     EXPECT_EQ(info.DataMax, 70000);
 
@@ -89,7 +78,7 @@ TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
             }
         }
         for (const auto& [column, field] : numbers) {
-            EXPECT_EQ(info.*field.first, field.second) << column;
+            EXPECT_EQ(info.*field, oneByDefault.contains(column) ? 1 : 0) << column;
         }
         EXPECT_EQ(info.DataMax, 0);
         EXPECT_EQ(info.SendMode, other == 2 ? "FTP送信方式" : "ﾌｧｲﾙ作成のみ");

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/machine/http_control.h"
-#include "platform/run_time_error.h"
 
 namespace orv {
 
@@ -26,7 +25,6 @@ struct HttpScript {
     struct Answer {
         std::int32_t status = 200;
         std::string text = "OK";
-        std::optional<Failure> failure = std::nullopt;
     };
 
     std::vector<Sent> sent;
@@ -54,9 +52,6 @@ public:
         if (!script_.answers.empty()) {
             answer_ = script_.answers.front();
             script_.answers.pop_front();
-        }
-        if (answer_.failure) {
-            throw RunTimeError(*answer_.failure);
         }
         response = answer_.text;
     }

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <openssl/x509.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -18,6 +19,30 @@ int statusOf(const std::string& url) {
     request.user = "user";
     request.password = "secret";
     return exchange(request).status;
+}
+
+TEST(StrangeServer, ACertificateThatNobodyVouchesForIsRefusedBeforeAnythingIsSent) {
+    EVP_PKEY* key = EVP_EC_gen("P-256");
+    X509* certificate = X509_new();
+    X509_gmtime_adj(X509_getm_notBefore(certificate), -3600);
+    X509_gmtime_adj(X509_getm_notAfter(certificate), 3600);
+    X509_set_pubkey(certificate, key);
+    X509_sign(certificate, key, EVP_sha256());
+    httplib::SSLServer server(certificate, key);
+    X509_free(certificate);
+    EVP_PKEY_free(key);
+    std::atomic<bool> asked{false};
+    server.Get("/", [&](const httplib::Request&, httplib::Response&) { asked = true; });
+    const std::string url = "https://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/";
+    std::thread thread([&] { server.listen_after_bind(); });
+    const RunTimeError failure = raisedBy([&] { statusOf(url); });
+    while (!server.is_running()) {
+        std::this_thread::yield();
+    }
+    server.stop();
+    thread.join();
+    EXPECT_NE(failure.description().find("証明書を確認できません"), std::string::npos) << failure.description();
+    EXPECT_FALSE(asked);
 }
 
 TEST(StrangeServer, TheEnvironmentDoesNotLeadElsewhere) {
