@@ -96,7 +96,7 @@ void feedHelp(const std::string& bytes) {
     MemoryFiles files;
     files.put(kFile, bytes);
     const IniReader reader(files, codePage, facts);
-    CheckedNotice windows;
+    NoWindows windows;
     HelpFile help(windows, files, reader, [] { return std::string(kFile); });
     require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "what is not shown is told");
 }

@@ -23,7 +23,6 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
              Case{0, Call::Open, ""},
              Case{0, Call::Select, "ORDER BY USER_ID"},
              Case{0, Call::Select, "ORDER BY USER_ID", "[ P_MakeComboBox_CompInp0 ]"},
-             Case{0, Call::Select, "PUBLISHNUMBER", "F_Check_Pubish_Number\r\n"},
              Case{1, Call::Select, "TYPE_CODE = '002'"},
              Case{1, Call::Select, "TYPE_CODE = '004'"},
              Case{1, Call::Select, "ORDER BY USER_ID", "[ P_MakeComboBox_CompInp1 ]"},
@@ -104,6 +103,22 @@ TEST_F(PageStart, ShowsTheTitleAndThePublishNumberOfTheCompany) {
         leave();
     }
     EXPECT_TRUE(log().empty());
+}
+
+TEST_F(PageStart, APublishNumberThatCannotBeReadIsReported) {
+    for (const auto& [call, part, nth, text] : std::to_array<std::tuple<Call, const char*, int, std::string>>({
+             {Call::Open, "", 3, "ストアの故障"},
+             {Call::Select, "PUBLISHNUMBER", 1, "ストアの故障"},
+             {Call::Select, "PUBLISHNUMBER", 1, "メモリが足りません。"},
+         })) {
+        messages.shown.clear();
+        store.fail(call, part, nth);
+        store.raised = text == "ストアの故障" ? std::nullopt : std::optional(Failure::OutOfMemory);
+        start();
+        expectReported(store.raised ? "7" : "DB:77", "F_Check_Pubish_Number\r\n" + text);
+        store.mend();
+        leave();
+    }
 }
 
 TEST_F(PageStart, TheAssociationOfAnEditionCannotBeUnticked) {
