@@ -128,7 +128,7 @@ TEST_F(SavedValues, ARecordThatCouldChangeAStatementIsNotWritten) {
     EXPECT_EQ(info("USER_PASSWD"), "mihon01");
     ASSERT_EQ(messages.shown.size(), 1U);
     EXPECT_EQ(messages.shown[0].id, "COSERR01");
-    EXPECT_EQ(toText(messages.shown[0].args.at(0)), "SAVE0002");
+    EXPECT_EQ(toText(messages.shown[0].args.at(0)), "SAVE0003");
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ bool valuesFitStatements(PhotoFields photos) {
     });
     return found == kFields.end() ||
            fail("保存できない文字（「'」または NUL）があります。" + placeOf(*found) + "もう一度保存してください。",
-                "SAVE0002");
+                "SAVE0003");
 }
 
 }  // namespace orv
