@@ -50,6 +50,9 @@ Result start(const std::string& folder);
 Result save(const std::string& folder);
 /// The page of the photos, opened in a real window with `photo` in both slots.
 void window(const std::string& folder, const std::string& photo);
+/// Works all pages for so long, or for 10,000 page changes, 1,000 switches and 1,000 saves (0 minutes), and prints how
+/// much memory and time that came to need.
+void soak(const std::string& folder, double minutes);
 /// `companies`: how many the store holds.
 Result list(const std::string& folder, int companies);
 

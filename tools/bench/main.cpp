@@ -1,5 +1,7 @@
 // bench FOLDER [start|save|list]: one line a benchmark. FOLDER: where offices are made.
 // bench FOLDER window PHOTO: the page of the photos.
+// bench FOLDER soak [MINUTES]: whether the program grows.
+#include <cstdlib>
 #include <iostream>
 
 #include "bench.h"
@@ -23,6 +25,9 @@ int main(int argc, char* argv[]) {
     }
     if (only == "window" && argc == 4) {
         bench::window(folder, argv[3]);
+    }
+    if (only == "soak") {
+        bench::soak(folder, argc > 3 ? std::atof(argv[3]) : 0);
     }
     return 0;
 }

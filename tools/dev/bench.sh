@@ -9,6 +9,7 @@ bench() {
         case "$name" in
             fit | thumb | factors) pictureBench "$name" ;;
             office) officeBench "${@:2}" ;;
+            soak) build/release/tools/bench/bench build/bench-offices soak "${@:2}" ;;
             *) QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices "$name" ;;
         esac
     done

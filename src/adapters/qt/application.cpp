@@ -8,6 +8,7 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QTranslator>
 #include <cstdio>
 #include <cstdlib>
@@ -88,6 +89,8 @@ Application::Application(const char* programName) : name_(programName), argument
     QApplication::setFont(japaneseFont());
     QApplication::setFont(PageScale().font(kTextFont));
     QApplication::setQuitOnLastWindowClosed(false);
+    // The style keys its pictures of buttons by palette, and every page makes new palettes: it would keep them in vain.
+    QPixmapCache::setCacheLimit(0);
 }
 
 Application::~Application() = default;
