@@ -3,11 +3,14 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <algorithm>
 
 #include "adapters/qt/nested_events.h"
+#include "adapters/qt/text_lines.h"
 #include "adapters/qt/views/qt_text.h"
 #include "platform/run_time_error.h"
 
@@ -28,19 +31,50 @@ QMessageBox::Icon iconOf(Notice::Kind kind) {
     return QMessageBox::Information;
 }
 
-/// Its text can be copied by key, as in the boxes that the operator knows, for whoever is asked for help.
+constexpr int kLongestLine = 40;  // full-width characters
+
+QString withAccessKey(const QString& word) {
+    const bool yes = word == QStringLiteral("はい");
+    const bool no = word == QStringLiteral("いいえ");
+    return yes ? word + QStringLiteral("(&Y)") : no ? word + QStringLiteral("(&N)") : word;
+}
+
+/// Shows the text in lines of its own. Ctrl+C copies the whole text without them, for whoever is asked for help.
 class NoticeBox : public QMessageBox {
 public:
-    using QMessageBox::QMessageBox;
+    NoticeBox(const Notice& notice, QWidget* owner)
+        : QMessageBox(iconOf(notice.kind), toQt(notice.title), {}, NoButton, owner), text_(toQt(notice.text)) {
+        setObjectName(QStringLiteral("notice"));
+        // The text comes from outside: it is never read as anything but text.
+        setTextFormat(Qt::PlainText);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+        setText(brokenIntoLines(text_, widestLine(), [this](const QString& line) { return widthOf(line); }));
+        keepLines();
+    }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->matches(QKeySequence::Copy)) {
-            QGuiApplication::clipboard()->setText(text());
+            QGuiApplication::clipboard()->setText(text_);
         } else {
             QMessageBox::keyPressEvent(event);
         }
     }
+
+private:
+    int widthOf(const QString& line) const { return fontMetrics().horizontalAdvance(line); }
+    int widestLine() const {
+        return std::min(widthOf(QString(kLongestLine, u'あ')), screen()->availableSize().width() * 2 / 3);
+    }
+    /// The toolkit would wrap them again, at a width that does not grow with the font.
+    void keepLines() {
+        if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+            label->setWordWrap(false);
+            label->setMinimumWidth(label->sizeHint().width());
+        }
+    }
+
+    QString text_;
 };
 
 }  // namespace
@@ -49,14 +83,10 @@ std::size_t runNotice(const Notice& notice, QWidget* owner) {
     if (qApp == nullptr || QGuiApplication::primaryScreen() == nullptr) {
         throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
     }
-    NoticeBox box(iconOf(notice.kind), toQt(notice.title), {}, QMessageBox::NoButton, owner);
-    box.setObjectName(QStringLiteral("notice"));
-    // The text comes from outside: it is never read as anything but text.
-    box.setTextFormat(Qt::PlainText);
-    box.setText(toQt(notice.text));
+    NoticeBox box(notice, owner);
     std::vector<QPushButton*> buttons;
     for (const std::string& word : notice.buttons) {
-        QPushButton* button = box.addButton(toQt(word), QMessageBox::AcceptRole);
+        QPushButton* button = box.addButton(withAccessKey(toQt(word)), QMessageBox::AcceptRole);
         button->setObjectName(toQt("notice_" + std::to_string(buttons.size())));
         buttons.push_back(button);
     }

@@ -5,6 +5,7 @@
 
 #include "adapters/qt/qt_test.h"
 #include "platform/forms/disabled_form.h"
+#include "adapters/qt/text_lines.h"
 
 namespace orv {
 namespace {
@@ -117,6 +118,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
         {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }, 1},
         {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
         {[](QWidget& box) { box.findChild<QPushButton*>("notice_0")->click(); }, 0},
+        {[](QWidget& box) { QTest::keyClick(&box, Qt::Key_N); }, 1},
     };
     SamplePage page;
     for (const bool withForm : {false, true}) {
@@ -125,6 +127,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
             meanwhile([&](QWidget& box) {
                 EXPECT_EQ(box.parentWidget(), withForm ? windowOf(page) : nullptr);
                 EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+                EXPECT_LT(box.findChild<QWidget*>("notice_0")->x(), box.findChild<QWidget*>("notice_1")->x());
                 act(box);
             });
             EXPECT_EQ(windows.showNotice(notice), answer);
@@ -143,6 +146,30 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
     });
     forms.showModal(page);
     EXPECT_FALSE(page.loaded());
+}
+
+/// A full-width character is two wide.
+int widthOf(const QString& line) {
+    int width = 0;
+    for (const QChar sign : line) {
+        width += sign.unicode() < 0x100 ? 1 : 2;
+    }
+    return width;
+}
+
+TEST(TextLines, BreakAfterClausesThenPhrasesAndInsideAWordAtLast) {
+    const std::vector<std::pair<QString, QString>> cases = {
+        {"短い文。", "短い文。"},
+        {"会社を切り替えます。\n切り替えてもよろしいですか？", "会社を切り替えます。\n切り替えてもよろしいですか？"},
+        {"入力内容を確認してください。保存は行っていません。", "入力内容を確認してください。\n保存は行っていません。"},
+        {"ほかの端末またはサーバーでデータベースが使用中", "ほかの端末またはサーバーで\nデータベースが使用中"},
+        {"「お客様情報」は登録済みの会社に限ります", "「お客様情報」は\n登録済みの会社に限ります"},
+        {"ＡＢＣＤＥＦＧＨＩＪＫＬＭＮＯＰＱＲ", "ＡＢＣＤＥＦＧＨＩ\nＪＫＬＭＮＯＰＱＲ"},
+        {"", ""},
+    };
+    for (const auto& [text, lines] : cases) {
+        EXPECT_EQ(brokenIntoLines(text, 30, widthOf), lines) << text.toStdString();
+    }
 }
 
 TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {

@@ -1,5 +1,6 @@
 #include "adapters/qt/views/office_style.h"
 
+#include <QDialogButtonBox>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -14,6 +15,8 @@ int OfficeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
             return '*';
         case SH_ComboBox_Popup:
             return 0;
+        case SH_DialogButtonLayout:
+            return QDialogButtonBox::WinLayout;
         default:
             return QProxyStyle::styleHint(hint, option, widget, data);
     }

@@ -6,7 +6,7 @@ namespace orv {
 
 /// The toolkit's plain style, with what pages need: the classic password sign, lists that open below their box and
 /// stand in exactly the colour that the page gives them, and tick boxes as large as their text that
-/// take a click anywhere.
+/// take a click anywhere. The buttons of a dialog have the same order on every desktop.
 class OfficeStyle : public QProxyStyle {
 public:
     OfficeStyle();
