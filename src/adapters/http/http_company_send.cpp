@@ -15,6 +15,9 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds kDefaultTimeout{60'000};
+/// Precedes every cause. The save has written the company before it calls this service.
+constexpr const char* kWhatIsSafe =
+    "会社情報は保存しましたが、サーバーへの送信は完了していません。もう一度保存すると送信します。原因：";
 
 struct Refused {
     FailureRecord why;
@@ -79,6 +82,7 @@ bool HttpCompanySend::recorded(const std::function<void()>& steps) {
     } catch (const std::exception&) {
         error_ = {std::string(descriptionOf(Failure::Internal)), std::to_string(static_cast<int>(Failure::Internal))};
     }
+    error_.text.insert(0, kWhatIsSafe);
     return false;
 }
 

@@ -21,7 +21,8 @@ struct CompanySendSettings {
 };
 
 /// Sends a company as one JSON document over HTTP. Nothing is repeated: a failed send goes again with the next save.
-/// The code of `SendError` is the server's status, a run-time failure's number, or one of "SEND0001" to "SEND0005".
+/// The text of `SendError` says that the company is stored, that the next save sends it, and the cause. Its code is the
+/// server's status, a run-time failure's number, or one of "SEND0001" to "SEND0005".
 class HttpCompanySend : public CompanySendService {
 public:
     HttpCompanySend(DbService& db, CompanySendSettings settings) : db_(db), settings_(std::move(settings)) {}

@@ -70,6 +70,7 @@ TEST_F(HttpCompanySendTest, AMissingSettingIsToldBeforeAnythingIsAsked) {
         const std::string before = std::exchange(*setting, " ");
         EXPECT_FALSE(prepare()) << code;
         EXPECT_EQ(send.SendError().code, code);
+        EXPECT_TRUE(send.SendError().text.starts_with("会社情報は保存しましたが、")) << send.SendError().text;
         *setting = before;
     }
     timeOut = "5000ms";
