@@ -9,7 +9,9 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
+#include "platform/machine/window_system.h"
 #include "platform/run_time_error.h"
+#include "platform/services.h"
 #include "transmission/file_names.h"
 #include "transmission/frm_send.h"
 #include "validation/text/conversions.h"
@@ -32,6 +34,10 @@ HttpControl& httpControl() {
     return *sendForm().Http1;
 }
 
+std::string sendingPhoto(std::size_t slot) {
+    return "写真を送信しています（" + std::to_string(slot + 1) + "/" + std::to_string(kPhotos.size()) + "）…";
+}
+
 void request(HttpControl& http, const std::string& file, const std::string& name) {
     http.Timeout(toLong(com().ORV_TimeOut()));
     http.Version("HTTP/1.1");
@@ -51,6 +57,7 @@ void PF_ImageDataTransfer() {
         }
         const std::string path = com().ImgNoFolder(static_cast<std::int16_t>(slot)) + photo;
         if (PF_FileCanOpen(path) && !isFtp) {
+            services().windows->working(sendingPhoto(slot));
             RH_ImageDataTransfr(path);
         }
     }

@@ -119,6 +119,27 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
     EXPECT_TRUE(before.empty() || store() == before);
 }
 
+TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
+    Terminal desk = terminal("DESK-01");
+    desk.startUnprivileged(kCompany);
+    ASSERT_TRUE(desk.waitForPage(0));
+    const int colours = desk.coloursShown();
+    server_->misbehave("companies:delay=7000");
+    desk.click("btm_Save");
+    ASSERT_TRUE(eventually([&] { return contains(server_->log(), "/cussend/ "); }));
+    desk.minimise();
+    desk.toFront();
+    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
+    desk.click("btm_ChangePage", 1);
+    desk.click("btm_Back_Menu");
+    desk.key("alt+F4");
+    EXPECT_FALSE(contains(server_->log(), "/cussend/register 200")) << "the save was over before the clicks";
+    expectShown(desk, "COS05574", {});
+    ASSERT_TRUE(desk.noticeGone());
+    EXPECT_TRUE(desk.waitForPage(0)) << "no click was done afterwards";
+    EXPECT_EQ(locks(), "000004601 DESK-01");
+}
+
 // ---- a photo
 
 TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {

@@ -26,6 +26,7 @@ public:
     std::size_t showNotice(const Notice&) override { return 0; }
     std::optional<std::string> openFile(const FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
+    void working(const std::string&) override {}
     void pointer(bool) override {}
     void repaint() override {}
 };

@@ -32,6 +32,7 @@ public:
     std::size_t showNotice(const orv::Notice& notice) override { return notice.defaultButton; }
     std::optional<std::string> openFile(const orv::FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
+    void working(const std::string&) override {}
     void pointer(bool) override {}
     void repaint() override {}
 };

@@ -202,6 +202,14 @@ void Terminal::waitForFocus() const {
     }
 }
 
+void Terminal::minimise() const { tool({"windowminimize", "--sync", window_}); }
+
+int Terminal::coloursShown() const {
+    const std::string count =
+        outputOf({"bash", "-c", "import -window " + window_ + " miff:- | identify -format %k -"}, environment_);
+    return count.empty() ? 0 : std::stoi(count);
+}
+
 void Terminal::putOnClipboard(const std::string& text) const {
     const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
     std::ofstream(file, std::ios::binary) << text;

@@ -89,8 +89,11 @@ public:
     [[nodiscard]] bool noticeGone() const;
     /// The process of the window that has been waited for last.
     int windowProcess() const;
-    /// Brings that window in front of the others.
+    /// Brings that window in front of the others, also a minimised one.
     void toFront() const;
+    void minimise() const;
+    /// How many colours that window shows at present: few before it has been painted.
+    int coloursShown() const;
     /// What the notice on the screen says.
     std::string noticeText();
 

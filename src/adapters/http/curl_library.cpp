@@ -25,11 +25,17 @@ CurlLibrary::CurlLibrary() {
     take(library, "curl_global_init", globalInit);
     take(library, "curl_easy_init", easyInit);
     take(library, "curl_easy_setopt", easySetopt);
-    take(library, "curl_easy_perform", easyPerform);
     take(library, "curl_easy_getinfo", easyGetinfo);
     take(library, "curl_easy_cleanup", easyCleanup);
     take(library, "curl_easy_escape", easyEscape);
     take(library, "curl_free", free);
+    take(library, "curl_multi_init", multiInit);
+    take(library, "curl_multi_add_handle", multiAddHandle);
+    take(library, "curl_multi_perform", multiPerform);
+    take(library, "curl_multi_poll", multiPoll);
+    take(library, "curl_multi_info_read", multiInfoRead);
+    take(library, "curl_multi_remove_handle", multiRemoveHandle);
+    take(library, "curl_multi_cleanup", multiCleanup);
     take(library, "curl_slist_append", slistAppend);
     take(library, "curl_slist_free_all", slistFreeAll);
     if (globalInit(CURL_GLOBAL_DEFAULT) != CURLE_OK) {

@@ -9,6 +9,7 @@
 #include "adapters/http/curl_library.h"
 #include "adapters/words/printable.h"
 #include "platform/run_time_error.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -195,6 +196,40 @@ void setPost(const Curl& curl, const std::string& body) {
     set(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
 }
 
+/// A transfer that lets the windows be painted while it waits.
+class Transfer {
+public:
+    explicit Transfer(const Curl& curl) : curl_(curl), multi_(curlLibrary().multiInit()) {
+        if (multi_ == nullptr || curlLibrary().multiAddHandle(multi_, curl_.get()) != CURLM_OK) {
+            curlLibrary().multiCleanup(multi_);
+            raise(CURLE_FAILED_INIT);
+        }
+    }
+    Transfer(const Transfer&) = delete;
+    Transfer& operator=(const Transfer&) = delete;
+    ~Transfer() {
+        curlLibrary().multiRemoveHandle(multi_, curl_.get());
+        curlLibrary().multiCleanup(multi_);
+    }
+
+    CURLcode result() {
+        int running = 1;
+        while (step(running) && running > 0) {
+            curlLibrary().multiPoll(multi_, nullptr, 0, static_cast<int>(kWaitingPause.count()), nullptr);
+            whileWaiting();
+        }
+        int left = 0;
+        const CURLMsg* message = curlLibrary().multiInfoRead(multi_, &left);
+        return message == nullptr ? CURLE_RECV_ERROR : message->data.result;
+    }
+
+private:
+    bool step(int& running) { return curlLibrary().multiPerform(multi_, &running) == CURLM_OK; }
+
+    const Curl& curl_;
+    CURLM* multi_;
+};
+
 }  // namespace
 
 HttpResponse exchange(const HttpRequest& request) {
@@ -211,7 +246,7 @@ HttpResponse exchange(const HttpRequest& request) {
         setPost(curl, request.body);
     }
     // A transfer that broke behind a good status line is a failure, so the result is judged before the status is read.
-    if (const CURLcode code = curlLibrary().easyPerform(curl.get()); code != CURLE_OK || !arrival.headIsWhole) {
+    if (const CURLcode code = Transfer(curl).result(); code != CURLE_OK || !arrival.headIsWhole) {
         raise(code == CURLE_OK ? CURLE_PARTIAL_FILE : code);
     }
     long status = 0;

@@ -17,6 +17,7 @@
 
 #include "adapters/postgres/postgres_failure.h"
 #include "adapters/postgres/server_settings.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -147,11 +148,15 @@ private:
 bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
     while (true) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+        if (left.count() <= 0) {
+            return false;
+        }
         pollfd wire{PQsocket(connection), events, 0};
-        const int ready = left.count() <= 0 ? 0 : ::poll(&wire, 1, static_cast<int>(left.count()));
-        if (ready >= 0 || errno != EINTR) {
+        const int ready = ::poll(&wire, 1, static_cast<int>(std::min(left, kWaitingPause).count()));
+        if (ready > 0 || (ready < 0 && errno != EINTR)) {
             return ready > 0;
         }
+        whileWaiting();
     }
 }
 
@@ -162,10 +167,11 @@ ServerConnection openServer(const ServerSettings& settings, std::chrono::millise
     std::future<ServerConnection> opened = task.get_future();
     std::thread(std::move(task)).detach();
     constexpr std::chrono::milliseconds kGrace{100};
-    while (opened.wait_until(opening->deadline() + kGrace) != std::future_status::ready) {
+    while (opened.wait_for(kWaitingPause) != std::future_status::ready) {
         if (Clock::now() > opening->deadline() + kGrace) {
             refuse(kNotInTime);
         }
+        whileWaiting();
     }
     return opened.get();
 }

@@ -7,7 +7,9 @@
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/notice_box.h"
 #include "adapters/qt/open_dialog.h"
+#include "adapters/qt/views/qt_text.h"
 #include "platform/run_time_error.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -96,6 +98,7 @@ FormWindow* QtWindowSystem::windowOf(const Form* form) const {
 }
 
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
+    endWork();
     const PlainPointer plain(*this);
     return runNotice(notice, windowOf(forms_.activeForm()));
 }
@@ -108,6 +111,27 @@ std::optional<std::string> QtWindowSystem::openFile(const FileQuestion& question
 void QtWindowSystem::commitComposition() {
     if (FormWindow* window = windowOf(forms_.activeForm())) {
         window->commit();
+    }
+}
+
+void QtWindowSystem::working(const std::string& what) {
+    if (what.empty()) {
+        endWork();
+        return;
+    }
+    if (!workCover_) {
+        workCover_ = new WorkCover(windowOf(forms_.activeForm()));
+        setWhileWaiting([this] { repaint(); });
+    }
+    workCover_->say(toQt(what));
+    repaint();
+}
+
+void QtWindowSystem::endWork() {
+    setWhileWaiting({});
+    if (workCover_) {
+        workCover_->end();
+        workCover_.clear();
     }
 }
 
@@ -125,7 +149,7 @@ void QtWindowSystem::pointer(bool busy) {
 
 void QtWindowSystem::repaint() {
     const NestedEvents nested;
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
 }
 
 }  // namespace orv

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <functional>
 #include <map>
 #include <span>
 
 #include "adapters/qt/form_window.h"
+#include "adapters/qt/work_cover.h"
 #include "platform/machine/window_system.h"
 
 namespace orv {
@@ -19,6 +21,7 @@ public:
     QtWindowSystem(Layouts layouts, FormHost& forms) : layouts_(std::move(layouts)), forms_(forms) {}
     ~QtWindowSystem() override;
 
+
     void open(Form& form) override;
     void show(Form& form) override;
     void close(Form& form) override;
@@ -27,6 +30,7 @@ public:
     std::size_t showNotice(const Notice& notice) override;
     std::optional<std::string> openFile(const FileQuestion& question) override;
     void commitComposition() override;
+    void working(const std::string& what) override;
     void pointer(bool busy) override;
     void repaint() override;
 
@@ -35,6 +39,7 @@ private:
 
     void tidyLater();
     void tidy();
+    void endWork();
     /// Null for a form that is not loaded.
     FormWindow* windowOf(const Form* form) const;
 
@@ -42,6 +47,7 @@ private:
     FormHost& forms_;
     std::map<const Form*, FormWindow*> windows_;
     bool busy_ = false;
+    QPointer<WorkCover> workCover_;
     /// Calls that are still queued die with it.
     QObject queue_;
 };

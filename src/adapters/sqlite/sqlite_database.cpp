@@ -12,6 +12,7 @@
 #include "adapters/sqlite/sqlite_failure.h"
 #include "adapters/store/ascii_fold.h"
 #include "platform/utf8.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -99,6 +100,7 @@ int waitAgain(void* data, int tries) {
         return 0;
     }
     std::this_thread::sleep_for(kPause);
+    whileWaiting();
     return 1;
 }
 

@@ -16,6 +16,7 @@
 #include "pages/common/master_lists.h"
 #include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
+#include "platform/forms/working.h"
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
 #include "platform/utf8.h"
@@ -31,6 +32,7 @@ namespace {
 constexpr std::size_t kIdLength = 9;
 constexpr const char* kPasswordChanged = "2";
 constexpr const char* kPasswordSent = "1";
+constexpr const char* kSaving = "保存しています…";
 
 /// What the steps of one save hand to each other.
 struct SaveRun {
@@ -95,8 +97,10 @@ bool send(SaveRun& run) {
     prepareSending(run);
     sendImages();
     if (run.prepared) {
+        services().windows->working("会社情報を送信しています…");
         sendCompany(run);
     }
+    services().windows->working(kSaving);
     workingCopiesAgain();
     run.target = targetOf(run);
     return run.sent || failFrom(run.service->SendError());
@@ -142,6 +146,7 @@ bool writeAndSend(SaveRun& run) {
     if (!valuesFitStatements(PhotoFields::Chosen)) {
         return false;
     }
+    const Working working(kSaving);
     if (isNew()) {
         tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
     }

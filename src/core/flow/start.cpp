@@ -12,6 +12,7 @@
 #include "logging/write_log.h"
 #include "pages/controls/page_set.h"
 #include "platform/forms/form_host.h"
+#include "platform/forms/working.h"
 #include "platform/services.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
@@ -53,9 +54,14 @@ bool showFirstPage() {
     return shown;
 }
 
+bool load() {
+    const Working working("会社情報を開いています…");
+    return PF_GetCompanyData(gUserId);
+}
+
 bool begin(const std::string& tail) {
     readArgument(tail);
-    return PF_GetCompanyData(gUserId) && showFirstPage();
+    return load() && showFirstPage();
 }
 
 void tellPair() {

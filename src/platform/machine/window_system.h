@@ -53,6 +53,9 @@ public:
     virtual std::optional<std::string> openFile(const FileQuestion& question) = 0;
     /// Takes an input-method composition that is still open into its field.
     virtual void commitComposition() = 0;
+    /// Says on the active page what the program is doing, and keeps all input from the page until an empty text ends
+    /// it. A notice ends it too. While it lasts, `whileWaiting` paints the windows.
+    virtual void working(const std::string& what) = 0;
     /// The hourglass while `busy`.
     virtual void pointer(bool busy) = 0;
     /// Lets what is due be painted, without letting the operator act.

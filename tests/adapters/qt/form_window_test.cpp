@@ -1,11 +1,13 @@
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QWindow>
 
 #include "adapters/qt/qt_test.h"
-#include "platform/forms/disabled_form.h"
 #include "adapters/qt/text_lines.h"
+#include "platform/forms/disabled_form.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -170,6 +172,37 @@ TEST(TextLines, BreakAfterClausesThenPhrasesAndInsideAWordAtLast) {
     for (const auto& [text, lines] : cases) {
         EXPECT_EQ(brokenIntoLines(text, 30, widthOf), lines) << text.toStdString();
     }
+}
+
+TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
+    SamplePage page;
+    int clicks = 0;
+    page.save.onClick = [&] { ++clicks; };
+    page.onQueryUnload = [&](bool& kept, UnloadMode) { kept = ++clicks > 0; };
+    page.name.onLostFocus = [&] { ++clicks; };
+    show(page);
+    enter(page.name);
+    windows.working("保存しています…");
+    const auto* cover = windowOf(page)->findChild<QWidget*>("work");
+    EXPECT_FALSE(cover->isVisible()) << "a short work is not worth a flicker";
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            whileWaiting();
+            return cover->isVisible();
+        },
+        60'000));
+    EXPECT_EQ(cover->findChild<QLabel*>()->text(), "保存しています…");
+    QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      widgetOf(page.save)->geometry().center());
+    windowOf(page)->window()->close();
+    QEvent otherWindow(QEvent::ActivationChange);
+    QApplication::sendEvent(windowOf(page)->window(), &otherWindow);
+    windows.working("");
+    settle();
+    EXPECT_EQ(windowOf(page)->findChild<QWidget*>("work"), nullptr);
+    EXPECT_EQ(clicks, 0);
+    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    EXPECT_GT(clicks, 0);
 }
 
 TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {

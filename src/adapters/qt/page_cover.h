@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace orv {
+
+/// Covers a page, which shows through, and says one line above it. Without a page it is a small window of its own.
+class PageCover : public QWidget {
+public:
+    enum class Bar { None, Moving };
+
+    PageCover(QWidget* page, Bar bar);
+
+    void appear();
+    void say(const QString& line);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void makePanel();
+    Qt::Alignment placeOfPanel() const;
+
+    Bar bar_;
+    QString said_;
+    QLabel* line_ = nullptr;  // none before the cover appears
+};
+
+}  // namespace orv

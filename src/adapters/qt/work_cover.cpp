@@ -1,0 +1,41 @@
+#include "adapters/qt/work_cover.h"
+
+#include <QEvent>
+#include <QTimer>
+
+namespace orv {
+namespace {
+
+constexpr int kPatience = 500;  // milliseconds
+
+}  // namespace
+
+WorkCover::WorkCover(QWidget* page) : PageCover(page, Bar::Moving) {
+    setObjectName(QStringLiteral("work"));
+    if (page != nullptr) {
+        gate_ = std::make_unique<InputGate>(*page);
+        page->window()->installEventFilter(this);
+    }
+    QTimer::singleShot(kPatience, this, [this] {
+        if (!ended_) {
+            appear();
+        }
+    });
+}
+
+/// Timers come after the input that is due.
+void WorkCover::end() {
+    ended_ = true;
+    hide();
+    QTimer::singleShot(0, this, &QObject::deleteLater);
+}
+
+bool WorkCover::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Close) {
+        event->ignore();
+    }
+    // Losing the focus to another window would run what the page does then.
+    return event->type() == QEvent::Close || event->type() == QEvent::ActivationChange;
+}
+
+}  // namespace orv
