@@ -68,6 +68,11 @@ TEST_F(SiblingPrograms, ALineAndAStation) {
 
 TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
+    ASSERT_TRUE(desk.waitForPage(0, false));
+    desk.toFront();
+    desk.click("txt_Tanto_Name");
+    EXPECT_TRUE(eventually([&] { return desk.titleInFront() == kAddressSearch; })) << desk.titleInFront();
+    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
     desk.typeAscii("150");
     desk.key("Escape");
     ASSERT_TRUE(desk.windowGone(kAddressSearch));

@@ -27,6 +27,7 @@ public:
     std::optional<std::string> openFile(const FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
     void working(const std::string&) override {}
+    void pointToSibling(Form&, const std::string&, std::function<void()>) override {}
     void pointer(bool) override {}
     void repaint() override {}
 };

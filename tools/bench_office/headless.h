@@ -33,6 +33,7 @@ public:
     std::optional<std::string> openFile(const orv::FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
     void working(const std::string&) override {}
+    void pointToSibling(orv::Form&, const std::string&, std::function<void()>) override {}
     void pointer(bool) override {}
     void repaint() override {}
 };
@@ -42,6 +43,7 @@ class NoPrograms : public orv::ProgramStarter, public orv::SiblingDesk {
 public:
     void start(const std::string&) override {}
     void start(const std::string&, orv::SiblingCalls) override {}
+    void toFront() override {}
     void dismiss() override {}
 };
 

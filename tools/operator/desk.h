@@ -92,6 +92,8 @@ public:
     /// Brings that window in front of the others, also a minimised one.
     void toFront() const;
     void minimise() const;
+    /// The title of the window that has the keyboard.
+    std::string titleInFront() const { return tool({"getactivewindow", "getwindowname"}); }
     /// How many colours that window shows at present: few before it has been painted.
     int coloursShown() const;
     /// What the notice on the screen says.

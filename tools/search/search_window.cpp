@@ -145,6 +145,11 @@ int runSearch(const SearchPlan& plan, int count, char* arguments[]) {
     }
     SearchWindow window(plan, *rows, line->values);
     client.onHangUp([&window] { window.reject(); });
+    client.onToFront([&window] {
+        window.showNormal();
+        window.raise();
+        window.activateWindow();
+    });
     if (window.exec() == QDialog::Accepted) {
         for (qsizetype i = 0; i < plan.sent.size(); ++i) {
             client.setText(line->handles[i], window.chosen().fields[plan.sent[i]]);

@@ -17,6 +17,16 @@ void SiblingClient::onHangUp(std::function<void()> hungUp) {
     QObject::connect(&socket_, &QLocalSocket::disconnected, &socket_, std::move(hungUp));
 }
 
+void SiblingClient::onToFront(std::function<void()> toFront) {
+    QObject::connect(&socket_, &QLocalSocket::readyRead, &socket_, [this, toFront = std::move(toFront)] {
+        while (socket_.canReadLine()) {
+            if (socket_.readLine().trimmed() == "FRONT") {
+                toFront();
+            }
+        }
+    });
+}
+
 void SiblingClient::setText(const QString& handle, const QString& text) {
     say(QStringLiteral("TEXT %1 %2\n").arg(handle, text));
 }

@@ -18,6 +18,12 @@ void SiblingSocket::start(const std::string& commandLine, SiblingCalls calls) {
     visit_ = visit;
 }
 
+void SiblingSocket::toFront() {
+    if (visit_) {
+        visit_->say("FRONT\n");
+    }
+}
+
 void SiblingSocket::dismiss() {
     if (const auto visit = std::exchange(visit_, nullptr)) {
         visit->end();

@@ -15,7 +15,8 @@ class SiblingVisit;
 inline constexpr const char* kSiblingSocketVariable = "ORV_SIBLING_SOCKET";
 
 /// Hears a sibling program by a local socket of its own, which takes one connection. Each line of that, ended by LF, is
-/// obeyed (sibling_words.h) and answered by "OK" or "NG". The program is gone when it closes the connection, sends a
+/// obeyed (sibling_words.h) and answered by "OK" or "NG". A line "FRONT" asks the program to bring its window to the
+/// front. The program is gone when it closes the connection, sends a
 /// line of more than 4096 bytes, or, not connected, has ended with all that it has started.
 class SiblingSocket : public SiblingDesk {
 public:
@@ -27,6 +28,7 @@ public:
 
     /// Also failure 57 when no socket can be made.
     void start(const std::string& commandLine, SiblingCalls calls) override;
+    void toFront() override;
     void dismiss() override;
 
 private:

@@ -107,16 +107,15 @@ void SiblingVisit::obeyLines() {
         } else {
             const std::string line = heard_.substr(0, end);
             heard_.erase(0, end + 1);
-            answer(obey(line, calls_));
+            say(obey(line, calls_) ? "OK\n" : "NG\n");
         }
     }
 }
 
-/// To a program that does not listen nothing is said.
-void SiblingVisit::answer(bool obeyed) const {
-    if (!over_) {
-        const std::string_view word = obeyed ? "OK\n" : "NG\n";
-        ::send(connection_.descriptor.number(), word.data(), word.size(), MSG_NOSIGNAL);
+/// A program that has stopped reading must not stop this one.
+void SiblingVisit::say(std::string_view line) const {
+    if (!over_ && connection_.descriptor) {
+        ::send(connection_.descriptor.number(), line.data(), line.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "adapters/posix/private_socket.h"
 #include "adapters/posix/sibling_socket.h"
@@ -15,6 +16,8 @@ public:
     explicit SiblingVisit(SiblingCalls calls) : calls_(std::move(calls)) {}
 
     void begin(const PosixStarter& programs, const std::string& commandLine, const SiblingSocket::Watch& watch);
+    /// Nothing while the program is not connected.
+    void say(std::string_view line) const;
     /// Closes everything; nothing is called any more.
     void end();
 
@@ -34,7 +37,6 @@ private:
     void lifeEnded();
     void spoke();
     void obeyLines();
-    void answer(bool obeyed) const;
     void leave();
 
     SiblingCalls calls_;

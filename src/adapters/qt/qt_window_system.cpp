@@ -135,6 +135,14 @@ void QtWindowSystem::endWork() {
     }
 }
 
+void QtWindowSystem::pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) {
+    delete siblingCover_;
+    FormWindow* window = windowOf(&form);
+    if (!line.empty() && window != nullptr) {
+        siblingCover_ = new SiblingCover(*window, toQt(line), std::move(pressed));
+    }
+}
+
 void QtWindowSystem::pointer(bool busy) {
     if (busy == busy_) {
         return;

@@ -7,6 +7,7 @@
 #include <span>
 
 #include "adapters/qt/form_window.h"
+#include "adapters/qt/sibling_cover.h"
 #include "adapters/qt/work_cover.h"
 #include "platform/machine/window_system.h"
 
@@ -31,6 +32,7 @@ public:
     std::optional<std::string> openFile(const FileQuestion& question) override;
     void commitComposition() override;
     void working(const std::string& what) override;
+    void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) override;
     void pointer(bool busy) override;
     void repaint() override;
 
@@ -48,6 +50,7 @@ private:
     std::map<const Form*, FormWindow*> windows_;
     bool busy_ = false;
     QPointer<WorkCover> workCover_;
+    QPointer<SiblingCover> siblingCover_;
     /// Calls that are still queued die with it.
     QObject queue_;
 };

@@ -10,6 +10,7 @@
 #include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/sibling_desk.h"
+#include "platform/machine/window_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "validation/text/blanks.h"
@@ -70,6 +71,7 @@ private:
     void finish(int key, const Texts& texts) {
         form_.onCloseRefused = nullptr;
         services().siblings->dismiss();
+        services().windows->pointToSibling(form_, {}, {});
         for (const auto& [control, text] : texts) {
             enterInto(*control, text);
         }
@@ -113,6 +115,8 @@ void startSearch(Form& form, const SiblingSearch& search) {
         throw RunTimeError(*failure);
     }
     form.onCloseRefused = [running] { running->giveUp(); };
+    services().windows->pointToSibling(form, search.title + "の画面で選択してください",
+                                       [] { services().siblings->toFront(); });
     disabled.leaveDisabled();
 }
 

@@ -153,7 +153,8 @@ void btm_SearchOfficeAddress_Click(frm_CompInp0& form) {
         startSearch(form, {.program = com().BinAddExe(),
                            .known = {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code},
                            .filled = {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code},
-                           .button = form.btm_SearchOfficeAddress});
+                           .button = form.btm_SearchOfficeAddress,
+                           .title = "住所検索"});
         return true;
     });
 }
@@ -182,7 +183,8 @@ void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form) {
         startSearch(form, {.program = com().BinAddExe(),
                            .known = {&form.txt_Pc_Post_Code, &form.txt_Pc_Address, &form.txt_Pc_Address_Code},
                            .filled = {&form.txt_Pc_Post_Code, &form.txt_Pc_Address, &form.txt_Pc_Address_Code},
-                           .button = form.btm_Pc_SearchOfficeAddress});
+                           .button = form.btm_Pc_SearchOfficeAddress,
+                           .title = "住所検索"});
         return true;
     });
 }

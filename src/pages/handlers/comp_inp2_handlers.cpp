@@ -75,7 +75,8 @@ void btn_SelectRail_Click(frm_CompInp2& form) {
                            .known = {},
                            .filled = {&form.txt_Railroad_Code, &form.txt_Station_Code, &form.lbl_Railroad_Name,
                                       &form.lbl_Station_Name},
-                           .button = form.btn_SelectRail});
+                           .button = form.btn_SelectRail,
+                           .title = "沿線検索"});
         return true;
     });
 }

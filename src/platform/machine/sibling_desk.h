@@ -27,6 +27,8 @@ public:
     /// Runs a command line with a normal window, without waiting, and listens to that program, and to no earlier one,
     /// until it is gone or dismissed. A program that can't be started is failure 53; no call comes then.
     virtual void start(const std::string& commandLine, SiblingCalls calls) = 0;
+    /// Asks the program to bring its window to the front. Nothing when there is none.
+    virtual void toFront() = 0;
     /// Listens no longer; the program runs on. Nothing when there is none. A call may do it.
     virtual void dismiss() = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -56,6 +57,9 @@ public:
     /// Says on the active page what the program is doing, and keeps all input from the page until an empty text ends
     /// it. A notice ends it too. While it lasts, `whileWaiting` paints the windows.
     virtual void working(const std::string& what) = 0;
+    /// Says on the form's window, which takes no input, that another program's window is to be used, until an empty
+    /// text or the form's end. `pressed` is called when the operator presses a mouse button there.
+    virtual void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) = 0;
     /// The hourglass while `busy`.
     virtual void pointer(bool busy) = 0;
     /// Lets what is due be painted, without letting the operator act.
