@@ -35,6 +35,7 @@ Composition::Composition(const std::string& programFolder)
       transmitEngine_(files_, officeStore()),
       pictures_(files_),
       windows_(layoutOf, forms_),
+      running_(watchDescriptor, installRootOf(programFolder), [this] { windows_.toFront(); }),
       messages_(
           windows_, files_, codePage_, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),
@@ -65,6 +66,7 @@ void Composition::handIn() {
     all.windows = &windows_;
     all.transmitEngine = &transmitEngine_;
     all.forms = &forms_;
+    all.running = &running_;
 }
 
 }  // namespace orv

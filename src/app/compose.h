@@ -9,6 +9,7 @@
 #include "adapters/posix/posix_starter.h"
 #include "adapters/posix/posix_sys_info.h"
 #include "adapters/posix/registry_file.h"
+#include "adapters/posix/running_sockets.h"
 #include "adapters/posix/sibling_socket.h"
 #include "adapters/qt/qt_window_system.h"
 #include "adapters/store/store_service.h"
@@ -52,6 +53,7 @@ private:
     PictureFiles pictures_;
     FormHost forms_;
     QtWindowSystem windows_;
+    RunningSockets running_;
     TableMessages messages_;
     HelpFile help_;
 };

@@ -22,6 +22,7 @@ class PictureLibrary;
 class ProfileReader;
 class ProgramStarter;
 class Registry;
+class RunningPrograms;
 class SiblingDesk;
 class StringCheckService;
 class SysInfoService;
@@ -53,6 +54,8 @@ struct Services {
     PictureLibrary* pictures = nullptr;
     WindowSystem* windows = nullptr;
     TransmitEngine* transmitEngine = nullptr;
+    /// Null where nothing else runs: in tests and benchmarks.
+    RunningPrograms* running = nullptr;
     FormHost* forms = nullptr;
 };
 

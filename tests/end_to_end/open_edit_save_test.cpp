@@ -118,6 +118,15 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
     EXPECT_EQ(office_->errLog(), "") << "a refusal is no failure";
     EXPECT_EQ(locks(), "000004601 DESK-01");
 
+    Terminal twin = terminal("DESK-01");
+    first.minimise();
+    twin.start("000004601,1,0");
+    EXPECT_EQ(twin.waitForEnd(), 0);
+    EXPECT_TRUE(eventually([&] { return office_->menuStarts() == 2; }));
+    EXPECT_TRUE(eventually([&] { return contains(first.titleInFront(), "会社情報"); })) << first.titleInFront();
+    EXPECT_EQ(locks(), "000004601 DESK-01") << "it is the first one's";
+    EXPECT_TRUE(first.running());
+
     first.kill();
     EXPECT_EQ(locks(), "000004601 DESK-01") << "a dead run leaves its lock";
     Terminal again = opened();

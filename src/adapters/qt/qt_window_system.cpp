@@ -40,6 +40,19 @@ QtWindowSystem::~QtWindowSystem() {
     }
 }
 
+void QtWindowSystem::toFront() const {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window == nullptr) {
+        window = windowOf(forms_.activeForm());
+    }
+    if (window != nullptr) {
+        window = window->window();
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+        window->activateWindow();
+    }
+}
+
 void QtWindowSystem::open(Form& form) {
     if (qApp == nullptr) {
         throw RunTimeError(Failure::Internal, "画面を表示できません。");

@@ -22,6 +22,8 @@ public:
     QtWindowSystem(Layouts layouts, FormHost& forms) : layouts_(std::move(layouts)), forms_(forms) {}
     ~QtWindowSystem() override;
 
+    /// Brings the window that the operator works with to the front, also from the task bar.
+    void toFront() const;
 
     void open(Form& form) override;
     void show(Form& form) override;

@@ -13,6 +13,7 @@
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
+#include "store/company_claim.h"
 #include "store/data_lock.h"
 #include "store/row_count.h"
 #include "store/rows.h"
@@ -31,7 +32,15 @@ constexpr std::size_t kAreaLength = 5;
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kAssociationPlace = 3;
 
-/// A computer's own lock is left by a run that died, or belongs to a second run on it, and is taken over.
+/// A lock of this computer's that no run holds any more is left by one that died, and is taken over.
+bool takeLock(const std::string& userId, bool isLeft) {
+    if (!claimCompany(userId)) {
+        clearPair();
+        return false;
+    }
+    return (!isLeft || PF_DataUnlock(userId, kLockType, kLockNumber)) && PF_DataLock(userId, kLockType, kLockNumber);
+}
+
 bool lockCompany(const std::string& userId) {
     std::string holder;
     const std::int16_t state = PF_DataLockCheck(userId, kLockType, kLockNumber, holder);
@@ -42,16 +51,11 @@ bool lockCompany(const std::string& userId) {
             clearPair();
             return false;
         case kLockedHere:
-            if (!PF_DataUnlock(userId, kLockType, kLockNumber)) {
-                return false;
-            }
-            break;
         case kNotLocked:
-            break;
+            return takeLock(userId, gLockTakenOver);
         default:
             return false;
     }
-    return PF_DataLock(userId, kLockType, kLockNumber);
 }
 
 /// A string that is too short for the place becomes longer by it.
@@ -158,6 +162,7 @@ bool bas_Main_Companydata::PF_GetCompanyData(const std::string& userId) {
 }
 
 void bas_Main_Companydata::releaseAfterFailedStart(const std::string& userId) {
+    giveUpCompany(userId);
     if (gLockTakenOver) {
         return;
     }

@@ -8,6 +8,7 @@
 #include "platform/forms/form_host.h"
 #include "platform/machine/program_starter.h"
 #include "platform/services.h"
+#include "store/company_claim.h"
 #include "store/data_lock.h"
 #include "store/store_session.h"
 
@@ -20,6 +21,7 @@ bool releaseAndStartCaller() {
     if (!session.openFresh() || !PF_DataUnlock(tCustomerInfo.USER_ID, kLockType, kLockNumber)) {
         return false;
     }
+    giveUpCompany(tCustomerInfo.USER_ID);
     startCaller();
     return true;
 }

@@ -10,6 +10,7 @@
 #include "logging/trap.h"
 #include "pages/frame/page_lists.h"
 #include "pages/frame/page_start.h"
+#include "store/company_claim.h"
 #include "store/data_lock.h"
 #include "store/store_session.h"
 
@@ -37,6 +38,20 @@ bool staysByAnswer(const std::string& wish) {
 
 enum class Moved { Yes, Refused, Failed };
 
+/// A lock of this computer's that no run holds any more is left by one that died, and is taken over.
+Moved exchangeLock(const std::string& wish, bool isLeft) {
+    if (!claimCompany(wish)) {
+        return Moved::Refused;
+    }
+    const bool moved = (!isLeft || PF_DataUnlock(wish, kLockType, kLockNumber)) &&
+                       PF_DataUnlock(tCustomerInfo.USER_ID, kLockType, kLockNumber) &&
+                       PF_DataLock(wish, kLockType, kLockNumber);
+    if (wish != tCustomerInfo.USER_ID) {
+        giveUpCompany(moved ? tCustomerInfo.USER_ID : wish);
+    }
+    return moved ? Moved::Yes : Moved::Failed;
+}
+
 /// Looks at the lock of the new company, releases the old one, takes the new one; no transaction holds the three
 /// together.
 Moved moveLock(const std::string& wish) {
@@ -46,18 +61,12 @@ Moved moveLock(const std::string& wish) {
             tell("COS20003", {wish});
             return Moved::Refused;
         case kLockedHere:
-            if (!PF_DataUnlock(wish, kLockType, kLockNumber)) {
-                return Moved::Failed;
-            }
-            break;
+            return exchangeLock(wish, true);
         case kNotLocked:
-            break;
+            return exchangeLock(wish, false);
         default:
             return Moved::Failed;
     }
-    const bool moved =
-        PF_DataUnlock(tCustomerInfo.USER_ID, kLockType, kLockNumber) && PF_DataLock(wish, kLockType, kLockNumber);
-    return moved ? Moved::Yes : Moved::Failed;
 }
 
 /// The record keeps the key of the company that is locked now, so that leaving, or a new switch, releases it.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/machine/running_programs.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -30,6 +31,27 @@ TEST_F(Switch, MovesLockRecordAndPage) {
     EXPECT_EQ(store.open, 0);
     save();
     EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
+}
+
+struct SecondRun : RunningPrograms {
+    bool take(const std::string& name) override { return !name.ends_with(kOther); }
+    void leave(const std::string&) override {}
+};
+
+TEST_F(Switch, ACompanyOfASecondRunOnThisComputerIsLeftToIt) {
+    SecondRun second;
+    services().running = &second;
+    sql("insert into TBL_LOCK values ('000004602', 'COS', '99999999', 'DESK01', '20261125 09:00:00')");
+    startOn(0);
+    choose(kOther);
+    EXPECT_EQ(shownIds(), Texts{"COS20001"}) << "its window is answer enough";
+    EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
+    EXPECT_EQ(locks(), (Texts{"000004601 DESK01", "000004602 DESK01"}));
+    leave();
+    start("000004602,1,0");
+    EXPECT_TRUE(forms.forms().empty());
+    EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
+    services().running = nullptr;
 }
 
 TEST_F(Switch, TheOperatorMayStay) {

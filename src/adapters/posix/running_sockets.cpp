@@ -1,0 +1,68 @@
+#include "adapters/posix/running_sockets.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cstddef>
+
+namespace orv {
+namespace {
+
+constexpr int kMostWaiting = 4;
+
+struct Address {
+    sockaddr_un socket{.sun_family = AF_UNIX, .sun_path = {}};
+    socklen_t length = 0;
+
+    const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&socket); }
+};
+
+/// An address is short, and a name is whatever the command line says: so its hash stands for it. A zero byte in front
+/// means that there is no file.
+Address addressOf(const std::string& place, const std::string& name) {
+    const std::string text = "orv-" + std::to_string(::geteuid()) + "-" +
+                             std::to_string(std::hash<std::string>()(place)) + "-" +
+                             std::to_string(std::hash<std::string>()(name));
+    Address address;
+    text.copy(address.socket.sun_path + 1, sizeof address.socket.sun_path - 1);
+    address.length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+    return address;
+}
+
+Descriptor localSocket() { return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)); }
+
+/// Connecting is the whole message. It arrives also while the other run is busy.
+bool callTo(const Address& address) {
+    const Descriptor peer = localSocket();
+    if (!peer || ::connect(peer.number(), address.get(), address.length) != 0) {
+        return false;
+    }
+    ucred who{};
+    socklen_t size = sizeof who;
+    return ::getsockopt(peer.number(), SOL_SOCKET, SO_PEERCRED, &who, &size) == 0 && who.uid == ::geteuid();
+}
+
+}  // namespace
+
+bool RunningSockets::take(const std::string& name) {
+    const Address address = addressOf(place_, name);
+    if (held_.contains(name)) {
+        return true;
+    }
+    Descriptor listener = localSocket();
+    if (!listener || ::bind(listener.number(), address.get(), address.length) != 0) {
+        return !callTo(address);
+    }
+    ::listen(listener.number(), kMostWaiting);
+    const int number = listener.number();
+    auto watch = watch_(number, [this, number] {
+        const Descriptor caller(::accept4(number, nullptr, nullptr, SOCK_CLOEXEC));
+        if (caller) {
+            called_();
+        }
+    });
+    held_.insert_or_assign(name, Held{std::move(listener), std::move(watch)});
+    return true;
+}
+
+}  // namespace orv

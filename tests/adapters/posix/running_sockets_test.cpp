@@ -1,0 +1,47 @@
+#include "adapters/posix/running_sockets.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace orv {
+namespace {
+
+/// The watches of one run, and how often it was called.
+struct OneRun {
+    explicit OneRun(const std::string& place)
+        : names(
+              [this](int, std::function<void()> readable) {
+                  arrivals.push_back(std::move(readable));
+                  return std::shared_ptr<void>();
+              },
+              place, [this] { ++calls; }) {}
+
+    std::vector<std::function<void()>> arrivals;
+    int calls = 0;
+    RunningSockets names;
+};
+
+TEST(RunningSockets, AHeldNameCallsItsHolderAndIsFreeWhenTheHolderHasGone) {
+    const std::string place = "running-sockets-test-" + std::to_string(::getpid());
+    auto first = std::make_unique<OneRun>(place);
+    OneRun second(place);
+    OneRun elsewhere(place + "x");
+    EXPECT_TRUE(first->names.take("DESK-01/000004601"));
+    EXPECT_TRUE(first->names.take("DESK-01/000004601")) << "its own";
+    EXPECT_FALSE(second.names.take("DESK-01/000004601"));
+    first->arrivals.front()();
+    EXPECT_EQ(first->calls, 1);
+    EXPECT_TRUE(elsewhere.names.take("DESK-01/000004601"));
+    EXPECT_TRUE(second.names.take(std::string(1000, 'x')));
+
+    first->names.leave("DESK-01/000004601");
+    EXPECT_TRUE(second.names.take("DESK-01/000004601"));
+    second.names.leave("DESK-01/000004601");
+    EXPECT_TRUE(first->names.take("DESK-01/000004601"));
+    first.reset();
+    EXPECT_TRUE(second.names.take("DESK-01/000004601")) << "a run that has ended holds nothing";
+}
+
+}  // namespace
+}  // namespace orv
