@@ -40,6 +40,8 @@ struct PageForm : Form {
         btm_ChangePage[static_cast<std::size_t>(page)].setMarked(true);
     }
 
+    /// The page as its button names it.
+    std::string_view pageName() const { return kPageButtons[static_cast<std::size_t>(number)].caption; }
     /// The page as failure texts name it: "CompInp0".
     std::string tag() const { return "CompInp" + std::to_string(number); }
 

@@ -23,6 +23,7 @@ bool listingMember() {
 }  // namespace
 
 void showTitle(PageForm& form) {
+    form.setCaption(tCustomerInfo.USER_ID + " " + tCustomerInfo.COMPANY_NAME + " - " + std::string(form.pageName()));
     const std::string title = tCustomerInfo.COMPANY_NAME + "　" + tCustomerInfo.OFFICE_NAME;
     form.lbl_TitleCompany.setCaption(title);
     form.lbl_TitleCompany.setFontSize(toCharacters(title).size() > kLongTitle ? kLongTitleFont : kTitleFont);

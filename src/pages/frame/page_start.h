@@ -8,7 +8,7 @@ namespace orv {
 /// ready. False: the pair tells why.
 [[nodiscard]] bool startPage(PageForm& form);
 
-/// The company in the page's title, and whether it is a member of the listing service.
+/// The company in the window's and the page's title, and whether it is a member of the listing service.
 void showTitle(PageForm& form);
 
 }  // namespace orv

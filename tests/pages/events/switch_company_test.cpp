@@ -25,6 +25,7 @@ TEST_F(Switch, MovesLockRecordAndPage) {
     EXPECT_EQ(form().txt_Company_Name.text(), "㈲さくら見本管理");
     EXPECT_EQ(form().txt_Pc_Office_Name.text(), "管理センター");
     EXPECT_EQ(form().lbl_TitleCompany.caption(), "㈲さくら見本管理　");
+    EXPECT_EQ(form().caption(), "000004602 ㈲さくら見本管理 - 会社情報");
     EXPECT_FALSE(gSaved);
     EXPECT_EQ(info("COMPANY_NAME"), "あおぞら架空不動産㈱");
     EXPECT_EQ(log(), "");
