@@ -14,9 +14,9 @@ struct frm_ImgCommon : Form {
     frm_ImgCommon();
 
     // clang-format off
-    Label lbl_ImgCommonTitle{*this, "lbl_ImgCommonTitle", {.caption = "以下の登録画像を保存します。よろしければ確定ボタンを押してください。", .look = LabelLook::Panel}};
-    Label lbl_BeforImg{*this, "lbl_BeforImg", {.look = LabelLook::Panel}};
-    Label lbl_AfterImg{*this, "lbl_AfterImg", {.look = LabelLook::Panel}};
+    Label lbl_ImgCommonTitle{*this, "lbl_ImgCommonTitle", {.caption = "以下の登録画像を保存します。よろしければ確定ボタンを押してください。"}};
+    Label lbl_BeforImg{*this, "lbl_BeforImg", {}};
+    Label lbl_AfterImg{*this, "lbl_AfterImg", {}};
     ImageControl pic_Info{*this, "pic_Info", {.width = 640, .height = 494, .spokenName = "登録画像"}};
     Button cmd_Entry{*this, "cmd_Entry", {.caption = "確定", .look = ButtonLook::Action}};
     Button cmd_Cancel{*this, "cmd_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};

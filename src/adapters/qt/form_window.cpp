@@ -14,6 +14,7 @@
 #include "adapters/qt/canvas_painter.h"
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/views/qt_text.h"
+#include "adapters/qt/views/text_lift.h"
 
 namespace orv {
 namespace {
@@ -345,6 +346,7 @@ void FormWindow::paintEvent(QPaintEvent*) {
 void FormWindow::paintCaptions(QPainter& painter) const {
     painter.setFont(scale_.font(kCaptionFont));
     painter.setPen(Qt::black);
+    painter.translate(0, -textLift(painter.font()));
     for (const Seat& seat : seats_) {
         if (!seat.view->control().visible()) {
             continue;

@@ -33,9 +33,9 @@ struct frm_ChangePassword : Form {
     bool refused = false;
 
     // clang-format off
-    Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード", .look = LabelLook::Panel}};
-    Label lbl_New_Password{*this, "lbl_New_Password", {.caption = "新しいパスワード", .look = LabelLook::Panel}};
-    Label lbl_New_Password_Try{*this, "lbl_New_Password_Try", {.caption = "新しいパスワードの確認入力", .look = LabelLook::Panel}};
+    Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード"}};
+    Label lbl_New_Password{*this, "lbl_New_Password", {.caption = "新しいパスワード"}};
+    Label lbl_New_Password_Try{*this, "lbl_New_Password_Try", {.caption = "新しいパスワードの確認入力"}};
     ControlArray<TextInput, 3> txt_Password{*this, "txt_Password", kPasswordFields};
     Button btm_Entry{*this, "btm_Entry", {.caption = "確定", .look = ButtonLook::Action}};
     Button btm_Cancel{*this, "btm_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};

@@ -45,7 +45,7 @@ struct frm_CompInp2 : PageForm {
     ControlArray<TextInput, 2> txt_PhotoFilePath{*this, "txt_PhotoFilePath", std::array<TextDesign, 2>{{{.visible = false}, {.visible = false}}}};
     ControlArray<Button, 2> btm_PhotoSelect{*this, "btm_PhotoSelect", std::array<ButtonDesign, 2>{{{.caption = "選択", .tabRank = kTabPhoto1}, {.caption = "選択", .tabRank = kTabPhoto2}}}};
     ControlArray<Button, 2> btm_PhotoDel{*this, "btm_PhotoDel", std::array<ButtonDesign, 2>{{{.caption = "解除", .tabRank = kTabPhoto1}, {.caption = "解除", .tabRank = kTabPhoto2}}}};
-    Label lbl_ImgMsg{*this, "lbl_ImgMsg", {.caption = "画像の登録は、承認手続きが終了するまで行えません。", .look = LabelLook::Panel}};
+    Label lbl_ImgMsg{*this, "lbl_ImgMsg", {.caption = "画像の登録は、承認手続きが終了するまで行えません。"}};
     /// Where a picture is fitted; never seen.
     ImageControl pic_LeadTmp{*this, "pic_LeadTmp", {.visible = false}};
     // clang-format on

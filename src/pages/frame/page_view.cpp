@@ -23,6 +23,8 @@ struct Bar {
 constexpr int kToTheRight = -10;
 constexpr int kTopBand = 55;
 constexpr int kBottomBand = 40;
+constexpr int kLegendRise = 26;
+constexpr Point kLegendBox{16, 12};
 constexpr int kHeadingSize = 9;
 constexpr int kTitleSize = 15;
 
@@ -87,7 +89,16 @@ void drawBar(Form& form, const Bar& bar) {
     }
 }
 
-bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> bars) {
+/// In the band below, on pages that have required fields.
+void drawLegend(Form& form) {
+    const int top = form.scaleHeight() - kLegendRise;
+    fill(form, {126, top}, {126 + kLegendBox.x, top + kLegendBox.y}, kRequiredField);
+    write(form, {146, top}, "の欄は入力が必要です", kHeadingSize);
+}
+
+enum class Legend { No, Yes };
+
+bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> bars, Legend legend) {
     return trapped(label, [&] {
         const int width = form.scaleWidth();
         const int height = form.scaleHeight();
@@ -97,6 +108,9 @@ bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> ba
         for (const Bar& bar : bars) {
             drawBar(form, bar);
         }
+        if (legend == Legend::Yes) {
+            drawLegend(form);
+        }
         write(form, {126, 5}, "設定/お客様情報", kTitleSize);
         return true;
     });
@@ -104,11 +118,11 @@ bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> ba
 
 }  // namespace
 
-bool P_MakeComp0View(frm_CompInp0& form) { return P_MakeCompNView("[ P_MakeComp0View ] ", form, kBars0); }
-bool P_MakeComp1View(frm_CompInp1& form) { return P_MakeCompNView("[ P_MakeComp1View ] ", form, kBars1); }
-bool P_MakeComp2View(frm_CompInp2& form) { return P_MakeCompNView("[ P_MakeComp2View ] ", form, kBars2); }
-bool P_MakeComp3View(frm_CompInp3& form) { return P_MakeCompNView("[ P_MakeComp3View ] ", form, kBars3); }
-bool P_MakeComp4View(frm_CompInp4& form) { return P_MakeCompNView("[ P_MakeComp4View ] ", form, kBars4); }
+bool P_MakeComp0View(frm_CompInp0& form) { return P_MakeCompNView("[ P_MakeComp0View ] ", form, kBars0, Legend::Yes); }
+bool P_MakeComp1View(frm_CompInp1& form) { return P_MakeCompNView("[ P_MakeComp1View ] ", form, kBars1, Legend::Yes); }
+bool P_MakeComp2View(frm_CompInp2& form) { return P_MakeCompNView("[ P_MakeComp2View ] ", form, kBars2, Legend::Yes); }
+bool P_MakeComp3View(frm_CompInp3& form) { return P_MakeCompNView("[ P_MakeComp3View ] ", form, kBars3, Legend::No); }
+bool P_MakeComp4View(frm_CompInp4& form) { return P_MakeCompNView("[ P_MakeComp4View ] ", form, kBars4, Legend::No); }
 
 bool makeViewOf(int pageNumber) {
     constexpr std::array<bool (*)(), kPageCount> kRoutines{

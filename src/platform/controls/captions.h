@@ -19,7 +19,7 @@ struct LabelDesign {
     std::string_view spokenName = {};
 };
 
-/// A text that the operator reads. A panel label has a sunken box, a title stands on a band.
+/// A text that the operator reads. A panel has a flat box around a value that can't be entered, a title is on a band.
 class Label : public Control {
 public:
     Label(ControlOwner& owner, std::string_view name, const LabelDesign& design, int index = -1);

@@ -1,7 +1,9 @@
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 #include "adapters/qt/views/qt_text.h"
+#include "adapters/qt/views/text_lift.h"
 #include "adapters/qt/views/views.h"
 
 namespace orv {
@@ -12,7 +14,24 @@ constexpr Colour kPageButton{0xfff6f6};
 constexpr Colour kActionButton{0xe8f4ff};
 constexpr Colour kWhite{0xffffff};
 constexpr Colour kBlack{0x000000};
+constexpr Colour kValueEdge{0xc4b8b8};
 constexpr int kButtonFont = 9;
+
+/// A flat box in the colour of the ground: nobody takes it for a field.
+class ValueLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+        painter.setPen(toQt(kValueEdge));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.end();
+        QLabel::paintEvent(event);
+    }
+};
 
 class LabelView : public ControlView {
 public:
@@ -22,9 +41,6 @@ public:
         label_.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         const LabelLook look = control.labelDesign().look;
         if (look == LabelLook::Panel) {
-            label_.setFrameStyle(QFrame::Panel | QFrame::Sunken);
-            label_.setAutoFillBackground(true);
-            label_.setBackgroundRole(QPalette::Base);
             label_.setMargin(scale.length(2));
         } else if (look == LabelLook::Title) {
             QPalette palette = label_.palette();
@@ -36,6 +52,7 @@ public:
 private:
     void show() override {
         label_.setFont(scale_.font(caption_.fontSize(), caption_.labelDesign().look == LabelLook::Title));
+        label_.setContentsMargins(0, 0, 0, 2 * textLift(label_.font()));
         const QString text = toQt(caption_.caption());
         const QString spoken = toQt(caption_.labelDesign().spokenName);
         label_.setText(text);
@@ -93,7 +110,8 @@ private:
 }  // namespace
 
 std::unique_ptr<ControlView> makeLabelView(Label& control, QWidget* page, const PageScale& scale) {
-    return std::make_unique<LabelView>(control, new QLabel(page), scale);
+    const bool isPanel = control.labelDesign().look == LabelLook::Panel;
+    return std::make_unique<LabelView>(control, isPanel ? new ValueLabel(page) : new QLabel(page), scale);
 }
 
 std::unique_ptr<ControlView> makeButtonView(Button& control, QWidget* page, const PageScale& scale) {

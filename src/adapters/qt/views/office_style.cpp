@@ -4,6 +4,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+#include "adapters/qt/views/text_lift.h"
+
 namespace orv {
 
 OfficeStyle::OfficeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -46,8 +48,12 @@ void OfficeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
 
 /// A tick box is coloured as a whole, and so takes a click anywhere and not on its words only.
 QRect OfficeStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
-    return element == SE_CheckBoxClickRect && option != nullptr ? option->rect
-                                                                : QProxyStyle::subElementRect(element, option, widget);
+    if (element == SE_CheckBoxClickRect && option != nullptr) {
+        return option->rect;
+    }
+    const QRect plain = QProxyStyle::subElementRect(element, option, widget);
+    const bool field = element == SE_LineEditContents && widget != nullptr;
+    return field ? plain.translated(0, -textLift(widget->font())) : plain;
 }
 
 int OfficeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
