@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QMimeData>
+#include <QToolTip>
 #include <map>
 
 #include "adapters/qt/qt_test.h"
@@ -108,6 +109,24 @@ TEST_F(EntryTest, WhatTheSystemSetsIsNotLimited) {
     EXPECT_EQ(page.code.text(), longText);
     page.secret.setText("abc");
     EXPECT_EQ(lineOf(page.secret)->displayText(), "***");
+}
+
+TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
+    const std::vector<std::tuple<const Control*, const char*, QString>> cases{
+        {&page.code, "x", "半角の数字で入力してください。"},
+        {&page.name, "漢字漢字漢字", "全角5文字（10バイト）までです。"},
+        {&page.year, "10000", "1～9999の数を入力してください。"},
+    };
+    for (const auto& [control, entered, advice] : cases) {
+        QLineEdit* line = enter(*control);
+        byPasting(*line, entered);
+        if (control == &page.year) {
+            QTest::keyClick(line, Qt::Key_Tab);
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::isVisible() && QToolTip::text() == advice; })) << entered;
+        QTest::keyClick(line, Qt::Key_Home);
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << entered;
+    }
 }
 
 /// With the focus a number has another format than without, and it is taken when the field is left.

@@ -4,6 +4,7 @@
 #include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/image_control.h"
+#include "platform/controls/input_advice.h"
 #include "platform/controls/input_rules.h"
 #include "platform/controls/number_format.h"
 #include "platform/controls/number_input.h"
@@ -53,23 +54,28 @@ struct EntryRow {
     std::string kept;
     std::string entered;
     std::string admitted;
+    std::string advice = {};
 };
 
 TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
-    const std::array<EntryRow, 8> rows{{
+    const std::array<EntryRow, 11> rows{{
         {{}, "", "何でもabcｱ ''", "何でもabcｱ ''"},
         {{}, "", "line\r\nbreak\tand\x7f", "linebreakand"},
-        {{.limit = characters(4)}, "あいうえお", "か", ""},
-        {{.limit = bytes(5)}, "a", "あいう", "あい"},
-        {{.limit = bytes(5)}, "", "ｱｲｳｴｵｶ", "ｱｲｳｴｵ"},
+        {{.limit = characters(4)}, "あいうえお", "か", "", "4文字までです。"},
+        {{.limit = bytes(5)}, "a", "あいう", "あい", "全角2文字（5バイト）までです。"},
+        {{.limit = bytes(5)}, "", "ｱｲｳｴｵｶ", "ｱｲｳｴｵ", "全角2文字（5バイト）までです。"},
         // One character that the code page lacks counts as the one "?" that it is written as.
-        {{.limit = bytes(3)}, "", "😀あb", "😀あ"},
+        {{.limit = bytes(3)}, "", "😀あb", "😀あ", "全角1文字（3バイト）までです。"},
         // A refused character takes no room.
-        {{.mask = "9", .limit = characters(2)}, "", "a1b2c3", "12"},
+        {{.mask = "9", .limit = characters(2)}, "", "a1b2c3", "12", "半角の数字で入力してください。"},
         {{.limit = bytes(4), .ime = Ime::FullKatakana}, "", "ﾊﾟﾊﾟ", "パパ"},
+        {{.mask = "Ｋ"}, "", "ア漢", "ア", "カタカナで入力してください。"},
+        {{.mask = "aA9#@"}, "", "a@漢", "a@", "半角の英数字と記号で入力してください。"},
+        {{.refuse = "K"}, "", "山ｱ", "山", "半角カタカナは使えません。"},
     }};
     for (const EntryRow& row : rows) {
         EXPECT_EQ(admit(row.design, row.kept, row.entered), row.admitted) << row.entered;
+        EXPECT_EQ(refusalAdvice(row.design, row.kept, row.entered), row.advice) << row.entered;
     }
 }
 

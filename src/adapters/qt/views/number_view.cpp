@@ -1,9 +1,11 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "adapters/qt/views/advice_bubble.h"
 #include "adapters/qt/views/entry_field.h"
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
+#include "platform/controls/input_advice.h"
 #include "platform/controls/input_rules.h"
 
 namespace orv {
@@ -45,10 +47,14 @@ protected:
 class NumberView : public ControlView {
 public:
     NumberView(NumberInput& control, NumberField* field)
-        : ControlView(control, field), number_(control), field_(*field) {
+        : ControlView(control, field),
+          number_(control),
+          field_(*field),
+          range_(toQt(rangeAdvice(control.numberDesign()))),
+          advice_(*new AdviceBubble(*field, range_)) {
         field_.setAlignment(Qt::AlignRight);
         field_.setAttribute(Qt::WA_InputMethodEnabled, false);
-        field_.admitBy([](const QString&, const QString& offered) { return numberSigns(offered); });
+        field_.admitBy([this](const QString&, const QString& offered) { return signsOf(offered); });
         field_.count = [this](int step) { countBy(step); };
         field_.focus = [this] { follow(); };
     }
@@ -82,8 +88,18 @@ private:
 
     /// Taken or refused, the field shows the value that stands then.
     void take(const QString& text) {
-        [[maybe_unused]] const bool taken = number_.typed(text.toStdString());
+        if (!number_.typed(text.toStdString())) {
+            advice_.refuseLater(range_);
+        }
         showValue();
+    }
+
+    QString signsOf(const QString& offered) {
+        QString signs = numberSigns(offered);
+        if (signs.size() != offered.size()) {
+            advice_.refuse(range_);
+        }
+        return signs;
     }
 
     void countBy(int step) {
@@ -96,6 +112,8 @@ private:
     NumberInput& number_;
     NumberField& field_;
     Value known_;
+    QString range_;
+    AdviceBubble& advice_;
 };
 
 }  // namespace

@@ -1,6 +1,8 @@
+#include "adapters/qt/views/advice_bubble.h"
 #include "adapters/qt/views/entry_field.h"
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
+#include "platform/controls/input_advice.h"
 #include "platform/controls/input_rules.h"
 
 namespace orv {
@@ -8,14 +10,18 @@ namespace {
 
 class TextView : public ControlView {
 public:
-    TextView(TextInput& control, EntryField* field) : ControlView(control, field), text_(control), field_(*field) {
+    TextView(TextInput& control, EntryField* field)
+        : ControlView(control, field),
+          text_(control),
+          field_(*field),
+          advice_(*new AdviceBubble(*field, toQt(limitAdvice(control.textDesign())))) {
         const TextDesign& design = control.textDesign();
         if (design.password) {
             field_.setEchoMode(QLineEdit::Password);
         }
         field_.setAttribute(Qt::WA_InputMethodEnabled, design.ime != Ime::Disabled && !design.password);
         field_.admitBy([this](const QString& kept, const QString& offered) {
-            return released() ? QString() : toQt(admit(text_.textDesign(), kept.toStdString(), offered.toStdString()));
+            return released() ? QString() : taken(kept, offered);
         });
         connect(&field_, &QLineEdit::textChanged, this,
                 [this](const QString& now) { text_.setText(now.toStdString()); });
@@ -36,8 +42,15 @@ private:
         }
     }
 
+    QString taken(const QString& kept, const QString& offered) {
+        const TextDesign& design = text_.textDesign();
+        advice_.refuse(toQt(refusalAdvice(design, kept.toStdString(), offered.toStdString())));
+        return toQt(admit(design, kept.toStdString(), offered.toStdString()));
+    }
+
     TextInput& text_;
     EntryField& field_;
+    AdviceBubble& advice_;
 };
 
 }  // namespace

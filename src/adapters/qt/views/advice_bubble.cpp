@@ -1,0 +1,51 @@
+#include "adapters/qt/views/advice_bubble.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QTimer>
+#include <QToolTip>
+#include <utility>
+
+namespace orv {
+namespace {
+
+constexpr int kShownFor = 15'000;  // milliseconds
+
+}  // namespace
+
+AdviceBubble::AdviceBubble(QLineEdit& field, QString limit) : QObject(&field), field_(field), limit_(std::move(limit)) {
+    field_.installEventFilter(this);
+}
+
+void AdviceBubble::refuse(const QString& why) {
+    if (why.isEmpty()) {
+        return;
+    }
+    QApplication::beep();
+    field_.setAccessibleDescription(why);
+    QToolTip::showText(field_.mapToGlobal(QPoint(0, field_.height() / 2)), why, &field_, {}, kShownFor);
+}
+
+void AdviceBubble::refuseLater(const QString& why) {
+    QTimer::singleShot(0, this, [this, why] { refuse(why); });
+}
+
+bool AdviceBubble::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        QToolTip::hideText();
+    }
+    if (event->type() != QEvent::ToolTip) {
+        return false;
+    }
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip(), &field_);
+    return true;
+}
+
+QString AdviceBubble::tip() const {
+    const bool whole = field_.fontMetrics().horizontalAdvance(field_.displayText()) < field_.width();
+    const QStringList lines{whole ? QString() : field_.displayText(), limit_};
+    return lines.join(u'\n').trimmed();
+}
+
+}  // namespace orv
