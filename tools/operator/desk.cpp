@@ -176,7 +176,7 @@ bool Terminal::waitForForm(const std::string& form, const std::string& title, bo
 
 bool Terminal::waitForPage(int number, bool enabled) {
     const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
-    return waitForForm("frm_CompInp" + std::to_string(number), ".* - " + button, enabled);
+    return waitForForm("frm_CompInp" + std::to_string(number), ".* - " + button + "\\*?", enabled);
 }
 
 bool Terminal::waitForPasswordDialog() { return waitForForm("frm_ChangePassword", "パスワード変更"); }

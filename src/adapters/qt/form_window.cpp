@@ -189,7 +189,10 @@ void FormWindow::orderTabs() {
 
 /// The role names the form and says if it takes no input, for whatever works the window from outside.
 void FormWindow::refresh() {
-    setWindowTitle(toQt(form_.caption()));
+    // "[*]" is where the toolkit puts the mark; twice, it stands for itself.
+    setWindowTitle(toQt(form_.caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")) +
+                   QStringLiteral("[*]"));
+    setWindowModified(form_.hasUnsavedChanges());
     if (form_.enabled() && gate_) {
         openGate();
     } else if (!form_.enabled() && !gate_) {

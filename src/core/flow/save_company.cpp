@@ -139,6 +139,7 @@ bool writeAnswer(SaveRun& run) {
     }
     workingCopiesAgain();
     gSaved = true;
+    PageForm::unsaved = false;
     return true;
 }
 

@@ -61,6 +61,7 @@ bool load() {
 
 bool begin(const std::string& tail) {
     readArgument(tail);
+    PageForm::unsaved = false;
     return load() && showFirstPage();
 }
 

@@ -45,6 +45,16 @@ struct PageForm : Form {
     /// The page as failure texts name it: "CompInp0".
     std::string tag() const { return "CompInp" + std::to_string(number); }
 
+    void contentChanged(const Control& control) override {
+        if (ready && !unsaved && &control != &cbo_User_Id) {
+            unsaved = true;
+            setCaption(caption());
+        }
+    }
+    bool hasUnsavedChanges() const override { return unsaved; }
+
+    /// An input of a page has changed since the company was loaded or completely saved.
+    static inline bool unsaved = false;
     const int number;
     /// The lists and the fill have worked. A page that is not ready hands nothing to the record, and a save on it
     /// reports `failure`, which says why it is not.

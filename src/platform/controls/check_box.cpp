@@ -22,7 +22,7 @@ void CheckBox::setValue(int value) {
         return;
     }
     value_ = value;
-    changed();
+    contentChanged();
     onClick.raise();
 }
 

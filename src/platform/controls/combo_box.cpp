@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/run_time_error.h"
 
@@ -69,8 +70,8 @@ void ComboBox::setText(const std::string& text) {
 }
 
 void ComboBox::choose(int index) {
-    listIndex_ = index;
-    changed();
+    const bool differs = index != std::exchange(listIndex_, index);
+    differs ? contentChanged() : changed();
     if (enabled()) {
         onClick.raise();
     }

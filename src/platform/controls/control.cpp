@@ -49,6 +49,11 @@ void Control::changed() const {
     }
 }
 
+void Control::contentChanged() const {
+    owner_.contentChanged(*this);
+    changed();
+}
+
 void Control::design(std::optional<Colour> back, bool enabled, bool visible) {
     backColour_ = back;
     enabled_ = enabled;

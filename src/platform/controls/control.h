@@ -38,6 +38,8 @@ public:
     /// Moves the focus to the next control that can have it, as Tab does.
     virtual void focusNext() = 0;
     virtual bool ownerEnabled() const = 0;
+    /// The value of an input has changed, by hand or by code.
+    virtual void contentChanged(const Control& /*control*/) {}
 };
 
 /// The common part of everything that stands on a form: state that the system reads and writes, and events.
@@ -100,6 +102,8 @@ public:
 
 protected:
     void changed() const;
+    /// The same for an input's value.
+    void contentChanged() const;
     void setTabRank(int rank) { tabRank_ = rank; }
     void design(std::optional<Colour> back, bool enabled, bool visible);
 

@@ -35,7 +35,7 @@ void NumberInput::setText(const std::string& text) {
     }
     const bool differs = !(next == value_);
     value_ = next;
-    changed();
+    differs ? contentChanged() : changed();
     if (differs) {
         onChange.raise();
     }

@@ -15,7 +15,7 @@ void TextInput::setText(std::string text) {
         return;
     }
     text_ = std::move(text);
-    changed();
+    contentChanged();
     onChange.raise();
 }
 

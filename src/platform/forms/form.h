@@ -63,6 +63,8 @@ public:
     void giveFocus(Control& control) override;
     void focusNext() override;
     bool ownerEnabled() const override { return enabled_; }
+    /// The window's title is marked.
+    virtual bool hasUnsavedChanges() const { return false; }
 
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
     /// Called by `enableLater`; the view calls `setEnabled` from its event loop if the form is still enabled then.

@@ -18,8 +18,13 @@ protected:
 TEST_F(Switch, MovesLockRecordAndPage) {
     startOn(0);
     gSaved = true;
+    EXPECT_FALSE(form().hasUnsavedChanges());
     form().txt_Company_Name.setText("捨てられる");
+    turnTo(1);
+    EXPECT_TRUE(screen().hasUnsavedChanges()) << "also of a page that has been left";
+    turnTo(0);
     choose(kOther);
+    EXPECT_FALSE(form().hasUnsavedChanges());
     expectShown("COS20001", {});
     EXPECT_EQ(locks(), Texts{"000004602 DESK01"});
     EXPECT_EQ(form().txt_Company_Name.text(), "㈲さくら見本管理");
@@ -30,7 +35,10 @@ TEST_F(Switch, MovesLockRecordAndPage) {
     EXPECT_EQ(info("COMPANY_NAME"), "あおぞら架空不動産㈱");
     EXPECT_EQ(log(), "");
     EXPECT_EQ(store.open, 0);
+    form().txt_Tanto_Name.setText("変更　太郎");
+    EXPECT_TRUE(form().hasUnsavedChanges());
     save();
+    EXPECT_FALSE(form().hasUnsavedChanges());
     EXPECT_EQ(info("COMPANY_NAME", kOther), "㈲さくら見本管理");
 }
 
