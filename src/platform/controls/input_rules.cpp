@@ -93,6 +93,28 @@ bool admitted(const TextDesign& design, char32_t character) {
     return !maskHolds(design.refuse, character);
 }
 
+// The signs that input methods give for the key of the hyphen, and the dashes of other texts.
+constexpr std::u32string_view kHyphens = U"\u2010\u2011\u2012\u2013\u2014\u2015\u2212ーｰ";
+
+char32_t halfWidthOf(char32_t character) {
+    if (kHyphens.find(character) != std::u32string_view::npos) {
+        return U'-';
+    }
+    if (character >= 0xFF01 && character <= 0xFF5E) {
+        return character - kWideToNarrow;
+    }
+    return character == 0x3000 ? U' ' : character;
+}
+
+/// The character as the field takes it, in half width if the mask admits only that; 0 if it is refused.
+char32_t takenForm(const TextDesign& design, char32_t character) {
+    if (admitted(design, character)) {
+        return character;
+    }
+    const char32_t narrow = halfWidthOf(character);
+    return !design.mask.empty() && admitted(design, narrow) ? narrow : 0;
+}
+
 std::size_t lengthOf(const Limit& limit, const std::u32string& characters) {
     return limit.unit == Limit::Unit::CodePageBytes ? services().codePage->encode(toUtf8(characters)).size()
                                                     : characters.size();
@@ -122,8 +144,11 @@ std::string admit(const TextDesign& design, const std::string& kept, const std::
     const std::u32string offered =
         toCharacters(design.ime == Ime::FullKatakana ? toFullKatakana(committed) : committed);
     std::u32string taken;
-    std::copy_if(offered.begin(), offered.end(), std::back_inserter(taken),
-                 [&design](char32_t character) { return admitted(design, character); });
+    for (const char32_t character : offered) {
+        if (const char32_t form = takenForm(design, character)) {
+            taken += form;
+        }
+    }
     if (design.limit.unit == Limit::Unit::None) {
         return toUtf8(taken);
     }
@@ -160,16 +185,8 @@ std::string toFullKatakana(std::string_view text) {
 }
 
 std::string toHalfWidth(std::string_view text) {
-    std::u32string result;
-    for (const char32_t character : toCharacters(text)) {
-        if (character >= 0xFF01 && character <= 0xFF5E) {
-            result += character - kWideToNarrow;
-        } else if (character == 0x3000) {
-            result += U' ';
-        } else {
-            result += character;
-        }
-    }
+    std::u32string result = toCharacters(text);
+    std::transform(result.begin(), result.end(), result.begin(), halfWidthOf);
     return toUtf8(result);
 }
 

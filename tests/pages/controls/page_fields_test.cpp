@@ -14,7 +14,7 @@ protected:
     ~PageFields() override { dropPages(); }
 };
 
-// Characters of every kind: what is left of them shows the field's mask.
+// Characters of every kind: what is left of them shows the field's mask. Full-width ones count where half width does.
 constexpr const char* kAllKinds = "5bC-ｱ５ｂＣ－ア漢";
 
 TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
@@ -30,15 +30,15 @@ TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
              // Half-width katakana arrive in full width.
              Case{0, "txt_Company_Kana", "ア５ｂＣ－ア"},
              Case{0, "txt_Daihyo_Name_Kana", "ア５ｂＣ－ア"},
-             Case{0, "txt_Post_Code", "5-"},
+             Case{0, "txt_Post_Code", "5-5-"},
              Case{0, "txt_Address", kAllKinds},
              Case{0, "txt_Pc_Address", "5bC-５ｂＣ－ア漢"},
-             Case{0, "txt_Address_number", "5"},
+             Case{0, "txt_Address_number", "55"},
              Case{0, "txt_Tel_No1", "03-1234(5678)", "03-1234(5678)a"},
              Case{0, "txt_Mail_Address", "a.B-9@.jp", "a.B-9@ｱ例.jp "},
-             Case{1, "txt_License_No_Go", "5"},
+             Case{1, "txt_License_No_Go", "55"},
              Case{1, "txt_Other_Dantai_Name", kAllKinds},
-             Case{2, "txt_Walk_Minutes", "5"},
+             Case{2, "txt_Walk_Minutes", "55"},
              Case{2, "txt_Bus_Route", kAllKinds},
              Case{2, "txt_Company_URL", "http://a-B.jp/~x?y=1", "http://a-B.jp/~x?y=1 漢"},
          }) {

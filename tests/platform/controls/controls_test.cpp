@@ -58,7 +58,7 @@ struct EntryRow {
 };
 
 TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
-    const std::array<EntryRow, 11> rows{{
+    const std::array<EntryRow, 14> rows{{
         {{}, "", "何でもabcｱ ''", "何でもabcｱ ''"},
         {{}, "", "line\r\nbreak\tand\x7f", "linebreakand"},
         {{.limit = characters(4)}, "あいうえお", "か", "", "4文字までです。"},
@@ -72,6 +72,9 @@ TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
         {{.mask = "Ｋ"}, "", "ア漢", "ア", "カタカナで入力してください。"},
         {{.mask = "aA9#@"}, "", "a@漢", "a@", "半角の英数字と記号で入力してください。"},
         {{.refuse = "K"}, "", "山ｱ", "山", "半角カタカナは使えません。"},
+        {{.mask = "#", .limit = characters(12)}, "", "０３－１２３４ー５６７８", "03-1234-5678"},
+        {{.mask = "9"}, "", "１－２ー３", "123", "半角の数字で入力してください。"},
+        {{.mask = "ＫＡａ＠＃"}, "", "ａー－1", "ａー－"},
     }};
     for (const EntryRow& row : rows) {
         EXPECT_EQ(admit(row.design, row.kept, row.entered), row.admitted) << row.entered;
