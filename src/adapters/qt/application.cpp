@@ -48,6 +48,16 @@ QFont japaneseFont() {
     return QFont(QStringLiteral("sans-serif"));
 }
 
+/// A click is handled at once, a key only when the input method has answered, and by then another field may have the
+/// focus. So the input method's plug-ins are told to wait for the answer.
+void keepKeysAndClicksInOrder() {
+    for (const char* plugIn : {"FCITX_QT_USE_SYNC", "IBUS_ENABLE_SYNC_MODE"}) {
+        if (!qEnvironmentVariableIsSet(plugIn)) {
+            qputenv(plugIn, "1");
+        }
+    }
+}
+
 /// Without a display the toolkit would abort with a text of its own. So it may fall back to showing nothing, which is
 /// told apart here and said where it can be read.
 std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
@@ -91,6 +101,7 @@ Application::Application(const char* programName) : name_(programName), argument
     // The toolkit asks for the machine's fonts once the display is connected. Each takes a while, so they go on at
     // once.
     const std::jthread fonts([] { FcInit(); });
+    keepKeysAndClicksInOrder();
     application_ = makeToolkit(count_, arguments_);
     words_ = japaneseWords();
     useOwnIcons();

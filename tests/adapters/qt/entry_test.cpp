@@ -54,12 +54,9 @@ TEST_F(EntryTest, EveryWayOfEnteringIsMaskedAndCut) {
         const char* after;
     };
     const std::vector<Case> cases{
-        {page.code, "", "1a2-34", "1234"},
-        {page.name, "", "山ｱ田ｲ", "山田"},
-        {page.name, "", "あいうえおか", "あいうえお"},
-        {page.name, "a", "あいうえお", "aあいうえ"},
-        {page.kana, "", "やまがAー", "ヤマガー"},
-        {page.open, "", "甲\n乙\t丙", "甲乙丙"},
+        {page.code, "", "1a２-3４", "1234"},           {page.name, "", "山ｱ田ｲ", "山田"},
+        {page.name, "", "あいうえおか", "あいうえお"}, {page.name, "a", "あいうえお", "aあいうえ"},
+        {page.kana, "", "やまがAー", "ヤマガー"},      {page.open, "", "甲\n乙\t丙", "甲乙丙"},
     };
     for (const auto& [wayName, way] : kWays) {
         for (const Case& row : cases) {
@@ -156,6 +153,73 @@ TEST_F(EntryTest, ANumberInItsTwoFormats) {
         EXPECT_EQ(c.input.text(), c.after);
         EXPECT_EQ(line->text(), toQt(c.read));
     }
+}
+
+TEST_F(EntryTest, ANumberTakesItsOpenComposition) {
+    page.year.setText("30");
+    QLineEdit* line = enter(page.year);
+    line->selectAll();
+    compose(*line, "１２");
+    QTest::keyClick(line, Qt::Key_Tab);
+    EXPECT_EQ(page.year.text(), "12");
+}
+
+TEST_F(EntryTest, InputMethodsAreToldWhereTheyCanCompose) {
+    const std::map<const Control*, bool> allowed{
+        {&page.code, false}, {&page.name, true}, {&page.secret, false}, {&page.year, false}};
+    for (const auto& [control, expected] : allowed) {
+        QInputMethodQueryEvent query(Qt::ImEnabled);
+        QApplication::sendEvent(widgetOf(*control), &query);
+        EXPECT_EQ(query.value(Qt::ImEnabled).toBool(), expected) << control->name();
+    }
+}
+
+TEST_F(EntryTest, ASelectedTextChangesOnlyWhenItsCompositionEnds) {
+    struct Case {
+        const char* commit;
+        const char* after;
+        int changes;
+    };
+    int changes = 0;
+    page.name.onChange = [&] { ++changes; };
+    for (const Case& row : {Case{"大阪", "大阪", 1}, {"ｵｵｻｶ", "東京", 0}, {"", "", 1}}) {
+        SCOPED_TRACE(row.commit);
+        page.name.setText("東京");
+        changes = 0;
+        QLineEdit* line = enter(page.name);
+        line->selectAll();
+        compose(*line, "おおさか");
+        EXPECT_EQ(page.name.text(), "東京");
+        page.name.setEnabled(true);
+        compose(*line, {}, row.commit);
+        EXPECT_EQ(page.name.text(), row.after);
+        EXPECT_EQ(line->text(), row.after);
+        EXPECT_EQ(changes, row.changes);
+    }
+}
+
+TEST_F(EntryTest, ACommitThatComesLateIsNotTakenTwice) {
+    compose(*enter(page.name), "かな");
+    QLineEdit* next = enter(page.open);
+    compose(*next, {}, "かな");
+    EXPECT_EQ(page.name.text() + "|" + page.open.text(), "かな|");
+    byComposing(*next, "かな");
+    compose(*next, {}, "!");
+    EXPECT_EQ(page.open.text(), "かな!");
+}
+
+TEST_F(EntryTest, KeysUndoAndOpenTheMenu) {
+    QLineEdit* line = enter(page.open);
+    byKeys(*line, "a");
+    QTest::keyClick(line, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(page.open.text(), "");
+    QTest::keyClick(line, Qt::Key_Y, Qt::ControlModifier);
+    line->selectAll();
+    compose(*line, {}, "\n");
+    EXPECT_EQ(page.open.text(), "a") << "a refused commit undoes nothing";
+    QTest::keyClick(line, Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <QMimeData>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace orv {
 namespace {
@@ -30,7 +31,34 @@ EntryField::EntryField(QWidget* page) : QLineEdit(page) {
     setMaxLength(std::numeric_limits<int>::max());
 }
 
+void EntryField::whenSettled(std::function<void()> settled) {
+    settled_ = std::move(settled);
+    connect(this, &QLineEdit::textChanged, this, [this] { settle(); });
+}
+
+void EntryField::settle() {
+    if (!composing() && settled_ && !signalsBlocked()) {
+        settled_();
+    }
+}
+
+/// The attribute alone is not enough: the line edit answers the query itself.
+void EntryField::allowInputMethod(bool allowed) {
+    allowed_ = allowed;
+    setAttribute(Qt::WA_InputMethodEnabled, allowed);
+}
+
+QVariant EntryField::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return query == Qt::ImEnabled && !allowed_ ? QVariant(false) : QLineEdit::inputMethodQuery(query);
+}
+
+void EntryField::show(const QString& text) {
+    endComposition({});
+    setText(text);
+}
+
 void EntryField::enter(const QString& offered) {
+    finishComposition();
     const QString admitted = admission_(textWithout(0, 0), offered);
     if (!admitted.isEmpty()) {
         insert(admitted);
@@ -50,6 +78,10 @@ QString EntryField::textWithout(int replacedFrom, int replacedLength) const {
 void EntryField::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) {
         enter(QGuiApplication::clipboard()->text());
+    } else if (event->keyCombination() == (Qt::CTRL | Qt::Key_Y)) {
+        redo();
+    } else if (event->keyCombination() == (Qt::SHIFT | Qt::Key_F10)) {
+        openMenu(mapToGlobal(inputMethodQuery(Qt::ImCursorRectangle).toRectF().toRect().bottomLeft()));
     } else if (typesText(*event)) {
         enter(event->text());
     } else {
@@ -57,34 +89,87 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// What is still being composed passes as it is; only what is committed is looked at.
+/// Preedit text passes unchanged; only committed text is checked. A composition whose commit is refused gives back the
+/// text that was selected when it began.
 void EntryField::inputMethodEvent(QInputMethodEvent* event) {
-    if (deaf_) {
+    if (deaf_ || isLateCommit(*event)) {
         return;
     }
     const int from = event->replacementStart();
     const int length = event->replacementLength();
+    const QString taken = admission_(textWithout(from, length), event->commitString());
     QInputMethodEvent admitted(event->preeditString(), event->attributes());
-    admitted.setCommitString(admission_(textWithout(from, length), event->commitString()), from, length);
+    admitted.setCommitString(taken, from, length);
+    const bool composed = composing();
+    replacing_ = taken.isEmpty() && (composed ? replacing_ : hasSelectedText());
+    if (composed) {
+        noteEnd(*event);
+    }
     preedit_ = event->preeditString();
     QLineEdit::inputMethodEvent(&admitted);
+    if (composing()) {
+        return;
+    }
+    if (composed && replacing_ && !event->commitString().isEmpty()) {
+        undo();
+    }
+    settle();
 }
 
-void EntryField::finishComposition() {
-    if (preedit_.isEmpty()) {
-        return;
+void EntryField::noteEnd(const QInputMethodEvent& event) {
+    if (event.commitString() == preedit_) {
+        ended_ = preedit_;
+    } else if (event.preeditString().isEmpty() && event.commitString().isEmpty()) {
+        forgetLater();
     }
-    QGuiApplication::inputMethod()->commit();
-    if (preedit_.isEmpty()) {
-        return;
-    }
-    QInputMethodEvent taken;
-    taken.setCommitString(preedit_);
-    QCoreApplication::sendEvent(this, &taken);
-    // An input method that commits when it is reset would enter the same text again.
+}
+
+/// A composition that has been given up is still known to the plug-in for ibus, which would commit it when the focus
+/// leaves.
+void EntryField::forgetLater() {
+    const auto forget = [this] {
+        if (hasFocus() && !composing()) {
+            resetInputMethod();
+        }
+    };
+    QMetaObject::invokeMethod(this, forget, Qt::QueuedConnection);
+}
+
+void EntryField::resetInputMethod() {
     deaf_ = true;
     QGuiApplication::inputMethod()->reset();
     deaf_ = false;
+}
+
+void EntryField::finishComposition() { endComposition(preedit_); }
+
+/// Resets the input method and puts `commit` in place of the preedit text. Input methods that commit when they are
+/// reset would enter the text again: at once, which is ignored, or late (`isLateCommit`).
+void EntryField::endComposition(const QString& commit) {
+    if (!composing()) {
+        return;
+    }
+    resetInputMethod();
+    QInputMethodEvent last;
+    last.setCommitString(commit);
+    const QString composed = preedit_;
+    inputMethodEvent(&last);
+    ended_ = composed;
+}
+
+/// True for the second commit of a composition, which follows a reset and reaches the field that has the focus by then.
+/// A commit of the operator's own comes after preedit text.
+bool EntryField::isLateCommit(const QInputMethodEvent& event) {
+    if (event.preeditString().isEmpty() && event.commitString().isEmpty()) {
+        return false;
+    }
+    const QString ended = std::exchange(ended_, {});
+    return event.preeditString().isEmpty() && event.commitString() == ended;
+}
+
+void EntryField::mousePressEvent(QMouseEvent* event) {
+    finishComposition();
+    QLineEdit::mousePressEvent(event);
 }
 
 void EntryField::mouseReleaseEvent(QMouseEvent* event) {
@@ -107,24 +192,26 @@ void EntryField::dropEvent(QDropEvent* event) {
     event->accept();
 }
 
-void EntryField::contextMenuEvent(QContextMenuEvent* event) {
+void EntryField::contextMenuEvent(QContextMenuEvent* event) { openMenu(event->globalPos()); }
+
+void EntryField::openMenu(const QPoint& at) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const auto add = [&](const QString& word, bool usable, auto action) {
         menu->addAction(word, this, action)->setEnabled(usable);
     };
     const bool readable = hasSelectedText() && echoMode() == QLineEdit::Normal;
-    add(QStringLiteral("元に戻す(&U)"), isUndoAvailable(), [this] { undo(); });
-    add(QStringLiteral("やり直し(&R)"), isRedoAvailable(), [this] { redo(); });
+    add(QStringLiteral("元に戻す(&U)\tCtrl+Z"), isUndoAvailable(), [this] { undo(); });
+    add(QStringLiteral("やり直し(&R)\tCtrl+Y"), isRedoAvailable(), [this] { redo(); });
     menu->addSeparator();
-    add(QStringLiteral("切り取り(&T)"), readable, [this] { cut(); });
-    add(QStringLiteral("コピー(&C)"), readable, [this] { copy(); });
-    add(QStringLiteral("貼り付け(&P)"), !QGuiApplication::clipboard()->text().isEmpty(),
+    add(QStringLiteral("切り取り(&T)\tCtrl+X"), readable, [this] { cut(); });
+    add(QStringLiteral("コピー(&C)\tCtrl+C"), readable, [this] { copy(); });
+    add(QStringLiteral("貼り付け(&P)\tCtrl+V"), !QGuiApplication::clipboard()->text().isEmpty(),
         [this] { enter(QGuiApplication::clipboard()->text()); });
-    add(QStringLiteral("削除(&D)"), hasSelectedText(), [this] { del(); });
+    add(QStringLiteral("削除(&D)\tDel"), hasSelectedText(), [this] { del(); });
     menu->addSeparator();
-    add(QStringLiteral("すべて選択(&A)"), !text().isEmpty(), [this] { selectAll(); });
-    menu->popup(event->globalPos());
+    add(QStringLiteral("すべて選択(&A)\tCtrl+A"), !text().isEmpty(), [this] { selectAll(); });
+    menu->popup(at);
 }
 
 }  // namespace orv

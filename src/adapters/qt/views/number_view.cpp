@@ -53,13 +53,14 @@ public:
           range_(toQt(rangeAdvice(control.numberDesign()))),
           advice_(*new AdviceBubble(*field, range_)) {
         field_.setAlignment(Qt::AlignRight);
-        field_.setAttribute(Qt::WA_InputMethodEnabled, false);
+        field_.allowInputMethod(false);
         field_.admitBy([this](const QString&, const QString& offered) { return signsOf(offered); });
         field_.count = [this](int step) { countBy(step); };
         field_.focus = [this] { follow(); };
     }
 
     void commit() override {
+        field_.finishComposition();
         if (field_.isModified()) {
             take(field_.text());
         }
@@ -75,14 +76,14 @@ private:
 
     void showValue() {
         known_ = number_.value();
-        field_.setText(toQt(number_.shown(field_.hasFocus())));
+        field_.show(toQt(number_.shown(field_.hasFocus())));
     }
 
     /// The format of the number changes with the focus. What is being typed stays, as under a menu of the field.
     void follow() {
         const QString text = toQt(number_.shown(field_.hasFocus()));
         if (!released() && !field_.isModified() && field_.text() != text) {
-            field_.setText(text);
+            field_.show(text);
         }
     }
 

@@ -19,12 +19,11 @@ public:
         if (design.password) {
             field_.setEchoMode(QLineEdit::Password);
         }
-        field_.setAttribute(Qt::WA_InputMethodEnabled, design.ime != Ime::Disabled && !design.password);
+        field_.allowInputMethod(design.ime != Ime::Disabled && !design.password);
         field_.admitBy([this](const QString& kept, const QString& offered) {
             return released() ? QString() : taken(kept, offered);
         });
-        connect(&field_, &QLineEdit::textChanged, this,
-                [this](const QString& now) { text_.setText(now.toStdString()); });
+        field_.whenSettled([this] { take(); });
     }
 
     void commit() override { field_.finishComposition(); }
@@ -33,10 +32,11 @@ private:
     void show() override {
         paintWith(QPalette::Base, QPalette::Text);
         const QString text = toQt(text_.text());
-        if (field_.text() == text) {
+        if (shown_ == text) {
             return;
         }
-        field_.setText(text);
+        shown_ = text;
+        field_.show(text);
         if (!field_.hasFocus()) {
             field_.setCursorPosition(0);
         }
@@ -48,9 +48,17 @@ private:
         return toQt(admit(design, kept.toStdString(), offered.toStdString()));
     }
 
+    void take() {
+        if (!released()) {
+            shown_ = field_.text();
+            text_.setText(shown_.toStdString());
+        }
+    }
+
     TextInput& text_;
     EntryField& field_;
     AdviceBubble& advice_;
+    QString shown_;
 };
 
 }  // namespace
