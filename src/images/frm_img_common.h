@@ -19,7 +19,7 @@ struct frm_ImgCommon : Form {
     Label lbl_AfterImg{*this, "lbl_AfterImg", {}};
     ImageControl pic_Info{*this, "pic_Info", {.width = 640, .height = 494, .spokenName = "登録画像"}};
     Button cmd_Entry{*this, "cmd_Entry", {.caption = "確定", .look = ButtonLook::Action}};
-    Button cmd_Cancel{*this, "cmd_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};
+    Button cmd_Cancel{*this, "cmd_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action, .shortcut = "Esc"}};
     // clang-format on
 };
 

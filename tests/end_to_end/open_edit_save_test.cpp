@@ -42,6 +42,33 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
                 orv::readFile(office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg"));
 }
 
+TEST_F(OpenEditSave, KeysChangePagesHelpSaveAndCloseDialogs) {
+    Terminal desk = opened();
+    const auto expectHelp = [&](const std::string& subject, int page) {
+        desk.key("F1");
+        ASSERT_TRUE(desk.waitForWindow("ヘルプ"));
+        EXPECT_EQ(desk.noticeText().substr(0, subject.size() + 1), subject + "\n");
+        desk.key("Escape");
+        ASSERT_TRUE(desk.windowGone("ヘルプ") && desk.waitForPage(page));
+    };
+    expectHelp("グループ名", 0);
+    for (const auto& [keys, page] : {std::pair("alt+3", 2), {"ctrl+Next", 3}, {"ctrl+Prior", 2}, {"alt+5", 4}}) {
+        desk.key(keys);
+        ASSERT_TRUE(desk.waitForPage(page)) << keys;
+    }
+    expectHelp("動作環境", 4);
+    desk.key("ctrl+s");
+    answer(desk, 4);
+    desk.key("alt+1");
+    ASSERT_TRUE(desk.waitForPage(0));
+    desk.click("btm_ChangePW");
+    ASSERT_TRUE(desk.waitForPasswordDialog());
+    desk.key("Escape");
+    ASSERT_TRUE(desk.windowGone("パスワード変更") && desk.waitForPage(0));
+    desk.key("x");
+    EXPECT_EQ(desk.textOnScreen("txt_Group_Name"), "あおぞら見本グループ") << "the focus is on the button";
+}
+
 class Photo : public EndToEnd {
 protected:
     Photo() { turnTo(desk, 2); }
@@ -97,7 +124,7 @@ TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
     ASSERT_TRUE(desk.waitForPage(2));
     select(photo);
     ASSERT_TRUE(desk.waitForConfirmation());
-    desk.click("cmd_Cancel");
+    desk.key("Escape");
     ASSERT_TRUE(desk.waitForPage(2));
     orv::writeFile(original, "no picture");
     select(photo);

@@ -13,21 +13,24 @@ namespace orv {
 /// Milliseconds that a test waits for what must come.
 constexpr int kPatience = 180'000;
 
-/// The window that shows the form.
-inline QWidget* windowOf(const Form& form) {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == toQt(form.name()) && window->isVisible()) {
-            return window;
+/// What shows the form in a window.
+inline QWidget* paneOf(const Form& form) {
+    for (QWidget* pane : QApplication::allWidgets()) {
+        if (pane->objectName() == toQt(form.name()) && pane->isVisible()) {
+            return pane;
         }
     }
     throw std::runtime_error(form.name() + " is not on the screen");
 }
 
+/// The window that shows the form.
+inline QWidget* windowOf(const Form& form) { return paneOf(form)->window(); }
+
 /// The widget that shows the control.
 template <class W = QWidget>
 W* widgetOf(const Control& control) {
-    const QWidget* window = windowOf(dynamic_cast<const Form&>(control.owner()));
-    if (auto* widget = dynamic_cast<W*>(window->findChild<QWidget*>(toQt(control.objectName())))) {
+    const QWidget* pane = paneOf(dynamic_cast<const Form&>(control.owner()));
+    if (auto* widget = dynamic_cast<W*>(pane->findChild<QWidget*>(toQt(control.objectName())))) {
         return widget;
     }
     throw std::runtime_error(control.objectName() + " has no such widget");

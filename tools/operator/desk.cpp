@@ -5,6 +5,7 @@
 
 #include <array>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -34,6 +35,17 @@ std::string contentOf(const fs::path& file) {
     std::ostringstream text;
     text << stream.rdbuf();
     return text.str();
+}
+
+/// Presses those keys, which are separated by blanks.
+std::vector<std::string> keyCommand(const std::string& keys) {
+    if (keys.empty()) {
+        return {};
+    }
+    std::vector<std::string> command{"key", "--clearmodifiers"};
+    std::istringstream words(keys);
+    command.insert(command.end(), std::istream_iterator<std::string>(words), std::istream_iterator<std::string>());
+    return command;
 }
 
 /// What a login would have made for the session.
@@ -125,33 +137,33 @@ int Office::menuStarts() const {
     return static_cast<int>(std::count(log.begin(), log.end(), '\n'));
 }
 
-Terminal::Terminal(const Office& office, std::string display, std::string computer)
+Terminal::Terminal(const Office& office, std::string display, std::string computer, const Environment& extra)
     : office_(office),
       environment_{{"DISPLAY", std::move(display)},
                    {"ORV_COMPUTER_NAME", std::move(computer)},
                    {"XDG_RUNTIME_DIR", runtimeFolder(office)},
                    {"QT_QPA_PLATFORM", "xcb"},
-                   {"ORV_SCALE", "1"}} {}
-
-void Terminal::start(const std::string& argument) { start({}, argument); }
-
-void Terminal::startUnprivileged(const std::string& argument) {
-    if (geteuid() == 0) {
-        start({"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"}, argument);
-    } else {
-        start({}, argument);
+                   {"ORV_SCALE", "1"}} {
+    for (const auto& [name, value] : extra) {
+        environment_[name] = value;
     }
 }
 
-void Terminal::start(std::vector<std::string> under, const std::string& argument) {
-    under.push_back((office_.drive() / "ORV/BIN/KELT_COS.EXE").string());
-    under.push_back(argument);
-    process_ = std::make_unique<Process>(under, environment_);
+std::vector<std::string> Terminal::program(const std::string& argument) const {
+    return {(office_.drive() / "ORV/BIN/KELT_COS.EXE").string(), argument};
 }
 
-std::string Terminal::tool(std::initializer_list<std::string> arguments) const {
+void Terminal::start(const std::string& argument) {
+    process_ = std::make_unique<Process>(program(argument), environment_);
+}
+
+void Terminal::startUnprivileged(const std::string& argument) {
+    process_ = std::make_unique<Process>(unprivileged(program(argument)), environment_);
+}
+
+std::string Terminal::tool(const std::vector<std::string>& arguments) const {
     std::vector<std::string> command{"xdotool"};
-    command.insert(command.end(), arguments);
+    command.insert(command.end(), arguments.begin(), arguments.end());
     return outputOf(command, environment_);
 }
 
@@ -234,13 +246,25 @@ std::string Terminal::copied() {
 
 std::string Terminal::noticeText() { return copied(); }
 
-void Terminal::click(const std::string& control, int index) {
+std::string Terminal::textOnScreen(const std::string& control, int index) {
+    click(control, index);
+    key("ctrl+a");
+    return copied();
+}
+
+void Terminal::click(const std::string& control, int index) { keysAndClick("", control, index); }
+
+void Terminal::keysAndClick(const std::string& keys, const std::string& control, int index) {
     for (const orv::Placement& place : orv::layoutOf(form_)) {
         if (place.control == control && place.index == index) {
             const int x = place.box.x + place.box.width / 2;
             const int y = place.box.y + place.box.height / 2;
+            std::vector<std::string> command = keyCommand(keys);
+            const std::vector<std::string> press{"mousemove",       "--window", window_, std::to_string(x),
+                                                 std::to_string(y), "click",    "1"};
+            command.insert(command.end(), press.begin(), press.end());
             waitForFocus();
-            tool({"mousemove", "--window", window_, std::to_string(x), std::to_string(y), "click", "1"});
+            tool(command);
             return;
         }
     }
@@ -261,7 +285,7 @@ void Terminal::enter(const std::string& control, const std::string& text) {
 
 void Terminal::key(const std::string& keys) {
     waitForFocus();
-    tool({"key", "--clearmodifiers", keys});
+    tool(keyCommand(keys));
 }
 
 void Terminal::typeAscii(const std::string& text) {

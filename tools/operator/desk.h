@@ -71,7 +71,8 @@ private:
 /// The program at work in an office, in a real window, worked by real key and mouse events.
 class Terminal {
 public:
-    Terminal(const Office& office, std::string display, std::string computer);
+    /// `extra`: more of the program's environment.
+    Terminal(const Office& office, std::string display, std::string computer, const Environment& extra = {});
 
     void start(const std::string& argument);
     /// The same as a user whom rights bind, whoever runs this. The office must be open to all.
@@ -99,10 +100,16 @@ public:
     /// What the notice on the screen says.
     std::string noticeText();
 
+    /// Returns the text of a field on the screen, copied by keys.
+    std::string textOnScreen(const std::string& control, int index = -1);
+
     /// Clicks the middle of a control of the page on the screen. This and all that follows waits for the focus first.
     void click(const std::string& control, int index = -1);
+    /// The same with those keys pressed directly before it.
+    void keysAndClick(const std::string& keys, const std::string& control, int index = -1);
     /// Replaces the content of a field by a text, which is pasted and read back.
     void enter(const std::string& control, const std::string& text);
+    /// One key after the other; they are separated by blanks.
     void key(const std::string& keys);
     void typeAscii(const std::string& text);
     void shot(const std::filesystem::path& picture) const;
@@ -122,8 +129,8 @@ private:
     std::string clipboard() const;
     /// The selected text.
     std::string copied();
-    void start(std::vector<std::string> under, const std::string& argument);
-    std::string tool(std::initializer_list<std::string> arguments) const;
+    std::vector<std::string> program(const std::string& argument) const;
+    std::string tool(const std::vector<std::string>& arguments) const;
 
     const Office& office_;
     Environment environment_;

@@ -14,6 +14,9 @@
 namespace desk {
 namespace {
 
+// The user id without rights of every Unix.
+constexpr uid_t kNobody = 65534;
+
 [[noreturn]] void become(const std::vector<std::string>& command, const Environment& extra) {
     for (const auto& [name, value] : extra) {
         setenv(name.c_str(), value.c_str(), 1);
@@ -91,6 +94,23 @@ std::string outputOf(const std::vector<std::string>& command, const Environment&
         text.pop_back();
     }
     return text;
+}
+
+std::vector<std::string> unprivileged(const std::vector<std::string>& command) {
+    std::vector<std::string> bound;
+    if (geteuid() == 0) {
+        const std::string user = std::to_string(kNobody);
+        bound = {"setpriv", "--reuid=" + user, "--regid=" + user, "--clear-groups"};
+    }
+    bound.insert(bound.end(), command.begin(), command.end());
+    return bound;
+}
+
+void giveToUnprivileged(const std::filesystem::path& folder) {
+    if (geteuid() == 0) {
+        const std::string user = std::to_string(kNobody);
+        outputOf({"chown", "-R", user + ":" + user, folder.string()});
+    }
 }
 
 }  // namespace desk

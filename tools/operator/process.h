@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -32,5 +33,10 @@ private:
 
 /// Runs a program to its end and gives what it printed, without trailing line breaks.
 std::string outputOf(const std::vector<std::string>& command, const Environment& extra = {});
+
+/// The command as a user whom rights bind, whoever runs this.
+std::vector<std::string> unprivileged(const std::vector<std::string>& command);
+/// Makes the user of `unprivileged` the owner of a folder and all that is in it.
+void giveToUnprivileged(const std::filesystem::path& folder);
 
 }  // namespace desk

@@ -43,17 +43,20 @@ bool isPress(QEvent::Type type) {
 
 }  // namespace
 
-InputGate::InputGate(const QWidget& window) : window_(window) {
-    QCoreApplication::instance()->installEventFilter(this);
-}
+InputGate::InputGate(const QWidget& pane) : pane_(pane) { QCoreApplication::instance()->installEventFilter(this); }
 
 /// A press ends at the toolkit's own window. The rest passes there, where account is kept of what is pressed, and ends
 /// at the widgets.
 bool InputGate::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == window_.windowHandle()) {
-        return isPress(event->type());
+    if (watched == pane_.window()->windowHandle()) {
+        return isPress(event->type()) && pane_.isVisible();
     }
-    return isInput(event->type()) && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == &window_;
+    return isInput(event->type()) && watched->isWidgetType() && holds(static_cast<const QWidget&>(*watched));
+}
+
+/// The window itself takes the keys when nothing in the pane has the focus.
+bool InputGate::holds(const QWidget& widget) const {
+    return &widget == &pane_ || pane_.isAncestorOf(&widget) || (&widget == pane_.window() && pane_.isVisible());
 }
 
 }  // namespace orv

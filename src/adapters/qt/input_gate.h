@@ -6,16 +6,18 @@ class QWidget;
 
 namespace orv {
 
-/// Keeps keys, the mouse, input methods and drops from a window and all that stands in it, as long as it lives. Unlike
+/// Keeps keys, the mouse, input methods and drops from a pane and all that stands in it, as long as it lives. Unlike
 /// disabling the widgets it leaves the focus where it is and paints nothing anew.
 class InputGate : public QObject {
 public:
-    explicit InputGate(const QWidget& window);
+    explicit InputGate(const QWidget& pane);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    const QWidget& window_;
+    bool holds(const QWidget& widget) const;
+
+    const QWidget& pane_;
 };
 
 }  // namespace orv

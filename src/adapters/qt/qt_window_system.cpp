@@ -34,16 +34,16 @@ private:
 };
 
 QtWindowSystem::~QtWindowSystem() {
-    for (const auto& [form, window] : windows_) {
-        window->leave();
-        delete window;
+    for (const auto& [form, pane] : panes_) {
+        pane->leave();
+        delete pane;
     }
 }
 
 void QtWindowSystem::toFront() const {
     QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr) {
-        window = windowOf(forms_.activeForm());
+        window = activeWindow();
     }
     if (window != nullptr) {
         window = window->window();
@@ -57,26 +57,29 @@ void QtWindowSystem::open(Form& form) {
     if (qApp == nullptr) {
         throw RunTimeError(Failure::Internal, "画面を表示できません。");
     }
-    windows_[&form] = new FormWindow(form, forms_, layouts_(form.name()));
+    panes_[&form] = new FormPane(form, forms_, layouts_(form.name()));
 }
 
 /// The form's own load may have unloaded it.
 void QtWindowSystem::show(Form& form) {
-    if (FormWindow* window = windowOf(&form)) {
-        window->showForm();
+    if (FormPane* pane = paneOf(&form)) {
+        if (!window_) {
+            window_ = std::make_unique<TopWindow>();
+        }
+        window_->present(*pane);
     }
 }
 
 void QtWindowSystem::centre(Form& form) {
-    if (FormWindow* window = windowOf(&form)) {
-        window->centre();
+    if (FormPane* pane = paneOf(&form)) {
+        pane->centre();
     }
 }
 
 void QtWindowSystem::close(Form& form) {
-    if (FormWindow* window = windowOf(&form)) {
-        windows_.erase(&form);
-        window->leave();
+    if (FormPane* pane = paneOf(&form)) {
+        panes_.erase(&form);
+        pane->leave();
     }
     tidyLater();
 }
@@ -99,31 +102,36 @@ void QtWindowSystem::tidy() {
 }
 
 void QtWindowSystem::runModal(Form& form) {
-    if (FormWindow* window = windowOf(&form)) {
+    if (FormPane* pane = paneOf(&form)) {
         const PlainPointer plain(*this);
-        window->runModal();
+        TopWindow().runModal(*pane);
     }
 }
 
-FormWindow* QtWindowSystem::windowOf(const Form* form) const {
-    const auto found = windows_.find(form);
-    return found == windows_.end() ? nullptr : found->second;
+FormPane* QtWindowSystem::paneOf(const Form* form) const {
+    const auto found = panes_.find(form);
+    return found == panes_.end() ? nullptr : found->second;
+}
+
+QWidget* QtWindowSystem::activeWindow() const {
+    const FormPane* pane = paneOf(forms_.activeForm());
+    return pane == nullptr ? nullptr : pane->window();
 }
 
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
     endWork();
     const PlainPointer plain(*this);
-    return runNotice(notice, windowOf(forms_.activeForm()));
+    return runNotice(notice, activeWindow());
 }
 
 std::optional<std::string> QtWindowSystem::openFile(const FileQuestion& question) {
     const PlainPointer plain(*this);
-    return runOpenDialog(question, windowOf(forms_.activeForm()));
+    return runOpenDialog(question, activeWindow());
 }
 
 void QtWindowSystem::commitComposition() {
-    if (FormWindow* window = windowOf(forms_.activeForm())) {
-        window->commit();
+    if (FormPane* pane = paneOf(forms_.activeForm())) {
+        pane->commit();
     }
 }
 
@@ -133,7 +141,7 @@ void QtWindowSystem::working(const std::string& what) {
         return;
     }
     if (!workCover_) {
-        workCover_ = new WorkCover(windowOf(forms_.activeForm()));
+        workCover_ = new WorkCover(paneOf(forms_.activeForm()));
         setWhileWaiting([this] { repaint(); });
     }
     workCover_->say(toQt(what));
@@ -150,9 +158,9 @@ void QtWindowSystem::endWork() {
 
 void QtWindowSystem::pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) {
     delete siblingCover_;
-    FormWindow* window = windowOf(&form);
-    if (!line.empty() && window != nullptr) {
-        siblingCover_ = new SiblingCover(*window, toQt(line), std::move(pressed));
+    FormPane* pane = paneOf(&form);
+    if (!line.empty() && pane != nullptr) {
+        siblingCover_ = new SiblingCover(*pane, toQt(line), std::move(pressed));
     }
 }
 

@@ -4,10 +4,12 @@
 #include <QPointer>
 #include <functional>
 #include <map>
+#include <memory>
 #include <span>
 
-#include "adapters/qt/form_window.h"
+#include "adapters/qt/form_pane.h"
 #include "adapters/qt/sibling_cover.h"
+#include "adapters/qt/top_window.h"
 #include "adapters/qt/work_cover.h"
 #include "platform/machine/window_system.h"
 
@@ -45,11 +47,15 @@ private:
     void tidy();
     void endWork();
     /// Null for a form that is not loaded.
-    FormWindow* windowOf(const Form* form) const;
+    FormPane* paneOf(const Form* form) const;
+    /// The window that the operator works with, or null.
+    QWidget* activeWindow() const;
 
     Layouts layouts_;
     FormHost& forms_;
-    std::map<const Form*, FormWindow*> windows_;
+    std::map<const Form*, FormPane*> panes_;
+    /// Shows what is not modal, one form after the other.
+    std::unique_ptr<TopWindow> window_;
     bool busy_ = false;
     QPointer<WorkCover> workCover_;
     QPointer<SiblingCover> siblingCover_;

@@ -38,7 +38,7 @@ struct frm_ChangePassword : Form {
     Label lbl_New_Password_Try{*this, "lbl_New_Password_Try", {.caption = "新しいパスワードの確認入力"}};
     ControlArray<TextInput, 3> txt_Password{*this, "txt_Password", kPasswordFields};
     Button btm_Entry{*this, "btm_Entry", {.caption = "確定", .look = ButtonLook::Action}};
-    Button btm_Cancel{*this, "btm_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action}};
+    Button btm_Cancel{*this, "btm_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action, .shortcut = "Esc"}};
     // clang-format on
 };
 

@@ -24,12 +24,13 @@ inline constexpr int kTabSave = 10;
 inline constexpr int kTabLeave = 11;
 inline constexpr int kTabPages = 12;
 
-constexpr ButtonDesign pageButton(std::string_view caption) {
-    return {.caption = caption, .look = ButtonLook::Page, .tabRank = kTabPages};
+constexpr ButtonDesign pageButton(std::string_view caption, std::string_view shortcut) {
+    return {.caption = caption, .look = ButtonLook::Page, .tabRank = kTabPages, .shortcut = shortcut};
 }
 
-inline constexpr std::array kPageButtons{pageButton("会社情報"), pageButton("免許・所属団体"),
-                                         pageButton("交通・会社ＰＲ"), pageButton("業務内容"), pageButton("動作環境")};
+inline constexpr std::array kPageButtons{pageButton("会社情報", "Alt+1"), pageButton("免許・所属団体", "Alt+2"),
+                                         pageButton("交通・会社ＰＲ", "Alt+3"), pageButton("業務内容", "Alt+4"),
+                                         pageButton("動作環境", "Alt+5")};
 
 /// What every page has, and its number.
 struct PageForm : Form {
@@ -37,7 +38,15 @@ struct PageForm : Form {
         : Form(form, "お客様情報設定 - " + std::string(kPageButtons[static_cast<std::size_t>(page)].caption),
                {kPageWidth, kPageHeight}),
           number(page) {
-        btm_ChangePage[static_cast<std::size_t>(page)].setMarked(true);
+        const auto own = static_cast<std::size_t>(page);
+        btm_ChangePage[own].setMarked(true);
+        restAt(btm_ChangePage[own]);
+        if (own > 0) {
+            btm_ChangePage[own - 1].addShortcut("Ctrl+PgUp");
+        }
+        if (own + 1 < kPageButtons.size()) {
+            btm_ChangePage[own + 1].addShortcut("Ctrl+PgDown");
+        }
     }
 
     /// The page as its button names it.
@@ -70,7 +79,7 @@ struct PageForm : Form {
     Label lbl_TitleCompany{*this, "lbl_TitleCompany", {.look = LabelLook::Title, .fontSize = 15, .spokenName = "会社"}};
     Label lbl_TitleRyutuKaiin{*this, "lbl_TitleRyutuKaiin", {.look = LabelLook::Title}};
     ControlArray<Button, 5> btm_ChangePage{*this, "btm_ChangePage", kPageButtons};
-    Button btm_Save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .tabRank = kTabSave, .accessKey = U'S'}};
+    Button btm_Save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .tabRank = kTabSave, .accessKey = U'S', .shortcut = "Ctrl+S"}};
     Button btm_Back_Menu{*this, "btm_Back_Menu", {.caption = "メニューへ戻る", .look = ButtonLook::Action, .tabRank = kTabLeave, .accessKey = U'M'}};
     Label pic_Logo{*this, "pic_Logo", {.caption = "不動産業務", .look = LabelLook::Title, .fontSize = 12}};
     /// A sunken line between the page buttons and the page.

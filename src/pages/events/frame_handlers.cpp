@@ -6,6 +6,7 @@
 #include "logging/trap.h"
 #include "pages/common/enter_key.h"
 #include "pages/controls/page_set.h"
+#include "pages/events/help_key.h"
 #include "pages/events/save_button.h"
 #include "pages/events/switch_company.h"
 #include "pages/frame/change_page.h"
@@ -75,6 +76,7 @@ void Form_Unload(PageForm& form) {
 void wireFrame(PageForm& form) {
     form.onQueryUnload = [&form](bool& cancel, UnloadMode mode) { Form_QueryUnload(form, cancel, mode); };
     form.onUnload = [&form] { Form_Unload(form); };
+    form.onKeyDown = [&form](int key) { helpOnF1(form, key, label(form, "Form_KeyDown")); };
     for (int i = 0; i < kPageCount; ++i) {
         form.btm_ChangePage[static_cast<std::size_t>(i)].onClick = [&form, i] { btm_ChangePage_Click(form, i); };
     }

@@ -3,6 +3,7 @@
 #include "images/form_view.h"
 #include "logging/handled.h"
 #include "pages/controls/page_set.h"
+#include "pages/events/help_key.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "validation/rules/password_rules.h"
@@ -23,8 +24,8 @@ void close(frm_ChangePassword& dialog) { services().forms->unload(dialog, Unload
 void keyDown(frm_ChangePassword& dialog, int key) {
     if (key == kKeyEnter) {
         dialog.btm_Entry.press();
-    } else if (key == kKeyEscape) {
-        dialog.btm_Cancel.press();
+    } else {
+        helpOnF1(dialog, key, kLabel);
     }
 }
 

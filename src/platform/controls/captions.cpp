@@ -1,5 +1,7 @@
 #include "platform/controls/captions.h"
 
+#include <utility>
+
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
 
@@ -26,7 +28,12 @@ void Label::setFontSize(int points) {
 Button::Button(ControlOwner& owner, std::string_view name, const ButtonDesign& design, int index)
     : Control(owner, name, index, ControlKind::Button), design_(design), caption_(design.caption) {
     setTabRank(design.tabRank);
+    if (!design.shortcut.empty()) {
+        addShortcut(std::string(design.shortcut));
+    }
 }
+
+void Button::addShortcut(std::string keys) { shortcuts_.push_back(std::move(keys)); }
 
 void Button::setMarked(bool marked) {
     marked_ = marked;

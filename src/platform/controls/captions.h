@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/controls/control.h"
 
@@ -44,6 +45,8 @@ struct ButtonDesign {
     int tabRank = 0;
     /// Which key with Alt presses it; 0 for none.
     char32_t accessKey = 0;
+    /// Keys that press it from anywhere on the form: "Ctrl+S".
+    std::string_view shortcut = {};
 };
 
 class Button : public Control {
@@ -52,6 +55,9 @@ public:
 
     const ButtonDesign& buttonDesign() const { return design_; }
     const std::string& caption() const { return caption_; }
+    /// The design's keys and those added, in the order of their adding.
+    const std::vector<std::string>& shortcuts() const { return shortcuts_; }
+    void addShortcut(std::string keys);
     /// Marked: the button of the page that is on the screen.
     bool marked() const { return marked_; }
     void setMarked(bool marked);
@@ -66,6 +72,7 @@ public:
 private:
     ButtonDesign design_;
     std::string caption_;
+    std::vector<std::string> shortcuts_;
     bool marked_ = false;
 };
 

@@ -95,6 +95,20 @@ void Form::focusNext() {
     }
 }
 
+void Form::focusFirst() {
+    const std::vector<Control*> order = tabOrder();
+    const auto first = std::find_if(order.begin(), order.end(), [](const Control* control) {
+        return control->tabRank() >= 0 && control->kind() != ControlKind::Button && control->focusable();
+    });
+    if (first != order.end()) {
+        activate(**first);
+    } else if (resting_ != nullptr) {
+        activate(*resting_);
+    } else {
+        focusNext();
+    }
+}
+
 void Form::activate(Control& control) {
     if (&control != active_) {
         leaveActive();

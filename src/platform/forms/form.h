@@ -62,6 +62,9 @@ public:
     void adopt(Control& control) override;
     void giveFocus(Control& control) override;
     void focusNext() override;
+    /// Gives the focus to the first control that takes input; those of a rank below 0 are passed over. Without one, to
+    /// the control of `restAt`, or else to the first that can have it.
+    void focusFirst();
     bool ownerEnabled() const override { return enabled_; }
     /// The window's title is marked.
     virtual bool hasUnsavedChanges() const { return false; }
@@ -81,6 +84,9 @@ public:
     Event<int> onKeyDown;
     Event<> onResize;
 
+protected:
+    void restAt(Control& control) { resting_ = &control; }
+
 private:
     friend class FormHost;
 
@@ -96,6 +102,7 @@ private:
     std::vector<Control*> controls_;
     Control* active_ = nullptr;
     Control* awaited_ = nullptr;
+    Control* resting_ = nullptr;
     bool enabled_ = true;
     bool loaded_ = false;
     bool visible_ = false;

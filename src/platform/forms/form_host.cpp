@@ -34,7 +34,7 @@ void FormHost::show(Form& form) {
     }
     services().windows->show(form);
     if (form.activeControl() == nullptr && form.enabled()) {
-        form.focusNext();
+        form.focusFirst();
     }
 }
 
@@ -43,7 +43,7 @@ void FormHost::showModal(Form& form) {
         return;
     }
     if (form.activeControl() == nullptr) {
-        form.focusNext();
+        form.focusFirst();
     }
     services().windows->runModal(form);
 }

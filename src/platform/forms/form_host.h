@@ -21,8 +21,8 @@ public:
 
     /// Makes the window, hidden, and raises load. Nothing on a form that is loaded.
     void load(Form& form);
-    /// Modeless; loads first where that has not happened. Gives the focus to the first control that can have it. A form
-    /// that its own load unloads is not shown.
+    /// Modeless; loads first where that has not happened. Gives the focus to the first input field. A form that its
+    /// own load unloads is not shown.
     void show(Form& form);
     /// Returns when the form has been unloaded.
     void showModal(Form& form);

@@ -50,7 +50,8 @@ struct SamplePage : Form {
     ComboBox list{*this, "cbo_List", {.caption = "一覧："}};
     CheckBox tick{*this, "chk_Tick", {.caption = "上記と同じ", .back = Colour{0xffdddd}}};
     Label panel{*this, "lbl_Panel", {.caption = "12", .look = LabelLook::Panel, .spokenName = "件数"}};
-    Button save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .accessKey = U'S'}};
+    Button save{
+        *this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .accessKey = U'S', .shortcut = "Ctrl+S"}};
     ImageControl photo{*this, "pic_Photo", {.width = 40, .height = 20}};
 };
 

@@ -33,6 +33,7 @@ protected:
         click(form().btm_ChangePW);
         EXPECT_TRUE(worked);
         EXPECT_TRUE(form().btm_ChangePW.enabled());
+        EXPECT_EQ(focused(), "btm_ChangePW");
         EXPECT_EQ(forms.forms(), std::vector<Form*>{&form()});
     }
 };

@@ -106,8 +106,8 @@ const std::vector<Family>& families() {
         }},
         {"PhotosWithoutANumber", 2, "000004601,1,0", withoutANumber, {
             // The list that should get the focus is closed.
-            {&R::PHOTO_FILE1, "cbo_User_Id", {{"C:\\1.jpg", kUnnumbered}}},
-            {&R::PHOTO_FILE2, "cbo_User_Id", {{"C:\\1.jpg", kUnnumbered}}},
+            {&R::PHOTO_FILE1, "txt_Walk_Minutes", {{"C:\\1.jpg", kUnnumbered}}},
+            {&R::PHOTO_FILE2, "txt_Walk_Minutes", {{"C:\\1.jpg", kUnnumbered}}},
         }, false},
         {"Licence", 1, "000004601,1,0", asItIs, {
             {&R::LICENSE_NO_DAI, "txt_License_no_Dai", {{" ", "免許番号　第"}}},
@@ -233,7 +233,8 @@ TEST_F(SystemTest, EachQuestionOfASaveCanBeAnsweredBothWays) {
             EXPECT_NE(toText(messages.shown[i].args.at(0)).find(asked[i].first), std::string::npos);
         }
         EXPECT_EQ(messages.shown.back().id, stop < asked.size() ? "COS19800" : "COS05574");
-        EXPECT_EQ(screen().activeControl()->objectName(), stop < asked.size() ? asked[stop].second : "cbo_User_Id");
+        EXPECT_EQ(screen().activeControl()->objectName(),
+                  stop < asked.size() ? asked[stop].second : "btm_ChangePage(4)");
         turnTo(4);
     }
     EXPECT_EQ(info("KOUTORI_FLG || LICENSE_NO"), "0000000000000000大阪府知事");

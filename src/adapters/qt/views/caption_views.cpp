@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QShortcut>
 
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/text_lift.h"
@@ -70,19 +71,30 @@ public:
         : ControlView(control, button), button_(control), push_(*button), scale_(scale) {
         push_.setAutoDefault(false);
         connect(&push_, &QPushButton::clicked, this, [this] { press(); });
+        for (const std::string& keys : control.shortcuts()) {
+            const auto* shortcut = new QShortcut(QKeySequence(toQt(keys)), &push_);
+            connect(shortcut, &QShortcut::activated, this, [this] { press(); });
+        }
+        push_.setToolTip(keysInWords());
     }
 
     /// The focus comes along, as it does with the mouse: the field that is left is validated first.
     bool press() override {
         if (button_.usable() && button_.owner().ownerEnabled()) {
             push_.setFocus(Qt::ShortcutFocusReason);
+            pressing_ = true;
             button_.press();
+            pressing_ = false;
+            if (!released() && focusIsParked()) {
+                button_.owner().focusNext();
+            }
         }
         return true;
     }
 
 private:
     void show() override {
+        keepFocus();
         push_.setText(words());
         push_.setFont(scale_.font(kButtonFont, button_.buttonDesign().look != ButtonLook::Plain));
         if (button_.buttonDesign().look == ButtonLook::Plain) {
@@ -96,6 +108,28 @@ private:
         push_.setPalette(palette);
     }
 
+    /// A button that is disabled during its own click has the focus again when it is enabled. Until then the page has
+    /// it: the toolkit would give it to the next field, which the next key would change.
+    void keepFocus() {
+        if (pressing_ && !button_.enabled() && push_.hasFocus()) {
+            push_.parentWidget()->setFocus();
+        } else if (pressing_ && button_.enabled() && focusIsParked()) {
+            push_.setEnabled(true);
+            push_.setFocus();
+        }
+    }
+
+    bool focusIsParked() const { return push_.window()->focusWidget() == push_.parentWidget(); }
+
+    /// "Alt+2、Ctrl+PgDown".
+    QString keysInWords() const {
+        QStringList keys;
+        for (const std::string& shortcut : button_.shortcuts()) {
+            keys.append(QKeySequence(toQt(shortcut)).toString(QKeySequence::NativeText));
+        }
+        return keys.join(QStringLiteral("、"));
+    }
+
     QString words() const {
         const char32_t key = button_.buttonDesign().accessKey;
         const QString text = toQt(button_.caption());
@@ -105,6 +139,7 @@ private:
     Button& button_;
     QPushButton& push_;
     PageScale scale_;
+    bool pressing_ = false;
 };
 
 }  // namespace

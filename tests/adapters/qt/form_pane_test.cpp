@@ -12,7 +12,7 @@
 namespace orv {
 namespace {
 
-class FormWindowTest : public QtTest {
+class FormPaneTest : public QtTest {
 protected:
     QString focused() const {
         return QApplication::focusWidget() == nullptr ? QString() : QApplication::focusWidget()->objectName();
@@ -21,7 +21,7 @@ protected:
     SamplePage page;
 };
 
-TEST_F(FormWindowTest, KeysComeToTheFormFirstByTheirClassicCodes) {
+TEST_F(FormPaneTest, KeysComeToTheFormFirstByTheirClassicCodes) {
     show(page);
     std::vector<int> codes;
     page.onKeyDown = [&](int code) { codes.push_back(code); };
@@ -35,7 +35,7 @@ TEST_F(FormWindowTest, KeysComeToTheFormFirstByTheirClassicCodes) {
     EXPECT_EQ(page.open.text(), "a7");
 }
 
-TEST_F(FormWindowTest, ADisabledFormTakesNothing) {
+TEST_F(FormPaneTest, ADisabledFormTakesNothing) {
     show(page);
     int clicks = 0;
     int refused = 0;
@@ -52,6 +52,7 @@ TEST_F(FormWindowTest, ADisabledFormTakesNothing) {
     compose(*lineOf(page.open), "", "あ");
     windowOf(page)->close();
     pressAccessKey(windowOf(page));
+    QTest::keyClick(windowOf(page), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(clicks, 0);
     EXPECT_EQ(refused, 1);
     EXPECT_EQ(page.tick.value(), 0);
@@ -63,7 +64,37 @@ TEST_F(FormWindowTest, ADisabledFormTakesNothing) {
     EXPECT_EQ(focused(), "txt_Name");
 }
 
-TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
+TEST_F(FormPaneTest, AButtonDisabledDuringItsClickKeepsTheFocus) {
+    show(page);
+    EXPECT_EQ(focused(), "txt_Code") << "the first input field";
+    bool again = true;
+    page.save.onClick = [&] {
+        page.save.setEnabled(false);
+        QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+        windows.showNotice({.title = "題", .text = "文"});
+        page.save.setEnabled(again);
+    };
+    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == "btm_Save"; }, kPatience));
+    again = false;
+    QTest::keyClick(windowOf(page), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == "txt_Code"; }, kPatience)) << "it can't have it any more";
+}
+
+TEST_F(FormPaneTest, OneWindowShowsOneFormAfterTheOther) {
+    SamplePage next("next");
+    next.setCaption("次");
+    show(page);
+    const QWindow* window = windowOf(page)->windowHandle();
+    forms.show(next);
+    [[maybe_unused]] const bool gone = forms.unload(page, UnloadMode::Code);
+    EXPECT_EQ(windowOf(next)->windowHandle(), window);
+    EXPECT_EQ(windowOf(next)->windowTitle(), "次");
+    EXPECT_EQ(focused(), "txt_Code");
+    EXPECT_TRUE(widgetOf(next.code)->hasFocus());
+}
+
+TEST_F(FormPaneTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     show(page);
     int clicks = 0;
     page.save.onClick = [&] { ++clicks; };
@@ -84,7 +115,7 @@ TEST_F(FormWindowTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(FormWindowTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
+TEST_F(FormPaneTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
     show(page);
     bool handled = false;
     {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QEventLoop>
 #include <QWidget>
 #include <memory>
 #include <span>
@@ -12,19 +11,28 @@
 
 namespace orv {
 
-/// The window of one form: what is drawn on the form, the captions, a view for each control, the focus and the keys.
-class FormWindow : public QWidget {
-public:
-    FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout);
-    ~FormWindow() override;
+class TopWindow;
 
-    void showForm();
-    /// Shows the window above all others and returns when `leave` has been called. The window may have been deleted
-    /// then.
-    void runModal();
-    /// The form leaves: the window disappears and does not touch it any more. It is deleted when its own event is over.
+/// What a window shows of one form: what is drawn on it, the captions, a view for each control, the focus and the keys.
+class FormPane : public QWidget {
+public:
+    FormPane(Form& form, FormHost& forms, std::span<const Placement> layout);
+    ~FormPane() override;
+
+    /// Gives the focus to the control that has it on the form.
+    void showFocus();
+    /// The form leaves: the pane disappears and does not touch it any more. It is deleted when its own event is over.
     void leave();
+    /// Into the middle of the screen, at the latest when a window shows it.
     void centre();
+    bool centred() const { return centred_; }
+    /// Names the form and says if it takes no input, for whatever works the window from outside.
+    QString role() const;
+    bool resizable() const { return form_.sizing() == Sizing::Free; }
+    /// The operator has pressed the window's close box.
+    void closeBox();
+    /// The focus has left for another window.
+    void windowLeft();
     /// What is still being composed or typed in the field with the focus goes into its control.
     void commit();
 
@@ -32,8 +40,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -43,14 +49,12 @@ private:
     };
 
     void seat(Control& control, std::span<const Placement> layout);
-    void takeSize();
     void placeAll();
     void orderTabs();
     void refresh();
-    void openGate();
     void enableIfStillDue();
-    void endModal();
-    void comeToFront();
+    void openGate();
+    TopWindow* topWindow() const;
     void giveFocus(Control& control);
     ControlView* viewOf(const QObject* widget) const;
     ControlView* viewOf(const Control& control) const;
@@ -63,7 +67,7 @@ private:
     std::vector<Seat> seats_;
     QWidget* focusFrame_;
     std::unique_ptr<InputGate> gate_;  // while the form is disabled
-    QEventLoop* modalLoop_ = nullptr;
+    bool centred_ = false;
     bool left_ = false;
 };
 

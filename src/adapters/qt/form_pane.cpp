@@ -1,18 +1,14 @@
-#include "adapters/qt/form_window.h"
+#include "adapters/qt/form_pane.h"
 
-#include <QApplication>
-#include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPointer>
-#include <QScreen>
 #include <QTimer>
-#include <QWindow>
 #include <algorithm>
-#include <utility>
 
 #include "adapters/qt/canvas_painter.h"
 #include "adapters/qt/nested_events.h"
+#include "adapters/qt/top_window.h"
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/text_lift.h"
 
@@ -24,8 +20,6 @@ constexpr int kCaptionFont = 9;
 constexpr int kUnitGap = 3;
 constexpr int kUnitWidth = 60;
 constexpr int kKeySpace = 32;
-// What a window manager puts above a window.
-constexpr int kWindowFrame = 40;
 
 /// The frame around what has the focus; it lets every click through.
 class FocusFrame : public QWidget {
@@ -96,10 +90,10 @@ int codeOf(int key) {
 
 }  // namespace
 
-FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> layout)
-    : QWidget(nullptr, Qt::Window), form_(form), forms_(forms) {
+FormPane::FormPane(Form& form, FormHost& forms, std::span<const Placement> layout) : form_(form), forms_(forms) {
     setObjectName(toQt(form.name()));
-    takeSize();
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    resize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
     setFont(scale_.font(kCaptionFont));
     for (Control* control : form.controls()) {
         seat(*control, layout);
@@ -112,15 +106,9 @@ FormWindow::FormWindow(Form& form, FormHost& forms, std::span<const Placement> l
     form_.observeEnabledLater([this] { QTimer::singleShot(0, this, [this] { enableIfStillDue(); }); });
 }
 
-FormWindow::~FormWindow() { endModal(); }
+FormPane::~FormPane() = default;
 
-void FormWindow::endModal() {
-    if (modalLoop_ != nullptr) {
-        std::exchange(modalLoop_, nullptr)->quit();
-    }
-}
-
-void FormWindow::leave() {
+void FormPane::leave() {
     left_ = true;
     form_.observe({});
     form_.observeFocus({});
@@ -128,13 +116,17 @@ void FormWindow::leave() {
     for (const Seat& seat : seats_) {
         seat.view->release();
     }
+    if (TopWindow* top = topWindow()) {
+        top->dismiss(*this);
+    }
     hide();
     deleteLater();
-    endModal();
 }
 
+TopWindow* FormPane::topWindow() const { return dynamic_cast<TopWindow*>(parentWidget()); }
+
 /// A control that the layout does not know works without being seen.
-void FormWindow::seat(Control& control, std::span<const Placement> layout) {
+void FormPane::seat(Control& control, std::span<const Placement> layout) {
     const auto place = std::find_if(layout.begin(), layout.end(), [&](const Placement& row) {
         return row.control == control.name() && row.index == control.index();
     });
@@ -151,19 +143,7 @@ void FormWindow::seat(Control& control, std::span<const Placement> layout) {
     seats_.push_back({std::move(view), place->captionWidth});
 }
 
-/// A form whose size is the operator's begins no larger than the screen.
-void FormWindow::takeSize() {
-    const QSize size(scale_.length(form_.scaleWidth()), scale_.length(form_.scaleHeight()));
-    if (form_.sizing() == Sizing::Fixed) {
-        setFixedSize(size);
-        return;
-    }
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const QSize room = screen == nullptr ? size : screen->availableSize() - QSize(0, kWindowFrame);
-    resize(size.boundedTo(room));
-}
-
-void FormWindow::placeAll() {
+void FormPane::placeAll() {
     for (const Seat& seat : seats_) {
         seat.view->widget().setGeometry(scale_.box(seat.view->control().box()));
     }
@@ -173,7 +153,7 @@ void FormWindow::placeAll() {
     update();
 }
 
-void FormWindow::orderTabs() {
+void FormPane::orderTabs() {
     QWidget* last = nullptr;
     for (const Control* control : form_.tabOrder()) {
         ControlView* view = viewOf(*control);
@@ -187,8 +167,7 @@ void FormWindow::orderTabs() {
     }
 }
 
-/// The role names the form and says if it takes no input, for whatever works the window from outside.
-void FormWindow::refresh() {
+void FormPane::refresh() {
     // "[*]" is where the toolkit puts the mark; twice, it stands for itself.
     setWindowTitle(toQt(form_.caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")) +
                    QStringLiteral("[*]"));
@@ -198,102 +177,69 @@ void FormWindow::refresh() {
     } else if (!form_.enabled() && !gate_) {
         gate_ = std::make_unique<InputGate>(*this);
     }
-    setWindowRole(toQt(form_.name() + (gate_ ? " (disabled)" : "")));
+    if (isVisible()) {
+        window()->setWindowRole(role());
+        window()->setWindowModified(isWindowModified());
+    }
 }
 
-void FormWindow::enableIfStillDue() {
+void FormPane::enableIfStillDue() {
     if (!left_ && form_.enabled()) {
         form_.setEnabled(true);
     }
 }
 
+QString FormPane::role() const { return toQt(form_.name() + (gate_ ? " (disabled)" : "")); }
+
 /// What the operator did while nothing could be done is dropped, not done afterwards.
-void FormWindow::openGate() {
+void FormPane::openGate() {
     {
         const NestedEvents nested;
         QCoreApplication::processEvents();
     }
     gate_.reset();
-    if (Control* active = form_.activeControl()) {
-        giveFocus(*active);
-    }
+    showFocus();
 }
 
-void FormWindow::giveFocus(Control& control) {
+void FormPane::giveFocus(Control& control) {
     ControlView* view = viewOf(control);
     if (view != nullptr && !view->widget().hasFocus()) {
         view->widget().setFocus(Qt::TabFocusReason);
     }
 }
 
-ControlView* FormWindow::viewOf(const QObject* widget) const {
+ControlView* FormPane::viewOf(const QObject* widget) const {
     const auto found =
         std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->widget() == widget; });
     return found == seats_.end() ? nullptr : found->view.get();
 }
 
-ControlView* FormWindow::viewOf(const Control& control) const {
+ControlView* FormPane::viewOf(const Control& control) const {
     const auto found =
         std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->control() == &control; });
     return found == seats_.end() ? nullptr : found->view.get();
 }
 
-void FormWindow::showForm() {
-    comeToFront();
-    show();
-    activateWindow();
+void FormPane::showFocus() {
     if (Control* active = form_.activeControl()) {
         giveFocus(*active);
     }
 }
 
-/// A window that appears is in front by itself.
-void FormWindow::comeToFront() {
-    if (isVisible() && !isActiveWindow()) {
-        raise();
+void FormPane::centre() {
+    centred_ = true;
+    if (TopWindow* top = topWindow()) {
+        top->centre();
     }
 }
 
-void FormWindow::runModal() {
-    const QPointer<QWidget> owner = QApplication::activeWindow();
-    setWindowModality(Qt::ApplicationModal);
-    winId();
-    if (owner) {
-        windowHandle()->setTransientParent(owner->windowHandle());
-    }
-    const NestedEvents nested;
-    QEventLoop loop;
-    modalLoop_ = &loop;
-    showForm();
-    const QPointer<FormWindow> self = this;
-    loop.exec();
-    if (self) {
-        modalLoop_ = nullptr;
-    }
-    if (owner) {
-        owner->activateWindow();
-    }
-}
-
-void FormWindow::centre() {
-    const QScreen* screen = this->screen() != nullptr ? this->screen() : QGuiApplication::primaryScreen();
-    if (screen == nullptr) {
-        return;
-    }
-    const QRect area = screen->availableGeometry();
-    const QSize outer = frameGeometry().size();
-    move(area.x() + std::max(0, (area.width() - outer.width()) / 2),
-         area.y() + std::max(0, (area.height() - outer.height()) / 2));
-    comeToFront();
-}
-
-void FormWindow::commit() {
+void FormPane::commit() {
     if (ControlView* view = viewOf(focusWidget())) {
         view->commit();
     }
 }
 
-bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+bool FormPane::eventFilter(QObject* watched, QEvent* event) {
     ControlView* view = left_ ? nullptr : viewOf(watched);
     if (view == nullptr) {
         return false;
@@ -321,7 +267,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// Enter and the blank press a button; elsewhere Enter belongs to the page and never to the widget.
-bool FormWindow::keyPressed(ControlView& view, const QKeyEvent& event) {
+bool FormPane::keyPressed(ControlView& view, const QKeyEvent& event) {
     const int code = codeOf(event.key());
     if (code == 0) {
         return false;
@@ -337,7 +283,7 @@ bool FormWindow::keyPressed(ControlView& view, const QKeyEvent& event) {
     return enter || used || left_;
 }
 
-void FormWindow::paintEvent(QPaintEvent*) {
+void FormPane::paintEvent(QPaintEvent*) {
     if (left_) {
         return;
     }
@@ -346,7 +292,7 @@ void FormWindow::paintEvent(QPaintEvent*) {
     paintCaptions(painter);
 }
 
-void FormWindow::paintCaptions(QPainter& painter) const {
+void FormPane::paintCaptions(QPainter& painter) const {
     painter.setFont(scale_.font(kCaptionFont));
     painter.setPen(Qt::black);
     painter.translate(0, -textLift(painter.font()));
@@ -363,11 +309,7 @@ void FormWindow::paintCaptions(QPainter& painter) const {
     }
 }
 
-void FormWindow::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    if (left_) {
-        return;
-    }
+void FormPane::closeBox() {
     if (gate_) {
         form_.onCloseRefused.raise();
         return;
@@ -376,7 +318,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
     forms_.unload(form_, UnloadMode::CloseBox);
 }
 
-void FormWindow::resizeEvent(QResizeEvent* event) {
+void FormPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (form_.sizing() == Sizing::Free && !left_) {
         form_.resize({qRound(width() / scale_.factor()), qRound(height() / scale_.factor())});
@@ -384,11 +326,9 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
     }
 }
 
-void FormWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !left_) {
-        form_.focusLeft();
-    }
-    QWidget::changeEvent(event);
+void FormPane::windowLeft() {
+    commit();
+    form_.focusLeft();
 }
 
 }  // namespace orv
