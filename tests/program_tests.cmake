@@ -26,6 +26,7 @@ orv_add_tests(window_tests "app;pages/handlers" orv_app orv_pages_layout orv_ada
               orv_adapters_text Qt6::Test)
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_main)
+orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
 
 # A share of `./dev prove`, which takes every call and every byte; 21 so that each of the eight bits has its turn.
 foreach(share "file 20" "server 20" "answers 21")
@@ -41,7 +42,7 @@ add_subdirectory(fuzz)
 add_custom_target(unit_tests)
 get_property(programs DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
 list(FILTER programs INCLUDE REGEX "_tests$")
-list(REMOVE_ITEM programs unit_tests end_to_end_tests)
+list(REMOVE_ITEM programs unit_tests end_to_end_tests input_method_tests)
 add_dependencies(unit_tests ${programs})
 if(NOT ORV_FUZZ)
   add_dependencies(unit_tests fuzz_tests)
