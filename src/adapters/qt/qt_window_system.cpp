@@ -63,11 +63,19 @@ void QtWindowSystem::open(Form& form) {
 /// The form's own load may have unloaded it.
 void QtWindowSystem::show(Form& form) {
     if (FormPane* pane = paneOf(&form)) {
-        if (!window_) {
-            window_ = std::make_unique<TopWindow>();
-        }
-        window_->present(*pane);
+        pageWindow().present(*pane);
     }
+}
+
+/// A window that has been dismissed is not shown again. It may still be handling the event that dismissed it.
+TopWindow& QtWindowSystem::pageWindow() {
+    if (window_ && !window_->isVisible()) {
+        window_.release()->deleteLater();
+    }
+    if (!window_) {
+        window_ = std::make_unique<TopWindow>();
+    }
+    return *window_;
 }
 
 void QtWindowSystem::centre(Form& form) {

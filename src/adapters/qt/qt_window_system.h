@@ -48,6 +48,7 @@ private:
     void endWork();
     /// Null for a form that is not loaded.
     FormPane* paneOf(const Form* form) const;
+    TopWindow& pageWindow();
     /// The window that the operator works with, or null.
     QWidget* activeWindow() const;
 

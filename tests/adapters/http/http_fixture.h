@@ -29,6 +29,7 @@ public:
 
     std::string url(const std::string& path) const { return "http://127.0.0.1:" + std::to_string(port_) + path; }
     std::string log() const { return readFile(folder_ / "requests.log"); }
+    void misbehave(const std::string& instruction) { EXPECT_TRUE(server_.instruct(instruction)) << instruction; }
 
 private:
     std::filesystem::path folder_;

@@ -163,7 +163,6 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
 
     using enum PictureFailure;
     constexpr auto kRead = PictureFailure{};
-    constexpr auto kNotFound = static_cast<PictureFailure>(Failure::FileNotFound);
     const struct {
         std::string name;
         std::string path;

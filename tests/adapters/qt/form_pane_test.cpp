@@ -89,7 +89,7 @@ TEST_F(FormPaneTest, OneWindowShowsOneFormAfterTheOther) {
     forms.show(next);
     [[maybe_unused]] const bool gone = forms.unload(page, UnloadMode::Code);
     EXPECT_EQ(windowOf(next)->windowHandle(), window);
-    EXPECT_EQ(windowOf(next)->windowTitle(), "次");
+    EXPECT_EQ(windowOf(next)->windowTitle(), "次[*]");
     EXPECT_EQ(focused(), "txt_Code");
     EXPECT_TRUE(widgetOf(next.code)->hasFocus());
 }
@@ -172,10 +172,10 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
     SamplePage page;
     place(page);
     QTimer::singleShot(0, qApp, [&] {
-        const QPointer<QWidget> window = windowOf(page);
+        const QPointer<QWidget> pane = paneOf(page);
         EXPECT_TRUE(forms.unload(page, UnloadMode::Code));
         settle();
-        EXPECT_TRUE(window.isNull());
+        EXPECT_TRUE(pane.isNull());
     });
     forms.showModal(page);
     EXPECT_FALSE(page.loaded());

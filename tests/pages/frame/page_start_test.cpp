@@ -162,8 +162,9 @@ TEST_F(PageStart, OnlyTheKindsOfPhotosBeginWithABlank) {
 /// The headings in order, and the boxes that are drawn below them, "#" for one in the colour of a group.
 TEST_F(PageStart, DrawsTheBarsOfThePage) {
     constexpr const char* kDrawn[] = {
-        "==-　事務所・店舗情報-　ＰＣ設置場所-　反響・問い合わせ#", "==- 宅建免許証- 公正取引協議会加盟事業者##",
-        "==- 交通情報- その他会社情報- 画像１- 画像２", "==-　取扱種別-　業務内容#######",
+        "==-　事務所・店舗情報-　ＰＣ設置場所-　反響・問い合わせ#*の欄は入力が必要です",
+        "==- 宅建免許証- 公正取引協議会加盟事業者##*の欄は入力が必要です",
+        "==- 交通情報- その他会社情報- 画像１- 画像２*の欄は入力が必要です", "==-　取扱種別-　業務内容#######",
         "==* *この情報はお客様設定送信時にゼンタへ転送いたします。（内容は変更できません。）"
         "-　ＯＳ-　システム-　ネットワーク-　その他"};
     for (int number = 0; number < kPageCount; ++number) {

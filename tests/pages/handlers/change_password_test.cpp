@@ -42,7 +42,7 @@ TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
     startOn(0);
     inDialog([&] {
         EXPECT_EQ(focused(), "txt_Password(0)");
-        EXPECT_EQ(windowOf(dialog())->windowTitle(), "パスワード変更");
+        EXPECT_EQ(windowOf(dialog())->windowTitle(), "パスワード変更[*]");
         EXPECT_EQ(dialog().canvas().back(), kPageBack);
         ASSERT_EQ(dialog().canvas().shapes().size(), 1U);
         const auto& edge = std::get<DrawnBox>(dialog().canvas().shapes().front());

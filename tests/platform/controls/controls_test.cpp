@@ -74,7 +74,7 @@ TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
         {{.refuse = "K"}, "", "山ｱ", "山", "半角カタカナは使えません。"},
         {{.mask = "#", .limit = characters(12)}, "", "０３－１２３４ー５６７８", "03-1234-5678"},
         {{.mask = "9"}, "", "１－２ー３", "123", "半角の数字で入力してください。"},
-        {{.mask = "ＫＡａ＠＃"}, "", "ａー－1", "ａー－"},
+        {{.mask = "ＫＡａ＠＃"}, "", "ａー－1", "ａー－", "カタカナで入力してください。"},
     }};
     for (const EntryRow& row : rows) {
         EXPECT_EQ(admit(row.design, row.kept, row.entered), row.admitted) << row.entered;
