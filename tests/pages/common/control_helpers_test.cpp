@@ -103,7 +103,7 @@ TEST_F(MasterLists, AnUnknownListIsEmptyAlsoOnAStoreThatTakesNoStatement) {
     struct Taking : FailingStore {
         using FailingStore::FailingStore;
         void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string&, bool& ok) override {
-            FailingStore::DbOpenRs(connection, recordset, "SELECT 1 WHERE 1 = 0", ok);
+            FailingStore::DbOpenRs(connection, recordset, "SELECT USER_ID FROM TBL_LOCK WHERE USER_ID = ''", ok);
         }
     } taking{wholeStore};
     services().db = &taking;
