@@ -1,5 +1,6 @@
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -78,15 +79,16 @@ public:
         push_.setToolTip(keysInWords());
     }
 
-    /// The focus comes along, as it does with the mouse: the field that is left is validated first.
+    /// The focus comes along, as it does with the mouse: the field that is left is validated first. The click may end
+    /// the view.
     bool press() override {
         if (button_.usable() && button_.owner().ownerEnabled()) {
             push_.setFocus(Qt::ShortcutFocusReason);
+            const QPointer<ButtonView> self = this;
             pressing_ = true;
             button_.press();
-            pressing_ = false;
-            if (!released() && focusIsParked()) {
-                button_.owner().focusNext();
+            if (self) {
+                endPress();
             }
         }
         return true;
@@ -106,6 +108,13 @@ private:
         palette.setColor(QPalette::Button, toQt(marked ? kMarkedPage : page ? kPageButton : kActionButton));
         palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kBlack));
         push_.setPalette(palette);
+    }
+
+    void endPress() {
+        pressing_ = false;
+        if (!released() && focusIsParked()) {
+            button_.owner().focusNext();
+        }
     }
 
     /// A button that is disabled during its own click has the focus again when it is enabled. Until then the page has
