@@ -96,7 +96,7 @@ const std::vector<StartFault> kStartFaults{
      },
      kCompany, "DB11", "データベースのファイルが壊れています。バックアップから戻してください。"},
     {"storeReadOnly", [](const Office& o) { fs::permissions(o.store(), fs::perms(0444)); }, kCompany, "DB8",
-     std::string("[ PF_DataUnlock ] ") + kReadOnly},
+     std::string("[ PF_DataLock ] ") + kReadOnly},
 
     // Without settings the names of files are bare, and the store is looked for beside the program.
     {"settingsAbsent", [](const Office& o) { fs::remove(settings(o)); }, kCompany, "DBFILE01", kMissing},
