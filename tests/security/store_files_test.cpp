@@ -225,7 +225,7 @@ TEST_F(StoreFiles, NoOtherProcessOfTheUserLooksIntoTheTool) {
     ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
     ASSERT_EQ(::chmod(office.c_str(), 0666), 0);
     ASSERT_EQ(::mkfifo(folder.file("answer").c_str(), 0666), 0);
-    // It waits for an answer meanwhile; whoever may look into a process is whom its files in /proc belong to.
+    // It waits for an answer meanwhile. The owner of its files in /proc may look into a process.
     const std::string command = "cd '" + folder.path().string() + "' && exec " + kNobody +
                                 "'" STORE_TOOL
                                 "' unlock office "

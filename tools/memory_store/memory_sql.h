@@ -39,7 +39,7 @@ std::string plainText(const Value& value);
 /// The statements of `sql`, each as its words, texts and signs.
 std::vector<std::vector<std::string>> statementsOf(const std::string& sql);
 
-/// Runs one statement of the forms that the system and its tests use. `$1` stands for the first parameter. Any other
+/// Runs one statement of the forms that the system and its tests use. `$1` is the first parameter. Any other
 /// form, an unknown name and a second row of one key are a StoreFailure. After a failure the tables may be half
 /// changed.
 MemoryResult runStatement(MemoryTables& tables, const std::vector<std::string>& statement, const Values& parameters);

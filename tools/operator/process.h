@@ -34,7 +34,7 @@ private:
 /// Runs a program to its end and gives what it printed, without trailing line breaks.
 std::string outputOf(const std::vector<std::string>& command, const Environment& extra = {});
 
-/// The command as a user whom rights bind, whoever runs this.
+/// The command as an unprivileged user, also if root runs this.
 std::vector<std::string> unprivileged(const std::vector<std::string>& command);
 /// Makes the user of `unprivileged` the owner of a folder and all that is in it.
 void giveToUnprivileged(const std::filesystem::path& folder);

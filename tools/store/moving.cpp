@@ -52,7 +52,7 @@ StoreReport restoreStore(const Options& options) {
     if (!isEmbedded(options.other)) {
         throw KeeperFailure(options.other + ": is no backup");
     }
-    // Whoever handed the backup over may still be changing it.
+    // The backup's owner may still be changing it.
     const PrivateFolder own(fs::temp_directory_path());
     copyRows(options.other, own.file());
     StoreReport report;

@@ -70,7 +70,7 @@ void lookAtOffice(const fs::path& install, const Found& found) {
             lookThrough(folder, part.rule, found);
         }
     }
-    // The folders above: whoever may rename BIN there can put another one in its place.
+    // The folders above: a user who can rename BIN there can replace it.
     const fs::path drive = install.parent_path();
     for (const fs::path& path : {install, drive, drive.parent_path(), drive.parent_path() / "registry.txt"}) {
         look(path, kOwnersOnly, found);

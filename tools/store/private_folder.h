@@ -17,7 +17,7 @@ public:
     PrivateFolder& operator=(const PrivateFolder&) = delete;
     ~PrivateFolder();
 
-    /// The empty file; it is written by whoever needs a path.
+    /// The path of an empty file that the caller writes.
     std::string file() const;
     /// Gives the file that was made here another name, with these rights. One that stands there by then is not
     /// replaced.

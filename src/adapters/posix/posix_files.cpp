@@ -81,7 +81,7 @@ NativeFile withOneName(Descriptor opened) {
     return file;
 }
 
-/// Several users write one log: whoever is first makes it, and only then its permissions are set.
+/// Several users write one log. Only the one that creates it sets its permissions.
 NativeFile openLog(const FilePlace& place) {
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
         if (Descriptor standing = standingLog(place)) {

@@ -17,7 +17,7 @@ struct Address {
     const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&socket); }
 };
 
-/// An address is short, and a name is whatever the command line says: so its hash stands for it. A zero byte in front
+/// An address is short and a name may be of any length, so the address holds its hash. A zero byte in front
 /// means that there is no file.
 Address addressOf(const std::string& place, const std::string& name) {
     const std::string text = "orv-" + std::to_string(::geteuid()) + "-" +

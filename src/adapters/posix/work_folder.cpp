@@ -75,7 +75,7 @@ void WorkFolder::removeDead() const {
                 removeUnlessHeld(shared.sibling(name));
             }
         });
-    } catch (const RunTimeError&) {  // whoever needs the folder will hear of it
+    } catch (const RunTimeError&) {  // the first use of the folder reports it
     }
 }
 

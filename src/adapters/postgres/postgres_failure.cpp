@@ -62,7 +62,7 @@ constexpr auto kStates = std::to_array<ServerState>({
 
 constexpr StoreRefusal kNoServer{"DBCONN02", Failure::ConnectionFailed, "データベースのサーバーに接続できません。"};
 constexpr std::size_t kStateLength = 5;
-constexpr std::string_view kStrangeState = "XXXXX";  // it stands for whatever else a server may send
+constexpr std::string_view kStrangeState = "XXXXX";  // replaces anything that is not a state
 
 bool isState(std::string_view text) {
     return text.size() == kStateLength &&

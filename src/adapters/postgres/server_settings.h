@@ -24,7 +24,8 @@ ServerConnection startConnection(const ServerSettings& settings);
 /// All settings of a connection, with those of the named service and of the environment. Contacts nobody.
 /// What decides on security is strict unless the text, the service or the environment says otherwise: the server's
 /// certificate and name must be right, and TLS is 1.2 at least.
-/// Failure: a StoreFailure "DBFILE08" for a key that is no plain file, whoever named it: the library would load code.
+/// Failure: a StoreFailure "DBFILE08" for a key that is not a plain file, also if the service or the
+/// environment names it: the library would load code.
 ServerSettings settled(const ServerSettings& named);
 
 /// The settings for one host. Where a password could go to a server over TLS, the server must prove that it knows it

@@ -24,7 +24,7 @@ constexpr StoreRefusal kForbidden{"DBFILE08", Failure::InvalidCall,
 constexpr std::size_t kLongest = 4096;
 
 // The text is a file of the office, which others may have written, and the client library does what it says with the
-// rights of whoever opens the store. Not here, among others: `options` (settings of the server's session),
+// permissions of the user who opens the store. Not here, among others: `options` (settings of the server's session),
 // `sslcrldir`, `gsslib`, and what a newer library may learn, such as writing down the keys of a connection.
 constexpr auto kAllowed = std::to_array<std::string_view>({
     // Where the server is. `service` names a section of the user's own file or the machine's.

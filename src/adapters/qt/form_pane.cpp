@@ -168,7 +168,7 @@ void FormPane::orderTabs() {
 }
 
 void FormPane::refresh() {
-    // "[*]" is where the toolkit puts the mark; twice, it stands for itself.
+    // The toolkit puts its mark at "[*]"; "[*][*]" is a literal "[*]".
     setWindowTitle(toQt(form_.caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")) +
                    QStringLiteral("[*]"));
     setWindowModified(form_.hasUnsavedChanges());

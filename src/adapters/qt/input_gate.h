@@ -6,7 +6,7 @@ class QWidget;
 
 namespace orv {
 
-/// Keeps keys, the mouse, input methods and drops from a pane and all that stands in it, as long as it lives. Unlike
+/// Keeps keys, the mouse, input methods and drops from a pane and everything in it while in scope. Unlike
 /// disabling the widgets it leaves the focus where it is and paints nothing anew.
 class InputGate : public QObject {
 public:

@@ -39,7 +39,8 @@ QString withAccessKey(const QString& word) {
     return yes ? word + QStringLiteral("(&Y)") : no ? word + QStringLiteral("(&N)") : word;
 }
 
-/// Shows the text in lines of its own. Ctrl+C copies the whole text without them, for whoever is asked for help.
+/// Shows the text in lines of its own. Ctrl+C copies the whole text without them, so that it can be passed on to
+/// support.
 class NoticeBox : public QMessageBox {
 public:
     NoticeBox(const Notice& notice, QWidget* owner)

@@ -114,8 +114,8 @@ bool isSetting(int action, const char* name) {
     return (action == SQLITE_PRAGMA && !asks) || action == SQLITE_ATTACH || action == SQLITE_DETACH;
 }
 
-/// True for what reads rows beside those that the statement changes: those of a nested select, or of a second table.
-bool readsBeside(CallState& state, int action, const char* table) {
+/// True for a read of rows that the statement does not change: those of a nested select or of a second table.
+bool readsOtherRows(CallState& state, int action, const char* table) {
     const bool namesTable =
         action == SQLITE_READ || action == SQLITE_INSERT || action == SQLITE_UPDATE || action == SQLITE_DELETE;
     if (namesTable && state.table.empty()) {
@@ -127,7 +127,7 @@ bool readsBeside(CallState& state, int action, const char* table) {
 /// What a trigger of the store does is not of the statement.
 int authorize(void* data, int action, const char* name, const char*, const char*, const char* trigger) {
     auto& state = *static_cast<CallState*>(data);
-    const bool isBeside = state.isChange && trigger == nullptr && readsBeside(state, action, name);
+    const bool isBeside = state.isChange && trigger == nullptr && readsOtherRows(state, action, name);
     return isBeside || isSetting(action, name) ? SQLITE_DENY : SQLITE_OK;
 }
 

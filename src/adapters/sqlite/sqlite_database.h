@@ -49,8 +49,8 @@ public:
     SqliteDatabase(const std::string& nativePath, StoreAccess access, const SqliteLimits& limits);
     ~SqliteDatabase();
 
-    /// From now on no statement may change settings or reach for another file, and none that changes the store may read
-    /// other rows beside: a value that ends its literal could fetch another company's.
+    /// From now on no statement may change settings or reach for another file, and no change may also read other
+    /// rows: a value that ends its literal could fetch another company's data.
     void refuseSettings();
     /// Starts the time that the next statement has.
     void allow(std::chrono::milliseconds time) const;

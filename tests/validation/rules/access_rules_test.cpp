@@ -9,7 +9,7 @@ namespace {
 
 using R = CompanyRecord;
 
-/// The fields of the ways to the office, and the letters that stand for them below.
+/// The fields of the ways to the office, and their letters in the table below.
 constexpr TextField kWays[] = {&R::RAILROAD_CODE, &R::STATION_CODE, &R::WALK_MINUTES,  &R::BUS_MINUTES,
                                &R::BUS_ROUTE,     &R::BUSSTOP,      &R::TEIHO_MINUTES, &R::CAR_TARGET,
                                &R::CAR_MINUTES,   &R::CAR_DISTANCE};
@@ -21,7 +21,7 @@ TEST_F(TransportRules, AllowOneWayAndThatOneWhole) {
     struct Case {
         /// The fields that are filled, in groups that end alike.
         const char* filled;
-        /// The control that gets the focus and what is told; both empty: passes.
+        /// The control that gets the focus, and the message; both empty: passes.
         const char* focus;
         const char* text;
     };
