@@ -11,6 +11,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace orv {
@@ -30,6 +31,12 @@ constexpr auto kAllowed =
     std::to_array<std::uint32_t>({__NR_read, __NR_pread64, __NR_lseek, __NR_close, __NR_brk, __NR_munmap, __NR_mremap,
                                   __NR_madvise, __NR_futex, __NR_rt_sigreturn, __NR_exit, __NR_exit_group});
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr auto kRuntime = std::to_array<std::uint32_t>({__NR_sigaltstack});  // the sanitizer's, as the process ends
+#else
+constexpr std::array<std::uint32_t, 0> kRuntime{};
+#endif
+
 constexpr std::uint32_t argument(std::size_t place) {
     return static_cast<std::uint32_t>(offsetof(seccomp_data, args) + place * sizeof(std::uint64_t));  // its lower half
 }
@@ -40,12 +47,9 @@ public:
         load(offsetof(seccomp_data, arch));
         unless(kMachine, SECCOMP_RET_KILL_PROCESS);
         load(offsetof(seccomp_data, nr));
-        for (const std::uint32_t call : kAllowed) {
-            when(call, SECCOMP_RET_ALLOW);
-        }
-        for (const std::uint32_t call : kStat) {
-            when(call, SECCOMP_RET_ALLOW);
-        }
+        allow(kAllowed);
+        allow(kStat);
+        allow(kRuntime);
         allowWrite({static_cast<std::uint32_t>(output), STDERR_FILENO});
         allowPlainMemory(__NR_mmap);
         allowPlainMemory(__NR_mprotect);
@@ -67,6 +71,11 @@ private:
     void when(std::uint32_t value, std::uint32_t verdict) {
         add(BPF_JMP | BPF_JEQ | BPF_K, value, 0, 1);
         end(verdict);
+    }
+    void allow(std::span<const std::uint32_t> calls) {
+        for (const std::uint32_t call : calls) {
+            when(call, SECCOMP_RET_ALLOW);
+        }
     }
     void unless(std::uint32_t value, std::uint32_t verdict) {
         add(BPF_JMP | BPF_JEQ | BPF_K, value, 1, 0);
