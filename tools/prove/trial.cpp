@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// So many of the program's time limits an errand may take.
+/// How many of the program's time limits a scenario may take.
 constexpr int kLimits = 30;
 
 }  // namespace
@@ -26,7 +26,7 @@ void Trial::run(const CompanyKind& kind) {
     }
 }
 
-/// False: the errand has fewer calls.
+/// False if the scenario has fewer calls.
 bool Trial::strikeOnce(const Strike& strike, const std::string& name) {
     point_ = name + " " + std::to_string(strike.at);
     ground_.comeBack();

@@ -82,7 +82,8 @@ private:
         end(verdict);
     }
 
-    /// What the steps behind the number leave loaded is not the number any more, so that they end in a verdict.
+    /// These steps replace the call's number by an argument, so they end in a verdict: no later step can use the
+    /// number.
     void allowWrite(std::array<std::uint32_t, 2> descriptors) {
         constexpr std::size_t kSteps = 6;
         add(BPF_JMP | BPF_JEQ | BPF_K, __NR_write, 0, kSteps);

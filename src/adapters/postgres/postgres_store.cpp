@@ -216,14 +216,7 @@ public:
     void runScript(const std::string& sql) override { command(sql); }
     std::vector<std::string> damages() override { return {}; }
 
-    std::vector<StoreObject> objects() override {
-        const RecordsetPtr rows = select(kObjects, {});
-        std::vector<StoreObject> all;
-        for (; !rows->Eof(); rows->MoveNext()) {
-            all.push_back({toText(rows->Fields(0)), toText(rows->Fields(1))});
-        }
-        return all;
-    }
+    std::vector<StoreObject> objects() override { return objectsIn(select(kObjects, {})); }
 
 private:
     void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }

@@ -115,14 +115,7 @@ public:
         return found;
     }
 
-    std::vector<StoreObject> objects() override {
-        const RecordsetPtr rows = select(kObjects, {});
-        std::vector<StoreObject> all;
-        for (; !rows->Eof(); rows->MoveNext()) {
-            all.push_back({toText(rows->Fields(0)), toText(rows->Fields(1))});
-        }
-        return all;
-    }
+    std::vector<StoreObject> objects() override { return objectsIn(select(kObjects, {})); }
 
 private:
     void expect(bool isChange, std::chrono::milliseconds time) const {

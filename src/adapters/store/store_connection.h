@@ -20,6 +20,9 @@ struct StoreObject {
     std::string name;
 };
 
+/// The objects that a select of kind and name has found.
+std::vector<StoreObject> objectsIn(const RecordsetPtr& rows);
+
 /// An open store, whatever engine is behind it. Every failure is a RunTimeError, mostly a StoreFailure; a failed
 /// statement leaves an open transaction as it was before it.
 class StoreConnection : public Connection {
