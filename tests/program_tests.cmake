@@ -29,7 +29,7 @@ orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_m
 orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
 
 # A share of `./dev prove`, which takes every call and every byte; 21 so that each of the eight bits has its turn.
-foreach(share "file 20" "server 20" "answers 21")
+foreach(share "file 60" "server 60" "answers 21")
   separate_arguments(arguments UNIX_COMMAND ${share})
   list(GET arguments 0 part)
   add_test(NAME prove_${part} COMMAND ${CMAKE_SOURCE_DIR}/tools/prove/prove.sh $<TARGET_FILE:prove> ${arguments})
