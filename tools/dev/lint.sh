@@ -1,4 +1,4 @@
-# Form and structure: clang-format, clang-tidy, the table of rooms, the sample office.
+# Form and structure: clang-format, clang-tidy, the table of modules, the English of comments, the sample office.
 
 sources() { git ls-files --cached --others --exclude-standard -- 'src/*' 'tests/*' 'tools/*' | grep -E '\.(cpp|h)$'; }
 
@@ -18,6 +18,7 @@ lint() {
     local status=0
     sources | xargs clang-format --dry-run -Werror || status=1
     python3 tools/checks/layers.py || status=1
+    python3 tools/checks/language.py || status=1
     python3 tools/checks/sample.py || status=1
     buildPreset dev >/dev/null
     tidyCommands
