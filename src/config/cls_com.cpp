@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* kInstallKey = "SOFTWARE\\ZENTHA\\ORV";
 constexpr const char* kInstallValue = "InstallKey";
-/// HKEY_LOCAL_MACHINE, as it travels between the routines.
+/// HKEY_LOCAL_MACHINE in the decimal form that the routines exchange.
 constexpr const char* kLocalMachine = "-2147483646";
 
 constexpr std::int32_t kQueryValue = 1;
@@ -25,7 +25,7 @@ constexpr std::int32_t kValueSize = 1024;
 constexpr std::int32_t kTypeNumber = 4;
 constexpr std::int32_t kNumberBytes = 4;
 
-/// An open key; closes it on every way out.
+/// An open key, closed when it leaves scope.
 class OpenKey {
 public:
     explicit OpenKey(Registry::Handle key) : key_(key) {}
@@ -33,7 +33,7 @@ public:
     OpenKey& operator=(const OpenKey&) = delete;
     ~OpenKey() {
         if (open_) {
-            static_cast<void>(caught([this] { close(); }));  // the failure that led here is the one to be told
+            static_cast<void>(caught([this] { close(); }));  // the first failure is reported
         }
     }
 
@@ -47,7 +47,7 @@ private:
     bool open_ = true;
 };
 
-/// The bytes of the text in its two-byte form.
+/// Returns the size of the text in its two-byte form.
 std::int32_t wideByteCount(const std::string& text) {
     std::int32_t count = 0;
     for (const char32_t character : toCharacters(text)) {

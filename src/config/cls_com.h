@@ -7,12 +7,12 @@
 
 namespace orv {
 
-/// Where everything of the install lies and what is set: one property for each folder, program, data file and setting.
-/// The members stand in the order of the class's interface, and the line of a member is its row in the table.
+/// The install's folders, programs, data files and settings, one property each. The members keep the order of the
+/// class's interface, and the line of each member names its setting.
 ///
-/// Each call reads "system.ini" afresh; only the path of that file is kept. A property never raises and never looks
-/// whether its file exists: one that fails writes a log record and is empty ("0" for the three picture limits). A
-/// property built on an empty folder is the bare file name.
+/// Each call reads "system.ini" again; only the path of that file is kept. A property never throws and never checks
+/// whether its file exists. A property that fails writes a log record and returns "" ("0" for the three picture
+/// limits). With an empty folder a property returns the bare file name.
 class cls_Com {
 public:
     cls_Com() = default;
@@ -22,10 +22,10 @@ public:
 
     std::string MdbOrvEstateDB() const { return MdbFolder() + "ORVESTATE.MDB"; }
     std::string MdbOrvReplaceDB() const { return MdbFolder() + "ORVREPLACE.MDB"; }
-    /// `hive`: the decimal text of its handle. False: the pair tells which operation refused.
+    /// `hive` is the decimal text of its handle. On false the pair names the operation that failed.
     [[nodiscard]] bool P_GetRegQueryString(const std::string& subKey, const std::string& valueName,
                                            const std::string& hive, std::string& value) const;
-    /// Makes the key where it is missing. `valueType`: the registry's type code, 4 for a 32-bit number.
+    /// Creates the key if it is missing. `valueType` is the registry's type code; 4 is a 32-bit number.
     [[nodiscard]] bool P_SetRegQueryString(const std::string& subKey, const std::string& valueName,
                                            const std::string& hive, const std::string& value,
                                            std::int32_t valueType) const;
@@ -39,7 +39,7 @@ public:
     std::string HlpFolder() const { return folder("HLP"); }
     std::string DwlFolder() const { return folder("DWL"); }
     std::string ImgFolder() const { return folder("IMG"); }
-    /// The folder of the picture slot `index`, counted from 0; the folders are counted from 1.
+    /// Returns the folder of picture slot `index`. Slots count from 0, folders from 1.
     std::string ImgNoFolder(std::int16_t index) const { return ImgFolder() + std::to_string(index + 1) + "\\"; }
     std::string LogFolder() const { return folder("LOG"); }
     std::string LogErrFolder() const { return folder("LOGERR"); }
@@ -89,23 +89,23 @@ public:
     std::string MdbAddressDB() const { return MdbFolder() + "ADDRESS.MDB"; }
     std::string MdbRailDB() const { return MdbFolder() + "RAIL.MDB"; }
     std::string SysBknoIni() const { return SysFolder() + "BKNO.INI"; }
-    /// The full path of "system.ini".
+    /// Returns the full path of "system.ini".
     std::string SysSystemIni() const;
     std::string SysContCsv() const { return SysFolder() + "CONT.CSV"; }
-    /// The file of the terminals, beside "system.ini"; its folder comes out in capitals.
+    /// Returns the path of the terminals' file, in the folder of "system.ini" and with that folder in capitals.
     std::string SysKcount() const;
-    /// By the place of the running program, so that messages can be shown where no setting can be read.
+    /// Derived from the program's own folder, so that messages can be shown when no setting can be read.
     std::string SysMsgTbl() const;
     std::string TmpWorkImgFile() const { return TmpFolder() + "WorkImg"; }
     std::string TmpWorkImodeImgFile() const { return TmpFolder() + "WorkImg_i"; }
-    /// The working file of the picture slot `index`, counted from 0; the files are counted from 1.
+    /// Returns the working file of picture slot `index`. Slots count from 0, files from 1.
     std::string TmpNoTmpFile(std::int16_t index) const { return TmpFolder() + "TmpImg_" + std::to_string(index + 1); }
     std::string TmpImodeFile() const { return TmpFolder() + "TmpImg_i"; }
     std::string TmpWorkRom() const { return TmpFolder() + "WorkRom.rom"; }
     std::string TmpRom() const { return TmpFolder() + "TmpRom.rom"; }
     std::string LogErrFile() const { return LogErrFolder() + today() + "_err.log"; }
     std::string LogSndFile() const { return LogSndFolder() + today() + "_snd.log"; }
-    /// The one log with a fixed name, which is why it alone rotates.
+    /// The only log with a fixed name, and therefore the only one that rotates.
     std::string LogRasFile() const { return LogRasFolder() + "ras.log"; }
     std::string LogRcvFile() const { return LogRcvFolder() + today() + "_rcv.log"; }
     std::string LogDwlFile() const { return LogDWlFolder() + today() + "_dwl.log"; }
@@ -127,13 +127,13 @@ public:
     std::string ORV_ReceiveService() const { return asRead("NET", "RECEIVESERVICE"); }
     std::string ORV_Receive() const { return asRead("NET", "RECEIVE"); }
     std::string ORV_TimeOut() const { return asRead("NET", "TIMEOUT"); }
-    /// What the caller `prefix` shall be started with.
+    /// Returns the arguments with which the caller `prefix` is started.
     std::string ORV_STARTPARA(const std::string& prefix) const { return asRead("UTILTY", prefix + "STARTPARA"); }
     std::string ORV_FtpTimeOut() const { return orIfEmpty("NET", "FTPTIMEOUT", "60000"); }
     std::string ORV_GifImgMode() const { return orIfEmpty("IMG", "GIFIMGMODE", "False"); }
-    /// Empty on a computer that is no client of the office's network.
+    /// Empty on a computer that is not a client of the office's network.
     std::string ORV_LANTYPE() const;
-    /// One more than the value set: the first attempt counts.
+    /// One more than the setting, because the first attempt counts.
     std::string ORV_RetryCount() const;
     std::string ORV_Interval() const { return asRead("NET", "INTERVAL"); }
     std::string ORV_NextInterval() const { return asRead("NET", "NEXTINTERVAL"); }
@@ -147,11 +147,11 @@ public:
     std::string VimblMnuExeStartPara() const { return vimblArgument("MenuStartPara"); }
     std::string VimblMkRmExe() const { return vimblProgram("MakeRomExeFile"); }
     std::string VimblMkRmExeStartPara() const { return vimblArgument("MakeRomStartPara"); }
-    /// The leaflet folder of a kind of property: `code` as "RH", "RJ", "SL", "SHM", "SHR" and the like; the root for
-    /// any other.
+    /// Returns the leaflet folder for a kind of property, or the root for an unknown kind. `code` is "RH", "RJ", "SL",
+    /// "SHM", "SHR" and so on.
     std::string VimblChirasiDir(const std::string& code) const;
     std::string MinorVer() const;
-    /// The install folder as the registry has it, or the folder of the running program.
+    /// Returns the install folder from the registry, or else the folder of the running program.
     std::string P_GetInstallFolderPath() const;
     std::string BinSaftyPriceExe() const { return BinFolder() + "KELT_SAFTYPRICE.exe"; }
 
@@ -161,7 +161,7 @@ private:
     [[nodiscard]] bool P_ResolveIniPath(std::string& path) const;
     std::int32_t fOpenRegSubKey(std::int32_t hive, const std::string& subKey, std::int32_t access) const;
 
-    /// A value of "system.ini"; nothing when it could not be asked for.
+    /// Returns a value of "system.ini", or nothing if it cannot be read.
     std::optional<std::string> value(const std::string& section, const std::string& key) const;
 
     std::string asRead(const std::string& section, const std::string& key, const std::string& onFailure = "") const;

@@ -42,7 +42,7 @@ std::string keyOf(const std::array<LeafletFolder, Count>& rows, std::string_view
     return found == rows.end() ? std::string() : std::string(found->key);
 }
 
-/// Empty for a code that has no folder of its own.
+/// Returns "" for a code without a folder of its own.
 std::string leafletKey(const std::string& code) {
     const std::string kind = code.substr(0, 2);
     return kind == "SH" ? keyOf(kByWholeCode, trimmed(code)) : keyOf(kByFirstTwo, kind);
@@ -73,7 +73,7 @@ std::string cls_Com::SysMsgTbl() const {
 std::string cls_Com::IniMinorVer() const { return treated("VERSION", "MINOR", trimmed); }
 
 std::string cls_Com::MinorVer() const {
-    VimblFolder();  // the answer is of no use here, but callers count on a fault of that setting being logged
+    VimblFolder();  // the value is not used, but callers rely on a failure of this setting being logged
     return asRead("VERSION", "MINOR");
 }
 
@@ -138,7 +138,7 @@ std::string cls_Com::vimblProgram(const std::string& key) const {
     return treated("VIMBL", key, [&](const std::string& file) { return VimblFolder() + file; });
 }
 
-/// With a blank in front, so that it can be put behind a program's name.
+/// Begins with a blank, so that it can be appended to a program's name.
 std::string cls_Com::vimblArgument(const std::string& key) const {
     return treated("VIMBL", key, [](const std::string& argument) { return " " + argument; });
 }

@@ -10,7 +10,7 @@
 namespace orv {
 namespace {
 
-/// A value of section NET in `file`; nothing when it could not be asked for.
+/// Returns a value of section NET in `file`, or nothing if it cannot be read.
 std::optional<std::string> netValue(const std::string& file, const std::string& key, std::string_view ifEmpty) {
     std::string read;
     if (!PF_GetProFile(file, "NET", key, read)) {

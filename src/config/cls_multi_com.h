@@ -10,14 +10,15 @@
 
 namespace orv {
 
-/// The database with the transmission profiles. Nothing in this program assigns it; who wants the loader does.
+/// Path of the database with the transmission profiles. Only a program that uses the loader assigns it; this one does
+/// not.
 inline std::string gTransmitDatabase;
-/// The loader's workspace, while a profile is being read.
+/// The loader's workspace while it reads a profile.
 inline std::unique_ptr<TransmitWorkspace> gTransmitWorkspace;
 
-/// What concerns sending, on top of the settings that it is made with. The members stand in the order of the class's
-/// interface. The three image settings come from the "system.ini" that the whole office shares, in the folder that
-/// `SeverSysPath` names. A property never raises; one that fails writes a log record.
+/// The settings for sending, in addition to those of `cls_Com`. The members keep the order of the class's interface.
+/// The three image settings are read from the office's shared "system.ini", in the folder that `SeverSysPath` names. A
+/// property never throws; one that fails writes a log record.
 class cls_Multi_Com {
 public:
     explicit cls_Multi_Com(const cls_Com& settings) : com_(settings) {}
@@ -25,20 +26,21 @@ public:
     cls_Multi_Com& operator=(const cls_Multi_Com&) = delete;
     ~cls_Multi_Com() = default;
 
-    /// The host of the image server.
+    /// Returns the host of the image server.
     std::string ORV_IMAGE_URL() const;
-    /// The base of an upload's URL, ending in "/". After a failure it is a bare host on purpose: nothing can be sent.
+    /// Returns the base of an upload's URL, with a trailing "/". After a failure this is a bare host, so that nothing
+    /// is sent.
     std::string ORV_IMAGE_HTTP_URL() const;
-    /// "FTP", also where none is set, or another way of transfer.
+    /// Returns the way of transfer, "FTP" if none is set.
     std::string ORV_IMAGE_TRANSFER_TYPE() const;
     std::string BinBuildingSearchExe() const { return com_.BinFolder() + "KELT_BS_RH.EXE"; }
-    /// A place kept free on the interface: nothing happens, the value is empty.
+    /// Reserved by the interface. Does nothing and returns an empty value.
     Value UserDataGet(const Value& key) const;
-    /// Reads the profile of the two keys into `tTransmitInfo`; the value is always empty. A failure is raised, and the
-    /// record then stays as it was.
+    /// Reads the profile of the two keys into `tTransmitInfo` and returns an empty value. Throws on failure and then
+    /// leaves the record unchanged.
     Value Transmit_Envion_DataSet(const Value& unused, std::int16_t key1, const std::string& key2) const;
     std::string ORV_FtpOverwrite() const;
-    /// `path` with a trailing "/", an empty one as it is.
+    /// Returns `path` with a trailing "/", or "" for an empty path.
     std::string WebMakePath(const std::string& path) const;
     std::string BinContentsExe() const { return com_.BinFolder() + "KELT_CONTENTS.EXE"; }
     std::string BinAdvantageInfoExe() const { return com_.BinFolder() + "KELT_ADVANTAGEINFO.EXE"; }

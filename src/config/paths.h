@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// `path` with a trailing "\", an empty path as it is. The test is on the last byte in the code page: a folder whose
-/// last character ends in that byte gets no separator, as everything that stands on the disks expects.
+/// Returns `path` with a trailing "\", or "" for an empty path. Checks the last byte in the code page. A folder whose
+/// last character ends in that byte therefore gets no separator, which existing installs rely on.
 std::string P_AddBackslash(const std::string& path);
 
 }  // namespace orv

@@ -5,8 +5,8 @@
 namespace orv {
 inline namespace bas_Profile {
 
-/// One value of an INI file. What is absent (file, section, key) and what is empty both give "" and true: callers have
-/// their own defaults. False is a run-time failure only, told by the pair; `value` then stays as it was.
+/// Reads one value of an INI file. Returns "" and true if the file, section, key or value is missing, because callers
+/// have their own defaults. Returns false only for a run-time failure, which is in the pair; `value` is then unchanged.
 [[nodiscard]] bool PF_GetProFile(const std::string& file, const std::string& section, const std::string& key,
                                  std::string& value);
 

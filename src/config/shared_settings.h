@@ -5,13 +5,13 @@
 
 namespace orv {
 
-/// The one object for every folder, file name and setting; made at first use.
+/// Returns the one object for folders, file names and settings, created at first use.
 cls_Com& com();
 
-/// The one object for what concerns sending; made at first use.
+/// Returns the one object for the settings of sending, created at first use.
 cls_Multi_Com& multiCom();
 
-/// Forgets both objects and the globals of the profile loader. Only a test fixture starts over like this.
+/// Deletes both objects and the globals of the profile loader. For test fixtures only.
 void dropSharedSettings();
 
 }  // namespace orv

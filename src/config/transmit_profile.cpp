@@ -18,7 +18,7 @@ using Text = std::string TransmitInfo::*;
 using Short = std::int16_t TransmitInfo::*;
 using Long = std::int32_t TransmitInfo::*;
 
-/// `ifNull`: the number of a null column, and of a profile that is not there. A text is then empty.
+/// `ifNull` is the number for a null column and for a missing profile. A text is then empty.
 struct Column {
     std::string_view name;
     std::variant<Text, Short, Long> field;
@@ -65,7 +65,7 @@ constexpr std::array kColumns = std::to_array<Column>({
 
 constexpr const char* kMakeFileOnly = "ﾌｧｲﾙ作成のみ";
 
-/// Puts one value into its field, by the field's kind.
+/// Assigns one value to its field, according to the field's type.
 struct Filler {
     const cls_Multi_Com& settings;
     const Column& column;
@@ -93,7 +93,7 @@ std::string sendModeOf(const Value& column) {
     }
 }
 
-/// `row`: null for a profile that is not there, which leaves every column null but for the way of sending.
+/// `row` is null for a missing profile. Every column except the way of sending is then null.
 TransmitInfo profileFrom(const TransmitRecordset* row, const cls_Com& com, const cls_Multi_Com& settings) {
     TransmitInfo info;
     for (const Column& column : kColumns) {
@@ -107,7 +107,7 @@ TransmitInfo profileFrom(const TransmitRecordset* row, const cls_Com& com, const
     return info;
 }
 
-/// Holds the global workspace while a profile is being read.
+/// Sets the global workspace while a profile is read.
 struct WorkspaceHold {
     WorkspaceHold() {
         gTransmitWorkspace =

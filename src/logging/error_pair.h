@@ -6,11 +6,11 @@
 
 namespace orv {
 
-/// Fills the pair and returns false, so that a body ends with it.
+/// Fills the pair and returns false, so that a function body can end with it.
 [[nodiscard]] bool fail(std::string text, std::string code);
 [[nodiscard]] bool failFrom(const FailureRecord& record);
 
-/// Blanks the pair: its failure has been reported.
+/// Clears the pair after its failure was reported.
 void clearPair();
 
 }  // namespace orv

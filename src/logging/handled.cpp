@@ -23,7 +23,7 @@ bool shown(std::string_view id, const std::string& code, const std::string& text
 void showPlainBox(const std::string& code, const std::string& text) {
     const auto failure =
         caught([&] { services().windows->showNotice({.title = code, .text = text, .kind = Notice::Kind::Critical}); });
-    static_cast<void>(failure);  // with no window at all, the log record below is what is left
+    static_cast<void>(failure);  // if no window can be shown either, only the log record below remains
 }
 
 }  // namespace

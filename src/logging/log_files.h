@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// Where each kind of log lies. The settings know the paths and log their own failures, so the log asks through these
-/// functions, which the program's root fills.
+/// The path of each kind of log. Settings know the paths and log their own failures, so the log asks through these
+/// functions. The composition root sets them.
 struct LogFiles {
     std::function<std::string()> err;
     std::function<std::string()> ras;
@@ -14,7 +14,7 @@ struct LogFiles {
     std::function<std::string()> rcv;
     std::function<std::string()> dwl;
 
-    /// The operator has been told that records are kept elsewhere, which happens once a run.
+    /// True if the operator has already seen the message that records are kept elsewhere. It is shown once per run.
     bool isRefusalTold = false;
 };
 

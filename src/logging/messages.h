@@ -6,13 +6,13 @@
 
 namespace orv {
 
-/// Shows a message; that it could not be shown is nobody's business here.
+/// Shows a message. Ignores a failure to show it.
 void tell(const std::string& id, const Values& args = {});
 
-/// Asks, and tells whether the operator wants the present state to stay.
+/// Asks a question. True if the operator wants to keep the present state.
 [[nodiscard]] bool staysAfter(const std::string& id, const Values& args = {});
 
-/// Shows a message; false when that failed, with the service's failure in the pair.
+/// Shows a message. On false the pair holds the service's failure.
 [[nodiscard]] bool showOrFail(const std::string& id, const Values& args);
 
 }  // namespace orv

@@ -8,14 +8,15 @@
 
 namespace orv {
 
-/// Runs `body`; what it raises comes back as the run-time failure that it is. The one place where the system catches.
+/// Runs `body` and returns the failure that it throws, converted to a run-time failure. No other code of the system
+/// catches.
 [[nodiscard]] std::optional<RunTimeError> caught(const std::function<void()>& body);
 
-/// The frame of a module routine. A run-time failure in `body` fills the pair with `label`, the description and the
-/// number, and the result is false; a body that has filled the pair itself returns false and the pair stays.
+/// Runs the body of a module routine. A run-time failure fills the pair with `label`, description and number, and the
+/// result is false. A body that fills the pair itself returns false, and the pair is kept.
 [[nodiscard]] bool trapped(std::string_view label, const std::function<bool()>& body);
 
-/// The same for a routine whose result is no boolean: `onFailure` when the body fails.
+/// The same for a routine whose result is not a boolean. Returns `onFailure` if the body fails.
 template <class Result>
 [[nodiscard]] Result trappedOr(std::string_view label, Result onFailure, const std::function<Result()>& body) {
     Result result = onFailure;

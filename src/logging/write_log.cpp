@@ -55,7 +55,7 @@ std::string sixLists(const Values& args) {
     return record;
 }
 
-/// "ras.log" beside it becomes "rasbk.log"; the backup before it is lost.
+/// Renames "ras.log" to "rasbk.log" in the same folder and overwrites the older backup.
 void rotate(const std::string& path) {
     FileSystem& files = *services().fileSystem;
     if (!files.exists(path) || files.sizeOf(path) <= kRasLimit) {
@@ -86,7 +86,7 @@ constexpr std::array<LogKind, 5> kKinds{{
     {"DWL", threeValues, &LogFiles::dwl, false},
 }};
 
-/// A log that was not written, and the file that has the record instead.
+/// A log that could not be written, and the file that holds the record instead.
 struct Refusal {
     std::string log;
     std::string instead;
@@ -96,7 +96,7 @@ bool isRefused(const std::optional<RunTimeError>& failure) {
     return failure && failure->number() == static_cast<int>(Failure::PathFileAccess);
 }
 
-/// Everybody in an office can put something at the place of a log; then the record is kept where only this user can.
+/// Any user of an office can put a file or link in a log's place. The record then goes where only this user can write.
 void append(const std::string& path, const std::string& record, std::optional<Refusal>& refusal) {
     FileSystem& files = *services().fileSystem;
     const auto failure = caught([&] { files.append(path, record); });
@@ -125,7 +125,7 @@ void tellOnce(const Refusal& refusal) {
     }
 }
 
-/// Up while a record is being written. Asking for the log's own path can fail in a setting, which logs its failure.
+/// Set while a record is written. Reading the log's path can fail in a setting, which would log its failure in turn.
 class Writing {
 public:
     Writing() { up_ = true; }

@@ -28,11 +28,11 @@ namespace {
 using R = CompanyRecord;
 
 constexpr std::size_t kAreaLength = 5;
-/// The edition whose members always belong to the association of this place.
+/// In this edition the association of this index is always set.
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kAssociationPlace = 3;
 
-/// A lock of this computer's that no run holds any more is left by one that died, and is taken over.
+/// A lock of this computer that no running program holds was left by a crashed run. It is taken over.
 bool takeLock(const std::string& userId, bool isLeft) {
     if (!claimCompany(userId)) {
         clearPair();
@@ -58,7 +58,7 @@ bool lockCompany(const std::string& userId) {
     }
 }
 
-/// A string that is too short for the place becomes longer by it.
+/// A flag string that is too short is extended.
 void applyAssociationRule() {
     if (com().MinorVer() != kAssociationEdition) {
         return;
@@ -169,7 +169,7 @@ void bas_Main_Companydata::releaseAfterFailedStart(const std::string& userId) {
     const FailureRecord failure{gErrMsg, gErrCode};
     StoreSession session;
     static_cast<void>(session.openFresh() && PF_DataUnlock(userId, kLockType, kLockNumber));
-    static_cast<void>(failFrom(failure));  // the start's own failure is reported
+    static_cast<void>(failFrom(failure));  // the caller reports the first failure
 }
 
 bool bas_Main_Companydata::PF_SetCompanyDataStructureChng(const std::string& userId) {

@@ -6,16 +6,17 @@ namespace orv {
 
 inline namespace bas_Main_Companydata {
 
-/// Locks the company and brings it into the record. False: the pair tells why, or is blank when another computer holds
-/// the company, which the operator has been told.
+/// Locks the company and loads it into the record. On false the pair holds the failure. The pair is blank if another
+/// computer holds the lock, which the operator has already seen.
 [[nodiscard]] bool PF_GetCompanyData(const std::string& userId);
 
-/// Releases the company again if its load failed, or if no page can be shown. A lock that was taken over stays: it may
-/// belong to a second run on this computer. The pair stays as it is.
+/// Releases the lock if the load failed or no page can be shown. A lock that was taken over is kept, because a second
+/// run on this computer might hold it. Does not change the pair.
 void releaseAfterFailedStart(const std::string& userId);
 
-/// Fills the cleared record from the open store, takes working copies of the photos and measures the computer. The
-/// marker without a row is a new company. False: the pair tells why; the record is left as far as it got.
+/// Fills the cleared record from the open store, makes working copies of the photos and measures the computer. The key
+/// of a new company without a row gives a new company. On false the pair holds the failure and the record is
+/// incomplete.
 [[nodiscard]] bool PF_SetCompanyDataStructureChng(const std::string& userId);
 
 }  // namespace bas_Main_Companydata

@@ -15,8 +15,8 @@
 namespace orv {
 namespace {
 
-/// One of the three tables, in the order of the transaction: its probe, its statements, and what a missing row is
-/// called.
+/// One of the three tables, in the order of the transaction: its probe, its statements and the failure for a missing
+/// row.
 struct SavedTable {
     std::int16_t probe;
     bool (*insert)(std::string& sql);
@@ -45,7 +45,7 @@ bool execute(const SavedTable& table, const std::string& sql) {
     return rows == 1 || fail(table.refusal, table.code);
 }
 
-/// `sql` is left as the statement that was built last.
+/// `sql` receives the last statement that was built.
 bool writeTables(Transaction& transaction, const std::string& targetId, std::string& sql) {
     if (!valuesFitStatements(PhotoFields::Stored)) {
         return false;
@@ -73,7 +73,7 @@ bool bas_Main_Companydata::PF_SetCompanyDataSave(const std::string& targetId) {
         return true;
     }
     if (!transaction.rollback()) {
-        static_cast<void>(failFrom(services().db->DbError()));  // takes the place of the failure before it
+        static_cast<void>(failFrom(services().db->DbError()));  // replaces the earlier failure
     }
     logPair();
     logError("SQL", sql);

@@ -32,7 +32,7 @@ void logSysError(const std::string& note = {}) {
     logError(failure.code, failure.text + note);
 }
 
-/// Takes a measured text into the field, or logs why there is none.
+/// Stores a measured text in the field, or logs why there is none.
 void take(TextField field, bool ok, const std::string& text, const std::string& note = {}) {
     tCustomerInfo.*field = ok ? text : "";
     if (!ok) {
@@ -53,7 +53,7 @@ void operatingSystem() {
     }
 }
 
-/// The settings tell by the pair, which belongs to nobody here.
+/// The setting reports a failure through the pair, which must not change here.
 void connectionType() {
     tCustomerInfo.NET_TYPE.clear();
     if (!PF_GetProFile(com().SysSystemIni(), "NET", "TYPE", tCustomerInfo.NET_TYPE)) {

@@ -4,13 +4,13 @@
 
 namespace orv {
 
-/// Measures the computer into the record. A measurement that fails leaves its field blank, writes a log record, and
+/// Measures the computer and fills the record. A failed measurement leaves its field blank, writes a log record and
 /// does not stop the others.
 void probeEnvironment();
 
 inline namespace bas_Main_Companydata {
 
-/// The Windows folder with a separator at its end, or blank.
+/// Returns the Windows folder with a trailing separator, or "".
 std::string PF_GetWindowsPath();
 
 }  // namespace bas_Main_Companydata

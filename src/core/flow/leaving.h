@@ -2,13 +2,13 @@
 
 namespace orv {
 
-/// Asks, unless a complete save has run since the company was loaded. True: the operator wants to leave.
+/// True if the operator wants to leave. Asks unless a complete save has run since the company was loaded.
 [[nodiscard]] bool wantsToLeave();
 
-/// Releases the company and starts the caller again. False: the pair tells why, and the program stays open.
+/// Releases the company and starts the caller again. On false the pair holds the failure and the program stays open.
 [[nodiscard]] bool releaseAndStartCaller();
 
-/// Runs the command line of the settings, or else the menu program.
+/// Runs the command line from the settings, or the menu program if there is none.
 void startCaller();
 
 inline namespace bas_Main_Companydata {

@@ -22,16 +22,15 @@ std::string storedName(const PhotoSlot& slot) {
     return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
 }
 
-/// True for the name of a file without any folder. A row can hold anything; a name that is a path leads out of the
-/// folder of the photos.
+/// True for a file name without a folder. A row can contain any text, and a path would lead out of the photo folder.
 bool isBareName(const std::string& name) {
     return !name.empty() && name != "." && name != ".." && name.find_first_of("\\/:") == std::string::npos;
 }
 
-/// True if the field has the form of the column and not that of a path.
+/// True if the field has the form stored in the column, not that of a path.
 bool namesStored(const PhotoSlot& slot) { return fieldOf(slot) == storedName(slot); }
 
-/// Raises if the setting cannot be read: its default would lead to another folder.
+/// Throws if the setting cannot be read, because its default would lead to another folder.
 std::string readSetting(const std::function<std::string()>& setting) {
     std::string value;
     static_cast<void>(withSettings([&] {
@@ -51,11 +50,11 @@ std::string workingPath(const PhotoSlot& slot) {
     return readSetting([&] { return com().TmpNoTmpFile(slot.index); });
 }
 
-/// The folder with its separator; empty for a bare name.
+/// Returns the folder with its separator, or "" for a bare name.
 std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
 
-/// False if the photo has been deleted. Raises if the whole folder is missing, as when a drive is not connected or a
-/// setting is empty: the photo must not leave the company because of that. An empty `folder` is not looked for.
+/// False if the photo has been deleted. Throws if the whole folder is missing (a drive is not connected, a setting is
+/// empty), so that the company keeps its photo. An empty `folder` is not checked.
 bool isInPlace(const std::string& photo, const std::string& folder) {
     const FileSystem& files = *services().fileSystem;
     if (files.exists(photo)) {
@@ -67,7 +66,7 @@ bool isInPlace(const std::string& photo, const std::string& folder) {
     return false;
 }
 
-/// The value stays out of the log, since it can hold line ends.
+/// The value is not logged, because it can contain line ends.
 void dropPath(const PhotoSlot& slot) {
     logError("PHOTO001", "「" + tCustomerInfo.USER_ID + "」の登録画像" + std::to_string(slot.index + 1) +
                              "の名前はファイル名ではありません。画像なしとして扱います。");
@@ -80,7 +79,7 @@ void copyOut(const PhotoSlot& slot, const std::string& stored) {
     fieldOf(slot) = working;
 }
 
-/// A photo that cannot be copied is known by the path of its stored file.
+/// If the photo cannot be copied, the field becomes the path of the stored file.
 void copyOutOrNameStored(const PhotoSlot& slot) {
     const std::string stored = storedPath(slot);
     if (caught([&] { copyOut(slot, stored); })) {
@@ -90,7 +89,7 @@ void copyOutOrNameStored(const PhotoSlot& slot) {
 
 std::string besideOf(const std::string& stored) { return stored + ".new"; }
 
-/// A run that died while it replaced a photo has left the new one, whole, beside its place, and perhaps no old one.
+/// A run that crashed while replacing a photo leaves the complete new file next to its place, and perhaps no old one.
 void finishReplacing(const std::string& stored) {
     FileSystem& files = *services().fileSystem;
     const std::string beside = besideOf(stored);
@@ -112,12 +111,12 @@ bool deleteOld(const std::string& stored) {
     return ok || failFrom(services().files->FileError());
 }
 
-/// A photo that the operator has not changed stays where it is: what is not touched cannot be lost.
+/// A photo that the operator has not changed is not written again, so it cannot be lost.
 bool holdsAlready(const std::string& stored, const std::string& chosen) {
     return isInPlace(stored, folderOf(stored)) && services().fileSystem->same(stored, chosen);
 }
 
-/// The new file is whole beside its place before the old one goes, so that no photo is lost for longer than a rename.
+/// Completes the new file before removing the old one, so that the photo is missing only for the time of a rename.
 bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
     const std::string beside = besideOf(stored);
@@ -130,7 +129,7 @@ bool replaceStored(const std::string& chosen, const std::string& stored) {
     return true;
 }
 
-/// Whether the file of the field is there. One that the operator has chosen in some other folder may just be missing.
+/// True if the field's file exists. A file that the operator chose in another folder can be missing.
 bool isThere(const PhotoSlot& slot, const std::string& chosen) {
     const bool isOurs = namesStored(slot) || chosen == workingPath(slot);
     return isInPlace(chosen, isOurs ? folderOf(chosen) : "");
@@ -143,7 +142,7 @@ bool place(const PhotoSlot& slot) {
         return true;
     }
     if (!isBareName(storedName(slot))) {
-        throw RunTimeError(Failure::BadFileName);  // the company's number comes from a row too
+        throw RunTimeError(Failure::BadFileName);  // the company's number can come from a row, too
     }
     const std::string stored = imageFolder(slot) + storedName(slot);
     if (stored != chosen && !holdsAlready(stored, chosen) && !replaceStored(chosen, stored)) {
@@ -165,7 +164,7 @@ void takeWorkingCopy(const PhotoSlot& slot) {
     }
     const std::string stored = storedPath(slot);
     if (namesStored(slot)) {
-        finishReplacing(stored);  // only a file of this company: the row can name any
+        finishReplacing(stored);  // only a file of this company, because a row can name any file
     }
     if (isInPlace(stored, imageFolder(slot))) {
         copyOut(slot, stored);
@@ -185,7 +184,7 @@ void workingCopiesAgain() {
 void pathsAgainWhateverHappens() {
     for (const PhotoSlot& slot : kPhotoSlots) {
         if (namesStored(slot)) {
-            // Without its folder the field stays the stored name, which the next save understands.
+            // Without its folder the field keeps the stored name, which the next save understands.
             static_cast<void>(caught([&] { copyOutOrNameStored(slot); }));
         }
     }

@@ -21,21 +21,22 @@ inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
     {1, &CompanyRecord::PHOTO_FILE2, "02.jpg"},
 }};
 
-/// After the load: a stored photo gets a working copy, whose path the field becomes; a stored file that is gone empties
-/// the field. Raises if the whole folder is missing. A field that is not a bare file name is emptied too, and logged.
+/// Called after a load. Makes a working copy of a stored photo and puts its path in the field. Empties the field if the
+/// file is gone, and also, with a log record, if the field is not a bare file name. Throws if the whole folder is
+/// missing.
 void takeWorkingCopy(const PhotoSlot& slot);
 
-/// During a save: each field that names a stored photo becomes the path of a fresh working copy.
+/// Called during a save. Replaces each stored name in a field with the path of a new working copy.
 void workingCopiesAgain();
 
-/// The same on the way out of a save, for each photo by itself and without raising. One that cannot be copied is known
-/// by the path of its stored file, which the next save keeps.
+/// Like `workingCopiesAgain`, but handles each photo separately and never throws. Called at the end of every save. If a
+/// photo cannot be copied, its field becomes the path of the stored file, which the next save keeps.
 void pathsAgainWhateverHappens();
 
 inline namespace bas_Main_Companydata {
 
-/// Brings the chosen photos to their stored place and gives the fields the form of the column. False: the pair tells
-/// why; a slot that was not yet placed keeps its path.
+/// Moves the chosen photos to their stored place and puts the stored names in the fields. On false the pair holds the
+/// failure, and a field whose photo was not yet moved keeps its path.
 [[nodiscard]] bool PF_SaveCompanyDataOther();
 
 }  // namespace bas_Main_Companydata

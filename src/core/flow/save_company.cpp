@@ -34,11 +34,11 @@ constexpr const char* kPasswordChanged = "2";
 constexpr const char* kPasswordSent = "1";
 constexpr const char* kSaving = "保存しています…";
 
-/// What the steps of one save hand to each other.
+/// State that the steps of one save share.
 struct SaveRun {
     std::unique_ptr<CompanySendService> service;
     bool prepared = false;
-    /// The server has taken the company.
+    /// True once the server has accepted the company.
     bool sent = false;
     std::string id = {};
     std::string target = {};
@@ -46,8 +46,8 @@ struct SaveRun {
 
 bool isNew() { return tCustomerInfo.USER_ID == kNewCompany; }
 
-/// From the moment that photos are placed, every way out gives the fields their working paths again. A failure of that
-/// does not replace the one that led here.
+/// Gives the photo fields their working paths again when the save ends after photos were moved. A failure while doing
+/// so does not replace the first failure.
 class PhotosPlaced {
 public:
     PhotosPlaced() = default;
@@ -59,11 +59,11 @@ public:
 void prepareSending(SaveRun& run) {
     run.service->SendPrepare(run.prepared);
     if (!run.prepared) {
-        static_cast<void>(failFrom(run.service->SendError()));  // the save goes on without sending
+        static_cast<void>(failFrom(run.service->SendError()));  // the save continues without sending
     }
 }
 
-/// Nothing that happens in an upload fails the save.
+/// A failed upload does not make the save fail.
 void sendImages() {
     const auto failure = caught([] {
         services().forms->load(sendForm());
@@ -88,7 +88,7 @@ void sendCompany(SaveRun& run) {
     }
 }
 
-/// Only a new company takes the server's number, and only a whole one; any other answer is passed over.
+/// Only a new company takes the server's number, and only a complete one. Any other answer is ignored.
 std::string targetOf(const SaveRun& run) {
     return isNew() && toCharacters(run.id).size() == kIdLength ? run.id : tCustomerInfo.USER_ID;
 }
@@ -106,7 +106,7 @@ bool send(SaveRun& run) {
     return run.sent || failFrom(run.service->SendError());
 }
 
-/// True if no table has a row of the number. False: the pair is `taken`, or tells why the store cannot be asked.
+/// True if no table has a row with the number. On false the pair is `taken`, or says why the store cannot be read.
 bool isUnused(const std::string& number, const FailureRecord& taken) {
     clearPair();
     const std::array tables{kCountInfo, kCountAdd, kCountDate};
@@ -117,7 +117,7 @@ bool isUnused(const std::string& number, const FailureRecord& taken) {
     return isKnown && failFrom(taken);
 }
 
-/// A number that the store has already belongs to another company: this one must neither take it nor go there.
+/// A number that the store already has belongs to another company, so this one must not take it.
 bool mayMoveTo(const std::string& target) {
     return target == tCustomerInfo.USER_ID ||
            isUnused(target, {"サーバーが付けた番号「" + target +
@@ -155,9 +155,8 @@ bool writeAndSend(SaveRun& run) {
     return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) && writeAnswer(run);
 }
 
-/// Rows that bear the number already are not those of the record, which has not moved to it: the page could not open
-/// it, or the store was lost before it could say that it had written. Another save would make a second company of this
-/// one.
+/// False if an earlier save has already stored this company under the server's number. Its page could not be opened, or
+/// the store broke before it confirmed the write. Saving again would create a second company.
 bool isGivenNumberFree() {
     clearPair();
     return gGivenNumber.empty() ||
@@ -175,8 +174,8 @@ bool save(PageForm& form, SaveRun& run, StoreSession& session) {
     return !PF_CheckInputData(form) || writeAndSend(run);
 }
 
-/// The list of companies is read again; should that fail, it holds at least the company in force and the entry for a
-/// new one. What the save has to tell stays in the pair.
+/// Reads the list of companies again. On failure the list holds at least the current company and the entry for a new
+/// one. The pair keeps the result of the save.
 void refreshCompanies(ComboBox& combo) {
     const FailureRecord told{gErrMsg, gErrCode};
     const std::string current = tCustomerInfo.USER_ID;
@@ -209,7 +208,7 @@ bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     const bool result = trapped("[ PF_SndCos ]", [&] { return save(form, run, session); });
     refreshCompanies(form.cbo_User_Id);
     userId = run.target.empty() ? tCustomerInfo.USER_ID : run.target;
-    static_cast<void>(session.close());  // told by the pair
+    static_cast<void>(session.close());  // reported through the pair
     services().forms->setPointer(kPointerDefault);
     if (run.sent) {
         tell("COS05574");

@@ -8,9 +8,9 @@ namespace orv {
 
 inline namespace bas_Main_Companydata {
 
-/// The whole of a save: the page into the record, the checks, the photos, the store, the images and the company to the
-/// server, and the store once more with the server's answer. `userId` receives the company that the page must show
-/// afterwards. True: nothing went wrong, or the checks refused the input and told so. False: the pair tells why.
+/// Saves the company. Steps: page to record, checks, photos, store, upload of images and company, and the store again
+/// with the server's answer. `userId` receives the company that the page must show next. True if all succeeded, or if
+/// the checks rejected the input and reported it. On false the pair holds the failure.
 [[nodiscard]] bool PF_SndCos(PageForm& form, std::string& userId);
 
 }  // namespace bas_Main_Companydata

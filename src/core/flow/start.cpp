@@ -34,7 +34,7 @@ std::vector<std::string> splitAtCommas(const std::string& tail) {
     return elements;
 }
 
-/// The third flag works the other way round than the second.
+/// The third flag has the opposite meaning of the second.
 void readArgument(const std::string& tail) {
     const std::vector<std::string> elements = splitAtCommas(tail);
     gUserId = elements.at(0);
@@ -72,7 +72,7 @@ void tellPair() {
     logError(code, text);
 }
 
-/// With the caller not to be started either, the log is what is left.
+/// If the caller cannot be started either, log it.
 void backToCaller() {
     if (const auto failure = caught(startCaller)) {
         logError(failure->number(), failure->description());

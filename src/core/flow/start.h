@@ -4,9 +4,8 @@ namespace orv {
 
 inline namespace bas_Main_Companydata {
 
-/// Reads the argument string, locks and loads the company and shows page 0. When that fails the operator is told and
-/// the caller started again; with no argument at all nothing is started. With no form loaded afterwards the process
-/// ends.
+/// Reads the arguments, locks and loads the company and shows page 0. On failure shows a message and starts the caller
+/// again; without any argument starts nothing. The process ends if no form is loaded afterwards.
 void Main();
 
 }  // namespace bas_Main_Companydata

@@ -29,7 +29,7 @@ std::string displayName(const BindingRow& row) {
     return P_ChgControl(control);
 }
 
-/// Where the field is seen, and by whom it is set.
+/// Returns where the field is shown, or which program sets it.
 std::string placeOf(const FieldInfo& field) {
     for (std::size_t page = 0; page < kBindings.size(); ++page) {
         const auto& rows = kBindings[page]->rows;

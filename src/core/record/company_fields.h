@@ -1,10 +1,11 @@
 #pragma once
 
-/// Every field of the company record, once, in the record's order.
+/// Lists every field of the company record once, in the record's order.
 ///
-/// TEXT(name, table, source, cleared, zeros): `table` Info, Add or None; `source` Stored (read from its column at
-/// load), Probed (measured at load, never read back) or Unset (written, never assigned); `cleared` the value of an
-/// empty record; `zeros` the length of a flag string, which a blank column becomes in zeros, 0 for any other field.
+/// TEXT(name, table, source, cleared, zeros): `table` is Info, Add or None. `source` is Stored (read from its column at
+/// load), Probed (measured at load, never read back) or Unset (written, never assigned). `cleared` is the value in an
+/// empty record. `zeros` is the length of a flag string, which replaces a blank column with zeros; it is 0 for any
+/// other field.
 /// FLAG(name, table): a boolean.
 #define COMPANY_FIELDS(TEXT, FLAG)                      \
     TEXT(USER_ID, Info, Stored, "", 0)                  \

@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// Everything known about one agency. Numbers, dates and codes are text; a blank field is empty, never null.
+/// All data of one agency. Numbers, dates and codes are text; a blank field is empty, never null.
 struct CompanyRecord {
 #define COMPANY_TEXT(name, table, source, cleared, zeros) std::string name = cleared;
 #define COMPANY_FLAG(name, table) bool name = false;
@@ -18,7 +18,7 @@ struct CompanyRecord {
 #undef COMPANY_FLAG
 };
 
-/// How everything else names a field.
+/// Identifies a text field of the record.
 using TextField = std::string CompanyRecord::*;
 
 enum class Table : std::uint8_t { None, Info, Add };
@@ -43,12 +43,12 @@ inline constexpr auto kFields = std::to_array<FieldInfo>({
 #undef COMPANY_FLAG
 });
 
-/// The key of a company that the server has not numbered yet.
+/// The key of a company that has no number from the server yet.
 inline constexpr std::string_view kNewCompany = "---------";
 
 inline namespace bas_Main_Companydata {
 
-/// Puts every field of the record back to its cleared value, but for `CSD_VER`, which the next probe overwrites.
+/// Resets every field to its cleared value except `CSD_VER`, which the next probe overwrites.
 bool PF_SetCompanyDataStructureInis();
 
 }  // namespace bas_Main_Companydata

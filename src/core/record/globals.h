@@ -9,8 +9,8 @@
 
 namespace orv {
 
-/// All that lives for the whole run. The given names below are references into the one object, so that assigning a
-/// fresh one resets every one of them; only a test fixture does that.
+/// State that exists for the whole run. The given names below are references into this one object. Assigning a new
+/// object resets all of them; only a test fixture does that.
 struct Context {
     CompanyRecord tCustomerInfo;
     TransmitInfo tTransmitInfo;
@@ -46,56 +46,56 @@ inline Context theContext;
 
 inline namespace bas_Main_Companydata {
 
-/// The company that the program works on.
+/// The company that is being edited.
 inline constinit CompanyRecord& tCustomerInfo = theContext.tCustomerInfo;
 inline constinit TransmitInfo& tTransmitInfo = theContext.tTransmitInfo;
-/// The pair: text and code of the last failure, both empty when none is pending.
+/// The pair: text and code of the last failure. Both are empty when none is pending.
 inline constinit std::string& gErrMsg = theContext.gErrMsg;
 inline constinit std::string& gErrCode = theContext.gErrCode;
-/// The one connection and the one recordset; open only within one event.
+/// The one connection and the one recordset, open only within an event.
 inline constinit ConnectionPtr& gConn = theContext.gConn;
 inline constinit RecordsetPtr& gRs = theContext.gRs;
-/// As the argument string gave it; after the load `USER_ID` of the record is the company in force.
+/// The number from the arguments. After the load the current company is `USER_ID` of the record.
 inline constinit std::string& gUserId = theContext.gUserId;
 inline constinit bool& gMultiCompany = theContext.gMultiCompany;
 inline constinit bool& gAddressByMaster = theContext.gAddressByMaster;
-/// A complete save has run since the company was loaded.
+/// True if a complete save has run since the company was loaded.
 inline constinit bool& gSaved = theContext.gSaved;
-/// A save is running: a change of the company list is its own.
+/// True during a save. A change of the company list is then made by the save itself.
 inline constinit bool& gSaving = theContext.gSaving;
-/// The pages are being checked for a save. Nothing in the program reads it.
+/// True while the pages are checked for a save. The program never reads it.
 inline constinit bool& gChecking = theContext.gChecking;
-/// Why the record does not hold the whole company, after a switch whose load failed; empty when it does. Such a record
-/// is never written.
+/// Why the record is incomplete, after a switch whose load failed. Empty if the record is complete. An incomplete
+/// record is never written.
 inline constinit std::optional<FailureRecord>& gLoadFailure = theContext.gLoadFailure;
-/// The number that the server has given to the new company of the record, from its second write on; its rows may bear
-/// it.
+/// The number that the server assigned to the record's new company, set before its second write. The rows in the store
+/// might already have it.
 inline constinit std::string& gGivenNumber = theContext.gGivenNumber;
-/// At the start this computer already had a lock on the company.
+/// True if this computer already had a lock on the company at the start.
 inline constinit bool& gLockTakenOver = theContext.gLockTakenOver;
 
 }  // namespace bas_Main_Companydata
 
 inline namespace bas_FromCommon {
 
-/// Display names of the fields that refused a value while a page was filled.
+/// Display names of the fields that rejected a value while a page was filled.
 inline constinit std::string& gErrItems = theContext.gErrItems;
 
 }  // namespace bas_FromCommon
 
 inline namespace bas_Image {
 
-/// The picture chosen, which is never written to, and the file that its fitting makes; the latter is empty after the
-/// operator's cancel.
+/// The chosen picture, which is never modified, and the fitted file made from it. The latter is empty if the operator
+/// cancels.
 inline constinit std::string& gImgSrcFile = theContext.gImgSrcFile;
 inline constinit std::string& gImgDstFile = theContext.gImgDstFile;
-/// The figures of the picture chosen, as the operator reads them.
+/// Size of the chosen picture, as shown to the operator.
 inline constinit std::string& gImgSrcSizeText = theContext.gImgSrcSizeText;
 inline constinit std::string& gImgSrcHeightText = theContext.gImgSrcHeightText;
 inline constinit std::string& gImgSrcWidthText = theContext.gImgSrcWidthText;
-/// The quality of the result: "255/255" as long as none has been looked for.
+/// Quality of the fitted picture; "255/255" until a search for it has started.
 inline constinit std::string& gImgQualityText = theContext.gImgQualityText;
-/// The confirmation dialog has got to the end of its load.
+/// True if the confirmation dialog has finished loading.
 inline constinit bool& gImgLoaded = theContext.gImgLoaded;
 
 }  // namespace bas_Image

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// One profile of the table `Transmit_Info`.
+/// One profile from the table `Transmit_Info`.
 struct TransmitInfo {
     std::string DefinitionFileName;
     std::string DefinitionFileName2;
