@@ -12,7 +12,7 @@ struct Colour {
     friend bool operator==(const Colour&, const Colour&) = default;
 };
 
-/// Design pixels: the page is drawn on 794 by 572 of them, the view scales them to the screen.
+/// A point in design pixels. A page is 794 by 572 of them; the view scales them to the screen.
 struct Point {
     int x = 0;
     int y = 0;
@@ -32,8 +32,8 @@ struct Box {
 inline constexpr int kPageWidth = 794;
 inline constexpr int kPageHeight = 572;
 
-/// Where one control stands. The caption of a field is drawn right-aligned in the `captionWidth` pixels
-/// in front of it, its unit directly behind it.
+/// The place of one control. The caption of a field is drawn right-aligned in the `captionWidth` pixels before it, its
+/// unit directly after it.
 struct Placement {
     std::string_view control;
     int index = -1;

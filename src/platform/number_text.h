@@ -5,7 +5,7 @@
 
 namespace orv {
 
-/// A decimal number with blanks around it, a sign, digits, a point, an exponent; nothing else is a number.
+/// Returns nothing unless the text is a decimal number: sign, digits, point and exponent, with blanks around it.
 std::optional<double> readNumber(std::string_view text);
 
 }  // namespace orv

@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// The numbers of the run-time failures that the system itself tells apart.
-/// The operator sees the description, the log the number.
+/// The numbers of the run-time failures that the system itself distinguishes. The operator sees the description, the
+/// log the number.
 enum class Failure : int {
     InvalidCall = 5,
     Overflow = 6,
@@ -33,11 +33,11 @@ enum class Failure : int {
     DialogCancelled = 20150,
 };
 
-/// The text that the operator reads for `failure`, in Japanese, never empty.
+/// Returns the Japanese text for `failure` that the operator reads. Never empty.
 std::string_view descriptionOf(Failure failure);
 
-/// The one exception of the system: a number and a description in the operator's language.
-/// Adapters turn every failure of their library into it; nothing else crosses an interface.
+/// The only exception of the system: a number and a description in the operator's language. Adapters convert every
+/// failure of their library to it; nothing else crosses an interface.
 class RunTimeError : public std::exception {
 public:
     explicit RunTimeError(Failure failure);

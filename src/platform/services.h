@@ -29,10 +29,10 @@ class SysInfoService;
 class TransmitEngine;
 class WindowSystem;
 
-/// Everything that the system asks of the world outside. The program's root fills it once before `Main`, a test fixture
-/// with fakes; nobody else writes to it, and nobody keeps a copy.
+/// Access to everything outside the program. The composition root fills it once before `Main`; test fixtures fill it
+/// with fakes. No other code writes to it or keeps a copy.
 struct Services {
-    /// What stands behind the program's name on its command line.
+    /// The arguments after the program's name on its command line.
     std::string commandTail;
     DbService* db = nullptr;
     MessageService* message = nullptr;
@@ -54,7 +54,7 @@ struct Services {
     PictureLibrary* pictures = nullptr;
     WindowSystem* windows = nullptr;
     TransmitEngine* transmitEngine = nullptr;
-    /// Null where nothing else runs: in tests and benchmarks.
+    /// Null in tests and benchmarks, where no other run exists.
     RunningPrograms* running = nullptr;
     FormHost* forms = nullptr;
 };

@@ -8,7 +8,7 @@
 namespace orv {
 namespace {
 
-/// Small letters in a row, and how far before them their capitals are.
+/// A range of small letters, and the distance from each to its capital.
 struct SmallLetters {
     char32_t first;
     char32_t last;

@@ -22,7 +22,7 @@ Lead leadOf(unsigned char byte) {
     return {0, 0, 0};
 }
 
-/// The character at the front, and how many bytes it takes.
+/// Returns the first character and its length in bytes.
 std::pair<char32_t, std::size_t> first(std::string_view text) {
     const Lead lead = leadOf(static_cast<unsigned char>(text.front()));
     if (lead.length == 0 || lead.length > text.size()) {

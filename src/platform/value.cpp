@@ -18,7 +18,7 @@ std::string padded(int number, std::size_t width) {
     return text.substr(text.size() - width);
 }
 
-/// With an exponent only where the digits would run out of sight.
+/// Uses an exponent only for very large and very small numbers.
 std::string shortest(double number) {
     const double size = std::abs(number);
     const bool plain = size == 0 || (size >= 1e-4 && size < 1e15);

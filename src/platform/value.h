@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// A moment of the local calendar, to the second. Months and days count from 1.
+/// A local date and time, to the second. Months and days count from 1.
 struct DateTime {
     int year = 0;
     int month = 0;
@@ -28,7 +28,7 @@ struct Null {
 class Value;
 using Values = std::vector<Value>;
 
-/// What a database field, a number control or a log argument can hold.
+/// The content of a database field, a number control or a log argument.
 class Value {
 public:
     using Content = std::variant<Null, std::string, std::int64_t, double, bool, DateTime, Values>;
@@ -52,11 +52,11 @@ private:
     Content content_;
 };
 
-/// The plain conversion to text: a number in its shortest decimal form, a boolean as "True" or "False",
-/// a moment as "yyyy/mm/dd hh:mm:ss". A null is failure 94, a list failure 13.
+/// Converts to text: a number in its shortest decimal form, a boolean as "True" or "False", a date as "yyyy/mm/dd
+/// hh:mm:ss". A null is failure 94, a list failure 13.
 std::string toText(const Value& value);
 
-/// `moment` by a pattern of yyyy, yy, mm, dd, hh, nn and ss; every other character stands for itself.
+/// Formats `moment` by a pattern of yyyy, yy, mm, dd, hh, nn and ss. Other characters are copied.
 std::string formatMoment(const DateTime& moment, std::string_view pattern);
 
 }  // namespace orv

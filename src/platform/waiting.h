@@ -5,13 +5,13 @@
 
 namespace orv {
 
-/// Code that waits for a server, a lock or a disk calls `whileWaiting` about this often.
+/// The interval at which code that waits for a server, lock or disk calls `whileWaiting`.
 inline constexpr std::chrono::milliseconds kWaitingPause{40};
 
-/// Lets the windows be painted, unless that happened less than a pause ago.
+/// Paints the windows, at most once in `kWaitingPause`.
 void whileWaiting();
 
-/// Sets what happens during a wait on this thread. An empty function: nothing.
+/// Sets the function that paints during a wait on this thread. An empty function paints nothing.
 void setWhileWaiting(std::function<void()> paint);
 
 }  // namespace orv

@@ -34,7 +34,7 @@ WORDS = (
     (r"lies|lay", "'is', 'is in', 'is stored in'"),
     (r"tells?|telling|told", "'reports', 'says', 'is reported'"),
     (r"as \w+(?: \w+)? ha(?:s|ve) it", "'as X does', 'like X'"),
-    (r"(?:is|are|was|were) no(?! longer| more| less)", "'is not a', 'there is no'"),
+    (r"(?<!there\s)(?:is|are|was|were) no(?! longer| more| less)", "'is not a', 'there is no'"),
     (r"parted", "'separated'"),
     (r"of its life|lives?|lived", "'exists', 'while in scope'"),
     (r"shall", "'must', 'can'"),

@@ -16,11 +16,11 @@ struct LabelDesign {
     /// In points.
     int fontSize = 9;
     bool visible = true;
-    /// What assistive technology reads in front of the caption.
+    /// Read by assistive technology before the caption.
     std::string_view spokenName = {};
 };
 
-/// A text that the operator reads. A panel has a flat box around a value that can't be entered, a title is on a band.
+/// A text that the operator reads. A panel has a flat border around a read-only value; a title is drawn on a band.
 class Label : public Control {
 public:
     Label(ControlOwner& owner, std::string_view name, const LabelDesign& design, int index = -1);
@@ -43,9 +43,9 @@ struct ButtonDesign {
     std::string_view caption = {};
     ButtonLook look = ButtonLook::Plain;
     int tabRank = 0;
-    /// Which key with Alt presses it; 0 for none.
+    /// The key that presses the button together with Alt, or 0 for none.
     char32_t accessKey = 0;
-    /// Keys that press it from anywhere on the form: "Ctrl+S".
+    /// Keys that press the button from anywhere on the form, such as "Ctrl+S".
     std::string_view shortcut = {};
 };
 
@@ -55,14 +55,14 @@ public:
 
     const ButtonDesign& buttonDesign() const { return design_; }
     const std::string& caption() const { return caption_; }
-    /// The design's keys and those added, in the order of their adding.
+    /// Returns the design's keys and those added, in the order in which they were added.
     const std::vector<std::string>& shortcuts() const { return shortcuts_; }
     void addShortcut(std::string keys);
-    /// Marked: the button of the page that is on the screen.
+    /// True for the button of the page that is shown.
     bool marked() const { return marked_; }
     void setMarked(bool marked);
-    /// The operator presses the button: raises click, on an enabled button of an enabled form only. A text that is
-    /// still being composed goes into its field first.
+    /// Called when the operator presses the button. Raises click if the button and its form are enabled. First commits
+    /// a text that is still being composed.
     void press();
 
     bool focusable() const override { return usable(); }

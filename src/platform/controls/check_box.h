@@ -13,20 +13,20 @@ struct CheckDesign {
     Colour fore = {};
     int value = 0;
     int tabRank = 0;
-    /// What assistive technology reads where the box has no caption of its own.
+    /// Read by assistive technology if the box has no caption.
     std::string_view spokenName = {};
 };
 
-/// 0 off, 1 on, 2 grey. A change of the value raises click, by hand and by code.
+/// A box with value 0 (off), 1 (on) or 2 (grey). A change of the value raises click, by the operator and by code.
 class CheckBox : public Control {
 public:
     CheckBox(ControlOwner& owner, std::string_view name, const CheckDesign& design, int index = -1);
 
     const CheckDesign& checkDesign() const { return design_; }
     int value() const { return value_; }
-    /// Failure 380 outside 0 to 2.
+    /// Throws failure 380 for a value outside 0 to 2.
     void setValue(int value);
-    /// Failure 13 for a text that is no number, 380 outside 0 to 2.
+    /// Throws failure 13 for a text that is not a number, 380 for a value outside 0 to 2.
     void setText(const std::string& text);
 
     bool focusable() const override { return usable(); }

@@ -12,12 +12,12 @@ struct ComboDesign {
     std::string_view caption = {};
     std::optional<Colour> back = {};
     int tabRank = 0;
-    /// What assistive technology reads where the list has no caption of its own.
+    /// Read by assistive technology if the list has no caption.
     std::string_view spokenName = {};
 };
 
-/// A list to choose from; nothing can be typed. Index -1: nothing is chosen. Choosing raises click, by hand and by
-/// code, but on a disabled list.
+/// A list of entries without free typing. Index -1 means that nothing is selected. Selecting raises click, by the
+/// operator and by code, unless the list is disabled.
 class ComboBox : public Control {
 public:
     ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign& design, int index = -1);
@@ -25,24 +25,25 @@ public:
     std::string_view caption() const { return design_.caption; }
     std::string_view spokenName() const { return design_.spokenName; }
     int listCount() const { return static_cast<int>(list_.size()); }
-    /// Empty for a place outside the list. It is good until the list changes.
+    /// Returns the entry, or "" for an index outside the list. The reference is valid until the list changes.
     const std::string& list(int index) const;
-    /// Counts the changes of the entries, so that a view sees without looking whether it must read them again.
+    /// Counts the changes of the entries, so that a view knows when to read them again.
     int listVersion() const { return listVersion_; }
     int listIndex() const { return listIndex_; }
-    /// The chosen entry, or empty.
+    /// Returns the selected entry, or "".
     std::string text() const { return list(listIndex_); }
 
-    /// Drops all entries and the choice; raises nothing.
+    /// Removes all entries and the selection. Raises nothing.
     void clear();
     void addItem(std::string text);
-    /// All of them in one step, for long lists.
+    /// Adds all entries in one step, which is faster for long lists.
     void addItems(std::vector<std::string> texts);
-    /// Chooses by place, -1 for nothing; failure 380 outside the list. Raises click when the choice changes.
+    /// Selects by index; -1 selects nothing. Throws failure 380 outside the list. Raises click if the selection
+    /// changes.
     void setListIndex(int index);
-    /// Chooses the entry of that text and raises click; failure 383 when the list does not hold it.
+    /// Selects the entry with that text and raises click. Throws failure 383 if the list does not contain it.
     void setText(const std::string& text);
-    /// The operator has chosen that entry, perhaps the one chosen already: raises click in any case.
+    /// Called when the operator selects an entry. Raises click even if it was selected already.
     void picked(int index);
 
     bool focusable() const override { return usable(); }

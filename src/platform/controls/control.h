@@ -15,7 +15,7 @@ namespace orv {
 
 enum class ControlKind { TextInput, NumberInput, ComboBox, CheckBox, Label, Button, Image };
 
-/// What a handler sets a key to that shall have no further effect.
+/// A handler sets a key to this value so that it has no further effect.
 inline constexpr int kKeyUsed = 0;
 inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
@@ -24,7 +24,7 @@ inline constexpr int kKeyF1 = 112;
 
 class Control;
 
-/// What a control asks of the form that it stands on.
+/// The services of a form that its controls use.
 class ControlOwner {
 public:
     ControlOwner() = default;
@@ -33,17 +33,17 @@ public:
     virtual ~ControlOwner() = default;
 
     virtual void adopt(Control& control) = 0;
-    /// Gives the control the focus; on a disabled form when the form is enabled again.
+    /// Focuses the control. On a disabled form this happens when the form is enabled again.
     virtual void giveFocus(Control& control) = 0;
-    /// Moves the focus to the next control that can have it, as Tab does.
+    /// Moves the focus to the next focusable control, as Tab does.
     virtual void focusNext() = 0;
     virtual bool ownerEnabled() const = 0;
-    /// The value of an input has changed, by hand or by code.
+    /// Called when the value of an input has changed, by the operator or by code.
     virtual void contentChanged(const Control& /*control*/) {}
 };
 
-/// The common part of everything that stands on a form: state that the system reads and writes, and events.
-/// No drawing. A view listens in `observe` and shows the state; it writes back through the kinds' `typed...` calls.
+/// The base of every control on a form: state that the system reads and writes, and events. It draws nothing. A view
+/// registers with `observe`, shows the state, and writes input back with the `typed...` functions.
 class Control {
 public:
     Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind);
@@ -52,18 +52,18 @@ public:
     virtual ~Control() = default;
 
     const std::string& name() const { return name_; }
-    /// The place in its control array, or -1.
+    /// The index in its control array, or -1.
     int index() const { return index_; }
-    /// The name, in an array with its place in brackets: "chk_Dantai(0)".
+    /// Returns the name, with the index in an array: "chk_Dantai(0)".
     std::string objectName() const;
     ControlKind kind() const { return kind_; }
-    /// A number above 0 that no other control of this run has or will have: what other programs call the control by.
+    /// Returns a number above 0 that is unique during this run. Other programs use it to address the control.
     std::uint32_t handle() const { return handle_; }
     ControlOwner& owner() const { return owner_; }
 
     bool enabled() const { return enabled_; }
     bool visible() const { return visible_; }
-    /// None: the colour of the system.
+    /// Empty for the system's colour.
     std::optional<Colour> backColour() const { return backColour_; }
     Colour foreColour() const { return foreColour_; }
     void setEnabled(bool enabled);
@@ -71,14 +71,14 @@ public:
     void setBackColour(Colour colour);
     void setForeColour(Colour colour);
 
-    /// Enabled and visible: what the operator can act on while the form is enabled.
+    /// True if the control is enabled and visible, so that the operator can use it while the form is enabled.
     bool usable() const { return enabled_ && visible_; }
-    /// A control that the operator can stand on with Tab.
+    /// True if Tab can move the focus to the control.
     virtual bool focusable() const { return false; }
-    /// Smaller stands earlier in the order of Tab; controls of one rank go in the order of their declaration.
+    /// Controls with a smaller rank are earlier in Tab order. Equal ranks keep the order of declaration.
     int tabRank() const { return tabRank_; }
-    /// Where it stands on its form, in design pixels. The window gives it the place that the layout has for it, and
-    /// follows what code assigns when the form is resized.
+    /// Returns the place on the form, in design pixels. The window sets it from the layout and follows later
+    /// assignments when the form is resized.
     const Box& box() const { return box_; }
     int width() const { return box_.width; }
     int height() const { return box_.height; }
@@ -88,21 +88,21 @@ public:
     void setWidth(int width) { box_.width = width; }
     void setHeight(int height) { box_.height = height; }
 
-    /// Failure 5 on a control that is disabled or hidden.
+    /// Throws failure 5 if the control is disabled or hidden.
     void setFocus();
 
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
 
-    /// The handler may set the key to `kKeyUsed`.
+    /// The handler can set the key to `kKeyUsed`.
     Event<int&> onKeyDown;
     Event<> onGotFocus;
     Event<> onLostFocus;
-    /// Raised when the focus is about to leave.
+    /// Raised when the focus is about to leave the control.
     Event<> onValidate;
 
 protected:
     void changed() const;
-    /// The same for an input's value.
+    /// Notifies the owner of a changed value.
     void contentChanged() const;
     void setTabRank(int rank) { tabRank_ = rank; }
     void design(std::optional<Colour> back, bool enabled, bool visible);
@@ -122,7 +122,7 @@ private:
     std::function<void()> observer_;
 };
 
-/// Controls of one name, told apart by their index from 0.
+/// Controls with the same name, identified by their index from 0.
 template <class C, std::size_t N>
 class ControlArray {
 public:

@@ -5,13 +5,13 @@
 
 namespace orv {
 
-/// An event with one handler. Raising one that nobody handles does nothing.
+/// An event with one handler. Raising an event without a handler does nothing.
 template <class... Args>
 class Event {
 public:
     void operator=(std::function<void(Args...)> handler) { handler_ = std::move(handler); }  // NOLINT
 
-    /// The handler may replace or drop the event's owner: it is called on a copy.
+    /// Calls a copy of the handler, because the handler can replace or destroy the event's owner.
     void raise(Args... args) const {
         if (const auto handler = handler_) {
             handler(args...);

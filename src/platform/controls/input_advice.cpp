@@ -11,7 +11,7 @@
 namespace orv {
 namespace {
 
-/// The first class that the mask holds decides.
+/// The first class found in the mask decides.
 constexpr auto kMaskWords = std::to_array<std::pair<std::string_view, const char*>>({
     {"Ｋ", "カタカナで入力してください。"},
     {"a", "半角の英数字と記号で入力してください。"},
@@ -28,7 +28,7 @@ std::string maskAdvice(const TextDesign& design) {
     return design.refuse == "K" ? "半角カタカナは使えません。" : "";
 }
 
-/// Line breaks and the like, which a paste can bring, are dropped without a word.
+/// Line breaks and similar characters, which can be pasted, are dropped without a message.
 std::size_t lengthOf(const std::string& text) {
     const std::u32string characters = toCharacters(text);
     return static_cast<std::size_t>(std::count_if(characters.begin(), characters.end(), [](char32_t character) {
@@ -36,13 +36,13 @@ std::size_t lengthOf(const std::string& text) {
     }));
 }
 
-/// A conversion changes characters, a refusal leaves some out.
+/// True if no character was left out. A conversion changes characters, a rejection removes them.
 bool takesAll(const TextDesign& design, const std::string& kept, const std::string& committed) {
     const std::string offered = design.ime == Ime::FullKatakana ? toFullKatakana(committed) : committed;
     return lengthOf(admit(design, kept, committed)) == lengthOf(offered);
 }
 
-/// Without a fraction that is zero.
+/// Omits a fraction of zero.
 std::string plainNumber(double number) {
     std::array<char, 32> text{};
     const int length = std::snprintf(text.data(), text.size(), "%g", number);

@@ -7,15 +7,15 @@
 
 namespace orv {
 
-// Sentences for the operator. Empty: there is nothing to say.
+// Texts that help the operator. An empty text means that there is nothing to show.
 
-/// How much the field takes.
+/// Returns how much the field accepts.
 std::string limitAdvice(const TextDesign& design);
 
-/// Which number the field takes.
+/// Returns which numbers the field accepts.
 std::string rangeAdvice(const NumberDesign& design);
 
-/// Why the field does not take all of a committed text when `kept` is in it already. Empty if it takes all.
+/// Returns why the field, which contains `kept`, does not accept all of a committed text, or "" if it does.
 std::string refusalAdvice(const TextDesign& design, const std::string& kept, const std::string& committed);
 
 }  // namespace orv

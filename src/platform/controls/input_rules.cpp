@@ -27,15 +27,15 @@ bool within(const std::array<Range, N>& ranges, char32_t character) {
 constexpr std::array<Range, 1> kDigits{{{U'0', U'9'}}};
 constexpr std::array<Range, 1> kSmallLetters{{{U'a', U'z'}}};
 constexpr std::array<Range, 1> kCapitals{{{U'A', U'Z'}}};
-// All of ASCII that is no letter, digit, blank or apostrophe.
+// All of ASCII except letters, digits, the blank and the apostrophe.
 constexpr std::array<Range, 5> kSymbols{{{U'!', U'&'}, {U'(', U'/'}, {U':', U'@'}, {U'[', U'`'}, {U'{', U'~'}}};
 constexpr std::array<Range, 1> kHalfKatakana{{{0xFF61, 0xFF9F}}};
 constexpr std::array<Range, 1> kWideDigits{{{U'０', U'９'}}};
 constexpr std::array<Range, 1> kWideSmallLetters{{{U'ａ', U'ｚ'}}};
 constexpr std::array<Range, 1> kWideCapitals{{{U'Ａ', U'Ｚ'}}};
-// Katakana with ー, ・, ヽ and ヾ.
+// Katakana, with ー, ・, ヽ and ヾ.
 constexpr std::array<Range, 1> kKatakana{{{0x30A1, 0x30FE}}};
-// The ideographic blank, punctuation, wide ASCII symbols, currency, and the rows of symbols of the code page.
+// The ideographic blank, punctuation, wide ASCII symbols, currency signs, and the rows of symbols in the code page.
 constexpr std::array<Range, 16> kWideSymbols{{{0x3000, 0x3004},
                                               {0x3006, 0x303F},
                                               {0x30FB, 0x30FC},
@@ -93,7 +93,7 @@ bool admitted(const TextDesign& design, char32_t character) {
     return !maskHolds(design.refuse, character);
 }
 
-// The signs that input methods give for the key of the hyphen, and the dashes of other texts.
+// The characters that input methods produce for the hyphen key, and the dashes of other texts.
 constexpr std::u32string_view kHyphens = U"\u2010\u2011\u2012\u2013\u2014\u2015\u2212ーｰ";
 
 char32_t halfWidthOf(char32_t character) {
@@ -106,7 +106,8 @@ char32_t halfWidthOf(char32_t character) {
     return character == 0x3000 ? U' ' : character;
 }
 
-/// The character as the field takes it, in half width if the mask admits only that; 0 if it is refused.
+/// Returns the character in the form in which the field accepts it, in half width if the mask requires that. Returns 0
+/// if it is rejected.
 char32_t takenForm(const TextDesign& design, char32_t character) {
     if (admitted(design, character)) {
         return character;

@@ -7,10 +7,10 @@
 
 namespace orv {
 
-/// A number, or null, in a format of up to four sections that ";" separates: for a positive number, a negative one,
-/// zero and null. Where the second or the third section is empty or missing, the first one counts; without the fourth,
-/// null shows nothing. In a section "0" is a digit that is always shown, "#" one that is shown where the number has it;
-/// a point with no digit after it is left out. An empty format shows the plain number.
+/// Formats a number or null. The format has up to four sections separated by ";": positive, negative, zero and null. If
+/// the second or third section is empty or missing, the first is used; without the fourth, null gives "". In a section
+/// "0" is a digit that is always shown, "#" a digit that is shown if the number has it. A point without a digit after
+/// it is omitted. An empty format gives the plain number.
 std::string formatNumber(const Value& number, std::string_view format);
 
 }  // namespace orv

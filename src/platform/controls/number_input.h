@@ -14,31 +14,32 @@ struct NumberDesign {
     double least = 0;
     double most = 0;
     int decimals = 0;
-    /// How the number is shown (number_format.h): `format` while the field has the focus, else `display`, or `format`
-    /// where that is empty.
+    /// Formats for display (number_format.h). `format` is used while the field has the focus. Otherwise `display` is
+    /// used, or `format` if that is empty.
     std::string_view format = {};
     std::string_view display = {};
     std::optional<Colour> back = {};
-    /// What assistive technology reads where the field has no caption of its own.
+    /// Read by assistive technology if the field has no caption.
     std::string_view spokenName = {};
 };
 
-/// Holds a number of its range, or null for nothing.
+/// Contains a number within its range, or null for no entry.
 class NumberInput : public Control {
 public:
     NumberInput(ControlOwner& owner, std::string_view name, const NumberDesign& design, int index = -1);
 
     const NumberDesign& numberDesign() const { return design_; }
-    /// A number or null.
+    /// Returns a number or null.
     const Value& value() const { return value_; }
-    /// The plain number; empty for null.
+    /// Returns the plain number, or "" for null.
     std::string text() const;
-    /// The number as the screen shows it, in the field's format.
+    /// Returns the number in the field's format, as shown on the screen.
     std::string shown(bool hasFocus) const;
-    /// A blank text is null. Failure 13 for another text that is no number, 380 for a number out of its range;
-    /// the value then stays.
+    /// A blank text is null. Throws failure 13 for a text that is not a number, 380 for a number out of range, and then
+    /// keeps the value.
     void setText(const std::string& text);
-    /// What the operator left in the field, full-width digits included. False: refused, the value stays.
+    /// Called with the text that the operator left in the field; full-width digits are accepted. False if the text is
+    /// rejected; the value is then unchanged.
     [[nodiscard]] bool typed(const std::string& text);
 
     bool focusable() const override { return usable(); }

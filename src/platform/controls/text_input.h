@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// How much a text input takes. Only what the operator enters is limited, never what the system sets.
+/// The maximum length of a text input. It limits the operator's input, never a text set by code.
 struct Limit {
     enum class Unit { None, Characters, CodePageBytes };
     Unit unit = Unit::None;
@@ -19,12 +19,11 @@ struct Limit {
 constexpr Limit characters(std::size_t most) { return {Limit::Unit::Characters, most}; }
 constexpr Limit bytes(std::size_t most) { return {Limit::Unit::CodePageBytes, most}; }
 
-/// The input method when the field takes the focus.
+/// The state of the input method when the field receives the focus.
 enum class Ime { Off, Disabled, On, Hiragana, FullKatakana };
 
-/// What stands at the start. `mask` lists classes of characters that are admitted, `refuse` those that are refused;
-/// both empty: everything is admitted (input_rules.h has the classes). `caption` stands in front of the field,
-/// `unit` behind it.
+/// The initial state. `mask` lists the accepted classes of characters, `refuse` the rejected ones; if both are empty,
+/// everything is accepted (see input_rules.h). `caption` is drawn before the field, `unit` after it.
 struct TextDesign {
     std::string_view caption = {};
     std::string_view unit = {};
@@ -37,7 +36,7 @@ struct TextDesign {
     bool visible = true;
     bool password = false;
     int tabRank = 0;
-    /// What assistive technology reads where the field has no caption of its own.
+    /// Read by assistive technology if the field has no caption.
     std::string_view spokenName = {};
 };
 
@@ -47,10 +46,10 @@ public:
 
     const TextDesign& textDesign() const { return design_; }
     const std::string& text() const { return text_; }
-    /// Raises change when the text differs from the one before.
+    /// Raises change if the text differs from the old one.
     void setText(std::string text);
-    /// The operator has entered `inserted` between `before` and `after`. What is admitted of it is taken in;
-    /// returns that part.
+    /// Called when the operator enters `inserted` between `before` and `after`. Inserts the accepted part and returns
+    /// it.
     std::string typed(const std::string& before, const std::string& inserted, const std::string& after);
 
     bool focusable() const override { return usable(); }

@@ -20,7 +20,7 @@ struct DrawnBox {
     bool filled = true;
 };
 
-/// `fontSize` in points.
+/// `fontSize` is in points.
 struct DrawnText {
     Point at;
     std::string text;
@@ -31,7 +31,7 @@ struct DrawnText {
 
 using Shape = std::variant<DrawnLine, DrawnBox, DrawnText>;
 
-/// What has been drawn on a form, in order, in design pixels. It stays until it is cleared.
+/// The shapes drawn on a form, in order and in design pixels. They remain until `clear`.
 class Canvas {
 public:
     void clear(Colour back) {

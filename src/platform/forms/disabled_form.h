@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// A form that takes no input while work is done. The work ends with `enable` or `leaveDisabled`. If a failure leaves
-/// the scope without either, the form is enabled too, but no event is handled there.
+/// Disables a form during a piece of work, which ends with `enable` or `leaveDisabled`. If a failure leaves the scope
+/// before, the form is enabled too, but no event is handled at that point.
 class DisabledForm {
 public:
     explicit DisabledForm(Form& form) : form_(form) { form_.setEnabled(false); }

@@ -10,17 +10,17 @@
 
 namespace orv {
 
-/// Why a form goes: by the window's close box or by the program's own code.
+/// How a form is unloaded: by the window's close box or by code.
 enum class UnloadMode { CloseBox = 0, Code = 1 };
 
-/// Whether the operator can give the window another size.
+/// Whether the operator can resize the window.
 enum class Sizing { Fixed, Free };
 
-/// A window without a toolkit: controls, the focus among them, what is drawn behind them, and the events of its life.
-/// Making the object loads nothing; FormHost loads, shows and unloads it.
+/// A window without a toolkit: its controls, the focus, the drawing below the controls, and its events. The constructor
+/// loads nothing; FormHost loads, shows and unloads forms.
 class Form : public ControlOwner {
 public:
-    /// `size` in design pixels.
+    /// `size` is in design pixels.
     Form(std::string_view name, std::string_view caption, Point size, Sizing sizing = Sizing::Fixed);
 
     const std::string& name() const { return name_; }
@@ -31,55 +31,57 @@ public:
     int scaleWidth() const { return size_.x; }
     int scaleHeight() const { return size_.y; }
     Sizing sizing() const { return sizing_; }
-    /// The operator, or the view, has given the window another size: raises resize, and the view then follows the
-    /// boxes of the controls.
+    /// Called when the operator or the view has resized the window. Raises resize; the view then follows the boxes of
+    /// the controls.
     void resize(Point size);
 
     const std::vector<Control*>& controls() const { return controls_; }
-    /// Null when there is none of that name and index.
+    /// Returns null if there is no control with that name and index.
     Control* find(std::string_view control, int index = -1) const;
-    /// The controls in the order of Tab.
+    /// Returns the controls in Tab order.
     std::vector<Control*> tabOrder() const;
 
     bool enabled() const { return enabled_; }
-    /// Enabling lets the view handle the events that it has kept away, and gives the focus to the control that awaits
-    /// it.
+    /// Enabling lets the view handle the events that it held back. It also moves the focus to the control that waits
+    /// for it.
     void setEnabled(bool enabled);
-    /// Enables the form and handles no event: the view and the focus follow when the view's event loop runs.
+    /// Enables the form without handling any event. The view and the focus follow in the view's event loop.
     void enableLater();
     bool loaded() const { return loaded_; }
     bool visible() const { return visible_; }
 
-    /// The control that has the focus, or null.
+    /// Returns the control with the focus, or null.
     Control* activeControl() const { return active_; }
-    /// The view tells that the operator has gone to the control.
+    /// Called by the view when the operator moves the focus to the control.
     void focusArrived(Control& control);
-    /// The view tells that the focus leaves for another window.
+    /// Called by the view when the focus moves to another window.
     void focusLeft();
-    /// A key on the active control: first the form's event, then the control's. True: a handler has used the key.
+    /// Handles a key on the active control: first the form's event, then the control's. True if a handler has used the
+    /// key.
     bool keyDown(int key);
 
     void adopt(Control& control) override;
     void giveFocus(Control& control) override;
     void focusNext() override;
-    /// Gives the focus to the first control that takes input; those of a rank below 0 are passed over. Without one, to
-    /// the control of `restAt`, or else to the first that can have it.
+    /// Focuses the first input control, ignoring ranks below 0. If there is none, focuses the control of `restAt`, or
+    /// else the first that can have the focus.
     void focusFirst();
     bool ownerEnabled() const override { return enabled_; }
-    /// The window's title is marked.
+    /// If true, the window's title is marked.
     virtual bool hasUnsavedChanges() const { return false; }
 
     void observe(std::function<void()> observer) { observer_ = std::move(observer); }
-    /// Called by `enableLater`; the view calls `setEnabled` from its event loop if the form is still enabled then.
+    /// The observer is called by `enableLater`. It calls `setEnabled` from its event loop if the form is still enabled
+    /// then.
     void observeEnabledLater(std::function<void()> observer) { laterObserver_ = std::move(observer); }
-    /// The view follows the focus by this.
+    /// The observer lets the view follow the focus.
     void observeFocus(std::function<void(Control&)> observer) { focusObserver_ = std::move(observer); }
 
     Event<> onLoad;
-    /// Setting the first argument keeps the form.
+    /// A handler keeps the form loaded by setting the first argument.
     Event<bool&, UnloadMode> onQueryUnload;
     Event<> onUnload;
-    /// The operator has pressed the close box of the disabled form, which keeps it.
+    /// Raised when the operator uses the close box of the disabled form, which stays open.
     Event<> onCloseRefused;
     Event<int> onKeyDown;
     Event<> onResize;

@@ -57,7 +57,7 @@ bool FormHost::unload(Form& form, UnloadMode mode) {
     if (kept) {
         return false;
     }
-    // The handler may have unloaded every form, this one too.
+    // The handler might have unloaded every form, including this one.
     if (!form.loaded_) {
         return true;
     }

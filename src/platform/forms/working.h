@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// Shows on the active page, while in scope, what the program is doing.
+/// Shows on the active page, while in scope, which work the program is doing.
 class Working {
 public:
     explicit Working(const std::string& what) { services().windows->working(what); }

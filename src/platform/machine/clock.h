@@ -11,7 +11,7 @@ public:
     Clock& operator=(const Clock&) = delete;
     virtual ~Clock() = default;
 
-    /// The local date and time.
+    /// Returns the local date and time.
     virtual DateTime now() const = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The system code page, CP932 as Windows has it, at the edges of a program that holds UTF-8.
+/// Converts between UTF-8, used inside the program, and the system code page, CP932 as in Windows.
 class CodePage {
 public:
     CodePage() = default;
@@ -12,11 +12,11 @@ public:
     CodePage& operator=(const CodePage&) = delete;
     virtual ~CodePage() = default;
 
-    /// UTF-8 to bytes. A character outside the code page, and a byte that is no UTF-8, becomes one "?".
+    /// Converts UTF-8 to bytes. A character outside the code page, or a byte that is not UTF-8, becomes one "?".
     virtual std::string encode(const std::string& text) const = 0;
-    /// Bytes to UTF-8. Never stops: a byte that begins no character becomes U+30FB.
+    /// Converts bytes to UTF-8 and never fails. A byte that does not begin a character becomes U+30FB.
     virtual std::string decode(const std::string& bytes) const = 0;
-    /// Whether the code page holds the character.
+    /// True if the code page contains the character.
     virtual bool holds(char32_t character) const = 0;
 };
 

@@ -13,8 +13,8 @@ struct CloseStream {
 };
 using FileStream = std::unique_ptr<std::FILE, CloseStream>;
 
-/// Files by the system's own paths: a drive letter, backslashes, names without regard to case. A failure raises a
-/// RunTimeError (53, 57, 61, 70, 75, 76) and leaves whatever stood at the target as it was.
+/// Accesses files by the system's own paths: drive letter, backslashes, case-insensitive names. A failure throws a
+/// RunTimeError (53, 57, 61, 70, 75, 76) and leaves the target unchanged.
 class FileSystem {
 public:
     FileSystem() = default;
@@ -22,45 +22,46 @@ public:
     FileSystem& operator=(const FileSystem&) = delete;
     virtual ~FileSystem() = default;
 
-    /// Whether a file stands there; hidden, system and read-only ones count, folders do not. Where that can't be told,
-    /// for want of rights or by a broken disk, it is a failure: such a file must not pass for one that has gone.
+    /// True for a file, including hidden, system and read-only ones; false for a folder. Throws if it cannot be
+    /// determined (no rights, I/O error), so that callers do not mistake it for a missing file.
     virtual bool exists(const std::string& path) const = 0;
     /// The same for a folder.
     virtual bool folderExists(const std::string& path) const = 0;
     virtual std::uint64_t sizeOf(const std::string& path) const = 0;
-    /// Whether the file can be opened for reading. Never raises.
+    /// True if the file can be opened for reading. Never throws.
     virtual bool canOpen(const std::string& path) const = 0;
-    /// The file for reading. Like every operation below but `read`, it follows no link that somebody can have put among
-    /// the files of the office; that is failure 75.
+    /// Opens the file for reading. Like every operation below except `read`, this follows no link, because other users
+    /// can create links among the office's files. A link is failure 75.
     virtual FileStream open(const std::string& path) const = 0;
-    /// Whether both files hold the same bytes. A file that can't be read has none.
+    /// True if both files have the same content. A file that cannot be read counts as different.
     virtual bool same(const std::string& a, const std::string& b) const = 0;
-    /// Made beside the target and put in place by one rename, so that no reader sees half a file. Only this user may
+    /// Creates the copy next to the target and renames it, so that no reader sees a partial file. Only this user can
     /// read the copy.
     virtual void copy(const std::string& from, const std::string& to) = 0;
-    /// The same for a copy that has the permissions of its folder.
+    /// The same, but the copy gets its folder's permissions.
     virtual void publish(const std::string& from, const std::string& to) = 0;
-    /// The same with bytes. Nothing is written through to the disk: for a file that is made again when it is lost.
+    /// The same with bytes. Does not flush to the disk, so use it only for a file that can be created again.
     virtual void write(const std::string& path, std::span<const std::uint8_t> bytes) = 0;
     virtual void remove(const std::string& path) = 0;
     virtual void rename(const std::string& from, const std::string& to) = 0;
-    /// Opens, appends in one write, closes; a missing file is created with the permissions of its folder, a missing
-    /// folder is not. A record that a dying run has left half gets its line end first. Failure 75: this user may not
-    /// write the file, or it has other names, or is no file.
+    /// Appends a record in one write. A missing file is created with its folder's permissions; a missing folder is not
+    /// created. If a crashed run left an unfinished record, that is ended first. Failure 75 if this user cannot write
+    /// the file, it has other hard links, or it is not a file.
     virtual void append(const std::string& path, const std::string& record) = 0;
-    /// The whole file as bytes; longer than `limit` is failure 7.
+    /// Returns the content as bytes. A content longer than `limit` is failure 7.
     virtual std::string read(const std::string& path, std::size_t limit) const = 0;
-    /// From now on the names in this folder, whose path ends in a separator, are the run's own: other runs do not see
-    /// these files, and other users can't get at them. What ended runs of this user have left in it is removed. Files
-    /// in the folder itself keep their native path. Never raises.
+    /// Makes the names in this folder, whose path ends in a separator, private to this run. Other runs do not see these
+    /// files, and other users cannot open them. Files of this user's ended runs are removed. `systemPath` leaves
+    /// native paths in the folder unchanged. Never throws.
     virtual void workIn(const std::string& /*folder*/) {}
-    /// A folder of this user alone that stays when the run ends, without a trailing separator. Made when missing.
+    /// Returns this user's private folder without a trailing separator, and creates it if missing. It remains when the
+    /// run ends.
     virtual std::string privateFolder() = 0;
-    /// The folder of the running program, in the system's form, without a trailing separator.
+    /// Returns the folder of the running program in the system's form, without a trailing separator.
     virtual std::string programFolder() const = 0;
-    /// The same place in the form of the machine, for the libraries behind the interfaces.
+    /// Returns the path in the machine's form, for the libraries used by adapters.
     virtual std::string nativePath(const std::string& path) const = 0;
-    /// The way back; a place on no drive of the system keeps its form, and is understood all the same.
+    /// The reverse. A path outside the system's drives is returned unchanged, and the other operations accept it.
     virtual std::string systemPath(const std::string& nativePath) const = 0;
 };
 

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// The HTTP client control of the upload form. One request at a time.
+/// The HTTP client control of the upload form. Handles one request at a time.
 class HttpControl {
 public:
     HttpControl() = default;
@@ -14,14 +14,14 @@ public:
     HttpControl& operator=(const HttpControl&) = delete;
     virtual ~HttpControl() = default;
 
-    /// 0 when idle.
+    /// Returns 0 when idle.
     virtual std::int32_t State() const = 0;
-    /// In milliseconds; 0 or less waits without end.
+    /// In milliseconds. 0 or less waits without limit.
     virtual void Timeout(std::int32_t milliseconds) = 0;
     virtual void Version(const std::string& version) = 0;
     virtual void URL(const std::string& url) = 0;
-    /// PUTs the file's bytes to the URL with basic authentication and takes the response's body. Raises a RunTimeError
-    /// when no response comes (24011, 24012) or the file can't be read (53); any status is a response.
+    /// Sends the file with PUT and basic authentication, and reads the response's body. Throws a RunTimeError if there
+    /// is no response (24011, 24012) or the file cannot be read (53). Any status counts as a response.
     virtual void Upload(const std::string& file, const std::optional<std::string>& contentType, std::string& response,
                         const std::optional<std::string>& headers, const std::string& user,
                         const std::string& password) = 0;

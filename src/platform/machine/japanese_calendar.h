@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// What the words of a date mean.
+/// Interprets written dates.
 class JapaneseCalendar {
 public:
     JapaneseCalendar() = default;
@@ -15,8 +15,8 @@ public:
     JapaneseCalendar& operator=(const JapaneseCalendar&) = delete;
     virtual ~JapaneseCalendar() = default;
 
-    /// The Western day of "平成15年04月01日" or, without an era word, of "2003年04月01日". Nothing: the text is no
-    /// date.
+    /// Returns the Western date of "平成15年04月01日" or, without an era, "2003年04月01日". Returns nothing if the text
+    /// is not a date.
     virtual std::optional<DateTime> dateOf(const std::string& text) const = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// What the machine says of itself.
+/// Facts about the computer.
 class MachineFacts {
 public:
     MachineFacts() = default;
@@ -12,9 +12,9 @@ public:
     MachineFacts& operator=(const MachineFacts&) = delete;
     virtual ~MachineFacts() = default;
 
-    /// Upper case and whole; empty when it can't be had. May be followed by NUL characters, as a buffer is.
+    /// Returns the full name in upper case, or "" if it is not available. NUL characters can follow, as in a buffer.
     virtual std::string GetComputerName() const = 0;
-    /// The Windows folder in the system's form; empty when it can't be had.
+    /// Returns the Windows folder in the system's form, or "" if it is not available.
     virtual std::string GetWindowsDirectory() const = 0;
 };
 

@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// What the header of a picture file says, the picture upright.
+/// Data from the header of a picture file, with the picture upright.
 struct PictureInfo {
     std::int32_t sizeDisk = 0;
     std::int32_t width = 0;
@@ -38,18 +38,18 @@ public:
 
     virtual int width() const = 0;
     virtual int height() const = 0;
-    /// The whole picture at that size, at most its own.
+    /// Returns the whole picture at that size, which is at most its own.
     virtual Pixels scaled(int width, int height) const = 0;
-    /// Brings the picture itself to that size; what it was is gone. Sides from 1; it may grow.
+    /// Resizes the picture itself and discards the original. Sides start at 1; enlarging is possible.
     virtual void size(int width, int height) = 0;
-    /// Writes the picture over whatever file stands at `path`, whole or not at all. `format`: its own, any other is a
-    /// failure. `bits`: it keeps its depth whatever is asked. `quality`: 2, the best, to 255, the smallest; of meaning
-    /// to JPEG only, the other formats are written without loss and as small as they go.
+    /// Writes the picture to `path`, completely or not at all. Fails for any `format` other than the picture's own.
+    /// Ignores `bits` and keeps the depth. `quality` is 2 (best) to 255 (smallest) for JPEG. The other formats are
+    /// lossless and as small as possible.
     virtual void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const = 0;
 };
 
-/// Reads pictures by their content, whatever their name. Anything that is no whole picture, and one of more than
-/// 100 million pixels, is a RunTimeError with a Japanese text.
+/// Reads pictures by their content, whatever the file name. An incomplete picture, or one with more than 100 million
+/// pixels, is a RunTimeError with a Japanese text.
 class PictureLibrary {
 public:
     PictureLibrary() = default;
@@ -57,11 +57,11 @@ public:
     PictureLibrary& operator=(const PictureLibrary&) = delete;
     virtual ~PictureLibrary() = default;
 
-    /// Reads the header only.
+    /// Reads only the header.
     virtual PictureInfo info(const std::string& path) const = 0;
-    /// `within`: a promise that the picture will be shown or brought to no more than fits in there. A larger one may
-    /// then be kept at about twice that, which saves most of the time and memory, and can't be saved before it is
-    /// sized. Without a promise every pixel is kept.
+    /// `within` promises that the picture will not be shown or saved larger than this size. A larger picture can then
+    /// be kept at about twice that size, which saves most of the time and memory. It cannot be saved before it is
+    /// resized. Without a promise every pixel is kept.
     virtual std::unique_ptr<Picture> load(const std::string& path, PictureSize within = {}) const = 0;
 };
 

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// Reads one value of an INI file as Windows does, on bytes of the system code page.
+/// Reads one value of an INI file as Windows does, in bytes of the system code page.
 class ProfileReader {
 public:
     ProfileReader() = default;
@@ -12,8 +12,8 @@ public:
     ProfileReader& operator=(const ProfileReader&) = delete;
     virtual ~ProfileReader() = default;
 
-    /// The value, at most 511 bytes of the code page, or empty where file, section or key is absent. A bare file
-    /// name means the Windows folder. Raises a RunTimeError only when a file that is there can't be read.
+    /// Returns the value, at most 511 bytes of the code page, or "" if file, section or key is missing. A bare file
+    /// name is looked up in the Windows folder. Throws a RunTimeError only if an existing file cannot be read.
     virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                                 const std::string& file) const = 0;
 };

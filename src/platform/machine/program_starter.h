@@ -12,7 +12,7 @@ public:
     ProgramStarter& operator=(const ProgramStarter&) = delete;
     virtual ~ProgramStarter() = default;
 
-    /// Runs a command line with a normal window, without waiting. A program that can't be started is failure 53.
+    /// Runs a command line with a normal window and does not wait. Failure 53 if the program cannot be started.
     virtual void start(const std::string& commandLine) = 0;
 };
 

@@ -5,7 +5,7 @@
 
 namespace orv {
 
-/// The registry. Results are codes, 0 for success, as the callers compare them; a handle is 0 for none.
+/// The registry. Results are codes that callers compare, 0 for success. A handle of 0 is none.
 class Registry {
 public:
     Registry() = default;
@@ -16,7 +16,7 @@ public:
     using Handle = std::int32_t;
 
     virtual std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) = 0;
-    /// `value`: as it stands, up to its first NUL. A value of `size` bytes or more of the code page is a failure.
+    /// `value` receives the text up to its first NUL. A value of `size` bytes or more of the code page is a failure.
     virtual std::int32_t RegQueryValueEx(Handle key, const std::string& name, std::string& value,
                                          std::int32_t size) = 0;
     virtual std::int32_t RegSetValueEx(Handle key, const std::string& name, std::int32_t type, const std::string& value,

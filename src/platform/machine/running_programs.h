@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The runs of this program on this computer. Each takes names for what it works on; no two hold the same name.
+/// The runs of this program on this computer. Each run reserves names for its work; no two hold the same name.
 class RunningPrograms {
 public:
     RunningPrograms() = default;
@@ -12,7 +12,7 @@ public:
     RunningPrograms& operator=(const RunningPrograms&) = delete;
     virtual ~RunningPrograms() = default;
 
-    /// False if another run holds the name. Its window then comes to the front. A run that has ended holds nothing.
+    /// False if another run holds the name; its window then comes to the front. A run that has ended holds no names.
     [[nodiscard]] virtual bool take(const std::string& name) = 0;
     virtual void leave(const std::string& name) = 0;
 };

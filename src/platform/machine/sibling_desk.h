@@ -6,17 +6,17 @@
 
 namespace orv {
 
-/// What becomes of what a sibling program says. The desk calls it from the event loop.
+/// Receives the messages of a sibling program, called from the event loop.
 struct SiblingCalls {
-    /// A text for the control of that handle. False: refused.
+    /// Receives a text for the control with that handle. False if rejected.
     std::function<bool(std::uint32_t handle, const std::string& text)> setText;
-    /// A key on the control of that handle. False: refused.
+    /// Receives a key for the control with that handle. False if rejected.
     std::function<bool(std::uint32_t handle, int key)> pressKey;
-    /// The program has ended, or has hung up, without having been dismissed. Nothing comes after it.
+    /// Called when the program has ended or disconnected without being dismissed. No call follows.
     std::function<void()> gone;
 };
 
-/// Starts programs of the suite that work for a page and answer into its controls.
+/// Starts programs of the suite that work for a page and send their results to its controls.
 class SiblingDesk {
 public:
     SiblingDesk() = default;
@@ -24,12 +24,13 @@ public:
     SiblingDesk& operator=(const SiblingDesk&) = delete;
     virtual ~SiblingDesk() = default;
 
-    /// Runs a command line with a normal window, without waiting, and listens to that program, and to no earlier one,
-    /// until it is gone or dismissed. A program that can't be started is failure 53; no call comes then.
+    /// Runs a command line with a normal window and does not wait. Accepts messages from this program only, until it
+    /// ends or is dismissed. Failure 53 if it cannot be started; no call follows then.
     virtual void start(const std::string& commandLine, SiblingCalls calls) = 0;
-    /// Asks the program to bring its window to the front. Nothing when there is none.
+    /// Asks the program to bring its window to the front. Does nothing if there is none.
     virtual void toFront() = 0;
-    /// Listens no longer; the program runs on. Nothing when there is none. A call may do it.
+    /// Stops accepting messages; the program continues to run. Does nothing if there is none. Can be used within a
+    /// call.
     virtual void dismiss() = 0;
 };
 

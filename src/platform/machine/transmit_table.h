@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// A table-type recordset: a row is found by its key through an index.
+/// A table-type recordset. Rows are found by key through an index.
 class TransmitRecordset {
 public:
     TransmitRecordset() = default;
@@ -17,7 +17,7 @@ public:
     virtual ~TransmitRecordset() = default;
 
     virtual void Index(const std::string& name) = 0;
-    /// Looks for the row whose key compares so ("=") with `keys`.
+    /// Moves to the row whose key matches `keys` under the comparison ("=").
     virtual void Seek(const std::string& comparison, const Values& keys) = 0;
     virtual bool Eof() const = 0;
     virtual bool NoMatch() const = 0;
@@ -32,7 +32,7 @@ public:
     TransmitDatabase& operator=(const TransmitDatabase&) = delete;
     virtual ~TransmitDatabase() = default;
 
-    /// `type` 1: a table.
+    /// `type` 1 is a table.
     virtual std::unique_ptr<TransmitRecordset> OpenRecordset(const std::string& table, std::int32_t type) = 0;
     virtual void Close() = 0;
 };
@@ -49,8 +49,8 @@ public:
     virtual void Close() = 0;
 };
 
-/// The second database engine, of the transmission profiles only. Every failure is a RunTimeError; what is destroyed
-/// unclosed closes itself.
+/// The second database engine, used only for transmission profiles. Every failure is a RunTimeError. Destructors close
+/// everything that is still open.
 class TransmitEngine {
 public:
     TransmitEngine() = default;

@@ -11,7 +11,7 @@ namespace orv {
 
 class Form;
 
-/// A modal question or notice.
+/// A modal question or message.
 struct Notice {
     enum class Kind { Information, Warning, Critical, Question };
 
@@ -19,20 +19,20 @@ struct Notice {
     std::string text;
     Kind kind = Kind::Information;
     std::vector<std::string> buttons{"OK"};
-    /// The button under Enter, and the one that Esc and the close box stand for.
+    /// The button for Enter, and the one for Esc and the close box.
     std::size_t defaultButton = 0;
     std::size_t escapeButton = 0;
 };
 
-/// A plain dialog for one file that is there. `filter`: a name and a pattern, parted by "|". `folder`: where it begins,
-/// in the form of the machine; where there is no such folder it begins in the operator's own.
+/// A dialog for choosing one existing file. `filter` is a name and a pattern separated by "|". `folder` is the initial
+/// folder in the machine's form; if it does not exist, the operator's own folder is used.
 struct FileQuestion {
     std::string title;
     std::string filter;
     std::string folder;
 };
 
-/// What needs a screen. A window that can't be shown is a RunTimeError.
+/// Everything that needs a screen. A window that cannot be shown is a RunTimeError.
 class WindowSystem {
 public:
     WindowSystem() = default;
@@ -40,29 +40,30 @@ public:
     WindowSystem& operator=(const WindowSystem&) = delete;
     virtual ~WindowSystem() = default;
 
-    /// Makes the form's window, once per loading, hidden.
+    /// Creates the form's hidden window. Called once per load.
     virtual void open(Form& form) = 0;
     virtual void show(Form& form) = 0;
     virtual void close(Form& form) = 0;
-    /// Into the middle of the screen's work area (to its corner when the form is larger), and in front of the others.
+    /// Moves the form to the middle of the screen's work area, or to its corner if it is larger, and raises it.
     virtual void centre(Form& form) = 0;
-    /// Shows the form and returns when it has been unloaded.
+    /// Shows the form and returns after it has been unloaded.
     virtual void runModal(Form& form) = 0;
-    /// Owned by the active form's window. Returns the place of the button pressed.
+    /// Shows a message owned by the active form's window. Returns the index of the button pressed.
     virtual std::size_t showNotice(const Notice& notice) = 0;
-    /// Owned by the active form's window. The path in the form of the machine; nothing when the operator cancels.
+    /// Shows a file dialog owned by the active form's window. Returns a path in the machine's form, or nothing on
+    /// cancel.
     virtual std::optional<std::string> openFile(const FileQuestion& question) = 0;
-    /// Takes an input-method composition that is still open into its field.
+    /// Commits an open composition of the input method to its field.
     virtual void commitComposition() = 0;
-    /// Says on the active page what the program is doing, and keeps all input from the page until an empty text ends
-    /// it. A notice ends it too. While it lasts, `whileWaiting` paints the windows.
+    /// Shows on the active page which work is running, and blocks all input to the page until called with an empty
+    /// text. A message ends this too. Meanwhile `whileWaiting` paints the windows.
     virtual void working(const std::string& what) = 0;
-    /// Says on the form's window, which takes no input, that another program's window is to be used, until an empty
-    /// text or the form's end. `pressed` is called when the operator presses a mouse button there.
+    /// Shows on the disabled form's window that another program's window must be used, until called with an empty text
+    /// or the form closes. Calls `pressed` when the operator presses a mouse button there.
     virtual void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) = 0;
-    /// The hourglass while `busy`.
+    /// Shows the hourglass pointer while `busy`.
     virtual void pointer(bool busy) = 0;
-    /// Lets what is due be painted, without letting the operator act.
+    /// Paints pending updates without handling input.
     virtual void repaint() = 0;
 };
 

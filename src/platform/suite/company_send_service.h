@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// Sends one company to the suite's server. An instance lives for one save.
+/// Sends one company to the suite's server. Create one object for each save.
 class CompanySendService {
 public:
     CompanySendService() = default;
@@ -15,9 +15,9 @@ public:
     virtual ~CompanySendService() = default;
 
     virtual FailureRecord SendError() const = 0;
-    /// Looks that the settings are there and the service answers.
+    /// Checks that the settings exist and that the service answers.
     virtual void SendPrepare(bool& ok) = 0;
-    /// `id`: the number that the server gave.
+    /// `id` receives the number that the server assigned.
     virtual void SendCompany(const std::string& userId, std::string& id, bool& ok) = 0;
 };
 

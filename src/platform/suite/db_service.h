@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// An open database. What is in it is the service's business; destroying it closes it and rolls back.
+/// An open database with contents private to the service. Its destructor rolls back and closes.
 class Connection {
 public:
     Connection() = default;
@@ -18,7 +18,7 @@ public:
     virtual ~Connection() = default;
 };
 
-/// The rows of one select, in order. A reading that has no row under it, or an unknown name, raises a RunTimeError.
+/// The rows of one select, in order. Reading without a current row, or by an unknown name, throws a RunTimeError.
 class Recordset {
 public:
     Recordset() = default;
@@ -26,25 +26,25 @@ public:
     Recordset& operator=(const Recordset&) = delete;
     virtual ~Recordset() = default;
 
-    /// The exact number of rows.
+    /// Returns the exact number of rows.
     virtual std::int32_t RecordCount() const = 0;
-    /// True behind the last row, and at once where there are no rows.
+    /// True after the last row, and at once if there are no rows.
     virtual bool Eof() const = 0;
     virtual void MoveFirst() = 0;
     virtual void MoveNext() = 0;
     virtual void MoveLast() = 0;
-    /// The field of the row under the cursor. Names without regard to case; "A.USER_ID" names the first of two
-    /// columns of one name in a join. A database null stays null.
+    /// Returns a field of the current row by case-insensitive name. "A.USER_ID" names the first of two columns with the
+    /// same name in a join. A database null stays null.
     virtual Value Fields(const std::string& name) const = 0;
-    /// The field by its place in the select list, from 0.
+    /// Returns a field by its index in the select list, from 0.
     virtual Value Fields(int index) const = 0;
 };
 
 using ConnectionPtr = std::unique_ptr<Connection>;
 using RecordsetPtr = std::unique_ptr<Recordset>;
 
-/// The suite's gateway to a database file. Operations report by `ok` (or by negative rows) and never raise;
-/// `DbError` tells why the last one failed.
+/// The suite's interface to a database file. Operations report through `ok` (or negative rows) and never throw.
+/// `DbError` says why the last one failed.
 class DbService {
 public:
     DbService() = default;
@@ -53,18 +53,18 @@ public:
     virtual ~DbService() = default;
 
     virtual FailureRecord DbError() const = 0;
-    /// Forgets the last failure.
+    /// Clears the last failure.
     virtual void DbReset() = 0;
-    /// Opens the file at `path` (a path of the system). Creates nothing and alters nothing.
+    /// Opens the file at `path`, a path of the system. Creates and changes nothing.
     virtual void DbOpen(ConnectionPtr& connection, const std::string& path, bool& ok) = 0;
     virtual void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) = 0;
-    /// `rows`: the rows touched; negative on failure.
+    /// `rows` receives the number of rows affected, negative on failure.
     virtual void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) = 0;
-    /// Ok also where nothing is open.
+    /// Also succeeds if nothing is open.
     virtual void DbClose(ConnectionPtr& connection, bool& ok) = 0;
     virtual void DbCloseRs(RecordsetPtr& recordset, bool& ok) = 0;
     virtual void DbBeginTrans(ConnectionPtr& connection, bool& ok) = 0;
-    /// Ok also where no transaction is open.
+    /// Also succeeds if no transaction is open.
     virtual void DbRollback(ConnectionPtr& connection, bool& ok) = 0;
     virtual void DbCommit(ConnectionPtr& connection, bool& ok) = 0;
 };

@@ -4,7 +4,8 @@
 
 namespace orv {
 
-/// Why a closed service failed last: a text for the operator and a code for the log. Both empty: no failure.
+/// The last failure of a closed service: a text for the operator and a code for the log. Both are empty without a
+/// failure.
 struct FailureRecord {
     std::string text;
     std::string code;

@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// Shows the suite's messages by id. Modal: returns when the operator has closed the dialog.
+/// Shows the suite's messages by id. Returns after the operator has closed the dialog.
 class MessageService {
 public:
     MessageService() = default;
@@ -17,9 +17,9 @@ public:
     virtual ~MessageService() = default;
 
     virtual FailureRecord ErrorInfo() const = 0;
-    /// The answer to the last message. 1: the present state stays; anything else: the action goes on.
+    /// Returns the answer to the last message. 1 keeps the present state; any other value continues the action.
     virtual std::int32_t LastAnswer() const = 0;
-    /// False only when no window could be shown; `LastAnswer` is then 1.
+    /// False only if no window could be shown; `LastAnswer` is then 1.
     virtual bool ShowMessage(const std::string& id, const Values& args) = 0;
 };
 

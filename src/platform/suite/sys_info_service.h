@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// Measures the computer that the program runs on. Each operation reports by `ok`; `SysError` tells why one failed.
+/// Measures the computer. Operations report through `ok`; `SysError` says why one failed.
 class SysInfoService {
 public:
     SysInfoService() = default;
@@ -16,11 +16,11 @@ public:
     virtual ~SysInfoService() = default;
 
     virtual FailureRecord SysError() const = 0;
-    /// OS name, major version, minor version, build, service-pack text.
+    /// `facts` receives OS name, major version, minor version, build and service-pack text.
     virtual void SysGetOsInfo(std::array<std::string, 5>& facts, bool& ok) = 0;
-    /// Physical memory in megabytes, without unit.
+    /// `megabytes` receives the physical memory without a unit.
     virtual void SysGetMemory(std::string& megabytes, bool& ok) = 0;
-    /// `drive` is like "C:\"; both capacities are counts of bytes: what is free, then the whole.
+    /// `drive` is like "C:\". `first` receives the free bytes, `second` the capacity in bytes.
     virtual void SysGetDiskSpace(std::string& drive, std::string& first, std::string& second, bool& ok) = 0;
     virtual void SysGetIpAddress(std::string& address, bool& ok) = 0;
     /// `root` is the decimal text of the root's handle.
