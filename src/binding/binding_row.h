@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// What a control's content goes through on the way to the record.
+/// How the content of a control is converted for the record.
 enum class TakeBack : std::uint8_t { Normalised, NullToStr, AsShown };
 
 /// A field and the control that shows it.
@@ -20,7 +20,7 @@ struct BindingRow {
     TakeBack takeBack = TakeBack::Normalised;
 };
 
-/// One place in an order: the row of a field, or a step of its own for what is bound oddly.
+/// One element of an order: the row of a field, or a function for fields that need special handling.
 struct Step {
     TextField field = nullptr;
     bool (*named)() = nullptr;
@@ -29,7 +29,7 @@ struct Step {
 constexpr Step row(TextField field) { return {field, nullptr}; }
 constexpr Step step(bool (*named)()) { return {nullptr, named}; }
 
-/// The row of the field; failure at compile time where an order names a field without one.
+/// Returns the row of the field. Compilation fails if an order names a field without a row.
 constexpr const BindingRow& rowOf(std::span<const BindingRow> rows, TextField field) {
     for (const BindingRow& candidate : rows) {
         if (candidate.field == field) {
@@ -39,7 +39,7 @@ constexpr const BindingRow& rowOf(std::span<const BindingRow> rows, TextField fi
     throw "no such row";
 }
 
-/// Whether the order names each row at most once, and nothing but rows.
+/// True if the order names each row at most once and contains no unknown fields.
 constexpr bool namesRowsOnce(std::span<const BindingRow> rows, std::span<const Step> order) {
     for (const Step& place : order) {
         if (place.field == nullptr) {
@@ -55,14 +55,14 @@ constexpr bool namesRowsOnce(std::span<const BindingRow> rows, std::span<const S
     return true;
 }
 
-/// Whether the order names every row.
+/// True if the order names every row.
 constexpr bool namesAllRows(std::span<const BindingRow> rows, std::span<const Step> order) {
     return std::all_of(rows.begin(), rows.end(), [&](const BindingRow& wanted) {
         return std::any_of(order.begin(), order.end(), [&](const Step& place) { return place.field == wanted.field; });
     });
 }
 
-/// How a page is bound: its rows, the order in which it is filled, and the order in which it is taken back.
+/// The binding of a page: its rows, the order of filling the page and the order of reading it.
 struct PageBinding {
     std::span<const BindingRow> rows;
     std::span<const Step> toPage;

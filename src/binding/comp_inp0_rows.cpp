@@ -49,10 +49,10 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::PC_MAIL_ADDRESS, on<&P::txt_Pc_Mail_Address>},
 });
 
-/// The site of the computer is the office.
+/// True if the computer is at the office's address.
 bool same() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
 
-/// Only a company without a number types its password here.
+/// The password can be typed here only for a company without a number.
 bool passwordBlock() {
     P& form = page<P>();
     const bool isNew = tCustomerInfo.USER_ID == kNewCompany;
@@ -71,7 +71,7 @@ void addressesTyped(P& form) {
     form.btm_Pc_SearchOfficeAddress.setVisible(false);
 }
 
-/// An address without its code did not come from the search: it goes, and the operator searches it again.
+/// An address without its code did not come from the search. It is removed, so that the operator searches again.
 void dropUncodedAddresses() {
     if (isBlank(tCustomerInfo.ADDRESS_CODE)) {
         tCustomerInfo.ADDRESS.clear();
@@ -105,7 +105,7 @@ bool showSameCheck() {
     return true;
 }
 
-/// A list that has lost its choice must not take the company's key away.
+/// If nothing is selected in the list, the record keeps its key.
 bool takeUserId() {
     const std::string chosen = page<P>().cbo_User_Id.text();
     if (!chosen.empty()) {

@@ -31,7 +31,7 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::OTHER_DANTAI_NAME, on<&P::txt_Other_Dantai_Name>},
 });
 
-/// A choice is put back to nothing by hand, so that it happens also where the file of field names is missing.
+/// Sets ListIndex directly, because PF_SetControlValue does nothing without the file of field names.
 bool choose(ComboBox& combo, const std::string& value) {
     if (value.empty()) {
         combo.setListIndex(-1);
@@ -45,7 +45,7 @@ bool licence() { return choose(page<P>().cbo_License_No, tCustomerInfo.LICENSE_N
 bool startEra() { return choose(page<P>().cbo_Get_License_Nengou, tCustomerInfo.GET_LICENSE_NENGOU); }
 bool endEra() { return choose(page<P>().cbo_Valid_License_Nengou, tCustomerInfo.VALID_LICENSE_NENGOU); }
 
-/// An old word for no association.
+/// Old records contain "なし" for no association.
 bool listedAssociation() {
     const std::string& name = tCustomerInfo.DANTAI_NAME;
     return choose(page<P>().cbo_Dantai_Name, name == "なし" ? std::string() : name);

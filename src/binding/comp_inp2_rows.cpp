@@ -57,7 +57,7 @@ bool showPhoto(std::size_t slot, const std::string& group, const std::string& fi
 bool showPhoto1() { return showPhoto(0, tCustomerInfo.PHOTO_GRP1, tCustomerInfo.PHOTO_FILE1); }
 bool showPhoto2() { return showPhoto(1, tCustomerInfo.PHOTO_GRP2, tCustomerInfo.PHOTO_FILE2); }
 
-/// Photos are for companies that the server has numbered.
+/// Only companies with a number from the server can have photos.
 bool photoSlots() {
     P& form = page<P>();
     const bool numbered = tCustomerInfo.USER_ID != kNewCompany;
@@ -71,7 +71,7 @@ bool photoSlots() {
     return true;
 }
 
-/// The district follows from the line and is never read back.
+/// The district is derived from the line and is never read back from the page.
 bool deriveDistrict() {
     tCustomerInfo.TIKU_CODE = firstCharacters(tCustomerInfo.RAILROAD_CODE, 2) + "00";
     return true;

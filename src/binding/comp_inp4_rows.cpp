@@ -25,7 +25,7 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::OS_VER, on<&P::lbl_OS_Ver>, TakeBack::AsShown},
 });
 
-/// Nothing is odd here: both ways go down the rows.
+/// Filling and reading both follow the rows.
 constexpr auto kOrder = [] {
     std::array<Step, kRows.size()> order{};
     for (std::size_t i = 0; i < kRows.size(); ++i) {

@@ -7,12 +7,12 @@
 
 namespace orv {
 
-/// Whether the flag string has "1" at the place of element `index`. A string that is too short has not.
+/// True if the flag string has "1" at `index`. False if it is too short.
 inline bool flagAt(const std::string& flags, std::size_t index) {
     return PF_MidB(flags, static_cast<std::int32_t>(index) + 1, 1) == "1";
 }
 
-/// The boxes as a flag string: "1" for each that is on and "0" for any other, filled up with "0" to `length`.
+/// Returns the flag string of the boxes: "1" for each box that is on, otherwise "0", padded with "0" to `length`.
 template <std::size_t N>
 std::string flagsOf(const ControlArray<CheckBox, N>& boxes, std::size_t length) {
     std::string flags;

@@ -10,7 +10,7 @@
 namespace orv {
 namespace {
 
-/// What the control holds, as text; a number that is null stays null.
+/// Returns the control's content as text, or null for a number control without a number.
 Value contentOf(const Control& control) {
     switch (control.kind()) {
         case ControlKind::TextInput:

@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// Takes the page of that form name into the record, whole and unchecked. A name of no page, and a page that is not
-/// ready, copies nothing and is no failure. False: the pair tells why; what was copied before stays copied.
+/// Copies the page with that form name to the record, completely and without checks. Does nothing for an unknown name
+/// or a page that is not ready. On false the pair holds the failure, and values copied before it remain.
 [[nodiscard]] bool PF_SetData_tCustomerInfo(const std::string& formName);
 
 [[nodiscard]] bool PF_SetData_tCustomerInfo0();

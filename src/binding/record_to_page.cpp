@@ -12,7 +12,7 @@
 namespace orv {
 namespace {
 
-/// Brings an input back to how the page was designed.
+/// Resets an input to its initial state.
 void empty(Control& control) {
     switch (control.kind()) {
         case ControlKind::TextInput:
@@ -22,7 +22,7 @@ void empty(Control& control) {
             static_cast<NumberInput&>(control).setText("");
             break;
         case ControlKind::ComboBox:
-            static_cast<ComboBox&>(control).setEnabled(true);  // a closed list would open on its first row
+            static_cast<ComboBox&>(control).setEnabled(true);  // enabling later would select the first row
             static_cast<ComboBox&>(control).setListIndex(-1);
             break;
         case ControlKind::CheckBox:
@@ -37,7 +37,7 @@ void empty(Control& control) {
     }
 }
 
-/// What the new company does not fill must not show the company before it.
+/// Clears the page, so that it does not show values of the previous company.
 void emptyPage(PageForm& form, const PageBinding& binding) {
     for (Control* control : form.controls()) {
         if (control != &form.cbo_User_Id) {

@@ -2,8 +2,8 @@
 
 namespace orv {
 
-// Show the record on a page and set the page's state from it. A value that a control refuses does not stop the fill:
-// the operator is told all of them at its end. False: a failure, told by the pair.
+// Show the record on a page and set the page's state. A value that a control rejects does not stop the fill; the
+// operator sees all of them at the end. On false the pair holds the failure.
 
 [[nodiscard]] bool PF_SetData_Frm_CompInp0();
 [[nodiscard]] bool PF_SetData_Frm_CompInp1();
@@ -11,7 +11,7 @@ namespace orv {
 [[nodiscard]] bool PF_SetData_Frm_CompInp3();
 [[nodiscard]] bool PF_SetData_Frm_CompInp4();
 
-/// The one of that page number.
+/// Fills the page with that number.
 [[nodiscard]] bool showRecordOn(int pageNumber);
 
 }  // namespace orv

@@ -19,7 +19,7 @@ struct SizeUnit {
 
 constexpr std::array<SizeUnit, 3> kUnits{{{kUnit, "KB"}, {kUnit * kUnit, "MB"}, {kUnit * kUnit * kUnit, "GB"}}};
 
-/// A half goes away from zero.
+/// Rounds halves away from zero.
 long long rounded(double number) {
     if (!(std::fabs(number) < 9e15)) {
         throw RunTimeError(Failure::Overflow);
@@ -27,7 +27,7 @@ long long rounded(double number) {
     return std::llround(number);
 }
 
-/// One decimal at least and two at most.
+/// Returns one or two decimals.
 std::string withDecimals(double number) {
     const long long hundredths = rounded(number * 100);
     std::string text = std::to_string(hundredths / 100) + "." + std::to_string(hundredths % 100 / 10);

@@ -6,7 +6,7 @@ namespace orv {
 
 inline namespace bas_Image {
 
-/// A count of bytes as the operator reads it: "1000B", "1.5KB", "12.5GB". "-1" when that fails.
+/// Returns a size in bytes for display: "1000B", "1.5KB", "12.5GB". Returns "-1" on failure.
 std::string PF_GetFileSizeString(double size);
 
 }  // namespace bas_Image

@@ -4,10 +4,10 @@
 
 namespace orv {
 
-/// Puts the form into the middle of the screen and in front of the others.
+/// Moves the form to the middle of the screen and raises it.
 void PS_SetFormCenter(Form& form);
 
-/// Clears the form and draws the stripes that all its windows have.
+/// Clears the form and draws the stripes common to all windows.
 void drawStripes(Form& form);
 
 }  // namespace orv

@@ -25,7 +25,7 @@ std::string figures(const std::string& size, const std::string& height, const st
     return size + "(ファイルサイズ)," + height + "ピクセル(高さ)," + width + "ピクセル(幅)";
 }
 
-/// In the middle of the control, in its own proportions, and never larger than it is.
+/// Shows the picture in the middle of the control, in its proportions and not enlarged.
 void showWhole(ImageControl& image) {
     const double fitting = std::min({1.0, static_cast<double>(image.width()) / image.bitmapWidth(),
                                      static_cast<double>(image.height()) / image.bitmapHeight()});
@@ -51,7 +51,7 @@ void Form_Load(frm_ImgCommon& form) {
     gImgLoaded = true;
 }
 
-/// Assigns what is left of `side` pixels without `fixed` twips, when anything is.
+/// Assigns `side` pixels minus `fixed` twips, if the result is positive.
 template <class Assign>
 void whenPositive(int side, int fixed, Assign assign) {
     const int twips = side * kTwipsPerPixel - fixed;
@@ -99,7 +99,7 @@ void close(Form& form) { services().forms->unload(form, UnloadMode::Code); }
 }  // namespace
 
 frm_ImgCommon::frm_ImgCommon() : Form("frm_ImgCommon", "画像変換確認", kImgCommonSize, Sizing::Free) {
-    // A load that fails says so by `gImgLoaded` alone.
+    // A failed load is reported only through `gImgLoaded`.
     onLoad = [this] { static_cast<void>(caught([this] { Form_Load(*this); })); };
     onResize = [this] { Form_Resize(*this); };
     onKeyDown = [this](int key) { Form_KeyDown(*this, key); };

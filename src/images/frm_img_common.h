@@ -8,8 +8,8 @@ namespace orv {
 
 inline constexpr Point kImgCommonSize{660, 661};
 
-/// Shows a fitted picture with the figures of the chosen one and its own, and asks whether it shall be taken. Its one
-/// output is `gImgDstFile`, which a cancel empties.
+/// Shows the fitted picture with its own figures and those of the original, and asks for confirmation. The only output
+/// is `gImgDstFile`, which a cancel empties.
 struct frm_ImgCommon : Form {
     frm_ImgCommon();
 

@@ -26,12 +26,12 @@ std::int32_t product(std::int32_t a, std::int32_t b) {
     return static_cast<std::int32_t>(whole);
 }
 
-/// The other side, when one side of `from` pixels becomes `to`.
+/// Returns the length of the other side when a side of `from` pixels becomes `to`.
 std::int16_t followingSide(std::int32_t side, std::int32_t from, std::int32_t to) {
     return toInteger(static_cast<double>(product(to, side)) / from);
 }
 
-/// Not every pixel of a picture is needed that gets smaller.
+/// An image that will be reduced need not be decoded at full size.
 void scaleTo(ImageControl& image, std::int16_t width, std::int16_t height) {
     image.load(gImgSrcFile, {width, height});
     image.size(width, height);
@@ -41,7 +41,7 @@ void scaleTo(ImageControl& image, std::int16_t width, std::int16_t height) {
 bool fit(ImageControl& image, bool& changed) {
     const std::int32_t limitHeight = toLong(com().IniImgH());
     const std::int32_t limitWidth = toLong(com().IniImgW());
-    // A missing file and a bad setting are one failure.
+    // A missing file and an invalid setting are the same failure.
     if (!services().fileSystem->exists(gImgSrcFile) || limitHeight < 1 || limitWidth < 1) {
         return fail(std::string(kLabel) + "において、システム設定値が不正です。", "IMGERR:02");
     }

@@ -5,9 +5,9 @@
 namespace orv {
 inline namespace bas_Image {
 
-/// Brings `gImgSrcFile` inside the longest width and height of the settings and leaves it in `gImgDstFile`, at the best
-/// quality; one that is inside is copied as it is. `changed`: the picture was scaled. `image` holds the picture
-/// afterwards. False: the pair tells why.
+/// Fits `gImgSrcFile` into the maximum width and height of the settings and writes it to `gImgDstFile` at the best
+/// quality. A picture within the limits is copied unchanged. `changed` is true if the picture was scaled. `image` then
+/// contains the picture. On false the pair holds the failure.
 [[nodiscard]] bool PF_ResizeImePic(ImageControl& image, bool& changed);
 
 }  // namespace bas_Image

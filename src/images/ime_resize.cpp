@@ -16,7 +16,7 @@
 namespace orv {
 namespace {
 
-/// A missing file has none; the fitting reports it.
+/// Leaves the texts empty for a missing file, which the fitting reports.
 void readFigures(ImageControl& image) {
     if (!services().fileSystem->exists(gImgSrcFile)) {
         return;
@@ -28,7 +28,7 @@ void readFigures(ImageControl& image) {
     gImgQualityText = "255/255";
 }
 
-/// Loaded as long as it lives, at the longest; what the form host still holds of it then is kept until no event runs.
+/// The loaded dialog, unloaded when it leaves scope. The form host keeps the form until no event is running.
 class Confirmation {
 public:
     Confirmation() { services().forms->load(*form_); }
@@ -44,7 +44,7 @@ private:
     std::unique_ptr<frm_ImgCommon> form_ = std::make_unique<frm_ImgCommon>();
 };
 
-/// False: the dialog could not be made ready.
+/// False if the dialog could not be loaded.
 bool confirmed() {
     gImgLoaded = false;
     Confirmation dialog;

@@ -7,10 +7,10 @@
 namespace orv {
 inline namespace bas_Image {
 
-/// Brings the picture of the file `source` inside the limits of the settings. `image` is where it is worked on,
-/// `target` the path of the result. What had to be changed is shown to the operator, and `target` comes back empty when
-/// that was not accepted. False: the pair tells why (both empty: the dialog could not be shown), and the file at
-/// `target` may be half done.
+/// Fits the picture in `source` to the limits of the settings, using `image` for the work and `target` for the result.
+/// If the picture had to be changed, the operator must confirm it; otherwise `target` becomes empty. On false the pair
+/// holds the failure (both parts are empty if the dialog could not be shown). The file at `target` can then be
+/// incomplete.
 [[nodiscard]] bool PF_ImeResize(const std::string& source, ImageControl& image, std::string& target);
 
 }  // namespace bas_Image

@@ -29,8 +29,8 @@ constexpr int kCancelled = static_cast<int>(Failure::DialogCancelled);
 
 std::string codeOf(const RunTimeError& failure) { return kCodePrefix + std::to_string(failure.number()); }
 
-/// The working file of a fitting that failed is in no defined state. That the fitting failed is reported, not that the
-/// file cannot be removed.
+/// After a failed fitting the working file is invalid. A failure to remove it is not reported, because the fitting's
+/// failure is.
 void removeUnfinished(const std::string& work) {
     static_cast<void>(caught([&] {
         if (services().fileSystem->exists(work)) {
@@ -39,7 +39,7 @@ void removeUnfinished(const std::string& work) {
     }));
 }
 
-/// The page takes nothing while a picture is fitted, and the picture's pixels are given back afterwards.
+/// Disables the page while a picture is fitted, and releases the picture's pixels afterwards.
 bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
     DisabledForm disabled(photos.page);
     services().forms->setPointer(kPointerHourglass);
@@ -59,7 +59,7 @@ void keep(const PhotoControls& slot, const std::string& work, const std::string&
     slot.path.setText(slotFile);
 }
 
-/// `work` and `slotFile` are read before anything else happens.
+/// Reads `work` and `slotFile` before any other step.
 bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string& file, std::string work,
           const std::string& slotFile) {
     if (!fitted(photos, file, work)) {
@@ -74,8 +74,8 @@ bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string
 
 std::string slotFileOf(std::size_t slot) { return com().TmpNoTmpFile(static_cast<std::int16_t>(slot)); }
 
-/// The file that the operator picks; failure 20150 when none. A start folder that the settings do not name is the
-/// operator's own.
+/// Returns the file that the operator chooses; failure 20150 if none. An empty `startFolder` is the operator's own
+/// folder.
 std::string pickedFile(const std::string& startFolder) {
     FileSystem& files = *services().fileSystem;
     const std::string folder = startFolder.empty() ? std::string() : files.nativePath(startFolder);
@@ -93,7 +93,7 @@ bool shownAsMessage() {
     return shown && !failure;
 }
 
-/// When the message service fails: the bare failure, or the pair where the body has told by it.
+/// Used if the message service fails. Shows the run-time failure, or the pair if there is none.
 void showPlainBox(const std::optional<RunTimeError>& failure) {
     const Notice notice{.title = failure ? std::to_string(failure->number()) : gErrCode,
                         .text = failure ? failure->description() : gErrMsg,
@@ -101,7 +101,7 @@ void showPlainBox(const std::optional<RunTimeError>& failure) {
     static_cast<void>(caught([&] { services().windows->showNotice(notice); }));
 }
 
-/// The run-time failure of `body`, if that is how it ended; the pair tells of it, and `fine` whether it ended well.
+/// Returns the run-time failure of `body`, if any. The pair then holds it too. `fine` is true if the body succeeded.
 std::optional<RunTimeError> photoTrapped(const char* label, bool& fine, const std::function<bool()>& body) {
     clearPair();
     auto failure = caught([&] { fine = body(); });
@@ -137,7 +137,7 @@ void pickAndReport(const PhotoSlots& photos, std::size_t slot) {
 
 }  // namespace
 
-/// The button cannot be pressed again meanwhile. The focus, which a disabled button loses, comes back to it.
+/// Disables the button meanwhile. A disabled button loses the focus, so it is restored.
 void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
     Button& button = photos.slots.at(slot).select;
     const bool hadFocus = photos.page.activeControl() == &button;

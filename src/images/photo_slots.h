@@ -12,7 +12,7 @@
 
 namespace orv {
 
-/// The controls of one photo slot, whose number is its place.
+/// The controls of one photo slot. Its index is the slot's number.
 struct PhotoControls {
     ImageControl& picture;
     TextInput& path;
@@ -20,22 +20,22 @@ struct PhotoControls {
     Button& select;
 };
 
-/// The slots of a page, and what they share.
+/// The slots of a page and the controls that they share.
 struct PhotoSlots {
     Form& page;
-    /// Where a picture is fitted.
+    /// Used to fit pictures.
     ImageControl& work;
     std::array<PhotoControls, 2> slots;
 };
 
-// A picture that is taken goes into the working copy of the slot, which the page then shows and the next save stores. A
-// refusal, a cancel and a failure leave the slot as it was. While a picture is fitted the page takes nothing else.
+// An accepted picture goes to the slot's working copy, which the page shows and the next save stores. A rejection, a
+// cancel or a failure leaves the slot unchanged. The page takes no other input while a picture is fitted.
 
-/// Picks a file in the open dialog.
+/// Chooses a file in the open dialog.
 void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot);
-/// `file` has been dropped on the picture.
+/// Called when `file` has been dropped on the picture.
 void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std::string& file);
-/// Empties the slot when the operator agrees. No file is deleted.
+/// Empties the slot if the operator agrees. Deletes no file.
 void btm_PhotoDel_Click(const PhotoSlots& photos, std::size_t slot);
 
 }  // namespace orv

@@ -13,13 +13,13 @@
 namespace orv {
 namespace {
 
-/// Writes the working file again and again, each time from the same pixels.
+/// Writes the working file repeatedly, each time from the same pixels.
 class Saver {
 public:
     explicit Saver(ImageControl& image) : image_(image), format_(image.infoFormat()), bits_(image.infoBits()) {}
 
     void save(int factor) const { image_.save(gImgDstFile, format_, bits_, factor); }
-    /// The size in bytes that the file then has.
+    /// Writes the file and returns its size in bytes.
     std::int32_t measured(int factor) const {
         save(factor);
         image_.getFileInfo(gImgDstFile);
@@ -32,8 +32,8 @@ private:
     std::int32_t bits_;
 };
 
-/// The smallest factor at which the file fits, given that the size falls as the factor rises. The place searched for is
-/// one above the factor, so that the steps come out even; `size` is that of the smallest file.
+/// Returns the smallest factor at which the file fits. The size falls as the factor rises. The search is for the factor
+/// plus one, so that the steps are even. `size` is that of the smallest file.
 int smallestFitting(const Saver& saver, double limit, std::int32_t size) {
     int place = kSmallestFile + 1;
     for (int step = (kSmallestFile + 1) / 2; step >= 1; step /= 2) {

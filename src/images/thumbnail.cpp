@@ -9,7 +9,7 @@
 namespace orv {
 namespace {
 
-/// The most device pixels that a design pixel takes on a side of any screen.
+/// The maximum number of device pixels for a design pixel, in each direction, on any screen.
 constexpr int kSharpest = 4;
 
 void uncover(ImageControl& image) {
@@ -18,7 +18,7 @@ void uncover(ImageControl& image) {
     image.setVisible(true);
 }
 
-/// The control is not repainted while its parts do not fit each other; it is again on every way out.
+/// Stops repainting of the control while its geometry is inconsistent. The destructor starts it again.
 class Covered {
 public:
     explicit Covered(ImageControl& image) : image_(image), width_(image.width()), height_(image.height()) {
@@ -41,7 +41,7 @@ private:
     int height_;
 };
 
-/// Gives the control the picture's proportions for as long as the destination is read off it.
+/// Gives the control the picture's proportions temporarily, to calculate the destination from it.
 void takeProportions(ImageControl& image) {
     const double bitmapHeight = image.bitmapHeight();
     const double bitmapWidth = image.bitmapWidth();

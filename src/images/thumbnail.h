@@ -8,8 +8,8 @@ namespace orv {
 
 inline namespace bas_Image {
 
-/// Shows the picture of `file` in the control's top left corner, in its own proportions. A blank path and a file that
-/// is not there show nothing new and are no failure. False: the pair tells why.
+/// Shows the picture of `file` in the control's top left corner, in its own proportions. A blank path or a missing file
+/// changes nothing and is not a failure. On false the pair holds the failure.
 [[nodiscard]] bool PF_Thumbnail(ImageControl& image, const std::string& file);
 
 }  // namespace bas_Image

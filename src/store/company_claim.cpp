@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// A computer is what its lock calls it.
+/// Contains the computer's name as its lock does.
 std::string nameOf(const std::string& userId) { return services().facts->GetComputerName() + "/" + userId; }
 
 }  // namespace

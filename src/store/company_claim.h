@@ -4,11 +4,11 @@
 
 namespace orv {
 
-/// This run works on the company from now on. False if another run on this computer does: its window comes to the
-/// front, and the lock in the store is that run's.
+/// Reserves the company for this run. False if another run on this computer has reserved it; that run's window comes to
+/// the front and keeps its lock in the store.
 [[nodiscard]] bool claimCompany(const std::string& userId);
 
-/// This run works on the company no longer.
+/// Releases the reservation.
 void giveUpCompany(const std::string& userId);
 
 }  // namespace orv

@@ -16,18 +16,18 @@
 namespace orv {
 namespace {
 
-/// The name under which this computer holds locks; empty when it can't be had.
+/// Returns the name under which this computer holds locks, or "" if it is not available.
 std::string PF_GetLocalInfo() {
     std::string name = services().facts->GetComputerName();
     std::erase(name, '\0');
     return trimmed(name);
 }
 
-/// Empty: no failure.
+/// Empty if there was no failure.
 using LockFailure = std::optional<FailureRecord>;
 
-/// The frame of the three routines: a failure of `body` is reported under the routine's own label, with the store's
-/// text if it has one. Without a computer name `body` does not run: a lock of nobody could never be released.
+/// Runs the body of the three routines and reports a failure under the routine's label, with the store's text if any.
+/// Does not run without a computer name, because a lock without an owner could never be released.
 bool withLocalName(std::string_view label, const std::function<LockFailure(const std::string& localName)>& body) {
     LockFailure failure = FailureRecord();
     const auto raised = caught([&] {
@@ -46,7 +46,7 @@ bool withLocalName(std::string_view label, const std::function<LockFailure(const
     return !failure || fail(std::string(label) + failure->text, failure->code);
 }
 
-/// A computer's name may hold an apostrophe.
+/// A computer's name can contain an apostrophe.
 std::string quoted(const std::string& name) {
     std::string text = "'";
     for (const char character : name) {
@@ -119,7 +119,7 @@ bool bas_DataLock::PF_DataUnlock(const std::string& userId, const std::string& t
     });
 }
 
-/// Removes the old row first. A failure of that is reported under this routine's label too.
+/// Removes the old row first. A failure there is reported under this routine's label, too.
 bool bas_DataLock::PF_DataLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
     return withLocalName("[ PF_DataLock ] ", [&](const std::string& localName) {
         const LockFailure failure = changeOnce(deleteLock(userId, typeCode, propertyNo, localName));

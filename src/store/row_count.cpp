@@ -29,7 +29,7 @@ constexpr auto kModes = std::to_array<CountMode>({
     {kCountDate, "TBL_CUSTOMER_DATE", "", false},
 });
 
-/// Empty for a mode that does not exist; the store then refuses it.
+/// Returns "" for an unknown mode, which the store then rejects.
 std::string countStatement(const std::string& key2, const std::string& userId, std::int16_t mode,
                            const std::string& key3) {
     const auto* row = std::find_if(kModes.begin(), kModes.end(), [mode](const CountMode& m) { return m.mode == mode; });
@@ -57,7 +57,7 @@ bool PF_GetRowCountZero(const std::string& key2, const std::string& userId, std:
         }
         const bool none = toText(rows->Fields(0)) == "0";
         if (!rows.close()) {
-            static_cast<void>(failFrom(services().db->DbError()));  // told by the pair; the answer stands
+            static_cast<void>(failFrom(services().db->DbError()));  // reported through the pair
         }
         return none;
     });

@@ -10,7 +10,7 @@ Rows::Rows(const std::string& sql) { services().db->DbOpenRs(gConn, gRs, sql, ok
 
 Rows::~Rows() {
     if (!closed_) {
-        static_cast<void>(close());  // the reading has its own result; nobody is left to tell
+        static_cast<void>(close());  // a destructor cannot report a failed close
     }
 }
 

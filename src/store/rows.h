@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// The rows of one select on the open store. Destroying it closes the recordset; callers that must know how the closing
-/// went call `close` themselves.
+/// The rows of one select on the open store. The destructor closes the recordset. Callers that need the result of
+/// closing call `close`.
 class Rows {
 public:
     explicit Rows(const std::string& sql);
@@ -15,11 +15,11 @@ public:
     Rows& operator=(const Rows&) = delete;
     ~Rows();
 
-    /// False: the select failed, `DbError` tells why.
+    /// False if the select failed; `DbError` then says why.
     [[nodiscard]] bool ok() const { return ok_; }
     Recordset& operator*() const;
     Recordset* operator->() const { return &**this; }
-    /// False: `DbError` tells why.
+    /// On false `DbError` says why.
     [[nodiscard]] bool close();
 
 private:

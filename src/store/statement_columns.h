@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// A column of a statement and the field behind it; null for the boolean one.
+/// A column of a statement and its field; null for the boolean field.
 struct Column {
     std::string_view name;
     TextField field;
@@ -16,7 +16,7 @@ struct Column {
 
 namespace columns {
 
-/// Read and shown nowhere: the column stays as this system finds it.
+/// Read and shown nowhere. A save leaves this column unchanged.
 inline constexpr std::string_view kLeftAlone = "MAIL_FLG";
 
 constexpr bool inInfo(const FieldInfo& field) { return field.table == Table::Info && field.name != kLeftAlone; }
@@ -32,7 +32,7 @@ constexpr Column named(std::string_view name) {
 
 }  // namespace columns
 
-/// The columns of the statements on `TBL_CUSTOMER_INFO`: its fields in the record's order.
+/// Columns of the statements on `TBL_CUSTOMER_INFO`: its fields in the record's order.
 inline constexpr auto kInfoColumns = [] {
     constexpr auto count = std::count_if(kFields.begin(), kFields.end(), columns::inInfo);
     std::array<Column, count> result{};
@@ -45,7 +45,7 @@ inline constexpr auto kInfoColumns = [] {
     return result;
 }();
 
-/// The columns of the statements on `TBL_CUSTOMER_ADD`; unlike in the record, both photo files stand before the groups.
+/// Columns of the statements on `TBL_CUSTOMER_ADD`. Unlike in the record, both photo files precede the groups.
 inline constexpr auto kAddColumns = std::to_array<Column>({
     columns::named("USER_ID"),
     columns::named("OFFICE_HOURS"),

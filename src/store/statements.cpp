@@ -23,7 +23,7 @@ std::string sendFlag() { return toText(Value(tCustomerInfo.SEND_FLAG)); }
 
 const std::string& fieldOf(const Column& column) { return tCustomerInfo.*column.field; }
 
-/// What an INSERT writes into a column, with the blanks in front of it.
+/// Returns the value of a column in an INSERT, with the blanks before it.
 std::string insertedValue(const Column& column) {
     if (column.name == "SEND_FLAG") return " " + sendFlag();
     if (column.name == "INSERT_DATE") return quoted(present());
@@ -57,7 +57,7 @@ bool made(std::string_view label, std::string& sql, const std::function<std::str
     });
 }
 
-/// From the column behind the key up to the associations and councils, which all columns of the pages are.
+/// Returns the columns of the pages: from the one after the key up to the associations and councils.
 std::span<const Column> infoPageColumns() {
     const auto end = std::find_if(kInfoColumns.begin(), kInfoColumns.end(),
                                   [](const Column& column) { return column.name == "INSERT_DATE"; });

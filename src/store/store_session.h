@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The store, open for one event. Destroying it closes the store, whatever happened between.
+/// The store, open during one event. The destructor always closes it.
 class StoreSession {
 public:
     StoreSession() = default;
@@ -12,11 +12,11 @@ public:
     StoreSession& operator=(const StoreSession&) = delete;
     ~StoreSession();
 
-    /// Closes what may be open and opens the store afresh. False: the pair tells why.
+    /// Closes an open store and opens it again. On false the pair holds the failure.
     [[nodiscard]] bool openFresh();
-    /// The same for an event that knows that nothing is open.
+    /// The same for an event during which no store is open yet.
     [[nodiscard]] bool open();
-    /// False: the pair tells why.
+    /// On false the pair holds the failure.
     [[nodiscard]] bool close();
 
 private:

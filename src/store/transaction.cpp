@@ -7,7 +7,7 @@ namespace orv {
 
 Transaction::~Transaction() {
     if (open_) {
-        static_cast<void>(rollback());  // the failure that left it open has been told
+        static_cast<void>(rollback());  // the failure that left it open has been reported
     }
 }
 

@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// A transaction on the open store. One that is destroyed open is rolled back.
+/// A transaction on the open store. The destructor rolls back unless it was committed.
 class Transaction {
 public:
     Transaction() = default;
@@ -15,7 +15,7 @@ public:
     Transaction& operator=(const Transaction&) = delete;
     ~Transaction();
 
-    // False of each: `DbError` tells why.
+    // On false `DbError` says why.
     [[nodiscard]] bool begin();
     [[nodiscard]] bool commit();
     [[nodiscard]] bool rollback();
@@ -24,8 +24,8 @@ private:
     bool open_ = false;
 };
 
-/// Runs one statement in a transaction of its own, whatever number of rows it touches. Empty when it has been
-/// committed, else the store's failure; a failure of the rollback that follows does not replace it.
+/// Runs one statement in its own transaction, with any number of affected rows. Returns nothing after a commit,
+/// otherwise the store's failure. A failed rollback does not replace that failure.
 [[nodiscard]] std::optional<FailureRecord> changeOnce(const std::string& sql);
 
 }  // namespace orv

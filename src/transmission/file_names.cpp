@@ -17,7 +17,7 @@ bool PF_FileCanOpen(const std::string& file) {
             name.pop_back();
         }
         canOpen = services().fileSystem->exists(name) && services().fileSystem->canOpen(name);
-    }));  // a file that cannot be looked at is not sent
+    }));  // a file that cannot be checked is not sent
     return canOpen;
 }
 

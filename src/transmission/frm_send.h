@@ -7,18 +7,18 @@
 
 namespace orv {
 
-/// The form without visible use that carries the upload's HTTP control. The save loads it before the upload and unloads
-/// it afterwards; the control lives only in between.
+/// The invisible form that contains the upload's HTTP control. The save loads it before the upload and unloads it
+/// afterwards. The control exists only while the form is loaded.
 struct frm_Send : Form {
     frm_Send();
 
     std::unique_ptr<HttpControl> Http1;
 };
 
-/// The one form, made when first asked for.
+/// Returns the one form and creates it at first use.
 frm_Send& sendForm();
 
-/// Forgets the form: the next call makes a fresh one. It must not be loaded.
+/// Deletes the form; the next call of `sendForm` creates a new one. The form must not be loaded.
 void dropSendForm();
 
 }  // namespace orv

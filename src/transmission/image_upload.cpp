@@ -24,7 +24,7 @@ constexpr const char* kPassword = "Xk9TRbmW2";
 constexpr std::int32_t kIdle = 0;
 constexpr std::int32_t kFirstFailureStatus = 400;
 
-/// The photo of a slot, slots counted from 0.
+/// The photo field of each slot, from slot 0.
 constexpr std::array<TextField, 2> kPhotos{&CompanyRecord::PHOTO_FILE1, &CompanyRecord::PHOTO_FILE2};
 
 HttpControl& httpControl() {

@@ -22,7 +22,7 @@ struct PageCheck {
     bool (*check)(Refusal& out);
 };
 
-/// In this order, whichever page the operator is on.
+/// The order of the checks, independent of the current page.
 constexpr auto kChecks = std::to_array<PageCheck>(
     {{0, PF_CheckFrmCompInp0Data}, {1, PF_CheckFrmCompInp1Data}, {2, PF_CheckFrmCompInp2Data}});
 
@@ -37,7 +37,7 @@ void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusa
     tell("COS19800", {refusal.text});
 }
 
-/// Keeps `gChecking` set while in scope.
+/// Sets `gChecking` while in scope.
 class Checking {
 public:
     Checking() { gChecking = true; }
@@ -46,7 +46,7 @@ public:
     ~Checking() { gChecking = false; }
 };
 
-/// The first page that does not pass; empty when all do.
+/// Returns the first page that fails, or nothing if all pass.
 std::optional<std::int16_t> failingPage(Refusal& refusal) {
     const Checking checking;
     for (const PageCheck& page : kChecks) {
@@ -72,7 +72,7 @@ bool checkPages(PageForm& currentForm) {
 bool PF_CheckInputData(PageForm& currentForm) {
     return trapped("[ PF_CheckInputData ] ", [&] {
         bool passed = false;
-        // The report of a failure does not stand under an hourglass.
+        // Restores the pointer before a failure is reported.
         if (const auto failure = caught([&] { passed = checkPages(currentForm); })) {
             pointerBack();
             throw *failure;

@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// Checks the whole record, page by page. At the first rule that fails it changes to that page, gives the focus to the
-/// field at fault and tells the operator. False: refused, or a failure that the pair tells.
+/// Checks the whole record, page by page. At the first rule that fails, shows that page, focuses the field and shows
+/// the message. False if a rule failed, or on a failure that is in the pair.
 [[nodiscard]] bool PF_CheckInputData(PageForm& currentForm);
 
 }  // namespace orv

@@ -17,10 +17,10 @@ namespace orv {
 inline namespace bas_FromCommon {
 namespace {
 
-/// How many values have not reached their control because the file of field names is missing.
+/// The number of values that were not shown because the file of field names is missing.
 unsigned keptBack = 0;
 
-/// False also for a file that cannot be looked at.
+/// False also if the file cannot be checked.
 bool fieldNamesInPlace() {
     bool inPlace = false;
     static_cast<void>(caught([&] {
@@ -70,7 +70,7 @@ void assign(Control& control, const std::string& raw) {
     }
 }
 
-/// The separator goes in front of the old list.
+/// The separator is put before the old list.
 void noteRefusal(const Control& control) {
     std::string name = control.name();
     const std::string shown = P_ChgControl(name);
@@ -79,10 +79,10 @@ void noteRefusal(const Control& control) {
 
 void swallow(const std::function<void()>& body) {
     const auto failure = caught(body);
-    static_cast<void>(failure);  // these helpers have no way to tell
+    static_cast<void>(failure);  // these helpers do not report failures
 }
 
-/// `Field`: a text or a number input.
+/// `Field` is a text or a number input.
 template <class Field>
 void enableField(Field& input, bool enable, std::optional<Colour> colour) {
     swallow([&] {

@@ -12,27 +12,27 @@
 namespace orv {
 inline namespace bas_FromCommon {
 
-/// Gives a control of any kind a value, while the file of field names is in its place: without it the page stays as it
-/// was designed. A refused value puts the field's display name into `gErrItems`. False: a control that takes no value,
-/// or one that refused and is not reset. Never raises.
+/// Sets the value of a control of any kind. Does nothing if the file of field names is missing; the page then keeps its
+/// initial state. A rejected value adds the field's display name to `gErrItems`. False if the control takes no value,
+/// or rejected it and could not be reset. Never throws.
 bool PF_SetControlValue(Control& control, const std::string& value);
 
-/// Runs `body`, which fills a page, and raises failure 53 if a control was left as it was because the file of field
-/// names is missing. A page that shows less than the record must not be taken for filled.
+/// Runs `body`, which fills a page. Throws failure 53 if a control was not set because the file of field names is
+/// missing. Otherwise an incomplete page would look filled.
 bool withFieldNames(const std::function<bool()>& body);
 
-// The three below swallow their failures and tell nothing. Enabling without a colour leaves the colour; disabling greys
-// the control and wipes it.
+// The three functions below ignore failures. Enabling without a colour keeps the colour. Disabling makes the control
+// grey and clears it.
 
-/// `value` is what a list that was disabled comes back on: blank or "0" its first row.
+/// When a list is enabled, `value` is selected: blank or "0" is its first row.
 void PF_EnableCombo(ComboBox& combo, bool enable, std::optional<Colour> colour = {}, const std::string& value = {});
 void PF_EnableControl(TextInput& input, bool enable, std::optional<Colour> colour = {});
 void PF_EnableNumber(NumberInput& input, bool enable, std::optional<Colour> colour = {});
 
-/// The focus goes to a control that can have it; nothing happens on another, or without one.
+/// Focuses a control that can have the focus. Does nothing for another control or null.
 bool PF_SetFocusTo(Control* control);
 
-/// Whether the form is in the program's collection of loaded forms.
+/// True if the form is in the program's collection of loaded forms.
 bool PF_IsFormLoaded(const Form& form);
 
 }  // namespace bas_FromCommon

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The KeyDown of a field from which Enter moves on, as Tab does. Other keys are left alone.
+/// Handles KeyDown of a field: Enter moves the focus as Tab does. Other keys are ignored.
 void enterMovesOn(const PageForm& form, Control& control, int key);
 
 }  // namespace orv

@@ -15,7 +15,7 @@ namespace orv {
 inline namespace bas_FromCommon {
 namespace {
 
-/// `beforeCode` and `afterCode` enclose the code where the list is narrowed by one.
+/// `beforeCode` and `afterCode` enclose the code if the list is restricted to one.
 struct MasterList {
     std::string_view beforeCode;
     bool narrowed;
@@ -38,7 +38,7 @@ const MasterList* listOf(std::int16_t kind) {
                                                                        : nullptr;
 }
 
-/// Empty for a kind that does not exist; the store then refuses it.
+/// Returns "" for an unknown kind, which the store then rejects.
 std::string statementOf(std::int16_t kind, const std::string& code) {
     const MasterList* list = listOf(kind);
     if (list == nullptr) {
@@ -78,7 +78,7 @@ bool PF_MakeComboBox(ComboBox& combo, const std::string& code, bool addBlank, st
     Rows rows(statementOf(kind, code));
     const bool result = trapped("", [&] { return takeRows(combo, rows, addBlank, kind); });
     if (!rows.close()) {
-        static_cast<void>(failFrom(services().db->DbError()));  // told by the pair; the result stays what it was
+        static_cast<void>(failFrom(services().db->DbError()));  // reported through the pair
     }
     return result;
 }

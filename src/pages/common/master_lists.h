@@ -14,12 +14,12 @@ inline constexpr std::int16_t kListCompanies = 2;
 inline constexpr std::int16_t kListDistricts = 3;
 inline constexpr std::int16_t kListCorporations = 4;
 
-/// Fills the list from the table that `kind` stands for, on the open store; `code` narrows the kinds 0 and 1. An empty
-/// master is a failure, an empty list of companies or corporations is none. False: the pair tells why.
+/// Fills the list from the table for `kind`, on the open store; `code` restricts the kinds 0 and 1. An empty master
+/// table is a failure, except for companies and corporations. On false the pair holds the failure.
 [[nodiscard]] bool PF_MakeComboBox(ComboBox& combo, const std::string& code, bool addBlank, std::int16_t kind);
 
-/// The list of companies with the entry for a new one at its end, unless the store holds that entry already. False: the
-/// pair tells why.
+/// Fills the list of companies and appends the entry for a new one, unless the store contains it. On false the pair
+/// holds the failure.
 [[nodiscard]] bool fillCompanies(ComboBox& combo);
 
 }  // namespace bas_FromCommon

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// Gives a box the colours of its state: on, or anything else.
+/// Gives a box the colours of its state: on, or any other.
 void showTick(CheckBox& box);
 
 }  // namespace orv

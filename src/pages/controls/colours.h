@@ -15,7 +15,7 @@ inline constexpr Colour kTickOffText{0x000000};
 inline constexpr Colour kTickOn{0xff8080};
 inline constexpr Colour kTickOnText{0xffffff};
 
-// What is drawn behind the controls.
+// The drawing below the controls.
 inline constexpr Colour kPageBack{0xfff6f6};
 inline constexpr Colour kGroupBox{0xffdddd};
 inline constexpr Colour kBand{0xcc6666};

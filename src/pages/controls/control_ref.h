@@ -4,11 +4,12 @@
 
 namespace orv {
 
-/// A control as a table names it: a function, so that a constexpr row can hold it and the page is made when the row is
-/// used.
+/// Names a control in a table. It is a function, so that a constexpr row can contain it and the page is created only
+/// when the row is used.
 using ControlRef = Control& (*)();
 
-/// `of<frm_CompInp0, &frm_CompInp0::txt_Tel_No1>`; with an index `of<frm_CompInp1, &frm_CompInp1::chk_Dantai, 6>`.
+/// Examples: `of<frm_CompInp0, &frm_CompInp0::txt_Tel_No1>`, and in an array `of<frm_CompInp1,
+/// &frm_CompInp1::chk_Dantai, 6>`.
 template <class F, auto Member, int Index = -1>
 Control& of() {
     if constexpr (Index < 0) {

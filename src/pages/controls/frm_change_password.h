@@ -27,9 +27,9 @@ inline constexpr std::array kPasswordFields{passwordField("今までのパスワ
 struct frm_ChangePassword : Form {
     frm_ChangePassword() : Form("frm_ChangePassword", "パスワード変更", kChangePasswordSize) {}
 
-    /// The load has worked: the dialog may be shown.
+    /// True if the load succeeded, so that the dialog can be shown.
     bool ready = false;
-    /// The last check has refused the texts and shown why. False after a check that failed.
+    /// True if the last check rejected the texts and showed why. False after a check that failed.
     bool refused = false;
 
     // clang-format off

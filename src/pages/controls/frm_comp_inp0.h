@@ -4,11 +4,11 @@
 
 namespace orv {
 
-/// The company, its office, and the place where the computer stands.
+/// The company, its office, and the site of the computer.
 struct frm_CompInp0 : PageForm {
     frm_CompInp0() : PageForm("frm_CompInp0", 0) {}
 
-    // A control is one line: its name, what stands in front of it and behind it, what it takes, how it starts.
+    // Each control is one line: its name, captions, accepted input and initial state.
     // clang-format off
     TextInput txt_User_Passwd{*this, "txt_User_Passwd", {.caption = "パスワード：", .mask = "aA#@", .limit = characters(10), .ime = Ime::Disabled, .back = kDisabledField, .enabled = false, .password = true}};
     Button btm_ChangePW{*this, "btm_ChangePW", {.caption = "変更"}};

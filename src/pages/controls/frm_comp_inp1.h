@@ -5,7 +5,7 @@
 
 namespace orv {
 
-// The list of associations stands beside the first box of its array, and so between the first and the second.
+// The list of associations is next to the first box of its array, so its rank is between the first and the second.
 inline constexpr int kTabDantaiName = kTabFields + 1;
 inline constexpr int kTabBehindDantaiName = kTabFields + 2;
 

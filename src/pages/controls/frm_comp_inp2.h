@@ -7,11 +7,11 @@ namespace orv {
 inline constexpr int kPhotoWidth = 121;
 inline constexpr int kPhotoHeight = 100;
 
-// Tab goes through a whole slot before it goes to the next.
+// Tab visits all controls of a slot before the next slot.
 inline constexpr int kTabPhoto1 = kTabFields + 1;
 inline constexpr int kTabPhoto2 = kTabFields + 2;
 
-/// How to reach the agency, how it presents itself, and its two photos.
+/// Access to the agency, its presentation, and its two photos.
 struct frm_CompInp2 : PageForm {
     frm_CompInp2() : PageForm("frm_CompInp2", 2) {}
 
@@ -46,7 +46,7 @@ struct frm_CompInp2 : PageForm {
     ControlArray<Button, 2> btm_PhotoSelect{*this, "btm_PhotoSelect", std::array<ButtonDesign, 2>{{{.caption = "選択", .tabRank = kTabPhoto1}, {.caption = "選択", .tabRank = kTabPhoto2}}}};
     ControlArray<Button, 2> btm_PhotoDel{*this, "btm_PhotoDel", std::array<ButtonDesign, 2>{{{.caption = "解除", .tabRank = kTabPhoto1}, {.caption = "解除", .tabRank = kTabPhoto2}}}};
     Label lbl_ImgMsg{*this, "lbl_ImgMsg", {.caption = "画像の登録は、承認手続きが終了するまで行えません。"}};
-    /// Where a picture is fitted; never seen.
+    /// Used to fit pictures; never visible.
     ImageControl pic_LeadTmp{*this, "pic_LeadTmp", {.visible = false}};
     // clang-format on
 };

@@ -5,8 +5,8 @@
 
 namespace orv {
 
-// Element i belongs to character i + 1 of the record's flag string. Two captions stand twice: once for what the agency
-// sells, once for what it buys.
+// Element i belongs to character i + 1 of the record's flag string. Two captions occur twice: once for selling and once
+// for buying.
 constexpr std::array<CheckDesign, 28> managementTypes() {
     return tickBoxes<28>({"居住用賃貸",
                           "マンスリー物件",
@@ -49,7 +49,7 @@ inline constexpr std::array<LabelDesign, 4> kManagementGroups{
 inline constexpr std::array<LabelDesign, 3> kBusinessGroups{
     {{.caption = "職種："}, {.caption = "建築関連："}, {.caption = "その他："}}};
 
-/// What the agency deals in, and its related businesses.
+/// The agency's kinds of business, and its related businesses.
 struct frm_CompInp3 : PageForm {
     frm_CompInp3() : PageForm("frm_CompInp3", 3) {}
 

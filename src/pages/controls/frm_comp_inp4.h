@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// What the system knows of the machine. Nothing can be edited.
+/// The measured data of the computer. Read-only.
 struct frm_CompInp4 : PageForm {
     frm_CompInp4() : PageForm("frm_CompInp4", 4) {}
 

@@ -16,8 +16,8 @@
 
 namespace orv {
 
-// The order of Tab on every page: the company, the fields from top to bottom, what ends the work, the other pages.
-// Fields that follow an array whose elements do not stand together take a rank between.
+// Tab order on every page: the company, the fields from top to bottom, the buttons that end the work, the other pages.
+// Fields after an array whose elements are not adjacent use a rank in between.
 inline constexpr int kTabCompany = -1;
 inline constexpr int kTabFields = 0;
 inline constexpr int kTabSave = 10;
@@ -32,7 +32,7 @@ inline constexpr std::array kPageButtons{pageButton("会社情報", "Alt+1"), pa
                                          pageButton("交通・会社ＰＲ", "Alt+3"), pageButton("業務内容", "Alt+4"),
                                          pageButton("動作環境", "Alt+5")};
 
-/// What every page has, and its number.
+/// The common controls of all pages, and the page's number.
 struct PageForm : Form {
     PageForm(std::string_view form, int page)
         : Form(form, "お客様情報設定 - " + std::string(kPageButtons[static_cast<std::size_t>(page)].caption),
@@ -49,9 +49,9 @@ struct PageForm : Form {
         }
     }
 
-    /// The page as its button names it.
+    /// Returns the page's name on its button.
     std::string_view pageName() const { return kPageButtons[static_cast<std::size_t>(number)].caption; }
-    /// The page as failure texts name it: "CompInp0".
+    /// Returns the page's name in failure texts: "CompInp0".
     std::string tag() const { return "CompInp" + std::to_string(number); }
 
     void contentChanged(const Control& control) override {
@@ -62,14 +62,14 @@ struct PageForm : Form {
     }
     bool hasUnsavedChanges() const override { return unsaved; }
 
-    /// An input of a page has changed since the company was loaded or completely saved.
+    /// True if an input of a page has changed since the company was loaded or completely saved.
     static inline bool unsaved = false;
     const int number;
-    /// The lists and the fill have worked. A page that is not ready hands nothing to the record, and a save on it
-    /// reports `failure`, which says why it is not.
+    /// True if the lists and the fill succeeded. A page that is not ready does not change the record, and a save on it
+    /// reports `failure`, the reason.
     bool ready = false;
     FailureRecord failure;
-    /// The program itself sets the company list: its click is not the operator's wish.
+    /// True while the program itself sets the company list, so that its click starts no switch.
     bool companySetByCode = false;
 
     // clang-format off

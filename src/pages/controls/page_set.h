@@ -13,22 +13,22 @@ namespace orv {
 
 inline constexpr int kPageCount = 5;
 
-/// The one object of a page or of the password dialog, for each of the six types above. It is made, and its events are
-/// tied, when it is first asked for; that does not load it.
+/// Returns the one object of a page or of the password dialog. The first call creates it and connects its events, but
+/// does not load it.
 template <class F>
 F& page();
 
-/// The page of that number; failure 9 outside 0 to 4.
+/// Returns the page with that number. Failure 9 outside 0 to 4.
 PageForm& pageAt(int number);
 
-/// Forgets the object: the next `page<F>()` makes a new one. It lives on in the form host until no event runs.
-/// Nothing for a form that is not one of the six.
+/// Removes the object; the next `page<F>()` creates a new one. The form host keeps the old one until no event is
+/// running. Does nothing for a form that is not one of the six.
 void dropPage(Form& form);
 
-/// Destroys all six at once. Only for tests, when none of them is loaded.
+/// Destroys all six at once. For tests only, while none of them is loaded.
 void dropPages();
 
-/// What ties the events of a page that has just been made to their handlers, which stand above this file.
+/// Functions that connect the events of a new page to its handlers, which are in a higher layer than this file.
 struct PageWiring {
     std::function<void(frm_CompInp0&)> compInp0 = {};
     std::function<void(frm_CompInp1&)> compInp1 = {};
@@ -38,7 +38,7 @@ struct PageWiring {
     std::function<void(frm_ChangePassword&)> changePassword = {};
 };
 
-/// Holds for pages that are made from now on. A page without a function stays untied.
+/// Applies to pages created from now on. A page without a function is not connected.
 void wirePagesWith(PageWiring wiring);
 
 }  // namespace orv

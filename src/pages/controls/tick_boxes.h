@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// Boxes that start unticked, in the colours of that, one for each caption.
+/// Returns boxes that start unticked, with the colours for that, one for each caption.
 template <std::size_t N>
 constexpr std::array<CheckDesign, N> tickBoxes(const std::array<std::string_view, N>& captions, int tabRank = 0) {
     std::array<CheckDesign, N> designs{};

@@ -6,18 +6,18 @@
 
 namespace orv {
 
-// What every page does on its common events. The failure texts carry the page's own tag.
+// The common event handlers of every page. Failure texts contain the page's tag.
 
-/// Starts the page; `afterwards` runs once it is ready.
+/// Starts the page. `afterwards` runs once it is ready.
 void Form_Load(PageForm& form, const std::function<bool()>& afterwards = {});
 void btm_ChangePage_Click(PageForm& form, int index);
 void btm_Back_Menu_Click(PageForm& form);
 void cbo_User_Id_KeyDown(PageForm& form, int key);
-/// Keeps the form by setting `cancel`.
+/// Keeps the form loaded by setting `cancel`.
 void Form_QueryUnload(PageForm& form, bool& cancel, UnloadMode mode);
 void Form_Unload(PageForm& form);
 
-/// Ties them all, with the save button, the company list and the Enter key there.
+/// Connects these handlers, the save button, the company list and the Enter key there.
 void wireFrame(PageForm& form);
 
 }  // namespace orv

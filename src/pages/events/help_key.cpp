@@ -11,12 +11,12 @@ namespace {
 
 constexpr const char* kHelpGroup = "SSX";
 
-/// The own button of a page has the focus where the page has no field.
+/// On a page without fields the page's own button has the focus.
 bool isMarkedButton(const Control& control) {
     return control.kind() == ControlKind::Button && static_cast<const Button&>(control).marked();
 }
 
-/// The control with the focus, or the form if that is none of its fields.
+/// Returns the name of the control with the focus, or of the form if the page has no field.
 const std::string& subjectOf(const Form& form) {
     const Control* active = form.activeControl();
     return active == nullptr || isMarkedButton(*active) ? form.name() : active->name();

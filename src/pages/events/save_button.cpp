@@ -17,7 +17,8 @@ public:
     ~Saving() { gSaving = false; }
 };
 
-/// A page that the save has left has no active control. A company that has got its number switches to it, silently.
+/// Does nothing if the save has moved to another page. If the company received its number, switches to it without
+/// asking.
 void showCompany(PageForm& form, const std::string& userId) {
     if (!userId.empty() && form.activeControl() != nullptr) {
         form.cbo_User_Id.setText(userId);
@@ -34,7 +35,7 @@ void btm_Save_Click(PageForm& form) {
             showCompany(form, userId);
             return true;
         }
-        // The save's own failure is reported, whatever the switch to the number does to the pair.
+        // Reports the save's own failure, even if the switch to the new number changes the pair.
         const FailureRecord own{gErrMsg, gErrCode};
         static_cast<void>(caught([&] { showCompany(form, userId); }));
         return failFrom(own);

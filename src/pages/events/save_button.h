@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// Saves, shows the company in force afterwards, and reports what went wrong.
+/// Saves, shows the current company afterwards, and reports failures.
 void btm_Save_Click(PageForm& form);
 
 }  // namespace orv

@@ -20,7 +20,7 @@ namespace {
 
 constexpr char32_t kNoCharacter = 0xFFFD;
 
-/// Neither a control character nor bytes that are no text.
+/// False for control characters and for bytes that are not UTF-8.
 bool isText(const std::string& text) {
     const std::u32string characters = toCharacters(text);
     return std::none_of(characters.begin(), characters.end(), [](char32_t character) {
@@ -28,7 +28,7 @@ bool isText(const std::string& text) {
     });
 }
 
-/// The text comes from outside, so the control takes of it what it would take of the operator's.
+/// The text comes from another program, so the control accepts only text that the operator could type.
 void enterInto(Control& control, const std::string& text) {
     if (control.kind() == ControlKind::TextInput) {
         static_cast<TextInput&>(control).typed("", text, "");
@@ -37,7 +37,7 @@ void enterInto(Control& control, const std::string& text) {
     }
 }
 
-/// One search while its program works.
+/// One search while its program runs.
 class RunningSearch {
 public:
     RunningSearch(Form& form, const SiblingSearch& search)
@@ -67,7 +67,7 @@ public:
 private:
     using Texts = std::vector<std::pair<Control*, std::string>>;
 
-    /// Nobody is listened to any more when the controls and the page's events get to work.
+    /// Dismisses the program before the controls and the page's events are used.
     void finish(int key, const Texts& texts) {
         form_.onCloseRefused = nullptr;
         services().siblings->dismiss();
@@ -84,7 +84,7 @@ private:
     Texts texts_;
 };
 
-/// The texts, then the handles, parted by commas.
+/// Returns the texts, then the handles, separated by commas.
 std::string parameters(const SiblingSearch& search) {
     std::string text;
     for (const TextInput* input : search.known) {

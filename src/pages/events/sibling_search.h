@@ -12,23 +12,23 @@ namespace orv {
 /// A search that a sibling program does for a page.
 struct SiblingSearch {
     std::string program;
-    /// Inputs whose texts the program gets.
+    /// Inputs whose texts are passed to the program.
     std::vector<const TextInput*> known;
-    /// What the program fills, by handle: text inputs and labels.
+    /// The controls that the program fills, by handle: text inputs and labels.
     std::vector<Control*> filled;
-    /// The program presses a key on it when it has finished.
+    /// The program presses a key on this button when it has finished.
     Button& button;
-    /// What the program's window is called.
+    /// The title of the program's window.
     std::string title;
 };
 
-/// Disables the form, which then refers to the program's window, and starts the program. What it sends is kept back
-/// until its key and then put into the controls at once, as far as they would take it from the operator; so a program
-/// that dies on its way leaves nothing half done. The key is pressed for a program that ends without it, and when the
-/// operator presses the form's close box. A failure leaves the form enabled.
+/// Disables the form, shows a reference to the program's window, and starts the program. Its texts are kept until it
+/// sends the key. Then they are put in the controls, as far as the operator could type them. A program that crashes
+/// therefore leaves no partial result. The key is also pressed if the program ends without it or the operator uses the
+/// form's close box. A failure enables the form again.
 void startSearch(Form& form, const SiblingSearch& search);
 
-/// The operator goes on at `next`. The key that ended the search does nothing more.
+/// Moves the focus to `next`. The key that ended the search has no further effect.
 void goOnAfterSearch(Control& next, int& key);
 
 }  // namespace orv

@@ -17,17 +17,17 @@
 namespace orv {
 namespace {
 
-/// Sets the list to the company in force, or to nothing where the list does not hold it: on the other company it would
-/// give that one's key to the record.
+/// Selects the current company in the list, or nothing if the list does not contain it. Any other selection would give
+/// the record the key of another company.
 void backToCurrent(PageForm& form) {
     const CompanySetByCode byCode(form);
     ComboBox& list = form.cbo_User_Id;
     if (caught([&] { list.setText(tCustomerInfo.USER_ID); })) {
-        static_cast<void>(caught([&] { list.setListIndex(-1); }));  // on a way out, where nothing can be told
+        static_cast<void>(caught([&] { list.setListIndex(-1); }));  // failures cannot be reported here
     }
 }
 
-/// False for a company that could not be loaded or shown: choosing it again is another try.
+/// False for a company that could not be loaded or shown, so that selecting it again tries again.
 bool isOnScreen(const PageForm& form, const std::string& userId) {
     return userId == tCustomerInfo.USER_ID && form.ready && !gLoadFailure;
 }
@@ -38,7 +38,7 @@ bool staysByAnswer(const std::string& wish) {
 
 enum class Moved { Yes, Refused, Failed };
 
-/// A lock of this computer's that no run holds any more is left by one that died, and is taken over.
+/// A lock of this computer that no running program holds was left by a crashed run. It is taken over.
 Moved exchangeLock(const std::string& wish, bool isLeft) {
     if (!claimCompany(wish)) {
         return Moved::Refused;
@@ -52,8 +52,8 @@ Moved exchangeLock(const std::string& wish, bool isLeft) {
     return moved ? Moved::Yes : Moved::Failed;
 }
 
-/// Looks at the lock of the new company, releases the old one, takes the new one; no transaction holds the three
-/// together.
+/// Checks the lock of the new company, releases the old one and takes the new one. The three steps are not one
+/// transaction.
 Moved moveLock(const std::string& wish) {
     std::string holder;
     switch (PF_DataLockCheck(wish, kLockType, kLockNumber, holder)) {
@@ -69,7 +69,7 @@ Moved moveLock(const std::string& wish) {
     }
 }
 
-/// The record keeps the key of the company that is locked now, so that leaving, or a new switch, releases it.
+/// The record keeps the key of the company that is now locked, so that leaving or another switch releases it.
 void rememberBrokenLoad(const std::string& wish) {
     gLoadFailure = FailureRecord{gErrMsg, gErrCode};
     tCustomerInfo.USER_ID = wish;
@@ -87,7 +87,7 @@ bool loadCompany(const std::string& label, const std::string& wish) {
     return loaded;
 }
 
-/// A page whose start failed has lists to make up for: filled without them it would hand over blanks.
+/// A page whose start failed needs its lists first. Without them it would return blanks.
 bool showCompany(PageForm& form, const std::string& label, bool listsThere) {
     showTitle(form);
     form.ready = trapped(label, [&] { return (listsThere || makeListsOf(form.number)) && showRecordOn(form.number); });
@@ -103,7 +103,7 @@ bool loadAndShow(PageForm& form, const std::string& label, const std::string& wi
     return shown;
 }
 
-/// Puts the list back on every way out, but for the one on which the new company has been locked.
+/// Restores the list unless the new company has been locked.
 class ListBack {
 public:
     explicit ListBack(PageForm& form) : form_(form) {}

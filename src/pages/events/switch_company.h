@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The company list has been set to another company: asks (unless a save is running), moves the lock, loads the company
-/// and fills the page with it. A refusal puts the list back.
+/// Called when another company is selected in the list. Asks (unless a save is running), moves the lock, loads the
+/// company and fills the page. If the switch is refused, restores the list.
 void cbo_User_Id_Click(PageForm& form);
 
 }  // namespace orv

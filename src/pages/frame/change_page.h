@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// Takes the current page into the record and brings the page of that number to the screen; the current one goes. The
-/// own page's number only takes it into the record. False: the pair tells why, and the current page stays.
+/// Copies the current page to the record, shows the page with that number and unloads the current one. For the current
+/// page's own number only copies to the record. On false the pair holds the failure, and the current page stays.
 [[nodiscard]] bool PF_Change_Frm_CompInp(std::int16_t target, PageForm& current);
 
 /// Loads and shows the target, which starts it, and unloads the current page.

@@ -12,7 +12,7 @@
 namespace orv {
 namespace {
 
-/// A list of a page beside the companies, by the type of its entries.
+/// A list of a page in addition to the companies, with the type of its entries.
 struct PageList {
     ControlRef combo;
     const char* type;
@@ -50,7 +50,7 @@ bool P_MakeComboBox_CompInpN(std::string_view label, PageForm& form, std::span<c
 
 bool P_MakeComboBox_CompInp0() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp0 ]", pageAt(0), {}); }
 bool P_MakeComboBox_CompInp1() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(1), kLists1); }
-/// Its label is page 1's, and stays so.
+/// The label is that of page 1 and must stay so.
 bool P_MakeComboBox_CompInp2() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(2), kLists2); }
 bool P_MakeComboBox_CompInp3() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp3 ]", pageAt(3), {}); }
 bool P_MakeComboBox_CompInp4() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp4 ]", pageAt(4), {}); }

@@ -2,7 +2,7 @@
 
 namespace orv {
 
-// Fill the lists of a page from the store. The first list that fails stops the rest. False: the pair tells why.
+// Fill the lists of a page from the store and stop at the first failure. On false the pair holds the failure.
 
 [[nodiscard]] bool P_MakeComboBox_CompInp0();
 [[nodiscard]] bool P_MakeComboBox_CompInp1();
@@ -10,7 +10,7 @@ namespace orv {
 [[nodiscard]] bool P_MakeComboBox_CompInp3();
 [[nodiscard]] bool P_MakeComboBox_CompInp4();
 
-/// The one of that page number.
+/// Fills the lists of the page with that number.
 [[nodiscard]] bool makeListsOf(int pageNumber);
 
 }  // namespace orv

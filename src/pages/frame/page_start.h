@@ -4,11 +4,11 @@
 
 namespace orv {
 
-/// What each page does when it is loaded: its place, its background, its title, its lists, its data. True: the page is
-/// ready. False: the pair tells why.
+/// Starts a page when it is loaded: position, background, title, lists, data. True if the page is ready. On false the
+/// pair holds the failure.
 [[nodiscard]] bool startPage(PageForm& form);
 
-/// The company in the window's and the page's title, and whether it is a member of the listing service.
+/// Shows the company in the titles of window and page, and whether it is a member of the listing service.
 void showTitle(PageForm& form);
 
 }  // namespace orv

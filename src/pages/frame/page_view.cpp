@@ -10,7 +10,7 @@
 namespace orv {
 namespace {
 
-/// A filled box from corner to corner, with or without a heading. A right edge of 0 or less counts from the right edge
+/// A filled box between two corners, with an optional heading. A right edge of 0 or less is relative to the right edge
 /// of the page.
 struct Bar {
     Point from;
@@ -89,7 +89,7 @@ void drawBar(Form& form, const Bar& bar) {
     }
 }
 
-/// In the band below, on pages that have required fields.
+/// Drawn on the lower band, on pages that have required fields.
 void drawLegend(Form& form) {
     const int top = form.scaleHeight() - kLegendRise;
     fill(form, {126, top}, {126 + kLegendBox.x, top + kLegendBox.y}, kRequiredField);

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-// What stands behind a page's controls: stripes, the bands above and below, the title, the page's bars and boxes.
+// The drawing below a page's controls: stripes, upper and lower band, title, bars and boxes.
 
 [[nodiscard]] bool P_MakeComp0View(frm_CompInp0& form);
 [[nodiscard]] bool P_MakeComp1View(frm_CompInp1& form);
@@ -12,7 +12,7 @@ namespace orv {
 [[nodiscard]] bool P_MakeComp3View(frm_CompInp3& form);
 [[nodiscard]] bool P_MakeComp4View(frm_CompInp4& form);
 
-/// The one of that page number.
+/// Draws the page with that number.
 [[nodiscard]] bool makeViewOf(int pageNumber);
 
 }  // namespace orv

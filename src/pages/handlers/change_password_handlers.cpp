@@ -11,7 +11,7 @@
 namespace orv {
 namespace {
 
-/// One label for all three handlers, and it stays so.
+/// All three handlers use the same label, and must.
 constexpr const char* kLabel = "[ ChangePassword btm_Cancel_Click ]";
 
 void drawEdge(Form& form) {

@@ -5,11 +5,11 @@
 namespace orv {
 
 void Form_Load(frm_ChangePassword& dialog);
-/// Takes the change over and closes the dialog; a refusal leaves it open with what was typed.
+/// Accepts the change and closes the dialog. After a rejection the dialog stays open with the typed texts.
 void btm_Entry_Click(frm_ChangePassword& dialog);
 void btm_Cancel_Click(frm_ChangePassword& dialog);
 
-/// Enter confirms from any field, and Esc gives up from anywhere.
+/// Enter confirms in any field; Esc cancels everywhere.
 void wireChangePassword(frm_ChangePassword& dialog);
 
 }  // namespace orv

@@ -27,13 +27,13 @@ constexpr std::size_t kAreaLength = 5;
 constexpr std::size_t kPostCodeDigits = 7;
 constexpr std::size_t kPostCodeFront = 3;
 
-/// A field of the site's block and the colour in which it comes back.
+/// A field of the site and its colour when enabled.
 struct SiteField {
     TextInput frm_CompInp0::*input;
     Colour colour;
 };
 
-// The post code and the address come back only where addresses are typed.
+// The post code and the address are enabled only if addresses are typed.
 constexpr std::array<TextInput frm_CompInp0::*, 2> kSearchedFields{&frm_CompInp0::txt_Pc_Post_Code,
                                                                    &frm_CompInp0::txt_Pc_Address};
 
@@ -86,7 +86,7 @@ void hyphenate(TextInput& postCode, const char* label) {
     });
 }
 
-/// The button cannot be pressed again while its dialog stands, and the dialog goes on every way out.
+/// Disables the button while its dialog is open, and always unloads the dialog.
 class PasswordDialog {
 public:
     explicit PasswordDialog(Button& opener) : opener_(opener) { opener_.setEnabled(false); }
@@ -96,7 +96,7 @@ public:
         services().forms->unload(dialog_, UnloadMode::Code);
         opener_.setEnabled(true);
     }
-    /// False: the dialog could not be opened, which has been told.
+    /// False if the dialog could not be opened, which has been reported.
     bool run() {
         services().forms->load(dialog_);
         if (dialog_.ready) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kListedAssociation = 0;
 constexpr int kOtherAssociation = 6;
-/// In that edition every company belongs to the association of this box.
+/// In this edition the association of this box is always set.
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kEditionAssociation = 3;
 constexpr const char* kWesternCalendar = "西暦";
@@ -30,7 +30,7 @@ void openLicence(frm_CompInp1& form, bool open) {
     }
 }
 
-/// The focus is asked for while the field is still closed, so it does not move.
+/// Requests the focus while the field is still disabled, so the focus does not move.
 void openOtherAssociation(frm_CompInp1& form, bool open) {
     if (open) {
         PF_SetFocusTo(&form.txt_Other_Dantai_Name);
@@ -38,7 +38,7 @@ void openOtherAssociation(frm_CompInp1& form, bool open) {
     PF_EnableControl(form.txt_Other_Dantai_Name, open, kRequiredField);
 }
 
-/// A name ticks its box, and no name unticks it.
+/// Ticks the box if the name is filled, and never unticks it.
 void tickOtherAssociation(frm_CompInp1& form, const char* label) {
     handled(label, [&] {
         form.chk_Dantai[kOtherAssociation].setValue(trimmed(form.txt_Other_Dantai_Name.text()).empty() ? 0 : 1);

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// Opens the licence block, or closes it for an agency that has no licence to tell.
+/// Enables the licence fields, or disables them for an agency without a licence.
 void cbo_License_No_Click(frm_CompInp1& form);
 void chk_Dantai_Click(frm_CompInp1& form, int index);
 void chk_Koutori_Click(frm_CompInp1& form, int index);

@@ -11,7 +11,7 @@
 namespace orv {
 namespace {
 
-/// The page that only shows has no handler of its own.
+/// This read-only page has no handlers of its own.
 void wireCompInp4(frm_CompInp4& form) {
     wireFrame(form);
     form.onLoad = [&form] { Form_Load(form); };

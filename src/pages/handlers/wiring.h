@@ -2,7 +2,7 @@
 
 namespace orv {
 
-/// The one list of every tie from an event of a page to its handler. Holds for the pages made from now on.
+/// Connects the events of all pages to their handlers. Applies to pages created from now on.
 void wirePages();
 
 }  // namespace orv

@@ -28,7 +28,7 @@ constexpr auto kCompInp0 = std::to_array<Placement>({
     {"txt_Takken_Syunin_Name",    -1, {232, 266, 246,  20}, 104},
     {"txt_Tanto_Name",            -1, {554, 266, 230,  20}, 74},
 
-    // Where the computer stands.
+    // The site of the computer.
     {"lbl_EqualData",             -1, {160, 313,  74,  20}},
     {"chk_EqualData",             -1, {241, 313,  94,  20}},
     {"txt_Pc_Post_Code",          -1, {232, 337,  66,  20}, 104},
@@ -43,7 +43,7 @@ constexpr auto kCompInp0 = std::to_array<Placement>({
     {"txt_Pc_Fax_No",             -1, {550, 403,  92,  20}, 42},
     {"txt_Pc_Mail_Address",       -1, {232, 425, 450,  20}, 104},
 
-    // What customers call and write to.
+    // Telephone numbers and mail addresses for customers.
     {"txt_Tel_No1",               -1, {232, 473,  92,  20}, 104},
     {"txt_Tel_No2",               -1, {408, 473,  92,  20}, 72},
     {"txt_Fax_No",                -1, {550, 473,  92,  20}, 42},

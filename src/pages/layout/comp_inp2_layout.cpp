@@ -28,7 +28,7 @@ constexpr auto kCompInp2 = std::to_array<Placement>({
     {"txt_Day_Off",               -1, {232, 292, 552,  20}, 104},
     {"txt_Office_Hours",          -1, {232, 317, 552,  20}, 104},
 
-    // A slot under each of its bars.
+    // A slot below each of its bars.
     {"pic_PhotoFile",              0, {132, 366, 121, 100}},
     {"cbo_pic_PhotoFile",          0, {132, 471, 121,  22}},
     {"btm_PhotoSelect",            0, {132, 499,  58,  24}},

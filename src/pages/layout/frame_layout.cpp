@@ -7,10 +7,10 @@ namespace {
 
 // clang-format off
 constexpr auto kFrame = std::to_array<Placement>({
-    // Behind the title, which is drawn.
+    // After the title, which is drawn.
     {"lbl_TitleRyutuKaiin",       -1, {290,   6, 160,  20}},
     {"lbl_User_Id",               -1, {598,   6,  80,  20}},
-    // One of the two shows.
+    // Only one of the two is visible.
     {"cbo_User_Id",               -1, {682,   4, 102,  24}},
     {"lbl_UserId",                -1, {682,   4, 102,  24}},
     {"lbl_TitleCompany",          -1, {126,  29, 658,  25}},

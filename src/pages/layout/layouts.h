@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// Where the controls of a form stand, found by the form's name; empty for a form that nobody has laid out.
+/// Returns the placements of a form by its name, or none for an unknown form.
 std::span<const Placement> layoutOf(std::string_view form);
 
 }  // namespace orv

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-// One table per form, in the files beside this one. All but the dialogs' are without what every page has.
+// One table per form, each in a file of this folder. The pages' tables omit the controls that all pages have.
 
 std::span<const Placement> frameLayout();
 std::span<const Placement> compInp0Layout();

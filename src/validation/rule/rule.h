@@ -10,35 +10,35 @@
 
 namespace orv {
 
-/// Fails: the rule's text is told. FailsAsTold: the test has written the text. Noted: the outputs are filled, and the
-/// run goes on all the same.
+/// Fails: the message is the rule's text. FailsAsTold: the test has written the message. Noted: fills the outputs and
+/// continues with the next rule.
 enum class Verdict : std::uint8_t { Passes, Fails, FailsAsTold, Noted };
 
-/// What a check tells: the control to be corrected (null when a run-time failure ended the check), the message's id and
-/// its text. The texts of questions that the operator waved through stay behind here too.
+/// The result of a check: the control to correct (null after a run-time failure), the message's id and its text. Texts
+/// of questions that the operator accepted remain here, too.
 struct Refusal {
     Control* focus = nullptr;
     std::string id;
     std::string text;
 };
 
-/// One rule of a page. The rules of a page stand in the order in which they run.
+/// One rule of a page. A page's rules run in the order of their table.
 struct Rule {
-    /// Whether the rule applies; null: always.
+    /// The condition for the rule; null if it always applies.
     bool (*when)() = nullptr;
-    /// What is looked at.
+    /// The field that is checked.
     TextField field = nullptr;
     Verdict (*test)(const std::string& value, Refusal& out) = nullptr;
-    /// Taken when the rule fails and not before, since it makes the page; null: the test has chosen the control.
+    /// Called only when the rule fails, because it creates the page. Null if the test has chosen the control.
     ControlRef focus = nullptr;
     std::string_view text = {};
     std::string_view id = "CHECK001";
 };
 
-/// Runs the rules in their order; the first that fails ends the run and has filled `out`.
+/// Runs the rules in order. The first that fails ends the run and fills `out`.
 [[nodiscard]] bool passes(std::span<const Rule> rules, Refusal& out);
 
-/// The frame of a page's check: a run-time failure fills the pair under `label` and leaves no focus and no text.
+/// Runs the body of a page's check. A run-time failure fills the pair under `label` and clears focus and text.
 [[nodiscard]] bool checked(std::string_view label, Refusal& out, const std::function<bool()>& check);
 
 }  // namespace orv

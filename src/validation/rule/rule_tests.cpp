@@ -12,10 +12,10 @@
 namespace orv {
 namespace {
 
-/// The earliest place of a full stop that makes a mail address, counted from 1.
+/// The first position at which a full stop makes a mail address, counted from 1.
 constexpr std::size_t kEarliestStop = 3;
 
-/// Places count from 1; 0: not found.
+/// Returns the position, counted from 1, or 0 if not found.
 std::size_t placeOf(const std::u32string& text, char32_t character) {
     const auto found = text.find(character);
     return found == std::u32string::npos ? 0 : found + 1;

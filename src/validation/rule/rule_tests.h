@@ -7,29 +7,29 @@
 
 namespace orv {
 
-/// Whether the string service admits the text. False: `message` holds its text, or, when the service itself failed,
-/// what it held before, and the pair tells of the failure.
+/// True if the string service accepts the text. On false `message` receives its text. If the service itself failed,
+/// `message` is unchanged and the pair holds the failure.
 [[nodiscard]] bool PF_CheckString(const std::string& text, std::string& message);
 
-// Tests of rules.
+// The tests of rules. Each fails for the condition described.
 
-/// Nothing but blanks.
+/// The value contains only blanks.
 Verdict blank(const std::string& value, Refusal& out);
-/// Blank, and the run goes on.
+/// The value contains only blanks; the run continues.
 Verdict blankNoted(const std::string& value, Refusal& out);
-/// Not admitted by the string service.
+/// The string service rejects the value.
 Verdict notAdmitted(const std::string& value, Refusal& out);
-/// No telephone number. The rule's own text is for a rejection without a code.
+/// The value is not a telephone number. The rule's own text is used for a rejection without a code.
 Verdict noTelNumber(const std::string& value, Refusal& out);
-/// Filled, and no telephone number.
+/// The value is not empty and not a telephone number.
 Verdict filledNoTelNumber(const std::string& value, Refusal& out);
-/// Neither an "@" nor a "." from the third character on.
+/// The value has neither an "@" nor a "." from the third character on.
 Verdict noMailAddress(const std::string& value, Refusal& out);
 
-/// A question to the operator. Fails when he wants to correct; otherwise the question stays behind in `out`.
+/// Asks the operator. Fails if the operator wants to correct; otherwise the question remains in `out`.
 Verdict asked(std::string question, Refusal& out);
 
-/// Fewer bytes of the code page than `Least` or more than `Most`.
+/// The value has fewer than `Least` or more than `Most` bytes in the code page.
 template <std::int32_t Least, std::int32_t Most = Least>
 Verdict bytesOutside(const std::string& value, Refusal&) {
     const std::int32_t length = PF_LenB(value);

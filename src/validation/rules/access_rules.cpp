@@ -13,7 +13,7 @@ using P = frm_CompInp2;
 template <auto Member, int Index = -1>
 constexpr ControlRef on = of<P, Member, Index>;
 
-/// What the page writes into an empty address when a link name is typed.
+/// The page writes this prefix to an empty address when a link name is typed.
 constexpr std::string_view kUrlPrefix = "http://";
 
 bool unnumbered() { return tCustomerInfo.USER_ID == kNewCompany; }
@@ -36,14 +36,14 @@ bool transportPasses(Refusal& out) {
     return false;
 }
 
-/// The address that the page has preset means that nothing was entered.
+/// An address that is only the preset prefix counts as empty.
 void dropBarePrefix() {
     if (tCustomerInfo.COMPANY_URL == kUrlPrefix) {
         tCustomerInfo.COMPANY_URL.clear();
     }
 }
 
-/// Of two fields that go together one is empty and the other is not; a blank is an entry.
+/// Fails if exactly one of two related fields is empty. A blank is not empty.
 template <TextField Other>
 Verdict onlyOneFilled(const std::string& value, Refusal&) {
     return value.empty() != (tCustomerInfo.*Other).empty() ? Verdict::Fails : Verdict::Passes;
@@ -70,7 +70,7 @@ constexpr auto kTexts = std::to_array<Rule>({
     {nullptr, &R::COMPANY_URL_COMMENT, notAdmitted, on<&P::txt_Company_URL_Comment>},
 });
 
-/// A company that the server has not numbered may not have images; their kinds are not looked at.
+/// A company without a number cannot have images, so their kinds are not checked.
 constexpr auto kPairs = std::to_array<Rule>({
     {nullptr, &R::COMPANY_URL, onlyOneFilled<&R::COMPANY_URL_COMMENT>, on<&P::txt_Company_URL>, "リンク名称とURLは双方の入力が必要です。"},
     {nullptr, &R::COMPANY_URL, withoutPrefix, on<&P::txt_Company_URL>, "ホームページURL"},

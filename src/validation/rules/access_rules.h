@@ -4,9 +4,9 @@
 
 namespace orv {
 
-/// The check of page 2: the way to the office, the free texts, the home page and the photos. Empties the codes for "no
-/// line" and "no station" and an address of nothing but its prefix, also when a rule fails. False: `out` says what is
-/// wrong, or a run-time failure is told by the pair.
+/// Checks page 2: access to the office, free texts, home page and photos. Empties the codes for "no line" and "no
+/// station" and an address that is only its prefix, even if a rule fails. On false `out` holds the message, or the pair
+/// holds a run-time failure.
 [[nodiscard]] bool PF_CheckFrmCompInp2Data(Refusal& out);
 
 }  // namespace orv

@@ -18,12 +18,12 @@ constexpr ControlRef on = of<P, Member, Index>;
 
 constexpr std::string_view kIsChosen = "が選択されておりますが、";
 constexpr std::string_view kNationwide = "(社)全日本不動産協会 ";
-/// By their places in DANTAI_FLG. They imply the council of the capital, wherever the company is.
+/// Positions in DANTAI_FLG. These associations require the council of the capital, wherever the company is.
 constexpr std::size_t kFirstOfTheCapital = 3;
 constexpr std::array<std::string_view, 4> kOfTheCapital{"(社)不動産協会 ", "(社)日本住宅建設産業協会 ",
                                                         "(社)不動産流通経営協会 ", "(社)都市開発協会 "};
 
-/// Positions count from 1; one behind the end is not ticked.
+/// Positions count from 1. A position after the end is not ticked.
 bool isTicked(const std::string& flags, std::size_t position) {
     return position <= flags.size() && flags[position - 1] == '1';
 }

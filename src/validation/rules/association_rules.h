@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The second half of page 1: the associations, and whether the council of each one's region is ticked. A council that
-/// is missing is a question, which the operator can wave through.
+/// Checks the second half of page 1: the associations, and whether the council of each one's region is ticked. The
+/// operator can accept a missing council.
 [[nodiscard]] bool associationsPass(Refusal& out);
 
 }  // namespace orv

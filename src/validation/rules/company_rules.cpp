@@ -32,7 +32,7 @@ Verdict incompleteTyped(const std::string& address, Refusal&) {
     return failsIf(isBlank(address) || PF_LenB(tCustomerInfo.POST_CODE) != kPostCode);
 }
 
-/// The search fills all four together.
+/// The search fills all four fields together.
 Verdict incompleteSearched(const std::string& address, Refusal&) {
     return failsIf(PF_LenB(tCustomerInfo.ADDRESS_CODE) != kAddressCode ||
                    PF_LenB(tCustomerInfo.POST_CODE) != kPostCode || PF_LenB(tCustomerInfo.AREA_CODE) != kAreaCode ||
@@ -48,7 +48,7 @@ Verdict siteIncompleteSearched(const std::string& address, Refusal&) {
                    PF_LenB(tCustomerInfo.PC_POST_CODE) != kPostCode || isBlank(address));
 }
 
-/// A site that is the office has nothing of its own, not even a blank.
+/// If the computer is at the office, the site's fields must be empty, without even a blank.
 Verdict siteFilled(const std::string&, Refusal&) {
     constexpr std::array kSiteFields{&R::PC_ADDRESS_CODE,   &R::PC_ADDRESS,   &R::PC_ADDRESS_GOU,
                                      &R::PC_ADDRESS_NUMBER, &R::PC_FAX_NO,    &R::PC_MAIL_ADDRESS,

@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The check of page 0: the company, its address and persons, and the site of the computer. False: `out` says what is
-/// wrong, or a run-time failure is told by the pair.
+/// Checks page 0: the company, its address and persons, and the site of the computer. On false `out` holds the message,
+/// or the pair holds a run-time failure.
 [[nodiscard]] bool PF_CheckFrmCompInp0Data(Refusal& out);
 
 }  // namespace orv

@@ -7,11 +7,11 @@ namespace orv {
 
 /// A regional fair-trade council.
 struct Council {
-    /// Its place in KOUTORI_FLG, from 1: what is tested.
+    /// The position in KOUTORI_FLG that is tested, from 1.
     std::size_t position;
-    /// How the question calls its region.
+    /// The region's name in the question.
     std::string_view region;
-    /// The element of chk_Koutori that gets the focus. 中国 and 四国 send it to each other's box: long so, and kept.
+    /// The element of chk_Koutori that receives the focus. 中国 and 四国 are exchanged, as they have always been.
     std::size_t focus;
 };
 
@@ -25,14 +25,14 @@ inline constexpr Council kChugoku{7, "中国地区", 7};
 inline constexpr Council kShikoku{8, "四国地区", 6};
 inline constexpr Council kKyushu{9, "九州", 8};
 
-/// The prefectures of a council. Unused places are empty and match nothing.
+/// The prefectures of a council. Unused elements are empty and match nothing.
 struct CouncilRow {
     const Council& council;
     std::array<std::string_view, 10> words;
 };
 
-// Both tables stand in the order of the search, and the first row with a word in the text decides: 東京都 holds 京都
-// too, so the capital stands before 近畿.
+// Both tables are searched in order, and the first row with a word in the text decides. 東京都 contains 京都, so the
+// capital precedes 近畿.
 
 /// Searched in the name of an association.
 inline constexpr auto kByAssociation = std::to_array<CouncilRow>({
@@ -47,7 +47,7 @@ inline constexpr auto kByAssociation = std::to_array<CouncilRow>({
     {kKyushu, {"大分", "福岡", "佐賀", "宮崎", "長崎", "鹿児島", "熊本", "沖縄"}},
 });
 
-/// Searched in the licence kind. The list is shorter: a licence of a prefecture that is not in it asks nothing.
+/// Searched in the licence kind. The list is shorter: a licence of a prefecture not listed asks no question.
 inline constexpr auto kByLicence = std::to_array<CouncilRow>({
     {kHokkaido, {"北海道"}},
     {kTohoku, {"秋田", "青森", "岩手", "山形", "宮城", "福島"}},

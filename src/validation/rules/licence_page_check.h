@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The check of page 1: the broker's licence, then the associations and councils. False: `out` says what is wrong, or a
-/// run-time failure (an expiry date that can't be read, say) is told by the pair.
+/// Checks page 1: the broker's licence, then the associations and councils. On false `out` holds the message, or the
+/// pair holds a run-time failure, such as an expiry date that cannot be read.
 [[nodiscard]] bool PF_CheckFrmCompInp1Data(Refusal& out);
 
 }  // namespace orv

@@ -34,7 +34,7 @@ bool unlicensed() {
 
 bool licensed() { return !unlicensed(); }
 
-/// At least two digits. What is no number, or none of a date, stays as it is, and then the date can't be read.
+/// Pads to two digits. A text that is not a number of a date is unchanged, so that the date cannot be read.
 std::string twoDigits(const std::string& text) {
     const std::optional<double> number = readNumber(text);
     if (!number || std::abs(*number) > kMostOfADate) {
@@ -51,7 +51,7 @@ std::string expiryText() {
            twoDigits(record.VALID_LICENSE_DATE_DAY) + "日";
 }
 
-/// The day as one number; a text that is no date is failure 13.
+/// Returns the day as one number. Failure 13 if the text is not a date.
 std::int32_t dayNumber(const std::string& dateText) {
     const std::optional<DateTime> date = services().calendar->dateOf(dateText);
     return toLong(date ? formatMoment(*date, kComparable) : dateText);
@@ -72,8 +72,8 @@ Verdict licenceFilled(const std::string&, Refusal&) {
     return empty ? Verdict::Passes : Verdict::Fails;
 }
 
-// An expired licence sends the focus to the list that opens the two dates, and not to the expiry date. The last text
-// writes "なし" where the list has "無し".
+// An expired licence focuses the list that enables the two dates, not the expiry date. The last text writes "なし"
+// although the list contains "無し".
 // clang-format off
 constexpr auto kRules = std::to_array<Rule>({
     {licensed, &R::LICENSE_NO_DAI, blank, on<&P::txt_License_no_Dai>, "免許番号　第"},

@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// The first half of page 1: the broker's licence with its number and its two dates. A landlord, and a company without
-/// a licence, leave all of it empty.
+/// Checks the first half of page 1: the broker's licence with its number and its two dates. A landlord or a company
+/// without a licence leaves them empty.
 [[nodiscard]] bool licencePasses(Refusal& out);
 
 }  // namespace orv

@@ -50,13 +50,13 @@ std::optional<Fault> faultIn(const frm_ChangePassword& dialog) {
     return std::nullopt;
 }
 
-/// Nothing was opened here; what another event may have left open ends with the change.
+/// Closes a store that another event might have left open. This check opens none.
 void closeStore() {
     bool ignored = false;
     services().db->DbClose(gConn, ignored);
 }
 
-/// Always false.
+/// Always returns false.
 bool refuse(const Fault& fault, frm_ChangePassword& dialog) {
     dialog.refused = showOrFail(fault.id, fault.args);
     if (dialog.refused) {

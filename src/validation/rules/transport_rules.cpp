@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kNoLine = "409999";
 constexpr std::string_view kNoStation = "999";
 
-/// Which fields are filled, a bit a field.
+/// The filled fields, one bit per field.
 using Fields = std::uint16_t;
 
 constexpr Fields kLine = 1 << 0;
@@ -36,14 +36,14 @@ constexpr Fields kNoTarget = kNoWalkNoBus | kCarTarget;
 enum class At : std::uint8_t { None, Line, Walk, BusRoute, BusStop, FromStop, CarTarget, CarMinutes, CarDistance };
 
 struct TransportRow {
-    /// All of these are filled.
+    /// Requires all of these to be filled.
     Fields filled;
-    /// All of these are empty.
+    /// Requires all of these to be empty.
     Fields empty;
-    /// At least one of these is filled; 0: not asked.
+    /// Requires at least one of these to be filled, unless 0.
     Fields anyFilled;
     At focus;
-    /// Empty: the row passes.
+    /// If empty, the row passes.
     std::string_view text;
 
     constexpr bool holds(Fields fields) const {
@@ -51,8 +51,7 @@ struct TransportRow {
     }
 };
 
-// The first row that holds decides. The minutes by bus never get the focus: the minutes from the stop on stand for
-// them.
+// The first matching row decides. The focus never goes to the minutes by bus, but to the minutes from the stop instead.
 // clang-format off
 constexpr auto kRows = std::to_array<TransportRow>({
     {kLine,                       kStation,                    0,        At::Line,        "沿線・駅どちらかが選択されておりません。"},

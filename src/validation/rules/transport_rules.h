@@ -6,11 +6,11 @@
 
 namespace orv {
 
-/// How a customer comes to the office: from a line and station on by foot, by bus or by car. Each field stands beside
-/// its control, so that any page with the block can ask. A field that holds a single blank is filled.
+/// Checks how a customer reaches the office: on foot from a station, by bus or by car. Each field is passed with its
+/// control, so that any page with these fields can use the check. A field that contains a single blank is filled.
 ///
-/// The codes for "no line" and "no station" are emptied. A rule that fails shows only in `focus` and `message`, which
-/// are left alone otherwise; false means that the pair tells of a run-time failure.
+/// Empties the codes for "no line" and "no station". Only a failing rule sets `focus` and `message`. On false the pair
+/// holds a run-time failure.
 [[nodiscard]] bool PF_CheckTransport(std::string& RAILROAD_CODE, Control& btn_SelectRail, std::string& STATION_CODE,
                                      const std::string& WALK_MINUTES, Control& txt_Walk_Minutes,
                                      const std::string& BUS_MINUTES, Control& txt_Bus_Minutes,

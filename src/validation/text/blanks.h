@@ -7,16 +7,16 @@
 
 namespace orv {
 
-/// Without leading and trailing ASCII blanks.
+/// Returns the text without leading and trailing ASCII blanks.
 std::string trimmed(std::string_view text);
 
-/// Without trailing ASCII blanks.
+/// Returns the text without trailing ASCII blanks.
 std::string trimmedRight(std::string_view text);
 
-/// Nothing but blanks, the ideographic one included: clerks type it without noticing.
+/// True if the text contains only blanks, including the ideographic blank, which is easily typed unnoticed.
 bool isBlank(std::string_view text);
 
-/// A database null gives `fallback`, anything else its text without trailing blanks.
+/// Returns `fallback` for a database null, otherwise the text without trailing blanks.
 std::string PF_NullToStr(const Value& value, const std::string& fallback);
 
 }  // namespace orv

@@ -8,19 +8,19 @@
 
 namespace orv {
 
-// The plain conversions of the system. A text that is none of the wanted kind is failure 13, a number out of its
-// kind's range failure 6, a null failure 94.
+// The plain conversions of the system. Failure 13 for a text of another kind, 6 for a number out of range, 94 for a
+// null.
 
-/// A decimal number with blanks around it.
+/// Converts a decimal number with blanks around it.
 double toNumber(std::string_view text);
-/// Rounded to a whole number of 32 bits, a half to the even neighbour.
+/// Rounds to a 32-bit integer, halves to even.
 std::int32_t toLong(std::string_view text);
 std::int32_t toLong(double number);
-/// The same in 16 bits.
+/// Rounds to a 16-bit integer, halves to even.
 std::int16_t toInteger(double number);
-/// "True" and "False" without regard to case, or a number: anything but zero is true.
+/// Converts "True" and "False", in upper or lower case, or a number; any number except zero is true.
 bool toBoolean(const Value& value);
-/// Whether a plain conversion to a number succeeds.
+/// True if the plain conversion to a number succeeds.
 bool isNumeric(std::string_view text);
 
 }  // namespace orv
