@@ -66,7 +66,7 @@ OPENING = re.compile(r"(?:What|Whoever|The one that)\b")
 ALLOWED = re.compile(r"\b(?:stand-ins?|standby|stand-alone|tell-tale|so-called|keep-alive|live lock|what-if)\b", re.I)
 
 # Words in the form of code: paths, names with marks or capitals inside, options, and everything in quotes.
-CODE = re.compile(r"""`[^`]*`|"[^"]*"|\[[^\]]*\]\([^)]*\)|\bhttps?://\S+|\S*[_/\\=<>:]\S+|\b\w+\.(?:h|cpp|py|sh|txt|md|c)\b"""
+CODE = re.compile(r"""`[^`]*`|"[^"]*"|\[[^\]]*\]\([^)]*\)|\S*[_/\\=<>:]\S*[^\s.,;:!?()]|\b\w+\.(?:h|cpp|py|sh|txt|md|c)\b"""
                   r"""|\b\w+\(\)|\b[a-z]+[A-Z]\w*|--?\w[\w-]*""")
 
 HASH = {".py", ".sh", ".cmake", ".txt", ""}

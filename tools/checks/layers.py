@@ -1,9 +1,12 @@
 #!/usr/bin/env python3
-"""Checks the includes of src/ against the table of rooms.
+"""Checks the includes of src/ against the table of modules.
 
-Fails on an include that the table does not allow, on a circle of files, on a header of a library outside adapters/ and
-app/, on a catch in a system folder outside logging/trap.cpp, on two files of one stem, and on two types of one name in
-namespace orv (src/ and tools/).
+    tools/checks/layers.py [--write-graph]
+
+Fails on an include that the table does not allow, and on a cycle of files. In the system's folders, fails on a library's
+header, and on a catch outside logging/trap.cpp. Fails on two files with the same stem, and on two types with the same name in
+namespace orv (src/ and tools/). Fails if the graph in docs/architecture.md differs from the table; --write-graph writes it
+there.
 """
 import re
 import sys
@@ -11,6 +14,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 SRC = ROOT / "src"
+DOCUMENT = ROOT / "docs/architecture.md"
 STANDARD = set("""algorithm any array atomic bit cctype charconv chrono climits cmath compare concepts condition_variable
 cstddef cstdint cstdio cstdlib cstring ctime deque exception filesystem fstream functional initializer_list iomanip ios
 iostream istream iterator limits list locale map memory mutex new numbers numeric optional ostream queue random ranges
@@ -28,13 +32,38 @@ def read_table():
 
 
 def table_faults(rooms):
-    """A room may name only rooms above it in the table, so that no round of rooms can arise."""
+    """A module can name only modules above it in the table, so that there is no cycle of modules."""
     above, faults = set(), []
     for room, lower in rooms.items():
-        faults += [f"rooms.txt: {room} names {other}, which does not stand above it"
+        faults += [f"rooms.txt: {room} names {other}, which is not above it"
                    for other in lower if other not in above and other != "*"]
         above.add(room)
     return faults
+
+
+def graph_of(rooms):
+    """Draws the modules by layer. Each line names the highest modules that a module uses."""
+    lower = {room: set(rooms) - {room} if others == ["*"] else set(others) for room, others in rooms.items()}
+    layers = {}
+    for room in rooms:
+        layers[room] = 1 + max((layers[other] for other in lower[room]), default=0)
+    lines = ["layer  module                 uses"]
+    for room in sorted(rooms, key=lambda name: (-layers[name], name)):
+        highest = [other for other in lower[room] if not any(other in lower[third] for third in lower[room])]
+        lines.append(f"{layers[room]:5}  {room:22} {' '.join(sorted(highest))}".rstrip())
+    return "".join(f"    {line}\n" for line in lines)
+
+
+def graph_faults(rooms, write):
+    """Compares the graph in the document with the table, or writes it there."""
+    text = DOCUMENT.read_text(encoding="utf-8")
+    before, begin, rest = text.partition("<!-- graph -->\n")
+    _, end, after = rest.partition("<!-- end of graph -->\n")
+    current = f"{before}{begin}\n{graph_of(rooms)}\n{end}{after}"
+    if write:
+        DOCUMENT.write_text(current, encoding="utf-8")
+        return []
+    return [] if text == current else ["docs/architecture.md: another graph than the table's; run layers.py --write-graph"]
 
 
 def room_of(path):
@@ -48,7 +77,7 @@ def includes_of(path):
     return own, foreign
 
 
-# Everything that opens or closes a scope, or ends what was before it; comments and literals are passed over.
+# Matches the marks that open or close a scope or end a declaration. Comments and literals match as a whole.
 TOKEN = re.compile(r"""//[^\n]*|/\*.*?\*/|R"\(.*?\)"|"(?:\\.|[^"\\\n])*"|'(?:\\.|[^'\\\n])'|^\#(?:[^\n]*\\\n)*[^\n]*|[{};]""",
                    re.M | re.S)
 SCOPE = re.compile(r"^(?:inline )?namespace(?: (\w+))?$")
@@ -57,7 +86,7 @@ ALIAS = re.compile(r"^(?:template <.*> )?using (\w+) = ")
 
 
 def types_of(text):
-    """The names of the types that a file defines in namespace orv and in the named namespaces inside it."""
+    """Returns the names of the types that a file defines in namespace orv and in the named namespaces inside it."""
     names, scopes, before, start = [], [], "", 0
     for token in TOKEN.finditer(text):
         before = " ".join((before + text[start:token.start()]).split())
@@ -77,7 +106,7 @@ def types_of(text):
 
 
 def type_faults(root):
-    """Two types of one name are undefined behaviour, and no tool at hand reports them reliably."""
+    """Two types with the same name are undefined behaviour, and no other tool reports them reliably."""
     homes = {}
     for file in sorted(p for folder in ("src", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")):
         for name in types_of(file.read_text(encoding="utf-8")):
@@ -86,7 +115,7 @@ def type_faults(root):
 
 
 def circle_from(start, graph, done):
-    """A round of includes that is met from `start`, or None."""
+    """Returns a cycle of includes that is reached from `start`, or None."""
     path, stack = [], [(start, iter(graph.get(start, ())))]
     path.append(start)
     while stack:
@@ -105,7 +134,7 @@ def circle_from(start, graph, done):
 
 def main():
     rooms, graph, stems = read_table(), {}, {}
-    faults = table_faults(rooms)
+    faults = table_faults(rooms) + graph_faults(rooms, "--write-graph" in sys.argv[1:])
     files = sorted(p for p in SRC.rglob("*") if p.suffix in (".h", ".cpp"))
     for file in files:
         name = str(file.relative_to(SRC))
@@ -115,25 +144,25 @@ def main():
         graph[name] = own
         stems.setdefault((file.stem, file.suffix), []).append(name)
         if room not in rooms:
-            faults.append(f"{name}: the folder {room} is no room of the table")
+            faults.append(f"{name}: the folder {room} is not in the table")
             continue
         for other in own:
             allowed = room_of(other) == room or rooms[room] == ["*"] or room_of(other) in rooms[room]
             if not allowed:
-                faults.append(f"{name}: includes {other}, which {room} may not")
+                faults.append(f"{name}: includes {other}, which {room} must not")
         if not free:
             faults += [f"{name}: includes <{header}>" for header in foreign if header not in STANDARD]
             if "catch (" in file.read_text(encoding="utf-8") and name != "logging/trap.cpp":
-                faults.append(f"{name}: catches; that is the work of logging/trap.cpp")
-    faults += [f"two files of one stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
+                faults.append(f"{name}: catches; only logging/trap.cpp does")
+    faults += [f"two files with the stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
     faults += type_faults(ROOT)
     done = set()
     for name in graph:
         circle = circle_from(name, graph, done) if name not in done else None
         if circle:
-            faults.append("circle of files: " + " -> ".join(circle))
+            faults.append("cycle of files: " + " -> ".join(circle))
             break
-    print("\n".join(faults) or f"layers: {len(files)} files in {len(rooms)} rooms, no fault")
+    print("\n".join(faults) or f"layers: {len(files)} files in {len(rooms)} modules, no fault")
     return 1 if faults else 0
 
 
