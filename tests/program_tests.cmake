@@ -1,4 +1,4 @@
-# The tests that need the libraries of the program, and most of them its tools.
+# Tests that need the libraries of the program, and mostly its tools.
 
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
@@ -8,7 +8,7 @@ orv_add_one_test(store_tool_tests store_tool private_server nlohmann_json::nlohm
 target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
-# Attacks: what another user, a row of the store, a file that was handed over, a server or the network may try.
+# Attacks by another user, a row of the store, a foreign file, a server or the network.
 orv_add_one_test(security_tests security private_server jet_reading orv_app orv_adapters_office_store
                  orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
@@ -28,7 +28,7 @@ target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_main)
 orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
 
-# A share of `./dev prove`, which takes every call and every byte; 21 so that each of the eight bits has its turn.
+# A part of `./dev prove`, which tests every call and every byte. With 21, each of the eight bits is tested.
 foreach(share "file 60" "server 60" "answers 21")
   separate_arguments(arguments UNIX_COMMAND ${share})
   list(GET arguments 0 part)
@@ -38,7 +38,7 @@ endforeach()
 
 add_subdirectory(fuzz)
 
-# Every test program but those that work the real program on a screen.
+# Every test program except those that work the real program on a screen.
 add_custom_target(unit_tests)
 get_property(programs DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
 list(FILTER programs INCLUDE REGEX "_tests$")

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// A disk that is full once a file has so many bytes.
+/// Simulates a disk that is full once a file has that many bytes.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes) {

@@ -1,8 +1,8 @@
 #pragma once
 
-// What the program relies on in a store, whatever engine is behind it. A store's test program includes this in one
-// file and instantiates StoreContract with a factory of its own. The store that the factory makes holds the tables
-// and rows of sample/sql.
+// The behaviour of every store, whatever its engine, that the program relies on. A store's test program includes this
+// file once and instantiates StoreContract with its own factory. The factory's store contains the tables and rows of
+// sample/sql.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ struct StoreUnderTest {
 
 struct StoreFactory {
     std::string name;
-    /// A fresh store with the sample's rows; it lives as long as what `keep` holds.
+    /// Returns a new store with the sample's rows, which exists as long as `keep`.
     std::function<StoreUnderTest(std::shared_ptr<void>& keep)> make;
 };
 

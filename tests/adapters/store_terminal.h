@@ -1,6 +1,6 @@
 #pragma once
 
-// A store as a terminal of the office uses it: the calls, and statements like the program's that tests share.
+// A store as a terminal uses it: the calls, and shared statements like the program's.
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ public:
     bool commit() { return call(&DbService::DbCommit); }
     bool rollback() { return call(&DbService::DbRollback); }
 
-    /// The first field of every row.
+    /// Returns the first field of every row.
     std::vector<std::string> list(const std::string& sql) {
         std::vector<std::string> items;
         EXPECT_TRUE(select(sql)) << service_.DbError().text;

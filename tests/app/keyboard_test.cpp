@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// What the keys do at some of the controls on the way; at all others they only go on.
+/// The keys pressed at some controls. At all others the test only presses Tab.
 struct Doing {
     std::string typed;
     Qt::Key key = Qt::Key_unknown;
@@ -41,7 +41,7 @@ protected:
             type(found->second.typed);
         }
     }
-    /// With Tab from the first control to Save, working on the way; tells where the keys have been.
+    /// Presses Tab from the first control to Save, does the work on the way, and returns the visited controls.
     std::vector<std::string> goThrough() {
         std::vector<std::string> way{focused()};
         for (doAt(way.back()); way.back() != "btm_Save" && way.size() < screen().controls().size();) {
@@ -51,7 +51,7 @@ protected:
         }
         return way;
     }
-    /// What the operator can stand on, in the order of Tab, from where a page starts up to Save.
+    /// Returns the focusable controls in Tab order, from the initial focus of a page up to Save.
     std::vector<std::string> standing() {
         static constexpr std::array kStarts{"txt_Group_Name", "cbo_License_No", "txt_Walk_Minutes",
                                             "chk_Management_Type_Flg(0)", "btm_ChangePage(4)"};
@@ -66,7 +66,7 @@ protected:
         names.erase(std::find(names.begin(), names.end(), "btm_Save") + 1, names.end());
         return names;
     }
-    /// Assistive technology can name whatever can have the focus, now or later.
+    /// Checks that every control that can have the focus has a name for assistive technology.
     void expectSpoken() {
         for (const QWidget* widget : paneOf(screen())->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (widget->focusPolicy() != Qt::NoFocus) {

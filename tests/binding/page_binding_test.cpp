@@ -9,7 +9,7 @@ namespace {
 
 class Binding : public SystemTest {
 protected:
-    /// A company with a value in every field that a page shows, its sites apart and its licence open.
+    /// Starts with a company that has a value in every field of a page, two different addresses and an enabled licence.
     void startFull(int page = 0) {
         sql("update TBL_CUSTOMER_INFO set SAME_CHECK = '0', PC_OFFICE_NAME = '部署', PC_POST_CODE = '220-0011', "
             "PC_ADDRESS_CODE = '14103010001', PC_ADDRESS = '横浜市', PC_ADDRESS_NUMBER = '1', PC_ADDRESS_GOU = '2', "
@@ -20,7 +20,7 @@ protected:
             "'000004601'");
         startOn(page);
     }
-    /// The fields that differ, with their values after.
+    /// Returns the changed fields with their new values.
     static std::map<std::string, std::string> differences(const CompanyRecord& before, const CompanyRecord& after) {
         std::map<std::string, std::string> found;
         for (const FieldInfo& field : kFields) {
@@ -146,7 +146,7 @@ TEST_F(Binding, APageShowsAnotherCompanyAsIfOpenedAnew) {
             };
             const CompanyRecord switched = handedOver();
             for (const int next : {number == 0 ? 1 : 0, number}) {
-                screen().ready = false;  // hands nothing over
+                screen().ready = false;  // does not copy to the record
                 turnTo(next);
             }
             EXPECT_EQ(differences(switched, handedOver()), (std::map<std::string, std::string>{})) << number << company;

@@ -11,12 +11,12 @@ protected:
     void registryIs(const std::string& text) const { writeFile(office.root() + "/registry.txt", text); }
 };
 
-/// A setting of each treatment.
+/// A setting for each way of reading one.
 struct Setting {
     std::string (*read)();
     const char* section;
     const char* key;
-    /// For the value "12".
+    /// The result for the value "12".
     std::string present;
     std::string ifEmpty;
     std::string onFailure = {};
@@ -71,7 +71,7 @@ TEST_F(Settings, OnlyAClientHasATypeOfNetwork) {
 }
 
 TEST_F(Settings, ABackslashIsAddedByTheLastByte) {
-    // 能 ends in the byte of the backslash.
+    // The last byte of 能 equals the backslash.
     for (const auto& [path, result] : std::to_array<std::pair<const char*, const char*>>(
              {{"", ""}, {"C:\\A", "C:\\A\\"}, {"C:\\A\\", "C:\\A\\"}, {"C:\\能", "C:\\能"}, {"C:\\社", "C:\\社\\"}})) {
         EXPECT_EQ(P_AddBackslash(path), result);
@@ -133,7 +133,7 @@ TEST_F(Settings, PropertiesOfTheSampleOffice) {
     EXPECT_EQ(log(), "");
 }
 
-/// Answers each operation with success, but for the one that fails.
+/// Answers every operation with success, except the one that fails.
 class ScriptedRegistry : public Registry {
 public:
     std::string failing;

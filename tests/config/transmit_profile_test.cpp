@@ -7,7 +7,7 @@ namespace {
 
 using T = TransmitInfo;
 
-/// The loader on a real table: profile 1 is filled, of profile 2 there is the key alone.
+/// Runs the loader on a real table: profile 1 is filled, profile 2 has only the key.
 class TransmitProfile : public SystemTest {
 protected:
     TransmitProfile() {
@@ -69,7 +69,7 @@ TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
     }
     EXPECT_EQ(info.DataMax, 70000);
 
-    for (const std::int16_t other : std::array<std::int16_t, 2>{2, 3}) {  // nulls, and no profile
+    for (const std::int16_t other : std::array<std::int16_t, 2>{2, 3}) {  // nulls, and a missing profile
         load(1);
         load(other);
         for (const auto* columns : {&texts, &folders}) {

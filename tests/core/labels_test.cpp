@@ -1,4 +1,4 @@
-// The handlers that nothing else injects a fault for: each ends, and is told by its own label.
+// Injects a failure into handlers that no other test covers. Each handler reports it under its own label.
 
 #include <functional>
 

@@ -11,7 +11,7 @@
 
 namespace desk {
 
-/// A virtual display, the suite's server, and an office of its own for each test.
+/// Provides a virtual display, the suite's server, and an office for each test.
 class EndToEnd : public ::testing::Test {
 protected:
     EndToEnd() {
@@ -22,7 +22,7 @@ protected:
 
     Terminal terminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
 
-    /// One with the company's first page on the screen.
+    /// Returns a terminal that shows the company's first page.
     Terminal opened(const std::string& argument = "000004601,1,0") {
         Terminal desk = terminal("DESK-01");
         desk.start(argument);
@@ -33,12 +33,12 @@ protected:
         desk.click("btm_ChangePage", page);
         ASSERT_TRUE(desk.waitForPage(page));
     }
-    /// Presses the default button of the question or notice that is on the screen.
+    /// Presses the default button of the visible question or notice.
     void answer(Terminal& desk) {
         ASSERT_TRUE(desk.waitForNotice());
         desk.key("Return");
     }
-    /// The same, and back at the page.
+    /// The same, and expects the page to be shown again.
     void answer(Terminal& desk, int page) {
         answer(desk);
         ASSERT_TRUE(desk.noticeGone());

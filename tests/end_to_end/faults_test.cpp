@@ -1,4 +1,4 @@
-// What can be wrong around the program, and what the operator, the log and the store then hold, in the real window.
+// Faults in the program's environment, and their effect on messages, log and store, in the real window.
 
 #include <sqlite3.h>
 
@@ -24,13 +24,13 @@ std::string randomBytes(std::size_t count) {
     return bytes;
 }
 
-/// The program as a user whom rights bind, in an office that is open to all until a fault closes something.
+/// Runs the program as a user without root's rights, in an office open to all users until a fault restricts it.
 class Faults : public EndToEnd {
 protected:
     Faults() { outputOf({"chmod", "-R", "a+rwX", folder_.string()}); }
     ~Faults() override { outputOf({"chmod", "-R", "u+rwX", folder_.string()}); }
 
-    /// All that the store holds, or the bytes of what is none.
+    /// Returns the store's content, or the file's bytes if it is not a store.
     std::string store() const {
         const std::string dump = outputOf({"sqlite3", office_->store().string(), ".dump"});
         return dump.size() > 100 ? dump : orv::readFile(office_->store());
@@ -98,7 +98,7 @@ const std::vector<StartFault> kStartFaults{
     {"storeReadOnly", [](const Office& o) { fs::permissions(o.store(), fs::perms(0444)); }, kCompany, "DB8",
      std::string("[ PF_DataLock ] ") + kReadOnly},
 
-    // Without settings the names of files are bare, and the store is looked for beside the program.
+    // Without settings the file names are bare, and the store is searched in the program's folder.
     {"settingsAbsent", [](const Office& o) { fs::remove(settings(o)); }, kCompany, "DBFILE01", kMissing},
     {"settingsHuge", [](const Office& o) { writeFile(settings(o), randomBytes(50'000'000)); }, kCompany, "DBFILE01",
      kMissing},

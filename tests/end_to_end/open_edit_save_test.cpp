@@ -12,7 +12,7 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
     const std::string mailFlag = field("MAIL_FLG");
     Terminal desk = opened();
     EXPECT_EQ(locks(), "000004601 DESK-01");
-    desk.signal(SIGPIPE);  // a pipe that breaks is not the end
+    desk.signal(SIGPIPE);  // a broken pipe does not end the program
     desk.enter("txt_Tanto_Name", "操作　花子");
     for (int page = 1; page < 5; ++page) {
         turnTo(desk, page);

@@ -4,7 +4,7 @@
 namespace desk {
 namespace {
 
-/// The same office, its store moved to a server.
+/// The same office with its store on a server.
 class ServerStore : public EndToEnd {
 protected:
     ServerStore() {

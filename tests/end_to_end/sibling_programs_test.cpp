@@ -8,7 +8,7 @@ namespace {
 constexpr const char* kAddressSearch = "住所検索";
 constexpr const char* kRailSearch = "沿線検索";
 
-/// The real search programs beside the real page, worked by keys.
+/// Runs the real search programs next to the real page, by keys.
 class SiblingPrograms : public EndToEnd {
 protected:
     void openSearch(const std::string& button, const std::string& title) {
@@ -20,12 +20,12 @@ protected:
         answer(desk, page);
         EXPECT_EQ(office_->errLog(), "");
     }
-    /// What is typed now goes to the field where the search has left the clerk.
+    /// Types into the field that has the focus after the search.
     void typeOver(const std::string& text) {
         desk.key("ctrl+a");
         desk.typeAscii(text);
     }
-    /// The page is at the clerk's disposal again, at the house number, with the address as before.
+    /// Expects the page to accept input at the house number, with the old address.
     void expectUsable(const std::string& number) {
         ASSERT_TRUE(desk.waitForPage(0));
         desk.toFront();

@@ -28,7 +28,7 @@ std::string tookLine(std::string& rest) {
     return line;
 }
 
-/// The settings reader: section and key on the first two lines, the file behind them.
+/// Tests the settings reader. Section and key are the first two lines; the file follows.
 void feedSettings(const std::string& bytes) {
     static const Cp932 codePage;
     static const FixedFacts facts;
@@ -42,13 +42,13 @@ void feedSettings(const std::string& bytes) {
     const IniReader reader(files, codePage, facts);
     const std::string value = reader.GetPrivateProfileString(section, key, kFile);
     require(value == toUtf8(toCharacters(value)), "a value is valid UTF-8");
-    // Counted in the file's bytes: one that is no character has become a longer one.
+    // Counts bytes in the file, because a byte that is not a character becomes a longer one.
     require(toCharacters(value).size() <= kLongestValue, "a value is cut");
     require(value.find_first_of("\r\n") == std::string::npos, "a value is of one line");
     static_cast<void>(reader.GetPrivateProfileString("PATH", "SYS", file));
 }
 
-/// Bytes in the code page and texts in UTF-8: each way back loses no more than the first way did.
+/// Tests the code page in both directions. Converting back loses no more than the first conversion did.
 void feedCodePage(const std::string& bytes) {
     static const Cp932 codePage;
     const std::string text = codePage.decode(bytes);
@@ -69,7 +69,7 @@ public:
     }
 };
 
-/// The message file, and a message of it shown with values that come from outside as well.
+/// Tests the message file, and a message from it with values from outside.
 void feedMessageTable(const std::string& bytes) {
     static const Cp932 codePage;
     constexpr const char* kFile = "C:\\ORV\\SYS\\MSG.TBL";
@@ -88,7 +88,7 @@ void feedMessageTable(const std::string& bytes) {
     require(messages.ShowMessage("COS20001", {}) && messages.LastAnswer() == 1, "a question stays a question");
 }
 
-/// The help file: whatever stands in it, its text is shown or the failure has a text.
+/// Tests the help file. Its text is shown, or the failure has a text.
 void feedHelp(const std::string& bytes) {
     static const Cp932 codePage;
     static const FixedFacts facts;
@@ -103,7 +103,7 @@ void feedHelp(const std::string& bytes) {
 
 void read(const PictureFiles& pictures, const std::string& path, const std::string& target) {
     const PictureInfo info = pictures.info(path);
-    // Decoding of many claimed pixels is bounded, but would leave no time to look for faults.
+    // Decoding many claimed pixels is limited, but would take too long here.
     constexpr std::int64_t kWorthTrying = 4'000'000;
     if (std::int64_t{info.width} * info.height > kWorthTrying) {
         return;
@@ -114,7 +114,7 @@ void read(const PictureFiles& pictures, const std::string& path, const std::stri
     static_cast<void>(pictures.load(target));
 }
 
-/// Any bytes are a picture or a failure with a text: header, decoding, sizing and saving.
+/// Tests pictures: header, decoding, resizing and saving. Any input is a picture or a failure with a text.
 void feedPicture(const std::string& bytes) {
     static PictureFolder folder;
     static const PictureFiles pictures(folder);
@@ -126,7 +126,7 @@ void feedPicture(const std::string& bytes) {
     }
 }
 
-/// The server's answer to a company: the id in it goes into statements, file names and an argument as it stands.
+/// Tests the server's answer to a company. Its id is used unchanged in statements, file names and an argument.
 void feedServerAnswer(const std::string& bytes) {
     const auto id = idInAnswer(bytes);
     if (id) {
@@ -142,14 +142,14 @@ std::string withoutQuotes(std::string sql) {
     return sql;
 }
 
-/// A statement on its way into the engine: only names of calls change, and only by their quotes.
+/// Tests a statement before the engine. Only quotes around names of calls change.
 void feedStatement(const std::string& bytes) {
     const std::string once = quoteLeftCalls(bytes);
     require(withoutQuotes(once) == withoutQuotes(bytes), "nothing but quotes changes");
     require(quoteLeftCalls(once) == once, "a quoted call is quoted");
 }
 
-/// Dates as the pages hold them: what is read as a date is one, and reads the same in western years.
+/// Tests dates of the pages. A text read as a date is valid, and means the same in Western years.
 void feedEraDate(const std::string& bytes) {
     const EraCalendar calendar;
     const auto date = calendar.dateOf(bytes);

@@ -10,29 +10,29 @@
 
 namespace orv::test {
 
-/// One door through which bytes come from outside. `run` feeds it any bytes and throws when what must hold does not.
+/// An entry point for bytes from outside. `run` feeds it any bytes and throws if a required property fails.
 struct FuzzTarget {
     std::string_view name;
     void (*run)(const std::string& bytes);
-    /// What to begin with, and what once was a fault.
+    /// Initial inputs, including those that once revealed a fault.
     std::vector<std::string> seeds;
 };
 
 inline void PrintTo(const FuzzTarget& target, std::ostream* stream) { *stream << target.name; }
 
-/// The doors that take bytes by themselves.
+/// Returns the entry points that accept bytes directly.
 std::vector<FuzzTarget> byteTargets();
-/// Every door.
+/// Returns all entry points.
 std::vector<FuzzTarget> fuzzTargets();
 
-/// What must hold whatever comes. Not for use where the system's trap is around it.
+/// Checks a property that must hold for any input. Do not use inside the system's trap.
 inline void require(bool holds, const char* what) {
     if (!holds) {
         throw std::logic_error(what);
     }
 }
 
-/// Valid UTF-8 without control characters but those given.
+/// True for valid UTF-8 without control characters, except those given.
 inline bool isShowable(std::string_view text, std::string_view controls = "") {
     const std::u32string characters = toCharacters(text);
     return toUtf8(characters) == text && std::ranges::all_of(characters, [&](char32_t c) {

@@ -1,4 +1,4 @@
-// The doors into the whole system.
+// Entry points of the whole system.
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -10,7 +10,7 @@
 namespace orv::test {
 namespace {
 
-/// The whole system without a screen.
+/// Runs the whole system without a screen.
 class OfficeRun : public SystemTest {
 public:
     void TestBody() override {}
@@ -18,8 +18,8 @@ public:
 
 std::unique_ptr<OfficeRun> theOffice;
 
-/// The office of a target, one for all of its inputs. There is one at a time; the last one goes before what it rests
-/// on.
+/// Returns a target's office, shared by all its inputs. Only one exists at a time, and the previous one is destroyed
+/// first.
 template <class Office>
 Office& officeOf() {
     if (dynamic_cast<Office*>(theOffice.get()) == nullptr) {
@@ -53,9 +53,9 @@ private:
     std::string tables_ = one(kTables);
 };
 
-/// The argument string: a page is shown, or the operator told; the store's tables stand whatever the string holds.
+/// Tests the argument string. A page or a message is shown, and the store's tables are unchanged.
 void feedArgument(const std::string& bytes) {
-    // Longer ones are only slower: the statement that they go into is refused all the same.
+    // Longer ones are only slower, because their statement is rejected as well.
     if (bytes.size() <= 4096) {
         officeOf<Starts>().runWith(bytes);
     }
@@ -99,8 +99,8 @@ private:
     }
 };
 
-/// What a search program says, line by line, to a page that waits for it. The handles of the fields are written as 1 to
-/// 3, that of the button as 4.
+/// Tests the lines that a search program sends to a waiting page. The handles of the fields are written as 1 to 3, that
+/// of the button as 4.
 void feedSibling(const std::string& bytes) { officeOf<Searches>().hear(bytes); }
 
 }  // namespace

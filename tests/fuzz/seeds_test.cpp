@@ -1,4 +1,4 @@
-// The seeds of every target, whole and cut off, without a fuzzer.
+// Runs the seeds of every target, whole and truncated, without a fuzzer.
 #include <gtest/gtest.h>
 
 #include <algorithm>

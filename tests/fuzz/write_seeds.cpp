@@ -1,4 +1,4 @@
-// write_seeds FOLDER: the seeds of each target into a folder of its own, for the fuzzer to begin with.
+// write_seeds FOLDER: writes the seeds of each target to its own folder, as the fuzzer's initial inputs.
 #include "fuzz/fuzz_target.h"
 #include "support/temp_folder.h"
 

@@ -1,4 +1,4 @@
-// Code that runs as soon as it is loaded into a process, and leaves a mark.
+// Runs as soon as it is loaded into a process, and creates a file as proof.
 
 #include <cstdio>
 #include <cstdlib>

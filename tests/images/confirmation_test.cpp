@@ -17,7 +17,7 @@ protected:
     void during(const Script& script) {
         windows.onModal("frm_ImgCommon", [script](Form& form) { script(dynamic_cast<frm_ImgCommon&>(form)); });
     }
-    /// The target that comes back, or the pair.
+    /// Returns the resulting target, or the pair.
     std::string fit() {
         std::string target = kWork;
         return PF_ImeResize(source, image, target) ? target : pair();
@@ -68,7 +68,7 @@ TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
     }
 }
 
-/// What is left of the window without the fixed margins goes to the controls; nothing left, nothing changed.
+/// The window without the fixed margins is divided among the controls. If the result is not positive, nothing changes.
 TEST_F(Confirmation, FollowsTheWindow) {
     during([](frm_ImgCommon& form) {
         struct Case {

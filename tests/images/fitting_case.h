@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// A picture to fit, in a file outside the office's drives as a clerk has it, and the control of page 2 to fit it in.
+/// A picture in a file outside the office's drives, as clerks keep them, and page 2's control for fitting.
 class FittingTest : public SystemTest {
 protected:
     static constexpr const char* kWork = "C:\\ORV\\TMP\\WorkImg";
@@ -14,7 +14,7 @@ protected:
         gImgSrcFile = source;
         gImgDstFile = kWork;
     }
-    /// What the header of the picture says.
+    /// Sets the data in the picture's header.
     void picture(int width, int height, std::int32_t size = 1000) {
         pictures.script.unwritten = {.sizeDisk = size, .width = width, .height = height, .bits = 24, .format = 7};
     }

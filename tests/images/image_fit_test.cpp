@@ -20,7 +20,7 @@ TEST_F(ImageFit, TheSideThatIsFurtherOutDecidesAndTheOtherFollows) {
              {640, 481, 640, 480, "639x480"},
              {1600, 1200, 640, 480, "640x480"},
              {3000, 4000, 640, 480, "360x480"},
-             // A half goes to the even neighbour.
+             // A half is rounded to the even neighbour.
              {200, 101, 100, 100, "100x50"},
              {200, 103, 100, 100, "100x52"},
              {800, 400, 65534, 32768, "copied"},

@@ -8,8 +8,8 @@
 namespace orv {
 namespace {
 
-/// What the search relies on, of the real encoder. ORV_LIMIT_WHOLE=1: the photos at the size that they are mostly
-/// brought to.
+/// Checks the assumptions of the search on the real encoder. ORV_LIMIT_WHOLE=1 uses the photos at their usual fitted
+/// size.
 class PhotoLimits : public FittingTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(PhotoLimits, AFileNeverGrowsAsTheFactorRises) {
@@ -34,7 +34,7 @@ INSTANTIATE_TEST_SUITE_P(Photos, PhotoLimits,
 
 class QualitySearch : public FittingTest {
 protected:
-    /// The factors that are tried where all from `first` on fit, the last of them chosen.
+    /// Returns the factors tried if all from `first` on fit. The last one is the result.
     std::vector<int> tried(int first) {
         image.load(source);
         pictures.script.written[kWork] = {.sizeDisk = 1 << 20, .width = 640, .height = 480, .bits = 24, .format = 7};

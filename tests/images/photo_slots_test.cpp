@@ -16,7 +16,7 @@ protected:
         form.btm_PhotoSelect[slot].press();
     }
     void drop(std::size_t slot, const std::string& file) { form.pic_PhotoFile[slot].drop(file); }
-    /// The operator's decision in the next confirmation dialog.
+    /// Sets the operator's decision in the next confirmation dialog.
     void decide(const std::string& button, const std::function<void()>& meanwhile = {}) {
         windows.onModal("frm_ImgCommon", [button, meanwhile](Form& dialog) {
             if (meanwhile) {
@@ -149,7 +149,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
     }
 }
 
-/// Where no message can be shown, the button's failure is told by a box of the machine, the drop's by the log alone.
+/// If no message can be shown, a plain box shows the button's failure, and the log has that of the drop.
 TEST_F(PhotoSlotsTest, WhatNoMessageCanTell) {
     messages.failure = Failure::Internal;
     files.refuse(kSlotFiles[0], Failure::DiskFull);

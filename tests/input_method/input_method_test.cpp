@@ -1,4 +1,4 @@
-// Works the program with a real input method: what is on the screen must be in the store after a save.
+// Works the program with a real input method. After a save the store must contain the text on the screen.
 #include <cstdlib>
 
 #include "end_to_end/end_to_end.h"
@@ -100,8 +100,8 @@ TEST_P(Composing, WhatIsOnTheScreenIsStored) {
     EXPECT_EQ(office_->errLog(), "");
 }
 
-/// Without a pause between the last key and the click, on a field above: the list of candidates covers those below.
-/// `./dev compose RUNS` tries it as often as that.
+/// Clicks directly after the last key, on a field above, because the candidates cover those below. `./dev compose RUNS`
+/// repeats it that often.
 TEST_P(Composing, TheNextFieldTakesNothingOfTheLast) {
     const char* told = std::getenv("ORV_COMPOSE_RUNS");
     const int runs = told == nullptr ? 5 : std::atoi(told);

@@ -6,13 +6,13 @@
 namespace orv {
 namespace {
 
-/// Statements that the real store takes, seen by what the tables hold afterwards.
+/// Runs the statements on the real store and compares the tables.
 class Statements : public SystemTest {
 protected:
     Statements() { openStore(); }
     ~Statements() override { closeStore(); }
 
-    /// Every text field holds `sign` and its own name, so that a value in a wrong column shows.
+    /// Puts `sign` and the field's own name in every text field, so that a value in a wrong column is detected.
     static void fill(const std::string& sign) {
         for (const FieldInfo& field : kFields) {
             if (field.text != nullptr && field.name != "USER_ID") {
@@ -25,7 +25,7 @@ protected:
         store.DbExecute(gConn, sql, count);
         EXPECT_EQ(count, 1) << sql;
     }
-    /// Each column holds its field's value, but for those that are given.
+    /// Expects each column to contain its field's value, except those given.
     void expectStored(const std::string& userId, std::map<std::string_view, std::string> others) {
         for (const FieldInfo& field : kFields) {
             const std::string name(field.name);

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Writes a Jet database for the tests: jet_file.py STORE VERSION FILE [--loop].
 
-The tables of STORE, a SQLite file, become those of FILE, of version 3 or 4; a blob stands for the bytes of a text as they
-are, and a column with a long text becomes one of long texts. Each table also holds two copies of its first row, one
-deleted and one left behind, and its last row has moved. With --loop the first part of each long text is followed by itself.
+Copies the tables of STORE, a SQLite file, to FILE, of version 3 or 4. A blob contains the unchanged bytes of a text. A
+column with a long text becomes one of long texts. Each table also contains two copies of its first row, one deleted and
+one abandoned, and its last row has moved. With --loop the first part of each long text is followed by itself.
 """
 import sqlite3
 import struct
@@ -19,7 +19,7 @@ DELETED = MOVED | FROM_ELSEWHERE
 
 
 class Layout:
-    """Where the engine's version keeps what."""
+    """The offsets in the pages of an engine's version."""
 
     def __init__(self, jet):
         self.jet4 = jet == 4
@@ -47,7 +47,7 @@ def rc4(key, data):
 
 
 def compressed(units):
-    """Latin letters as one byte each, a zero byte turning to two bytes and back; None where that is not possible."""
+    """Returns Latin letters as one byte each, with a zero byte to switch to two bytes and back, or None if impossible."""
     out, narrow = bytearray(b"\xff\xfe"), True
     for at in range(0, len(units), 2):
         low, high = units[at], units[at + 1]
@@ -115,7 +115,7 @@ class JetFile:
         return number
 
     def put_row(self, number, row, flags=0):
-        """The row's place in the page; None where there is no more room."""
+        """Returns the row's place in the page, or None if there is no space."""
         page, at = self.pages[number], self.layout.rows_at
         count = struct.unpack_from("<H", page, at)[0]
         end = struct.unpack_from("<H", page, at + 2 * count)[0] & 0x1FFF if count else self.layout.page
@@ -129,7 +129,7 @@ class JetFile:
         return number << 8 | count
 
     def long_value(self, data):
-        """In the row, in one page, or in a chain of pages, as its length asks."""
+        """Stores a text in the row, in one page, or in a chain of pages, by its length."""
         most = self.layout.page - 200
         if len(data) <= 64:
             return struct.pack("<IIi", len(data) | 0x80000000, 0, 0) + data
@@ -257,7 +257,7 @@ class JetFile:
             number, rest = following, rest[size - 8:]
 
     def write(self, path):
-        self.kept = [4, 3]  # for the catalog, so that a file that is cut short still has it
+        self.kept = [4, 3]  # for the catalog, so that a truncated file still contains it
         self.add_table("MSysObjects", CATALOG, list(self.objects), page=2)
         with open(path, "wb") as file:
             file.write(b"".join(self.pages))

@@ -23,7 +23,7 @@ protected:
         return shared;
     }
 
-    /// `before`: what the shell does first, such as setting limits, or a command that runs the tool.
+    /// `before` is shell code that runs first, such as setting limits, or a command that runs the tool.
     Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
         writeFile(folder.file("in"), input);
         const std::string command =
@@ -35,14 +35,14 @@ protected:
     nlohmann::json json(const std::string& arguments) const {
         return nlohmann::json::parse(tool(arguments + " --json").out, nullptr, false);
     }
-    /// A file that names a database of the server, made new for it.
+    /// Returns a file that names a new database of the server.
     std::string onServer(const std::string& name, const std::string& createdFrom) const {
         server().sql("postgres", "DROP DATABASE IF EXISTS " + name);
         server().sql("postgres", "CREATE DATABASE " + name + " TEMPLATE " + createdFrom);
         writeFile(folder.file(name), server().text(name) + "\n");
         return name;
     }
-    /// What is in `office`, as a file of that version of the older engine.
+    /// Writes the content of `office` as a file of that version of the older engine.
     void makeJet(int version, const std::string& name = "old.mdb", const std::string& option = "") const {
         const std::string command = "python3 '" JET_WRITER "' '" + office + "' " + std::to_string(version) + " '" +
                                     folder.file(name) + "' " + option;

@@ -25,7 +25,7 @@ TEST_F(StoreTool, WhatIsNoStoreFailsInEveryCommandAndChangesNothing) {
     std::filesystem::create_directory(folder.file("drawer"));
     writeFile(folder.file("secret"), readFile(office));
     std::filesystem::permissions(folder.file("secret"), std::filesystem::perms::none);
-    // The owner of the machine reads everything; not so without these powers.
+    // Root can read everything, so these capabilities are dropped.
     const std::string powerless = ::geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
     const auto before = names();
     const std::string good = readFile(office);
@@ -165,7 +165,7 @@ TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
     const auto before = json("check target");
     onServer("busy", "sample");
     const std::string asked = server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO");
-    // No file grows beyond a few KB: an error for the one, the end of the process for the other.
+    // Limits files to a few KB, which is an error in the first case and ends the process in the second.
     for (const std::string limit : {"trap '' XFSZ; ulimit -f 16; ", "ulimit -c 0; ulimit -f 16; "}) {
         for (const std::string arguments : {"create new", "backup office new", "copy office new", "restore new office",
                                             "copy busy new", "import old.mdb new", "restore target office --yes",

@@ -1,6 +1,6 @@
 #pragma once
 
-// The real store, files and settings, each of which a test can break.
+// The real store, files and settings, with failures that a test injects.
 
 #include <functional>
 #include <map>
@@ -17,8 +17,8 @@
 
 namespace orv {
 
-/// Forwards to the real store and keeps what was asked of it; the operations that a test names fail. A failed close or
-/// rollback has been done all the same, so that nothing stays behind in the real store.
+/// Forwards to the real store and records the calls; the operations that a test names fail. A failed close or rollback
+/// is carried out, so that the real store has no leftovers.
 class FailingStore : public DbService {
 public:
     enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit };
@@ -27,8 +27,7 @@ public:
 
     static FailureRecord failure() { return {"ストアの故障", "DB:77"}; }
 
-    /// From now on the `nth` call of that kind fails whose statement contains `part`; every further one too when
-    /// `again`.
+    /// Makes the `nth` call of that kind fail whose statement contains `part`, and every later one if `again`.
     void fail(Call call, const std::string& part = "", int nth = 1, bool again = false) {
         faults_.push_back({call, part, nth, again});
     }
@@ -36,17 +35,17 @@ public:
         faults_.clear();
         raised.reset();
     }
-    /// What fails raises this instead, as no store should.
+    /// If set, a failing call throws this instead, which no store should.
     std::optional<Failure> raised;
-    /// Why a rollback fails.
+    /// The failure of a rollback.
     FailureRecord ofRollback = failure();
 
-    /// Sees each statement before it runs.
+    /// Called with each statement before it runs.
     std::function<void(const std::string& sql)> watch;
 
-    /// The statements that were handed over, in order, selects too.
+    /// All statements in order, including selects.
     std::vector<std::string> statements;
-    /// Connections that are open.
+    /// The number of open connections.
     int open = 0;
 
     FailureRecord DbError() const override { return injected_ ? told_ : real_.DbError(); }
@@ -137,7 +136,7 @@ private:
     FailureRecord told_ = failure();
 };
 
-/// Real files. A path that a test refuses can't be copied to or removed, one that it hides can't be looked at.
+/// Real files. Paths that a test rejects cannot be copied to or removed, and hidden ones cannot be checked.
 class WatchedFiles : public PosixFiles {
 public:
     using PosixFiles::PosixFiles;
@@ -165,7 +164,7 @@ private:
     std::set<std::string> hidden_;
 };
 
-/// The settings of a real file, but for those that a test sets, by section and key.
+/// The settings of a real file, except those that a test sets, by section and key.
 class OverriddenProfiles : public ProfileReader {
 public:
     explicit OverriddenProfiles(const ProfileReader& real) : real_(real) {}

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The number of the run-time failure that `body` ends in, 0 when it ends well.
+/// Returns the number of the run-time failure that `body` throws, or 0.
 template <class Body>
 int failureOf(const Body& body) {
     try {

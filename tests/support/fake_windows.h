@@ -15,7 +15,7 @@
 
 namespace orv {
 
-/// Shows nothing and takes every notice for answered by its first button.
+/// Shows nothing and answers every notice with its first button.
 class NoWindows : public WindowSystem {
 public:
     void open(Form&) override {}
@@ -32,11 +32,11 @@ public:
     void repaint() override {}
 };
 
-/// Shows nothing. The test says beforehand what the operator does in each open dialog and modal form. One that the test
-/// has not foreseen fails it, and so does a question, and a modal form that its script leaves open.
+/// Shows nothing. The test defines in advance the operator's action in each open dialog and modal form. An unexpected
+/// dialog or question fails the test, and so does a modal form that remains open.
 class ScriptedWindows : public NoWindows {
 public:
-    /// What the operator does in a modal form; the form must be unloaded at the end.
+    /// The operator's actions in a modal form. The form must be unloaded at the end.
     using Script = std::function<void(Form&)>;
 
     ~ScriptedWindows() override {
@@ -46,22 +46,22 @@ public:
         }
     }
 
-    /// For one opening of the form.
+    /// Applies to one opening of the form.
     void onModal(const std::string& form, Script script) { scripts_[form].push_back(std::move(script)); }
 
-    /// The file that the operator picks in the next open dialog; nothing: cancels it.
+    /// Sets the file chosen in the next open dialog; nothing cancels it.
     void pick(std::optional<std::string> file) { picks_.push_back(std::move(file)); }
-    /// What happens while the program lets the windows be painted.
+    /// Called while the program lets the windows be painted.
     std::function<void()> onRepaint;
 
     /// Every open dialog.
     std::vector<FileQuestion> questions;
-    /// Every notice, those with a single button too.
+    /// Every notice, including those with a single button.
     std::vector<Notice> notices;
     /// "open frm_CompInp0" and the like, in order.
     std::vector<std::string> calls;
     int repaints = 0;
-    /// "open" or "show": that fails.
+    /// "open" or "show": this operation fails.
     std::string broken;
 
     void open(Form& form) override { record("open", form); }

@@ -39,7 +39,7 @@ namespace orv {
 using Texts = std::vector<std::string>;
 using Call = FailingStore::Call;
 
-/// A copy of the sample office on the disk: its folders, its settings, its registry, its store.
+/// A copy of the sample office on the disk: folders, settings, registry, store.
 struct OfficeCopy {
     OfficeCopy() {
         std::filesystem::copy(kSampleFolder, folder.path(), std::filesystem::copy_options::recursive);
@@ -51,8 +51,8 @@ struct OfficeCopy {
     TempFolder folder;
 };
 
-/// The whole system without a screen, on a copy of the sample office: real store, files, settings and text checks, each
-/// of which a test can break; no server, no other program, no operator but the test.
+/// The whole system without a screen, on a copy of the sample office. Store, files, settings and text checks are real,
+/// and a test can make each fail. There is no server and no other program.
 class SystemTest : public testing::Test {
 protected:
     static constexpr const char* kCompany = "000004601";
@@ -95,7 +95,7 @@ protected:
         logFiles() = {};
     }
 
-    /// What ends with the process: the forms and all that lives for a run.
+    /// Deletes the forms and all state that ends with the process.
     void endRun() {
         PF_Form_Clean();
         forms.sweep();
@@ -105,12 +105,12 @@ protected:
         theContext = {};
     }
 
-    /// As the menu program starts it.
+    /// Starts the program as the menu program does.
     void start(const std::string& tail = "000004601,1,0") {
         services().commandTail = tail;
         Main();
     }
-    /// Starts and goes to that page; what was shown before is forgotten.
+    /// Starts, goes to that page and clears the recorded messages.
     PageForm& startOn(int page, const std::string& tail = "000004601,1,0") {
         messages.shown.clear();
         start(tail);
@@ -120,7 +120,7 @@ protected:
         EXPECT_EQ(shownIds(), Texts{});
         return screen();
     }
-    /// The page on the screen.
+    /// Returns the visible page.
     PageForm& screen() {
         Form* active = forms.activeForm();
         EXPECT_NE(active, nullptr) << "no page on the screen";
@@ -131,12 +131,12 @@ protected:
     void leave() { screen().btm_Back_Menu.press(); }
     void closeBox() { forms.unload(screen(), UnloadMode::CloseBox); }
     void choose(const std::string& userId) { screen().cbo_User_Id.setText(userId); }
-    /// What the operator answers to the next question: 1 keeps the present state.
+    /// Sets the answer to the next question: 1 keeps the present state.
     void answer(std::int32_t number) { messages.answers.push_back(number); }
 
-    /// The company into the record, as the start does it.
+    /// Loads the company into the record as the start does.
     void load(const std::string& userId = kCompany) { ASSERT_TRUE(PF_GetCompanyData(userId)) << gErrMsg; }
-    /// A connection for routines that expect one.
+    /// Opens a connection for routines that need one.
     void openStore() {
         bool ok = false;
         store.DbOpen(gConn, com().MdbOrvEstateDB(), ok);
@@ -147,9 +147,9 @@ protected:
         store.DbClose(gConn, ok);
     }
 
-    /// Changes the store behind the program's back.
+    /// Changes the store without the program.
     void sql(const std::string& text) { runSql(office.store(), text); }
-    /// The rows of a select behind the program's back, columns joined with "|".
+    /// Returns the rows of a select without the program, columns joined with "|".
     Texts rows(const std::string& select) { return rowsOf(office.store(), select); }
     std::string one(const std::string& select) {
         const Texts found = rows(select);
@@ -161,11 +161,11 @@ protected:
     std::string add(const std::string& column, const std::string& userId = kCompany) {
         return one("select " + column + " from TBL_CUSTOMER_ADD where USER_ID = '" + userId + "'");
     }
-    /// "USER_ID holder" of each lock but the sample's own.
+    /// Returns "USER_ID holder" of each lock except the sample's own.
     Texts locks() {
         return rows("select USER_ID || ' ' || LOCAL_INFO from TBL_LOCK where LOCAL_INFO <> 'FRONT-PC02' order by 1");
     }
-    /// Everything that the store holds, to see that nothing changed.
+    /// Returns the whole content of the store, to detect changes.
     Texts everything() {
         Texts all;
         for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
@@ -179,7 +179,7 @@ protected:
         const std::string path = com().LogErrFile();
         return files.exists(path) ? codePage.decode(files.read(path, 1 << 20)) : std::string();
     }
-    /// A record of the log at the clock's time.
+    /// Returns a log record at the clock's time.
     std::string record(const std::string& code, const std::string& text) const {
         return toText(Value(clock.now())) + "," + code + "," + text + "\r\n";
     }
@@ -190,13 +190,13 @@ protected:
         }
         return ids;
     }
-    /// The one message since the last look was that, with those values.
+    /// Expects exactly this one message since the last check, with these values.
     void expectShown(const std::string& id, const Values& args) {
         ASSERT_EQ(shownIds(), Texts{id});
         EXPECT_EQ(messages.shown.front().args, args);
         messages.shown.clear();
     }
-    /// An event was reported: shown, logged, cleared.
+    /// Expects an event's failure to be shown, logged and cleared.
     void expectReported(const std::string& code, const std::string& text, const std::string& id = "COSERR01") {
         expectShown(id, {code, text});
         EXPECT_TRUE(log().ends_with(record(code, text))) << log();

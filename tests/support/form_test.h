@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// What controls and forms ask for: the code page, a form host, and windows that nobody sees.
+/// The services that controls and forms need: the code page, a form host, and invisible windows.
 class FormTest : public testing::Test {
 protected:
     FormTest() {

@@ -1,6 +1,6 @@
 #pragma once
 
-// What the program asks of a computer, in memory.
+// In-memory replacements for the services of a computer.
 
 #include <map>
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// A path, a section or a key as the fakes compare them: letters without regard to case.
+/// Returns a path, section or key for case-insensitive comparison.
 inline std::string folded(std::string name) {
     for (char& letter : name) {
         if (letter >= 'A' && letter <= 'Z') {
@@ -20,7 +20,7 @@ inline std::string folded(std::string name) {
     return name;
 }
 
-/// Files in memory, to be read. Every folder exists.
+/// Readable files in memory. Every folder exists.
 class MemoryFiles : public FileSystem {
 public:
     void put(const std::string& path, std::string bytes) { files_[folded(path)] = std::move(bytes); }
@@ -62,7 +62,7 @@ private:
     std::map<std::string, std::string> files_;
 };
 
-/// For those who ask for the native place of a path only.
+/// For tests that need only native paths.
 using NativePaths = MemoryFiles;
 
 inline NativePaths& nativePaths() {

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The machine's own files by their own paths.
+/// The machine's own files with their native paths.
 class NativeFiles : public PosixFiles {
 public:
     NativeFiles() : PosixFiles(noInstall()) {}

@@ -11,7 +11,7 @@
 
 namespace orv {
 
-/// What the controls of a test sent, and what they are answered. An empty queue answers 200 "OK".
+/// The requests sent by a test's controls, and the answers. An empty queue answers 200 "OK".
 struct HttpScript {
     struct Sent {
         std::string file;
@@ -64,7 +64,7 @@ private:
     HttpScript::Answer answer_;
 };
 
-/// What goes into `Services::http`.
+/// Returns the value for `Services::http`.
 inline std::function<std::unique_ptr<HttpControl>()> recordedHttp(HttpScript& script) {
     return [&script] { return std::make_unique<RecordedHttp>(script); };
 }

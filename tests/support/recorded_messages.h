@@ -11,7 +11,7 @@
 
 namespace orv {
 
-/// Shows nothing; keeps what was shown and answers from a queue, with 0 ("go on") when it is empty.
+/// Shows nothing, records the messages and answers from a queue, or with 0 ("go on") if it is empty.
 class RecordedMessages : public MessageService {
 public:
     struct Shown {
@@ -23,11 +23,11 @@ public:
 
     std::vector<Shown> shown;
     std::deque<std::int32_t> answers;
-    /// No message can be shown: the result is false, the answer 1, and this is why.
+    /// If set, no message can be shown: the result is false, the answer 1, and this is the failure.
     std::optional<FailureRecord> refusal;
-    /// The service itself breaks.
+    /// If set, the service itself throws this.
     std::optional<Failure> failure;
-    /// While a message is on the screen.
+    /// Called while a message is shown.
     std::function<void()> onShow;
 
     FailureRecord ErrorInfo() const override { return refusal.value_or(FailureRecord{}); }

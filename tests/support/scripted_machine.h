@@ -16,7 +16,7 @@
 
 namespace orv {
 
-/// Stands still until it is set.
+/// A clock that changes only when it is set.
 class FixedClock : public Clock {
 public:
     DateTime moment{.year = 2026, .month = 5, .day = 4, .hour = 9, .minute = 8, .second = 7};
@@ -32,12 +32,12 @@ public:
     std::string GetWindowsDirectory() const override { return "C:\\WINDOWS"; }
 };
 
-/// A computer whose measurements a test chooses. An operation in `refused` fails: "os", "memory", "ip", "disk C:\" and
+/// A computer with measurements chosen by a test. Operations in `refused` fail: "os", "memory", "ip", "disk C:\" and
 /// the like, or the name of a registry value.
 class ScriptedSysInfo : public SysInfoService {
 public:
     std::set<std::string> refused;
-    /// In the order in which they were asked, registry values as "root key name".
+    /// The calls in order, registry values as "root key name".
     std::vector<std::string> asked;
 
     FailureRecord SysError() const override { return {"測定の故障", "SYS:1"}; }
@@ -72,15 +72,15 @@ private:
     }
 };
 
-/// What a picture library of a test does with the pictures of its files.
+/// The behaviour of a test's picture library.
 struct PictureScript {
-    /// What the header of a file says that was not written here.
+    /// The header of every file that was not written here.
     PictureInfo unwritten{.sizeDisk = 1000, .width = 640, .height = 480, .bits = 24, .format = 1};
-    /// The size of a file that is written with that quality factor.
+    /// Returns the size of a file written with that quality factor.
     std::function<std::int32_t(int)> sizeAt = [](int) { return 1000; };
     /// Writes the bytes of a file.
     std::function<void(const std::string& path, const std::string& bytes)> write;
-    /// The operations that fail: "info", "load", "size", "save"; with the text of what is no picture.
+    /// The operations that fail, with the text for an invalid picture: "info", "load", "size", "save".
     std::set<std::string> broken;
 
     std::map<std::string, PictureInfo> written;
@@ -94,7 +94,7 @@ struct PictureScript {
     }
 };
 
-/// A picture of a size; red on its left half, blue on its right.
+/// A picture that is red on its left half and blue on its right.
 class BlankPicture : public Picture {
 public:
     BlankPicture(PictureScript& script, int width, int height) : script_(script), width_(width), height_(height) {}
@@ -125,7 +125,7 @@ private:
     int height_;
 };
 
-/// Every file is a picture.
+/// Treats every file as a picture.
 class BlankPictures : public PictureLibrary {
 public:
     mutable PictureScript script;

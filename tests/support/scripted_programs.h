@@ -1,6 +1,6 @@
 #pragma once
 
-// What stands for the programs beside this one: the menu, the searches, the sender.
+// Replacements for the other programs: the menu, the searches, the sender.
 
 #include <functional>
 #include <optional>
@@ -15,7 +15,7 @@
 
 namespace orv {
 
-/// Starts nothing; keeps the command lines. With `failure` set, a start fails with it and is not kept.
+/// Starts nothing and records the command lines. If `failure` is set, a start fails with it and is not recorded.
 class StartedPrograms : public ProgramStarter {
 public:
     std::vector<std::string> commandLines;
@@ -29,7 +29,7 @@ public:
     }
 };
 
-/// Starts nothing: the test speaks for the program. With `failure` set, a start fails with it.
+/// Starts nothing; the test acts as the program. If `failure` is set, a start fails with it.
 class ScriptedSibling : public SiblingDesk {
 public:
     std::vector<std::string> commandLines;
@@ -46,7 +46,7 @@ public:
     void dismiss() override { calls_.reset(); }
 
     bool listenedTo() const { return calls_.has_value(); }
-    // A call works on its own copy, as the program may be dismissed in it.
+    // Calls a copy, because the call can dismiss the program.
     bool setText(std::uint32_t handle, const std::string& text) const {
         const auto calls = calls_;
         return calls && calls->setText(handle, text);
@@ -65,12 +65,12 @@ private:
     std::optional<SiblingCalls> calls_;
 };
 
-/// What the server stand-in of a test answers, and what it was told.
+/// The answers of a test's server stand-in, and the data sent to it.
 struct SendScript {
     bool takes = true;
     std::string id = "000004601";
     FailureRecord error{"サーバーの故障", "SEND:9"};
-    /// Runs while the company is being sent.
+    /// Called while the company is being sent.
     std::function<void()> meanwhile;
     std::vector<std::string> sent;
     int prepared = 0;

@@ -13,12 +13,12 @@
 
 namespace orv {
 
-/// Opens the stores of the tests. The build decides of which kind they are.
+/// Opens the stores of the tests. The build decides their kind.
 StoreOpener testStore();
 
-/// Runs `sql` on the file with the engine itself, past the adapter; makes the file where there is none.
+/// Runs `sql` on the file with the engine itself, without the adapter. Creates a missing file.
 void runSql(const std::string& path, const std::string& sql);
-/// The rows of a select, also past the adapter: columns joined with "|".
+/// Returns the rows of a select, also without the adapter, columns joined with "|".
 std::vector<std::string> rowsOf(const std::string& path, const std::string& select);
 
 inline void runSampleFile(const std::string& path, const std::string& name) {
@@ -27,7 +27,7 @@ inline void runSampleFile(const std::string& path, const std::string& name) {
     runSql(path, sql);
 }
 
-/// A store with the sample's rows, built once and copied to `path`.
+/// Copies a store with the sample's rows to `path`. The store is built once.
 inline std::string makeSampleStore(const std::string& path) {
     static const TempFolder folder;
     static const std::string built = [] {

@@ -20,7 +20,7 @@ inline void writeFile(const std::filesystem::path& path, const std::string& byte
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-/// A folder of its own for a test, gone with it. Places are named below it.
+/// A temporary folder, removed by the destructor. Paths are relative to it.
 class TempFolder {
 public:
     TempFolder() {
@@ -39,7 +39,7 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
     std::string file(const std::string& place) const { return (path_ / place).string(); }
-    /// Makes the folders on the way.
+    /// Creates missing folders of the path.
     std::string write(const std::string& place, const std::string& bytes) const {
         std::filesystem::create_directories((path_ / place).parent_path());
         writeFile(path_ / place, bytes);
@@ -47,11 +47,11 @@ public:
     }
     std::string bytesOf(const std::string& place) const { return readFile(path_ / place); }
     bool has(const std::string& place) const { return std::filesystem::exists(path_ / place); }
-    /// How many names a folder holds, hidden ones too.
+    /// Returns the number of names in a folder, including hidden ones.
     std::ptrdiff_t countIn(const std::string& place) const {
         return std::distance(std::filesystem::directory_iterator(path_ / place), {});
     }
-    /// Every file with its bytes, to see whether anything changed.
+    /// Returns every file with its bytes, to detect changes.
     std::map<std::string, std::string> contents() const {
         std::map<std::string, std::string> files;
         for (const auto& entry : std::filesystem::directory_iterator(path_)) {

@@ -10,10 +10,10 @@
 
 namespace orv {
 
-/// Milliseconds that a test waits for what must come.
+/// Milliseconds for which a test waits for an expected event.
 constexpr int kPatience = 180'000;
 
-/// What shows the form in a window.
+/// Returns the pane that shows the form.
 inline QWidget* paneOf(const Form& form) {
     for (QWidget* pane : QApplication::allWidgets()) {
         if (pane->objectName() == toQt(form.name()) && pane->isVisible()) {
@@ -23,10 +23,10 @@ inline QWidget* paneOf(const Form& form) {
     throw std::runtime_error(form.name() + " is not on the screen");
 }
 
-/// The window that shows the form.
+/// Returns the window that shows the form.
 inline QWidget* windowOf(const Form& form) { return paneOf(form)->window(); }
 
-/// The widget that shows the control.
+/// Returns the widget that shows the control.
 template <class W = QWidget>
 W* widgetOf(const Control& control) {
     const QWidget* pane = paneOf(dynamic_cast<const Form&>(control.owner()));

@@ -14,7 +14,7 @@
 
 namespace orv {
 
-/// The whole system in its real windows, worked by key and mouse events. Messages are kept, not shown.
+/// The whole system in its real windows, worked by key and mouse events. Messages are recorded, not shown.
 class WindowTest : public SystemTest {
 protected:
     WindowTest() { services().windows = &desk; }
@@ -25,9 +25,9 @@ protected:
         services().windows = &windows;
     }
 
-    /// Lets everything happen that is queued, but for deletions: a dialog may be at work below.
+    /// Handles all queued events except deletions, because a dialog can be running below this call.
     static void settle() { QCoreApplication::processEvents(); }
-    /// Where the next key goes.
+    /// Returns the widget that receives the next key.
     static QWidget* keyboard() {
         if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }, kPatience)) {
             throw std::runtime_error("nothing has the focus");
@@ -36,7 +36,7 @@ protected:
     }
     static std::string focused() { return keyboard()->objectName().toStdString(); }
 
-    /// As the operator can: not before the window has become the active one.
+    /// Clicks as the operator can, which is not before the window is active.
     static void click(const Control& control) {
         auto* widget = widgetOf(control);
         widget->window()->activateWindow();
@@ -48,7 +48,7 @@ protected:
         QTest::keyClick(keyboard(), key, modifiers);
         settle();
     }
-    /// Goes to the field with the mouse, replaces what stands in it, and leaves it with Tab.
+    /// Clicks the field, replaces its text, and leaves it with Tab.
     static void enter(const TextInput& field, const std::string& text) {
         click(field);
         press(Qt::Key_A, Qt::ControlModifier);
@@ -62,7 +62,7 @@ protected:
         QApplication::sendEvent(keyboard(), &event);
     }
     static void typeKeys(const std::string& ascii) { QTest::keyClicks(keyboard(), toQt(ascii)); }
-    /// Picks the entry in the opened list.
+    /// Chooses the entry in the opened list.
     static void pick(const ComboBox& list, const std::string& entry) {
         auto* box = widgetOf<QComboBox>(list);
         box->setFocus();

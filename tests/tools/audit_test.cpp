@@ -5,7 +5,7 @@
 namespace bench {
 namespace {
 
-/// A save that ended at `end` and wrote `value`, by a terminal that had taken the company around `taken`.
+/// Returns a save that ended at `end` and wrote `value`, by a terminal that had loaded the company around `taken`.
 Entry saved(int value, std::int64_t end, std::int64_t taken) {
     return {Deed::Saved, "100000001", {end - 1, end}, value, {taken, taken + 5}};
 }

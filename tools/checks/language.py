@@ -92,7 +92,7 @@ def cpp_comments(text):
     found = []
     for token in CPP.finditer(text):
         body = token["line"] or token["block"]
-        if body:
+        if body and not re.match(r"// (?:namespace|NOLINT)", body):
             line = text.count("\n", 0, token.start()) + 1
             alone = not text[text.rfind("\n", 0, token.start()) + 1:token.start()].strip()
             body = body.lstrip("/<! ") if token["line"] else re.sub(r"^\s*\* ?", "", body[2:-2].strip("*< \n"), flags=re.M)

@@ -27,7 +27,7 @@ protected:
     }
 
     void run(const std::string& sql) const { runSql(storeFile(), sql); }
-    /// The columns of a table that are sent. The dates but for their key are another program's.
+    /// Returns the columns of a table that are sent. Of the dates only the key is sent; another program owns the rest.
     std::vector<std::string> columnsOf(const std::string& table) {
         SqliteDatabase database(storeFile(), StoreAccess::ReadOnly, {});
         SqliteStatement names(database, "SELECT name FROM pragma_table_info('" + table + "')");
@@ -88,7 +88,7 @@ TEST_F(HttpCompanySendTest, AMissingSettingIsToldBeforeAnythingIsAsked) {
 TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
     json expected;
     for (const std::string table : kTables) {
-        // Every column holds its own name, so that no two cells are alike.
+        // Every column contains its own name, so that all cells differ.
         for (const std::string& column : columnsOf(table)) {
             expected[table][column] = column == "USER_ID" ? "000004601" : column;
             run("UPDATE " + table + " SET " + column + " = '" + expected[table][column].get<std::string>() +

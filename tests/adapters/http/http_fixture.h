@@ -17,7 +17,7 @@
 
 namespace orv {
 
-/// The suite's server on a port of its own, in a thread of the test.
+/// The suite's server on its own port, in a thread of the test.
 class RunningSuite {
 public:
     explicit RunningSuite(const std::filesystem::path& folder)
@@ -38,7 +38,7 @@ private:
     std::thread thread_;
 };
 
-/// Answers every request with the same bytes, whatever they are, and closes the connection.
+/// Answers every request with the same bytes and closes the connection.
 class RawServer : private httplib::Server {
 public:
     explicit RawServer(std::string answer)
@@ -52,7 +52,7 @@ public:
     }
     std::string url() const { return "http://127.0.0.1:" + std::to_string(port_) + "/"; }
     int requests() const { return requests_; }
-    /// To be asked for once the answer has come.
+    /// Call this only after the answer has arrived.
     std::string lastRequest() const { return requests_ > 0 ? lastRequest_ : ""; }
 
 private:
@@ -76,7 +76,7 @@ private:
     std::thread thread_;
 };
 
-/// What `act` raises; number 0 where it raises nothing.
+/// Returns the number of the failure that `act` throws, or 0.
 template <typename Act>
 RunTimeError raisedBy(Act act) {
     try {

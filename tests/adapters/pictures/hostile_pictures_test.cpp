@@ -22,13 +22,13 @@ namespace orv::test {
 namespace {
 
 struct Cost {
-    /// With what the picture was refused, 0 for one that was read; -1 where neither came about.
+    /// The failure with which the picture was rejected, 0 if it was read, -1 if the child ended otherwise.
     int failure = -1;
-    /// The largest that the child was, what it had of its parent included.
+    /// The child's peak memory, including the pages inherited from its parent.
     double megabytes = 0;
 };
 
-/// Of work, and until one that stands still is ended. The largest takes a second or two.
+/// The processor time after which a child is ended. The largest picture needs a second or two.
 constexpr rlimit kWork{60, 60};
 constexpr unsigned kStandstill = 600;
 constexpr double kMegabytes = 650;
@@ -38,7 +38,7 @@ constexpr double kLarger = 4;
 constexpr double kLarger = 1;
 #endif
 
-/// Header and picture, in a process of its own, which a hang or a crash ends without the others.
+/// Reads header and picture in a separate process, so that a hang or a crash ends only that process.
 Cost costOf(const PictureFiles& pictures, const std::string& path) {
     std::array<int, 2> wire{};
     EXPECT_EQ(pipe(wire.data()), 0);
@@ -65,7 +65,7 @@ ByteVector startOf(const ByteVector& bytes, std::size_t length) {
     return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)};
 }
 
-/// Each pass walks over the whole picture, and a few bytes are enough to ask for one.
+/// Each pass visits the whole picture, and a few bytes are enough to request one.
 ByteVector withManyPasses(ByteVector jpeg) {
     const ByteVector scanMark{0xFF, 0xDA};
     const auto lastScan = std::find_end(jpeg.begin(), jpeg.end(), scanMark.begin(), scanMark.end()) - jpeg.begin();
@@ -76,14 +76,14 @@ ByteVector withManyPasses(ByteVector jpeg) {
     return jpeg;
 }
 
-/// 100 million black pixels.
+/// Returns 100 million black pixels.
 QImage bombOf(QImage::Format pixels) {
     QImage large(10000, 10000, pixels);
     large.fill(0);
     return large;
 }
 
-/// The same as a TIFF in tiles.
+/// Writes the same as a TIFF in tiles.
 std::string tiledBomb(const std::string& path) {
     const std::unique_ptr<TIFF, decltype(&TIFFClose)> tiff(TIFFOpen(path.c_str(), "w"), TIFFClose);
     for (const auto& [tag, value] : std::map<std::uint32_t, int>{{TIFFTAG_IMAGEWIDTH, 10000},
@@ -120,7 +120,7 @@ TEST_F(HostilePicturesTest, FailWhereverTheyAreCutShort) {
     const struct {
         std::string name;
         ByteVector bytes;
-        /// Bytes at the end that hold nothing of the picture.
+        /// The number of bytes at the end that contain no picture data.
         std::size_t tail;
     } cases[] = {
         {"jpeg", madeJpeg({.width = 640, .height = 480}), 0},
@@ -196,7 +196,7 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"beyond a named pipe", fifo + "/beyond", PictureFailure{76}},
         {"no name", "", PictureFailure{52}},
         {"half a gigabyte", huge, FileTooLarge},
-        // Pictures, if dull ones: they are read, and the bound on pixels bounds their cost.
+        // These pictures are valid and are read. The limit on pixels limits their cost.
         {"png of 100 million pixels", pngBomb, kRead},
         {"gif of 100 million pixels", keep(gifBytes({bombOf(QImage::Format_Indexed8), {0xFF000000U, 0xFFFFFFFFU}, {}})),
          kRead},
@@ -211,7 +211,7 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
     }
 }
 
-/// Someone else shortens or removes the file between the header and the picture.
+/// Another user shortens or removes the file between reading the header and the picture.
 TEST_F(HostilePicturesTest, AFileThatVanishesIsAFailure) {
     const std::string path = folder.keep("photo.jpg", madeJpeg({.width = 640, .height = 480}));
     EXPECT_EQ(pictures.info(path).width, 640);

@@ -12,7 +12,7 @@
 namespace orv::test {
 namespace {
 
-/// Which of the four colours, 0 to 3, stands at a place.
+/// Returns the index of the colour, 0 to 3, at a position.
 std::size_t quarterAt(int x, int y, int width, int height) {
     return static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0));
 }
@@ -26,8 +26,8 @@ std::array<std::uint8_t, 3> channelsAt(int x, int y, int width, int height) {
             static_cast<std::uint8_t>(colour)};
 }
 
-/// What the encoder takes for a colour. Print colours without black; Adobe's programs store them turned round, so
-/// that 255 is no ink.
+/// Converts a colour to the encoder's input. Print colours have no black. Adobe's programs store them inverted, with
+/// 255 for blank paper.
 void appendInput(const JpegRecipe& recipe, std::array<std::uint8_t, 3> rgb, ByteVector& row) {
     if (recipe.input == JCS_GRAYSCALE) {
         row.push_back(rgb[1]);

@@ -1,6 +1,6 @@
 #pragma once
 
-// jpeglib.h needs the streams before it.
+// jpeglib.h needs this header before it.
 #include <cstdio>
 
 #include <jpeglib.h>
@@ -18,7 +18,7 @@ namespace orv::test {
 
 using ByteVector = std::vector<std::uint8_t>;
 
-/// The four quarters of every picture that the tests make, left to right and top to bottom.
+/// The colours of the four quarters in every test picture, left to right and top to bottom.
 inline constexpr std::uint32_t kRed = 0xFFE02020;
 inline constexpr std::uint32_t kGreen = 0xFF20C020;
 inline constexpr std::uint32_t kBlue = 0xFF2020E0;
@@ -31,35 +31,35 @@ struct JpegRecipe {
     J_COLOR_SPACE stored = JCS_YCbCr;
     bool adobe = true;
     bool progressive = false;
-    /// Exif code; 0 writes no Exif.
+    /// The Exif code; 0 writes no Exif.
     int orientation = 0;
     bool exifHighFirst = false;
 };
 
 ByteVector madeJpeg(const JpegRecipe& recipe);
 QImage madeImage(int width, int height);
-/// `format`: "png" or "bmp".
+/// `format` is "png" or "bmp".
 ByteVector madeByQt(const char* format, int width, int height);
-/// A GIF of one frame, which says before it which colour is transparent; no place has that one.
+/// Returns a GIF with one frame and a transparent colour that no pixel uses.
 ByteVector madeGif(int width, int height);
-/// A BMP of 8 bits whose rows are run lengths.
+/// Returns a BMP of 8 bits with run-length encoded rows.
 ByteVector madeRunLengthBmp(int width, int height);
 
-/// The same file with other bytes at a place.
+/// Returns the file with other bytes at a position.
 ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to);
-/// The same TIFF, its entry of the number `tag` now one of `newTag` and `value`.
+/// Returns the TIFF with the entry `tag` replaced by `newTag` and `value`.
 ByteVector withTiffNumber(const ByteVector& tiff, std::uint8_t tag, std::uint8_t newTag, int value);
 
-/// Where the frame header of a JPEG begins (its 0xFF).
+/// Returns the position of the frame header (its 0xFF) in a JPEG.
 std::size_t frameHeader(const ByteVector& jpeg);
-/// The same file with another size in its frame header.
+/// Returns the file with another size in its frame header.
 ByteVector withJpegSize(ByteVector jpeg, int width, int height);
 
-/// A folder whose paths are the machine's own.
+/// A folder that uses the machine's own paths.
 class PictureFolder : public NativeFiles {
 public:
     std::string pathOf(const std::string& name) const { return folder_.file(name); }
-    /// Writes the file and gives its path.
+    /// Writes the file and returns its path.
     std::string keep(const std::string& name, const ByteVector& bytes) const {
         return folder_.write(name, {bytes.begin(), bytes.end()});
     }

@@ -48,8 +48,8 @@ TEST_F(PictureFilesTest, TurnsAPhotoUprightAsItsExifSays) {
                                                        {"blue", "red", "white", "green"},
                                                        {"white", "green", "blue", "red"},
                                                        {"green", "white", "red", "blue"},
-                                                       kAsMade};  // 9: no code of Exif
-    // The one strip needs no word on its rows: what says them becomes the orientation.
+                                                       kAsMade};  // 9 is not a code of Exif
+    // The only strip needs no row count, so that entry becomes the orientation.
     const ByteVector tiff = tiffBytes({madeImage(64, 48), {}, {}}, {PictureFormat::Tiff, 64, 48, 24, 3});
     for (std::size_t place = 0; place < turned.size(); ++place) {
         const int code = static_cast<int>(place);

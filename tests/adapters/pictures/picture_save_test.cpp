@@ -18,7 +18,7 @@ using std::string_literals::operator""s;
 
 class PictureSaveTest : public testing::Test {
 protected:
-    /// Brought to a size, saved beside and read again.
+    /// Resizes the picture, saves it to another file and reads it again.
     std::unique_ptr<Picture> through(const std::string& path, int width, int height) const {
         const auto picture = pictures_.load(path, {width, height});
         picture->size(width, height);
@@ -103,7 +103,7 @@ TEST(QualityMap, NoEntryFallsAsTheFactorRises) {
     EXPECT_EQ(scaledEntry(1, 10, tableScale(255)), 255U);
 }
 
-/// A segment put behind the start mark.
+/// Inserts a segment after the start mark.
 ByteVector withSegment(ByteVector jpeg, std::uint8_t marker, const std::string& text) {
     const std::size_t length = text.size() + 2;
     ByteVector segment{0xFF, marker, static_cast<std::uint8_t>(length >> 8), static_cast<std::uint8_t>(length)};
@@ -124,7 +124,7 @@ TEST_F(PictureSaveTest, TheProfileStaysTheTurnAndThePlaceGo) {
     EXPECT_EQ(bytes.find("Exif"), std::string::npos);
 }
 
-/// A limit that it is over then ends the search at the smallest file.
+/// With a limit below the profile's size, the search ends at the smallest file.
 TEST_F(PictureSaveTest, ALargeProfileIsNeverCut) {
     ByteVector jpeg = madeJpeg({});
     for (const char part : {'\2', '\1'}) {
@@ -137,7 +137,7 @@ TEST_F(PictureSaveTest, ALargeProfileIsNeverCut) {
     EXPECT_NE(bytes.find(std::string(54000, '\2')), std::string::npos) << "divided at another place";
 }
 
-/// The one that was there goes by a swap of names.
+/// The earlier file is replaced by exchanging the names.
 TEST_F(PictureSaveTest, EachSaveTakesThePlaceOfTheOneBefore) {
     const auto picture = pictures_.load(folder_.keep("a.jpg", madeJpeg({})));
     std::vector<std::uintmax_t> sizes;

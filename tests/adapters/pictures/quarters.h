@@ -9,7 +9,7 @@
 
 namespace orv::test {
 
-/// The colours at the middles of the four quarters, each named by the one that it is near to.
+/// Returns the colours in the middle of the four quarters, each by the name of the nearest test colour.
 inline std::vector<std::string> quarters(const Pixels& pixels) {
     std::vector<std::string> names;
     for (const auto& [x, y] : std::vector<std::pair<int, int>>{{1, 1}, {3, 1}, {1, 3}, {3, 3}}) {

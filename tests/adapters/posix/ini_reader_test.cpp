@@ -33,7 +33,7 @@ TEST_F(IniReaderTest, ReadsAsItsFormatSays) {
         {"[s]\nk=v", "v"},
         {" \t[ \tS\t ] \n\t K \t=\t v w \t\r\n", "v w"},
         {"[S]\nK=\x81\x40v\x81\x40", "　v　"},
-        // The first key of the first section counts, an empty one too.
+        // The first key of the first section counts, even if it is empty.
         {"[S]\nK=1\nK=2", "1"},
         {"[S]\nK=\nK=2", ""},
         {"[S]\nA=1\n[S]\nK=2", ""},
@@ -42,7 +42,7 @@ TEST_F(IniReaderTest, ReadsAsItsFormatSays) {
         {"[S]\n;K=1\n  ;K=2\nK=3 ;4", "3 ;4"},
         {"[S]\nK\nK=2", "2"},
         {"[S]\nK=a=b", "a=b"},
-        // One matching pair of quotes goes.
+        // One matching pair of quotes is removed.
         {"[S]\nK=\" v \"", " v "},
         {"[S]\nK=\"\"v\"\"", "\"v\""},
         {"[S]\nK=\"v'", "\"v'"},

@@ -14,7 +14,7 @@ namespace {
 
 class PosixStarterTest : public testing::Test {
 protected:
-    /// A program of the suite that writes each argument in brackets to <root>/out.
+    /// Installs a program of the suite that writes each argument in brackets to <root>/out.
     void installEcho(const std::string& place) const {
         const std::string out = office.root() + "/out";
         ::chmod(
@@ -23,7 +23,7 @@ protected:
             0755);
     }
 
-    /// What the started program has written, once it has.
+    /// Waits for the started program's output and returns it.
     std::string output() const {
         using namespace std::chrono_literals;
         for (int tries = 0; tries < 18000 && !office.has("out"); ++tries) {

@@ -33,7 +33,7 @@ class RegistryFileTest : public testing::Test {
 protected:
     RegistryFileTest() { office.write("registry.txt", kFile); }
 
-    /// The code, or the value behind "=".
+    /// Returns the code, or the value after "=".
     std::string query(const std::string& subKey, const std::string& name, Registry::Handle hive = kMachine) {
         Registry::Handle key = 0;
         std::string value;

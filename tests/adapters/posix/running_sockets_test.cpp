@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// The watches of one run, and how often it was called.
+/// The watches of one run, and the number of calls to it.
 struct OneRun {
     explicit OneRun(const std::string& place)
         : names(

@@ -18,7 +18,7 @@
 namespace orv {
 namespace {
 
-/// The event loop: waits for the watched descriptors.
+/// An event loop that waits for the watched descriptors.
 class PolledWatches {
 public:
     SiblingSocket::Watch watch() {
@@ -27,7 +27,7 @@ public:
             return std::shared_ptr<void>(nullptr, [this, descriptor](void*) { readable_.erase(descriptor); });
         };
     }
-    /// Raises what is due, one event after the other, until `done`. False: it does not come.
+    /// Handles due events one by one until `done`. False if it does not happen.
     bool until(const std::function<bool()>& done) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(3);
         while (!done() && std::chrono::steady_clock::now() < deadline) {
@@ -35,7 +35,7 @@ public:
         }
         return done();
     }
-    /// So many turns that what could come has come.
+    /// Runs enough rounds for every pending event to arrive.
     void settle() {
         for (int i = 0; i < 50; ++i) {
             turn();
@@ -55,7 +55,7 @@ private:
     std::map<int, std::function<void()>> readable_;
 };
 
-/// What a sibling program does, in this process.
+/// Acts as a sibling program, in this process.
 class Client {
 public:
     explicit Client(const std::string& path) : socket_(::socket(AF_UNIX, SOCK_STREAM, 0)) {
@@ -70,7 +70,7 @@ public:
         EXPECT_EQ(::send(socket_.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
                   static_cast<ssize_t>(bytes.size()));
     }
-    /// What has been answered until now; "|" for a connection that is closed.
+    /// Returns the answers until now; "|" is a closed connection.
     std::string heard() const {
         std::string all;
         std::array<char, 4096> bytes{};
@@ -101,7 +101,8 @@ protected:
         ::unsetenv(kSiblingSocketVariable);
     }
 
-    /// A program that tells its socket and runs until "end" is there, or the office has gone. The socket's path.
+    /// Starts a program that reports its socket and runs until "end" exists or the office is removed. Returns the
+    /// socket's path.
     std::string start() {
         const std::string script = "#!/bin/sh\ncd " + office.root() +
                                    "\nprintf %s \"$ORV_SIBLING_SOCKET\" > new\nmv new path\n"
@@ -219,8 +220,8 @@ TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
 
 TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut) {
     const std::string path = start();
-    // Where the owner of the machine runs this, as another user too: kept off by the folder, and without it by the
-    // name.
+    // If the tests run as root, they also try another user. That user is rejected by the folder's mode, or without it
+    // by the peer's user id.
     for (const bool isOpen : {false, true}) {
         if (::geteuid() == 0) {
             ASSERT_EQ(::setresuid(-1, 65534, 0), 0);

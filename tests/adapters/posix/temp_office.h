@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// A folder with the drives of an office in it.
+/// A temporary folder with the drives of an office.
 class TempOffice : public TempFolder {
 public:
     TempOffice() { std::filesystem::create_directories(file("C/ORV/BIN")); }

@@ -17,7 +17,7 @@ StoreUnderTest makeStore(std::shared_ptr<void>&) {
     return {std::make_unique<StoreService>(nativePaths(), postgresStore(kLongLimits)), sharedServer().storeFile()};
 }
 
-/// The same through a pooler that hands every transaction to whatever session is free.
+/// Returns the same through a pooler, which uses any free session for each transaction.
 StoreUnderTest makePooledStore(std::shared_ptr<void>& keep) {
     static const bool started = (sharedServer().startPooler(), true);
     EXPECT_TRUE(started);
@@ -33,7 +33,7 @@ protected:
     StoreService service{nativePaths(), postgresStore(kLongLimits)};
 
     std::string database() const { return std::filesystem::path(path).filename(); }
-    /// The code of the failure with which a store of this text opens; empty where it opens.
+    /// Returns the failure's code if opening a store with this text fails, otherwise "".
     std::string openingCode(const std::string& text) {
         const std::string file = path + ".other";
         writeFile(file, text);
@@ -160,7 +160,7 @@ protected:
 };
 
 TEST_F(FrozenServer, IsAFailureInTimeAndNotAskedAgain) {
-    // Longer than what the socket takes, so that sending stands still too.
+    // The statement exceeds the socket's buffer, so that sending blocks too.
     EXPECT_LT(terminal.execute(nameUpdate("000004601", "000004601", std::string(10'000'000, 'x'))), 0);
     EXPECT_EQ(lastCode(), "DBCONN07");
     server.thaw();

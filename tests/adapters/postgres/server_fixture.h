@@ -9,14 +9,14 @@
 
 namespace orv {
 
-/// No stalled machine comes near these.
+/// Long enough for any stalled machine.
 inline constexpr ServerLimits kLongLimits = {
     .patience = {.connect = std::chrono::minutes(3), .answer = std::chrono::minutes(3)},
     .lock = std::chrono::minutes(3),
     .statement = std::chrono::minutes(2),
     .idle = std::chrono::minutes(3)};
 
-/// The long limits but for one, which the test is about to exceed.
+/// Returns the long limits except one, which the test will exceed.
 template <typename Change>
 ServerLimits butFor(Change change) {
     ServerLimits limits = kLongLimits;
@@ -24,7 +24,7 @@ ServerLimits butFor(Change change) {
     return limits;
 }
 
-/// The server that the tests of this program share; it ends with the program.
+/// Returns the server shared by the tests of this program. It ends with the program.
 inline PrivateServer& sharedServer() {
     static PrivateServer server;
     return server;

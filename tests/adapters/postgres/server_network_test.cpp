@@ -8,7 +8,7 @@ namespace {
 
 struct Case {
     std::string text, code;
-    std::string shown = {};  // where it opens, what `question` yields; else a part of the failure's text
+    std::string shown = {};  // the result of `question` if it opens, otherwise part of the failure's text
 };
 
 class ServerNetwork : public ::testing::Test {
@@ -47,7 +47,7 @@ TEST_F(ServerNetwork, OnlyTheRightServerIsTalkedToAndNeverInTheOpen) {
             {"host=store.example.jp hostaddr=127.0.0.1" + port + full, "DBCONN02", "store.example.jp"},
             {"host=127.0.0.1,localhost" + port + full, "", "True"}},
            encrypted);
-    // The first host is refused, or takes the connection and never says a word.
+    // The first host rejects the connection, or accepts it and stays silent.
     const std::string silent = sharedServer().folder().string();
     sharedServer().freeze();
     expect({{"host=127.0.0.1,localhost port=1," + rest + full, "", "True"},

@@ -126,7 +126,7 @@ TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
     }
 }
 
-/// With the focus a number has another format than without, and it is taken when the field is left.
+/// A focused number field uses another format, and its value is accepted when the focus leaves.
 TEST_F(EntryTest, ANumberInItsTwoFormats) {
     struct Case {
         NumberInput& input;

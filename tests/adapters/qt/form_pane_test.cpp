@@ -131,7 +131,7 @@ TEST_F(FormPaneTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
 
 class WindowSystemTest : public QtTest {
 protected:
-    /// Once the next modal window is up.
+    /// Runs `act` once the next modal window is shown.
     static void meanwhile(std::function<void(QWidget&)> act) {
         QTimer::singleShot(0, qApp, [act = std::move(act)] {
             ASSERT_NE(QApplication::activeModalWidget(), nullptr);
@@ -181,7 +181,7 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
     EXPECT_FALSE(page.loaded());
 }
 
-/// A full-width character is two wide.
+/// A full-width character counts as two.
 int widthOf(const QString& line) {
     int width = 0;
     for (const QChar sign : line) {

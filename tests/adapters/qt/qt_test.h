@@ -30,7 +30,7 @@ inline void compose(QWidget& widget, const QString& preedit, const QString& comm
     QApplication::sendEvent(&widget, &event);
 }
 
-/// A form with a control of each kind. It goes from the screen with its object.
+/// A form with a control of each kind. The destructor removes it from the screen.
 struct SamplePage : Form {
     explicit SamplePage(std::string_view form = "page") : Form(form, "見本", {400, 300}) {}
     ~SamplePage() override {
@@ -69,7 +69,7 @@ protected:
         services() = {};
     }
 
-    /// The controls below each other, 20 design pixels high.
+    /// Places the controls below each other, 20 design pixels high.
     void place(const Form& form) {
         places_.clear();
         for (const Control* control : form.controls()) {
@@ -86,21 +86,21 @@ protected:
 
     QLineEdit* lineOf(const Control& control) const { return widgetOf<QLineEdit>(control); }
 
-    /// Goes to the control as the operator does.
+    /// Moves the focus to the control as the operator does.
     QLineEdit* enter(const Control& control) const {
         QTest::mouseClick(widgetOf(control), Qt::LeftButton);
         EXPECT_TRUE(widgetOf(control)->hasFocus());
         return lineOf(control);
     }
 
-    /// The button's own key, pressed anywhere on the form. The click comes when the button is up again.
+    /// Presses the button's access key anywhere on the form. The click is raised when the button is released.
     static void pressAccessKey(QWidget* anywhere) {
         const auto* button = anywhere->window()->findChild<QAbstractButton*>("btm_Save");
         QTest::keyClick(anywhere, Qt::Key_S, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !button->isDown(); }, kPatience));
     }
 
-    /// Lets everything happen that is queued, deletions too.
+    /// Handles all queued events, including deletions.
     static void settle() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -53,9 +53,9 @@ TEST_F(SqliteStore, AReaderDelaysACommitThatSucceedsLater) {
     EXPECT_EQ(Terminal(service, path).one(lockSelect("000004601")), "DESK-PC01");
 }
 
-/// That no call of a save leaves half of it, wherever it fails, is tried on the whole errand (tools/prove).
+/// The crash test (tools/prove) checks that a failed call in a save leaves no partial data.
 TEST_F(SqliteStore, AFullDiskIsToldAndTheRollbackDoesNotHideIt) {
-    // No room for the journal; room for it and none for the rows.
+    // The file has no space for the journal, or space for the journal but not for the rows.
     for (const rlim_t room : {rlim_t{0}, rlim_t{std::filesystem::file_size(path)}}) {
         service.DbReset();
         Terminal terminal(service, path);

@@ -16,7 +16,7 @@ struct Pair {
     std::string_view bytes;
 };
 
-/// What goes both ways.
+/// Pairs that convert in both directions.
 constexpr auto kThereAndBack = std::to_array<Pair>({
     {"", ""},
     {"Aa ~\\|\r\n\x7F", "Aa ~\\|\r\n\x7F"},
@@ -51,7 +51,7 @@ TEST(Cp932, NeverStopsAtBadBytes) {
     constexpr auto kCases = std::to_array<Pair>({
         {"・", "\x81"},                        // cut inside a character, at the end
         {"ﾟあ", "\xDF\x82\xA0"},               // cut inside a character, at the front
-        {"・", "\x81\xAD"},                    // a pair that means nothing
+        {"・", "\x81\xAD"},                    // a pair without a character
         {"・ ・\nあ", "\x82 \x82\n\x82\xA0"},  // a blank or a line break is never swallowed
         {"園\u0080", "\x89\x80\x80"},
     });
@@ -60,8 +60,8 @@ TEST(Cp932, NeverStopsAtBadBytes) {
     }
 }
 
-// 128 characters of ASCII, 63 of half-width katakana, 5 bytes that Windows adds; 6,879 of the standard rows, 74 that
-// the first maker's rows add and 373 of the second's, 1,880 of the user's own.
+// 128 characters of ASCII, 63 of half-width katakana, 5 bytes that Windows adds. 6,879 of the standard rows, 74 of the
+// first maker's rows, 373 of the second maker's, and 1,880 user-defined.
 TEST(Cp932, HoldsWhatComesBackAndNothingElse) {
     const Cp932 page;
     int held = 0;

@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// "yyyy/mm/dd", or empty for what is no date.
+/// Returns "yyyy/mm/dd", or "" if the text is not a date.
 std::string read(const std::string& text) {
     const std::optional<DateTime> date = EraCalendar().dateOf(text);
     return date ? formatMoment(*date, "yyyy/mm/dd") : "";

@@ -61,8 +61,8 @@ TEST_F(StringCheckTest, CleansWhatStoreAndCodePageCannotTake) {
     }
 }
 
-// Every character there is, alone and between two kana: clean text is left as it is, cleaning twice changes nothing
-// more, and no look-alike leads to a character that the code page lacks.
+// Tests every character, alone and between two kana. Clean text is unchanged, cleaning twice changes nothing more, and
+// no look-alike is replaced by a character missing in the code page.
 TEST_F(StringCheckTest, HoldsForEveryCharacter) {
     for (char32_t character = 0; character < 0x30000; ++character) {
         if (character >= 0xD800 && character < 0xE000) {

@@ -23,7 +23,7 @@ namespace {
 
 constexpr const char* kTablePath = "C:\\ORV\\SYS\\MSG.TBL";
 
-/// Keeps the notice and presses the button that the test has named.
+/// Keeps the notice and presses the button chosen by the test.
 class OneNotice : public NoWindows {
 public:
     std::size_t showNotice(const Notice& notice) override {
@@ -35,7 +35,7 @@ public:
     }
 
     bool broken = false;
-    /// Nothing: Esc or the close box.
+    /// Empty for Esc or the close box.
     std::optional<std::size_t> press = 0;
     Notice shown;
 };

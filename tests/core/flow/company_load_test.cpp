@@ -9,7 +9,7 @@ constexpr const char* kFill = "[ PF_SetCompanyDataStructureChng ] ";
 
 class Load : public SystemTest {
 protected:
-    /// But for what is measured the record holds the company's number alone.
+    /// Expects the record to contain only the company's number and measured values.
     static void expectEmpty(const std::string& userId) {
         std::map<std::string_view, std::string> expected{{"USER_ID", userId},
                                                          {"SAME_CHECK", "1"},
@@ -158,7 +158,7 @@ TEST_F(Load, MeasuresInOrderAndWhatFailsLeavesABlankAndALogLine) {
         std::string refused, blank, note;
         int lines = 1;
     };
-    // A "-" for each value that is missing.
+    // A "-" represents each missing value.
     for (const Case& c :
          {Case{"os", "-----........", ""}, Case{"ip", "......-......", ""},
           Case{"InstallKey", ".........-...", "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)"}, Case{"disk C:\\", ".......--....", "", 2},

@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// Both ways out, of each page.
+/// Both ways out, from each page.
 class Leaving : public SystemTest, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
     int page() const { return std::get<0>(GetParam()); }

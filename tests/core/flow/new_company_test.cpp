@@ -4,7 +4,7 @@
 namespace orv {
 namespace {
 
-/// A company that the server has not numbered, filled like the sample's first one.
+/// A company without a number, filled like the sample's first one.
 class NewCompany : public SaveTest {
 protected:
     NewCompany() {
@@ -22,7 +22,7 @@ protected:
         EXPECT_TRUE(PF_SetData_Frm_CompInp0());
         server.id = "000004700";
     }
-    /// How many rows each table has for the company.
+    /// Returns the number of rows of the company in each table.
     std::string rowsOf(const std::string& userId) {
         std::string counts;
         for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
@@ -124,7 +124,7 @@ TEST_F(NewCompany, ANumberThatTheStoreKnowsLeavesItOnItsMarker) {
 }
 
 TEST_F(NewCompany, TheSavesOwnFailureIsReportedThoughTheSwitchToTheNumberFailsToo) {
-    // After the second write, and again by the load of the number, a photo is copied to where nothing can be written.
+    // The photo's target cannot be written after the second write, nor during the load of the number.
     server.meanwhile = [] { tCustomerInfo.PHOTO_FILE1 = "C:\\ORV\\IMG\\1\\000004603COS00000000_01.jpg"; };
     files.refuse("C:\\ORV\\TMP\\TmpImg_1", Failure::DiskFull);
     save();
@@ -134,7 +134,7 @@ TEST_F(NewCompany, TheSavesOwnFailureIsReportedThoughTheSwitchToTheNumberFailsTo
 }
 
 TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
-    // The transaction of the second write goes through behind the lost answer.
+    // The second write's transaction is committed although its answer is lost.
     store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
     save();
     ASSERT_EQ(rowsOf(kMarker), "111");

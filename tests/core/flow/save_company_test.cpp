@@ -49,7 +49,7 @@ TEST_F(Save, ARefusedStatementIsWrittenOut) {
 
 TEST_F(Save, AMissingRowIsNeverCreated) {
     startOn(0);
-    // From the table that is written last to the one that is written first.
+    // Starts with the table that is written last.
     for (const auto& [table, text, code] : std::to_array<std::array<std::string, 3>>(
              {{"TBL_CUSTOMER_DATE", "会社情報日付DB登録に失敗しました。", "ESSX0645"},
               {"TBL_CUSTOMER_ADD", "会社情報付加DB登録に失敗しました。", "ESSX0645"},

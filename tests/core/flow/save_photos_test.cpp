@@ -11,7 +11,7 @@ constexpr const char* kStored1 = "C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg";
 constexpr const char* kStored2 = "C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg";
 constexpr const char* kChosen = "C:\\ORV\\PHOTO\\new.jpg";
 
-/// On page 2, with a photo at hand that could be chosen.
+/// Starts on page 2, with a photo that can be chosen.
 class SavePhotos : public SystemTest {
 protected:
     SavePhotos() {
@@ -62,7 +62,7 @@ TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
     const std::string before = bytesOf(kStored1);
     files.refuse(kStored1, Failure::PermissionDenied);
     save();
-    expectShown("COS05574", {});  // a photo that has not changed is not touched
+    expectShown("COS05574", {});  // an unchanged photo is not written
     const std::string why = "書き込みが許可されていません。";
     for (const auto& [refused, text] :
          {std::pair{std::string(kStored1) + ".new", "[ PF_SaveCompanyDataOther ] " + why},
@@ -80,11 +80,11 @@ TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
     EXPECT_EQ(bytesOf(kStored1), "new photo");
 }
 
-/// The files of the test hold the folder of the run open, so that moving TMP away changes nothing.
+/// The test's files keep the run's folder open, so that moving TMP away changes nothing.
 TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
     const std::string photo = bytesOf(kStored1);
     for (const std::string stored : {kStored1, kStored2}) {
-        // A photo that has not changed is neither deleted nor copied.
+        // An unchanged photo is neither deleted nor copied.
         files.refuse(stored, Failure::PermissionDenied);
         files.refuse(stored + ".new", Failure::PermissionDenied);
     }

@@ -6,12 +6,12 @@
 
 namespace orv {
 
-/// What a save leaves behind, seen from page 0.
+/// Checks the results of a save from page 0.
 class SaveTest : public SystemTest {
 protected:
     frm_CompInp0& form() { return page<frm_CompInp0>(); }
     void edit(const std::string& name) { form().txt_Company_Name.setText(name); }
-    /// Both tables of the company and the state of its sending.
+    /// Returns the company's two tables and its send flag.
     std::string stored() { return info("COMPANY_NAME || PWD_CHG_FLG") + add("SEND_FLAG"); }
     void expectAtRest() {
         EXPECT_TRUE(screen().enabled());

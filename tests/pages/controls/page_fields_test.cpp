@@ -14,7 +14,8 @@ protected:
     ~PageFields() override { dropPages(); }
 };
 
-// Characters of every kind: what is left of them shows the field's mask. Full-width ones count where half width does.
+// Contains characters of every kind; the accepted ones show the field's mask. Full-width ones count if half width is
+// accepted.
 constexpr const char* kAllKinds = "5bC-ｱ５ｂＣ－ア漢";
 
 TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
@@ -27,7 +28,7 @@ TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
     for (const Case& row : {
              Case{0, "txt_User_Passwd", "5bC-", "5bC-ｱ漢"},
              Case{0, "txt_Company_Name", "5bC-５ｂＣ－ア漢"},
-             // Half-width katakana arrive in full width.
+             // Half-width katakana become full width.
              Case{0, "txt_Company_Kana", "ア５ｂＣ－ア"},
              Case{0, "txt_Daihyo_Name_Kana", "ア５ｂＣ－ア"},
              Case{0, "txt_Post_Code", "5-5-"},
@@ -47,7 +48,7 @@ TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
     }
 }
 
-/// The number behind a column in the schema is the limit of the field that fills it, in bytes.
+/// The number after a column in the schema is the limit of its field, in bytes.
 TEST_F(PageFields, TakeAsMuchAsTheirColumnsHold) {
     const std::string schema = readFile(kSampleFolder + "/sql/schema.sql");
     int compared = 0;
@@ -93,8 +94,8 @@ TEST_F(PageFields, DatesAndDistanceKeepToTheirRanges) {
     EXPECT_FALSE(distance.typed("100"));
 }
 
-/// What is unusual about a field before its page is filled: disabled "!", a password "*", its rank among the fields
-/// "#".
+/// Returns the unusual properties of a field before its page is filled: disabled "!", a password "*", its rank among
+/// the fields "#".
 std::string unusual(const Control& control) {
     const auto* input = dynamic_cast<const TextInput*>(&control);
     const bool secret = input != nullptr && input->textDesign().password;

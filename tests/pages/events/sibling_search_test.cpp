@@ -10,14 +10,14 @@ std::string textOf(const Control& control) {
                                                 : dynamic_cast<const TextInput&>(control).text();
 }
 
-/// One of the three searches: its page, its controls, what the programs get and answer.
+/// One of the three searches: its page, its controls, the program's arguments and its results.
 struct Search {
     int page;
     std::string button;
     bool closesButton;
     std::vector<std::string> filled;
     std::string next;
-    /// Program and values of the command line, in front of the handles.
+    /// The program and the values on the command line, before the handles.
     std::string begins;
     Texts answer;
     std::string failure;

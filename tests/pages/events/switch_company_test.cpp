@@ -80,7 +80,7 @@ TEST_F(Switch, TheOperatorMayStay) {
     }
 }
 
-/// What goes wrong on the way, where that leaves the list, and which locks this computer then holds.
+/// A failure during the switch, the resulting list, and this computer's locks afterwards.
 struct Step {
     const char* name;
     Call call;
@@ -89,11 +89,11 @@ struct Step {
     const char* text;
     bool back;
     bool holdsOld, holdsNew;
-    /// A run that died has left a lock on the new company.
+    /// A crashed run has left a lock on the new company.
     bool leftOver = false;
-    /// The store raises what no store should.
+    /// The store throws, which no store should.
     bool raised = false;
-    /// Not the store fails but the page, while it is filled.
+    /// The failure occurs while the page is filled, not in the store.
     bool fill = false;
 };
 
@@ -111,7 +111,7 @@ constexpr auto kSteps = std::to_array<Step>({
     {"fill", Call::Select, "", 0, " ] メモリが足りません。", false, false, true, false, false, true},
 });
 
-/// From each page, by hand and by a save that gives a new company its number.
+/// Switches from each page, by the operator and by a save that gives a new company its number.
 class SwitchFrom : public Switch, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
     int number() const { return std::get<0>(GetParam()); }
@@ -160,7 +160,7 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
         if (step.leftOver) {
             sql("insert into TBL_LOCK values ('" + newId() + "', 'COS', '99999999', 'DESK01', 'old')");
         }
-        // A save has opened the store before the switch does.
+        // A save has already opened the store before the switch.
         store.fail(step.call, step.part, step.nth + (step.call == Call::Open && bySave() ? 1 : 0));
         store.raised = step.raised ? std::optional(Failure::OutOfMemory) : std::nullopt;
         screen().lbl_UserId.observe(step.fill ? breaks : std::function<void()>());
@@ -198,7 +198,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, SwitchFrom, testing::Combine(testing::Range(0, 5
                                     (std::get<1>(at.param) ? "BySave" : "ByHand");
                          });
 
-/// A load that fails, seen from each page.
+/// A failed load, on each page.
 class BrokenSwitch : public Switch, public testing::WithParamInterface<int> {};
 
 TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {

@@ -20,7 +20,7 @@ constexpr int kShortRun = 2;  // seconds
 constexpr std::chrono::minutes kPatience(5);
 constexpr int kLongestStay = 8;  // milliseconds
 
-/// What a terminal has done, and how often it came into a company by the race of two that both saw it free.
+/// The work of a terminal, and how often it got a company in a race of two that both saw it free.
 struct Tally {
     int switches = 0;
     int refused = 0;
@@ -47,7 +47,7 @@ protected:
         }
     }
 
-    /// Switches at random until the time is over, it has switched, and one has been in the other's way, and leaves.
+    /// Switches at random until the time is over, and at least until it has switched and met the other. Then leaves.
     Tally work(int own, Clock::time_point end) {
         facts.computerName = "DESK0" + std::to_string(own);
         std::mt19937 random(static_cast<unsigned>(getpid()));
@@ -70,7 +70,7 @@ protected:
         return one("select count(*) from TBL_LOCK where USER_ID = '" + company + "' and LOCAL_INFO " + sign + " '" +
                    facts.computerName + "'") != "0";
     }
-    /// Looks at the lock table before and after the program does. Nobody leaves a company and comes back meanwhile.
+    /// Reads the lock table before and after the program does. No terminal leaves a company and returns meanwhile.
     void note(const std::string& sql) {
         const bool looks = sql.starts_with("select LOCAL_INFO");
         if (looks || looking_) {
@@ -97,7 +97,7 @@ protected:
             ++tally.faults;
         }
     }
-    /// A terminal in a process of its own, which writes down what it has done.
+    /// Runs a terminal in a separate process, which writes its tally.
     void terminal(int own, Clock::time_point end) {
         if (fork() == 0) {
             const Tally tally = work(own, end);
@@ -109,7 +109,7 @@ protected:
     }
     std::string report(int own) const { return office.root() + "/terminal" + std::to_string(own); }
 
-    /// Of the switch that is going on: whether another had the company while the program looked.
+    /// True if, during the current switch, another terminal had the company while the program checked.
     std::string wish_;
     bool looking_ = false;
     bool taken_ = false;

@@ -14,9 +14,9 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
     struct Case {
         int page;
         Call call;
-        /// Nothing: the file of field names is missing.
+        /// Null if the file of field names is missing.
         const char* part;
-        /// In front of the failure's text, where the store raises what no store should.
+        /// Precedes the failure's text if the store throws, which no store should.
         const char* label = nullptr;
     };
     for (const auto& [page, call, part, label] : {
@@ -159,7 +159,7 @@ TEST_F(PageStart, OnlyTheKindsOfPhotosBeginWithABlank) {
     }
 }
 
-/// The headings in order, and the boxes that are drawn below them, "#" for one in the colour of a group.
+/// Compares the headings in order and the boxes below them; "#" is a box in the colour of a group.
 TEST_F(PageStart, DrawsTheBarsOfThePage) {
     constexpr const char* kDrawn[] = {
         "==-　事務所・店舗情報-　ＰＣ設置場所-　反響・問い合わせ#*の欄は入力が必要です",
@@ -186,7 +186,7 @@ TEST_F(PageStart, DrawsTheBarsOfThePage) {
     }
 }
 
-/// The boxes of page 1 let Enter pass.
+/// On page 1 the boxes do not move the focus on Enter.
 TEST_F(PageStart, EnterMovesOnFromListsAndBoxes) {
     for (int number = 0; number < kPageCount; ++number) {
         PageForm& form = startOn(number);

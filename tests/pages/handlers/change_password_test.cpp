@@ -13,7 +13,7 @@ protected:
             press(Qt::Key_Tab);
         }
     }
-    /// Opens the dialog by the mouse and works in it; it must be gone at the end.
+    /// Opens the dialog by mouse and runs `work` in it. The dialog must be closed at the end.
     void inDialog(const std::function<void()>& work) {
         bool worked = false;
         QTimer operatorAtWork;
@@ -81,7 +81,7 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
     const RecordedMessages::Shown length{"CHECK003", {kWanted, 5, 10}};
     const RecordedMessages::Shown different{"CHECK002", {kWanted, kAgain, "\r\n"}};
     startOn(0);
-    static_cast<void>(fail("older", "IMGERR:20150"));  // as a cancelled photo leaves the pair
+    static_cast<void>(fail("older", "IMGERR:20150"));  // as after a cancelled photo
     for (const Case& row : {
              Case{"", "", "x", missing, "txt_Password(0)"},
              {"Mihon01", "abcde", "abcde", wrong, "txt_Password(0)"},

@@ -23,7 +23,7 @@ struct ClassRow {
     std::string_view refused;
 };
 
-// Each row: what the class holds, and the neighbours that it just does not hold.
+// Each row: characters in the class, and neighbours just outside.
 constexpr auto kClasses = std::to_array<ClassRow>({
     {"9", "0189", "/:a ０-"},
     {"#", "09!-&(/:@[`{~", "a A'０ア"},
@@ -64,9 +64,9 @@ TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
         {{.limit = characters(4)}, "あいうえお", "か", "", "4文字までです。"},
         {{.limit = bytes(5)}, "a", "あいう", "あい", "全角2文字（5バイト）までです。"},
         {{.limit = bytes(5)}, "", "ｱｲｳｴｵｶ", "ｱｲｳｴｵ", "全角2文字（5バイト）までです。"},
-        // One character that the code page lacks counts as the one "?" that it is written as.
+        // A character missing in the code page counts as one byte, because it is written as "?".
         {{.limit = bytes(3)}, "", "😀あb", "😀あ", "全角1文字（3バイト）までです。"},
-        // A refused character takes no room.
+        // A rejected character does not count.
         {{.mask = "9", .limit = characters(2)}, "", "a1b2c3", "12", "半角の数字で入力してください。"},
         {{.limit = bytes(4), .ime = Ime::FullKatakana}, "", "ﾊﾟﾊﾟ", "パパ"},
         {{.mask = "Ｋ"}, "", "ア漢", "ア", "カタカナで入力してください。"},

@@ -9,7 +9,7 @@ namespace {
 
 using R = CompanyRecord;
 
-/// The fields of the ways to the office, and their letters in the table below.
+/// The fields for access to the office, and their letters in the table below.
 constexpr TextField kWays[] = {&R::RAILROAD_CODE, &R::STATION_CODE, &R::WALK_MINUTES,  &R::BUS_MINUTES,
                                &R::BUS_ROUTE,     &R::BUSSTOP,      &R::TEIHO_MINUTES, &R::CAR_TARGET,
                                &R::CAR_MINUTES,   &R::CAR_DISTANCE};
@@ -19,9 +19,9 @@ using TransportRules = RulesTest;
 
 TEST_F(TransportRules, AllowOneWayAndThatOneWhole) {
     struct Case {
-        /// The fields that are filled, in groups that end alike.
+        /// The filled fields, in groups with the same result.
         const char* filled;
-        /// The control that gets the focus, and the message; both empty: passes.
+        /// The focused control and the message; both are empty if the check passes.
         const char* focus;
         const char* text;
     };
@@ -86,7 +86,7 @@ TEST_F(AccessRules, AddressAndLinkNameGoTogether) {
         const char* url;
         const char* name;
         std::int32_t answer;
-        /// What is told; empty: passes.
+        /// The message; empty if the check passes.
         const char* text;
         bool asked;
         const char* urlAfter;

@@ -8,11 +8,11 @@ namespace {
 
 using R = CompanyRecord;
 
-/// Each rule by itself is seen in the window; here is where a value just passes.
+/// Tests values that just pass. The window tests cover each rule by itself.
 class CompanyRules : public RulesTest {
 protected:
     CompanyRules() { gAddressByMaster = true; }
-    /// Whether a value of the field passes.
+    /// True if a value of the field passes.
     bool takes(TextField field, const std::string& value) {
         const std::string before = std::exchange(tCustomerInfo.*field, value);
         const bool result = passes(PF_CheckFrmCompInp0Data);
@@ -88,7 +88,7 @@ TEST_F(CompanyRules, TheSiteOfTheComputer) {
     EXPECT_TRUE(takes(&R::PC_ADDRESS_CODE, ""));
 }
 
-/// Refuses the telephone number "1" without a code of its own, and nothing else.
+/// Rejects only the telephone number "1", without a code.
 class WithoutCodes : public StringCheck {
 public:
     using StringCheck::StringCheck;

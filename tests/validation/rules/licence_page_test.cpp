@@ -6,7 +6,7 @@ namespace {
 
 struct Prefecture {
     const char* name;
-    /// The council asked for when the association's name holds it, and when the licence does; 0: none.
+    /// The council required if the association's name contains the prefecture, and if the licence does; 0 is none.
     std::size_t byAssociation;
     std::size_t byLicence;
 };
@@ -32,13 +32,13 @@ std::string question(const std::string& association, std::size_t council) {
            "が選択されておりません。";
 }
 
-/// 中国 and 四国, the seventh and the eighth, send the focus to each other's box.
+/// 中国 and 四国, the seventh and the eighth, focus each other's box.
 std::size_t elementOf(std::size_t council) { return council == 7 ? 7 : council == 8 ? 6 : council - 1; }
 
 class AssociationRules : public RulesTest {
 protected:
     bool check(std::deque<std::int32_t> answers = {}) { return passes(PF_CheckFrmCompInp1Data, std::move(answers)); }
-    /// One association with a prefecture in its name or in the licence, and every council but one.
+    /// Tests one association with a prefecture in its name or in the licence, and every council except one ticked.
     void expectCouncil(std::size_t council, const std::string& association) {
         tCustomerInfo.KOUTORI_FLG.assign(9, '1');
         if (council == 0) {

@@ -8,16 +8,16 @@ namespace {
 
 using R = CompanyRecord;
 
-/// A value that the text test refuses.
+/// A value that the string service rejects.
 constexpr const char* kBad = "😀";
 
-/// A value that breaks a rule, and the text that the operator sees. Empty: the text of the string service.
+/// A value that breaks a rule, and the resulting text. Empty for the text of the string service.
 struct Broken {
     std::string value;
     std::string text = {};
 };
 
-/// The values of a field, in the order of its rules, and the control that gets the focus.
+/// The values of a field, in the order of its rules, and the control that receives the focus.
 struct Fault {
     TextField field;
     const char* focus;
@@ -29,10 +29,10 @@ struct Family {
     const char* name;
     int page;
     const char* tail;
-    /// Turns the company of the sample into one of that kind.
+    /// Changes the company of the sample to one of that kind.
     void (*prepare)();
     std::vector<Fault> faults;
-    /// Of two faults the first is reported. Not so where one field decides which rules there are.
+    /// Of two faults the first is reported, unless one field decides which rules apply.
     bool ordered = true;
 };
 
@@ -105,7 +105,7 @@ const std::vector<Family>& families() {
             {&R::USER_PASSWD, "txt_User_Passwd", {{"1234", "パスワードが不正です。"}}},
         }},
         {"PhotosWithoutANumber", 2, "000004601,1,0", withoutANumber, {
-            // The list that should get the focus is closed.
+            // The list that should receive the focus is disabled.
             {&R::PHOTO_FILE1, "txt_Walk_Minutes", {{"C:\\1.jpg", kUnnumbered}}},
             {&R::PHOTO_FILE2, "txt_Walk_Minutes", {{"C:\\1.jpg", kUnnumbered}}},
         }, false},
@@ -166,7 +166,7 @@ protected:
         }
         return "nothing refuses " + broken.value;
     }
-    /// A save takes the operator to the fault and writes nothing.
+    /// Expects a save to focus the fault and to write nothing.
     void expectRefused(const Fault& fault, const Broken& broken) {
         messages.answers = {1};
         save();
@@ -180,7 +180,8 @@ protected:
     }
 };
 
-/// Each fault by itself, then from the last to the first, each one added to those after it, where the order counts.
+/// Tests each fault by itself. If the order counts, adds them from the last to the first, so that each new one is
+/// reported.
 TEST_P(RefusedSave, ReportsTheFirstFaultAndWritesNothing) {
     startOn(4, GetParam().tail);
     GetParam().prepare();
@@ -205,7 +206,7 @@ TEST_P(RefusedSave, ReportsTheFirstFaultAndWritesNothing) {
 INSTANTIATE_TEST_SUITE_P(Rules, RefusedSave, testing::ValuesIn(families()),
                          [](const auto& family) { return family.param.name; });
 
-/// Several questions in one save: waved through up to the last, or taken back at one of them.
+/// Tests several questions in one save, all accepted up to the last, or one of them declined.
 TEST_F(SystemTest, EachQuestionOfASaveCanBeAnsweredBothWays) {
     startOn(4);
     tCustomerInfo.DANTAI_FLG = "1111110000000000";

@@ -5,12 +5,12 @@
 
 namespace orv {
 
-/// The record of the sample's first company passes every page without a question until a test spoils it.
+/// The record of the sample's first company, which passes every page without a question until a test changes it.
 class RulesTest : public SystemTest {
 protected:
     RulesTest() { load(); }
 
-    /// Runs a page's check on the record as it stands; `out` holds what it tells.
+    /// Runs a page's check on the current record; `out` receives the message.
     bool passes(bool (*check)(Refusal&), std::deque<std::int32_t> answers = {}) {
         out = {};
         messages.shown.clear();

@@ -67,7 +67,7 @@ TEST_F(TextBytes, CutsFromEitherEnd) {
     }
 }
 
-/// 表 is 0x95 0x5C, and 0x5C alone is the backslash.
+/// 表 is 0x95 0x5C; 0x5C alone is the backslash.
 TEST_F(TextBytes, AHalfCharacterIsConvertedAsItStands) {
     EXPECT_EQ(PF_RightB("表", 1), "\\");
     EXPECT_EQ(PF_MidB("表a", 2, 0), "\\a");
