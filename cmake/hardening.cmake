@@ -1,10 +1,10 @@
-# What makes a fault of the program hard to make use of. In the optimised build: the others have the sanitizers, or are for
-# a debugger.
+# Options that make a fault of the program hard to exploit, for the optimised build. The other builds have the
+# sanitizers or are for a debugger.
 
 add_compile_options("$<$<CONFIG:Release>:-fstack-protector-strong;-fcf-protection;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
 add_link_options("$<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now,-z,noexecstack>")
 
-# A program of that build that lacks any of it is not left standing.
+# Deletes a program of that build that lacks any of them.
 function(orv_require_hardening program)
   add_custom_command(TARGET ${program} POST_BUILD VERBATIM
                      COMMAND "$<IF:$<CONFIG:Release>,${CMAKE_SOURCE_DIR}/tools/checks/hardening.sh,true>"

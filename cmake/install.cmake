@@ -1,15 +1,15 @@
-# What goes onto a machine: the tool of who keeps the stores, and a whole office without a company, of which working ones are
-# copies. `cmake --install build/product` takes what has been built and builds nothing.
+# Installs the store tool and an office without a company, which is copied for each working office. `cmake --install
+# build/product` installs the existing build and builds nothing.
 
 include(GNUInstallDirs)
 set(office ${CMAKE_INSTALL_DATADIR}/orv/office)
 
-# The same rights whatever the umask of whoever installs, and whatever those of the source are.
+# Sets the same permissions whatever the umask and the permissions of the source are.
 set(readable OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 set(enterable ${readable} OWNER_EXECUTE GROUP_EXECUTE WORLD_EXECUTE)
 set(explicit FILE_PERMISSIONS ${readable} DIRECTORY_PERMISSIONS ${enterable})
 
-# Folders that are made on the way would take the umask; those that are there already stay as they are.
+# New parent folders would get the umask's permissions; existing ones keep theirs.
 install(CODE "
 foreach(folder ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_MANDIR} ${CMAKE_INSTALL_MANDIR}/man1
                ${CMAKE_INSTALL_DATADIR}/orv ${office})

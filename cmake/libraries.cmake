@@ -1,4 +1,4 @@
-# The libraries of the program, and the rooms that are built on them.
+# The libraries of the program, and the modules that use them.
 
 find_package(SQLite3 REQUIRED)
 find_package(PostgreSQL REQUIRED)
@@ -13,11 +13,11 @@ find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets Network)
 
 orv_room_uses(orv_adapters_sqlite PRIVATE SQLite::SQLite3)
 orv_room_uses(orv_adapters_postgres PRIVATE PostgreSQL::PostgreSQL Threads::Threads)
-# libcurl is loaded when it is first used.
+# libcurl is loaded at first use.
 orv_room_uses(orv_adapters_http PRIVATE ${CMAKE_DL_LIBS} nlohmann_json::nlohmann_json)
 target_include_directories(orv_adapters_http SYSTEM PRIVATE ${CURL_INCLUDE_DIRS})
 orv_room_uses(orv_adapters_pictures PRIVATE JPEG::JPEG PNG::PNG TIFF::CXX GIF::GIF Qt6::Gui)
-# The filter's loops are worth the vector units, which -O2 hardly uses.
+# The filter's loops benefit from the vector units, which -O2 hardly uses.
 target_compile_options(orv_adapters_pictures PRIVATE $<$<CONFIG:Release>:-O3>)
 orv_room_uses(orv_adapters_qt_views PUBLIC Qt6::Widgets)
 orv_room_uses(orv_adapters_qt PUBLIC Qt6::Widgets PRIVATE Fontconfig::Fontconfig Threads::Threads)

@@ -1,12 +1,12 @@
-# One static library per room of src/, named after its folder and linked as the table of rooms says.
-# A room that holds headers only becomes an interface library.
+# Creates one static library per module of src/, named after its folder and linked by the table of modules. A module
+# that contains only headers becomes an interface library.
 
 function(orv_room_target room out)
   string(REPLACE "/" "_" name ${room})
   set(${out} orv_${name} PARENT_SCOPE)
 endfunction()
 
-# WITHOUT: rooms to leave out, a regular expression.
+# WITHOUT is a regular expression of modules to omit.
 function(orv_add_rooms table)
   cmake_parse_arguments(PARSE_ARGV 1 rooms "" WITHOUT "")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
@@ -37,7 +37,7 @@ function(orv_add_rooms table)
   endforeach()
 endfunction()
 
-# Libraries from outside that a room is built on. A room without sources uses none.
+# Links a module with external libraries. A module without sources uses none.
 function(orv_room_uses target scope)
   get_target_property(type ${target} TYPE)
   if(NOT type STREQUAL "INTERFACE_LIBRARY")

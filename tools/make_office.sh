@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes an office to work in: a copy of sample/ with its store, the program and its two search programs (of the same
-# build) in their folder, and the server's port in the settings.   make_office.sh FOLDER PROGRAM [PORT]
+# Makes an office: make_office.sh FOLDER PROGRAM [PORT]. Copies sample/ and creates its store. Adds the program and the
+# two search programs of the same build, and sets the server's port in the settings.
 set -euo pipefail
 folder="$1"
 program="$2"

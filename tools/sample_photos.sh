@@ -1,6 +1,6 @@
 #!/bin/sh
-# Draws the photos of the sample office anew: ./tools/sample_photos.sh [SAMPLE_FOLDER]
-# Needs ImageMagick's convert and a Japanese font. Every picture is within the limits of the sample's settings.
+# Draws the photos of the sample office again: ./tools/sample_photos.sh [SAMPLE_FOLDER]. Needs ImageMagick's convert and
+# a Japanese font. Every picture is within the limits of the sample's settings.
 set -eu
 
 images=${1:-$(dirname "$0")/../sample}/C/ORV/IMG
@@ -20,7 +20,7 @@ boxes() {
     done
 }
 
-# photo FILE SKY GROUND: the drawing on standard input over two plain halves, with a camera's softness and grain
+# photo FILE SKY GROUND: the drawing on standard input above two plain halves, with a camera's blur and grain
 photo() {
     convert -size 640x340 "gradient:$2" -size 640x140 "gradient:$3" -append -font "$font" -draw "$(cat)" \
         -seed 1 -blur 0x0.6 -attenuate 0.04 +noise Gaussian -strip -quality 82 -sampling-factor 2x2 "$1"

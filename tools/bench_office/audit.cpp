@@ -27,7 +27,7 @@ std::map<std::string, History> historiesOf(const std::vector<Entry>& entries) {
     return histories;
 }
 
-/// How many counts between `from` and `to` (without it) no unsure save can have written.
+/// Returns how many counts from `from` to below `to` no unsure save can have written.
 int unexplained(const History& history, int from, int to) {
     int missing = 0;
     for (int value = from; value < to; ++value) {
@@ -36,7 +36,7 @@ int unexplained(const History& history, int from, int to) {
     return missing;
 }
 
-/// Whether another terminal that saved the company too had been locking and loading it at the same moment.
+/// True if another terminal that saved the company was locking and loading it at the same moment.
 bool hadRival(const History& history, const Entry& save) {
     return std::ranges::any_of(history.saves, [&](const Entry& other) {
         return other.taken.from != save.taken.from && other.taken.meets(save.taken);

@@ -8,16 +8,16 @@
 
 namespace bench {
 
-/// Saves whose count is not in the store, though the operator was told that they are.
+/// Saves that the program confirmed and whose count is not in the store.
 struct Losses {
-    /// The two terminals were locking the company at the same moment, which the advisory lock does not prevent.
+    /// Lost because two terminals were locking the company at the same moment, which the advisory lock does not
+    /// prevent.
     int raced = 0;
-    /// Without that excuse. Each is a fault.
+    /// Lost without that cause. Each is a fault.
     int lost = 0;
 };
 
-/// Compares what the ledgers of all terminals say with the counts that the store holds in the end. Each company began
-/// with 0.
+/// Compares the ledgers of all terminals with the final counts in the store. Each company began with 0.
 Losses audit(const std::vector<Entry>& entries, const std::map<std::string, int>& stored);
 
 }  // namespace bench

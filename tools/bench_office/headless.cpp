@@ -15,7 +15,7 @@ namespace bench {
 namespace {
 
 constexpr const char* kFailure = "COSERR01";
-/// The questions before a switch and before leaving, the word after a save, and that the company is in use.
+/// The questions before a switch and before leaving, the message after a save, and that the company is in use.
 constexpr auto kNoFailures =
     std::to_array<std::string_view>({"COS20001", "COS20002", "ADD00010", "COS05574", "COS20003"});
 

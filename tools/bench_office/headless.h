@@ -38,7 +38,7 @@ public:
     void repaint() override {}
 };
 
-/// Neither the menu nor a search program is started.
+/// Starts neither the menu nor a search program.
 class NoPrograms : public orv::ProgramStarter, public orv::SiblingDesk {
 public:
     void start(const std::string&) override {}
@@ -47,7 +47,7 @@ public:
     void dismiss() override {}
 };
 
-/// An operator who wants to go on whatever is asked, and remembers what he was told.
+/// An operator who accepts every question and records the messages.
 class Patience : public orv::MessageService {
 public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
@@ -56,7 +56,7 @@ public:
 
     void forget() { told_.clear(); }
     bool wasTold(const std::string& id) const;
-    /// The code of the first message that tells of a failure; empty: there was none.
+    /// Returns the code of the first message about a failure, or "".
     std::string failure() const;
 
 private:
@@ -67,8 +67,8 @@ private:
     std::vector<Message> told_;
 };
 
-/// The whole system in one office, without windows: real store, files, settings and checks. The suite's server takes
-/// every company at once, after its rows have been read as they are for sending.
+/// The whole system in one office, without windows. Store, files, settings and checks are real. The suite's server
+/// accepts every company at once, after reading its rows as for sending.
 class Headless {
 public:
     explicit Headless(const std::string& programFolder);

@@ -6,7 +6,7 @@
 
 namespace bench {
 
-/// From when to when, in nanoseconds of the machine's steady clock, which all processes share.
+/// A period in nanoseconds of the machine's steady clock, which all processes share.
 struct Span {
     std::int64_t from = 0;
     std::int64_t to = 0;
@@ -17,15 +17,15 @@ struct Span {
 
 std::int64_t nanosecondsNow();
 
-/// `Unsure`: a save that told of a failure and may still have written. `Refused`: another terminal had the company.
+/// `Unsure`: a save that reported a failure and might have written. `Refused`: another terminal had the company.
 enum class Deed : std::uint8_t { Opened, Switched, Saved, Unsure, Refused, Failed };
 
-/// One line of the ledger that a terminal keeps of what its operator did and was told.
+/// One line of a terminal's ledger: an action and its result.
 struct Entry {
     Deed deed = Deed::Failed;
     std::string what;  // the company; the code of a failure
     Span time;
-    int value = 0;  // of a save: the count that it wrote, one more than what was loaded
+    int value = 0;  // of a save: the written count, which is the loaded one plus 1
     Span taken;     // of a save: the event that locked and loaded the company
 };
 

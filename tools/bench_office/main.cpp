@@ -1,6 +1,5 @@
-// bench_office FOLDER [COMPANIES [SECONDS [STORE]]]: how much 1, 8, 32 and 64 terminals get done on one store: the
-// file, the server, the server behind a pooler, or the one of the three that is named. Ends with 1 when an update was
-// lost.
+// bench_office FOLDER [COMPANIES [SECONDS [STORE]]]: measures 1, 8, 32 and 64 terminals on one store. The stores are
+// the file, the server, and the server with a pooler, or only the named one. Exit status 1 if an update was lost.
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -55,7 +54,7 @@ int onFile(const Measure& measure) {
     return lost;
 }
 
-/// As durable as the file, and with room for two sessions a terminal.
+/// Makes the server as durable as the file, with two sessions per terminal.
 void makeEarnest(const orv::PrivateServer& server) {
     server.sql("postgres", "ALTER SYSTEM SET fsync = on");
     server.sql("postgres", "ALTER SYSTEM SET max_connections = 200");
@@ -63,15 +62,14 @@ void makeEarnest(const orv::PrivateServer& server) {
     server.start();
 }
 
-/// The same store for whoever works on it next: the rows as they were, and tidied up, since what has been changed but
-/// not been looked at yet makes every reading slower.
+/// Restores and vacuums the rows for the next measurement, because reads of changed rows are slower until then.
 void beginAgain(const orv::PrivateServer& server, const Site& site) {
     site.beginAgain();
     server.sql("store1", "VACUUM FULL ANALYZE");
     server.sql("store1", "VACUUM");
 }
 
-/// With a transaction pooler between the terminals and the server.
+/// Measures with a transaction pooler between the terminals and the server.
 int overPooler(const Measure& measure, orv::PrivateServer& server, const Site& site) {
     server.startPooler();
     site.reachBy(server.text("store1") + " port=6432");

@@ -23,7 +23,7 @@ int countOf(const WorkingDay& day, Deed deed) {
     return found == day.deeds.end() ? 0 : found->second;
 }
 
-/// The scripts with their weights; the sum of these.
+/// Adds the scripts with their weights and returns the sum of the weights.
 int addScripts(std::vector<std::string>& command, const fs::path& folder, const WorkingDay& like) {
     int sum = 0;
     for (const Event& event : kEvents) {

@@ -19,7 +19,7 @@ std::string contentOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Copies of the model's row under numbers of their own, without photos, which are no matter of the store.
+/// Returns copies of the model's row with their own numbers, without photos, which are not part of the store.
 std::string copiesOf(orv::StoreConnection& store, const std::string& table, int companies) {
     std::string names;
     std::string values;

@@ -8,22 +8,22 @@ namespace bench {
 
 namespace fs = std::filesystem;
 
-/// An office with many terminals, each an install of its own, on one store.
+/// An office with many terminals on one store. Each terminal is an install of its own.
 class Site {
 public:
-    /// `store`: what becomes its ORVESTATE.MDB, a database or the text that names one. It gets `companies` companies
-    /// beside the sample's, numbered from 100000001.
+    /// `store` becomes its ORVESTATE.MDB: a database, or the text that names one. Adds `companies` companies to the
+    /// sample's, numbered from 100000001.
     Site(fs::path folder, const fs::path& store, int companies);
 
-    /// The program folder of a terminal, which is made where it is not there yet.
+    /// Returns the program folder of a terminal and creates it if missing.
     std::string terminal(int number) const;
     fs::path ledger(int number) const { return folder_ / ("ledger" + std::to_string(number)); }
 
-    /// From now on the store is what `text` names.
+    /// Uses the store that `text` names from now on.
     void reachBy(const std::string& text) const;
-    /// All counts 0, no lock, no ledger.
+    /// Resets all counts to 0 and removes all locks and ledgers.
     void beginAgain() const;
-    /// The count of each company, and how many locks are left.
+    /// Returns the count of each company, and the number of remaining locks.
     std::map<std::string, int> counts() const;
     int locks() const;
 
@@ -33,7 +33,7 @@ private:
     fs::path folder_;
 };
 
-/// A database file with the sample's rows.
+/// Creates a database file with the sample's rows.
 void makeSampleFile(const fs::path& file);
 
 }  // namespace bench

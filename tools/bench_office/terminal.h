@@ -8,27 +8,27 @@
 
 namespace bench {
 
-/// One run of the program on one terminal, from its start to its end; a process has only one. Each event is written
-/// into the ledger. Of each: false, it failed, and the run should end.
+/// One run of the program on one terminal. A process can have only one. Each event is written to the ledger. Functions
+/// return false after a failure, when the run should end.
 class Terminal {
 public:
     Terminal(const std::string& programFolder, std::string ledger)
         : program_(programFolder), ledger_(std::move(ledger)) {}
 
-    /// False also where another terminal has the company.
+    /// False also if another terminal has the company.
     bool open(const std::string& company);
-    /// True also where another terminal has the company, and this one stays where it is. The present one: nothing
-    /// happens.
+    /// Returns true also if another terminal has the company; this terminal then keeps its own. Does nothing for the
+    /// current company.
     bool switchTo(const std::string& company);
-    /// Writes the company with its count one higher.
+    /// Writes the company with its count increased by one.
     bool save();
-    /// Nothing where the program has not come to its first page.
+    /// Does nothing if the program has not shown its first page.
     void leave();
 
     TracedStore& store() { return program_.store(); }
 
 private:
-    /// What became of it: as wished, refused or failed.
+    /// Returns the result: as requested, refused or failed.
     Deed perform(Deed wish, const std::string& company, const std::function<void()>& work);
 
     Headless program_;

@@ -1,7 +1,7 @@
-// bench_terminal PROGRAM_FOLDER LEDGER COMPANIES SEED FROM TO: opens, switches and saves at random, from one moment of
-// the steady clock to another.
-// bench_terminal PROGRAM_FOLDER LEDGER COMPANIES --statements FOLDER: does each once and writes down what the store was
-// asked, as scripts of the peer: a file a session, named after the event.
+// bench_terminal PROGRAM_FOLDER LEDGER COMPANIES SEED FROM TO: opens, switches and saves at random, between two times
+// of the steady clock.
+// bench_terminal PROGRAM_FOLDER LEDGER COMPANIES --statements FOLDER: does each once and writes the statements as
+// scripts for the peer, one file per session, named after the event.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using namespace bench;
 
-/// What an operator does next, by chance: of ten events one ends the run.
+/// The number of an operator's random events, one of which ends the run.
 constexpr int kEvents = 10;
 constexpr int kSaves = 5;
 
@@ -44,7 +44,7 @@ void runProgram(const Shift& shift, unsigned seed) {
     terminal.leave();
 }
 
-/// Each opening is a process of its own, as on a real terminal.
+/// Runs each opening in a process of its own, as on a real terminal.
 bool runInProcess(const Shift& shift, unsigned seed) {
     const pid_t child = ::fork();
     if (child == 0) {
@@ -73,7 +73,7 @@ std::string replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
-/// Writes down one event on the way from company `from` to company `to`.
+/// Records one event between company `from` and company `to`.
 class Scribe {
 public:
     Scribe(std::string folder, std::string computer, int companies)

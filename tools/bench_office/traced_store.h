@@ -8,12 +8,12 @@
 
 namespace bench {
 
-/// Passes every call on and writes down, by connection, the statements that were asked for.
+/// Forwards every call and records the statements of each connection.
 class TracedStore : public orv::DbService {
 public:
     explicit TracedStore(orv::DbService& store) : store_(store) {}
 
-    /// A text for each connection opened since the last time, in the order of their openings: a statement a line.
+    /// Returns a text for each connection opened since the last call, in order, with one statement per line.
     std::vector<std::string> take();
 
     orv::FailureRecord DbError() const override { return store_.DbError(); }

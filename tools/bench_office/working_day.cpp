@@ -9,7 +9,7 @@
 namespace bench {
 namespace {
 
-/// For all terminals to be there before the first begins.
+/// Time for all terminals to start before the measurement begins.
 constexpr std::int64_t kStartUp = 1'500'000'000;
 constexpr std::int64_t kSecond = 1'000'000'000;
 

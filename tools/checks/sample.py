@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that the parts of the sample office fit each other and the program.
+"""Checks that the parts of the sample office match each other and the program.
 
     tools/checks/sample.py [REPOSITORY]
 
@@ -28,7 +28,7 @@ KEYS = {
 
 
 def profile(path):
-    """The sections of a profile, and the faults of its bytes."""
+    """Returns the sections of a profile, and the faults in its bytes."""
     data = path.read_bytes()
     faults = []
     if data.count(b"\n") != data.count(b"\r\n"):
@@ -58,7 +58,7 @@ def check_settings(office):
 
 
 def control_names(repository):
-    """The names of all controls, as the forms' headers give them."""
+    """Returns the names of all controls from the forms' headers."""
     names = set()
     for header in (repository / "src/pages/controls").glob("*.h"):
         names |= set(re.findall(r'\*this, "([a-z]+_\w+)"', header.read_text(encoding="utf-8")))

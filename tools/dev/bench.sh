@@ -15,7 +15,7 @@ bench() {
     done
 }
 
-# The peers and the photos come from Debian, and only when they are asked for.
+# The peers and the photos come from Debian, and are installed only for the benchmarks that need them.
 pictureBench() {
     PACKAGES=(graphicsmagick libvips-tools jpegoptim mate-backgrounds)
     needPackages

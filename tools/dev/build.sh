@@ -1,4 +1,4 @@
-# The build of a preset of CMakePresets.json, or of targets of it: buildPreset PRESET [TARGET...].
+# Builds a preset of CMakePresets.json, or targets of it: buildPreset PRESET [TARGET...].
 
 buildPreset() {
     local preset="$1"

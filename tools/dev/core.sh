@@ -1,4 +1,4 @@
-# The system's own folders and their tests, with nothing but a compiler and GoogleTest.
+# Tests the system's own folders, with only a compiler and GoogleTest.
 
 core() {
     PACKAGES=(g++ cmake ninja-build python3 libgtest-dev)

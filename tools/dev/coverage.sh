@@ -1,4 +1,4 @@
-# Which lines of src/ the tests walk, a row a folder: ./dev coverage. What is not walked stands in build/coverage/missed.txt.
+# Measures the lines of src/ that the tests execute, per folder. The others are listed in build/coverage/missed.txt.
 
 coverage() {
     PACKAGES+=(gcovr)

@@ -1,4 +1,4 @@
-# Each door through which bytes come from outside, by libFuzzer under the sanitizers: ./dev fuzz [SECONDS [TARGET]].
+# Fuzzes each entry point for bytes from outside with libFuzzer and the sanitizers: ./dev fuzz [SECONDS [TARGET]].
 
 CORPUS=build/fuzz-corpus
 FINDINGS=build/fuzz-findings
@@ -16,7 +16,7 @@ fuzz() {
     return "$status"
 }
 
-# What the fuzzer finds worth keeping stays in the corpus, and the next run begins with it.
+# The corpus keeps the fuzzer's useful inputs, and the next run begins with them.
 fuzzOne() {
     local log status=0
     log=$(mktemp)

@@ -1,8 +1,8 @@
-# Form and structure: clang-format, clang-tidy, the table of modules, the English of comments, the sample office.
+# Checks form and structure: clang-format, clang-tidy, the table of modules, the English of comments, the sample office.
 
 sources() { git ls-files --cached --others --exclude-standard -- 'src/*' 'tests/*' 'tools/*' | grep -E '\.(cpp|h)$'; }
 
-# clang-tidy has no precompiled headers of the compiler: it reads the commands without them.
+# clang-tidy cannot read the compiler's precompiled headers, so it gets the commands without them.
 tidyCommands() {
     mkdir -p build/tidy
     python3 - <<'PYTHON'
@@ -24,7 +24,7 @@ lint() {
     tidyCommands
     sources | grep '^src/.*\.cpp$' | grep -v '/cp932\.cpp$' |
         xargs -P2 -n4 clang-tidy -quiet -p build/tidy 2>/dev/null || status=1
-    # The analyzer of clang-tidy 14 itself crashes on this one; the other checks run.
+    # The analyzer of clang-tidy 14 crashes on this file; the other checks run.
     clang-tidy -quiet -checks='-clang-analyzer-*' -p build/tidy src/adapters/text/cp932.cpp 2>/dev/null || status=1
     [ "$status" -eq 0 ] && echo "lint: no fault"
     return "$status"

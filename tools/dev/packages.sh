@@ -1,4 +1,4 @@
-# What a bare Debian 12 lacks. Installed with apt-get as root or through sudo; elsewhere listed, and the script stops.
+# Installs the packages that a bare Debian 12 lacks, as root or through sudo. On other systems, lists them and stops.
 
 PACKAGES=(
     g++ cmake ninja-build ccache pkg-config python3

@@ -1,6 +1,6 @@
-# Kills and fails a whole errand at every call that touches the store, the photos, the log or a wire, on both kinds of
-# store, and lets each answer of the suite's server come back strange at every byte: ./dev prove [STEP]. STEP 20 takes
-# every twentieth of them.
+# Crash and fault-injection test: ./dev prove [STEP]. Runs a scenario on both kinds of store. Kills it, or makes a
+# call fail at every call that accesses the store, the photos, the log or a connection. Then changes each answer of the
+# suite's server at every byte. STEP 20 tests every twentieth of them.
 
 prove() {
     buildPreset dev prove

@@ -14,7 +14,7 @@ RESULT = re.compile(r"^ *(\d+)/(\d+) Test +#\d+: (\S+) [ .]*(\S.*?) +([\d.]+) se
 
 
 def shortened(text, width):
-    """Keeps both ends of a text that is too long."""
+    """Shortens a long text in the middle."""
     if len(text) <= width:
         return text
     return text[: width // 3] + "…" + text[len(text) - (width - width // 3 - 1):]
@@ -26,7 +26,7 @@ def line_of(number, total, name, outcome, seconds):
 
 
 def run(preset, arguments, junit):
-    """Prints each result as it comes. The exit code of CTest, and its lines that are not about one test."""
+    """Prints each result when it is available. Returns CTest's exit code and its lines that are not about one test."""
     command = ["ctest", "--preset", preset, "--output-junit", junit, *arguments]
     rest = []
     with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace") as ctest:

@@ -1,4 +1,4 @@
-# The program on an office of its own, with the server stand-in beside it.
+# Runs the program on a separate office, together with the server stand-in.
 
 OFFICE=office
 
@@ -17,7 +17,7 @@ withServer() {
     exit 1
 }
 
-# What the store, the server and the log hold after the session.
+# Prints the content of the store, the server and the log after the session.
 reportOffice() {
     local store="$OFFICE/C/ORV/MDB/ORVESTATE.MDB" user="${1%%,*}"
     echo "== store: $user"

@@ -1,5 +1,5 @@
-# The unit tests under the address and the undefined-behaviour sanitizer, leaks included: ./dev sanitize [PATTERN].
-# Threads are watched where there are some: in what goes over a wire.
+# Runs the unit tests under the address and undefined-behaviour sanitizers, including leaks: ./dev sanitize [PATTERN].
+# Tests with a network connection also run under the thread sanitizer.
 
 sanitize() {
     buildPreset tsan

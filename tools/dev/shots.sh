@@ -1,4 +1,4 @@
-# A picture of each page and dialog of the sample company.
+# Takes a picture of each page and dialog of the sample company.
 
 shots() {
     source tools/dev/run.sh

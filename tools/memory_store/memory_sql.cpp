@@ -26,7 +26,7 @@ std::string upper(std::string text) {
     return text;
 }
 
-/// A quote within a text is doubled.
+/// A quote inside a text is doubled.
 std::size_t endOfText(const std::string& sql, std::size_t from) {
     std::size_t at = sql.find('\'', from + 1);
     while (at != std::string::npos && sql.compare(at, 2, "''") == 0) {
@@ -136,7 +136,7 @@ private:
         const std::size_t place = isQualified ? column(take(), upper(first) == "B" ? second_ : 0) : column(first);
         return [place](const Values& row) { return row[place]; };
     }
-    /// left(text, count), or substr(text, from, count).
+    /// Evaluates left(text, count), or substr(text, from, count).
     Cell part(bool hasStart) {
         expect("(");
         const Cell text = expression();
@@ -243,7 +243,7 @@ private:
         accept("AS");
         accept(name);
     }
-    /// A and B are the only names that a join gives its tables.
+    /// A join names its tables only A and B.
     std::vector<Values> joined(const MemoryTable& first, const MemoryTable& second, bool keepsAll) {
         second_ = scope_.size();
         lookInto(second);
@@ -290,7 +290,7 @@ private:
             return false;
         });
     }
-    /// The item of the list behind SELECT.
+    /// Returns an item of the SELECT list.
     Cell nthItem(std::size_t number) {
         const std::size_t end = std::exchange(at_, 1);
         Cell item = expression();
@@ -473,7 +473,7 @@ private:
     std::vector<std::string> words_;
     const Values& parameters_;
     std::size_t at_ = 0;
-    /// The columns of the tables that the statement reads, and where those of the second begin.
+    /// The columns of the tables that the statement reads, and the position of the second table's first column.
     std::vector<std::string> scope_;
     std::vector<bool> flags_;
     std::size_t second_ = 0;

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr StoreRefusal kMissing{"DBFILE01", Failure::FileNotFound, "データベースのファイルが見つかりません。"};
 
-/// The tables of the store whose file is there; those of a copied file are copied when they are first asked for.
+/// Returns the tables of the store with that file. Those of a copied file are copied at first use.
 MemoryTables& tablesOf(const std::string& path) {
     static std::map<std::string, MemoryTables> all;
     if (!fs::exists(path)) {
@@ -40,7 +40,7 @@ std::vector<std::string> oneStatement(const std::string& sql) {
     return statements.front();
 }
 
-/// A transaction works on tables of its own, which take the place of the store's when it is committed.
+/// A transaction works on a copy of the tables, which replaces the store's at the commit.
 class MemoryStore : public StoreConnection {
 public:
     explicit MemoryStore(MemoryTables& tables) : tables_(tables) {}

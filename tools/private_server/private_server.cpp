@@ -40,7 +40,7 @@ pid_t processOf(const fs::path& pidFile) {
     return digits.empty() ? 0 : std::stoi(digits);
 }
 
-/// The server and the processes of its sessions.
+/// Returns the server's process and those of its sessions.
 std::vector<pid_t> serverProcesses(const fs::path& folder) {
     std::vector<pid_t> processes;
     const pid_t server = processOf(folder / "data/postmaster.pid");
@@ -71,7 +71,7 @@ int freePort() {
     return ntohs(address.sin_port);
 }
 
-/// Ends what runs in the folder, and the folder.
+/// Ends the processes of the folder and removes it.
 void cleanUp(const fs::path& folder) {
     const pid_t pooler = processOf(folder / "pooler.pid");
     if (pooler > 0) {
@@ -202,7 +202,7 @@ void PrivateServer::startPooler() {
         << "\npool_mode = transaction\nauth_type = trust\nauth_file = users.txt\n"
            "default_pool_size = 5\npidfile = pooler.pid\nlogfile = pooler.log\n";
     run("pgbouncer -q -d pooler.ini");
-    // It goes into the background before it listens.
+    // The pooler becomes a background process before it listens.
     for (int tries = 0; !fs::exists(folder_ / ".s.PGSQL.6432") && tries < kTries; ++tries) {
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }

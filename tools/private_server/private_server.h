@@ -8,41 +8,41 @@
 
 namespace orv {
 
-/// A PostgreSQL server of one's own, for the tests and the benchmarks: a cluster in a folder of its own, on a Unix
-/// socket there and no network, run by an unprivileged user. A second process watches over it: however the program
-/// ends, also killed, it ends the server and removes the folder. What fails throws.
+/// A PostgreSQL server for the tests and the benchmarks. Its cluster is in its own folder, on a Unix socket without a
+/// network, run by an unprivileged user. A second process ends the server and removes the folder when the program ends,
+/// even if it is killed. Failures throw.
 class PrivateServer {
 public:
-    /// A new cluster with a database `sample` that holds the sample's rows.
+    /// Creates a cluster with a database `sample` that contains the sample's rows.
     PrivateServer();
-    /// A standby that follows the server whose folder is `primary`.
+    /// Creates a standby that follows the server with the folder `primary`.
     explicit PrivateServer(const std::filesystem::path& primary);
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
     ~PrivateServer();
 
-    /// Where the socket is; the folder is there for files of the user too.
+    /// Returns the socket's folder, which tests can also use for files.
     const std::filesystem::path& folder() const { return folder_; }
-    /// The text that names `database` on this server.
+    /// Returns the text that names `database` on this server.
     std::string text(const std::string& database) const;
-    /// Runs `sql` as the owner of the server, past the adapter. What it yields, a row a line.
+    /// Runs `sql` as the owner of the server, without the adapter. Returns one line per row.
     std::string sql(const std::string& database, const std::string& sql) const;
-    /// A copy of `sample` under a name of its own; its text is written into a file, whose path is returned.
+    /// Creates a copy of `sample` with a new name, writes its text to a file and returns the file's path.
     std::string storeFile();
 
-    /// From now on also on 127.0.0.1, at a free port, for those only who speak TLS: with a certificate for `localhost`
-    /// of an authority of its own. `authority.pem`, and `stranger.pem` of another one, are in the folder.
+    /// Also listens on 127.0.0.1, at a free port, for TLS only. Its certificate for `localhost` is from its own
+    /// authority. `authority.pem`, and `stranger.pem` of another authority, are in the folder.
     void listen();
     int port() const { return port_; }
 
     void start() const;
-    /// `mode`: fast (sessions are told) or immediate (as in a crash).
+    /// `mode` is fast (ends the sessions properly) or immediate (as in a crash).
     void stop(const std::string& mode) const;
-    /// Stands still with all its sessions, until `thaw`.
+    /// Stops all processes of the server until `thaw`.
     void freeze() const { signalAll(SIGSTOP); }
     void thaw() const { signalAll(SIGCONT); }
 
-    /// Starts a transaction pooler before the server; its socket is in the same folder, on port 6432.
+    /// Starts a transaction pooler before the server, with a socket in the same folder, on port 6432.
     void startPooler();
 
 private:
@@ -54,7 +54,7 @@ private:
     int watch_ = -1;
     pid_t watcher_ = -1;
     int stores_ = 0;
-    int port_ = 5432;  // without `listen` the name of the socket only
+    int port_ = 5432;  // without `listen` used only in the socket's name
 };
 
 }  // namespace orv

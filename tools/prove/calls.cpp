@@ -70,7 +70,7 @@ const std::vector<CallKind> kKinds{
     {SYS_poll, "poll", Named::ByPollList, 0, {ETIMEDOUT}},
 };
 
-/// A read that crosses into a page that is not there would yield nothing.
+/// Stops at the end of a page, because a read into an unmapped page returns nothing.
 std::string textAt(pid_t process, unsigned long long address) {
     constexpr std::size_t kPart = 256;
     std::string text;
@@ -100,7 +100,7 @@ std::string behindDescriptor(pid_t process, unsigned long long descriptor) {
     return name.starts_with("socket:") ? kSocket : name;
 }
 
-/// A path that does not begin at the root, and an empty one, belong to the folder that is open.
+/// A relative or empty path refers to the open folder.
 std::string inFolder(const std::string& folder, const std::string& path) {
     if (path.starts_with('/') || folder.empty()) {
         return path;

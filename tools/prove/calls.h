@@ -7,19 +7,19 @@
 
 namespace prove {
 
-/// Where a call names what it works on.
+/// How a call identifies its object.
 enum class Named { ByPath, ByDescriptor, ByPollList, ByDomain };
 
-/// The failure that a call ends in which is not done, as <errno.h> has it. To one that waits, ETIMEDOUT means that
-/// nothing has come.
+/// The errno value with which a call fails instead of being done. For a call that waits, ETIMEDOUT means that nothing
+/// has arrived.
 using Answer = int;
 
-/// A call to the kernel that can touch a file or a wire.
+/// A call to the kernel that can access a file or a connection.
 struct CallKind {
     long number;
     const char* name;
     Named named;
-    int place;  // of the argument that names
+    int place;  // of the argument that identifies the object
     std::vector<Answer> answers;
     bool isWrite = false;
     bool isFlush = false;
@@ -29,12 +29,12 @@ struct CallKind {
 std::vector<long> knownCalls();
 std::vector<long> flushingCalls();
 
-/// Null for every other call.
+/// Returns null for every other call.
 const CallKind* kindOf(long number);
 
 bool canAnswer(const CallKind& kind, Answer answer);
 
-/// What a call of that stopped process works on: a path, or "socket". Empty where it is neither.
+/// Returns the object of a stopped process's call: a path, or "socket". Returns "" for any other object.
 std::string objectOf(const CallKind& kind, pid_t process, const unsigned long long* arguments);
 
 }  // namespace prove

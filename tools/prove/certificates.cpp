@@ -14,7 +14,7 @@
 namespace prove {
 namespace {
 
-/// Where libcurl looks on this kind of machine.
+/// The file in which libcurl looks for authorities on this kind of machine.
 constexpr const char* kTrusted = "/etc/ssl/certs/ca-certificates.crt";
 constexpr const char* kHere = "IP:127.0.0.1";
 constexpr long kHour = 3600;

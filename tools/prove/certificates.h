@@ -10,7 +10,7 @@
 
 namespace prove {
 
-/// Frees what OpenSSL has made.
+/// Frees OpenSSL's objects.
 struct TlsFree {
     void operator()(EVP_PKEY* key) const { EVP_PKEY_free(key); }
     void operator()(X509* certificate) const { X509_free(certificate); }
@@ -18,23 +18,23 @@ struct TlsFree {
 };
 using TlsContext = std::unique_ptr<SSL_CTX, TlsFree>;
 
-/// A certificate that must not be believed, as a server shows it.
+/// A certificate that clients must reject, as a server shows it.
 struct WrongCertificate {
     const char* name;
     TlsContext context;
 };
 
-/// Signs for this machine, and makes processes believe it.
+/// Signs certificates for this machine, and makes processes trust it.
 class Authority {
 public:
-    /// Its own certificate lies at `file` afterwards.
+    /// Writes its own certificate to `file`.
     explicit Authority(std::filesystem::path file);
 
     TlsContext right() const;
     std::vector<WrongCertificate> wrongOnes() const;
-    /// From now on this process believes this one and nobody else. False: the machine does not allow it.
+    /// Makes this process trust only this authority. False if the machine does not allow it.
     [[nodiscard]] bool beTrusted() const;
-    /// Whether a process could.
+    /// True if a process could trust it.
     bool canBeTrusted() const;
 
 private:

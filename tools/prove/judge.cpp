@@ -18,7 +18,7 @@ constexpr const char* kSaved = "|COS05574";
 
 std::string eventOf(const std::string& line) { return line.substr(0, line.find('|')); }
 
-/// What a report's line tells beside the words that go with an event that went well.
+/// Returns the failures in a report's line, without the texts of a successful event.
 std::vector<std::string> failuresIn(const std::string& line) {
     std::vector<std::string> failures;
     if (eventOf(line) == "shown") {
@@ -46,7 +46,7 @@ std::vector<std::string> pieces(const std::string& state) {
     return all;
 }
 
-/// Where the state that no errand goes through parts from the nearest of those that one does.
+/// Returns the difference between an unexpected state and the nearest expected one.
 std::string strangeIn(const std::string& state, const std::set<std::string>& states) {
     const std::vector<std::string> strange = pieces(state);
     std::vector<std::string> nearest(strange.size() + 1);
@@ -106,7 +106,7 @@ void Judge::judgeEvent(const std::string& line) {
     }
 }
 
-/// What the store goes through, and what an errand leaves, when nothing happens.
+/// Records the store's states and the final state of an undisturbed scenario.
 void Judge::learn() {
     states_ = {ground_.state()};
     names_.clear();
@@ -175,7 +175,7 @@ void Judge::judgeStore() {
     }
 }
 
-/// Old or new, whole; where it is missing the new one stands whole beside its place.
+/// A photo must be old or new, and complete. If it is missing, the new one must be complete next to its place.
 void Judge::judgePhotos() {
     const Files now = ground_.files();
     for (const auto& [name, old] : filesBefore_) {
@@ -209,7 +209,7 @@ void Judge::judgeLog(const Outcome& outcome) {
     }
 }
 
-/// The same computer starts the program again, on what the dead run has left.
+/// Starts the program again on the same computer, on the crashed run's data.
 void Judge::judgeNextRun() {
     const std::string number = ground_.one("SELECT USER_ID FROM TBL_CUSTOMER_INFO WHERE USER_ID > '000005000'");
     const std::string company = number.empty() ? ground_.company() : number;
@@ -230,7 +230,7 @@ void Judge::judgeNextRun() {
             fault("the next run fails: " + line);
         }
     }
-    // A company that has got its number meanwhile: the lock without one waits for who opens a new company here.
+    // If the company has its number by now, its lock without a number remains until a new company is opened here.
     const std::vector<std::string> locks = ground_.ownLocks();
     if (!locks.empty() && (number.empty() || locks != std::vector<std::string>{ground_.company()})) {
         fault("the next run leaves a lock");
@@ -250,11 +250,11 @@ void Judge::judgeDead(const Outcome& outcome) {
     judgeLog(outcome);
 }
 
-/// Every event that did not go well has told so, and the log has a record of it.
+/// Every failed event must have reported it, and the log must have a record of it.
 void Judge::judgeReport(const Outcome& outcome) {
     bool isWhole = true;
     const std::vector<std::string> log = ground_.log(isWhole);
-    const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // which says where the log is
+    const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // settings contain the log's path
     if (logWorks && !isWhole) {
         fault("the log does not end with a whole record");
     }
@@ -295,13 +295,13 @@ void Judge::judgeAlive(const Outcome& outcome) {
     if (ground_.state() != behind_) {
         fault("the save that was done again is not whole: " + report[report.size() - 2]);
     }
-    // Who was told to open the new number again takes over a lock on it that could neither be had nor refused for sure.
+    // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
     const bool willOpenAgain =
         std::ranges::any_of(report, [](const std::string& line) { return line.find("SAVE0001") != std::string::npos; });
     if (!willOpenAgain && !ground_.ownLocks().empty()) {
         fault("a lock is left");
     }
-    // A journal that lies there still is the store's own, and the next opening's to put right.
+    // A remaining journal belongs to the store, and its next opening will use it.
     for (const auto& [file, content] : ground_.files()) {
         const auto found = filesBehind_.find(file);
         if (found == filesBehind_.end() ? file != kJournal : found->second != content) {

@@ -10,10 +10,10 @@
 
 namespace prove {
 
-/// Knows what an operator's errand goes through when nothing happens, and judges by it one that something befell.
+/// Records the states of an undisturbed scenario, and checks disturbed ones against them.
 class Judge {
 public:
-    /// `server`: the suite's.
+    /// `server` is the suite's.
     Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store);
     Judge(const Judge&) = delete;
     Judge& operator=(const Judge&) = delete;
@@ -23,16 +23,16 @@ public:
     int faults() const { return faults_; }
 
 protected:
-    /// The server refuses photos then and afterwards, so that there is something to log.
+    /// The server rejects photos during and after this, so that there is something to log.
     void learn();
     Outcome errandUnder(const Strike& strike, const std::string& company, int round);
-    /// In the process of the errand.
+    /// Called in the process of the scenario.
     virtual void beforeErrand() {}
     void judgeDead(const Outcome& outcome);
     void judgeAlive(const Outcome& outcome);
     void fault(const std::string& what) { found_.push_back(what); }
-    /// Runs a point with the hasty time limit. If something seems wrong, a stalled machine may have missed that limit:
-    /// the point is run again with the patient one, and what is wrong then is a fault.
+    /// Runs a point with the short time limit. If a check fails, a stalled machine may have caused it. The point is
+    /// then repeated with the long limit, and a check that still fails is a fault.
     void judgePoint(const std::function<void()>& point);
 
     OfficeGround& ground_;
@@ -42,9 +42,9 @@ protected:
     int faults_ = 0;
     int instants_ = 0;
     std::string point_;
-    /// The longest event of the last errand.
+    /// The duration of the last scenario's longest event.
     std::chrono::steady_clock::duration slowest_{};
-    /// The store behind the last errand's first save, and behind an undisturbed errand.
+    /// The store after the last scenario's first save, and after an undisturbed scenario.
     std::string saved_;
     std::string behind_;
 
@@ -56,10 +56,10 @@ private:
     void judgeNextRun();
     void judgeReport(const Outcome& outcome);
 
-    /// All that an undisturbed errand goes through, with a server that takes the company and with one that does not.
+    /// All states of an undisturbed scenario, with a server that accepts the company and with one that does not.
     std::set<std::string> states_;
     bool isLearning_ = false;
-    /// What is wrong with the present point.
+    /// The faults of the current point.
     std::vector<std::string> found_;
     Files filesBefore_;
     Files filesBehind_;

@@ -1,6 +1,6 @@
-// prove FOLDER STORE STEP: kills a whole errand, and fails it, at every STEP-th call that touches the store, the
-// photos, the log or a wire. STORE is "file" or "server"; with "answers" instead each answer of the suite's server
-// comes back strange at every STEP-th of its bytes.
+// prove FOLDER STORE STEP: kills a scenario, or makes a call fail, at every STEP-th call that accesses the store, the
+// photos, the log or a connection. STORE is "file" or "server". With "answers" instead, each answer of the suite's
+// server is wrong at every STEP-th of its bytes.
 #include <sched.h>
 
 #include <algorithm>
@@ -37,8 +37,8 @@ constexpr CompanyKind kKinds[] = {
     {"both photos replaced", "000004601", kUnsent, "", true},
 };
 
-/// The watched and the watching process take turns, which is much faster where they are on one processor: the first of
-/// those that may be used, or the last.
+/// Runs the watched and the watching process on one processor, the first or the last allowed, because they alternate.
+/// This is much faster.
 void stayOnProcessor(bool first) {
     cpu_set_t all;
     if (::sched_getaffinity(0, sizeof all, &all) != 0) {
@@ -72,7 +72,7 @@ int proveAll(const std::filesystem::path& folder, const std::string& store, int 
         ground.reachServer(database->text("sample"));
     }
     stayOnProcessor(store == "file");
-    orv::curlLibrary();  // each errand finds it loaded
+    orv::curlLibrary();  // loaded before the scenarios start
     Trial trial(ground, server, store, step);
     for (const CompanyKind& kind : kKinds) {
         trial.run(kind);
@@ -80,7 +80,7 @@ int proveAll(const std::filesystem::path& folder, const std::string& store, int 
     return verdict(trial);
 }
 
-/// The third kind has its photos replaced, which no answer comes to know.
+/// The third kind replaces its photos, which does not change any answer.
 constexpr std::size_t kAnsweredKinds = 2;
 
 int proveAnswers(const std::filesystem::path& folder, int step) {

@@ -27,7 +27,7 @@ std::string contentOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The folder of a run in TMP has another name each time. A second one, which nobody removed, stays to be seen.
+/// Replaces the random name of a run's folder in TMP. A second folder, which no run has removed, stays visible.
 std::string withoutRunName(std::string name, std::set<std::string>& runs) {
     if (name.starts_with(kRunFolder)) {
         const std::size_t end = name.find('/', std::string_view(kRunFolder).size());
@@ -63,7 +63,7 @@ void OfficeGround::changeSettings(const std::string& usual, const std::string& o
     std::ofstream(settings, std::ios::binary) << text;
 }
 
-/// Larger than what can be registered, so that each is fitted.
+/// Larger than the limits, so that each is fitted.
 void OfficeGround::makePhotos() const {
     const orv::InstallPaths paths(office_.folder().string(), (orv() / "BIN").string());
     orv::PosixFiles files(paths);

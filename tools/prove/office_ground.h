@@ -15,62 +15,64 @@
 
 namespace prove {
 
-/// The company that an operator works on, and what the store is before and while he does.
+/// A kind of company, with the store before and during the work.
 struct CompanyKind {
     const char* name;
     const char* company;
     const char* before;
-    /// Done to the store once the pages are edited.
+    /// Statements for the store after the pages are edited.
     const char* edited;
     bool replacesPhotos;
 };
 
 /// Name and fingerprint.
 using Files = std::map<std::string, std::string>;
-/// The name under which a journal beside the store is listed.
+/// The name under which a journal next to the store is listed.
 inline constexpr const char* kJournal = "MDB/journal";
 
-/// Time limits: one that many silent servers cost little with, and one that no stalled machine misses.
+/// Time limits: a short one, because many silent servers are tested, and one that no stalled machine exceeds.
 inline constexpr std::chrono::milliseconds kHasty{500};
 inline constexpr std::chrono::milliseconds kPatient{30000};
 
-/// An office in which a company can be brought back to how it was, and what of it can be seen past the program.
+/// An office in which a company can be reset, and whose state can be read without the program.
 class OfficeGround {
 public:
     OfficeGround(const std::filesystem::path& folder, const std::string& serverPort);
 
-    /// From now on the store is this one, and the file at its place says so.
+    /// Uses this store from now on and writes its text to the store's file.
     void reachServer(const std::string& text);
-    /// How long the program waits for an answer of the suite's server; kPatient at first.
+    /// Sets how long the program waits for an answer of the suite's server; initially kPatient.
     void giveUpAfter(std::chrono::milliseconds limit);
     std::chrono::milliseconds limit() const { return limit_; }
-    /// Everywhere in the settings.
+    /// Replaces a text everywhere in the settings.
     void changeSettings(const std::string& usual, const std::string& other) const;
     void begin(const CompanyKind& kind);
     void comeBack();
     void edited() { eye_->run(kind_->edited); }
 
-    /// Where calls are struck, beside the wires. A kill matters where the errand writes. A failing call also matters
-    /// where it only reads, the settings and the help file. What one errand has shown is not tried by the next: photos
-    /// change nothing about the settings, and on a server all but the server itself fails as it does on a file.
+    /// Returns the folders in which failures are injected, in addition to the connections. A kill matters where the
+    /// scenario writes. A failing call also matters where it only reads: settings and help file. Later scenarios omit
+    /// folders with known results. Photos do not affect the settings, and on a server the other files behave as with a
+    /// file.
     std::vector<std::string> watched(bool kills) const;
-    /// `round`: each has words and photos of its own.
+    /// Each `round` has its own texts and photos.
     Errand errand(const std::string& company, int round) const;
     std::string company() const { return kind_->company; }
     const CompanyKind& kind() const { return *kind_; }
 
-    /// The three tables; a number that the server has given is written as "#".
+    /// Returns the three tables, with the number assigned by the server as "#".
     std::string state();
     std::string damage() { return eye_->damage(); }
-    /// The first column of the first row, or nothing.
+    /// Returns the first column of the first row, or "".
     std::string one(const std::string& sql);
-    /// Of the companies that were not there before.
+    /// Returns the numbers of companies that did not exist before.
     std::vector<std::string> newNumbers();
-    /// The locks beside the ones that were there.
+    /// Returns the locks that did not exist before.
     std::vector<std::string> ownLocks();
-    /// What stands below the folders that a save works on.
+    /// Returns the files in the folders that a save uses.
     Files files() const;
-    /// The records of the err log, without the ends of their lines, as bytes. Whether the last one has its end.
+    /// Returns the records of the err log without line ends, as bytes. `isWhole` is false if the last one has no line
+    /// end.
     std::vector<std::string> log(bool& isWhole) const;
     std::vector<std::string> report() const;
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# prove.sh PROGRAM file|server|answers STEP: in a folder that goes again, in memory where there is such a one, since an
-# errand is mostly files.
+# prove.sh PROGRAM file|server|answers STEP: runs the test in a temporary folder, in memory if possible, because a
+# scenario consists mostly of file accesses.
 set -euo pipefail
 folder=$(mktemp -d /dev/shm/prove-XXXXXX 2>/dev/null || mktemp -d)
 trap 'rm -rf "$folder"' EXIT

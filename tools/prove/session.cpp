@@ -28,13 +28,13 @@ public:
     }
 };
 
-/// Hears the messages, and takes every photo as it was fitted.
+/// Records the messages, and accepts every fitted photo.
 class Operator : public orv::MessageService, public bench::NoWindows {
 public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
     std::int32_t LastAnswer() const override { return 0; }
     bool ShowMessage(const std::string& id, const orv::Values& args) override {
-        if (id != "LOG00001") {  // about the log and not about the event
+        if (id != "LOG00001") {  // concerns the log, not the event
             told += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
         }
         return true;
@@ -48,7 +48,7 @@ public:
     std::string told;
 };
 
-/// Whether the operator was told of nothing but what belongs to an event that went well.
+/// True if the messages are only those of a successful event.
 bool wentWell(std::string told) {
     for (const std::string expected : {"|COS20001", "|COS20002", "|ADD00010", "|COS05574"}) {
         for (std::size_t at = told.find(expected); at != std::string::npos; at = told.find(expected)) {
@@ -65,7 +65,7 @@ public:
           report_(errand.report),
           program_(errand.programFolder),
           pictures_(*orv::services().fileSystem) {
-        std::signal(SIGPIPE, SIG_IGN);  // as main() does
+        std::signal(SIGPIPE, SIG_IGN);  // like main()
         orv::Services& all = orv::services();
         all.message = &operator_;
         all.windows = &operator_;

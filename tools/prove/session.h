@@ -5,23 +5,23 @@
 
 namespace prove {
 
-/// What an operator comes to do.
+/// The work of an operator in one run.
 struct Errand {
     std::string programFolder;
     std::string company;
-    /// What is typed on the pages.
+    /// The text typed on the pages.
     std::string words;
-    /// Photos to drop on the slots of page 2, in the form of the machine.
+    /// Photos to drop on the slots of page 2, in the machine's form.
     std::vector<std::string> photos;
-    /// Where to write down what came of it, a line an event: its name, the ids and codes of the messages, each behind
-    /// a "|". "shown" says what stands on page 0 and which photos are at hand.
+    /// The file for the results, one line per event: its name, then the ids and codes of the messages, each after a
+    /// "|". "shown" lists the content of page 0 and the available photos.
     std::string report;
 };
 
-/// Opens the company, edits all pages, saves and leaves; what failed is done once more. A process has only one.
+/// Opens the company, edits all pages, saves and leaves. A failed step is repeated once. A process can run only one.
 void runErrand(const Errand& errand);
 
-/// A short name for the content of a file.
+/// Returns a short name for the content of a file.
 std::string fingerprintOf(const std::string& nativePath);
 
 }  // namespace prove

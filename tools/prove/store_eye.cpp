@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What a disk has free, and the kind of network, which stays blank by decision where the settings can't be read.
+/// True for the free disk space, and for the kind of network, which is blank by design if the settings cannot be read.
 bool isMeasured(std::string name) {
     for (char& c : name) {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;

@@ -8,7 +8,7 @@
 
 namespace prove {
 
-/// Sees a store past the program: by the engine's own library and by nothing of the program's.
+/// Reads a store with the engine's own library, without the program's code.
 class StoreEye {
 public:
     StoreEye() = default;
@@ -16,23 +16,23 @@ public:
     StoreEye& operator=(const StoreEye&) = delete;
     virtual ~StoreEye() = default;
 
-    /// Columns parted by "|". What is measured anew at each load is left out.
+    /// Returns columns separated by "|", without those that are measured at each load.
     virtual std::vector<std::string> rows(const std::string& sql) = 0;
     virtual void run(const std::string& sql) = 0;
-    /// What the store finds wrong with itself; empty: nothing.
+    /// Returns the faults that the store finds in itself, or "".
     virtual std::string damage() = 0;
-    /// The rows are as they were when the eye was opened.
+    /// Restores the rows to their state when this object was created.
     virtual void beginAgain() = 0;
-    /// The rows as they are now are those to come back to.
+    /// Makes the current rows the state that `comeBack` restores.
     virtual void keep() = 0;
     virtual void comeBack() = 0;
 };
 
-/// Looks at a copy of the file and what lies beside it, so that what a dead program has left is there for the next one
-/// to put right. Going back is left to who copies the folder.
+/// Reads a copy of the file and its journal, so that the next program finds the state that a crashed one left. The
+/// caller copies the folder to restore it.
 std::unique_ptr<StoreEye> eyeOnFile(const std::filesystem::path& file, const std::filesystem::path& copy);
 
-/// Waits until the server has seen the end of every other session.
+/// Waits until the server has noticed the end of every other session.
 std::unique_ptr<StoreEye> eyeOnServer(const std::string& text);
 
 }  // namespace prove

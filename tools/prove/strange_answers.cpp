@@ -9,7 +9,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// So many of the program's time limits an event may take.
+/// The maximum duration of an event, in multiples of the program's time limit.
 constexpr int kLimits = 10;
 constexpr const char* kWell = "save|COS05574";
 constexpr const char* kTold = "save|COSERR01,";
@@ -18,7 +18,7 @@ std::string nameOf(Asked asked) {
     return asked == Asked::Prepare ? "the preparing" : asked == Asked::Photo ? "a photo" : "the company";
 }
 
-/// What the first save told.
+/// Returns the report of the first save.
 std::string savedLine(const std::vector<std::string>& report) {
     const auto found = std::ranges::find_if(report, [](const std::string& line) { return line.starts_with("save"); });
     return found == report.end() ? "" : *found;
@@ -46,7 +46,7 @@ std::vector<Asked> StrangeAnswers::begin(const CompanyKind& kind) {
     ground_.begin(kind);
     learn();
     server_.misbehave("well");
-    for (int times = 0; times < 2; ++times) {  // the server answers a known photo otherwise than a new one
+    for (int times = 0; times < 2; ++times) {  // the server answers a known photo differently from a new one
         ground_.comeBack();
         front_.befall(Asked::Company, {});
         errandUnder({}, ground_.company(), 0);
@@ -82,7 +82,8 @@ void StrangeAnswers::runOverTls(const CompanyKind& kind, const Authority& author
     }
 }
 
-/// To all, to the photos alone and to the company alone. Behind the wrong certificate nothing is asked.
+/// Shows the wrong certificate to all requests, to the photos only, and to the company only. After it no request may
+/// follow.
 void StrangeAnswers::showWrong(const TlsContext& right, const WrongCertificate& wrong) {
     struct Shown {
         Asked asked;
@@ -95,7 +96,7 @@ void StrangeAnswers::showWrong(const TlsContext& right, const WrongCertificate& 
             continue;
         }
         point_ = std::string(wrong.name) + ", first for " + nameOf(asked);
-        const int saves = asked == Asked::Photo ? 0 : 1;  // that went well, of those that the wrong one came to
+        const int saves = asked == Asked::Photo ? 0 : 1;  // successful saves among those that received the wrong one
         judgePoint([&] {
             front_.speakTls(right.get(), wrong.context.get(), before, count);
             strike({asked, Fate::Refused, "24011"}, {});
@@ -164,7 +165,7 @@ void StrangeAnswers::strike(const Expected& expected, Strangeness strangeness) {
     judgeNumber();
 }
 
-/// A photo is sent as well as may be, and stops no save.
+/// A failed photo does not stop a save.
 void StrangeAnswers::judgeTold(const Expected& expected) {
     const std::string line = savedLine(ground_.report());
     const bool isPhoto = expected.asked == Asked::Photo;
@@ -189,7 +190,7 @@ void StrangeAnswers::judgeTold(const Expected& expected) {
     }
 }
 
-/// A new company bears the number that the last answer named, and one that can be a number.
+/// A new company's number is the one in the last answer, if that is a valid number.
 void StrangeAnswers::judgeNumber() {
     for (const std::string& number : ground_.newNumbers()) {
         const bool isProper = number.size() == 9 && std::ranges::all_of(number, [](char c) {

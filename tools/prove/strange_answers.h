@@ -7,17 +7,16 @@
 
 namespace prove {
 
-/// Puts an operator's errand to the proof: each answer of the suite's server comes back strange, byte by byte and as a
-/// whole, one an errand.
+/// Runs scenarios in which one answer of the suite's server is wrong, at each byte and as a whole.
 class StrangeAnswers : public Judge {
 public:
-    /// `front`: where the program finds the server. `step`: every place, or every so manyth; what is strange as a whole
-    /// comes in any case.
+    /// `front` is the server that the program contacts. `step` selects every STEP-th position; answers that are wrong
+    /// as a whole are always tested.
     StrangeAnswers(OfficeGround& ground, const desk::ServerDesk& server, StrangeServer& front, std::size_t step);
 
     void run(const CompanyKind& kind);
-    /// The same over TLS, with wrong certificates, and with the answers that are strange as a whole; with the settings
-    /// that go with it.
+    /// Repeats the answers that are wrong as a whole over TLS, and adds wrong certificates. Changes the settings for
+    /// TLS.
     void runOverTls(const CompanyKind& kind, const Authority& authority);
 
 private:
@@ -28,7 +27,7 @@ private:
     };
 
     void beforeErrand() override;
-    /// Gives what the program asks for.
+    /// Returns the requests of the program.
     std::vector<Asked> begin(const CompanyKind& kind);
     void strikePlaces(Asked asked);
     void strikeWhole(Asked asked);

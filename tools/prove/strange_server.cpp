@@ -41,7 +41,7 @@ int newSocket() {
     return made;
 }
 
-/// Whether a request or an answer has come to its end.
+/// True if a request or an answer is complete.
 bool isWhole(const std::string& bytes) {
     const std::size_t head = bytes.find(kHeadEnd);
     const std::size_t length = bytes.find(kLength);
@@ -82,7 +82,7 @@ bool Port::wasVisited() const {
     return found;
 }
 
-/// One connection, in the clear or within TLS.
+/// One connection, in plain text or TLS.
 class StrangeServer::Wire {
 public:
     explicit Wire(int socket) : socket_(socket), tls_(nullptr, SSL_free) {
@@ -107,14 +107,14 @@ public:
         tls_.reset(context == nullptr ? nullptr : SSL_new(context));
         return context == nullptr || (SSL_set_fd(tls_.get(), socket_) == 1 && SSL_accept(tls_.get()) == 1);
     }
-    /// What is there first, and stays there.
+    /// Returns the first available bytes without removing them.
     std::string begun() const {
         char bytes[16] = {};
         const ssize_t count =
             tls_ ? SSL_peek(tls_.get(), bytes, sizeof bytes) : ::recv(socket_, bytes, sizeof bytes, MSG_PEEK);
         return {bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0))};
     }
-    /// Empty: the other end has gone.
+    /// Returns "" if the peer has disconnected.
     std::string take() const {
         char bytes[16384];
         const ssize_t count =
@@ -145,7 +145,7 @@ public:
         while (std::chrono::steady_clock::now() < end && give(piece)) {
         }
     }
-    /// Until the other end has gone.
+    /// Sends until the peer disconnects.
     void dribble(std::string_view bytes) const {
         pollfd end{socket_, POLLRDHUP, 0};
         while (!bytes.empty() && give(bytes.substr(0, 1)) && ::poll(&end, 1, kDribble) == 0) {
@@ -213,7 +213,7 @@ std::string StrangeServer::sentAnswer(Asked kind) const { return deskNow(kind).s
 void StrangeServer::serve() {
     sigset_t gone;
     ::sigemptyset(&gone);
-    ::sigaddset(&gone, SIGPIPE);  // OpenSSL writes to who has gone, too
+    ::sigaddset(&gone, SIGPIPE);  // OpenSSL also writes to a disconnected peer
     ::pthread_sigmask(SIG_BLOCK, &gone, nullptr);
     for (int client = 0; (client = ::accept(port_.socket(), nullptr, nullptr)) >= 0;) {
         Wire wire(client);

@@ -11,26 +11,26 @@
 
 namespace prove {
 
-/// What the program asks the suite's server for.
+/// The program's requests to the suite's server.
 enum class Asked { Prepare, Photo, Company };
 inline constexpr std::size_t kAskedKinds = 3;
 
-/// What becomes of one answer.
+/// The change to one answer.
 struct Strangeness {
     enum class Then {
         Close,
-        Silence,  // nothing more comes
-        Flood,    // `flood` comes, without end
-        Dribble,  // the bytes come slowly, one by one
+        Silence,  // no more bytes follow
+        Flood,    // `flood` follows endlessly
+        Dribble,  // the bytes are sent slowly, one by one
     };
     std::function<std::string(const std::string& answer)> change = [](const std::string& answer) { return answer; };
     Then then = Then::Close;
-    /// The answer of the time before goes out, and the request is not read.
+    /// Sends the previous answer without reading the request.
     bool isUnread = false;
     std::string flood = {};
 };
 
-/// A port of this machine. Nobody is behind it; the connections that were made to it can be counted.
+/// A port of this machine without a server. It counts the connections made to it.
 class Port {
 public:
     Port();
@@ -40,31 +40,31 @@ public:
 
     std::string number() const;
     int socket() const { return socket_; }
-    /// Whether somebody has come since the last time that it was asked.
+    /// True if there were connections since the last call.
     bool wasVisited() const;
 
 private:
     int socket_;
 };
 
-/// Stands before the suite's server: hands each request on and its true answer back, but for one that is made strange.
+/// A proxy for the suite's server that forwards each request and its answer, and changes one answer.
 class StrangeServer {
 public:
-    /// `behind`: the port of the suite's server.
+    /// `behind` is the port of the suite's server.
     explicit StrangeServer(int behind);
     StrangeServer(const StrangeServer&) = delete;
     StrangeServer& operator=(const StrangeServer&) = delete;
     ~StrangeServer();
 
     std::string port() const { return port_.number(); }
-    /// From now on only over TLS: `count` connections behind the next `before` ones are shown what `wrong` has, all
-    /// others what `right` has.
+    /// Accepts only TLS from now on. Shows the certificate of `wrong` to `count` connections after the next `before`
+    /// ones, and that of `right` to all others.
     void speakTls(SSL_CTX* right, SSL_CTX* wrong, int before, int count);
-    /// The next answer of that kind; the others are true. The requests are counted from 0 again.
+    /// Changes the next answer of that kind and keeps the others. Counts the requests from 0 again.
     void befall(Asked kind, Strangeness strangeness);
 
     int requests(Asked kind) const;
-    /// The last answer of that kind: the true one, and what went out in its place.
+    /// Returns the last answer of that kind: the original, and the one sent instead.
     std::string trueAnswer(Asked kind) const;
     std::string sentAnswer(Asked kind) const;
 

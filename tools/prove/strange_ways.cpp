@@ -34,7 +34,7 @@ struct Parts {
     }
 };
 
-/// `lines` in the place of the length.
+/// Replaces the length by `lines`.
 std::string with(const std::string& answer, const std::string& status, const std::string& lines,
                  const std::string& body) {
     Parts parts(answer);
@@ -68,7 +68,7 @@ Strangeness body(const std::string& body) {
     }};
 }
 
-/// `behind`: what follows the one chunk that holds the body.
+/// `behind` follows the only chunk, which contains the body.
 Strangeness chunked(const std::string& behind, const std::string& line = kChunked) {
     return {[=](const std::string& answer) {
         const std::string body = Parts(answer).body;

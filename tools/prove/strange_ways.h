@@ -7,24 +7,24 @@
 
 namespace prove {
 
-/// What has to become of the answer in the end.
+/// The required result of the answer.
 enum class Fate {
-    Either,   // a strange answer may be a good one too
-    Taken,    // a good one that looks unusual
-    Refused,  // a failure, told where one is told
+    Either,   // a wrong answer can be a valid one too
+    Taken,    // valid, but unusual
+    Refused,  // a failure, reported if the program reports such failures
 };
 
-/// One answer made strange at a place: a byte of it, or one of its bits.
+/// A change to an answer at one position: a byte, or one of its bits.
 struct PlaceWay {
     const char* name;
     std::size_t placesPerByte;
     Strangeness (*at)(std::size_t place);
     Fate fate;
-    /// What is told and logged then; empty: anything of the table.
+    /// The reported and logged code; empty for any code of the table.
     const char* code;
 };
 
-/// One whole answer made strange.
+/// A change to a whole answer.
 struct WholeWay {
     std::string name;
     Strangeness strangeness;
@@ -33,7 +33,7 @@ struct WholeWay {
 };
 
 const std::vector<PlaceWay>& placeWays();
-/// `elsewhere`: the port of another server, to which some lead.
+/// `elsewhere` is the port of another server, to which some answers redirect.
 std::vector<WholeWay> wholeWays(const std::string& elsewhere);
 
 }  // namespace prove

@@ -53,7 +53,7 @@ public:
 
 private:
     int nextStatus();
-    /// What has stopped the thread; the signal that it goes on with.
+    /// Handles the thread's stop and returns the signal with which it continues.
     long takeStop(int status, const std::function<void()>& onEvent);
     void beforeCall();
     void behindCall();
@@ -69,12 +69,12 @@ private:
     const std::vector<std::string>& folders_;
     Strike strike_;
     pid_t process_;
-    /// The one that stands still. The others run, and wait for this one if they must.
+    /// The stopped thread. The others run, and wait for this one if they must.
     pid_t thread_;
     Outcome outcome_;
     bool ended_ = false;
     bool lasts_ = false;
-    /// Of the writing that is being done by half; 0: none is.
+    /// The size of the write that is done in two halves, or 0.
     unsigned long long wholeSize_ = 0;
 };
 
@@ -104,7 +104,7 @@ bool Watched::counts(const CallKind& kind, unsigned long long size) const {
     return false;
 }
 
-/// The call is not done, and the program finds `value` as its result.
+/// Skips the call and returns `value` to the program as its result.
 void answer(user_regs_struct& all, long value) {
     all.orig_rax = static_cast<unsigned long long>(-1);
     all.rax = static_cast<unsigned long long>(value);
@@ -128,7 +128,7 @@ void Watched::beforeCall() {
     }
 }
 
-/// Ends the connection behind a descriptor of another process, as a network or a server does that goes.
+/// Ends the connection of another process's descriptor, as a network or a server does when it fails.
 void cutWire(pid_t process, int descriptor) {
     const int handle = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
     const int wire = static_cast<int>(::syscall(SYS_pidfd_getfd, handle, descriptor, 0));
@@ -179,7 +179,7 @@ void Watched::setRegisters(const user_regs_struct& all) const {
     require(::ptrace(PTRACE_SETREGS, thread_, nullptr, &all) == 0, "registers");
 }
 
-/// Of a thread of the watched process; its other threads may end meanwhile.
+/// Returns the status of a thread of the watched process. Other threads can end meanwhile.
 int Watched::nextStatus() {
     int status = 0;
     do {
@@ -207,7 +207,7 @@ long Watched::takeStop(int status, const std::function<void()>& onEvent) {
 Outcome Watched::watch(const std::function<void()>& onEvent) {
     long signal = 0;
     while (true) {
-        // One that is dying already has no stop to go on from. The end of a call is a stop only where it is waited for.
+        // A dying thread has no stop to continue from. The end of a call is a stop only if requested.
         static_cast<void>(::ptrace(wholeSize_ > 0 ? PTRACE_SYSCALL : PTRACE_CONT, thread_, nullptr, signal));
         const int status = nextStatus();
         if (!WIFSTOPPED(status)) {
@@ -222,7 +222,7 @@ Outcome Watched::watch(const std::function<void()>& onEvent) {
     }
 }
 
-/// Lets the kernel stop this process before each call that may matter, and at no other.
+/// Makes the kernel stop this process only before calls that can matter.
 void stopAtCalls(Strike::Way way) {
     std::vector<sock_filter> rules{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
     for (const long number : way == Strike::Way::Nothing ? flushingCalls() : knownCalls()) {
@@ -236,7 +236,7 @@ void stopAtCalls(Strike::Way way) {
     }
 }
 
-/// What `body` throws ends this process and goes no further.
+/// An exception of `body` ends this process.
 [[noreturn]] void beWatched(Strike::Way way, const std::function<void()>& body) noexcept {
     ::alarm(kPatienceSeconds);
     if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {

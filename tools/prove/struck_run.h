@@ -8,40 +8,40 @@
 
 namespace prove {
 
-/// What befalls a program, and at which of its calls: `at` counts from 1 those to which it can happen.
+/// A failure injected into a program. `at` is the number, from 1, among the calls to which it applies.
 struct Strike {
     enum class Way {
         Nothing,
         Kill,         // before the call
-        KillHalfway,  // in the middle of a writing
-        Once,         // the call gets `answer`
-        Lasting,      // and so does each later one that can, until the event is over
+        KillHalfway,  // in the middle of a write
+        Once,         // the call returns `answer`
+        Lasting,      // as does every later one until the event ends
         Cut,          // the connection ends before a call that sends or receives
-        Halfway,      // as Lasting, but the first, a writing, is done by half
+        Halfway,      // like Lasting, but the first write is done by half
     };
     Way way = Way::Nothing;
     int at = 0;
     Answer answer = 0;
 };
 
-/// What became of a run.
+/// The result of a run.
 struct Outcome {
-    /// The call that was struck and what it worked on, and the files that later ones were refused on; empty: the run
+    /// The call with the injected failure and its object, then the files on which later calls failed. Empty if the run
     /// had no such call.
     std::vector<std::string> struck;
     bool killed = false;
-    /// Ended by itself with status 0; `ending` says how it ended otherwise.
+    /// True if the process ended by itself with status 0; otherwise `ending` says how it ended.
     bool fine = false;
     std::string ending;
     int calls = 0;
 };
 
-/// Tells the one who watches that an event is over.
+/// Notifies the watching process that an event has ended.
 void eventIsOver();
 
-/// Runs `body` in a process of its own in which each call is watched that works on a file below one of `folders`, or on
-/// a socket. `onEvent` is called, while the process stands still, each time that an event is over. Nothing waits for
-/// the disk: what a dead process has written is not lost. Throws where the machine does not allow the watching.
+/// Runs `body` in a separate process and watches each call on a file in `folders` or on a socket. Calls `onEvent` while
+/// the process is stopped, each time an event has ended. Nothing is flushed to the disk, because the writes of a dead
+/// process are not lost. Throws if the machine does not allow the watching.
 Outcome runStruck(const std::vector<std::string>& folders, const Strike& strike, const std::function<void()>& body,
                   const std::function<void()>& onEvent);
 

@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// How many of the program's time limits a scenario may take.
+/// The maximum duration of a scenario, in multiples of the program's time limit.
 constexpr int kLimits = 30;
 
 }  // namespace

@@ -4,10 +4,10 @@
 
 namespace prove {
 
-/// Puts an operator's errand to the proof: struck at every call, one after the other.
+/// Runs a scenario repeatedly, with a failure injected at one call after the other.
 class Trial : public Judge {
 public:
-    /// `step`: every call, or every so manyth.
+    /// `step` selects every STEP-th call.
     Trial(OfficeGround& ground, const desk::ServerDesk& server, std::string store, int step);
 
     void run(const CompanyKind& kind);

@@ -6,7 +6,7 @@
 
 namespace prove {
 
-/// One way to strike an errand, at each of the calls that it can happen to.
+/// One kind of failure, injected at each of the calls to which it applies.
 struct Way {
     const char* name;
     Strike::Way way;

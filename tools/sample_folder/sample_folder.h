@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The sample office among the sources.
+/// The path of the sample office in the source tree.
 extern const std::string kSampleFolder;
 
 }  // namespace orv

@@ -1,4 +1,4 @@
-// The address search: a post code or a part of an address finds the address and its code.
+// The address search: finds an address and its code by a post code or a part of the address.
 #include "search_window.h"
 
 int main(int argc, char* argv[]) {

@@ -5,16 +5,16 @@
 
 namespace search {
 
-/// What the calling program hands over, joined by commas: the values that it has now, and the handles of what is to be
-/// filled and of the button that is pressed at the end.
+/// The arguments from the calling program, separated by commas: current values, handles of the fields to fill, and the
+/// handle of the button to press at the end.
 struct CommandLine {
     QStringList values;
     QStringList handles;
     QString button;
 };
 
-/// `text`: all that stands behind the program's name. A comma too many belongs to the last value but one, which
-/// may be any text. Nothing when parts are missing or a handle is no number.
+/// `text` is everything after the program's name. Extra commas belong to the last value but one, which can be any text.
+/// Returns nothing if parts are missing or a handle is not a number.
 std::optional<CommandLine> readCommandLine(const QString& text, qsizetype valueCount, qsizetype handleCount);
 
 }  // namespace search

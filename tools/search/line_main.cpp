@@ -1,4 +1,4 @@
-// The rail search: a part of a line's or a station's name finds both and their codes.
+// The rail search: finds a line and a station with their codes by a part of either name.
 #include "search_window.h"
 
 int main(int argc, char* argv[]) {

@@ -6,20 +6,20 @@
 
 namespace search {
 
-/// A row of a data file. `key` is what a typed text is looked for in.
+/// A row of a data file. `key` is the text that a search compares.
 struct Row {
     QStringList fields;
     QString key;
 };
 
-/// Full width, small and capital letters, and hyphens make no difference to a search.
+/// Removes differences of width, of small and capital letters, and of hyphens.
 QString searchKey(const QString& text);
 
-/// The rows of a UTF-8 file: fields parted by commas; a line that begins with # says nothing. `shown` are the fields
-/// that can be searched. Nothing when the file can't be read or a line has not `fieldCount` fields.
+/// Returns the rows of a UTF-8 file with fields separated by commas and comments after #. `shown` lists the searchable
+/// fields. Returns nothing if the file cannot be read or a line does not have `fieldCount` fields.
 std::optional<QList<Row>> readRows(const QString& file, qsizetype fieldCount, const QList<int>& shown);
 
-/// Whether each word of the text stands somewhere in the row.
+/// True if the row contains each word of the text.
 bool matches(const Row& row, const QString& typed);
 
 }  // namespace search

@@ -20,7 +20,7 @@ bool movesInList(int key) {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
 }
 
-/// All that stands behind the program's name.
+/// Returns the text after the program's name.
 QString tail(int count, char* arguments[]) {
     QStringList words;
     for (int i = 1; i < count; ++i) {
@@ -84,7 +84,7 @@ void SearchWindow::layOut() {
     }
 }
 
-/// On the row that is in force, when the list has it, with the text that found it ready to be typed over.
+/// Selects the current row, if the list has it, and the text that found it, so that typing replaces it.
 void SearchWindow::begin(const QStringList& current) {
     filter();
     for (const QString& value : current.mid(0, current.size() - 1)) {

@@ -10,31 +10,31 @@
 
 namespace search {
 
-/// What one of the search programs is.
+/// The properties of a search program.
 struct SearchPlan {
     const char* title;
     const char* prompt;
     const char* nothingFound;
-    /// Beside the program, in the folder DAT.
+    /// In the folder DAT next to the program.
     const char* dataFile;
     qsizetype fieldCount;
-    /// Which fields of a row are columns of the list, and what stands above them.
+    /// The fields of a row that are columns of the list, and the column titles.
     QList<int> shown;
     QStringList headings;
     /// The fields of a row in the order of the handles.
     QList<int> sent;
-    /// How many values the command line begins with: none, or a row in the order of `sent`.
+    /// The number of values at the start of the command line: none, or a row in the order of `sent`.
     qsizetype valueCount;
 };
 
-/// A text to look for and the rows that hold it. The arrows move in the list while the text is being typed; Enter or a
-/// double click chooses, Esc leaves without.
+/// A search text and the rows that contain it. The arrow keys move in the list while the text is typed. Enter or a
+/// double click chooses, Esc cancels.
 class SearchWindow : public QDialog {
 public:
-    /// `current`: values to begin with, or none.
+    /// `current` contains the initial values, or none.
     SearchWindow(const SearchPlan& plan, QList<Row> rows, const QStringList& current);
 
-    /// The row that was chosen.
+    /// Returns the chosen row.
     const Row& chosen() const { return rows_[list_->currentRow()]; }
 
 protected:
@@ -55,7 +55,7 @@ private:
     QPushButton* choose_;
 };
 
-/// A whole search program. `arguments` and its count as of main().
+/// Runs a search program. `count` and `arguments` are those of main().
 int runSearch(const SearchPlan& plan, int count, char* arguments[]);
 
 }  // namespace search

@@ -14,7 +14,7 @@
 namespace orv {
 namespace {
 
-/// A select whose rows are each something found: the company or word, and what is wrong with it.
+/// A select whose rows are findings: the company or word, and the fault.
 struct Question {
     const char* what;
     std::string sql;
@@ -25,7 +25,7 @@ std::string without(const std::string& table, const std::string& other) {
            ") ORDER BY USER_ID";
 }
 
-/// Companies whose word is in no list of that type, deleted rows left out: the page can't show it.
+/// Finds companies whose word is not in the list of that type, deleted rows excluded. The page cannot show it.
 std::string unknownWord(const std::string& column, const std::string& table, const std::string& type) {
     return "SELECT USER_ID FROM " + table + " WHERE " + column + " <> '' AND " + column +
            " NOT IN (SELECT ITEM_NAME FROM MST_OTHERS WHERE TYPE_CODE = '" + type + "' AND DEL_FLAG = FALSE)" +
@@ -62,7 +62,7 @@ std::vector<Question> questions() {
     return all;
 }
 
-/// The table of the profiles, which can be in a store of a server too.
+/// The table of the profiles, which can also be in a server's store.
 constexpr std::string_view kProfiles = "Transmit_Info";
 
 bool isOfSchema(const StoreObject& object) {
@@ -110,7 +110,7 @@ private:
         report_.say(where + ": " + what);
     }
 
-    /// What can't be asked is a finding too; the check goes on.
+    /// Reports a failed question as a finding and continues.
     template <typename Ask>
     void asked(const std::string& what, Ask ask) {
         try {
@@ -155,7 +155,8 @@ private:
         }
     }
 
-    /// Whole hours since a lock's time, in the local time that the terminals write; empty where it is none.
+    /// Returns the whole hours since a lock's time, in the local time that the terminals write, or "" if it is not a
+    /// time.
     static std::string ageOf(const std::string& since) {
         std::tm time{};
         time.tm_isdst = -1;
@@ -176,7 +177,7 @@ private:
 
 }  // namespace
 
-/// A file is looked at in a copy of one's own: its terminals are not kept waiting, and nothing is written to it.
+/// Checks a private copy of a file, so that its terminals do not wait and nothing is written to it.
 StoreReport checkStore(const Options& options) {
     if (!isEmbedded(options.store)) {
         return Check(*openStore(options.store, StoreAccess::ReadOnly), options.store).run();

@@ -6,7 +6,7 @@
 namespace orv {
 namespace {
 
-/// The engine that wrote the file keeps another one beside it as long as someone has it open.
+/// The engine that wrote the file keeps a second one next to it while a program has it open.
 void requireAtRest(const std::string& path) {
     for (const char* ending : {".ldb", ".LDB"}) {
         const std::string beside = std::filesystem::path(path).replace_extension(ending);

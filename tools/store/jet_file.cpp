@@ -26,7 +26,7 @@ namespace orv {
 namespace {
 
 constexpr ::rlim_t kSeconds = 60;
-constexpr ::rlim_t kMemory = ::rlim_t{512} << 20U;  // beside what this program has at its start
+constexpr ::rlim_t kMemory = ::rlim_t{512} << 20U;  // in addition to this program's memory at its start
 constexpr std::size_t kMost = std::size_t{512} << 20U;
 constexpr std::size_t kHead = 5;
 constexpr int kNotLockedUp = 9;
@@ -42,7 +42,7 @@ void limit(int what, ::rlim_t most) {
     ::setrlimit(static_cast<decltype(RLIMIT_CPU)>(what), &both);
 }
 
-/// The file's bytes; none where it can't be read. What is cut off while they are in use ends the process.
+/// Returns the file's bytes, or none if it cannot be read. If the file is truncated during use, the process ends.
 std::span<char> mapped(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     struct stat facts {};
@@ -63,7 +63,7 @@ std::span<char> mapped(const std::string& path) {
     limit(RLIMIT_AS, memoryInUse() + kMemory);
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CORE, 0);
-    ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);  // the library's own words
+    ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);  // discards the library's messages
     if (!lockUp(descriptor)) {
         ::_exit(kNotLockedUp);
     }
@@ -71,7 +71,7 @@ std::span<char> mapped(const std::string& path) {
     ::_exit(0);
 }
 
-/// The process that reads, and what it sends.
+/// The reading process and its output.
 class Reading {
 public:
     Reading(const std::string& path, const std::vector<std::string>& tables, std::chrono::milliseconds longest)
@@ -100,7 +100,7 @@ public:
         }
     }
 
-    /// Everything, when the process has ended well.
+    /// Returns all output if the process has ended without a failure.
     std::string all() {
         std::string bytes;
         std::array<char, 65536> piece{};
@@ -155,7 +155,7 @@ private:
     ::pid_t child_ = -1;
 };
 
-/// Takes the frames apart, and trusts nothing that they say.
+/// Parses the frames and checks every length in them.
 class Frames {
 public:
     explicit Frames(std::string bytes) : bytes_(std::move(bytes)) {}

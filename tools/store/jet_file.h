@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// A column's type by the number that the file has for it.
+/// The file's number for a column's type.
 enum class JetType : std::uint8_t {
     Flag = 1,
     Byte = 2,
@@ -22,10 +22,10 @@ enum class JetType : std::uint8_t {
 
 struct JetColumn {
     std::string name;
-    JetType type;  // also one that has no name above
+    JetType type;  // can be a number without a name above
 };
 
-/// A value as the file holds it.
+/// A value as stored in the file.
 struct JetCell {
     enum class State : std::uint8_t { Null, Held, Unread } state;
     std::string bytes;
@@ -35,8 +35,8 @@ struct JetTable {
     std::string name;
     std::vector<JetColumn> columns;
     std::vector<std::vector<JetCell>> rows;
-    std::size_t told = 0;    // the rows that the table itself says that it has; less than there are after a crash
-    std::size_t broken = 0;  // values, rows and pages that can't be read
+    std::size_t told = 0;    // the table's own row count; too small after a crash
+    std::size_t broken = 0;  // values, rows and pages that cannot be read
 };
 
 struct JetFile {
@@ -44,9 +44,9 @@ struct JetFile {
     std::vector<JetTable> tables;
 };
 
-/// Reads the tables of these names, those that there are, in a process of its own that can do nothing else, with a
-/// limit of time and memory: a damaged or hostile file ends in a KeeperFailure, whatever it does to the library that
-/// reads it. `longest`: the time by the clock on the wall, also when the process stands still.
+/// Reads the existing tables among `tables` in a process that can do nothing else, with limits of time and memory. A
+/// damaged or hostile file results in a KeeperFailure, whatever it does to the reading library. `longest` limits the
+/// elapsed time, including time in which the process is stopped.
 JetFile readJetFile(const std::string& path, const std::vector<std::string>& tables,
                     std::chrono::milliseconds longest = std::chrono::minutes(3));
 

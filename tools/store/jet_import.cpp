@@ -13,9 +13,9 @@
 namespace orv {
 namespace {
 
-/// Without these three a file holds no company that opens.
+/// A file must contain these three tables, because a company needs them all.
 constexpr std::size_t kCompanyTables = 3;
-/// Codes that only this system's lists have; a file without them gets running numbers.
+/// Codes that only this system's lists have. A file without them gets running numbers.
 constexpr auto kNumbered = std::to_array<std::string_view>({"ITEM_CODE", "TIKU_CODE"});
 constexpr int kCodeLength = 4;
 
@@ -33,7 +33,7 @@ public:
         source_ = found == file.tables.end() ? nullptr : &*found;
     }
 
-    /// Nothing where the file has no such table, or not with the columns that its rows need.
+    /// Returns nothing for a missing table, or one without the columns that its rows need.
     std::vector<WholeTable> run() {
         if (source_ == nullptr) {
             tell("", "no such table; what the store has stays");
@@ -68,7 +68,7 @@ private:
         Values values;
         std::string key;
         std::vector<std::string> notes;
-        std::string refused;  // why it stays out; empty: it does not
+        std::string refused;  // the reason for leaving the row out, or empty
     };
 
     void tell(const std::string& row, const std::string& what) {

@@ -7,8 +7,8 @@
 
 namespace orv {
 
-/// Brings the tables of an older install into the form of the store's, and reports what was left out or changed and
-/// why. A row is taken whole or not at all. Fails where the file is not of an office.
+/// Converts the tables of an older install to those of the store, and reports omissions and changes with their cause. A
+/// row is imported completely or not at all. Fails if the file is not an office's.
 std::vector<WholeTable> officeTablesOf(const JetFile& file, const Options& options, StoreReport& report);
 
 }  // namespace orv

@@ -15,8 +15,8 @@ namespace orv {
 namespace {
 
 constexpr int kPlaceMask = 0x1FFF;
-// Of a row that no longer fitted into its page stands there where it has gone to; there it is marked too, since only
-// who comes from its place may read it: what nobody points to is a leaving. A deleted row has both marks.
+// Marks a row that has moved to another page. The row at the new place is marked too, because only its pointer can lead
+// there; without one it is a leftover. A deleted row has both marks.
 constexpr int kElsewhere = 0x4000;
 constexpr int kFromElsewhere = 0x8000;
 constexpr std::size_t kPointerSize = 4;
@@ -106,7 +106,7 @@ private:
         }
     }
 
-    /// The page becomes the one that is read from.
+    /// Makes the page the current one for reading.
     bool openPage(std::int32_t page) {
         const bool isRead = mdb_read_pg(file_, static_cast<unsigned long>(page)) == file_->fmt->pg_size;
         const bool isOurs = isRead && file_->pg_buf[0] == MDB_PAGE_DATA &&
@@ -119,7 +119,7 @@ private:
 
     struct Row {
         int start = 0;
-        std::size_t size = 0;  // 0: it can't be found
+        std::size_t size = 0;  // 0: not found
         int marks = 0;
     };
 
@@ -134,7 +134,7 @@ private:
         return {start & kPlaceMask, size, start & (kElsewhere | kFromElsewhere)};
     }
 
-    /// A page and, in the last byte, a row of it; 0, which is no data page, where there is none.
+    /// Returns a page number with a row in the last byte, or 0, which is not a data page.
     std::uint32_t pointerIn(const Row& row) const {
         return row.size < kPointerSize ? 0 : static_cast<std::uint32_t>(mdb_get_int32(file_->pg_buf, row.start));
     }
@@ -179,7 +179,7 @@ private:
         }
     }
 
-    /// The library's own way to a text would turn a character beyond 16 bits into "??".
+    /// The library's own text function would convert a character beyond 16 bits to "??".
     void sendLongValue(const MdbField& field, MdbColumn& column) {
         if (static_cast<std::size_t>(field.siz) < kLongHead) {
             sender_.send(field.siz == 0 ? JetFrame::Bytes : JetFrame::Unread);
@@ -210,7 +210,8 @@ private:
 }  // namespace
 
 void prepareJetReading() {
-    // What is open once stays in memory; these are never closed. The library takes the code page that the file names.
+    // Converters stay in memory once opened, so these are never closed. The library uses the code page that the file
+    // names.
     for (const char* page : {"UCS-2LE", "UTF-16LE", "SHIFT-JIS", "WINDOWS-1252", "ISO-8859-1"}) {
         static_cast<void>(iconv_open("UTF-8", page));
         static_cast<void>(iconv_open(page, "UTF-8"));

@@ -14,7 +14,7 @@ namespace orv {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
-constexpr char32_t kMiddleDot = 0x30FB;  // what the code page gives for bytes that are no character
+constexpr char32_t kMiddleDot = 0x30FB;  // the code page's result for invalid bytes
 constexpr std::string_view kCompressed = "\xFF\xFE";
 constexpr double kSmallest = std::numeric_limits<std::int32_t>::min();
 constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
@@ -54,7 +54,7 @@ std::optional<double> numberWritten(const std::string& digits) {
     return isWhole ? std::optional(static_cast<double>(number)) : std::nullopt;
 }
 
-/// Texts may hold each Latin character as one byte; a zero byte turns to two bytes for each, and back.
+/// Texts can store each Latin character as one byte; a zero byte switches to two bytes and back.
 std::string expanded(std::string_view bytes) {
     if (!bytes.starts_with(kCompressed)) {
         return std::string(bytes);
@@ -119,7 +119,7 @@ TakenValue JetValues::take(const JetCell& cell, JetType type, const OfficeColumn
 
 JetText JetValues::textOf(const std::string& bytes) const {
     std::u32string characters = version_ == 3 ? toCharacters(codePage_.decode(bytes)) : fromUtf16(expanded(bytes));
-    std::ranges::replace(characters, U'\0', kReplacement);  // which no store can hold
+    std::ranges::replace(characters, U'\0', kReplacement);  // not possible in any store
     JetText text{.text = toUtf8(characters), .isWhole = characters.find(kReplacement) == std::u32string::npos};
     if (version_ == 3 && characters.find(kMiddleDot) != std::u32string::npos) {
         text.isWhole = codePage_.encode(text.text) == bytes;

@@ -8,11 +8,11 @@
 
 namespace orv {
 
-/// A value on its way into a column of the store.
+/// A value to be stored in a column.
 struct TakenValue {
     Value value;
-    std::string refused;  // why it can't be taken; the row stays out
-    std::string noted;    // what the person should know of a value that was taken
+    std::string refused;  // the reason for rejecting the value and its row
+    std::string noted;    // a remark for the user about an accepted value
 };
 
 struct JetText {
@@ -20,7 +20,7 @@ struct JetText {
     bool isWhole;  // no character was replaced
 };
 
-/// Brings values of a Jet file of one version into what the store's columns hold.
+/// Converts values of a Jet file of one version to those of the store's columns.
 class JetValues {
 public:
     JetValues(int version, const CodePage& codePage) : version_(version), codePage_(codePage) {}

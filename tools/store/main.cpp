@@ -23,7 +23,7 @@ struct Command {
     StoreReport (*run)(const Options& options);
     bool asks;
     bool replaces;
-    bool isImport = false;  // begins with another program's file, and need not go on to a store
+    bool isImport = false;  // `path` is another program's file, and the store is optional
 };
 
 constexpr auto kCommands = std::to_array<Command>({
@@ -63,8 +63,8 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
 }
 
 int print(const StoreReport& report, const Options& options) {
-    // A name that a file's library has cut off in the middle of a character must not undo what is done. ASCII only: no
-    // character of a row can do anything to a terminal.
+    // A name in a damaged file can end in the middle of a character, which must not make the report fail. The output is
+    // ASCII only, so that no character of a row can control the terminal.
     const auto asJson = [&] { return report.facts.dump(2, ' ', true, nlohmann::json::error_handler_t::replace); };
     std::cout << (options.json ? asJson() + "\n" : report.lines) << std::flush;
     return static_cast<int>(report.ending);
@@ -93,7 +93,7 @@ int run(const Command& command, const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    ::prctl(PR_SET_DUMPABLE, 0);  // passwords pass through
+    ::prctl(PR_SET_DUMPABLE, 0);  // the memory contains passwords
     CLI::App app("Keeps the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
     app.require_subcommand(1);

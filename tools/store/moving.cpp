@@ -9,7 +9,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// `copy`, which nobody else has, is of the store `path`.
+/// `copy` is private to this process; `path` is its store.
 void requireSound(const std::string& copy, const std::string& path) {
     const std::vector<std::string> damages = openStore(copy, StoreAccess::OwnCopy)->damages();
     if (!damages.empty()) {
@@ -28,7 +28,7 @@ void copyIntoNewFile(const std::string& from, const std::string& file, const Opt
     });
 }
 
-/// All rows of an embedded store, those of other programs' tables too, and nothing of it that could run.
+/// Copies all rows of an embedded store, including other programs' tables, and nothing that could run.
 void copyRows(const std::string& from, const std::string& beside) {
     copySqliteRows(from, beside);
     requireSound(beside, from);
@@ -52,7 +52,7 @@ StoreReport restoreStore(const Options& options) {
     if (!isEmbedded(options.other)) {
         throw KeeperFailure(options.other + ": is no backup");
     }
-    // The backup's owner may still be changing it.
+    // Uses a copy, because the backup's owner might still be changing it.
     const PrivateFolder own(fs::temp_directory_path());
     copyRows(options.other, own.file());
     StoreReport report;

@@ -53,7 +53,7 @@ void lookThrough(const fs::path& folder, const Rule& rule, const Found& found) {
 
 bool isNamed(const fs::path& path, std::string_view name) { return equalWithoutCase(path.filename().string(), name); }
 
-/// The folder of that name, whatever its case.
+/// Returns the folder with that name in upper or lower case.
 fs::path partOf(const fs::path& install, std::string_view name) {
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(install, error)) {
@@ -70,7 +70,7 @@ void lookAtOffice(const fs::path& install, const Found& found) {
             lookThrough(folder, part.rule, found);
         }
     }
-    // The folders above: a user who can rename BIN there can replace it.
+    // Includes the parent folders, because a user who can rename BIN there can replace it.
     const fs::path drive = install.parent_path();
     for (const fs::path& path : {install, drive, drive.parent_path(), drive.parent_path() / "registry.txt"}) {
         look(path, kOwnersOnly, found);

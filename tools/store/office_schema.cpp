@@ -8,7 +8,7 @@
 namespace orv {
 namespace {
 
-/// "    NAME  TYPE NOT NULL PRIMARY KEY, -- 9: a remark"
+/// Parses "    NAME  TYPE NOT NULL PRIMARY KEY, -- 9: a remark".
 OfficeColumn columnOf(const std::string& line) {
     OfficeColumn column;
     std::string type;

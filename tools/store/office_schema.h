@@ -8,16 +8,16 @@ namespace orv {
 
 enum class ColumnKind : std::uint8_t { Text, Whole, Flag };
 
-/// A column as the statements that make a store declare it.
+/// A column as declared in the statements that create a store.
 struct OfficeColumn {
     std::string name;
     ColumnKind kind = ColumnKind::Text;
-    bool isRequired = false;  // without a default: a row must bring a value
+    bool isRequired = false;  // has no default, so a row must contain a value
     bool isKey = false;
-    std::size_t longest = 0;  // bytes of the code page that the field takes; 0: no limit
+    std::size_t longest = 0;  // bytes of the code page that the field accepts; 0: no limit
 };
 
-/// The columns of each table of the office, in the order of `kOfficeTables`.
+/// Returns the columns of the office's tables, in the order of `kOfficeTables`.
 std::vector<std::vector<OfficeColumn>> officeColumns();
 
 }  // namespace orv

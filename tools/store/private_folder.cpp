@@ -58,7 +58,7 @@ bool isSame(const struct stat& one, const struct stat& other) {
 
 PrivateFolder::PrivateFolder(const fs::path& parent) {
     std::error_code error;
-    const fs::path place = fs::canonical(parent.empty() ? "." : parent, error);  // the engine takes no link on the way
+    const fs::path place = fs::canonical(parent.empty() ? "." : parent, error);  // the engine follows no link
     if (error) {
         throw KeeperFailure(parent.string() + ": " + error.message());
     }
@@ -95,7 +95,7 @@ void PrivateFolder::publish(const std::string& target, ::mode_t rights) const {
     if (::fchmod(file_, rights) != 0) {
         failed(target);
     }
-    // A second name, unlike a rename, never takes the place of a file that has come there meanwhile.
+    // Unlike a rename, a hard link never replaces a file that was created meanwhile.
     const bool isLinked = ::linkat(folder_, kFile, AT_FDCWD, target.c_str(), 0) == 0;
     const bool hasLinks = isLinked || (errno != EOPNOTSUPP && errno != EPERM);
     if (!isLinked && (hasLinks || ::renameat2(folder_, kFile, AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0)) {

@@ -7,29 +7,29 @@
 
 namespace orv {
 
-/// A folder that only this user may enter, with one new file in it that only this user may read. Both are gone with the
-/// object; what a killed run has left in the same place goes with the next one.
+/// A folder that only this user can enter, with one new file that only this user can read. The destructor removes both.
+/// The next object in the same place removes those of a killed run.
 class PrivateFolder {
 public:
-    /// Failure: a KeeperFailure.
+    /// Throws a KeeperFailure on failure.
     explicit PrivateFolder(const std::filesystem::path& parent);
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
     ~PrivateFolder();
 
-    /// The path of an empty file that the caller writes.
+    /// Returns the path of an empty file for the caller to write.
     std::string file() const;
-    /// Gives the file that was made here another name, with these rights. One that stands there by then is not
-    /// replaced.
+    /// Gives the file another name, with these permissions. Does not replace a file created there meanwhile.
     void publish(const std::string& target, ::mode_t rights) const;
 
 private:
     std::filesystem::path path_;
-    int folder_ = -1;  // locked as long as the run lives
+    int folder_ = -1;  // locked during the run
     int file_ = -1;
 };
 
-/// The rights that a new store takes from a file or a folder: without those of everybody, since passwords are in it.
+/// Returns the permissions for a new store, from a file or folder. Those for all users are removed, because it contains
+/// passwords.
 ::mode_t rightsLike(const std::filesystem::path& model);
 
 }  // namespace orv

@@ -82,7 +82,7 @@ private:
         end(verdict);
     }
 
-    /// These steps replace the call's number by an argument, so they end in a verdict: no later step can use the
+    /// These steps replace the call's number with an argument, so they end in a decision. No later step can use the
     /// number.
     void allowWrite(std::array<std::uint32_t, 2> descriptors) {
         constexpr std::size_t kSteps = 6;

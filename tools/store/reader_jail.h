@@ -2,8 +2,8 @@
 
 namespace orv {
 
-/// From here on this process may read what it has open, write to `output` and to its standard error, take and give
-/// back memory, and end. Any other call to the kernel ends it at once. False where the kernel cannot do that.
+/// Restricts this process to reading open files, writing to `output` and standard error, allocating memory, and ending.
+/// Any other call to the kernel ends it at once. False if the kernel cannot do that.
 [[nodiscard]] bool lockUp(int output);
 
 }  // namespace orv

@@ -18,7 +18,7 @@ std::string joined(const std::vector<std::string>& names) {
     return list;
 }
 
-/// A row as one text in which no two different rows are alike.
+/// Returns a row as a text; different rows have different texts.
 std::string lineOf(const Values& row) {
     std::string line;
     for (const Value& value : row) {
@@ -40,7 +40,7 @@ std::vector<Values> rowsOf(StoreConnection& store, const std::string& table, con
     return rows;
 }
 
-/// The rows as texts, in an order of their own: two engines need not agree on one.
+/// Returns the rows as texts, sorted, because two engines can return different orders.
 std::vector<std::string> linesOf(const std::vector<Values>& rows) {
     std::vector<std::string> lines;
     std::ranges::transform(rows, std::back_inserter(lines), lineOf);
@@ -60,7 +60,7 @@ std::string checksumOf(const std::vector<std::string>& lines) {
     return digits.str();
 }
 
-/// All columns of the source, which the target must have too.
+/// Returns all columns of the source; the target must have them too.
 std::vector<std::string> sharedColumns(StoreConnection& from, StoreConnection& to, const std::string& table) {
     const std::vector<std::string> there = to.columns(table);
     std::vector<std::string> here = from.columns(table);
@@ -76,7 +76,7 @@ std::vector<std::string> sharedColumns(StoreConnection& from, StoreConnection& t
     return here;
 }
 
-/// Everything at one moment, before anything is written: the source is not kept waiting by a slow target.
+/// Reads a snapshot before anything is written, so that a slow target does not block the source.
 std::vector<WholeTable> readAll(StoreConnection& from, StoreConnection& to) {
     std::vector<WholeTable> tables;
     from.beginSnapshot();

@@ -11,12 +11,12 @@
 
 namespace orv {
 
-/// The tables of the office, the one that all others belong to first.
+/// The tables of the office. The first is the one that all others belong to.
 inline constexpr auto kOfficeTables =
     std::to_array<const char*>({"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE", "TBL_LOCK", "MST_OTHERS",
                                 "MST_PROPERTY_TYPE", "MST_TIKU", "MST_CORP"});
 
-/// A table as it is to stand in a store: the columns that its rows fill, in their order.
+/// A table for a store, with the columns that its rows fill, in order.
 struct WholeTable {
     std::string name;
     std::vector<std::string> columns;
@@ -29,14 +29,14 @@ struct CopiedTable {
     std::string checksum;  // of all values, whatever the order of the rows
 };
 
-/// What tells of each table as it comes and puts it into the report.
+/// Returns a function that reports each table as it is copied.
 std::function<void(const CopiedTable&)> telling(const Options& options, StoreReport& report);
 
-/// Puts the office's tables of `from`, as they are at one moment, in the place of those of `to`, in one transaction,
-/// and reads them back before it ends: what has not arrived as it left is a failure, and nothing is changed.
+/// Replaces the office's tables of `to` by a snapshot of those of `from`, in one transaction. Reads them back before
+/// the commit. If a value differs, the copy fails and changes nothing.
 void copyTables(StoreConnection& from, StoreConnection& to, const std::function<void(const CopiedTable&)>& onCopied);
 
-/// The writing half of it.
+/// Writes the tables without reading a source.
 void writeTables(const std::vector<WholeTable>& tables, StoreConnection& to,
                  const std::function<void(const CopiedTable&)>& onCopied);
 

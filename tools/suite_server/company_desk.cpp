@@ -30,7 +30,7 @@ std::string nineDigits(int number) {
     return std::string(kDigits - digits.size(), '0') + digits;
 }
 
-/// The USER_ID that all three rows bear; empty for what is no company.
+/// Returns the common USER_ID of all three rows, or "" if the document is not a company.
 std::string userIdOf(const Document& document) {
     std::string common;
     for (const char* table : kTables) {

@@ -9,16 +9,16 @@
 
 namespace orv {
 
-/// Takes companies and numbers the new ones. A number is on the disk before it is told, so none is given twice,
-/// whatever happens to the server; one that was given and not heard is lost.
+/// Accepts companies and numbers the new ones. A number is stored on the disk before it is sent, so that none is
+/// assigned twice, even if the server crashes. A number that the client did not receive is lost.
 class CompanyDesk {
 public:
-    /// Companies are kept in `folder`/companies, the number given last in `folder`/last_number. Raises
-    /// std::runtime_error when that file holds something else, since a guess could repeat a number.
+    /// Keeps companies in `folder`/companies and the last number in `folder`/last_number. Throws std::runtime_error if
+    /// that file has other content, because a guess could repeat a number.
     explicit CompanyDesk(const std::filesystem::path& folder);
 
-    /// `document`: the three rows as JSON. The answer is {"id":"000005001"}: a new number where USER_ID is the marker
-    /// "---------", else the company's own. 400 for what is no such document. `idLength`: cuts or pads the id told.
+    /// `document` contains the three rows as JSON. The answer is {"id":"000005001"}. The id is a new number if USER_ID
+    /// is "---------", otherwise the company's own. 400 for an invalid document. `idLength` shortens or pads the id.
     DeskAnswer registerCompany(const std::string& document, std::optional<std::size_t> idLength);
 
 private:

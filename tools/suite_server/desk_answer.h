@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// What a desk says to a request.
+/// The answer to a request.
 struct DeskAnswer {
     int status = 200;
     std::string body;

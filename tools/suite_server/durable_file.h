@@ -6,11 +6,11 @@
 
 namespace orv {
 
-/// Replaces the file as a whole: what stands there after a kill or a power cut is the old text or the new one. Back
-/// from the call it is on the disk. Raises std::system_error.
+/// Replaces the file as a whole. After a kill or a power failure it has the old or the new content. When the call
+/// returns, the content is on the disk. Throws std::system_error.
 void writeDurably(const std::filesystem::path& file, std::string_view bytes);
 
-/// The whole file; empty where there is none.
+/// Returns the whole content, or "" if the file is missing.
 std::string readWhole(const std::filesystem::path& file);
 
 }  // namespace orv

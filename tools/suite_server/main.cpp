@@ -38,7 +38,7 @@ bool takePort(std::string_view text, int& port) {
     return std::from_chars(text.data(), end, port).ptr == end && port >= 0 && port <= 65535;
 }
 
-/// Nothing for a command line that isn't understood.
+/// Returns nothing for an invalid command line.
 std::optional<Options> optionsOf(std::span<char*> arguments) {
     Options options;
     if (arguments.size() % 2 != 0) {

@@ -8,30 +8,30 @@
 
 namespace orv {
 
-/// What a client can ask for here.
+/// The services of this server.
 enum class Desk { Prepare, Photos, Companies };
 
-/// How a desk's answers are spoiled. A status is given instead of doing the work; with the rest the work is done and
-/// only the answer suffers, which is the harder case for a client.
+/// A fault in a service's answers. A status is sent instead of doing the work. With the other faults the work is done
+/// and only the answer is wrong, which is harder for a client.
 struct Misbehaviour {
     std::optional<int> status;
     std::chrono::milliseconds delay{0};
     bool cut = false;
     bool garbage = false;
     std::optional<std::size_t> idLength;
-    /// The server ends at that request from now on, before it looks at it. 0: it stays.
+    /// If not 0, the server ends at that request, before reading it.
     int goneAt = 0;
 };
 
-/// The misbehaviour of every desk, changed while requests are under way.
+/// The faults of every service. Can be changed while requests are handled.
 class MisbehaviourBoard {
 public:
-    /// Takes one instruction: "well" (all desks behave), or DESK:KIND[=VALUE] with DESK prepare, photos or companies
-    /// and KIND well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64, gone=1..99. Kinds add up.
-    /// False: not understood.
+    /// Handles one instruction: "well" (no faults), or DESK:KIND[=VALUE]. DESK is prepare, photos or companies. KIND is
+    /// well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64 or gone=1..99. Kinds can be combined.
+    /// False if the instruction is invalid.
     [[nodiscard]] bool instruct(std::string_view instruction);
     Misbehaviour of(Desk desk) const;
-    /// The same for a request that has arrived, which counts.
+    /// Returns the faults for a request that has arrived, and counts it.
     Misbehaviour arrivedAt(Desk desk);
 
 private:

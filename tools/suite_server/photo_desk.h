@@ -7,12 +7,12 @@
 
 namespace orv {
 
-/// Keeps the photos that the agencies send, one file a name; a photo of the same name takes its place.
+/// Stores the photos that the agencies send, one file per name. A photo with the same name replaces the old one.
 class PhotoDesk {
 public:
     explicit PhotoDesk(std::filesystem::path folder);
 
-    /// `authorization`: the header's value. 401 without the agreed credentials, 400 for what is no plain file name, 201
+    /// `authorization` is the header's value. 401 for wrong credentials, 400 for anything but a plain file name, 201
     /// for a new photo, 204 for a replaced one.
     DeskAnswer put(const std::string& name, const std::string& authorization, const std::string& bytes) const;
 

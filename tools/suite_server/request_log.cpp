@@ -7,7 +7,7 @@
 namespace orv {
 
 void RequestLog::write(const std::string& method, std::string path, int status, std::size_t bytes) {
-    // A path is what the client makes of it; a line break in it would forge a line.
+    // The client chooses the path; a line break in it would forge a line.
     std::ranges::replace_if(
         path, [](char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }, '?');
     const std::time_t now = std::time(nullptr);

@@ -7,7 +7,8 @@
 
 namespace orv {
 
-/// One line a request: local time, method, path, status, bytes of the request's body. Headers and bodies never go in.
+/// Writes one line per request: local time, method, path, status and size of the body. Headers and bodies are never
+/// logged.
 class RequestLog {
 public:
     explicit RequestLog(const std::filesystem::path& file) : stream_(file, std::ios::app) {}

@@ -19,13 +19,13 @@ constexpr const char* kLoopback = "127.0.0.1";
 constexpr std::size_t kLargestRequest = 64 * 1024 * 1024;
 constexpr std::size_t kPromisedBytes = 1000;
 
-/// One port, one server: the library's own choice lets a second server share the port unseen.
+/// Reserves the port for one server. The library's default lets a second server share it unnoticed.
 void ownPortOnly(int socket) {
     const int yes = 1;
     setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
-/// Promises a body and closes the connection in the middle of it.
+/// Announces a body and closes the connection in the middle of it.
 void cutShort(httplib::Response& response, const char* contentType) {
     response.set_content_provider(kPromisedBytes, contentType, [](std::size_t, std::size_t, httplib::DataSink& sink) {
         sink.write("{\"id\":", 6);
@@ -53,13 +53,13 @@ struct SuiteServer::Parts {
     explicit Parts(const std::filesystem::path& at)
         : folder(at), photos(at / "photos"), companies(at), log(at / "requests.log") {}
 
-    /// Work that a desk does for a request, and the misbehaviour around it.
+    /// Does a service's work for a request, with its faults.
     template <typename Work>
     auto handler(Desk desk, const char* contentType, Work work) {
         return [this, desk, contentType, work](const httplib::Request& request, httplib::Response& response) {
             const Misbehaviour behaviour = board.arrivedAt(desk);
             if (behaviour.goneAt == 1) {
-                http.stop();  // first the door, so that nobody is let in and dropped
+                http.stop();  // first stops accepting, so that no new client is dropped
                 std::_Exit(EXIT_SUCCESS);
             }
             const DeskAnswer answer = behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
@@ -118,7 +118,7 @@ void SuiteServer::Parts::setHabits() {
         if (response.status == 401) {
             response.set_header("WWW-Authenticate", "Basic realm=\"photos\"");
         }
-        // Before the answer goes out, so that whoever has the answer finds the line.
+        // Before the answer is sent, so that a client with the answer finds the line.
         log.write(request.method, request.path, response.status, request.body.size());
     });
 }
@@ -145,7 +145,7 @@ int SuiteServer::bind(int port) {
 void SuiteServer::serve() { parts_->http.listen_after_bind(); }
 
 void SuiteServer::stop() {
-    // The library forgets a stop that comes before it runs.
+    // The library ignores a stop before it runs.
     while (!parts_->http.is_running()) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }

@@ -6,24 +6,24 @@
 
 namespace orv {
 
-/// The server of the suite as far as this program talks to it, on the loopback address only:
+/// The part of the suite's server that this program uses, on the loopback address only:
 ///
-///   GET  /cussend/                        200: sending can go on
-///   POST /cussend/register                takes a company, answers {"id":"..."}
-///   PUT  /rereceive46/davroot/<name>      takes a photo, with Basic credentials
-///   POST /misbehave                       instructions for MisbehaviourBoard, one a line; an empty body: all behave
+///   GET  /cussend/                        200: sending can continue
+///   POST /cussend/register                accepts a company, answers {"id":"..."}
+///   PUT  /rereceive46/davroot/<name>      accepts a photo, with Basic credentials
+///   POST /misbehave                       instructions for MisbehaviourBoard, one per line; an empty body removes all
 ///
-/// In its folder: port, requests.log, photos/<name>, companies/<id>.json, last_number.
+/// Its folder contains: port, requests.log, photos/<name>, companies/<id>.json, last_number.
 class SuiteServer {
 public:
     explicit SuiteServer(const std::filesystem::path& folder);
     ~SuiteServer();
 
-    /// 0 takes any free port. The port listened at, or -1; from then on clients can connect.
+    /// Port 0 takes any free port. Returns the port, or -1. From then on clients can connect.
     [[nodiscard]] int bind(int port);
-    /// Answers until `stop` is called from another thread.
+    /// Handles requests until `stop` is called from another thread.
     void serve();
-    /// Ends a `serve` that runs or is about to, and waits for nothing else.
+    /// Ends a `serve` that runs or is about to run, without waiting.
     void stop();
     [[nodiscard]] bool instruct(std::string_view instruction);
 
