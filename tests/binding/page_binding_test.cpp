@@ -157,15 +157,22 @@ TEST_F(Binding, APageShowsAnotherCompanyAsIfOpenedAnew) {
 }
 
 TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
+    const auto& form = page<frm_CompInp0>();
+    const auto expectSearches = [&](bool shown) {
+        EXPECT_EQ(form.btm_SearchOfficeAddress.visible(), shown);
+        EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.visible(), shown);
+    };
     sql("update TBL_CUSTOMER_INFO set ADDRESS_CODE = '', SAME_CHECK = '0', PC_ADDRESS = 'x' where USER_ID = "
         "'000004601'");
     startOn(0, "000004601,1,1");
     EXPECT_EQ(tCustomerInfo.ADDRESS, "東京都新宿区新宿３丁目") << "typed addresses have no code";
+    expectSearches(false);
     leave();
     messages.shown.clear();
     startOn(0, "000004601,1,0");
     EXPECT_EQ(tCustomerInfo.ADDRESS + tCustomerInfo.PC_ADDRESS, "");
-    EXPECT_EQ(page<frm_CompInp0>().txt_Address.text(), "");
+    EXPECT_EQ(form.txt_Address.text(), "");
+    expectSearches(true);
 }
 
 }  // namespace

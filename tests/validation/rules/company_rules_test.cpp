@@ -135,8 +135,8 @@ TEST_F(PasswordRules, TheStoreIsClosedUnlessTheRefusalIsShown) {
     EXPECT_EQ(store.open, 0);
     openStore();
     fields[0].setText(tCustomerInfo.USER_PASSWD);
-    fields[1].setText("himitsu1");
-    fields[2].setText("himitsu1");
+    fields[1].setText("himitsu123");
+    fields[2].setText("himitsu123");
     EXPECT_TRUE(PF_CheckPwd());
     EXPECT_EQ(store.open, 0);
 }
