@@ -91,7 +91,7 @@ std::string selectOf(const TableColumns& table, const std::string& userId) {
     return sql + "'";
 }
 
-/// Stores differ in how they keep a boolean: as one, as a number, as a word.
+/// Stores return a boolean in different forms: as a boolean, a number or a word.
 bool flagOf(const Value& value) {
     const std::string text = toText(value);
     return text != "0" && text != "False" && text != "false" && text != "FALSE" && !text.empty();

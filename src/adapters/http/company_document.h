@@ -9,15 +9,15 @@ namespace orv {
 class Connection;
 class DbService;
 
-/// The rows of company `userId` as one JSON document: an object a table, a member a column, in UTF-8. A database null
-/// is null, `SEND_FLAG` a boolean, a whole number a number, everything else a text. A table without exactly one row of
-/// the company, or a store that can't be read, raises a RunTimeError with what the store says. Opens `storePath` for
-/// itself and closes it.
+/// Returns the rows of company `userId` as one JSON document in UTF-8: an object per table, a member per column. A
+/// database null is null, `SEND_FLAG` a boolean, an integer a number, everything else a text. Throws a RunTimeError
+/// with the store's text if a table does not have exactly one row of the company, or the store cannot be read. Opens
+/// and closes `storePath` itself.
 std::string companyDocument(DbService& db, const std::string& storePath, const std::string& userId);
 
-/// The number in the server's answer, {"id": "000005001"} with whatever else beside it. Nothing for a body of another
-/// kind, and for an id that is no text, empty, longer than 64 bytes, or anything but ASCII digits and letters: it
-/// becomes part of statements, of file names and of an argument string as it stands.
+/// Returns the number in the server's answer, {"id": "000005001"}, which can have other members. Returns nothing for
+/// any other body. The id must be a text of 1 to 64 ASCII digits and letters, because it is used unchanged in
+/// statements, file names and an argument string.
 std::optional<std::string> idInAnswer(std::string_view body);
 
 }  // namespace orv

@@ -9,22 +9,22 @@ namespace orv {
 
 class FileSystem;
 
-/// The upload form's control: a PUT a call, waited for. The name at the end of the URL is percent-encoded here.
+/// The upload form's control. Each call is a PUT that waits for the response. Percent-encodes the name at the end of
+/// the URL.
 class CurlHttpControl : public HttpControl {
 public:
     explicit CurlHttpControl(const FileSystem& files) : files_(files) {}
 
     std::int32_t State() const override { return state_; }
     void Timeout(std::int32_t milliseconds) override { timeout_ = std::chrono::milliseconds(milliseconds); }
-    /// "HTTP/1.1" is the only version; another is failure 380.
+    /// Accepts only "HTTP/1.1"; any other version is failure 380.
     void Version(const std::string& version) override;
     void URL(const std::string& url) override { url_ = url; }
-    /// While an upload is under way another is refused with failure 5 and changes nothing. `headers`: "Name: value",
-    /// one a line.
+    /// During an upload a second one fails with 5 and changes nothing. `headers` are lines of "Name: value".
     void Upload(const std::string& file, const std::optional<std::string>& contentType, std::string& response,
                 const std::optional<std::string>& headers, const std::string& user,
                 const std::string& password) override;
-    /// 0 until a response has come.
+    /// Returns 0 until a response has arrived.
     std::int32_t ResponseCode() const override { return responseCode_; }
     std::string ResponseText() const override { return responseText_; }
 

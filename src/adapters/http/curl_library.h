@@ -4,10 +4,10 @@
 
 namespace orv {
 
-/// The functions of libcurl that a request needs. The library brings some thirty others with it. Linked, they would
-/// all be loaded before the first page appears; so they are loaded when the first request goes out.
+/// The functions of libcurl that a request needs. The library depends on some thirty others. They are loaded with the
+/// first request, so that the first page appears sooner.
 struct CurlLibrary {
-    /// Failure 51 when the machine has no such library.
+    /// Throws failure 51 if the machine does not have the library.
     CurlLibrary();
 
     decltype(&curl_easy_init) easyInit = nullptr;
@@ -27,7 +27,7 @@ struct CurlLibrary {
     decltype(&curl_slist_free_all) slistFreeAll = nullptr;
 };
 
-/// Loaded and started by the first call.
+/// Returns the library, loaded and initialised by the first call.
 const CurlLibrary& curlLibrary();
 
 }  // namespace orv

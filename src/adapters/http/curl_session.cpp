@@ -41,8 +41,7 @@ constexpr auto kFailures = std::to_array<FailureText>({
     {CURLE_OUT_OF_MEMORY, Failure::OutOfMemory, "メモリが足りません。"},
 });
 
-/// The one place where a failure of the library becomes one of the system. The library's number goes with it, for the
-/// person who reads the log.
+/// Converts every failure of the library to one of the system. The library's number is added for the log.
 [[noreturn]] void raise(CURLcode code) {
     const std::string number = "（" + std::to_string(static_cast<int>(code)) + "）";
     for (const auto& known : kFailures) {
@@ -76,7 +75,7 @@ void set(const Curl& curl, CURLoption option, T value) {
     }
 }
 
-/// The library would guess a scheme, and send the credentials to whatever host a broken setting happens to spell.
+/// Without a scheme the library would guess one, and send the credentials to any host that a wrong setting names.
 void requireScheme(std::string url) {
     url.resize(std::min<std::size_t>(url.size(), 8));
     std::ranges::transform(url, url.begin(),
@@ -100,15 +99,15 @@ std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* ar
     return count;
 }
 
-/// "HTTP/1.1 404 Not Found": the words behind the code.
+/// Returns the reason in "HTTP/1.1 404 Not Found".
 std::string_view reasonIn(std::string_view line) {
     const std::size_t code = line.find(' ');
     const std::size_t words = code == line.npos ? line.npos : line.find(' ', code + 1);
     return words == line.npos ? "" : line.substr(words + 1);
 }
 
-/// The last status line counts, as interim ones go before it. The blank line that ends the head is looked for because
-/// the library takes a head that was cut for a whole one.
+/// The last status line counts, because interim ones precede it. Checks for the blank line after the head, because the
+/// library accepts a truncated head.
 std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* data) {
     auto& arrival = *static_cast<Arrival*>(data);
     const std::string_view whole(bytes, count);
@@ -120,7 +119,7 @@ std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* 
     return count;
 }
 
-/// The file on its way. Its length was announced, so it is sent with that length or not at all.
+/// The file during the upload. Its length was announced, so a file with another length is a failure.
 struct Upload {
     std::FILE* file;
     curl_off_t left = -1;
@@ -146,11 +145,11 @@ void setCommon(const Curl& curl, const HttpRequest& request, Arrival& arrival) {
     set(curl, CURLOPT_PROXY, "");
     set(curl, CURLOPT_NETRC, CURL_NETRC_IGNORED);
     set(curl, CURLOPT_NOSIGNAL, 1L);
-    // Without it a name server that doesn't answer holds the program beyond the time-out.
+    // Otherwise a silent name server blocks the program beyond the time-out.
     set(curl, CURLOPT_QUICK_EXIT, 1L);
     set(curl, CURLOPT_TIMEOUT_MS, static_cast<long>(std::max<std::int64_t>(request.timeout.count(), 0)));
     set(curl, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
-    // Ends a wait without end when the other machine is gone.
+    // Ends an unlimited wait if the other machine is gone.
     set(curl, CURLOPT_TCP_KEEPALIVE, 1L);
     set(curl, CURLOPT_WRITEFUNCTION, takeBody);
     set(curl, CURLOPT_WRITEDATA, &arrival);
@@ -167,7 +166,7 @@ void setCredentials(const Curl& curl, const HttpRequest& request) {
 }
 
 HeaderList headerList(const HttpRequest& request) {
-    // An empty "Expect:" keeps the library from asking first whether it may send: many servers never answer that.
+    // An empty "Expect:" prevents the library from asking before it sends, which many servers never answer.
     HeaderList list(curlLibrary().slistAppend(nullptr, "Expect:"));
     for (const auto& header : request.headers) {
         if (!list || !curlLibrary().slistAppend(list.get(), header.c_str())) {
@@ -245,7 +244,7 @@ HttpResponse exchange(const HttpRequest& request) {
     } else if (!request.body.empty()) {
         setPost(curl, request.body);
     }
-    // A transfer that broke behind a good status line is a failure, so the result is judged before the status is read.
+    // Checks the result before the status, because a transfer that broke after a good status line is a failure.
     if (const CURLcode code = Transfer(curl).result(); code != CURLE_OK || !arrival.headIsWhole) {
         raise(code == CURLE_OK ? CURLE_PARTIAL_FILE : code);
     }

@@ -8,10 +8,10 @@
 
 namespace orv {
 
-/// One request. A `file`, open for reading, is PUT as it stands, a `body` is posted, and with neither it is a GET.
+/// One request. With a `file`, open for reading, it is a PUT; with a `body` it is a POST; otherwise it is a GET.
 struct HttpRequest {
     std::string url;                       ///< http or https, with its scheme
-    std::chrono::milliseconds timeout{0};  ///< for the whole exchange; 0 or less: without end
+    std::chrono::milliseconds timeout{0};  ///< for the whole exchange; 0 or less: no limit
     std::vector<std::string> headers;      ///< "Name: value"
     std::string body;
     std::FILE* file = nullptr;
@@ -27,13 +27,13 @@ struct HttpResponse {
 
 inline constexpr std::size_t kLongestResponse = 1024 * 1024;
 
-/// Does the request and takes the whole response, whatever its status. Redirects are not followed, proxies of the
-/// environment and stored credentials not used, certificates checked. What ends without a whole response raises a
-/// RunTimeError: 24012 for a time-out, 57 for a file that can't be read, 24011 for the rest.
+/// Sends the request and receives the whole response, whatever its status. Follows no redirects, uses no proxies of the
+/// environment and no stored credentials, and checks certificates. Throws a RunTimeError without a complete response:
+/// 24012 for a time-out, 57 for a file that cannot be read, otherwise 24011.
 HttpResponse exchange(const HttpRequest& request);
 
-/// `url` with what stands behind its last "/" percent-encoded, so that a file name with blanks, kana, "%", "#" or "?"
-/// arrives as it is. The rest is left alone, and so is a URL without a path.
+/// Percent-encodes the part of `url` after its last "/", for file names with blanks, kana, "%", "#" or "?". Changes
+/// nothing else, and not a URL without a path.
 std::string withEncodedName(const std::string& url);
 
 }  // namespace orv

@@ -69,7 +69,7 @@ void requireSuccess(const HttpResponse& answer, std::string_view what) {
 
 }  // namespace
 
-/// Whatever is thrown on the way ends here, as the record that `SendError` tells.
+/// Converts every exception to the record that `SendError` returns.
 bool HttpCompanySend::recorded(const std::function<void()>& steps) {
     error_ = {};
     try {

@@ -11,7 +11,7 @@ class DbService;
 struct HttpRequest;
 struct HttpResponse;
 
-/// Where the service finds what it needs; asked anew at each use. The three addresses are joined as they stand.
+/// The settings of the service, read at each use. The parts of the three addresses are joined without change.
 struct CompanySendSettings {
     std::function<std::string()> url;             ///< ORV_URL
     std::function<std::string()> cusSendService;  ///< ORV_CusSendService
@@ -20,9 +20,9 @@ struct CompanySendSettings {
     std::function<std::string()> store;           ///< MdbOrvEstateDB
 };
 
-/// Sends a company as one JSON document over HTTP. Nothing is repeated: a failed send goes again with the next save.
-/// The text of `SendError` says that the company is stored, that the next save sends it, and the cause. Its code is the
-/// server's status, a run-time failure's number, or one of "SEND0001" to "SEND0005".
+/// Sends a company as one JSON document over HTTP. Does not retry; the next save sends a failed company again. The text
+/// of `SendError` says that the company is stored, that the next save sends it, and the cause. Its code is the server's
+/// status, a run-time failure's number, or "SEND0001" to "SEND0005".
 class HttpCompanySend : public CompanySendService {
 public:
     HttpCompanySend(DbService& db, CompanySendSettings settings) : db_(db), settings_(std::move(settings)) {}

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// A decoded picture: rows from the top, the samples of a pixel side by side, nothing between rows.
+/// A decoded picture: rows from the top, the samples of a pixel adjacent, no gaps between rows.
 struct Bitmap {
     int width = 0;
     int height = 0;
@@ -18,7 +18,7 @@ struct Bitmap {
     const std::uint8_t* row(int y) const { return samples.data() + static_cast<std::size_t>(y) * stride(); }
 };
 
-/// A picture of that size, every sample 0.
+/// Returns a picture of that size with all samples 0.
 inline Bitmap blankBitmap(int width, int height, std::size_t channels) {
     return {width, height, channels,
             std::vector<std::uint8_t>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * channels)};

@@ -12,7 +12,7 @@ namespace {
 using Written = std::vector<std::uint8_t>;
 
 constexpr std::size_t kHeaders = 14 + 40;
-/// 5, 6 and 5 bits of the three colours.
+/// Masks for 5, 6 and 5 bits of the three colours.
 constexpr std::array<std::uint32_t, 3> kMasks{0xF800, 0x07E0, 0x001F};
 constexpr std::uint32_t kByMasks = 3;
 
@@ -22,7 +22,7 @@ void put(Written& bytes, std::size_t number, int length) {
     }
 }
 
-/// What stands between the headers and the rows: masks or a table of colours.
+/// Returns the part between the headers and the rows: masks or a colour table.
 Written tableOf(const Raster& raster, int bits) {
     Written table;
     if (bits == 16) {
@@ -55,7 +55,7 @@ bool isWritable(int bits) {
     return std::ranges::count(kDepths, bits) != 0;
 }
 
-/// The picture's rows as the file has them, from the bottom.
+/// The picture's rows as in the file, from the bottom.
 struct StoredRows {
     std::uint32_t coding = 0;
     Written bytes;
@@ -73,7 +73,7 @@ StoredRows plainRows(const Raster& raster, const PictureHeader& header) {
 
 constexpr std::uint32_t kByRuns = 1;
 constexpr std::size_t kLongestRun = 255;
-/// What is shorter is no shorter as a run or as a row of single places.
+/// A shorter run is not smaller than single indices.
 constexpr std::size_t kWorthIt = 3;
 
 std::size_t runAt(const Written& row, std::size_t at) {

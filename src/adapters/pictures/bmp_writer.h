@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The whole file, in the depth of `header`.
+/// Returns the whole file, with the depth of `header`.
 std::vector<std::uint8_t> bmpBytes(const Raster& raster, const PictureHeader& header);
 
 }  // namespace orv

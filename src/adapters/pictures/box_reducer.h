@@ -9,8 +9,8 @@
 
 namespace orv {
 
-/// Averages boxes of `side` by `side` pixels: what is left of a picture is quick to have, whatever its size. The boxes
-/// at the right and at the bottom may hold fewer pixels. `Sample`: std::uint8_t or std::uint16_t.
+/// Averages boxes of `side` by `side` pixels, which is fast for pictures of any size. Boxes at the right and bottom
+/// edges can have fewer pixels. `Sample` is std::uint8_t or std::uint16_t.
 template <typename Sample>
 class BoxReducer {
 public:
@@ -19,7 +19,7 @@ public:
 
     PictureSize to() const { return {(from_.width + side_ - 1) / side_, (from_.height + side_ - 1) / side_}; }
 
-    /// One row of the picture, from the top.
+    /// Adds one row of the picture, from the top.
     void add(const Sample* row) {
         std::uint64_t* sum = sums_.data();
         for (int x = 0; x < from_.width; x += side_, sum += channels_) {
@@ -32,7 +32,7 @@ public:
         ++rows_;
     }
 
-    /// What the rows since the last time come to.
+    /// Stores the averages of the rows added since the last call.
     void take(Sample* target) {
         const std::uint64_t* sum = sums_.data();
         for (int x = 0; x < from_.width; x += side_) {

@@ -7,7 +7,7 @@ namespace orv {
 
 using Bytes = std::span<const std::uint8_t>;
 
-/// The number of `length` bytes (8 at most) that stands at `at`; 0 when it would reach beyond the end.
+/// Returns the number of `length` bytes (8 at most) at `at`, or 0 if it would extend beyond the end.
 constexpr std::uint64_t numberAt(Bytes bytes, std::size_t at, std::size_t length, bool highFirst) {
     if (at > bytes.size() || bytes.size() - at < length) {
         return 0;

@@ -17,10 +17,10 @@ using namespace std::string_view_literals;
 constexpr std::string_view kExifMark = "Exif\0\0"sv;
 constexpr std::uint64_t kOrientationTag = 0x0112;
 constexpr std::size_t kEntrySize = 12;
-/// Cameras write Exif first; a file that hides it behind more segments than this is not searched further.
+/// Cameras write Exif first, so only this many segments are searched.
 constexpr int kMostSegments = 64;
 
-/// `tiff`: what follows the mark, in the byte order that its first letter names.
+/// `tiff` follows the mark. Its first letter names the byte order.
 int orientationIn(Bytes tiff) {
     const bool highFirst = !tiff.empty() && tiff[0] == 'M';
     const auto number = [=](std::size_t at, std::size_t length) { return numberAt(tiff, at, length, highFirst); };
@@ -46,7 +46,7 @@ struct Segment {
     std::size_t length = 0;
 };
 
-/// Comments and application data, as they stand before the picture's own tables.
+/// Comments and application data, which precede the picture's own tables.
 bool isSide(int marker) { return (marker >= 0xE0 && marker <= 0xEF) || marker == 0xFE; }
 
 std::optional<Segment> nextSegment(std::FILE* jpeg) {

@@ -6,14 +6,14 @@
 
 namespace orv {
 
-/// How a JPEG file wants to be turned: the Exif code 1 to 8, 1 when it says nothing that makes sense. Reads the
-/// segments before the picture only, and leaves the stream anywhere.
+/// Returns the Exif orientation of a JPEG file, 1 to 8, or 1 if it has no valid one. Reads only the segments before the
+/// picture and leaves the stream at any position.
 int exifOrientation(std::FILE* jpeg);
 
-/// Whether the orientation swaps width and height.
+/// True if the orientation swaps width and height.
 constexpr bool swapsSides(int orientation) { return orientation >= 5; }
 
-// What has to be mirrored first, where the picture is stored, from right to left or from bottom to top.
+// The stored picture is first mirrored from right to left, or from bottom to top.
 constexpr bool mirrorsColumns(int orientation) {
     return orientation == 2 || orientation == 3 || orientation == 7 || orientation == 8;
 }
@@ -21,7 +21,7 @@ constexpr bool mirrorsLines(int orientation) {
     return orientation == 3 || orientation == 4 || orientation == 6 || orientation == 7;
 }
 
-/// The picture turned and mirrored as the code says.
+/// Returns the picture rotated and mirrored by the code.
 Bitmap turned(const Bitmap& source, int orientation);
 
 }  // namespace orv

@@ -32,7 +32,7 @@ int readFromFile(GifFileType* gif, GifByteType* bytes, int count) {
         std::fread(bytes, 1, static_cast<std::size_t>(count), static_cast<std::FILE*>(gif->UserData)));
 }
 
-/// Leaves `transparent` alone unless the extension names a colour.
+/// Changes `transparent` only if the extension names a colour.
 void takeExtension(GifFileType* gif, int& transparent) {
     int code = 0;
     GifByteType* block = nullptr;
@@ -46,7 +46,7 @@ void takeExtension(GifFileType* gif, int& transparent) {
     }
 }
 
-/// Up to the first picture's description, read; the transparent colour or NO_TRANSPARENT_COLOR.
+/// Reads up to and including the first picture's description. Returns the transparent colour or NO_TRANSPARENT_COLOR.
 int findPicture(GifFileType* gif) {
     int transparent = NO_TRANSPARENT_COLOR;
     GifRecordType record = UNDEFINED_RECORD_TYPE;
@@ -73,7 +73,7 @@ QList<QRgb> coloursOf(const GifFileType& gif, int transparent) {
     return colours;
 }
 
-/// The order in which rows are stored: from the top, or in four passes.
+/// Returns the order in which rows are stored: from the top, or in four passes.
 std::vector<int> storedOrder(int height, bool interlaced) {
     constexpr std::array kPasses{std::pair{0, 8}, std::pair{4, 8}, std::pair{2, 4}, std::pair{1, 2}};
     std::vector<int> order;
@@ -141,7 +141,7 @@ void putTransparent(GifFileType* gif, const QList<QRgb>& colours) {
     require(EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, block.size(), block.data()) == GIF_OK);
 }
 
-/// Everything up to the end mark, which closing writes.
+/// Writes everything up to the end mark, which closing writes.
 void writePicture(GifFileType* gif, const Raster& raster) {
     EGifSetGifVersion(gif, true);
     const auto map = mapOf(raster.colours);

@@ -5,10 +5,10 @@
 
 namespace orv {
 
-/// The first picture of the file, in its place on the file's ground.
+/// Returns the first picture of the file, at its position on the background.
 Raster readGif(const OpenFile& file);
 
-/// The whole file; `raster` has colours.
+/// Returns the whole file. `raster` must have a colour table.
 std::vector<std::uint8_t> gifBytes(const Raster& raster);
 
 }  // namespace orv

@@ -13,7 +13,7 @@ constexpr float kFraction = 16;
 using Line [[gnu::vector_size(kBlockSide * sizeof(float))]] = float;
 using Square = std::array<Line, kBlockSide>;
 
-/// The cosine transform of eight samples: line by line the weights of one frequency.
+/// Returns the cosine transform of eight samples; each line has the weights of one frequency.
 Square transformWeights() {
     Square weights{};
     for (int frequency = 0; frequency < kBlockSide; ++frequency) {
@@ -26,7 +26,7 @@ Square transformWeights() {
     return weights;
 }
 
-/// Every column by its frequencies; turned over the corner, so that a second time does the rows.
+/// Transforms every column and transposes the result, so that a second call transforms the rows.
 Square columnsTransformed(const Square& weights, const Square& samples) {
     Square turned{};
     for (int frequency = 0; frequency < kBlockSide; ++frequency) {

@@ -9,15 +9,15 @@
 
 namespace orv {
 
-/// Samples of a side of a block, and frequencies of a side of its transform.
+/// The number of samples on a side of a block, and of frequencies on a side of its transform.
 inline constexpr int kBlockSide = 8;
 inline constexpr std::size_t kBlockSize = 64;
 
-/// One channel of a picture as frequencies: block after block from the top, 64 numbers each, the lowest first.
+/// One channel of a picture as frequencies: block by block from the top, 64 numbers each, the lowest first.
 struct FrequencyPlane {
     int blocksAcross = 0;
     int blocksDown = 0;
-    /// In sixteenths, so that they fit 16 bits and are rounded once only, when they are quantised.
+    /// In sixteenths, so that they fit 16 bits and are rounded only once, when they are quantised.
     std::vector<std::int16_t> frequencies;
 
     const std::int16_t* block(int across, int down) const {
@@ -30,10 +30,10 @@ struct FrequencyPlane {
 /// `samples` has one channel, and its sides are whole blocks.
 FrequencyPlane frequenciesOf(const Bitmap& samples);
 
-/// How one table of quantisation turns frequencies into the numbers that are stored.
+/// Converts frequencies to the stored numbers, by one quantisation table.
 class Quantiser {
 public:
-    /// `steps`: 64 of them, as the table has them.
+    /// `steps` has 64 entries in the order of the table.
     explicit Quantiser(const std::uint16_t* steps);
 
     void quantise(const std::int16_t* frequencies, std::int16_t* stored) const;

@@ -9,7 +9,7 @@
 namespace orv {
 namespace {
 
-/// The library only warns of these and goes on with grey areas; here they mean that the picture is not whole.
+/// The library only warns of these and continues with grey areas. Here they mean that the picture is incomplete.
 constexpr auto kFatalWarnings = std::to_array<int>({
     JWRN_JPEG_EOF,
     JWRN_HIT_MARKER,

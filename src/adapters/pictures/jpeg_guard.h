@@ -1,6 +1,6 @@
 #pragma once
 
-// jpeglib.h needs the streams before it.
+// jpeglib.h needs this header before it.
 #include <cstdio>
 
 #include <jpeglib.h>
@@ -11,15 +11,15 @@
 
 namespace orv {
 
-/// Where the JPEG library's errors end. They come back by a long jump, which skips destructors, so each call goes
-/// through `guarded`, whose step holds nothing but plain values.
+/// Handles the JPEG library's errors. They return by a long jump, which skips destructors. Each call therefore uses
+/// `guarded`, whose step has only plain values.
 class JpegGuard {
 public:
     JpegGuard();
     JpegGuard(const JpegGuard&) = delete;
     JpegGuard& operator=(const JpegGuard&) = delete;
 
-    /// Makes the library's object report here.
+    /// Makes the library's object report its errors here.
     void watch(j_common_ptr info);
 
     template <typename Step>
@@ -30,7 +30,7 @@ public:
         step();
     }
 
-    /// Ends the step that runs, as if the library had reported this message of its own.
+    /// Ends the current step as if the library had reported this message.
     [[noreturn]] static void leaveWith(j_common_ptr info, int libraryMessage);
 
 private:

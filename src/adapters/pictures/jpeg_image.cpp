@@ -20,7 +20,7 @@ Rgb fromLuminance(const std::uint8_t* sample) {
             channel(light + 1.772F * blue)};
 }
 
-/// `ink`: 255 is none. `black` likewise.
+/// 255 means no ink, also for `black`.
 Rgb onPaper(const Rgb& ink, unsigned black) {
     const auto mixed = [black](unsigned colour) { return (colour * black + 127) / 255; };
     return {mixed(ink[0]), mixed(ink[1]), mixed(ink[2])};
@@ -34,7 +34,7 @@ Rgb rgbOf(const JpegImage& image, const std::uint8_t* sample) {
         case JCS_CMYK:
             return onPaper({ink(sample[0]), ink(sample[1]), ink(sample[2])}, ink(sample[3]));
         case JCS_YCCK: {
-            // What the luminance stands for is the ink, and that is the other way round than the black beside it.
+            // The luminance represents the ink, but inverted relative to black.
             const Rgb inverse = fromLuminance(sample);
             return onPaper({ink(255 - inverse[0]), ink(255 - inverse[1]), ink(255 - inverse[2])}, ink(sample[3]));
         }

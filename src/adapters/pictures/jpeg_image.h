@@ -11,17 +11,17 @@
 
 namespace orv {
 
-/// What is read out of a JPEG file and goes back into one.
+/// The data read from a JPEG file and written back to one.
 struct JpegImage {
     Bitmap bitmap;
-    /// JCS_GRAYSCALE, JCS_YCbCr, JCS_CMYK or JCS_YCCK; the samples are left in it, so that nothing is lost on the way.
+    /// JCS_GRAYSCALE, JCS_YCbCr, JCS_CMYK or JCS_YCCK. The samples stay in this form, so that nothing is lost.
     J_COLOR_SPACE colours = JCS_YCbCr;
-    /// Print colours are turned round (255 is no ink), as Adobe's programs have it.
+    /// True if print colours are inverted (255 is blank paper), as in Adobe's programs.
     bool adobe = false;
     std::vector<std::uint8_t> profile;
 };
 
-/// For the screen.
+/// Converts the picture for the screen.
 Pixels argbOf(const JpegImage& image);
 
 }  // namespace orv

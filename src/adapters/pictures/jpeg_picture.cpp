@@ -27,7 +27,7 @@ Bitmap resampled(const Bitmap& source, int width, int height) {
     return target;
 }
 
-/// Kept as it is stored, and turned when it is used: by then it is mostly small.
+/// Keeps the picture as stored and rotates it when it is used, because it is mostly small by then.
 class JpegPicture : public Picture {
 public:
     JpegPicture(FileSystem& files, const PictureHeader& header, JpegImage image)
@@ -65,7 +65,7 @@ public:
     }
 
 private:
-    /// A size the other way round where the picture has to be turned over its corner.
+    /// Swaps width and height if the rotation does.
     PictureSize stored(int width, int height) const {
         return swapsSides(orientation_) ? PictureSize{height, width} : PictureSize{width, height};
     }
@@ -82,7 +82,7 @@ private:
     int height_;
     int orientation_;
     JpegImage image_;
-    /// Made at the first save; a search saves the same picture ten times.
+    /// Created at the first save, because a search saves the same picture ten times.
     mutable std::unique_ptr<JpegWriter> writer_;
 };
 

@@ -15,14 +15,14 @@ namespace orv {
 namespace {
 
 constexpr long kDecoderMemory = 320L * 1024 * 1024;
-/// A file in several passes costs a walk over the picture for each; this is 20 passes of the largest picture.
+/// Each pass of a file visits the whole picture. This is 20 passes of the largest picture.
 constexpr std::int64_t kPixelPasses = 2'000'000'000;
 constexpr int kProfileMarker = JPEG_APP0 + 2;
 
-/// The library's decompressor.
+/// Owns the library's decompressor.
 class Decompressor {
 public:
-    /// Reads the header, on an object that is whole by then, so that a failure gives everything back.
+    /// Reads the header after the object is constructed, so that the destructor runs after a failure.
     explicit Decompressor(std::FILE* jpeg) : Decompressor() {
         guard_.guarded([this, jpeg] {
             jpeg_stdio_src(&info_, jpeg);
@@ -44,7 +44,7 @@ public:
         return {bytes, bytes + length};
     }
 
-    /// Without a change of colours.
+    /// Decodes without converting the colours.
     void start(unsigned eighths) {
         info_.out_color_space = info_.jpeg_color_space;
         info_.scale_num = eighths;
@@ -56,7 +56,7 @@ public:
         guard_.guarded([this, row]() mutable { jpeg_read_scanlines(&info_, &row, 1); });
     }
 
-    /// Reads what is left up to the end mark.
+    /// Reads the rest up to the end mark.
     void finish() {
         guard_.guarded([this] { jpeg_finish_decompress(&info_); });
     }
@@ -82,7 +82,7 @@ private:
     jpeg_progress_mgr progress_{};
 };
 
-/// Only these are quick: the library has no fast way for the eighths between them.
+/// Returns one of these scales only, because the library is slow for the eighths between them.
 unsigned smallestScale(double share) {
     unsigned eighths = 1;
     while (eighths < 8 && eighths < share * 8) {

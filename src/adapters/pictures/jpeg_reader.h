@@ -6,11 +6,11 @@
 
 namespace orv {
 
-/// Reads the header of a JPEG file, its sides as they are when the picture stands upright.
+/// Reads the header of a JPEG file. The sides are those of the upright picture.
 PictureHeader jpegHeader(const OpenFile& file);
 
-/// The whole picture as it is stored, not turned. It is decoded at an eighth, a quarter or a half of its size where
-/// that leaves `share` or more of its sides, which is between 0 and 1.
+/// Returns the whole picture as stored, not rotated. It is decoded at an eighth, a quarter or a half of its size if at
+/// least `share` (0 to 1) of its sides remains.
 JpegImage jpegImage(const OpenFile& file, double share);
 
 }  // namespace orv

@@ -36,7 +36,7 @@ public:
     void guarded(Step step) {
         guard_.guarded(step);
     }
-    /// What has been written, after the library's last call.
+    /// Returns the output after the library's last call.
     Bytes written() const { return {bytes_, bytes_ + size_}; }
 
 private:
@@ -46,7 +46,7 @@ private:
     unsigned long size_ = 0;
 };
 
-/// The library's tables without a scale.
+/// Sets the library's tables without a scale.
 void setBasicTables(jpeg_compress_struct& info) {
     constexpr int kBasic = 100;
     jpeg_set_linear_quality(&info, kBasic, TRUE);
@@ -77,7 +77,7 @@ void setTables(jpeg_compress_struct& info, int quality) {
 
 int filledUp(int side, int unit) { return (side + unit - 1) / unit * unit; }
 
-/// One channel, its last places repeated up to the edge of the units.
+/// Returns one channel, with its last samples repeated up to the edge of the units.
 Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit) {
     Bitmap plane = blankBitmap(filledUp(source.width, unit), filledUp(source.height, unit), 1);
     for (int y = 0; y < plane.height; ++y) {
@@ -105,15 +105,15 @@ Bitmap halved(const Bitmap& plane) {
     return half;
 }
 
-/// Whether these colours have channels of half the size; as the library sets it.
+/// True if the library stores these colours at half size.
 bool halvesColours(J_COLOR_SPACE colours) { return colours == JCS_YCbCr || colours == JCS_YCCK; }
 
-/// The finest of several files is the largest; more than one of this size is not kept.
+/// The finest of several files is the largest. Only one larger than this is kept.
 constexpr std::size_t kLargestKept = 1 << 20;
 
 using Arrays = std::array<jvirt_barray_ptr, MAX_COMPONENTS>;
 
-/// Asks the library for room, whole units of blocks for each plane.
+/// Allocates arrays in the library, with whole blocks for each plane.
 Arrays arraysFor(jpeg_compress_struct& info, const FrequencyPlane* planes) {
     Arrays arrays{};
     auto* common = reinterpret_cast<j_common_ptr>(&info);

@@ -7,15 +7,14 @@
 
 namespace orv {
 
-/// Writes one picture as often as is asked, from frequencies that are worked out once: the colours at half size, as
-/// cameras have them. What was written once is kept, since the last save of a search repeats one of the others. In one
-/// pass: progressive files of this size are 3 % smaller at best, larger where the limit is tight, and take two to three
-/// times as long.
+/// Writes one picture repeatedly from frequencies calculated once, with colours at half size as in cameras. Keeps the
+/// results, because the last save of a search repeats an earlier one. Writes one pass. Progressive files of this size
+/// are at best 3 % smaller, larger at tight limits, and two to three times slower.
 class JpegWriter {
 public:
     explicit JpegWriter(const JpegImage& image);
 
-    /// The whole file, until the next call. `quality`: 2, the best, to 255, the smallest.
+    /// Returns the whole file, valid until the next call. `quality` is 2 (best) to 255 (smallest).
     const std::vector<std::uint8_t>& written(int quality);
 
 private:
@@ -26,7 +25,7 @@ private:
     J_COLOR_SPACE colours_;
     bool adobe_;
     std::vector<std::uint8_t> profile_;
-    /// One a channel.
+    /// One per channel.
     std::vector<FrequencyPlane> planes_;
     /// By quality.
     std::map<int, std::vector<std::uint8_t>> written_;

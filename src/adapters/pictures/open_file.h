@@ -9,15 +9,15 @@
 
 namespace orv {
 
-/// A picture's file, open for reading: a regular file with something in it, of 500 MB at most.
+/// A picture's file, open for reading: a regular file that is not empty and has at most 500 MB.
 class OpenFile {
 public:
     OpenFile(const FileSystem& files, const std::string& path);
 
     std::int32_t size() const { return size_; }
-    /// At the file's beginning.
+    /// Returns the stream, positioned at the file's beginning.
     std::FILE* fromStart() const;
-    /// The first bytes, fewer when the file is shorter.
+    /// Returns the first bytes, or fewer if the file is shorter.
     std::vector<std::uint8_t> firstBytes(std::size_t count) const;
 
 private:

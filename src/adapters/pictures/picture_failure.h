@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// What can be wrong with a picture file. The numbers stand in the log, so they never change their meaning.
+/// The faults of a picture file. The numbers appear in logs, so they never change their meaning.
 enum class PictureFailure : int {
     NotAFile = 20101,
     Empty = 20102,
@@ -17,7 +17,7 @@ enum class PictureFailure : int {
     NotWritable = 20109,
 };
 
-/// The exception for `failure`, with the text that the operator reads.
+/// Returns the exception for `failure`, with the operator's text.
 RunTimeError pictureError(PictureFailure failure);
 
 }  // namespace orv

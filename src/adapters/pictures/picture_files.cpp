@@ -29,7 +29,7 @@ PictureHeader claimedHeader(const OpenFile& file) {
     return *header;
 }
 
-/// Sides are within 32 bits, so that their product can be taken.
+/// Sides fit 32 bits, so that their product does not overflow.
 PictureHeader headerOf(const OpenFile& file) {
     const PictureHeader header = claimedHeader(file);
     if (header.width < 1 || header.height < 1) {
@@ -41,7 +41,7 @@ PictureHeader headerOf(const OpenFile& file) {
     return header;
 }
 
-/// Runs a reading of `path`; want of memory becomes a failure like the others.
+/// Reads `path` and converts lack of memory to a failure like the others.
 template <typename Reading>
 auto reading(FileSystem& files, const std::string& path, Reading read) {
     try {

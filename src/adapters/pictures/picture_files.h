@@ -5,7 +5,7 @@
 
 namespace orv {
 
-/// Pictures out of JPEG, PNG, BMP, GIF and TIFF files, and back into them.
+/// Reads and writes JPEG, PNG, BMP, GIF and TIFF files.
 class PictureFiles : public PictureLibrary {
 public:
     explicit PictureFiles(FileSystem& files) : files_(files) {}

@@ -5,18 +5,18 @@
 
 namespace orv {
 
-/// Which part of its sides a picture must keep to be brought inside `within` later: twice what it will have then, so
-/// that the filter has enough to work on. 1, all of it, when that is no less than it has, or when nothing is promised.
+/// Returns the share of a picture's sides needed to fit it into `within` later: twice the final size, for the filter.
+/// Returns 1 if that is not smaller than the picture, or if there is no promise.
 double keptShare(const PictureHeader& header, PictureSize within);
 
-// What a caller must not ask for; each raises the failure of an invalid call.
+// Checks for invalid calls. Each throws the failure for one.
 void requireSides(PictureSize size);
 void requireNoGrowth(PictureSize own, PictureSize asked);
 void requireQuality(int quality);
-/// A picture of which less was kept than it has can't be written.
+/// A picture that was reduced while loading cannot be written.
 void requireKeptWhole(PictureSize kept, PictureSize own);
 
-/// Raises the failure for a kind that can't be written back.
+/// Throws the failure for a kind of picture that cannot be written back.
 void requireOwnKind(bool own);
 
 }  // namespace orv

@@ -12,7 +12,7 @@ namespace {
 
 using Written = std::vector<std::uint8_t>;
 
-/// The library's writer. An error comes back by a long jump, so each step holds nothing but plain values.
+/// The library's writer. An error returns by a long jump, so each step has only plain values.
 class Writer {
 public:
     Writer() : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr)) {

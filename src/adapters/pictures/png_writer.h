@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// The whole file, in the kind and depth of `header`, packed as tightly as the library can.
+/// Returns the whole file, in the kind and depth of `header`, with the library's best compression.
 std::vector<std::uint8_t> pngBytes(const Raster& raster, const PictureHeader& header);
 
 }  // namespace orv

@@ -8,11 +8,11 @@ namespace {
 
 constexpr double kFinest = 0.04;
 constexpr double kCoarsest = 25.5;
-/// Found on photos: half of it still lets a file grow here and there.
+/// Determined with photos. With half of it, a file still grows occasionally.
 constexpr double kRealStep = 0.05;
 
-/// How coarse all tables together are. An entry counts the more the lower its frequency, which is where pictures have
-/// most of what they have.
+/// Returns how coarse all tables are together. An entry counts more if its frequency is lower, because pictures have
+/// most of their content there.
 double coarseness(const std::vector<unsigned>& basics, double scale) {
     double sum = 0;
     for (std::size_t i = 0; i < basics.size(); ++i) {

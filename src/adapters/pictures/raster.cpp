@@ -22,8 +22,8 @@ Samples packed(const Samples& values, int bits) {
     return bytes;
 }
 
-/// A premultiplied pixel. Where the file has no alpha, a place that was seen through (one colour may stand for that)
-/// lies on white ground.
+/// Converts a premultiplied pixel. If the file has no alpha channel, transparent pixels (a single colour can mark them)
+/// become white.
 std::array<std::uint16_t, 4> samplesOf(QRgba64 pixel, int channels) {
     const auto ground = static_cast<std::uint16_t>(0xFFFF - pixel.alpha());
     const auto onWhite = [ground](std::uint16_t value) { return static_cast<std::uint16_t>(value + ground); };
@@ -38,7 +38,7 @@ std::array<std::uint16_t, 4> samplesOf(QRgba64 pixel, int channels) {
     }
 }
 
-/// Of 16 bits each; grey pictures have the same in all three colours.
+/// Returns samples of 16 bits. Grey pictures have the same value in all three colours.
 std::vector<std::uint16_t> deepRow(const QImage& image, int channels, int y) {
     const QImage row = rowOf(image, y).convertToFormat(QImage::Format_RGBA64_Premultiplied);
     std::vector<std::uint16_t> samples;

@@ -25,7 +25,7 @@ template <typename Sample>
 constexpr QImage::Format kFormat = sizeof(Sample) == 1 ? QImage::Format_RGBA8888_Premultiplied
                                                        : QImage::Format_RGBA64_Premultiplied;
 
-/// The filter overshoots at edges, and no colour may be stronger than its place is solid.
+/// The filter overshoots at edges, and no colour value can exceed its alpha value.
 template <typename Sample>
 void putRow(std::vector<Sample> row, uchar* target) {
     for (std::size_t at = 0; at < row.size(); at += kChannels) {
@@ -44,7 +44,7 @@ QImage blankImage(PictureSize size, QImage::Format format) {
     return image;
 }
 
-/// A row at a time, so that no second copy of a large picture is needed.
+/// Handles one row at a time, so that no second copy of a large picture is needed.
 template <typename Sample, typename Take>
 void eachRow(const QImage& source, Take take) {
     for (int y = 0; y < source.height(); ++y) {
@@ -87,8 +87,7 @@ QImage resampled(const QImage& source, int width, int height) {
                           : resampledAs<std::uint8_t>(source, width, height);
 }
 
-/// What is worth keeping of a picture of which `share` will do. Twice that, since an average is blunter than the
-/// filter.
+/// Reduces a picture of which `share` is needed. Keeps twice that size, because averaging blurs more than the filter.
 QImage averaged(const QImage& source, double share) {
     const int side = static_cast<int>(0.5 / share);
     if (side < 2) {
@@ -97,14 +96,14 @@ QImage averaged(const QImage& source, double share) {
     return isDeep(source) ? averagedAs<std::uint16_t>(source, side) : averagedAs<std::uint8_t>(source, side);
 }
 
-/// Turned over its corner by way of a quarter turn, which is a mirroring more.
+/// Transposes by a quarter turn and one mirroring more.
 QImage upright(QImage stored, int orientation) {
     const bool swap = swapsSides(orientation);
     const QImage mirrored = std::move(stored).mirrored(mirrorsColumns(orientation), mirrorsLines(orientation) != swap);
     return swap ? mirrored.transformed(QTransform().rotate(90)) : mirrored;
 }
 
-/// On white ground.
+/// Draws on a white background.
 Pixels argbOf(const QImage& image) {
     Pixels pixels{image.width(), image.height(), {}};
     for (int y = 0; y < image.height(); ++y) {
@@ -168,7 +167,7 @@ private:
     FileSystem& files_;
     PictureHeader header_;
     Raster raster_;
-    /// Made at the first save: the quality does not change it.
+    /// Created at the first save, because the quality does not change it.
     mutable std::vector<std::uint8_t> written_;
 };
 

@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// PNG, BMP, GIF and TIFF.
+/// Loads PNG, BMP, GIF and TIFF.
 std::unique_ptr<Picture> loadRaster(FileSystem& files, const OpenFile& file, const PictureHeader& header,
                                     PictureSize within);
 

@@ -46,7 +46,7 @@ PictureHeader bmpHeader(const OpenFile&, Bytes first) {
     const bool old = signedNumber(first, 14) == kOldKind;
     const std::int32_t bits = smallNumber(first, old ? 24 : 28);
     const std::int64_t width = old ? smallNumber(first, 18) : signedNumber(first, 18);
-    // Rows that run from the top are marked by a negative height.
+    // A negative height marks rows that are stored from the top.
     const std::int64_t height = old ? smallNumber(first, 20) : std::abs(std::int64_t{signedNumber(first, 22)});
     return {PictureFormat::Bmp, width, height, bits, bits <= 8 ? 1 : bits == 32 ? 4 : 3, bits <= 8};
 }
@@ -71,7 +71,7 @@ constexpr auto kKinds = std::to_array<Kind>({
     {"MM\0*"sv, tiffHeaderOf},
 });
 
-/// PNG and BMP.
+/// Reads PNG and BMP.
 Raster readByQt(const OpenFile& file, const PictureHeader& header) {
     QFile device;
     if (!device.open(file.fromStart(), QIODevice::ReadOnly)) {

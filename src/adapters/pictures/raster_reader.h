@@ -8,13 +8,13 @@
 
 namespace orv {
 
-/// How many bytes `rasterHeader` needs.
+/// The number of bytes that `rasterHeader` needs.
 inline constexpr std::size_t kHeaderBytes = 32;
 
-/// What a PNG, BMP, GIF or TIFF file claims; nothing when its first bytes are none of theirs.
+/// Returns the header of a PNG, BMP, GIF or TIFF file, or nothing for other first bytes.
 std::optional<PictureHeader> rasterHeader(const OpenFile& file, Bytes first);
 
-/// The picture (the first, when the file holds several), not turned yet. It is decoded at its full size, within 512 MB.
+/// Returns the first picture, not rotated yet. Decodes at full size, within 512 MB.
 Raster readRaster(const OpenFile& file, const PictureHeader& header);
 
 }  // namespace orv

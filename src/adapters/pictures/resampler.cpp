@@ -8,8 +8,8 @@
 #include <numbers>
 #include <utility>
 
-// What is worth it is compiled for wider vector units too, and the program takes what the machine has. Not where
-// other tools watch the program: they would have to follow that choice.
+// Compiles the critical functions for wider vector units too, and the program uses those that the machine has. Not with
+// sanitizers or other tools, which cannot follow that choice.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
 #define ORV_WIDE_VECTORS [[gnu::target_clones("default", "avx2")]]
 #else
@@ -50,7 +50,7 @@ Taps tapsAt(int place, int from, int to) {
     return taps;
 }
 
-/// So many rows at a time, so that the sums are read and written less often.
+/// The number of rows handled together, so that the sums are accessed less often.
 constexpr std::size_t kRowsAtOnce = 4;
 
 template <typename Sample>
@@ -78,7 +78,7 @@ Sample rounded(float value) {
     return static_cast<Sample>(std::clamp(value + 0.5F, 0.0F, static_cast<float>(std::numeric_limits<Sample>::max())));
 }
 
-/// As many channels as a pixel can have, in one vector unit.
+/// Enough channels for any pixel, in one vector unit.
 using Pixel [[gnu::vector_size(16)]] = float;
 constexpr std::size_t kMostChannels = sizeof(Pixel) / sizeof(float);
 
@@ -88,8 +88,8 @@ inline Pixel pixelAt(const float* source) {
     return pixel;
 }
 
-/// A pixel of fewer channels has those of the next one beside it; behind the last pixel there is room for them. Two
-/// sums, since one would wait for itself.
+/// A pixel with fewer channels also reads those of the next one; there is space for them after the last pixel. Two sums
+/// avoid waiting for the previous addition.
 inline Pixel blended(const Taps& taps, std::size_t channels, const float* sums) {
     const float* source = sums + static_cast<std::size_t>(taps.first) * channels;
     const std::size_t count = taps.weights.size();
@@ -103,7 +103,7 @@ inline Pixel blended(const Taps& taps, std::size_t channels, const float* sums) 
     return at < count ? even + odd + taps.weights[at] * pixelAt(source) : even + odd;
 }
 
-/// Each pixel writes over what the one before it had too many.
+/// Each pixel overwrites the extra channels of the one before it.
 ORV_WIDE_VECTORS void blendPlaces(const std::vector<Taps>& columns, std::size_t channels, const float* sums,
                                   float* line) {
     for (const Taps& taps : columns) {
@@ -175,7 +175,7 @@ void Resampler<Sample>::finish() {
     sink_(target_);
 }
 
-/// To the next target row, without the source rows that no other needs.
+/// Continues with the next target row and drops source rows that are no longer needed.
 template <typename Sample>
 void Resampler<Sample>::moveOn() {
     ++finished_;

@@ -9,7 +9,7 @@
 
 namespace orv {
 
-/// Which source places make one target place, and how much each counts. The weights add up to 1.
+/// The source positions for one target position, and their weights. The weights add up to 1.
 struct Taps {
     int first = 0;
     std::vector<float> weights;
@@ -17,9 +17,9 @@ struct Taps {
     int last() const { return first + static_cast<int>(weights.size()) - 1; }
 };
 
-/// Brings a picture to another size by a Lanczos filter of three lobes that averages when it shrinks. Source rows go in
-/// from the top, each once; target rows come out as soon as they are whole, so that only the source rows of one target
-/// row are held. `Sample`: std::uint8_t or std::uint16_t.
+/// Resizes a picture by a Lanczos filter of three lobes, which averages when reducing. Source rows are added from the
+/// top, each once. Target rows are produced as soon as they are complete, so that only the source rows of one target
+/// row are stored. `Sample` is std::uint8_t or std::uint16_t.
 template <typename Sample>
 class Resampler {
 public:
@@ -40,7 +40,7 @@ private:
     std::size_t channels_;
     Sink sink_;
     std::vector<Taps> columns_;
-    /// Of the target row that is made next.
+    /// Weights for the next target row.
     Taps next_;
     int finished_ = 0;
     /// The source rows that are still needed, and the number of the first of them.

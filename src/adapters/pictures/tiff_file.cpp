@@ -18,7 +18,7 @@
 namespace orv {
 namespace {
 
-/// A file can't make the library ask for more at a time.
+/// Limits the memory that the library requests at once for a file.
 constexpr tmsize_t kLargestPiece = 400'000'000;
 
 struct Close {
@@ -36,10 +36,10 @@ void require(bool whole) {
     }
 }
 
-/// What is wrong is told by the results; the library's texts would go to the terminal.
+/// Failures are reported through results; the library's messages would go to the terminal.
 int keepQuiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
 
-/// Without mapping the file to memory: one that shrinks meanwhile would end the program.
+/// Does not map the file to memory, because a file that shrinks meanwhile would crash the program.
 Tiff opened(const OpenFile& file) {
     const std::unique_ptr<TIFFOpenOptions, FreeOptions> options(TIFFOpenOptionsAlloc());
     TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), kLargestPiece);
@@ -62,7 +62,7 @@ Number numberOf(const Tiff& tiff, std::uint32_t tag) {
     return number;
 }
 
-/// Of 8 bits each, whatever the file has.
+/// Returns colours of 8 bits each, whatever depth the file has.
 QList<QRgb> coloursOf(const Tiff& tiff, int bits) {
     std::uint16_t* red = nullptr;
     std::uint16_t* green = nullptr;
@@ -84,7 +84,7 @@ QByteArray profileOf(const Tiff& tiff) {
     return {static_cast<const char*>(bytes), static_cast<qsizetype>(length)};
 }
 
-/// Neither print colours nor those that no screen has can be written back from what is read.
+/// Print colours, and colours that no screen has, cannot be written back from the decoded picture.
 bool isWritable(const Raster& raster, const PictureHeader& header) {
     const int depth = depthOf(header);
     const bool own = raster.plainColours && header.channels <= 4 &&
@@ -92,13 +92,13 @@ bool isWritable(const Raster& raster, const PictureHeader& header) {
     return own && header.bits == depth * header.channels && (depth & (depth - 1)) == 0;
 }
 
-/// What the library brings to 8 bits; deeper samples would lose what they have beyond.
+/// True if the library can convert the samples to 8 bits. Deeper ones would lose precision.
 bool hasPlainColours(const Tiff& tiff, const PictureHeader& header) {
     const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
     return depthOf(header) <= 8 && (photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR);
 }
 
-/// How a row lies in memory as it lies in the file.
+/// A memory layout of rows that equals the one in the file.
 struct RowKind {
     int photometric;
     int channels;
@@ -112,7 +112,7 @@ constexpr auto kRowKinds = std::to_array<RowKind>({
     {PHOTOMETRIC_RGB, 3, 16, QImage::Format_RGBX64},
 });
 
-/// Format_Invalid where the file has other rows, or none.
+/// Returns Format_Invalid if the file has other rows, or none.
 QImage::Format rowFormat(const Tiff& tiff, const PictureHeader& header) {
     const bool rows = TIFFIsTiled(tiff.get()) == 0 &&
                       numberOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG &&

@@ -8,7 +8,7 @@
 namespace orv {
 namespace {
 
-/// The file byte by byte. Its end is a damaged picture.
+/// Reads the file byte by byte. An unexpected end means a damaged picture.
 class ByteStream {
 public:
     explicit ByteStream(const OpenFile& file, long from) : stream_(file.fromStart()) {
@@ -33,7 +33,7 @@ private:
 
 enum Compression : std::uint64_t { kRuns8 = 1, kRuns4 = 2 };
 
-/// Walks the run-length codes up to the one that ends the picture.
+/// Reads the run-length codes up to the one that ends the picture.
 void walkRuns(ByteStream stream, bool halfBytes) {
     while (true) {
         const unsigned count = stream.next();

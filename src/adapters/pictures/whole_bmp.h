@@ -4,8 +4,8 @@
 
 namespace orv {
 
-/// Raises the failure for a damaged picture when a BMP file ends before its picture does: the decoder leaves what is
-/// missing blank and says nothing.
+/// Throws the failure for a damaged picture if a BMP file is truncated. The decoder would leave the missing part blank
+/// without a message.
 void requireWholeBmp(const OpenFile& file);
 
 }  // namespace orv

@@ -9,24 +9,24 @@
 
 namespace orv {
 
-/// The rows of a select, fetched whole: their number is exact, and no lock on the store outlives the call that read
-/// them.
+/// All rows of a select, fetched at once. Their number is exact, and no lock on the store remains after the call that
+/// read them.
 class FetchedRows : public Recordset {
 public:
     explicit FetchedRows(std::vector<std::string> columns) : columns_(std::move(columns)) {}
 
-    /// The next value: from left to right, row after row.
+    /// Adds the next value: from left to right, row after row.
     void add(Value value) { cells_.push_back(std::move(value)); }
 
     std::int32_t RecordCount() const override;
     bool Eof() const override;
-    /// On no rows this and `MoveLast` stay at the end.
+    /// Without rows, this and `MoveLast` stay at the end.
     void MoveFirst() override;
-    /// At the end already: failure 5.
+    /// Throws failure 5 at the end.
     void MoveNext() override;
     void MoveLast() override;
-    /// An unknown name or place is failure 9, a reading at the end failure 5. A name that two columns share means the
-    /// first of them, with or without "A." before it; no other qualifier is known.
+    /// Throws failure 9 for an unknown name or index, 5 at the end. If two columns share a name, it means the first of
+    /// them, with or without "A." before it; other qualifiers are unknown.
     Value Fields(const std::string& name) const override;
     Value Fields(int index) const override;
 
@@ -35,11 +35,11 @@ private:
     std::size_t columnOf(const std::string& name) const;
 
     std::vector<std::string> columns_;
-    std::deque<Value> cells_;  // it grows without moving what it holds
+    std::deque<Value> cells_;  // grows without moving its elements
     std::size_t cursor_ = 0;
 };
 
-/// The first field of every row, as text.
+/// Returns the first field of every row, as text.
 std::vector<std::string> firstTexts(const RecordsetPtr& rows);
 
 }  // namespace orv

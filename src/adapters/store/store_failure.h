@@ -7,9 +7,9 @@
 
 namespace orv {
 
-/// Why the store refused: besides number and text a code that names the cause in the log. The codes are "DB" and the
-/// engine's own result where the engine refused; "DBFILE", "DBSQL", "DBTRAN" or "DBCONN" and two digits where an
-/// adapter did.
+/// A failure of the store. In addition to number and text it has a code for the log. If the engine failed, the code is
+/// "DB" and the engine's own result. If an adapter refused, it is "DBFILE", "DBSQL", "DBTRAN" or "DBCONN" and two
+/// digits.
 class StoreFailure : public RunTimeError {
 public:
     StoreFailure(Failure number, std::string code, std::string description);
@@ -20,20 +20,20 @@ private:
     std::string code_;
 };
 
-/// What an adapter itself refuses.
+/// A refusal by an adapter itself.
 struct StoreRefusal {
     std::string_view code;
     Failure number;
     std::string_view text;
 };
 
-/// Throws the StoreFailure of `refusal`; `detail`, where there is any, is added in brackets.
+/// Throws the StoreFailure for `refusal`. A non-empty `detail` is added in brackets.
 [[noreturn]] void refuse(const StoreRefusal& refusal, std::string_view detail = {});
 
-/// `text` and, where there is any, `detail` in brackets, which are words from outside and are made printable.
+/// Returns `text` and, if not empty, `detail` in brackets. `detail` comes from outside and is made printable.
 std::string withDetail(std::string_view text, std::string_view detail);
 
-// The refusals that no engine differs in.
+// The refusals common to all engines.
 inline constexpr StoreRefusal kNotOpen{"DBCONN01", Failure::ObjectNotSet, "データベースが開かれていません。"};
 inline constexpr StoreRefusal kBadCharacter{"DBSQL01", Failure::InvalidCall,
                                             "データベースへの命令に使えない文字があります。"};

@@ -69,7 +69,7 @@ bool isJet(std::string_view start) {
            });
 }
 
-/// Whether the first line that says anything begins with a keyword and an equals sign, or is an address.
+/// True if the first line with content begins with a keyword and an equals sign, or is an address.
 bool namesServer(std::string_view start) {
     if (start.starts_with(kByteOrderMark)) {
         start.remove_prefix(kByteOrderMark.size());

@@ -5,18 +5,19 @@
 
 namespace orv {
 
-/// What stands at the place of a store: the database itself, or a text that names the server that has it.
+/// The kind of file at the place of a store: the database itself, or a text that names its server.
 enum class StoreKind : std::uint8_t { Embedded, Server };
 
-/// Looks at the file before an engine does, since an engine would take an empty file for a new database and would tell
-/// a missing file, a folder and a file of another program apart only by a number. Reads its first bytes only, creates
-/// and alters nothing, and does not wait on a pipe. Failure: a StoreFailure with a code "DBFILE01" to "DBFILE07".
+/// Checks the file before an engine opens it. An engine would use an empty file as a new database, and would report
+/// missing files, folders and foreign files only by a number. Reads only the first bytes, changes nothing, and does not
+/// wait for a pipe. Throws a StoreFailure with a code "DBFILE01" to "DBFILE07".
 StoreKind storeKindOf(const std::string& nativePath);
 
-/// The same for who knows one kind only; the other is "DBFILE07" too.
+/// The same for callers that support only one kind; the other is also "DBFILE07".
 void requireStoreKind(const std::string& nativePath, StoreKind kind);
 
-/// Whether the file is a database of the older form, which is no store. Failure: as above, "DBFILE01" to "DBFILE04".
+/// True if the file is a database of the older form, which cannot be a store. Throws as above, "DBFILE01" to
+/// "DBFILE04".
 bool isJetFile(const std::string& nativePath);
 
 }  // namespace orv

@@ -17,7 +17,7 @@ StoreConnection& opened(const ConnectionPtr& connection) {
 
 }  // namespace
 
-/// Runs `action`; a failure of whatever kind becomes the failure record.
+/// Runs `action` and converts any failure to the failure record.
 template <typename Action>
 bool StoreService::guarded(Action action) {
     try {

@@ -7,28 +7,28 @@
 
 namespace orv {
 
-/// The suite's gateway over a store of whatever kind.
+/// The suite's interface to a store of any kind.
 ///
-/// - `DbOpenRs` takes statements that yield rows and change nothing, `DbExecute` those that change the store, each one
-///   statement a call.
+/// - `DbOpenRs` accepts statements that return rows and change nothing, `DbExecute` those that change the store.
+///   Each call runs one statement.
 /// - `DbError` keeps the last failure until the next one or `DbReset`.
 class StoreService : public DbService {
 public:
-    /// `files` gives the place of the file on this machine, and must outlive the service.
+    /// `files` locates the file on this machine, and must outlive the service.
     StoreService(const FileSystem& files, StoreOpener opener) : files_(files), opener_(std::move(opener)) {}
 
     FailureRecord DbError() const override { return failure_; }
     void DbReset() override { failure_ = {}; }
-    /// Closes what the connection held. A failure leaves it closed.
+    /// Closes the objects of the connection. They are closed even after a failure.
     void DbOpen(ConnectionPtr& connection, const std::string& path, bool& ok) override;
-    /// A failure leaves the recordset closed.
+    /// On failure the recordset is closed.
     void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) override;
     void DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) override;
     void DbClose(ConnectionPtr& connection, bool& ok) override;
     void DbCloseRs(RecordsetPtr& recordset, bool& ok) override;
     void DbBeginTrans(ConnectionPtr& connection, bool& ok) override;
     void DbRollback(ConnectionPtr& connection, bool& ok) override;
-    /// Fails where no transaction is open, which is so too when the engine has ended it: its changes are gone then.
+    /// Fails if no transaction is open. That is also so if the engine has ended it; its changes are then lost.
     void DbCommit(ConnectionPtr& connection, bool& ok) override;
 
 private:

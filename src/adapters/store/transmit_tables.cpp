@@ -12,7 +12,7 @@ constexpr std::int32_t kEmbeddedType = 2;
 constexpr std::int32_t kTableType = 1;
 constexpr std::string_view kPasswordSign = ";pwd=";
 
-/// An open store and what was made from it share this; closing either it or its workspace empties it for all.
+/// Shared by an open store and the objects created from it. Closing the store or its workspace empties it for all.
 using SharedStore = std::shared_ptr<std::unique_ptr<StoreConnection>>;
 
 void require(bool condition, Failure failure) {
@@ -26,7 +26,7 @@ StoreConnection& usable(const SharedStore& store) {
     return **store;
 }
 
-/// A name that stands in a statement as it is: the engines fold its case each in its own way when it is not quoted.
+/// Checks a name that is used unquoted in a statement, because engines fold the case of quoted names differently.
 const std::string& plainName(const std::string& name) {
     const auto isPlain = [](char c) {
         return c == '_' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');

@@ -20,14 +20,14 @@ namespace {
 constexpr char32_t kMiddleDot = 0x30FB;
 constexpr unsigned kCodes = 0x10000;
 
-/// Bytes that the C library refuses and Windows takes for a character each.
+/// Bytes that the C library rejects and Windows converts to one character each.
 constexpr auto kSingleBytes = std::to_array<std::pair<std::uint16_t, char16_t>>(
     {{0x80, 0x0080}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
 
 constexpr bool isLead(unsigned byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
 constexpr bool isTrail(unsigned byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
 
-/// The bytes of a code: one below 0x100, else lead and trail.
+/// Appends the bytes of a code: one below 0x100, otherwise lead and trail.
 void appendCode(std::string& bytes, unsigned code) {
     if (code > 0xFF) {
         bytes += static_cast<char>(code >> 8U);
@@ -39,7 +39,7 @@ void appendCode(std::string& bytes, unsigned code) {
 class Conversion {
 public:
     Conversion(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        // The C library gives an invalid handle as the number -1.
+        // The C library returns the number -1 for an invalid handle.
         if (std::bit_cast<std::intptr_t>(handle_) == -1) {
             throw RunTimeError(Failure::Internal, "文字コード CP932 の変換表がありません。");
         }
@@ -48,7 +48,7 @@ public:
     Conversion& operator=(const Conversion&) = delete;
     ~Conversion() { iconv_close(handle_); }
 
-    /// From the front on, as far as the C library knows the characters; good until the next call.
+    /// Converts from the start as far as the C library knows the characters. The result is valid until the next call.
     std::string_view operator()(std::string_view bytes) {
         char* in = const_cast<char*>(bytes.data());
         char* out = converted_.data();
@@ -60,7 +60,7 @@ public:
 
 private:
     iconv_t handle_;
-    std::array<char, 512> converted_{};  // the longest row of codes, and more
+    std::array<char, 512> converted_{};  // larger than the longest row of codes
 };
 
 constexpr const char* kCodePage = "CP932";
@@ -76,7 +76,7 @@ unsigned numberOf(std::string_view bytes) {
 
 }  // namespace
 
-/// 0 stands for "no such character" in both directions; NUL itself is code 0.
+/// 0 means "no such character" in both directions; NUL itself is code 0.
 struct Cp932::Tables {
     std::array<char16_t, kCodes> characters{};
     std::array<std::uint16_t, kCodes> codes{};
@@ -97,7 +97,7 @@ struct Cp932::Tables {
         }
     }
 
-    /// The code of the character, if the code page holds it.
+    /// Returns the code of the character, if the code page contains it.
     std::optional<unsigned> codeOf(char32_t character) const {
         if (character >= kCodes || (character != 0 && codes[character] == 0)) {
             return std::nullopt;
@@ -119,7 +119,8 @@ private:
         return row;
     }
 
-    /// Codes of one length; each is a character of 16 bits, or none, where the conversion stops and goes on behind it.
+    /// Adds codes of one length. Each is a character of 16 bits, or invalid; the conversion then stops and continues
+    /// after it.
     void addRow(const std::vector<unsigned>& row) {
         std::string bytes;
         for (const unsigned code : row) {
@@ -134,7 +135,7 @@ private:
         }
     }
 
-    /// Of several codes for one character the C library knows which is written.
+    /// If several codes have the same character, the C library knows which one is written.
     void add(unsigned code, std::string_view utf16) {
         const unsigned character = numberOf(utf16);
         characters[code] = static_cast<char16_t>(character);

@@ -6,17 +6,17 @@
 
 namespace orv {
 
-/// The code page out of the C library's own tables, read once: every call afterwards is a look-up.
+/// The code page from the C library's tables. They are read once, and every call is a look-up.
 ///
-/// Where two codes mean one character, encoding takes the one that Windows takes. A character is held only when its
-/// code decodes to it again: nothing is written as something that merely looks like it.
+/// If two codes have the same character, encoding uses the one that Windows uses. A character belongs to the code page
+/// only if its code decodes to it again, so that none is replaced by a similar one.
 ///
-/// Decoding: the single bytes 0x80, 0xA0 and 0xFD to 0xFF are U+0080, U+F8F0 and U+F8F1 to U+F8F3, as on Windows, so
-/// that bytes survive there and back. An undefined pair is one U+30FB. A lead byte without a trail byte is
-/// one U+30FB by itself, and what follows it (a line break, say) keeps its meaning.
+/// Decoding: the single bytes 0x80, 0xA0 and 0xFD to 0xFF become U+0080, U+F8F0 and U+F8F1 to U+F8F3, as on Windows.
+/// They convert back. An undefined pair is one U+30FB. A lead byte without a trail byte is one U+30FB, and the next
+/// byte (such as a line break) keeps its meaning.
 class Cp932 : public CodePage {
 public:
-    /// Failure 51 when the C library lacks the code page.
+    /// Throws failure 51 if the C library does not have the code page.
     Cp932();
 
     std::string encode(const std::string& text) const override;

@@ -30,7 +30,7 @@ constexpr int kWindowEnd = 2049;
 constexpr int kCentury = 100;
 constexpr int kLastYear = 9999;
 
-/// Takes a prefix off the text.
+/// Removes a prefix from the text. False if the text does not begin with it.
 bool took(std::string_view& text, std::string_view prefix) {
     if (!text.starts_with(prefix)) {
         return false;
@@ -39,7 +39,7 @@ bool took(std::string_view& text, std::string_view prefix) {
     return true;
 }
 
-/// Takes a number and the sign behind it off the text.
+/// Removes a number and the sign after it from the text.
 std::optional<int> tookNumber(std::string_view& text, std::size_t mostDigits, std::string_view sign) {
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
     if (digits == 0 || digits > mostDigits || !text.substr(digits).starts_with(sign)) {

@@ -10,7 +10,7 @@ struct HelpText {
     std::string text;
 };
 
-/// Empty where the line has not both parts.
+/// Returns empty texts if the line does not have both parts.
 HelpText parsed(const std::string& line) {
     const std::size_t first = line.find(',');
     const std::size_t second = first == std::string::npos ? first : line.find(',', first + 1);

@@ -10,13 +10,13 @@
 
 namespace orv {
 
-/// Shows what the help file says of a control in a small window: a section for each group, a line for each control,
-/// "page,name,text". What can't be shown is told by codes HELP0001 (no help file) and HELP0002 (it has no such line).
+/// Shows the help file's text about a control in a small window. The file has a section for each group and a line
+/// "page,name,text" for each control. Failures have the codes HELP0001 (no help file) and HELP0002 (no such line).
 class HelpFile : public HelpService {
 public:
     using Path = std::function<std::string()>;
 
-    /// `path` is asked each time. Everything handed in must outlive the service.
+    /// `path` is called each time. All arguments must outlive the service.
     HelpFile(WindowSystem& windows, const FileSystem& files, const ProfileReader& profiles, Path path)
         : windows_(windows), files_(files), profiles_(profiles), path_(std::move(path)) {}
 

@@ -13,8 +13,8 @@ struct LookAlike {
 };
 
 constexpr auto kLookAlikes = std::to_array<LookAlike>({
-    // The apostrophe ends a text in a statement. What an input method types for it in full width is the right quotation
-    // mark: every font and every terminal has that one, the full-width apostrophe of a maker's rows only some.
+    // The apostrophe ends a text in a statement. Input methods type the right quotation mark for it in full width.
+    // Every font and terminal has that one, but only some have the full-width apostrophe of a maker's rows.
     {U'\'', U'’'},   {0x00A0, U' '},  // no-break space
 
     {0x00A2, U'￠'}, {0x00A3, U'￡'}, {0x00A5, U'￥'},  {0x00A6, U'￤'}, {0x00AC, U'￢'},
@@ -38,7 +38,7 @@ constexpr auto kLookAlikes = std::to_array<LookAlike>({
     {0x200A, U' '},  {0x202F, U' '},  {0x205F, U' '},
 });
 
-/// The radicals as characters of their own, which texts copied out of documents hold in place of the ideographs.
+/// The radicals as separate characters, which texts copied from documents contain instead of the ideographs.
 constexpr char32_t kFirstRadical = 0x2F00;
 constexpr std::u32string_view kRadicals =
     U"一丨丶丿乙亅二亠人儿入八冂冖冫几凵刀力勹匕匚匸十卜卩厂厶又口囗土士夂夊夕大女子宀寸小尢尸屮山巛工己巾干幺广廴廾"
@@ -48,7 +48,7 @@ constexpr std::u32string_view kRadicals =
 static_assert(kRadicals.size() == 214);
 
 constexpr char32_t kVoiceMark = 0x3099;
-/// A voiced kana follows its own, a half-voiced one stands two behind; ヴ alone stands apart.
+/// A voiced kana follows its base kana, a half-voiced one is two after it; ヴ is an exception.
 constexpr std::u32string_view kTakesVoice =
     U"かきくけこさしすせそたちつてとはひふへほゝカキクケコサシスセソタチツテトハヒフヘホヽ";
 constexpr std::u32string_view kTakesHalfVoice = U"はひふへほハヒフヘホ";

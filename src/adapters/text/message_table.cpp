@@ -18,7 +18,7 @@ struct BuiltIn {
     std::string_view text;
 };
 
-/// Every question is put so that いいえ leaves things as they are.
+/// In every question いいえ keeps the present state.
 constexpr auto kBuiltIn = std::to_array<BuiltIn>({
     {"00000000", Kind::Critical, Buttons::Ok, "エラーが発生しました。\n\n%2\n\nエラーコード：%1"},
     {"COSERR01", Kind::Critical, Buttons::Ok, "エラーが発生しました。\n\n%2\n\nエラーコード：%1"},
@@ -72,7 +72,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
 }
 
-/// What stands in front of the next separator, or all of it; taken off the front of `rest` with the separator.
+/// Removes and returns the front of `rest` up to the next separator, or all of it. The separator is removed too.
 std::string_view take(std::string_view& rest, char separator) {
     const auto end = std::min(rest.find(separator), rest.size());
     const std::string_view front = rest.substr(0, end);

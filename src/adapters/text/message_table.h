@@ -11,7 +11,7 @@
 
 namespace orv {
 
-/// One message. In its text %1 to %9 are the places of the values.
+/// One message. %1 to %9 in its text are replaced by the values.
 struct Message {
     enum class Buttons { Ok, YesNo };
 
@@ -24,27 +24,26 @@ struct Message {
 
 using Messages = std::map<std::string, Message, std::less<>>;
 
-/// What a message file holds, and the numbers of its lines (from 1) that could not be read.
+/// The content of a message file, and the numbers (from 1) of the lines that could not be read.
 struct MessageFile {
     Messages messages;
     std::vector<std::size_t> badLines;
 };
 
-/// Reads the decoded content of a message file: a message a line, "id,kind,buttons,text". The kind is INFO, WARN, ERROR
-/// or ASK, the buttons OK or YESNO; an id is up to 16 letters and digits. The text is all the rest of the line, commas
-/// included; \n in it is a line break, \\ a backslash. Blank lines and lines that begin with ";" say nothing; blanks
-/// around a part do not count; a text is of at most 4096 bytes. Of two lines with one id the later one counts. Any
-/// other line is skipped.
+/// Parses the decoded content of a message file, one "id,kind,buttons,text" per line. The kind is INFO, WARN, ERROR or
+/// ASK, the buttons OK or YESNO; an id is up to 16 letters and digits. The text is the rest of the line with commas, at
+/// most 4096 bytes;
+///  is a line break, \\ a backslash. Blanks around parts, blank lines and lines that begin with ";" are ignored. Of two
+/// lines with the same id the later one counts. Any other line is skipped.
 MessageFile readMessages(std::string_view content);
 
-/// The messages by id: those that the program is built with, so that a damaged install still speaks, and over them
-/// those of a file.
+/// The messages by id. The built-in ones make a damaged install usable; those of a file override them.
 class MessageTable {
 public:
     MessageTable();
 
-    /// Kinds and texts of the file replace the built-in ones. The buttons of a built-in message stay: what it asks, or
-    /// does not ask, is the program's affair, and no file may turn a question into a mere notice.
+    /// Replaces kinds and texts of built-in messages by those of the file. Keeps their buttons, so that no file can
+    /// turn a question into a notice.
     void overrideBy(const Messages& messages);
     const Messages& messages() const { return messages_; }
 
@@ -52,7 +51,7 @@ private:
     Messages messages_;
 };
 
-/// The text with its values in their places. A place without a value is empty; what stands in a value is not looked at.
+/// Inserts the values into the text. A missing value is empty. Values are not expanded themselves.
 std::string expanded(std::string_view text, const std::vector<std::string>& values);
 
 }  // namespace orv

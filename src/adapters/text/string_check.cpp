@@ -17,8 +17,8 @@ struct Range {
     char32_t last;
 };
 
-/// What has no shape of its own: nobody sees it in a field, and in a statement, a log line or a document it ends a line
-/// or turns the text behind it.
+/// Characters without a shape. They are invisible in a field, and can end a line or reverse the text after them in a
+/// statement, log or document.
 constexpr auto kInvisible = std::to_array<Range>({
     {0x0000, 0x001F},    // controls
     {0x007F, 0x009F},    // delete and the second set of controls
@@ -29,11 +29,11 @@ constexpr auto kInvisible = std::to_array<Range>({
     {0x200B, 0x200F},    // zero-width characters, direction marks
     {0x2028, 0x202E},    // line and paragraph separators, directions
     {0x2060, 0x206F},    // word joiner, directions
-    {0xFE00, 0xFE0F},    // variants of the character in front
+    {0xFE00, 0xFE0F},    // variants of the character before
     {0xFEFF, 0xFEFF},    // byte order mark
     {0xFFF9, 0xFFFB},    // ruby
     {0xFFFE, 0xFFFF},    // no characters
-    {0xE0000, 0xE0FFF},  // tags, variants of the ideograph in front
+    {0xE0000, 0xE0FFF},  // tags, variants of the ideograph before
 });
 
 bool isInvisible(char32_t character) {
@@ -41,7 +41,7 @@ bool isInvisible(char32_t character) {
                                [=](const Range& range) { return character >= range.first && character <= range.last; });
 }
 
-/// The character as the operator can find it again: itself and its number, or the number alone.
+/// Returns the character and its number, or the number alone, so that the operator can find it.
 std::string nameOf(char32_t character) {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(character));
@@ -51,7 +51,7 @@ std::string nameOf(char32_t character) {
     return "「" + toUtf8({&character, 1}) + "」（" + number.data() + "）";
 }
 
-/// The first character that is refused, if any, as a record.
+/// Returns the record for the first rejected character, if any.
 template <class Refused>
 FailureRecord verdictOn(const std::string& text, const char* code, Refused refused) {
     const std::u32string characters = toCharacters(text);
@@ -80,7 +80,7 @@ FailureRecord recordOf(TelFault fault) {
     return {};
 }
 
-/// Keeps what was refused; true when nothing was.
+/// Keeps a rejection. True if there is none.
 bool passed(FailureRecord verdict, FailureRecord& rejection) {
     if (verdict.text.empty()) {
         return true;

@@ -7,13 +7,13 @@
 
 namespace orv {
 
-/// The text rules of the suite, for what the store and the server can take.
+/// The suite's rules for texts that the store and the server accept.
 ///
-/// `Normalize` touches nothing else than: control and invisible characters, which go (line breaks and tabulators too);
-/// the apostrophe, which becomes ’ (U+2019); characters that the code page lacks and look like one that it has;
-/// combining voice marks, which join their kana. Bytes that are no UTF-8 become U+FFFD, which the first test refuses.
+/// `Normalize` changes only four things. It removes control and invisible characters, including line breaks and tabs.
+/// The apostrophe becomes ’ (U+2019). Characters missing in the code page become similar ones that it has. Combining
+/// voice marks join their kana. Bytes that are not UTF-8 become U+FFFD, which the first test rejects.
 ///
-/// A rejection stays in `ErrorInfo` until the next one or `ClearError`.
+/// `ErrorInfo` keeps a rejection until the next one or `ClearError`.
 class StringCheck : public StringCheckService {
 public:
     explicit StringCheck(const CodePage& codePage) : codePage_(codePage) {}
@@ -21,11 +21,11 @@ public:
     FailureRecord ErrorInfo() const override { return rejection_; }
     void ClearError() override { rejection_ = {}; }
     void Normalize(const std::string& input, std::string& output) override;
-    /// Code STRCHK01.
+    /// Sets code STRCHK01.
     void CheckTextFirst(const std::string& text, bool& passes) override;
-    /// Code STRCHK02.
+    /// Sets code STRCHK02.
     void CheckTextSecond(const std::string& text, bool& passes) override;
-    /// Codes TELCHK01 (characters), 02 (does not begin like a number), 03 (digits), 04 (hyphens).
+    /// Sets codes TELCHK01 (characters), 02 (wrong first digits), 03 (number of digits), 04 (hyphens).
     void CheckTelNumber(const std::string& text, bool& passes) override;
 
 private:

@@ -17,7 +17,7 @@ constexpr std::size_t kTableLimit = 1024 * 1024;
 constexpr std::int32_t kGoOn = 0;
 constexpr std::int32_t kStay = 1;
 
-/// What fits on a screen: of one value, so that no value pushes the rest of its message out, and of the whole.
+/// The limits of a text on the screen: for one value, so that it leaves space for the message, and for the whole.
 struct Room {
     std::size_t characters;
     std::size_t lines;
@@ -25,7 +25,7 @@ struct Room {
 constexpr Room kOneValue{800, 15};
 constexpr Room kWhole{2000, 40};
 
-/// Windows line breaks become plain ones, what is not printable becomes a blank; what has no room is cut.
+/// Replaces Windows line breaks by plain ones and unprintable characters by blanks, and truncates to the limits.
 std::string fitted(const std::string& text, Room room) {
     std::u32string shown;
     std::size_t lines = 1;
@@ -47,7 +47,7 @@ std::string fitted(const std::string& text, Room room) {
     return toUtf8(shown);
 }
 
-/// A place that stayed empty leaves no hole behind.
+/// Removes the gap that an empty value leaves.
 std::string closed(std::string text) {
     for (auto hole = text.find("\n\n\n"); hole != std::string::npos; hole = text.find("\n\n\n", hole)) {
         text.erase(hole, 1);

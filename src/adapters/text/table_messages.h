@@ -11,18 +11,18 @@
 
 namespace orv {
 
-/// The messages of the suite's table in the boxes of the window system.
+/// Shows the messages of the suite's table in the window system's boxes.
 ///
-/// The table file is read at the first message, once. One that can't be read, and lines in it that can't, go to the
-/// log; the built-in texts speak then. A question has the buttons はい and いいえ; いいえ is its default, Esc and the
-/// close box count as it, and it is answer 1. Everything else is answer 0. An id that nobody knows is asked about, with
-/// its values, and logged. Values and texts that would not fit on a screen are cut.
+/// Reads the table file once, at the first message. If the file or some of its lines cannot be read, logs that and uses
+/// the built-in texts. A question has the buttons はい and いいえ. いいえ is the default, and Esc and the close box
+/// have the same effect, answer 1. Everything else is answer 0. An unknown id is shown as a question with its values,
+/// and logged. Values and texts that do not fit on a screen are truncated.
 class TableMessages : public MessageService {
 public:
     using Path = std::function<std::string()>;
     using Log = std::function<void(const std::string& code, const std::string& text)>;
 
-    /// `tablePath` is asked at the first message. Everything handed in must outlive the service.
+    /// `tablePath` is called at the first message. All arguments must outlive the service.
     TableMessages(WindowSystem& windows, const FileSystem& files, const CodePage& codePage, Path tablePath, Log log);
 
     FailureRecord ErrorInfo() const override { return failure_; }

@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-/// A kind of number: how it begins, how long it is, and behind how many digits its two hyphens can stand.
+/// A kind of number: its first digits, its length, and the digits after which its two hyphens can be.
 struct TelForm {
     std::string_view prefix;
     std::size_t digits;
@@ -15,7 +15,8 @@ struct TelForm {
     std::string_view secondHyphen;
 };
 
-/// The first row whose prefix fits decides. An area code has two to five digits, and with the exchange always six.
+/// The first row with a matching prefix decides. An area code has two to five digits, and six together with the
+/// exchange.
 constexpr auto kForms = std::to_array<TelForm>({
     {"0120", 10, "4", "678"},
     {"0570", 10, "4", "678"},
@@ -30,7 +31,7 @@ constexpr auto kForms = std::to_array<TelForm>({
 
 struct Parts {
     std::string digits;
-    /// For each hyphen the number of digits in front of it, as a digit; ten and more are a colon, which fits no form.
+    /// The number of digits before each hyphen, as one digit. Ten or more become a colon, which no form allows.
     std::string hyphens;
 };
 

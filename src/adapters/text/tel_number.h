@@ -6,8 +6,8 @@ namespace orv {
 
 enum class TelFault { None, Empty, Characters, Leading, Digits, Hyphens };
 
-/// The first thing that keeps a text from being a Japanese telephone or fax number in half-width digits, with hyphens
-/// where its kind of number can have them, or without.
+/// Returns the first fault of a Japanese telephone or fax number in half-width digits. Hyphens are optional, but must
+/// be at the places of its kind of number.
 TelFault telFaultOf(std::string_view text);
 
 }  // namespace orv

@@ -34,7 +34,7 @@ bool isPrintable(char32_t character) {
 }
 
 std::string printable(std::string_view words) {
-    // No character has more than four bytes, so that the rest cannot matter.
+    // No character has more than four bytes, so the rest is not needed.
     std::u32string shown = toCharacters(words.substr(0, 4 * (kLongestPrintable + 1)));
     const bool isCut = shown.size() > kLongestPrintable;
     shown.resize(std::min(shown.size(), kLongestPrintable));

@@ -6,15 +6,16 @@
 
 namespace orv {
 
-/// Longer words from outside are cut.
+/// Longer texts from outside are truncated.
 inline constexpr std::size_t kLongestPrintable = 500;
 
-/// False for a character that could move the cursor, change a line's direction, hide, or fake a line: controls, line
+/// False for a character that could move the cursor, reverse a line, be invisible, or fake a line: controls, line
 /// separators, bidirectional and zero-width marks.
 bool isPrintable(char32_t character);
 
-/// Words that another program, a server or a row of the store chose, for a message, the log or a terminal: one line of
-/// valid UTF-8, with a blank for each unprintable character, at most `kLongestPrintable` characters and an ellipsis.
+/// Prepares a text from another program, a server or a row for a message, the log or a terminal. Returns one line of
+/// valid UTF-8 with a blank for each unprintable character. It has at most `kLongestPrintable` characters and an
+/// ellipsis.
 std::string printable(std::string_view words);
 
 }  // namespace orv
