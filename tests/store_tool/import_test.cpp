@@ -38,14 +38,14 @@ TEST_F(StoreImport, WhatDoesNotFitIsToldAndTheRestIsTaken) {
     const Outcome run = tool("import old.mdb home");
     EXPECT_EQ(run.ending, 1) << run.err;
     for (const char* part :
-         {"MST_CORP: no such table; what the store has stays", "TBL_CUSTOMER_ADD: no column CPU; left empty",
-          "TBL_LOCK: the store has no column ROOM; not taken",
-          "TBL_CUSTOMER_INFO row 1 (000004601): OFFICE_NAME holds what is no character",
-          "TBL_CUSTOMER_DATE row 2 (a): refused: its key is there already",
+         {"MST_CORP: no such table; the store keeps its rows", "TBL_CUSTOMER_ADD: no column CPU; left empty",
+          "TBL_LOCK: the store has no column ROOM; not imported",
+          "TBL_CUSTOMER_INFO row 1 (000004601): OFFICE_NAME contains an invalid character",
+          "TBL_CUSTOMER_DATE row 2 (a): refused: its key exists already",
           "TBL_CUSTOMER_DATE row 3: refused: USER_ID is empty", "TBL_CUSTOMER_DATE row 4: refused: USER_ID is empty",
-          "TBL_CUSTOMER_DATE row 5 (b): refused: BILLING_DATE is of a type that is no text",
+          "TBL_CUSTOMER_DATE row 5 (b): refused: BILLING_DATE has a type other than text",
           "TBL_CUSTOMER_DATE: 5 rows, 4 refused", "MST_TIKU: no column TIKU_CODE; the rows are numbered",
-          "MST_TIKU row 2 (0002): refused: SORT_KEY is no whole number",
+          "MST_TIKU row 2 (0002): refused: SORT_KEY is not an integer",
           "MST_TIKU row 3 (0003): refused: SORT_KEY is out of range",
           "MST_TIKU row 4 (0004): refused: TIKU_NAME is empty"}) {
         EXPECT_TRUE(matches(run, part)) << part << " in\n" << run.out;

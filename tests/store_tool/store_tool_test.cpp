@@ -56,7 +56,7 @@ TEST_F(StoreTool, ANewStoreHasItsTablesAndListsAndNoCompany) {
         EXPECT_EQ(report["tables"]["TBL_CUSTOMER_INFO"], 0) << store;
         EXPECT_EQ(report["tables"]["MST_OTHERS"], json("check office")["tables"]["MST_OTHERS"]) << store;
         EXPECT_TRUE(report["findings"].empty()) << report;
-        EXPECT_EQ(tool(std::string("create ") + store).ending, 3) << "it stands already";
+        EXPECT_EQ(tool(std::string("create ") + store).ending, 3) << "it exists already";
         EXPECT_EQ(json(std::string("check ") + store), report);
     }
     server().sql("fresh", "DROP TABLE MST_CORP, TBL_LOCK; DROP COLLATION NOCASE");
@@ -111,7 +111,7 @@ TEST_F(StoreTool, ALockIsFreedWhenThePersonAgrees) {
     onServer("locked", "sample");
     for (const std::string store : {"office", "locked"}) {
         EXPECT_EQ(tool("unlock " + store + " OTHER-PC --yes").ending, 1);
-        EXPECT_EQ(tool("unlock " + store + " FRONT-PC02").ending, 1) << "nobody there";
+        EXPECT_EQ(tool("unlock " + store + " FRONT-PC02").ending, 1) << "no person there";
         EXPECT_EQ(tool("unlock " + store + " FRONT-PC02", "", "n\n").ending, 1);
         EXPECT_EQ(json("check " + store)["locks"].size(), 1U);
         EXPECT_EQ(tool("unlock " + store + " FRONT-PC02", "", "y\n").ending, 0);
@@ -176,7 +176,7 @@ TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
         }
     }
     EXPECT_EQ(readFile(folder.file("target")), target);
-    EXPECT_EQ(tool("copy office new").ending, 0) << "what an interrupted run left is in nobody's way";
+    EXPECT_EQ(tool("copy office new").ending, 0) << "the files of an interrupted run do no harm";
     EXPECT_EQ(server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO"), asked);
     for (const std::string seconds : {"0.01", "0.02", "0.04", "0.06", "0.09"}) {
         tool("import old.mdb busy --replace", "timeout -s KILL " + seconds + " ");

@@ -101,8 +101,7 @@ void Judge::judgeEvent(const std::string& line) {
     if (isLearning_) {
         states_.insert(state);
     } else if (!states_.contains(state)) {
-        fault("after \"" + line +
-              "\" the store is neither as before nor between nor behind: " + strangeIn(state, states_));
+        fault("after \"" + line + "\" the store is in none of the expected states: " + strangeIn(state, states_));
     }
 }
 
@@ -123,7 +122,7 @@ void Judge::learn() {
     behind_ = ground_.state();
     for (const std::string& line : ground_.report()) {
         if (!whole.fine || !failuresIn(line).empty()) {
-            throw std::runtime_error("an errand that nothing disturbs fails: " + line + " " + whole.ending);
+            throw std::runtime_error("an undisturbed scenario fails: " + line + " " + whole.ending);
         }
     }
     if (states_.size() < 3) {
@@ -167,7 +166,7 @@ void Judge::judgeStore() {
         fault("the store is damaged: " + damage);
     }
     if (const std::string state = ground_.state(); !states_.contains(state)) {
-        fault("the store is neither as before nor between nor behind: " + strangeIn(state, states_));
+        fault("the store is in none of the expected states: " + strangeIn(state, states_));
     }
     const std::vector<std::string> locks = ground_.ownLocks();
     if (locks.size() > 1) {
@@ -268,7 +267,7 @@ void Judge::judgeReport(const Outcome& outcome) {
             }
         }
         if (eventOf(line) == "save" && failuresIn(line).empty() && !line.ends_with(kSaved)) {
-            fault("a save that ends without a word");
+            fault("a save that reports nothing");
         }
     }
 }
@@ -284,16 +283,16 @@ void Judge::judgeAlive(const Outcome& outcome) {
     const std::vector<std::string> report = ground_.report();
     if (report.size() == 1) {
         if (failuresIn(report.front()).empty()) {
-            fault("does not start and does not tell why");
+            fault("does not start and does not report why");
         }
         judgeNextRun();
         return;
     }
     if (eventOf(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
-        fault("can't be left: " + report.back());
+        fault("cannot be left: " + report.back());
     }
     if (ground_.state() != behind_) {
-        fault("the save that was done again is not whole: " + report[report.size() - 2]);
+        fault("the repeated save is not complete: " + report[report.size() - 2]);
     }
     // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
     const bool willOpenAgain =

@@ -52,7 +52,7 @@ std::vector<Asked> StrangeAnswers::begin(const CompanyKind& kind) {
         errandUnder({}, ground_.company(), 0);
     }
     if (savedLine(ground_.report()) != kWell) {
-        throw std::runtime_error("a save that nothing disturbs fails: " + savedLine(ground_.report()));
+        throw std::runtime_error("an undisturbed save fails: " + savedLine(ground_.report()));
     }
     photos_ = front_.requests(Asked::Photo);
     return photos_ == 0 ? std::vector{Asked::Prepare, Asked::Company}
@@ -101,7 +101,7 @@ void StrangeAnswers::showWrong(const TlsContext& right, const WrongCertificate& 
             front_.speakTls(right.get(), wrong.context.get(), before, count);
             strike({asked, Fate::Refused, "24011"}, {});
             if (front_.requests(asked) != saves) {
-                fault("is sent to a server that nobody vouches for");
+                fault("is sent to a server with a wrong certificate");
             }
         });
         ++points_;
@@ -173,10 +173,10 @@ void StrangeAnswers::judgeTold(const Expected& expected) {
         fault("stops the save: " + line);
     }
     if (!isPhoto && expected.fate == Fate::Refused && !line.starts_with(kTold + expected.code)) {
-        fault("is not told as it must: " + line);
+        fault("is not reported correctly: " + line);
     }
     if ((line == kWell) != (saved_ == behind_)) {
-        fault("leaves the store otherwise than is told: " + line);
+        fault("leaves the store in another state than reported: " + line);
     }
     if (expected.asked == Asked::Prepare && line != kWell && front_.requests(Asked::Company) != 1) {
         fault("a company is sent to a server that is not prepared");
@@ -197,7 +197,7 @@ void StrangeAnswers::judgeNumber() {
                                   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
                               });
         if (!isProper || number != idIn(front_.sentAnswer(Asked::Company))) {
-            fault("a company bears the number \"" + number + "\"");
+            fault("a company has the number \"" + number + "\"");
         }
     }
 }

@@ -61,7 +61,7 @@ void Trial::strikeEverywhere(Strike strike, const std::string& name) {
     std::cout << store_ << ", " << ground_.kind().name << ", " << name << ": " << points_ - pointsBefore << " points, "
               << faults_ - faultsBefore << " faults, " << taken.count() << " s";
     if (instants_ > 0) {
-        std::cout << "; at " << instants_ << " a photo waits beside its place for its rename";
+        std::cout << "; at " << instants_ << " a photo is next to its place, not yet renamed";
     }
     std::cout << std::endl;
 }

@@ -12,7 +12,7 @@ void requireAtRest(const std::string& path) {
         const std::string beside = std::filesystem::path(path).replace_extension(ending);
         if (stands(beside)) {
             throw KeeperFailure(beside +
-                                " tells that the file is in use: close the old programs, or remove it when "
+                                " shows that the file is in use: close the old programs, or remove it when "
                                 "none of them runs");
         }
     }
@@ -20,7 +20,7 @@ void requireAtRest(const std::string& path) {
 
 std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
     if (!isJetFile(options.store)) {
-        throw KeeperFailure(options.store + ": is no Jet file");
+        throw KeeperFailure(options.store + ": is not a Jet file");
     }
     requireAtRest(options.store);
     progress(options, options.store + ": reading");

@@ -130,7 +130,7 @@ private:
             ready = ::poll(&input, 1, static_cast<int>(std::max<std::int64_t>(left, 0)));
         } while (ready < 0 && errno == EINTR);
         if (ready == 0) {
-            throw KeeperFailure("reading it stands still");
+            throw KeeperFailure("reading it does not end");
         }
     }
 

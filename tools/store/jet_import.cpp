@@ -36,7 +36,7 @@ public:
     /// Returns nothing for a missing table, or one without the columns that its rows need.
     std::vector<WholeTable> run() {
         if (source_ == nullptr) {
-            tell("", "no such table; what the store has stays");
+            tell("", "no such table; the store keeps its rows");
             return {};
         }
         requireWhole();
@@ -86,7 +86,7 @@ private:
                                  " rows can be read, " + std::to_string(source_->broken) +
                                  " values, rows or pages can't";
         if (!options_.salvage) {
-            throw KeeperFailure(name_ + ": " + what + "; --salvage takes what can be read");
+            throw KeeperFailure(name_ + ": " + what + "; --salvage imports the readable part");
         }
         tell("", what);
     }
@@ -101,7 +101,7 @@ private:
                 matches_.push_back({column, nullptr, 0});
                 tell("", "no column " + column.name + "; the rows are numbered");
             } else if (column.isRequired) {
-                tell("", "no column " + column.name + ", which each row needs; what the store has stays");
+                tell("", "no column " + column.name + ", which each row needs; the store keeps its rows");
                 return false;
             } else {
                 tell("", "no column " + column.name + "; left empty");
@@ -115,7 +115,7 @@ private:
         for (const JetColumn& there : source_->columns) {
             const auto isIt = [&](const OfficeColumn& column) { return equalWithoutCase(column.name, there.name); };
             if (std::ranges::none_of(wanted_, isIt)) {
-                tell("", "the store has no column " + there.name + "; not taken");
+                tell("", "the store has no column " + there.name + "; not imported");
             }
         }
     }
@@ -123,7 +123,7 @@ private:
     void takeRow(std::size_t number, std::vector<Values>& rows) {
         TakenRow row = rowAt(number);
         if (row.refused.empty() && !row.key.empty() && !keys_.insert(row.key).second) {
-            row.refused = "its key is there already";
+            row.refused = "its key exists already";
         }
         const std::string label = "row " + std::to_string(number + 1) + (row.key.empty() ? "" : " (" + row.key + ")");
         if (!row.refused.empty()) {

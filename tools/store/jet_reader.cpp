@@ -15,8 +15,8 @@ namespace orv {
 namespace {
 
 constexpr int kPlaceMask = 0x1FFF;
-// Marks a row that has moved to another page. The row at the new place is marked too, because only its pointer can lead
-// there; without one it is a leftover. A deleted row has both marks.
+// A row that no longer fits its page is replaced by a pointer with the first mark. The moved row has the second mark
+// and is read only through its pointer; without one it is a leftover. A deleted row has both marks.
 constexpr int kElsewhere = 0x4000;
 constexpr int kFromElsewhere = 0x8000;
 constexpr std::size_t kPointerSize = 4;

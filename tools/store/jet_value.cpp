@@ -132,14 +132,14 @@ TakenValue JetValues::text(const JetCell& cell, JetType type, const OfficeColumn
         const std::optional<double> number = type == JetType::Double ? std::nullopt : numberOf(cell.bytes, type);
         return number
                    ? TakenValue{.value = std::to_string(static_cast<std::int64_t>(*number)), .refused = {}, .noted = {}}
-                   : refused("is of a type that is no text");
+                   : refused("has a type other than text");
     }
     const JetText whole = textOf(cell.bytes);
     TakenValue taken{.value = whole.text, .refused = {}, .noted = {}};
     if (!whole.isWhole) {
-        taken.noted = "holds what is no character; taken with another in its place";
+        taken.noted = "contains an invalid character; imported with a replacement";
     } else if (column.longest > 0 && codePage_.encode(whole.text).size() > column.longest) {
-        taken.noted = "is longer than the " + std::to_string(column.longest) + " bytes of its field; taken whole";
+        taken.noted = "is longer than the " + std::to_string(column.longest) + " bytes of its field; imported in full";
     }
     return taken;
 }
@@ -148,7 +148,7 @@ TakenValue JetValues::number(const JetCell& cell, JetType type) const {
     const std::optional<double> number =
         isText(type) ? numberWritten(textOf(cell.bytes).text) : numberOf(cell.bytes, type);
     if (!number || *number != std::floor(*number)) {
-        return refused("is no whole number");
+        return refused("is not an integer");
     }
     if (*number < kSmallest || *number > kLargest) {
         return refused("is out of range");

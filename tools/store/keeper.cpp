@@ -28,14 +28,14 @@ std::int64_t count(StoreConnection& store, const std::string& table) {
 void requireMayFill(const std::string& target, const Options& options) {
     const auto store = openStore(target);
     if (!options.replace && !store->columns("TBL_CUSTOMER_INFO").empty() && count(*store, "TBL_CUSTOMER_INFO") > 0) {
-        throw KeeperFailure(target + ": holds companies; --replace lets them go");
+        throw KeeperFailure(target + ": contains companies; --replace deletes them");
     }
 }
 
 void makeWhole(const std::string& path, const std::string& rightsOf,
                const std::function<void(const std::string& beside)>& make) {
     if (stands(path)) {
-        throw KeeperFailure(path + ": there is a file already");
+        throw KeeperFailure(path + ": the file exists already");
     }
     const fs::path parent = fs::path(path).parent_path();
     const PrivateFolder folder(parent);

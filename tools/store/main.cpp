@@ -13,7 +13,7 @@ using namespace orv;
 
 constexpr const char* kFooter =
     "STORE is the office's ORVESTATE.MDB: the database itself, or the text that names its server.\n"
-    "Ends with 0: done, nothing found; 1: something found, or not agreed to; 2: wrong use; 3: failed, nothing changed.";
+    "Exit status: 0 done, nothing found; 1 something found, or not confirmed; 2 wrong use; 3 failed, nothing changed.";
 
 struct Command {
     const char* name;
@@ -27,18 +27,17 @@ struct Command {
 };
 
 constexpr auto kCommands = std::to_array<Command>({
-    {"create", "Make a new store with its tables and master lists", nullptr, nullptr, createStore, false, false},
-    {"check", "Look for damage, missing rows, orphans, unknown words; list the locks", nullptr, nullptr, checkStore,
+    {"create", "Create a store with its tables and master lists", nullptr, nullptr, createStore, false, false},
+    {"check", "Check for damage, missing rows, orphans and unknown words; list the locks", nullptr, nullptr, checkStore,
      false, false},
     {"unlock", "Free the companies that a computer holds", "COMPUTER", "its name, as check shows it", unlockStore, true,
      false},
-    {"backup", "Write the store, as it is at one moment, into a new file", "FILE", "the file to make", backUpStore,
-     false, false},
-    {"restore", "Put a backup in the place of what the store holds", "FILE", "the backup", restoreStore, true, false},
-    {"copy", "Move the office's tables to another store, of either kind", "TARGET", "the store to fill", copyStore,
+    {"backup", "Write a snapshot of the store to a new file", "FILE", "the file to create", backUpStore, false, false},
+    {"restore", "Replace the content of the store by a backup", "FILE", "the backup", restoreStore, true, false},
+    {"copy", "Copy the office's tables to another store of either kind", "TARGET", "the store to fill", copyStore,
      false, true},
-    {"import", "Bring an older install's Jet file into a store; without TARGET, only look", "TARGET",
-     "the store to fill", importJet, false, true, true},
+    {"import", "Import an older install's Jet file; without TARGET, only check it", "TARGET", "the store to fill",
+     importJet, false, true, true},
 });
 
 void add(CLI::App& app, const Command& command, Options& options, const Command*& chosen) {
@@ -51,13 +50,13 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
     }
     sub->add_flag("--json", options.json, "print the report as JSON");
     if (command.asks) {
-        sub->add_flag("--yes", options.yes, "ask nothing");
+        sub->add_flag("--yes", options.yes, "do not ask for confirmation");
     }
     if (command.replaces) {
-        sub->add_flag("--replace", options.replace, "also where the target holds companies: they go");
+        sub->add_flag("--replace", options.replace, "delete the companies that the target contains");
     }
     if (command.isImport) {
-        sub->add_flag("--salvage", options.salvage, "also of a damaged file, what can be read of it");
+        sub->add_flag("--salvage", options.salvage, "import the readable part of a damaged file");
     }
     sub->callback([&chosen, &command] { chosen = &command; });
 }
@@ -94,7 +93,7 @@ int run(const Command& command, const Options& options) {
 
 int main(int argc, char* argv[]) {
     ::prctl(PR_SET_DUMPABLE, 0);  // the memory contains passwords
-    CLI::App app("Keeps the store of an office: the database file, or the database on a server.", "orv_store");
+    CLI::App app("Maintains the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
     app.require_subcommand(1);
     Options options;

@@ -50,7 +50,7 @@ StoreReport backUpStore(const Options& options) {
 
 StoreReport restoreStore(const Options& options) {
     if (!isEmbedded(options.other)) {
-        throw KeeperFailure(options.other + ": is no backup");
+        throw KeeperFailure(options.other + ": is not a backup");
     }
     // Uses a copy, because the backup's owner might still be changing it.
     const PrivateFolder own(fs::temp_directory_path());
@@ -59,7 +59,7 @@ StoreReport restoreStore(const Options& options) {
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
     if (!stands(options.store)) {
         makeWhole(options.store, "", [&](const std::string& beside) { copySqliteFile(own.file(), beside); });
-    } else if (!agreed(options, "What " + options.store + " holds goes. Restore?")) {
+    } else if (!agreed(options, "The content of " + options.store + " will be replaced. Restore?")) {
         report.facts["restored"] = false;
         report.say("nothing restored");
         report.ending = Ending::Findings;

@@ -19,7 +19,7 @@ struct Rule {
 };
 
 constexpr Rule kOwnersOnly{022, "can be changed by others than its owner: chmod go-w"};
-constexpr Rule kClerksOnly{007, "is open to everybody on this computer: chmod o="};
+constexpr Rule kClerksOnly{007, "is open to all users of this computer: chmod o="};
 
 struct Part {
     const char* folder;

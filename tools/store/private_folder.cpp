@@ -90,7 +90,7 @@ void PrivateFolder::publish(const std::string& target, ::mode_t rights) const {
     struct stat made {};
     struct stat found {};
     if (::fstat(file_, &made) != 0 || ::lstat(file().c_str(), &found) != 0 || !isSame(made, found)) {
-        throw KeeperFailure(file() + ": was taken away while it was written");
+        throw KeeperFailure(file() + ": was removed while it was written");
     }
     if (::fchmod(file_, rights) != 0) {
         failed(target);

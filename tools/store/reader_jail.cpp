@@ -32,7 +32,7 @@ constexpr auto kAllowed =
                                   __NR_madvise, __NR_futex, __NR_rt_sigreturn, __NR_exit, __NR_exit_group});
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr auto kRuntime = std::to_array<std::uint32_t>({__NR_sigaltstack});  // the sanitizer's, as the process ends
+constexpr auto kRuntime = std::to_array<std::uint32_t>({__NR_sigaltstack});  // the sanitizer's at the end
 #else
 constexpr std::array<std::uint32_t, 0> kRuntime{};
 #endif

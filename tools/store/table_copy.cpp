@@ -101,7 +101,7 @@ CopiedTable write(const WholeTable& table, StoreConnection& to) {
     }
     const std::vector<std::string> lines = linesOf(table.rows);
     if (linesOf(rowsOf(to, table.name, table.columns)) != lines) {
-        throw KeeperFailure(table.name + ": has not arrived as it left");
+        throw KeeperFailure(table.name + ": the copy differs from the source");
     }
     return {table.name, table.rows.size(), checksumOf(lines)};
 }

@@ -13,19 +13,19 @@ namespace {
 constexpr std::string_view kUsage =
     "usage: suite_server --port N --folder DIR [--misbehave HOW]...\n"
     "\n"
-    "Stands for the suite's server on 127.0.0.1. Port 0 takes any free one; it is printed and written to DIR/port.\n"
-    "DIR/requests.log has a line a request; photos are kept in DIR/photos, companies in DIR/companies.\n"
+    "A stand-in of the suite's server on 127.0.0.1. Port 0 is any free one; it is printed and written to DIR/port.\n"
+    "DIR/requests.log has one line per request; photos are kept in DIR/photos, companies in DIR/companies.\n"
     "\n"
-    "HOW is \"well\" or DESK:KIND, and adds to what was told before:\n"
+    "HOW is \"well\" or DESK:KIND, and adds to earlier instructions:\n"
     "  DESK       prepare, photos or companies\n"
-    "  KIND       well          behave again\n"
+    "  KIND       well          no faults\n"
     "             status=N      answer with N (200..599) and do nothing\n"
     "             delay=MS      do the work and answer late\n"
     "             cut           do the work, close the connection in the middle of the answer\n"
     "             garbage       do the work, answer with something else\n"
     "             gone=N        the server ends at the Nth request there from now on\n"
-    "             id-length=N   (companies) tell an id of N characters\n"
-    "The same, one a line, is taken at any time by POST /misbehave; an empty body: all behave again.\n";
+    "             id-length=N   (companies) answer with an id of N characters\n"
+    "POST /misbehave accepts the same at any time, one per line; an empty body removes all faults.\n";
 
 struct Options {
     int port = 0;
@@ -62,13 +62,13 @@ int run(const Options& options) {
     orv::SuiteServer server(options.folder);
     for (const auto& instruction : options.misbehaviours) {
         if (!server.instruct(instruction)) {
-            std::cerr << "suite_server: not understood: " << instruction << '\n' << kUsage;
+            std::cerr << "suite_server: invalid instruction: " << instruction << '\n' << kUsage;
             return 2;
         }
     }
     const int port = server.bind(options.port);
     if (port < 0) {
-        std::cerr << "suite_server: port " << options.port << " can't be had\n";
+        std::cerr << "suite_server: port " << options.port << " is not available\n";
         return 1;
     }
     std::cout << port << std::endl;
