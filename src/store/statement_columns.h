@@ -87,6 +87,6 @@ static_assert(
         }
         return true;
     }(),
-    "each field of the table stands once in its column list, beside the key, and no other does");
+    "the column list contains the key and each field of the table once, and no other");
 
 }  // namespace orv

@@ -142,7 +142,7 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
     answer(second);
     EXPECT_EQ(second.waitForEnd(), 0);
     EXPECT_TRUE(eventually([&] { return office_->menuStarts() == 1; }));
-    EXPECT_EQ(office_->errLog(), "") << "a refusal is no failure";
+    EXPECT_EQ(office_->errLog(), "") << "a rejection is not a failure";
     EXPECT_EQ(locks(), "000004601 DESK-01");
 
     Terminal twin = terminal("DESK-01");

@@ -95,7 +95,7 @@ TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
     expectUsable("66");
     EXPECT_TRUE(desk.running());
     kill(search, SIGCONT);
-    EXPECT_TRUE(desk.windowGone(kAddressSearch)) << "nobody listens to it any more";
+    EXPECT_TRUE(desk.windowGone(kAddressSearch)) << "it is no longer connected";
 }
 
 }  // namespace

@@ -53,11 +53,11 @@ void feedCodePage(const std::string& bytes) {
     static const Cp932 codePage;
     const std::string text = codePage.decode(bytes);
     require(toUtf8(toCharacters(text)) == text, "decoding gives valid UTF-8");
-    require(codePage.decode(codePage.encode(text)) == text, "what was decoded is held");
+    require(codePage.decode(codePage.encode(text)) == text, "a decoded character is in the code page");
     const std::string encoded = codePage.encode(bytes);
     require(encoded.size() <= bytes.size() + 1 || toCharacters(bytes).size() * 2 >= encoded.size(),
             "at most two bytes a character");
-    require(codePage.encode(codePage.decode(encoded)) == encoded, "what was encoded comes back");
+    require(codePage.encode(codePage.decode(encoded)) == encoded, "an encoded text decodes to itself");
 }
 
 class CheckedNotice : public NoWindows {
@@ -98,7 +98,8 @@ void feedHelp(const std::string& bytes) {
     const IniReader reader(files, codePage, facts);
     NoWindows windows;
     HelpFile help(windows, files, reader, [] { return std::string(kFile); });
-    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "what is not shown is told");
+    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(),
+            "a help text is shown or its failure has a text");
 }
 
 void read(const PictureFiles& pictures, const std::string& path, const std::string& target) {

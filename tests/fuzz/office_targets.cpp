@@ -86,7 +86,7 @@ public:
         }
         require(toCharacters(form.txt_Post_Code.text()).size() <= 8, "a post code keeps its length");
         require(codePage.encode(form.txt_Address.text()).size() <= 120, "an address keeps its length");
-        require(shownIds().empty(), "nobody is told of a program's nonsense");
+        require(shownIds().empty(), "invalid lines of a program show no message");
         siblings.commandLines.clear();
     }
 

@@ -31,7 +31,7 @@ const Entry kEntries[]{
     {"the next field ends a composition", 0, {"txt_Company_Name"}, "ctrl+a k a i s h a", {"txt_Group_Name"}, "かいしゃ", "COMPANY_NAME"},
     {"and takes none of it", 0, {"txt_Group_Name"}, "", {}, "あ", "GROUP_NAME"},
     {"reconversion", 0, {"txt_Office_Name"}, "ctrl+a k a i s h a space Return ctrl+a Henkan F7 Return", {}, "カイシャ", "OFFICE_NAME"},
-    {"what is refused removes nothing", 0, {"txt_Address_Other"}, "ctrl+a k a i F8 Return", {}, "あおぞら見本ビル２階", "ADDRESS_OTHER"},
+    {"rejected input removes nothing", 0, {"txt_Address_Other"}, "ctrl+a k a i F8 Return", {}, "あおぞら見本ビル２階", "ADDRESS_OTHER"},
     {"undo", 0, {"txt_Daihyo_Name"}, "ctrl+a a Return ctrl+z", {}, "見本　太郎", "DAIHYO_NAME"},
     {"katakana", 0, {"txt_Daihyo_Name_Kana"}, "ctrl+a m i h o n n Return", {}, "ミホン", "DAIHYO_NAME_KANA"},
     {"a composition is given up", 0, {"txt_Takken_Syunin_Name"}, "End a i Escape Escape", {}, "見本　花子", "TAKKEN_SYUNIN_NAME"},

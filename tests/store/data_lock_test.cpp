@@ -77,7 +77,7 @@ TEST_F(Lock, TakingOverReplacesTheOwnRowAndLeavesThoseOfOthers) {
         (std::vector<std::string>{"COS|DESK01|2026/05/04 09:08:07", "COS|DESK01|of a property", "COS|DESK02|old",
                                   "RH|DESK01|old"}));
     EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber));
-    EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber)) << "nothing left to remove is no failure";
+    EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber)) << "a missing lock is not a failure";
     EXPECT_EQ(one("select count(*) from TBL_LOCK where USER_ID = 'U'"), "3");
 }
 

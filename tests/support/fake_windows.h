@@ -40,7 +40,7 @@ public:
     using Script = std::function<void(Form&)>;
 
     ~ScriptedWindows() override {
-        EXPECT_TRUE(picks_.empty()) << picks_.size() << " files that nobody asked for";
+        EXPECT_TRUE(picks_.empty()) << picks_.size() << " unused files";
         for (const auto& [form, scripts] : scripts_) {
             EXPECT_TRUE(scripts.empty()) << form << " was not opened as often as foreseen";
         }
@@ -72,7 +72,7 @@ public:
         record("modal", form);
         auto& scripts = scripts_[form.name()];
         if (scripts.empty()) {
-            ADD_FAILURE() << form.name() << " was opened and nobody has foreseen it";
+            ADD_FAILURE() << form.name() << " was opened unexpectedly";
             throw RunTimeError(Failure::Internal);
         }
         taken(scripts)(form);
@@ -80,7 +80,7 @@ public:
     }
     std::size_t showNotice(const Notice& notice) override {
         notices.push_back(notice);
-        EXPECT_EQ(notice.buttons.size(), 1U) << "nobody has foreseen the question: " << notice.text;
+        EXPECT_EQ(notice.buttons.size(), 1U) << "unexpected question: " << notice.text;
         return notice.escapeButton;
     }
     void repaint() override {
@@ -91,7 +91,7 @@ public:
     }
     std::optional<std::string> openFile(const FileQuestion& question) override {
         questions.push_back(question);
-        EXPECT_FALSE(picks_.empty()) << "nobody has foreseen the open dialog";
+        EXPECT_FALSE(picks_.empty()) << "unexpected open dialog";
         return picks_.empty() ? std::nullopt : taken(picks_);
     }
 

@@ -174,7 +174,7 @@ TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
     EXPECT_NE(failureOf([&] { picture->save(folder_.pathOf("none/a.jpg"), kJpeg, 24, 2); }), 0);
     EXPECT_EQ(std::filesystem::file_size(standing), 3U);
     const auto entries = std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {});
-    EXPECT_EQ(entries, 2) << "something was left behind";
+    EXPECT_EQ(entries, 2) << "something was left over";
 }
 
 }  // namespace

@@ -129,7 +129,7 @@ TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
     EXPECT_FALSE(office.has("C/NO"));
     office.write("C/D/log.txt", "one\r\nhal");
     files.append("C:\\D\\log.txt", "two\r\n");
-    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\nhal\r\ntwo\r\n") << "behind a run that died within its record";
+    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\nhal\r\ntwo\r\n") << "after a run that crashed within its record";
 }
 
 TEST_F(PosixFilesTest, AFileThatCannotBeLookedAtDoesNotPassForGone) {

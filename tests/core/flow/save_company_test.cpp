@@ -17,7 +17,7 @@ TEST_F(Save, ACompleteSave) {
     server.meanwhile = [&] {
         EXPECT_FALSE(form().enabled());
         EXPECT_EQ(forms.pointer(), kPointerHourglass);
-        EXPECT_EQ(stored(), "変更後21") << "the first write stands whatever the server will say";
+        EXPECT_EQ(stored(), "変更後21") << "the first write is kept for any answer of the server";
     };
     save();
     expectShown("COS05574", {});
@@ -44,7 +44,7 @@ TEST_F(Save, ARefusedStatementIsWrittenOut) {
                                 "UPDATE TBL_CUSTOMER_DATE        SET             USER_ID  ='000004601'     WHERE  "
                                 "USER_ID = '000004601'") +
                          failed)
-        << "the write logs its failure and its statement, the button what it told";
+        << "the write logs its failure and its statement, the button its message";
 }
 
 TEST_F(Save, AMissingRowIsNeverCreated) {

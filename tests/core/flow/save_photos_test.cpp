@@ -47,7 +47,7 @@ TEST_F(SavePhotos, AChosenPhotoTakesThePlaceOfTheStoredOne) {
     server.takes = true;
     save();
     EXPECT_EQ(add("SEND_FLAG"), "0");
-    EXPECT_EQ(filesIn("C:\\ORV\\IMG\\1"), 2u) << "this company's and another's; nothing beside them";
+    EXPECT_EQ(filesIn("C:\\ORV\\IMG\\1"), 2u) << "this company's and another's; nothing else";
     EXPECT_EQ(bytesOf(kChosen), "new photo");
 }
 
@@ -74,7 +74,7 @@ TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
         EXPECT_EQ(bytesOf(kStored1), before);
         EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, std::string(kChosen) + kWorking2);
         files.allowAll();
-        EXPECT_FALSE(files.exists(std::string(kStored1) + ".new")) << "nothing stays beside it";
+        EXPECT_FALSE(files.exists(std::string(kStored1) + ".new")) << "nothing remains next to it";
     }
     save();
     EXPECT_EQ(bytesOf(kStored1), "new photo");

@@ -23,7 +23,7 @@ TEST_F(Helpers, AListTakesWhatItHolds) {
         gErrItems.clear();
         EXPECT_TRUE(PF_SetControlValue(list, value));
         EXPECT_EQ(list.text(), shown) << value;
-        EXPECT_EQ(gErrItems, refused) << "behind its end a list holds a blank that can't be chosen";
+        EXPECT_EQ(gErrItems, refused) << "after its end a list has a blank that cannot be chosen";
     }
     files.hide(com().HlpFile());
     EXPECT_TRUE(PF_SetControlValue(list, "甲"));

@@ -241,7 +241,7 @@ TEST_F(Switch, APageWhoseListsFailedMakesUpForThemBeforeItIsFilled) {
     choose("000004604");
     EXPECT_FALSE(screen().ready);
     turnTo(0);
-    EXPECT_EQ(tCustomerInfo.LICENSE_NO, "国土交通大臣") << "an empty list hands nothing over";
+    EXPECT_EQ(tCustomerInfo.LICENSE_NO, "国土交通大臣") << "an empty list changes nothing in the record";
     turnTo(1);
     store.mend();
     choose(kCompany);

@@ -54,7 +54,7 @@ protected:
         expectRefused(page<frm_CompInp1>().chk_Koutori[elementOf(council)], "公正取引協議会");
         EXPECT_TRUE(check({0}));
         EXPECT_EQ(questions(), std::vector{question(association, council)});
-        EXPECT_EQ(out.text, question(association, council)) << "the text stays behind";
+        EXPECT_EQ(out.text, question(association, council)) << "the text remains";
     }
 };
 
