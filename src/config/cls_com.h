@@ -127,7 +127,7 @@ public:
     std::string ORV_ReceiveService() const { return asRead("NET", "RECEIVESERVICE"); }
     std::string ORV_Receive() const { return asRead("NET", "RECEIVE"); }
     std::string ORV_TimeOut() const { return asRead("NET", "TIMEOUT"); }
-    /// Returns the arguments with which the caller `prefix` is started.
+    /// Returns the command line that starts the caller `prefix`.
     std::string ORV_STARTPARA(const std::string& prefix) const { return asRead("UTILTY", prefix + "STARTPARA"); }
     std::string ORV_FtpTimeOut() const { return orIfEmpty("NET", "FTPTIMEOUT", "60000"); }
     std::string ORV_GifImgMode() const { return orIfEmpty("IMG", "GIFIMGMODE", "False"); }
