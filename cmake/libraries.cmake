@@ -9,6 +9,8 @@ find_package(PNG REQUIRED)
 find_package(TIFF REQUIRED COMPONENTS CXX)
 find_package(GIF REQUIRED)
 find_package(nlohmann_json REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets Network)
 
 orv_room_uses(orv_adapters_sqlite PRIVATE SQLite::SQLite3)
@@ -19,5 +21,5 @@ target_include_directories(orv_adapters_http SYSTEM PRIVATE ${CURL_INCLUDE_DIRS}
 orv_room_uses(orv_adapters_pictures PRIVATE JPEG::JPEG PNG::PNG TIFF::CXX GIF::GIF Qt6::Gui)
 # The filter's loops benefit from the vector units, which -O2 hardly uses.
 target_compile_options(orv_adapters_pictures PRIVATE $<$<CONFIG:Release>:-O3>)
-orv_room_uses(orv_adapters_qt_views PUBLIC Qt6::Widgets)
+orv_room_uses(orv_adapters_qt_views PUBLIC Qt6::Widgets PRIVATE PkgConfig::XCB)
 orv_room_uses(orv_adapters_qt PUBLIC Qt6::Widgets PRIVATE Fontconfig::Fontconfig Threads::Threads)

@@ -1,23 +1,37 @@
 #include "pages/layout/layouts.h"
 
+#include <QScrollArea>
+#include <QTest>
 #include <set>
 
+#include "adapters/qt/qt_window_system.h"
 #include "images/frm_img_common.h"
 #include "pages/controls/page_set.h"
 #include "support/form_test.h"
+#include "support/widgets.h"
 
 namespace orv {
 namespace {
 
-using Layouts = FormTest;
+class Layouts : public FormTest {
+protected:
+    Layouts() { wirePagesWith({}); }
+    ~Layouts() override { dropPages(); }
+
+    std::vector<Form*> all() {
+        std::vector<Form*> made{&confirmation_, &page<frm_ChangePassword>()};
+        for (int number = 0; number < kPageCount; ++number) {
+            made.push_back(&pageAt(number));
+        }
+        return made;
+    }
+
+private:
+    frm_ImgCommon confirmation_;
+};
 
 TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
-    const frm_ImgCommon confirmation;
-    std::vector<const Form*> all{&confirmation, &page<frm_ChangePassword>()};
-    for (int number = 0; number < kPageCount; ++number) {
-        all.push_back(&pageAt(number));
-    }
-    for (const Form* form : all) {
+    for (const Form* form : all()) {
         std::set<const Control*> placed;
         for (const Placement& place : layoutOf(form->name())) {
             const Control* control = form->find(place.control, place.index);
@@ -30,7 +44,45 @@ TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
             EXPECT_TRUE(placed.contains(control) || !control->visible()) << form->name() << control->objectName();
         }
     }
-    dropPages();
+}
+
+TEST_F(Layouts, KeepEveryControlReachableOnEveryScreen) {
+    ScreenRoom room;
+    QtWindowSystem screen(layoutOf, forms, [&](const QScreen*, Sizing) { return room; });
+    services().windows = &screen;
+    qunsetenv("ORV_SCALE");
+    for (const QSize pixels :
+         {QSize(1024, 768), QSize(1366, 768), QSize(1920, 1080), QSize(2560, 1440), QSize(600, 440)}) {
+        for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+            const QPoint panel(8, 24);
+            room = {{panel / scale, (pixels - QSize(8, 24)) / scale}, QMargins(4, 28, 4, 4) / scale, scale};
+            for (Form* form : all()) {
+                SCOPED_TRACE(form->name() + " at " + std::to_string(room.area.width()));
+                form->onLoad = nullptr;
+                forms.show(*form);
+                screen.centre(*form);
+                QWidget& window = *windowOf(*form);
+                const QRect outside = QRect(window.pos(), window.size().grownBy(room.frame));
+                EXPECT_TRUE(room.area.contains(outside));
+                EXPECT_LE((outside.center() - room.area.center()).manhattanLength(), 2);
+                EXPECT_GT(paneOf(*form)->font().pixelSize() * scale, 8.5) << "smaller text cannot be read";
+                EXPECT_TRUE(QTest::qWaitForWindowActive(&window, kPatience));
+                for (const Placement& place : layoutOf(form->name())) {
+                    const Control& control = *form->find(place.control, place.index);
+                    QWidget& widget = *widgetOf(control);
+                    if (control.focusable()) {
+                        widget.setFocus(Qt::TabFocusReason);
+                    } else {
+                        window.findChild<QScrollArea*>()->ensureWidgetVisible(&widget, 0, 0);
+                    }
+                    EXPECT_TRUE(!control.visible() || widget.visibleRegion().boundingRect() == widget.rect())
+                        << control.objectName();
+                }
+                EXPECT_TRUE(forms.unload(*form, UnloadMode::Code));
+            }
+        }
+    }
+    qputenv("ORV_SCALE", "1");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 PACKAGES=(
     g++ cmake ninja-build ccache pkg-config python3
-    qt6-base-dev libsqlite3-dev libpq-dev mdbtools-dev libcurl4-openssl-dev libfontconfig-dev
+    qt6-base-dev libsqlite3-dev libpq-dev mdbtools-dev libcurl4-openssl-dev libfontconfig-dev libxcb1-dev
     libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev
     libcpp-httplib-dev libcli11-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
     postgresql pgbouncer openssl

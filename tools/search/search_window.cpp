@@ -5,9 +5,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "adapters/qt/application.h"
+#include "adapters/qt/views/screen_room.h"
 #include "command_line.h"
 #include "sibling_client.h"
 
@@ -44,7 +46,8 @@ SearchWindow::SearchWindow(const SearchPlan& plan, QList<Row> rows, const QStrin
       state_(new QLabel(this)),
       choose_(new QPushButton(QStringLiteral("選択"), this)) {
     setWindowTitle(plan.title);
-    resize(kSize);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    resize(kSize.boundedTo(orv::screenRoom(screen, orv::Sizing::Free).inside()));
     fillList();
     layOut();
     text_->installEventFilter(this);

@@ -90,7 +90,8 @@ int codeOf(int key) {
 
 }  // namespace
 
-FormPane::FormPane(Form& form, FormHost& forms, std::span<const Placement> layout) : form_(form), forms_(forms) {
+FormPane::FormPane(Form& form, FormHost& forms, std::span<const Placement> layout, const PageScale& scale)
+    : form_(form), forms_(forms), scale_(scale) {
     setObjectName(toQt(form.name()));
     setAttribute(Qt::WA_OpaquePaintEvent);
     resize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
@@ -123,7 +124,7 @@ void FormPane::leave() {
     deleteLater();
 }
 
-TopWindow* FormPane::topWindow() const { return dynamic_cast<TopWindow*>(parentWidget()); }
+TopWindow* FormPane::topWindow() const { return dynamic_cast<TopWindow*>(window()); }
 
 /// A control that the layout does not know works without being seen.
 void FormPane::seat(Control& control, std::span<const Placement> layout) {
@@ -208,10 +209,31 @@ void FormPane::giveFocus(Control& control) {
     }
 }
 
-ControlView* FormPane::viewOf(const QObject* widget) const {
+/// A field that is clicked can be seen: the page does not move under the mouse.
+void FormPane::focusArrived(ControlView& view, Qt::FocusReason reason) {
+    TopWindow* top = topWindow();
+    if (const Seat* seat = seatOf(&view.widget()); top != nullptr && reason != Qt::MouseFocusReason) {
+        top->reveal(partOf(*seat));
+    }
+    static_cast<FocusFrame*>(focusFrame_)->around(view.widget());
+    form_.focusArrived(view.control());
+}
+
+QRect FormPane::partOf(const Seat& seat) const {
+    const Box& box = seat.view->control().box();
+    const int unit = wordsOf(seat.view->control()).unit.isEmpty() ? 0 : kUnitGap + kUnitWidth;
+    return scale_.box({box.x - seat.captionWidth, box.y, seat.captionWidth + box.width + unit, box.height});
+}
+
+const FormPane::Seat* FormPane::seatOf(const QObject* widget) const {
     const auto found =
         std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->widget() == widget; });
-    return found == seats_.end() ? nullptr : found->view.get();
+    return found == seats_.end() ? nullptr : &*found;
+}
+
+ControlView* FormPane::viewOf(const QObject* widget) const {
+    const Seat* seat = seatOf(widget);
+    return seat == nullptr ? nullptr : seat->view.get();
 }
 
 ControlView* FormPane::viewOf(const Control& control) const {
@@ -249,8 +271,7 @@ bool FormPane::eventFilter(QObject* watched, QEvent* event) {
             view->commit();
             return false;
         case QEvent::FocusIn:
-            static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
-            form_.focusArrived(view->control());
+            focusArrived(*view, static_cast<QFocusEvent*>(event)->reason());
             return false;
         case QEvent::FocusOut:
             focusFrame_->hide();

@@ -16,7 +16,7 @@ class TopWindow;
 /// What a window shows of one form: what is drawn on it, the captions, a view for each control, the focus and the keys.
 class FormPane : public QWidget {
 public:
-    FormPane(Form& form, FormHost& forms, std::span<const Placement> layout);
+    FormPane(Form& form, FormHost& forms, std::span<const Placement> layout, const PageScale& scale);
     ~FormPane() override;
 
     /// Gives the focus to the control that has it on the form.
@@ -28,7 +28,7 @@ public:
     bool centred() const { return centred_; }
     /// Names the form and says if it takes no input, for whatever works the window from outside.
     QString role() const;
-    bool resizable() const { return form_.sizing() == Sizing::Free; }
+    Sizing sizing() const { return form_.sizing(); }
     /// The operator has pressed the window's close box.
     void closeBox();
     /// The focus has left for another window.
@@ -56,6 +56,10 @@ private:
     void openGate();
     TopWindow* topWindow() const;
     void giveFocus(Control& control);
+    void focusArrived(ControlView& view, Qt::FocusReason reason);
+    /// A field with its caption and unit.
+    QRect partOf(const Seat& seat) const;
+    const Seat* seatOf(const QObject* widget) const;
     ControlView* viewOf(const QObject* widget) const;
     ControlView* viewOf(const Control& control) const;
     bool keyPressed(ControlView& view, const QKeyEvent& event);

@@ -32,6 +32,11 @@ QMessageBox::Icon iconOf(Notice::Kind kind) {
 }
 
 constexpr int kLongestLine = 40;  // full-width characters
+// What the toolkit allows a message box: the whole width of a small screen, else what is left of it up to the widest.
+constexpr int kSmallScreen = 1024;
+constexpr int kKeptFree = 500;
+constexpr int kWidestBox = 1000;
+constexpr int kAroundText = 140;  // the icon and the margins
 
 QString withAccessKey(const QString& word) {
     const bool yes = word == QStringLiteral("はい");
@@ -43,13 +48,13 @@ QString withAccessKey(const QString& word) {
 /// support.
 class NoticeBox : public QMessageBox {
 public:
-    NoticeBox(const Notice& notice, QWidget* owner)
+    NoticeBox(const Notice& notice, QWidget* owner, QSize room)
         : QMessageBox(iconOf(notice.kind), toQt(notice.title), {}, NoButton, owner), text_(toQt(notice.text)) {
         setObjectName(QStringLiteral("notice"));
         // The text comes from outside: it is never read as anything but text.
         setTextFormat(Qt::PlainText);
         setTextInteractionFlags(Qt::TextSelectableByMouse);
-        setText(brokenIntoLines(text_, widestLine(), [this](const QString& line) { return widthOf(line); }));
+        setText(brokenIntoLines(text_, widestLine(room), [this](const QString& line) { return widthOf(line); }));
         keepLines();
     }
 
@@ -64,8 +69,10 @@ protected:
 
 private:
     int widthOf(const QString& line) const { return fontMetrics().horizontalAdvance(line); }
-    int widestLine() const {
-        return std::min(widthOf(QString(kLongestLine, u'あ')), screen()->availableSize().width() * 2 / 3);
+    /// The toolkit cuts what is wider than its own limit, which depends on the screen.
+    int widestLine(QSize room) const {
+        const int limit = room.width() > kSmallScreen ? std::min(room.width() - kKeptFree, kWidestBox) : room.width();
+        return std::min(widthOf(QString(kLongestLine, u'あ')), limit - kAroundText);
     }
     /// The toolkit would wrap them again, at a width that does not grow with the font.
     void keepLines() {
@@ -80,11 +87,11 @@ private:
 
 }  // namespace
 
-std::size_t runNotice(const Notice& notice, QWidget* owner) {
+std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room) {
     if (qApp == nullptr || QGuiApplication::primaryScreen() == nullptr) {
         throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
     }
-    NoticeBox box(notice, owner);
+    NoticeBox box(notice, owner, room);
     std::vector<QPushButton*> buttons;
     for (const std::string& word : notice.buttons) {
         QPushButton* button = box.addButton(withAccessKey(toQt(word)), QMessageBox::AcceptRole);

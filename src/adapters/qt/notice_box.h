@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <cstddef>
 
 #include "platform/machine/window_system.h"
@@ -8,7 +9,7 @@ class QWidget;
 
 namespace orv {
 
-/// Shows the notice and waits; returns the place of the button pressed.
-std::size_t runNotice(const Notice& notice, QWidget* owner);
+/// Shows the notice, no larger than `room`, and waits; returns the place of the button pressed.
+std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room);
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QLocale>
 #include <QStyledItemDelegate>
@@ -11,19 +12,20 @@
 #include <QUrl>
 
 #include "adapters/qt/nested_events.h"
-#include "adapters/qt/views/page_scale.h"
 #include "adapters/qt/views/qt_text.h"
 
 namespace orv {
 namespace {
 
-constexpr Point kSize{620, 400};
+constexpr QSizeF kSize(620, 400);
+constexpr int kNameColumn = 0;
 constexpr int kSizeColumn = 1;
 constexpr int kKindColumn = 2;
 constexpr int kDateColumn = 3;
-constexpr int kNameWidth = 240;
-constexpr int kSizeWidth = 80;
-constexpr int kDateWidth = 120;
+// The widest that the columns hold, with their margins.
+constexpr QStringView kWidestSize = u"9,999.9 MB    ";
+constexpr QStringView kWidestDate = u"2026/12/31 23:59    ";
+constexpr double kDesignFont = 12;
 
 /// Sizes and dates in the one form that every clerk reads, whatever the language of the machine.
 class JapaneseCells : public QStyledItemDelegate {
@@ -57,23 +59,29 @@ QString filterOf(const FileQuestion& question) {
 }
 
 /// The names of the kinds are not all in Japanese, and the filter has told the kind.
-void arrange(QFileDialog& dialog) {
-    const PageScale scale;
-    dialog.resize(scale.length(kSize.x), scale.length(kSize.y));
+void arrangeColumns(QTreeView& list) {
+    QHeaderView& header = *list.header();
+    header.setSectionHidden(kKindColumn, true);
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(kNameColumn, QHeaderView::Stretch);
+    header.resizeSection(kSizeColumn, list.fontMetrics().horizontalAdvance(kWidestSize.toString()));
+    header.resizeSection(kDateColumn, list.fontMetrics().horizontalAdvance(kWidestDate.toString()));
+    header.setContextMenuPolicy(Qt::NoContextMenu);
+    list.setItemDelegate(new JapaneseCells(&list));
+}
+
+/// As much larger than its design as its text, within the room.
+void arrange(QFileDialog& dialog, QSize room) {
+    const QSizeF size = kSize * QFontInfo(dialog.font()).pixelSize() / kDesignFont;
+    dialog.resize(size.toSize().boundedTo(room));
     if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
-        list->header()->setSectionHidden(kKindColumn, true);
-        list->header()->setStretchLastSection(true);
-        list->header()->resizeSection(0, scale.length(kNameWidth));
-        list->header()->resizeSection(kSizeColumn, scale.length(kSizeWidth));
-        list->header()->resizeSection(kDateColumn, scale.length(kDateWidth));
-        list->setItemDelegate(new JapaneseCells(list));
-        list->header()->setContextMenuPolicy(Qt::NoContextMenu);
+        arrangeColumns(*list);
     }
 }
 
 }  // namespace
 
-std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner) {
+std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize room) {
     QFileDialog dialog(owner, toQt(question.title));
     dialog.setObjectName(QStringLiteral("open_file"));
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ReadOnly);
@@ -84,7 +92,7 @@ std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* 
     dialog.setDirectory(start);
     dialog.setNameFilter(filterOf(question));
     dialog.setSidebarUrls({QUrl::fromLocalFile(start), QUrl::fromLocalFile(QDir::homePath())});
-    arrange(dialog);
+    arrange(dialog, room);
     const NestedEvents nested;
     const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     if (owner != nullptr) {

@@ -29,10 +29,12 @@ QWidget* movingBar(QWidget* panel, int height) {
 }  // namespace
 
 PageCover::PageCover(QWidget* page, Bar bar)
-    : QWidget(page, page == nullptr ? Qt::Dialog | Qt::FramelessWindowHint : Qt::WindowFlags()), bar_(bar) {
+    : QWidget(page == nullptr ? nullptr : page->window(),
+              page == nullptr ? Qt::Dialog | Qt::FramelessWindowHint : Qt::WindowFlags()),
+      bar_(bar) {
     hide();
     if (page != nullptr) {
-        setGeometry(page->rect());
+        setGeometry(page->window()->rect());
     }
 }
 

@@ -6,7 +6,8 @@ class QLabel;
 
 namespace orv {
 
-/// Covers a page, which shows through, and says one line above it. Without a page it is a small window of its own.
+/// Covers the window of a page, which shows through, and says one line above it. Without a page it is a small window of
+/// its own.
 class PageCover : public QWidget {
 public:
     enum class Bar { None, Moving };

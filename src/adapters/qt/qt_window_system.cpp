@@ -57,7 +57,7 @@ void QtWindowSystem::open(Form& form) {
     if (qApp == nullptr) {
         throw RunTimeError(Failure::Internal, "画面を表示できません。");
     }
-    panes_[&form] = new FormPane(form, forms_, layouts_(form.name()));
+    panes_[&form] = new FormPane(form, forms_, layouts_(form.name()), PageScale(room(Sizing::Fixed)));
 }
 
 /// The form's own load may have unloaded it.
@@ -73,7 +73,7 @@ TopWindow& QtWindowSystem::pageWindow() {
         window_.release()->deleteLater();
     }
     if (!window_) {
-        window_ = std::make_unique<TopWindow>();
+        window_ = std::make_unique<TopWindow>(roomOf_);
     }
     return *window_;
 }
@@ -112,7 +112,7 @@ void QtWindowSystem::tidy() {
 void QtWindowSystem::runModal(Form& form) {
     if (FormPane* pane = paneOf(&form)) {
         const PlainPointer plain(*this);
-        TopWindow().runModal(*pane);
+        TopWindow(roomOf_).runModal(*pane);
     }
 }
 
@@ -120,6 +120,8 @@ FormPane* QtWindowSystem::paneOf(const Form* form) const {
     const auto found = panes_.find(form);
     return found == panes_.end() ? nullptr : found->second;
 }
+
+ScreenRoom QtWindowSystem::room(Sizing sizing) const { return roomOf_(QGuiApplication::primaryScreen(), sizing); }
 
 QWidget* QtWindowSystem::activeWindow() const {
     const FormPane* pane = paneOf(forms_.activeForm());
@@ -129,12 +131,12 @@ QWidget* QtWindowSystem::activeWindow() const {
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
     endWork();
     const PlainPointer plain(*this);
-    return runNotice(notice, activeWindow());
+    return runNotice(notice, activeWindow(), room(Sizing::Fixed).inside());
 }
 
 std::optional<std::string> QtWindowSystem::openFile(const FileQuestion& question) {
     const PlainPointer plain(*this);
-    return runOpenDialog(question, activeWindow());
+    return runOpenDialog(question, activeWindow(), room(Sizing::Free).inside());
 }
 
 void QtWindowSystem::commitComposition() {

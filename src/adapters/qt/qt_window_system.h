@@ -21,7 +21,8 @@ class QtWindowSystem : public WindowSystem {
 public:
     using Layouts = std::function<std::span<const Placement>(std::string_view form)>;
 
-    QtWindowSystem(Layouts layouts, FormHost& forms) : layouts_(std::move(layouts)), forms_(forms) {}
+    QtWindowSystem(Layouts layouts, FormHost& forms, RoomOf roomOf = screenRoom)
+        : layouts_(std::move(layouts)), forms_(forms), roomOf_(std::move(roomOf)) {}
     ~QtWindowSystem() override;
 
     /// Brings the window that the operator works with to the front, also from the task bar.
@@ -49,11 +50,13 @@ private:
     /// Null for a form that is not loaded.
     FormPane* paneOf(const Form* form) const;
     TopWindow& pageWindow();
+    ScreenRoom room(Sizing sizing) const;
     /// The window that the operator works with, or null.
     QWidget* activeWindow() const;
 
     Layouts layouts_;
     FormHost& forms_;
+    RoomOf roomOf_;
     std::map<const Form*, FormPane*> panes_;
     /// Shows what is not modal, one form after the other.
     std::unique_ptr<TopWindow> window_;

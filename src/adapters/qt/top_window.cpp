@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QPointer>
-#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QWindow>
-#include <algorithm>
 #include <utility>
 
 #include "adapters/qt/form_pane.h"
@@ -14,12 +14,16 @@
 namespace orv {
 namespace {
 
-// What a window manager puts above a window.
-constexpr int kWindowFrame = 40;
+constexpr int kRevealMargin = 8;
 
 }  // namespace
 
-TopWindow::TopWindow() : QWidget(nullptr, Qt::Window) {}
+TopWindow::TopWindow(RoomOf roomOf)
+    : QWidget(nullptr, Qt::Window), roomOf_(std::move(roomOf)), scroll_(new QScrollArea(this)), sheet_(new QWidget) {
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(sheet_);
+}
 
 void TopWindow::present(FormPane& pane) {
     if (pane_ != &pane) {
@@ -51,8 +55,9 @@ void TopWindow::takeIn(FormPane& pane) {
         }
     }
     takeSizeOf(pane);
-    pane.setParent(this);
+    pane.setParent(sheet_);
     pane.move(0, 0);
+    placePane();
     setWindowTitle(pane.windowTitle());
     setWindowModified(pane.isWindowModified());
     setWindowRole(pane.role());
@@ -66,21 +71,37 @@ void TopWindow::takeIn(FormPane& pane) {
     }
 }
 
-/// A form whose size is the operator's begins no larger than the screen.
+/// No window begins larger than the screen.
 void TopWindow::takeSizeOf(const FormPane& pane) {
-    if (!pane.resizable()) {
-        setFixedSize(pane.size());
+    const QSize room = roomOf_(screen(), pane.sizing()).inside();
+    const QSize size = pane.size();
+    if (pane.sizing() == Sizing::Free) {
+        resize(size.boundedTo(room));
         return;
     }
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    const QSize room = screen == nullptr ? pane.size() : screen->availableSize() - QSize(0, kWindowFrame);
-    resize(pane.size().boundedTo(room));
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QSize bars(size.height() > room.height() ? bar : 0, size.width() > room.width() ? bar : 0);
+    setFixedSize((size + bars).boundedTo(room));
+}
+
+void TopWindow::placePane() {
+    scroll_->resize(size());
+    if (pane_->sizing() == Sizing::Free) {
+        pane_->resize(size());
+    }
+    sheet_->resize(pane_->size());
+}
+
+void TopWindow::reveal(const QRect& part) {
+    for (const QPoint& corner : {part.bottomRight(), part.topLeft()}) {
+        scroll_->ensureVisible(corner.x(), corner.y(), kRevealMargin, kRevealMargin);
+    }
 }
 
 void TopWindow::runModal(FormPane& pane) {
     const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
-    takeSizeOf(pane);
+    takeIn(pane);
     winId();
     if (owner) {
         windowHandle()->setTransientParent(owner->windowHandle());
@@ -115,14 +136,10 @@ void TopWindow::comeToFront() {
 }
 
 void TopWindow::centre() {
-    const QScreen* screen = this->screen() != nullptr ? this->screen() : QGuiApplication::primaryScreen();
-    if (screen == nullptr) {
+    if (pane_ == nullptr) {
         return;
     }
-    const QRect area = screen->availableGeometry();
-    const QSize outer = frameGeometry().size();
-    move(area.x() + std::max(0, (area.width() - outer.width()) / 2),
-         area.y() + std::max(0, (area.height() - outer.height()) / 2));
+    move(roomOf_(screen(), pane_->sizing()).middleFor(size()));
     comeToFront();
 }
 
@@ -143,7 +160,7 @@ void TopWindow::changeEvent(QEvent* event) {
 void TopWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (pane_ != nullptr) {
-        pane_->resize(event->size());
+        placePane();
     }
 }
 

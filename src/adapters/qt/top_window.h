@@ -3,15 +3,20 @@
 #include <QEventLoop>
 #include <QWidget>
 
+#include "adapters/qt/views/screen_room.h"
+
+class QScrollArea;
+
 namespace orv {
 
 class FormPane;
 
 /// A window on the screen. It shows one form after the other: the pages share one, so that the input method, which
-/// keeps its state by window, stays as it is across a change of page.
+/// keeps its state by window, stays as it is across a change of page. A form that is larger than the screen is
+/// scrolled.
 class TopWindow : public QWidget {
 public:
-    TopWindow();
+    explicit TopWindow(RoomOf roomOf);
 
     /// Shows the pane in place of the one before, in front of the other windows.
     void present(FormPane& pane);
@@ -20,6 +25,8 @@ public:
     /// Disappears unless another pane has taken this one's place.
     void dismiss(const FormPane& pane);
     void centre();
+    /// Scrolls until that part of the pane can be seen.
+    void reveal(const QRect& part);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -31,8 +38,12 @@ protected:
 private:
     void takeIn(FormPane& pane);
     void takeSizeOf(const FormPane& pane);
+    void placePane();
     void comeToFront();
 
+    RoomOf roomOf_;
+    QScrollArea* scroll_;
+    QWidget* sheet_;  // has the size of the pane
     FormPane* pane_ = nullptr;
     QEventLoop* modalLoop_ = nullptr;
 };

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QRect>
 
+#include "adapters/qt/views/screen_room.h"
 #include "platform/design.h"
 
 namespace orv {
@@ -10,10 +11,11 @@ namespace orv {
 /// From design pixels to those of the screen. Places and fonts are scaled as numbers, so that every scale is sharp.
 class PageScale {
 public:
-    /// The largest scale from 1 to 2.5 at which a page fits the screen, or what the environment variable ORV_SCALE
-    /// says.
+    /// The scale for the primary screen.
     PageScale();
-    explicit PageScale(double factor) : factor_(factor) {}
+    /// The largest scale up to 2.5 at which a page fits the room, but at least three quarters of a pixel of the screen
+    /// for one of the design, as smaller text cannot be read. The environment variable ORV_SCALE gives another one.
+    explicit PageScale(const ScreenRoom& room);
 
     double factor() const { return factor_; }
     int length(int design) const { return qRound(design * factor_); }
