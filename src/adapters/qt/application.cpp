@@ -10,7 +10,10 @@
 #include <QLocale>
 #include <QPalette>
 #include <QPixmapCache>
+#include <QScreen>
+#include <QStyle>
 #include <QTranslator>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -23,18 +26,28 @@ namespace {
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr int kTextFont = 9;
+constexpr double kPointsAnInch = 72;
 
-/// Light, and readable also where nothing can be entered.
+/// Light, with the style's colours of what is disabled.
 QPalette calmPalette() {
     QPalette palette(QColor(0xf0, 0xf0, 0xf4), QColor(0xf6, 0xf6, 0xff));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
         palette.setColor(role, Qt::black);
-        palette.setColor(QPalette::Disabled, role, QColor(0x48, 0x48, 0x48));
     }
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Highlight, QColor(0x33, 0x66, 0xcc));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::style()->polish(palette);
     return palette;
+}
+
+/// A desktop with colours of its own keeps them, dark ones too. Others get the toolkit's plain ones by default.
+void replacePlainColours(QStyle& style) {
+    QPalette plain = style.standardPalette();
+    style.polish(plain);
+    if (QApplication::palette() == plain) {
+        QApplication::setPalette(calmPalette());
+    }
 }
 
 /// The first that the machine has. For a font of several families the toolkit would look for substitutes at once, not
@@ -46,6 +59,21 @@ QFont japaneseFont() {
         }
     }
     return QFont(QStringLiteral("sans-serif"));
+}
+
+int pixelsOf(const QFont& font) {
+    return font.pixelSize() > 0
+               ? font.pixelSize()
+               : qRound(font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / kPointsAnInch);
+}
+
+/// For dialogs, menus and tips: as large as the text of the pages, or as the desktop wishes if that is larger.
+QFont textFont() {
+    const int wished = pixelsOf(QApplication::font());
+    QApplication::setFont(japaneseFont());
+    QFont font = PageScale().font(kTextFont);
+    font.setPixelSize(std::max(font.pixelSize(), wished));
+    return font;
 }
 
 /// A click is handled at once, a key only when the input method has answered, and by then another field may have the
@@ -106,9 +134,8 @@ Application::Application(const char* programName) : name_(programName), argument
     words_ = japaneseWords();
     useOwnIcons();
     QApplication::setStyle(new OfficeStyle);
-    QApplication::setPalette(calmPalette());
-    QApplication::setFont(japaneseFont());
-    QApplication::setFont(PageScale().font(kTextFont));
+    replacePlainColours(*QApplication::style());
+    QApplication::setFont(textFont());
     QApplication::setQuitOnLastWindowClosed(false);
     // The style keys its pictures of buttons by palette, and every page makes new palettes: it would keep them in vain.
     QPixmapCache::setCacheLimit(0);

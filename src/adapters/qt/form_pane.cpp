@@ -315,7 +315,7 @@ void FormPane::paintEvent(QPaintEvent*) {
 
 void FormPane::paintCaptions(QPainter& painter) const {
     painter.setFont(scale_.font(kCaptionFont));
-    painter.setPen(Qt::black);
+    painter.setPen(toQt(kPageText));
     painter.translate(0, -textLift(painter.font()));
     for (const Seat& seat : seats_) {
         if (!seat.view->control().visible()) {

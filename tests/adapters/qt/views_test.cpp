@@ -81,6 +81,45 @@ TEST_F(ViewsTest, ColoursReachTheScreen) {
     EXPECT_NE(colourOf(page.panel, {8, 10}), QColor(Qt::white)) << "it can't be entered";
 }
 
+TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
+    for (TextInput* input : {&page.code, &page.name, &page.kana, &page.open, &page.secret}) {
+        input->setText(input == &page.code ? "88" : "あア");
+    }
+    page.year.setText("8888");
+    page.distance.setText("88.8");
+    page.list.setListIndex(0);
+    const auto contrastOf = [](QWidget& widget) {
+        const QImage image = widget.grab(widget.rect().adjusted(4, 4, -4, -4)).toImage();
+        int darkest = 255;
+        int lightest = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i) {
+            const int grey = qGray(image.pixel(i % image.width(), i / image.width()));
+            darkest = std::min(darkest, grey);
+            lightest = std::max(lightest, grey);
+        }
+        return lightest - darkest;
+    };
+    const QPalette usual = QApplication::palette();
+    for (const bool given : {false, true}) {
+        for (const QColor& desktop : {QColor(Qt::white), QColor(0x2a, 0x2e, 0x32), QColor(Qt::black)}) {
+            QPalette colours(desktop);
+            QApplication::style()->polish(colours);
+            QApplication::setPalette(colours);
+            for (Control* control : page.controls()) {
+                if (given && control->kind() < ControlKind::Label) {
+                    control->setBackColour(Colour{0xddddff});
+                }
+                for (const bool enabled : {true, false, true}) {
+                    control->setEnabled(enabled);
+                    EXPECT_TRUE(control == &page.photo || contrastOf(*widgetOf(*control)) > 128)
+                        << control->name() << given << desktop.name().toStdString() << enabled;
+                }
+            }
+        }
+    }
+    QApplication::setPalette(usual);
+}
+
 TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCutAndAgainAsItWas) {
     BlankPictures pictures;
     services().pictures = &pictures;

@@ -15,7 +15,7 @@ constexpr Colour kMarkedPage{0x996666};
 constexpr Colour kPageButton{0xfff6f6};
 constexpr Colour kActionButton{0xe8f4ff};
 constexpr Colour kWhite{0xffffff};
-constexpr Colour kBlack{0x000000};
+constexpr Colour kValueGround{0xfff6f6};
 constexpr Colour kValueEdge{0xc4b8b8};
 constexpr int kButtonFont = 9;
 
@@ -27,7 +27,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Window));
+        painter.fillRect(rect(), toQt(kValueGround));
         painter.setPen(toQt(kValueEdge));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         painter.end();
@@ -44,11 +44,10 @@ public:
         const LabelLook look = control.labelDesign().look;
         if (look == LabelLook::Panel) {
             label_.setMargin(scale.length(2));
-        } else if (look == LabelLook::Title) {
-            QPalette palette = label_.palette();
-            palette.setColor(QPalette::WindowText, toQt(kWhite));
-            label_.setPalette(palette);
         }
+        QPalette palette = label_.palette();
+        palette.setColor(QPalette::WindowText, toQt(look == LabelLook::Title ? kWhite : kPageText));
+        label_.setPalette(palette);
     }
 
 private:
@@ -106,7 +105,7 @@ private:
         const bool marked = button_.marked();
         QPalette palette = push_.palette();
         palette.setColor(QPalette::Button, toQt(marked ? kMarkedPage : page ? kPageButton : kActionButton));
-        palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kBlack));
+        palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kPageText));
         push_.setPalette(palette);
     }
 

@@ -11,6 +11,7 @@ namespace {
 /// In percent of the plain width: narrower letters could not be read well.
 constexpr int kPlain = 100;
 constexpr int kNarrowest = 85;
+constexpr Colour kTickGround{0xffffff};
 
 class CheckView : public ControlView {
 public:
@@ -18,6 +19,7 @@ public:
         box_.setText(toQt(control.checkDesign().caption));
         box_.setAutoFillBackground(true);
         box_.setBackgroundRole(QPalette::Window);
+        colourTick();
         connect(&box_, &QCheckBox::clicked, this, [this](bool on) {
             check_.setValue(on ? 1 : 0);
             refresh();
@@ -26,11 +28,19 @@ public:
 
 private:
     void show() override {
-        paintWith(QPalette::Window, QPalette::WindowText);
+        paintWith(QPalette::Window, {QPalette::WindowText});
         fitWords();
         box_.setCheckState(check_.value() == 2   ? Qt::PartiallyChecked
                            : check_.value() == 1 ? Qt::Checked
                                                  : Qt::Unchecked);
+    }
+
+    /// On a dark desktop an empty box would look like a filled one.
+    void colourTick() {
+        QPalette palette = box_.palette();
+        palette.setColor(QPalette::Base, toQt(kTickGround));
+        palette.setColor(QPalette::Text, toQt(kPageText));
+        box_.setPalette(palette);
     }
 
     /// Words that are a little too long for their place stand in narrower letters.

@@ -51,7 +51,7 @@ public:
 
 private:
     void show() override {
-        paintWith(QPalette::Base, QPalette::ButtonText);
+        paintWith(QPalette::Base, {QPalette::Text, QPalette::WindowText, QPalette::ButtonText});
         if (version_ != combo_.listVersion()) {
             version_ = combo_.listVersion();
             model_->readAgain();

@@ -70,13 +70,17 @@ void ControlView::refresh() {
     widget_->setVisible(control_.visible());
 }
 
-void ControlView::paintWith(QPalette::ColorRole ground, QPalette::ColorRole text) {
-    const QPalette standard = QPalette();
-    QPalette palette = widget_->palette();
+void ControlView::paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts) {
     const auto back = control_.backColour();
-    palette.setColor(ground, back ? toQt(*back) : standard.color(QPalette::Active, ground));
-    palette.setColor(text, toQt(control_.foreColour()));
-    palette.setColor(QPalette::Disabled, text, standard.color(QPalette::Disabled, text));
+    if (!back) {
+        return;
+    }
+    QPalette palette = widget_->palette();
+    palette.setColor(ground, toQt(*back));
+    for (const QPalette::ColorRole text : texts) {
+        palette.setColor(text, toQt(control_.foreColour()));
+        palette.setColor(QPalette::Disabled, text, toQt(kDisabledText));
+    }
     if (palette != widget_->palette()) {
         widget_->setPalette(palette);
     }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QWidget>
+#include <initializer_list>
 #include <memory>
 
 #include "adapters/qt/views/page_scale.h"
@@ -40,8 +41,9 @@ protected:
 
     virtual void show() = 0;
     bool released() const { return released_; }
-    /// Fills the widget's ground and text with the control's colours.
-    void paintWith(QPalette::ColorRole ground, QPalette::ColorRole text);
+    /// Gives the widget's ground and all that is written on it the control's colours. Without a colour of its own the
+    /// control has those of the desktop.
+    void paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts);
 
 private:
     Control& control_;

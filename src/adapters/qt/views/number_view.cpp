@@ -68,7 +68,7 @@ public:
 
 private:
     void show() override {
-        paintWith(QPalette::Base, QPalette::Text);
+        paintWith(QPalette::Base, {QPalette::Text});
         if (known_ != number_.value()) {
             showValue();
         }

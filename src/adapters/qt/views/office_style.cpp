@@ -3,12 +3,35 @@
 #include <QDialogButtonBox>
 #include <QStyleOption>
 #include <QWidget>
+#include <array>
+#include <utility>
 
 #include "adapters/qt/views/text_lift.h"
 
 namespace orv {
+namespace {
+
+/// The text's colour, less strong than that of what is enabled.
+QColor dimmed(const QColor& text, const QColor& ground) {
+    const auto mixed = [](int strong, int weak) { return (strong * 7 + weak * 3) / 10; };
+    return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()), mixed(text.blue(), ground.blue())};
+}
+
+}  // namespace
 
 OfficeStyle::OfficeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void OfficeStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    constexpr std::array<std::pair<QPalette::ColorRole, QPalette::ColorRole>, 3> kPairs{{
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::ButtonText, QPalette::Button},
+    }};
+    for (const auto& [text, ground] : kPairs) {
+        palette.setColor(QPalette::Disabled, text, dimmed(palette.color(text), palette.color(ground)));
+    }
+}
 
 int OfficeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* data) const {

@@ -8,6 +8,10 @@
 
 namespace orv {
 
+/// Readable on every colour of a page. The desktop's own colours may be light or dark.
+inline constexpr Colour kPageText{0x000000};
+inline constexpr Colour kDisabledText{0x484848};
+
 inline QString toQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }

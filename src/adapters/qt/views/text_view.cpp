@@ -30,7 +30,7 @@ public:
 
 private:
     void show() override {
-        paintWith(QPalette::Base, QPalette::Text);
+        paintWith(QPalette::Base, {QPalette::Text});
         const QString text = toQt(text_.text());
         if (shown_ == text) {
             return;
