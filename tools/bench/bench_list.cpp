@@ -10,12 +10,13 @@
 #include "platform/forms/form_host.h"
 
 namespace bench {
-namespace {
 
 void addCompanies(const desk::Office& office, int count) {
     office.change("with recursive n(i) as (select 1 union all select i + 1 from n where i < " + std::to_string(count) +
                   ") insert into TBL_CUSTOMER_INFO (USER_ID) select printf('1%08d', i) from n");
 }
+
+namespace {
 
 void startOnce() {
     if (!orv::startPage(orv::page<orv::frm_CompInp3>())) {

@@ -26,6 +26,9 @@ private:
     std::string last_;
 };
 
+/// Adds companies without any data but their numbers, which follow those of the sample.
+void addCompanies(const desk::Office& office, int count);
+
 /// The program itself in an office, without a screen and without an operator.
 class RunningProgram {
 public:

@@ -1,16 +1,16 @@
 // bench FOLDER [start|save|list]: one line a benchmark. FOLDER: where offices are made.
 // bench FOLDER window PHOTO: the page of the photos.
+// bench FOLDER clicks PHOTO: what the operator waits for.
 // bench FOLDER soak [MINUTES]: whether the program grows.
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 
 #include "bench.h"
 
-int main(int argc, char* argv[]) {
-    if (argc < 2) {
-        std::cerr << "bench FOLDER [start|save|list]\n";
-        return 2;
-    }
+namespace {
+
+void run(int argc, char* argv[]) {
     const std::string folder = argv[1];
     const std::string only = argc > 2 ? argv[2] : "";
     if (only.empty() || only == "start") {
@@ -26,8 +26,27 @@ int main(int argc, char* argv[]) {
     if (only == "window" && argc == 4) {
         bench::window(folder, argv[3]);
     }
+    if (only == "clicks" && argc == 4) {
+        bench::clicks(folder, argv[3]);
+    }
     if (only == "soak") {
         bench::soak(folder, argc > 3 ? std::atof(argv[3]) : 0);
     }
-    return 0;
+}
+
+}  // namespace
+
+/// What a benchmark has started ends with it, also when it fails.
+int main(int argc, char* argv[]) {
+    if (argc < 2) {
+        std::cerr << "bench FOLDER [start|save|list]\n";
+        return 2;
+    }
+    try {
+        run(argc, argv);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << "bench: " << failure.what() << "\n";
+        return 1;
+    }
 }

@@ -9,6 +9,10 @@ bench() {
         case "$name" in
             fit | thumb | factors) pictureBench "$name" ;;
             office) officeBench "${@:2}" ;;
+            clicks)
+                makePhotos
+                build/release/tools/bench/bench build/bench-offices clicks build/bench-photos/large/photo-24.jpg
+                ;;
             soak) build/release/tools/bench/bench build/bench-offices soak "${@:2}" ;;
             *) QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices "$name" ;;
         esac
@@ -17,16 +21,20 @@ bench() {
 
 # The peers and the photos come from Debian, and are installed only for the benchmarks that need them.
 pictureBench() {
-    PACKAGES=(graphicsmagick libvips-tools jpegoptim mate-backgrounds)
+    PACKAGES=(graphicsmagick libvips-tools jpegoptim)
     needPackages
     buildPreset release bench_pictures >/dev/null
-    mkdir -p build/bench-photos/work
-    tools/bench/make_photos.sh build/bench-photos
+    makePhotos
     local photos=build/bench-photos/large
     [ "$1" != factors ] || photos=build/bench-photos/small
     build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
     [ "$1" != thumb ] || QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices window \
         build/bench-photos/large/photo-48.jpg
+}
+
+makePhotos() {
+    mkdir -p build/bench-photos/work
+    tools/bench/make_photos.sh build/bench-photos
 }
 
 # Many terminals on one store: [COMPANIES [SECONDS [STORE]]].

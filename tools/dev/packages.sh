@@ -8,6 +8,7 @@ PACKAGES=(
     postgresql pgbouncer openssl
     fonts-noto-cjk qt6-translations-l10n mate-backgrounds
     fcitx5 fcitx5-mozc fcitx5-frontend-qt6 ibus ibus-mozc dbus-daemon x11-xkb-utils
+    libxtst-dev libxdamage-dev
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
 )

@@ -69,10 +69,10 @@ bool eventually(const std::function<bool()>& condition) {
     return true;
 }
 
-VirtualDisplay::VirtualDisplay() {
+VirtualDisplay::VirtualDisplay(const std::string& size) {
     const fs::path told = fs::temp_directory_path() / ("orv-display-" + std::to_string(getpid()));
     const std::string command =
-        "exec Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp -noreset 3>" + told.string();
+        "exec Xvfb -displayfd 3 -screen 0 " + size + "x24 -nolisten tcp -noreset 3>" + told.string();
     server_ = std::make_unique<Process>(std::vector<std::string>{"bash", "-c", command + " 2>/dev/null"});
     const bool up = eventually([&] { return contentOf(told).ends_with('\n'); });
     name_ = ":" + contentOf(told);
@@ -255,20 +255,34 @@ std::string Terminal::textOnScreen(const std::string& control, int index) {
 void Terminal::click(const std::string& control, int index) { keysAndClick("", control, index); }
 
 void Terminal::keysAndClick(const std::string& keys, const std::string& control, int index) {
+    const Spot spot = inWindow(control, index);
+    std::vector<std::string> command = keyCommand(keys);
+    const std::vector<std::string> press{
+        "mousemove", "--window", window_, std::to_string(spot.x), std::to_string(spot.y), "click", "1"};
+    command.insert(command.end(), press.begin(), press.end());
+    waitForFocus();
+    tool(command);
+}
+
+Spot Terminal::inWindow(const std::string& control, int index) const {
+    const double scale = std::stod(environment_.at("ORV_SCALE"));
     for (const orv::Placement& place : orv::layoutOf(form_)) {
         if (place.control == control && place.index == index) {
-            const int x = place.box.x + place.box.width / 2;
-            const int y = place.box.y + place.box.height / 2;
-            std::vector<std::string> command = keyCommand(keys);
-            const std::vector<std::string> press{"mousemove",       "--window", window_, std::to_string(x),
-                                                 std::to_string(y), "click",    "1"};
-            command.insert(command.end(), press.begin(), press.end());
-            waitForFocus();
-            tool(command);
-            return;
+            return {static_cast<int>(scale * (place.box.x + place.box.width / 2)),
+                    static_cast<int>(scale * (place.box.y + place.box.height / 2))};
         }
     }
     throw std::runtime_error("no control " + control + " on " + form_);
+}
+
+Spot Terminal::onScreen(const std::string& control, int index) const {
+    const std::string facts = outputOf({"xwininfo", "-id", window_}, environment_);
+    const auto absolute = [&](const std::string& axis) {
+        const std::string label = "Absolute upper-left " + axis + ":";
+        return std::stoi(facts.substr(facts.find(label) + label.size()));
+    };
+    const Spot spot = inWindow(control, index);
+    return {absolute("X") + spot.x, absolute("Y") + spot.y};
 }
 
 void Terminal::enter(const std::string& control, const std::string& text) {

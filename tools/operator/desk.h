@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "process.h"
+#include "screen_probe.h"
 
 namespace desk {
 
 /// An X display that nobody sees, with a window manager, as long as the object lives.
 class VirtualDisplay {
 public:
-    VirtualDisplay();
+    explicit VirtualDisplay(const std::string& size = "1280x800");
 
     const std::string& name() const { return name_; }
 
@@ -107,6 +108,8 @@ public:
     void click(const std::string& control, int index = -1);
     /// The same with those keys pressed directly before it.
     void keysAndClick(const std::string& keys, const std::string& control, int index = -1);
+    /// Where the middle of a control of the page is.
+    Spot onScreen(const std::string& control, int index = -1) const;
     /// Replaces the content of a field by a text, which is pasted and read back.
     void enter(const std::string& control, const std::string& text);
     /// One key after the other; they are separated by blanks.
@@ -125,6 +128,7 @@ private:
     [[nodiscard]] bool findWindow(const std::string& title);
     [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title, bool enabled = true);
     void waitForFocus() const;
+    Spot inWindow(const std::string& control, int index) const;
     void putOnClipboard(const std::string& text) const;
     std::string clipboard() const;
     /// The selected text.
