@@ -14,8 +14,9 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets Network)
 
 orv_room_uses(orv_adapters_sqlite PRIVATE SQLite::SQLite3)
-orv_room_uses(orv_adapters_postgres PRIVATE PostgreSQL::PostgreSQL Threads::Threads)
-# libcurl is loaded at first use.
+# libpq and libcurl are loaded at first use.
+orv_room_uses(orv_adapters_postgres PRIVATE ${CMAKE_DL_LIBS} Threads::Threads)
+target_include_directories(orv_adapters_postgres SYSTEM PRIVATE ${PostgreSQL_INCLUDE_DIRS})
 orv_room_uses(orv_adapters_http PRIVATE ${CMAKE_DL_LIBS} nlohmann_json::nlohmann_json)
 target_include_directories(orv_adapters_http SYSTEM PRIVATE ${CURL_INCLUDE_DIRS})
 orv_room_uses(orv_adapters_pictures PRIVATE JPEG::JPEG PNG::PNG TIFF::CXX GIF::GIF Qt6::Gui)

@@ -10,6 +10,7 @@
 
 #include "adapters/postgres/nested_reads.h"
 #include "adapters/postgres/postgres_failure.h"
+#include "adapters/postgres/postgres_library.h"
 #include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
 
@@ -98,12 +99,12 @@ Value numberOf(std::string_view text) {
 }
 
 Value valueOf(const PGresult* result, int row, int column) {
-    if (PQgetisnull(result, row, column) != 0) {
+    if (pq().getisnull(result, row, column) != 0) {
         return {};
     }
-    const std::string_view text(PQgetvalue(result, row, column),
-                                static_cast<std::size_t>(PQgetlength(result, row, column)));
-    const Oid type = PQftype(result, column);
+    const std::string_view text(pq().getvalue(result, row, column),
+                                static_cast<std::size_t>(pq().getlength(result, row, column)));
+    const Oid type = pq().ftype(result, column);
     if (type == kBool) {
         return text == "t";
     }
@@ -118,12 +119,12 @@ Value valueOf(const PGresult* result, int row, int column) {
 
 RecordsetPtr rowsOf(const PGresult* result) {
     std::vector<std::string> names;
-    for (int column = 0; column < PQnfields(result); ++column) {
-        names.emplace_back(PQfname(result, column));
+    for (int column = 0; column < pq().nfields(result); ++column) {
+        names.emplace_back(pq().fname(result, column));
     }
     auto rows = std::make_unique<FetchedRows>(std::move(names));
-    for (int row = 0; row < PQntuples(result); ++row) {
-        for (int column = 0; column < PQnfields(result); ++column) {
+    for (int row = 0; row < pq().ntuples(result); ++row) {
+        for (int column = 0; column < pq().nfields(result); ++column) {
             rows->add(valueOf(result, row, column));
         }
     }
@@ -131,7 +132,7 @@ RecordsetPtr rowsOf(const PGresult* result) {
 }
 
 std::int32_t touchedRows(PGresult* result) {
-    const std::string_view digits = PQcmdTuples(result);
+    const std::string_view digits = pq().cmdTuples(result);
     std::int64_t rows = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), rows);
     return static_cast<std::int32_t>(std::min<std::int64_t>(rows, std::numeric_limits<std::int32_t>::max()));
@@ -171,7 +172,7 @@ public:
         const bool isInside = inTransaction();
         command(isInside ? kChangeInside : begin_);
         const ServerResult result = link_.ask(sql, parameters);
-        if (PQresultStatus(result.get()) != PGRES_COMMAND_OK) {
+        if (pq().resultStatus(result.get()) != PGRES_COMMAND_OK) {
             static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
         }
         require(result, PGRES_COMMAND_OK, kNoChange);
@@ -194,7 +195,7 @@ public:
             refuse(kCommitUnknown);
         }
         require(result, PGRES_COMMAND_OK, kNoTransaction);
-        if (std::string_view(PQcmdStatus(result.get())) != "COMMIT") {
+        if (std::string_view(pq().cmdStatus(result.get())) != "COMMIT") {
             refuse(kNoTransaction);
         }
     }
@@ -226,10 +227,10 @@ private:
         if (result == nullptr) {
             refuse(link_.whyCut());
         }
-        const int status = PQresultStatus(result.get());
-        const char* state = PQresultErrorField(result.get(), PG_DIAG_SQLSTATE);
+        const int status = pq().resultStatus(result.get());
+        const char* state = pq().resultErrorField(result.get(), PG_DIAG_SQLSTATE);
         if (state != nullptr) {
-            const char* words = PQresultErrorField(result.get(), PG_DIAG_MESSAGE_PRIMARY);
+            const char* words = pq().resultErrorField(result.get(), PG_DIAG_MESSAGE_PRIMARY);
             throw serverFailure(state, words == nullptr ? "" : words);
         }
         if (status == PGRES_EMPTY_QUERY) {

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/postgres/postgres_library.h"
+
 namespace orv {
 namespace {
 
@@ -30,7 +32,7 @@ struct TextOf {
 };
 
 bool failed(const PGresult* result) {
-    const ExecStatusType status = PQresultStatus(result);
+    const ExecStatusType status = pq().resultStatus(result);
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
 }
 
@@ -44,14 +46,14 @@ void sayNothing(void*, const char*) {}
 
 }  // namespace
 
-void ResultClearer::operator()(pg_result* result) const noexcept { PQclear(result); }
+void ResultClearer::operator()(pg_result* result) const noexcept { pq().clear(result); }
 
 ServerLink::ServerLink(const ServerSettings& settings, const ServerPatience& patience)
     : connection_(openServer(settings, patience.connect)), patience_(patience), whyCut_(&kCut) {
     PGconn* connection = connection_.get();
-    PQsetnonblocking(connection, 1);
-    PQsetNoticeProcessor(connection, sayNothing, nullptr);
-    const char* encoding = PQparameterStatus(connection, "server_encoding");
+    pq().setnonblocking(connection, 1);
+    pq().setNoticeProcessor(connection, sayNothing, nullptr);
+    const char* encoding = pq().parameterStatus(connection, "server_encoding");
     if (encoding != nullptr && std::string_view(encoding) != "UTF8") {
         refuse(kEncoding, encoding);
     }
@@ -67,16 +69,16 @@ ServerResult ServerLink::ask(const std::string& sql, const Values& parameters) {
         values.push_back(text ? text->c_str() : nullptr);
     }
     return answer(connection_ != nullptr &&
-                  PQsendQueryParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), nullptr,
-                                    values.data(), nullptr, nullptr, 0) != 0);
+                  pq().sendQueryParams(connection_.get(), sql.c_str(), static_cast<int>(values.size()), nullptr,
+                                       values.data(), nullptr, nullptr, 0) != 0);
 }
 
 ServerResult ServerLink::askAll(const std::string& sql) {
-    return answer(connection_ != nullptr && PQsendQuery(connection_.get(), sql.c_str()) != 0);
+    return answer(connection_ != nullptr && pq().sendQuery(connection_.get(), sql.c_str()) != 0);
 }
 
 bool ServerLink::inTransaction() const {
-    const PGTransactionStatusType status = PQtransactionStatus(connection_.get());
+    const PGTransactionStatusType status = pq().transactionStatus(connection_.get());
     return status == PQTRANS_INTRANS || status == PQTRANS_INERROR;
 }
 
@@ -93,9 +95,9 @@ ServerResult ServerLink::answer(bool sent) {
             kept = std::move(result);
         }
     }
-    if (PQstatus(connection_.get()) != CONNECTION_OK) {
+    if (pq().status(connection_.get()) != CONNECTION_OK) {
         // A failure with the server's state in it says more than the cut that follows it.
-        const bool isTold = kept != nullptr && PQresultErrorField(kept.get(), PG_DIAG_SQLSTATE) != nullptr;
+        const bool isTold = kept != nullptr && pq().resultErrorField(kept.get(), PG_DIAG_SQLSTATE) != nullptr;
         cut(kCut);
         return isTold ? std::move(kept) : nullptr;
     }
@@ -104,36 +106,36 @@ ServerResult ServerLink::answer(bool sent) {
 
 bool ServerLink::flushed(Clock::time_point deadline) {
     PGconn* connection = connection_.get();
-    int left = PQflush(connection);
+    int left = pq().flush(connection);
     while (left == 1) {
         if (!waitForWire(connection, POLLIN | POLLOUT, deadline)) {
             cut(kSilent);
             return false;
         }
-        left = PQconsumeInput(connection) == 1 ? PQflush(connection) : -1;
+        left = pq().consumeInput(connection) == 1 ? pq().flush(connection) : -1;
     }
     return left == 0;
 }
 
 /// The next result of the answer; null behind the last one, and where the wire was cut.
 ServerResult ServerLink::nextResult(Clock::time_point deadline) {
-    while (connection_ != nullptr && PQisBusy(connection_.get()) != 0) {
+    while (connection_ != nullptr && pq().isBusy(connection_.get()) != 0) {
         if (!waitForWire(connection_.get(), POLLIN, deadline)) {
             cut(kSilent);
         } else if (!takeInput()) {
             break;
         }
     }
-    return ServerResult(connection_ == nullptr ? nullptr : PQgetResult(connection_.get()));
+    return ServerResult(connection_ == nullptr ? nullptr : pq().getResult(connection_.get()));
 }
 
 /// The library keeps an answer whole, however long it becomes, and does not say how much it has taken; but it takes
 /// `kAtLeast` at a time where there is so much. False where the wire is gone.
 bool ServerLink::takeInput() {
     constexpr std::size_t kAtLeast = 8192;
-    const int wire = PQsocket(connection_.get());
+    const int wire = pq().socket(connection_.get());
     const std::size_t before = waitingIn(wire);
-    const bool isOpen = PQconsumeInput(connection_.get()) != 0;
+    const bool isOpen = pq().consumeInput(connection_.get()) != 0;
     const std::size_t taken = before - std::min(before, waitingIn(wire));
     received_ += std::max(taken, std::min(before, kAtLeast));
     if (received_ > patience_.bytes) {

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "adapters/postgres/postgres_failure.h"
+#include "adapters/postgres/postgres_library.h"
 #include "adapters/postgres/server_settings.h"
 #include "platform/waiting.h"
 
@@ -43,7 +44,7 @@ const ServerSettings kNetworkDefaults = {{"fallback_application_name", "company_
 ServerConnection start(ServerSettings settings) {
     settings.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
     ServerConnection connection = startConnection(settings);
-    PQsetErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
+    pq().setErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
     return connection;
 }
 
@@ -58,11 +59,11 @@ std::vector<std::string> listed(const std::string& text) {
 /// False when the host was not done in time; else it has let us in or said why not.
 bool letIn(PGconn* connection, Clock::time_point deadline) {
     PostgresPollingStatusType next = PGRES_POLLING_WRITING;
-    while (PQstatus(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
+    while (pq().status(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
         if (!waitForWire(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
             return false;
         }
-        next = PQconnectPoll(connection);
+        next = pq().connectPoll(connection);
     }
     return true;
 }
@@ -88,7 +89,7 @@ public:
             allow();
             ServerConnection connection = start(secured(hosts[host]));
             const bool isInTime = letIn(connection.get(), deadline_.load());
-            if (isInTime && PQstatus(connection.get()) == CONNECTION_OK) {
+            if (isInTime && pq().status(connection.get()) == CONNECTION_OK) {
                 return connection;
             }
             const StoreFailure failure = whyNot(connection.get(), isInTime);
@@ -107,9 +108,9 @@ private:
     void allow() { deadline_.store(Clock::now() + patience_); }
 
     static StoreFailure whyNot(PGconn* connection, bool isInTime) {
-        return !isInTime                                    ? failureOf(kNotInTime)
-               : PQconnectionNeedsPassword(connection) != 0 ? failureOf(kNeedsPassword)
-                                                            : openingFailure(PQerrorMessage(connection));
+        return !isInTime                                       ? failureOf(kNotInTime)
+               : pq().connectionNeedsPassword(connection) != 0 ? failureOf(kNeedsPassword)
+                                                               : openingFailure(pq().errorMessage(connection));
     }
 
     /// The settings for each host alone. A standby that is only preferred is looked for on all of them first.
@@ -151,7 +152,7 @@ bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::t
         if (left.count() <= 0) {
             return false;
         }
-        pollfd wire{PQsocket(connection), events, 0};
+        pollfd wire{pq().socket(connection), events, 0};
         const int ready = ::poll(&wire, 1, static_cast<int>(std::min(left, kWaitingPause).count()));
         if (ready > 0 || (ready < 0 && errno != EINTR)) {
             return ready > 0;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "adapters/postgres/postgres_failure.h"
+#include "adapters/postgres/postgres_library.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -33,7 +34,8 @@ ServerConnection probe(ServerSettings settings) {
 }
 
 ServerSettings settingsOf(PGconn* connection) {
-    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(PQconninfo(connection), PQconninfoFree);
+    const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(pq().conninfo(connection),
+                                                                               pq().conninfoFree);
     ServerSettings all;
     for (const PQconninfoOption* option = options.get(); option != nullptr && option->keyword != nullptr; ++option) {
         if (option->val != nullptr && *option->val != '\0') {
@@ -63,7 +65,7 @@ bool isOneOf(const Names& names, std::string_view name) {
 
 }  // namespace
 
-void ConnectionCloser::operator()(pg_conn* connection) const noexcept { PQfinish(connection); }
+void ConnectionCloser::operator()(pg_conn* connection) const noexcept { pq().finish(connection); }
 
 std::string valueOf(const ServerSettings& settings, std::string_view name) {
     const auto found = settings.find(name);
@@ -81,7 +83,7 @@ ServerConnection startConnection(const ServerSettings& settings) {
     }
     names.push_back(nullptr);
     values.push_back(nullptr);
-    ServerConnection connection(PQconnectStartParams(names.data(), values.data(), 0));
+    ServerConnection connection(pq().connectStartParams(names.data(), values.data(), 0));
     if (connection == nullptr) {
         throw RunTimeError(Failure::OutOfMemory);
     }
@@ -92,7 +94,7 @@ ServerSettings settled(const ServerSettings& named) {
     const ServerConnection connection = probe(named);
     ServerSettings all = settingsOf(connection.get());
     if (all.erase(kProbe) == 0) {
-        throw openingFailure(PQerrorMessage(connection.get()));  // such as a service that is nowhere
+        throw openingFailure(pq().errorMessage(connection.get()));  // such as a service that is nowhere
     }
     if (!isPlainFile(valueOf(all, "sslkey"))) {
         refuse(kKeyByEngine);
@@ -109,7 +111,7 @@ ServerSettings settled(const ServerSettings& named) {
 ServerSettings secured(ServerSettings host) {
     const bool isUnsaid = valueOf(host, "channel_binding") == kUnsaid;
     if (isUnsaid && !isLocal(host) && isOneOf(kTlsModes, valueOf(host, "sslmode")) &&
-        *PQpass(probe(host).get()) != '\0') {
+        *pq().pass(probe(host).get()) != '\0') {
         host["channel_binding"] = "require";
     }
     return host;

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 
+#include "adapters/postgres/postgres_library.h"
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
 
@@ -78,8 +79,8 @@ std::string connectionText(const std::string& nativePath) {
 
 OptionsPtr parsed(const std::string& text) {
     char* words = nullptr;
-    OptionsPtr options(PQconninfoParse(text.c_str(), &words), PQconninfoFree);
-    const std::unique_ptr<char, decltype(&PQfreemem)> kept(words, PQfreemem);
+    OptionsPtr options(pq().conninfoParse(text.c_str(), &words), pq().conninfoFree);
+    const std::unique_ptr<char, decltype(&PQfreemem)> kept(words, pq().freemem);
     if (options == nullptr) {
         refuse(kFaulty, words == nullptr ? "" : words);
     }
