@@ -211,6 +211,7 @@ bool PosixFiles::same(const std::string& a, const std::string& b) const {
     }
 }
 
+/// Working files end with the run, so that nothing is gained by waiting for the disk.
 void PosixFiles::copy(const std::string& from, const std::string& to) {
     const NativeFile source(opened(from));
     const FilePlace target = place(to);
@@ -228,7 +229,7 @@ void PosixFiles::copy(const std::string& from, const std::string& to) {
     }
     FileBeside copied(target);
     copyBytes(source, copied.file());
-    copied.place();
+    workFolderOf(to) == nullptr ? copied.place() : copied.placeUnsynced();
 }
 
 void PosixFiles::publish(const std::string& from, const std::string& to) {
