@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QTimer>
 #include <algorithm>
 
@@ -192,13 +193,21 @@ void FormPane::enableIfStillDue() {
 
 QString FormPane::role() const { return toQt(form_.name() + (gate_ ? " (disabled)" : "")); }
 
-/// What the operator did while nothing could be done is dropped, not done afterwards.
+/// Input that came while the form took none is dropped. The window is painted only after that, so that an input to
+/// anything that the operator sees is not among it.
 void FormPane::openGate() {
+    const QPointer<QWidget> unpainted = window();
+    unpainted->setUpdatesEnabled(false);
     {
         const NestedEvents nested;
         QCoreApplication::processEvents();
     }
     gate_.reset();
+    if (unpainted) {
+        unpainted->setUpdatesEnabled(true);
+        // The toolkit believes that the request that it has just skipped is still to come.
+        QCoreApplication::postEvent(unpainted, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
+    }
     showFocus();
 }
 

@@ -94,6 +94,15 @@ TEST_F(FormPaneTest, OneWindowShowsOneFormAfterTheOther) {
     EXPECT_TRUE(widgetOf(next.code)->hasFocus());
 }
 
+struct PaintSpy : QObject {
+    explicit PaintSpy(QObject& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 TEST_F(FormPaneTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     show(page);
     int clicks = 0;
@@ -110,8 +119,12 @@ TEST_F(FormPaneTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
 
     page.setEnabled(false);
     clickIsDue();
+    widgetOf(page.save)->update();
+    PaintSpy painted(*widgetOf(page.save));
     page.setEnabled(true);
+    EXPECT_EQ(painted.count, 0) << "an input to it would be dropped as well";
     settle();
+    EXPECT_GT(painted.count, 0);
     EXPECT_EQ(clicks, 1);
 }
 

@@ -1,0 +1,7 @@
+# Works the program as fast as the screen, each time in a fresh start: ./dev input [RUNS].
+
+input() {
+    buildPreset release immediate_input >/dev/null
+    rm -rf build/input
+    build/release/tools/operator/immediate_input build/input "${1:-500}"
+}

@@ -1,0 +1,122 @@
+// immediate_input FOLDER RUNS: an operator as fast as the screen. After each message, search and dialog the next input
+// follows the painting of the page without a pause, each time in a program that has just started. An input that has no
+// effect is lost. FOLDER: where the office is made.
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+
+#include "desk.h"
+
+namespace {
+
+using desk::Spot;
+
+constexpr const char* kNotice = "会社情報設定";
+// A field where messages and dialogs are.
+constexpr const char* kMiddle = "txt_Takken_Syunin_Name";
+
+void must(bool done, const std::string& what) {
+    if (!done) {
+        throw std::runtime_error(what);
+    }
+}
+
+class FastOperator {
+public:
+    FastOperator(const std::string& display, const desk::Office& office)
+        : office_(office), probe_(display), terminal_(office, display, "DESK-01") {}
+
+    void work(const std::string& number) {
+        start();
+        saveTwice(number);
+        openTwice("btm_SearchOfficeAddress", "住所検索", "pic_Logo");
+        openTwice("btm_ChangePW", "パスワード変更", kMiddle);
+    }
+    void stop() { terminal_.kill(); }
+
+private:
+    void start() {
+        office_.change("delete from TBL_LOCK");
+        probe_.startTiming();
+        terminal_.start("000004601,1,0");
+        must(terminal_.waitForPage(0), "the page");
+        probe_.settled("the page", [] { return true; });
+    }
+    Spot onPage(const std::string& control) {
+        must(terminal_.waitForPage(0), "the page");
+        return terminal_.onScreen(control);
+    }
+    void clickAt(Spot spot) {
+        probe_.moveTo(spot);
+        probe_.click();
+    }
+    /// Opens a window by a click, closes it by a key and waits until a place that was covered is painted as before.
+    void openAndClose(Spot button, const std::string& title, const std::string& key, Spot covered) {
+        const unsigned long colour = probe_.colourAt(covered);
+        clickAt(button);
+        must(terminal_.waitForWindow(title), "the click that opens " + title);
+        must(desk::eventually([&] { return terminal_.titleInFront() == title; }), "the focus of " + title);
+        probe_.key(key);
+        probe_.waitForColourAt(covered, colour);
+    }
+    /// The number is typed right after the first message has closed. The window manager hands on a click later than a
+    /// key, so the keys wait until the field shows its focus.
+    void saveTwice(const std::string& number) {
+        const Spot field = onPage("txt_Address_number");
+        const Spot save = onPage("btm_Save");
+        const Spot middle = onPage(kMiddle);
+        openAndClose(save, kNotice, "Return", middle);
+        clickAt(field);
+        probe_.waitForPaintingAt(field);
+        probe_.key("ctrl+a");
+        for (const char digit : number) {
+            probe_.key(std::string(1, digit));
+        }
+        openAndClose(save, kNotice, "Return", middle);
+        const std::string stored =
+            office_.ask("select ADDRESS_NUMBER from TBL_CUSTOMER_INFO where USER_ID = '000004601'");
+        must(stored == number, "the typed " + number + ": " + stored);
+    }
+    void openTwice(const std::string& button, const std::string& title, const std::string& covered) {
+        const Spot spot = onPage(button);
+        const Spot place = onPage(covered);
+        openAndClose(spot, title, "Escape", place);
+        openAndClose(spot, title, "Escape", place);
+    }
+
+    const desk::Office& office_;
+    desk::ScreenProbe probe_;
+    desk::Terminal terminal_;
+};
+
+int lostIn(int runs, FastOperator& clerk) {
+    int lost = 0;
+    for (int run = 0; run < runs; ++run) {
+        try {
+            clerk.work(std::to_string(10 + run % 90));
+        } catch (const std::runtime_error& failure) {
+            ++lost;
+            std::cout << "run " << run << " lost " << failure.what() << std::endl;
+        }
+        clerk.stop();
+    }
+    return lost;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc != 3) {
+        std::cerr << "immediate_input FOLDER RUNS\n";
+        return 2;
+    }
+    const std::string folder = argv[1];
+    const desk::VirtualDisplay display;
+    const desk::ServerDesk server(folder + "/server");
+    const desk::Office office(folder + "/office", server.port());
+    FastOperator clerk(display.name(), office);
+    const int runs = std::atoi(argv[2]);
+    const int lost = lostIn(runs, clerk);
+    std::cout << "input runs=" << runs << " lost=" << lost << "\n";
+    return lost == 0 ? 0 : 1;
+}
