@@ -4,7 +4,6 @@
 
 #include <map>
 #include <numeric>
-#include <tuple>
 
 #include "adapters/http/curl_http_control.h"
 #include "http_fixture.h"
@@ -12,15 +11,6 @@
 
 namespace orv {
 namespace {
-
-using std::chrono::milliseconds;
-
-HttpResponse get(const std::string& url, milliseconds timeout = std::chrono::minutes(3)) {
-    HttpRequest request;
-    request.url = url;
-    request.timeout = timeout;
-    return exchange(request);
-}
 
 TEST(CurlSession, AnAnswerThatIsNotWholeIsAFailureWhateverItsStatus) {
     const std::map<std::string, std::string> cases{

@@ -6,7 +6,6 @@
 #include <nlohmann/json.hpp>
 
 #include "adapters/http/company_document.h"
-#include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_db_service.h"
 #include "http_fixture.h"
 #include "platform/waiting.h"
@@ -21,24 +20,13 @@ constexpr const char* kTables[] = {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL
 
 class HttpCompanySendTest : public testing::Test {
 protected:
-    void SetUp() override {
-        makeSampleStore(storeFile());
-        url = suite.url("/");
-    }
-
-    void run(const std::string& sql) const { runSql(storeFile(), sql); }
-    /// Returns the columns of a table that are sent. Of the dates only the key is sent; another program owns the rest.
+    void run(const std::string& sql) const { runSql(storeFile, sql); }
+    /// The columns of a table that are sent. The dates but for their key are another program's.
     std::vector<std::string> columnsOf(const std::string& table) {
-        SqliteDatabase database(storeFile(), StoreAccess::ReadOnly, {});
-        SqliteStatement names(database, "SELECT name FROM pragma_table_info('" + table + "')");
-        std::vector<std::string> columns;
-        while (names.step()) {
-            columns.push_back(toText(names.value(0)));
-        }
+        std::vector<std::string> columns = rowsOf(storeFile, "SELECT name FROM pragma_table_info('" + table + "')");
         columns.resize(table == "TBL_CUSTOMER_DATE" ? 1 : columns.size());
         return columns;
     }
-    std::string storeFile() const { return folder.file("ORVESTATE.MDB"); }
     bool prepare() {
         bool ok = false;
         send.SendPrepare(ok);
@@ -56,9 +44,10 @@ protected:
     TempFolder folder;
     TempFolder served;
     RunningSuite suite{served.path()};
+    const std::string storeFile = makeSampleStore(folder.file("ORVESTATE.MDB"));
     SqliteDbService db{nativePaths()};
-    std::string url, cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "180000";
-    std::string store = storeFile();
+    std::string url = suite.url("/"), cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "180000";
+    std::string store = storeFile;
     HttpCompanySend send{db,
                          {[this] { return url; }, [this] { return cusSendService; }, [this] { return sendCus; },
                           [this] { return timeOut; }, [this] { return store; }}};

@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 #include <httplib.h>
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <filesystem>
-#include <string>
 #include <thread>
 
+#include "adapters/http/curl_session.h"
 #include "platform/run_time_error.h"
 #include "suite_server.h"
-#include "support/memory_machine.h"
 #include "support/temp_folder.h"
 
 namespace orv {
@@ -76,7 +73,15 @@ private:
     std::thread thread_;
 };
 
-/// Returns the number of the failure that `act` throws, or 0.
+/// What the program gets for a plain request.
+inline HttpResponse get(const std::string& url) {
+    HttpRequest request;
+    request.url = url;
+    request.timeout = std::chrono::minutes(3);
+    return exchange(request);
+}
+
+/// What `act` raises; number 0 where it raises nothing.
 template <typename Act>
 RunTimeError raisedBy(Act act) {
     try {

@@ -1,25 +1,14 @@
 #include <gtest/gtest.h>
 #include <openssl/x509.h>
 
-#include <chrono>
 #include <cstdlib>
 
-#include "adapters/http/curl_session.h"
 #include "http_fixture.h"
 
 namespace orv {
 namespace {
 
 constexpr const char* kFine = "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n";
-
-int statusOf(const std::string& url) {
-    HttpRequest request;
-    request.url = url;
-    request.timeout = std::chrono::minutes(3);
-    request.user = "user";
-    request.password = "secret";
-    return exchange(request).status;
-}
 
 TEST(StrangeServer, ACertificateThatNobodyVouchesForIsRefusedBeforeAnythingIsSent) {
     EVP_PKEY* key = EVP_EC_gen("P-256");
@@ -35,7 +24,7 @@ TEST(StrangeServer, ACertificateThatNobodyVouchesForIsRefusedBeforeAnythingIsSen
     server.Get("/", [&](const httplib::Request&, httplib::Response&) { asked = true; });
     const std::string url = "https://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/";
     std::thread thread([&] { server.listen_after_bind(); });
-    const RunTimeError failure = raisedBy([&] { statusOf(url); });
+    const RunTimeError failure = raisedBy([&] { get(url); });
     while (!server.is_running()) {
         std::this_thread::yield();
     }
@@ -50,7 +39,7 @@ TEST(StrangeServer, TheEnvironmentDoesNotLeadElsewhere) {
     const RawServer server(kFine);
     for (const char* name : {"http_proxy", "all_proxy", "ALL_PROXY"}) {
         ::setenv(name, elsewhere.url().c_str(), 1);
-        EXPECT_EQ(statusOf(server.url()), 200) << name;
+        EXPECT_EQ(get(server.url()).status, 200) << name;
         ::unsetenv(name);
     }
     EXPECT_EQ(elsewhere.requests(), 0);
@@ -63,10 +52,7 @@ TEST(StrangeServer, PasswordsThatTheUserHasStoredAreNotSent) {
     const std::string before = usual == nullptr ? "" : usual;
     ::setenv("HOME", home.path().c_str(), 1);
     const RawServer server(kFine);
-    HttpRequest request;
-    request.url = server.url();
-    request.timeout = std::chrono::minutes(3);
-    EXPECT_EQ(exchange(request).status, 200);
+    EXPECT_EQ(get(server.url()).status, 200);
     ::setenv("HOME", before.c_str(), 1);
     EXPECT_TRUE(server.lastRequest().starts_with("GET / HTTP/1.1")) << server.lastRequest();
     EXPECT_EQ(server.lastRequest().find("Authorization"), std::string::npos);

@@ -61,11 +61,7 @@ Cost costOf(const PictureFiles& pictures, const std::string& path) {
     return cost;
 }
 
-ByteVector startOf(const ByteVector& bytes, std::size_t length) {
-    return {bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length)};
-}
-
-/// Each pass visits the whole picture, and a few bytes are enough to request one.
+/// Each pass walks over the whole picture, and a few bytes are enough to ask for one.
 ByteVector withManyPasses(ByteVector jpeg) {
     const ByteVector scanMark{0xFF, 0xDA};
     const auto lastScan = std::find_end(jpeg.begin(), jpeg.end(), scanMark.begin(), scanMark.end()) - jpeg.begin();
@@ -136,7 +132,8 @@ TEST_F(HostilePicturesTest, FailWhereverTheyAreCutShort) {
         const std::size_t last = one.bytes.size() - one.tail - 1;
         for (const std::size_t length :
              {std::size_t{8}, std::size_t{31}, std::size_t{70}, last / 4, last / 2, last * 9 / 10, last - 1, last}) {
-            EXPECT_NE(loadOf(folder.keep("cut", startOf(one.bytes, length))), 0) << one.name << " cut at " << length;
+            const ByteVector start(one.bytes.begin(), one.bytes.begin() + static_cast<std::ptrdiff_t>(length));
+            EXPECT_NE(loadOf(folder.keep("cut", start)), 0) << one.name << " cut at " << length;
         }
     }
 }
@@ -164,8 +161,7 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
     using enum PictureFailure;
     constexpr auto kRead = PictureFailure{};
     const struct {
-        std::string name;
-        std::string path;
+        std::string name, path;
         PictureFailure failure;
     } cases[] = {
         {"passes without end", keep(withManyPasses(passes)), NeedsTooMuchMemory},
@@ -195,6 +191,7 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"a named pipe", fifo, NotAFile},
         {"beyond a named pipe", fifo + "/beyond", PictureFailure{76}},
         {"no name", "", PictureFailure{52}},
+        {"no file", folder.pathOf("gone"), PictureFailure{53}},
         {"half a gigabyte", huge, FileTooLarge},
         // These pictures are valid and are read. The limit on pixels limits their cost.
         {"png of 100 million pixels", pngBomb, kRead},
@@ -209,16 +206,6 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         EXPECT_EQ(cost.failure, static_cast<int>(one.failure)) << one.name;
         EXPECT_LT(cost.megabytes, kMegabytes * kLarger) << one.name;
     }
-}
-
-/// Another user shortens or removes the file between reading the header and the picture.
-TEST_F(HostilePicturesTest, AFileThatVanishesIsAFailure) {
-    const std::string path = folder.keep("photo.jpg", madeJpeg({.width = 640, .height = 480}));
-    EXPECT_EQ(pictures.info(path).width, 640);
-    std::filesystem::resize_file(path, 1000);
-    EXPECT_GT(failureOf([&] { (void)pictures.load(path); }), 0);
-    std::filesystem::remove(path);
-    EXPECT_EQ(failureOf([&] { (void)pictures.load(path); }), static_cast<int>(Failure::FileNotFound));
 }
 
 }  // namespace

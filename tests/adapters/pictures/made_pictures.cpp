@@ -3,7 +3,6 @@
 #include <QBuffer>
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <stdexcept>
 
 #include "adapters/pictures/bmp_writer.h"
@@ -12,30 +11,19 @@
 namespace orv::test {
 namespace {
 
-/// Returns the index of the colour, 0 to 3, at a position.
-std::size_t quarterAt(int x, int y, int width, int height) {
-    return static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0));
-}
-
 constexpr std::array kQuarters{kRed, kGreen, kBlue, kWhite};
 const QList<QRgb> kTable(kQuarters.begin(), kQuarters.end());
 
-std::array<std::uint8_t, 3> channelsAt(int x, int y, int width, int height) {
-    const std::uint32_t colour = kQuarters[quarterAt(x, y, width, height)];
-    return {static_cast<std::uint8_t>(colour >> 16), static_cast<std::uint8_t>(colour >> 8),
-            static_cast<std::uint8_t>(colour)};
+std::uint32_t colourAt(int x, int y, int width, int height) {
+    return kQuarters.at(static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0)));
 }
 
-/// Converts a colour to the encoder's input. Print colours have no black. Adobe's programs store them inverted, with
-/// 255 for blank paper.
-void appendInput(const JpegRecipe& recipe, std::array<std::uint8_t, 3> rgb, ByteVector& row) {
-    if (recipe.input == JCS_GRAYSCALE) {
-        row.push_back(rgb[1]);
-        return;
-    }
+/// What the encoder takes for a colour. Print colours have no black; Adobe's programs store them turned round, so
+/// that 255 is no ink.
+void appendInput(const JpegRecipe& recipe, std::uint32_t colour, ByteVector& row) {
     const bool turn = recipe.input == JCS_CMYK && !recipe.adobe;
-    for (const std::uint8_t channel : rgb) {
-        row.push_back(turn ? static_cast<std::uint8_t>(255 - channel) : channel);
+    for (const int shift : recipe.input == JCS_GRAYSCALE ? std::vector{8} : std::vector{16, 8, 0}) {
+        row.push_back(static_cast<std::uint8_t>((turn ? ~colour : colour) >> shift));
     }
     if (recipe.input == JCS_CMYK) {
         row.push_back(turn ? 0 : 255);
@@ -60,15 +48,33 @@ void setUp(jpeg_compress_struct& jpeg, const JpegRecipe& recipe) {
     jpeg_set_defaults(&jpeg);
     jpeg_set_colorspace(&jpeg, recipe.stored);
     jpeg_set_quality(&jpeg, 95, TRUE);
-    if (!recipe.adobe) {
-        jpeg.write_Adobe_marker = FALSE;
-    }
+    jpeg.write_Adobe_marker = recipe.adobe ? jpeg.write_Adobe_marker : FALSE;
     if (recipe.progressive) {
         jpeg_simple_progression(&jpeg);
     }
 }
 
 }  // namespace
+
+std::vector<std::string> quarters(const Pixels& pixels) {
+    std::vector<std::string> names;
+    for (const auto& [x, y] : std::vector<std::pair<int, int>>{{1, 1}, {3, 1}, {1, 3}, {3, 3}}) {
+        const auto at = static_cast<std::size_t>(pixels.height * y / 4 * pixels.width + pixels.width * x / 4);
+        const std::uint32_t colour = pixels.argb.at(at);
+        std::string name = "other";
+        for (const auto& [known, text] : std::vector<std::pair<std::uint32_t, std::string>>{
+                 {kRed, "red"}, {kGreen, "green"}, {kBlue, "blue"}, {kWhite, "white"}, {0xFF202020, "dark"}}) {
+            bool near = colour >> 24 == 0xFF;
+            for (const int shift : {0, 8, 16}) {
+                near = near && std::abs(static_cast<int>(colour >> shift & 0xFF) -
+                                        static_cast<int>(known >> shift & 0xFF)) < 12;
+            }
+            name = near ? text : name;
+        }
+        names.push_back(name);
+    }
+    return names;
+}
 
 ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to) {
     std::ranges::copy(to, bytes.begin() + static_cast<std::ptrdiff_t>(at));
@@ -103,7 +109,7 @@ ByteVector madeJpeg(const JpegRecipe& recipe) {
     for (int y = 0; y < recipe.height; ++y) {
         ByteVector row;
         for (int x = 0; x < recipe.width; ++x) {
-            appendInput(recipe, channelsAt(x, y, recipe.width, recipe.height), row);
+            appendInput(recipe, colourAt(x, y, recipe.width, recipe.height), row);
         }
         JSAMPROW start = row.data();
         jpeg_write_scanlines(&jpeg, &start, 1);
@@ -119,7 +125,7 @@ QImage madeImage(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            image.setPixel(x, y, kQuarters[quarterAt(x, y, width, height)]);
+            image.setPixel(x, y, colourAt(x, y, width, height));
         }
     }
     return image;
@@ -156,11 +162,9 @@ std::size_t frameHeader(const ByteVector& jpeg) {
 
 ByteVector withJpegSize(ByteVector jpeg, int width, int height) {
     const std::size_t at = frameHeader(jpeg) + 5;
-    jpeg.at(at) = static_cast<std::uint8_t>(height >> 8);
-    jpeg.at(at + 1) = static_cast<std::uint8_t>(height);
-    jpeg.at(at + 2) = static_cast<std::uint8_t>(width >> 8);
-    jpeg.at(at + 3) = static_cast<std::uint8_t>(width);
-    return jpeg;
+    return changed(std::move(jpeg), at,
+                   {static_cast<std::uint8_t>(height >> 8), static_cast<std::uint8_t>(height),
+                    static_cast<std::uint8_t>(width >> 8), static_cast<std::uint8_t>(width)});
 }
 
 }  // namespace orv::test

@@ -6,8 +6,6 @@
 #include <jpeglib.h>
 
 #include <QImage>
-#include <cstdint>
-#include <string>
 #include <vector>
 
 #include "platform/machine/picture_library.h"
@@ -45,21 +43,23 @@ ByteVector madeGif(int width, int height);
 /// Returns a BMP of 8 bits with run-length encoded rows.
 ByteVector madeRunLengthBmp(int width, int height);
 
-/// Returns the file with other bytes at a position.
+/// The colours at the middles of the four quarters, each named by the one that it is near to.
+std::vector<std::string> quarters(const Pixels& pixels);
+inline const std::vector<std::string> kAsMade{"red", "green", "blue", "white"};
+
+/// The same file with other bytes at a place.
 ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to);
 /// Returns the TIFF with the entry `tag` replaced by `newTag` and `value`.
 ByteVector withTiffNumber(const ByteVector& tiff, std::uint8_t tag, std::uint8_t newTag, int value);
 
 /// Returns the position of the frame header (its 0xFF) in a JPEG.
 std::size_t frameHeader(const ByteVector& jpeg);
-/// Returns the file with another size in its frame header.
 ByteVector withJpegSize(ByteVector jpeg, int width, int height);
 
 /// A folder that uses the machine's own paths.
 class PictureFolder : public NativeFiles {
 public:
     std::string pathOf(const std::string& name) const { return folder_.file(name); }
-    /// Writes the file and returns its path.
     std::string keep(const std::string& name, const ByteVector& bytes) const {
         return folder_.write(name, {bytes.begin(), bytes.end()});
     }

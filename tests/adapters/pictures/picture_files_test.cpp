@@ -4,7 +4,6 @@
 
 #include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_header.h"
-#include "adapters/pictures/quarters.h"
 #include "adapters/pictures/tiff_file.h"
 #include "platform/run_time_error.h"
 

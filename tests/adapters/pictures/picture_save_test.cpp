@@ -7,7 +7,6 @@
 #include "adapters/pictures/picture_failure.h"
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pictures/quality_map.h"
-#include "adapters/pictures/quarters.h"
 #include "adapters/pictures/tiff_file.h"
 #include "support/failure_of.h"
 
@@ -44,11 +43,10 @@ protected:
 
 constexpr auto kTiff = static_cast<std::int32_t>(PictureFormat::Tiff);
 
-std::string deepTiff(QImage::Format format, int channels) {
+ByteVector deepTiff(QImage::Format format, int channels) {
     QImage image(40, 20, format);
     image.fill(QColor::fromRgba64(0x1234, 0x1234, 0x1234, format == QImage::Format_RGBA64 ? 0x8000 : 0xFFFF));
-    const ByteVector bytes = tiffBytes({image, {}, {}}, {PictureFormat::Tiff, 40, 20, 16 * channels, channels});
-    return {bytes.begin(), bytes.end()};
+    return tiffBytes({image, {}, {}}, {PictureFormat::Tiff, 40, 20, 16 * channels, channels});
 }
 
 QImage fourColours(QImage::Format format) { return madeImage(640, 480).convertToFormat(format); }
@@ -153,12 +151,11 @@ TEST_F(PictureSaveTest, EachSaveTakesThePlaceOfTheOneBefore) {
 TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {
     for (const auto& [format, channels] :
          {std::pair{QImage::Format_RGBX64, 3}, std::pair{QImage::Format_Grayscale16, 1}}) {
-        const std::string bytes = deepTiff(format, channels);
-        pictures_.load(folder_.keep("deep.tif", {bytes.begin(), bytes.end()}))->save(target(), kTiff, 16 * channels, 2);
-        EXPECT_EQ(readFile(target()), bytes) << channels;
+        const std::string path = folder_.keep("deep.tif", deepTiff(format, channels));
+        pictures_.load(path)->save(target(), kTiff, 16 * channels, 2);
+        EXPECT_EQ(readFile(target()), readFile(path)) << channels;
     }
-    const std::string blended = deepTiff(QImage::Format_RGBA64, 4);
-    const auto picture = pictures_.load(folder_.keep("deep.tif", {blended.begin(), blended.end()}));
+    const auto picture = pictures_.load(folder_.keep("deep.tif", deepTiff(QImage::Format_RGBA64, 4)));
     EXPECT_EQ(failureOf([&] { picture->save(target(), kTiff, 64, 2); }), static_cast<int>(PictureFailure::NotWritable));
 }
 
@@ -173,8 +170,7 @@ TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
     EXPECT_EQ(failureOf([&] { reduced->save(standing, kJpeg, 24, 2); }), invalid);
     EXPECT_NE(failureOf([&] { picture->save(folder_.pathOf("none/a.jpg"), kJpeg, 24, 2); }), 0);
     EXPECT_EQ(std::filesystem::file_size(standing), 3U);
-    const auto entries = std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {});
-    EXPECT_EQ(entries, 2) << "something was left over";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {}), 2) << "something is left";
 }
 
 }  // namespace
