@@ -1,6 +1,5 @@
 // The fuzzer's own program: ORV_FUZZ_TARGET names the target.
 #include <algorithm>
-#include <cstdint>
 #include <cstdlib>
 
 #include "fuzz/fuzz_target.h"

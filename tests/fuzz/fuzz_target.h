@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/utf8.h"
@@ -20,9 +18,7 @@ struct FuzzTarget {
 
 inline void PrintTo(const FuzzTarget& target, std::ostream* stream) { *stream << target.name; }
 
-/// Returns the entry points that accept bytes directly.
-std::vector<FuzzTarget> byteTargets();
-/// Returns all entry points.
+/// Every door.
 std::vector<FuzzTarget> fuzzTargets();
 
 /// Checks a property that must hold for any input. Do not use inside the system's trap.

@@ -1,8 +1,6 @@
 // Runs the seeds of every target, whole and truncated, without a fuzzer.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "fuzz/fuzz_target.h"
 
 namespace orv::test {

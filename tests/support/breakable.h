@@ -2,23 +2,27 @@
 
 // The real store, files and settings, with failures that a test injects.
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "adapters/posix/posix_files.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
-#include "support/memory_machine.h"
 
 namespace orv {
 
-/// Forwards to the real store and records the calls; the operations that a test names fail. A failed close or rollback
-/// is carried out, so that the real store has no leftovers.
+/// A path, a section or a key as they are compared: letters without regard to case.
+inline std::string folded(std::string name) {
+    std::ranges::transform(name, name.begin(), [](unsigned char letter) { return std::tolower(letter); });
+    return name;
+}
+
+/// Forwards to the real store and keeps what was asked of it; the operations that a test names fail. A failed close or
+/// rollback has been done all the same, so that nothing stays behind in the real store.
 class FailingStore : public DbService {
 public:
     enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit };
@@ -37,15 +41,12 @@ public:
     }
     /// If set, a failing call throws this instead, which no store should.
     std::optional<Failure> raised;
-    /// The failure of a rollback.
     FailureRecord ofRollback = failure();
 
-    /// Called with each statement before it runs.
     std::function<void(const std::string& sql)> watch;
 
     /// All statements in order, including selects.
     std::vector<std::string> statements;
-    /// The number of open connections.
     int open = 0;
 
     FailureRecord DbError() const override { return injected_ ? told_ : real_.DbError(); }

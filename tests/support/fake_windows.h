@@ -3,11 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <map>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/forms/form.h"
 #include "platform/machine/window_system.h"
@@ -46,15 +42,12 @@ public:
         }
     }
 
-    /// Applies to one opening of the form.
     void onModal(const std::string& form, Script script) { scripts_[form].push_back(std::move(script)); }
 
     /// Sets the file chosen in the next open dialog; nothing cancels it.
     void pick(std::optional<std::string> file) { picks_.push_back(std::move(file)); }
-    /// Called while the program lets the windows be painted.
     std::function<void()> onRepaint;
 
-    /// Every open dialog.
     std::vector<FileQuestion> questions;
     /// Every notice, including those with a single button.
     std::vector<Notice> notices;

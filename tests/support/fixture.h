@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "adapters/posix/ini_reader.h"
 #include "adapters/posix/install_paths.h"
 #include "adapters/posix/registry_file.h"
@@ -57,6 +53,7 @@ class SystemTest : public testing::Test {
 protected:
     static constexpr const char* kCompany = "000004601";
     static constexpr const char* kMarker = "---------";
+    static constexpr std::array kTables{"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"};
 
     SystemTest() {
         theContext = {};
@@ -78,7 +75,7 @@ protected:
         all.clock = &clock;
         all.codePage = &codePage;
         all.calendar = &calendar;
-        all.http = recordedHttp(http);
+        all.http = [this] { return std::make_unique<RecordedHttp>(http); };
         all.pictures = &pictures;
         pictures.script.write = [this](const std::string& path, const std::string& bytes) {
             writeFile(files.nativePath(path), bytes);
@@ -105,7 +102,6 @@ protected:
         theContext = {};
     }
 
-    /// Starts the program as the menu program does.
     void start(const std::string& tail = "000004601,1,0") {
         services().commandTail = tail;
         Main();
@@ -120,7 +116,6 @@ protected:
         EXPECT_EQ(shownIds(), Texts{});
         return screen();
     }
-    /// Returns the visible page.
     PageForm& screen() {
         Form* active = forms.activeForm();
         EXPECT_NE(active, nullptr) << "no page on the screen";
@@ -168,11 +163,17 @@ protected:
     /// Returns the whole content of the store, to detect changes.
     Texts everything() {
         Texts all;
-        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
+        for (const char* table : kTables) {
             const auto found = rows(std::string("select * from ") + table + " order by USER_ID");
             all.insert(all.end(), found.begin(), found.end());
         }
         return all;
+    }
+
+    void renumber(const std::string& from, const std::string& to) {
+        for (const std::string table : kTables) {
+            sql("update " + table + " set USER_ID = '" + to + "' where USER_ID = '" + from + "'");
+        }
     }
 
     std::string log() const {

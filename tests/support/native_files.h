@@ -16,4 +16,10 @@ private:
     }
 };
 
+/// For those who ask for the native place of a path only.
+inline NativeFiles& nativePaths() {
+    static NativeFiles paths;
+    return paths;
+}
+
 }  // namespace orv

@@ -1,10 +1,6 @@
 #pragma once
 
 #include <deque>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
 #include <vector>
 
 #include "platform/machine/http_control.h"
@@ -14,12 +10,9 @@ namespace orv {
 /// The requests sent by a test's controls, and the answers. An empty queue answers 200 "OK".
 struct HttpScript {
     struct Sent {
-        std::string file;
-        std::string url;
-        std::string version;
+        std::string file, url, version;
         std::int32_t timeout = 0;
-        std::string user;
-        std::string password;
+        std::string user, password;
         bool omitted = false;
     };
     struct Answer {
@@ -63,10 +56,5 @@ private:
     HttpScript::Sent next_;
     HttpScript::Answer answer_;
 };
-
-/// Returns the value for `Services::http`.
-inline std::function<std::unique_ptr<HttpControl>()> recordedHttp(HttpScript& script) {
-    return [&script] { return std::make_unique<RecordedHttp>(script); };
-}
 
 }  // namespace orv

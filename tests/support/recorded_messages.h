@@ -3,8 +3,6 @@
 #include <deque>
 #include <functional>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/run_time_error.h"
 #include "platform/suite/message_service.h"
@@ -25,9 +23,7 @@ public:
     std::deque<std::int32_t> answers;
     /// If set, no message can be shown: the result is false, the answer 1, and this is the failure.
     std::optional<FailureRecord> refusal;
-    /// If set, the service itself throws this.
     std::optional<Failure> failure;
-    /// Called while a message is shown.
     std::function<void()> onShow;
 
     FailureRecord ErrorInfo() const override { return refusal.value_or(FailureRecord{}); }

@@ -1,12 +1,8 @@
 #pragma once
 
-#include <array>
 #include <functional>
 #include <map>
-#include <memory>
 #include <set>
-#include <string>
-#include <vector>
 
 #include "platform/machine/clock.h"
 #include "platform/machine/machine_facts.h"
@@ -78,7 +74,6 @@ struct PictureScript {
     PictureInfo unwritten{.sizeDisk = 1000, .width = 640, .height = 480, .bits = 24, .format = 1};
     /// Returns the size of a file written with that quality factor.
     std::function<std::int32_t(int)> sizeAt = [](int) { return 1000; };
-    /// Writes the bytes of a file.
     std::function<void(const std::string& path, const std::string& bytes)> write;
     /// The operations that fail, with the text for an invalid picture: "info", "load", "size", "save".
     std::set<std::string> broken;
@@ -121,11 +116,9 @@ public:
 
 private:
     PictureScript& script_;
-    int width_;
-    int height_;
+    int width_, height_;
 };
 
-/// Treats every file as a picture.
 class BlankPictures : public PictureLibrary {
 public:
     mutable PictureScript script;

@@ -2,10 +2,7 @@
 
 // Replacements for the other programs: the menu, the searches, the sender.
 
-#include <functional>
 #include <optional>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/machine/program_starter.h"
@@ -70,7 +67,6 @@ struct SendScript {
     bool takes = true;
     std::string id = "000004601";
     FailureRecord error{"サーバーの故障", "SEND:9"};
-    /// Called while the company is being sent.
     std::function<void()> meanwhile;
     std::vector<std::string> sent;
     int prepared = 0;

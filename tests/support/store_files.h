@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
 #include <vector>
 
 #include "adapters/store/store_connection.h"
 #include "sample_folder.h"
-#include "support/memory_machine.h"
+#include "support/native_files.h"
 #include "support/temp_folder.h"
 
 namespace orv {

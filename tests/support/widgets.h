@@ -23,10 +23,8 @@ inline QWidget* paneOf(const Form& form) {
     throw std::runtime_error(form.name() + " is not on the screen");
 }
 
-/// Returns the window that shows the form.
 inline QWidget* windowOf(const Form& form) { return paneOf(form)->window(); }
 
-/// Returns the widget that shows the control.
 template <class W = QWidget>
 W* widgetOf(const Control& control) {
     const QWidget* pane = paneOf(dynamic_cast<const Form&>(control.owner()));

@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
-#include <string>
 
 #include "adapters/qt/qt_window_system.h"
 #include "pages/layout/layouts.h"
@@ -62,7 +61,6 @@ protected:
         QApplication::sendEvent(keyboard(), &event);
     }
     static void typeKeys(const std::string& ascii) { QTest::keyClicks(keyboard(), toQt(ascii)); }
-    /// Chooses the entry in the opened list.
     static void pick(const ComboBox& list, const std::string& entry) {
         auto* box = widgetOf<QComboBox>(list);
         box->setFocus();

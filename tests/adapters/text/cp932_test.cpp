@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <string>
-#include <string_view>
 
 #include "platform/utf8.h"
 

@@ -2,12 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <map>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 #include "adapters/text/cp932.h"
 #include "platform/utf8.h"
@@ -38,23 +33,22 @@ protected:
 };
 
 TEST_F(StringCheckTest, CleansWhatStoreAndCodePageCannotTake) {
-    constexpr auto kCases = std::to_array<std::pair<std::string_view, std::string_view>>({
-        {"O'Hara''s", "O’Hara’’s"},
-        {"〜−‖—", "～－∥―"},
-        {"¢£¬¥", "￠￡￢￥"},
-        {"10:00–18:00", "10:00－18:00"},
-        {"a\u00A0b\u2003c\u2009d", "a b　c d"},
-        {"か\u3099き\u3099ゝ\u3099", "がぎゞ"},
-        {"ハ\u309Aほ\u309Aウ\u3099", "パぽヴ"},
-        {"ｶ\u3099ﾊ\u309A", "ｶﾞﾊﾟ"},
-        {"ん\u3099が\u3099か\u309A", "ん゛が゛か゜"},
-        {"\u3099", "゛"},
-        {"一行目\r\n二行目\t三", "一行目二行目三"},
-        {"a\x01\x1F\x7F\u0085\u200B\u200E\u202E\u2067\uFEFF\u00ADb", "ab"},
-        {"葛\U000E0100城\uFE00", "葛城"},
-        {"⽥中⾼", "田中高"},
-        {"あ\xE3\x81い", "あ\uFFFD\uFFFDい"},
-    });
+    constexpr auto kCases = std::to_array<std::pair<std::string_view, std::string_view>>(
+        {{"O'Hara''s", "O’Hara’’s"},
+         {"〜−‖—", "～－∥―"},
+         {"¢£¬¥", "￠￡￢￥"},
+         {"10:00–18:00", "10:00－18:00"},
+         {"a\u00A0b\u2003c\u2009d", "a b　c d"},
+         {"か\u3099き\u3099ゝ\u3099", "がぎゞ"},
+         {"ハ\u309Aほ\u309Aウ\u3099", "パぽヴ"},
+         {"ｶ\u3099ﾊ\u309A", "ｶﾞﾊﾟ"},
+         {"ん\u3099が\u3099か\u309A", "ん゛が゛か゜"},
+         {"\u3099", "゛"},
+         {"一行目\r\n二行目\t三", "一行目二行目三"},
+         {"a\x01\x1F\x7F\u0085\u200B\u200E\u202E\u2067\uFEFF\u00ADb", "ab"},
+         {"葛\U000E0100城\uFE00", "葛城"},
+         {"⽥中⾼", "田中高"},
+         {"あ\xE3\x81い", "あ\uFFFD\uFFFDい"}});
     for (const auto& [input, output] : kCases) {
         EXPECT_EQ(normalized(input), output) << input;
         EXPECT_EQ(normalized(output), output) << "a second time";

@@ -4,26 +4,19 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <set>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 #include "adapters/text/cp932.h"
 #include "platform/run_time_error.h"
 #include "sample_folder.h"
 #include "support/fake_windows.h"
-#include "support/memory_machine.h"
+#include "support/native_files.h"
 #include "support/temp_folder.h"
 
 namespace orv {
 namespace {
 
-constexpr const char* kTablePath = "C:\\ORV\\SYS\\MSG.TBL";
-
-/// Keeps the notice and presses the button chosen by the test.
+/// Keeps the notice and presses the button that the test has named.
 class OneNotice : public NoWindows {
 public:
     std::size_t showNotice(const Notice& notice) override {
@@ -42,16 +35,17 @@ public:
 
 class TableMessagesTest : public testing::Test {
 protected:
-    TableMessagesTest() { files_.put(kTablePath, "; leer\r\n"); }
+    TableMessagesTest() { writeFile(path_, "; leer\r\n"); }
     std::string textOf(const std::string& id, const Values& args) {
         EXPECT_TRUE(messages_.ShowMessage(id, args)) << id;
         return windows_.shown.text;
     }
 
     OneNotice windows_;
-    MemoryFiles files_;
+    TempFolder folder_;
+    NativeFiles files_;
     Cp932 page_;
-    std::string path_ = kTablePath;
+    std::string path_ = folder_.file("MSG.TBL");
     std::vector<std::string> logged_;
     TableMessages messages_{
         windows_, files_, page_, [this] { return path_; },
@@ -86,18 +80,18 @@ TEST_F(TableMessagesTest, AnswersOneForTheButtonThatKeepsThings) {
 }
 
 TEST_F(TableMessagesTest, ReadsTheTableAtTheFirstMessageOnly) {
-    files_.put(kTablePath,
-               page_.encode("COS05574,WARN,OK,できました,本当に\r\nquatsch\r\n\r\nNEW00001,ASK,YESNO,%1？\r\n!\r\n"));
+    writeFile(path_,
+              page_.encode("COS05574,WARN,OK,できました,本当に\r\nquatsch\r\n\r\nNEW00001,ASK,YESNO,%1？\r\n!\r\n"));
     EXPECT_EQ(textOf("COS05574", {}), "できました,本当に");
     EXPECT_EQ(windows_.shown.kind, Notice::Kind::Warning);
-    files_.put(kTablePath, "");
+    writeFile(path_, "");
     EXPECT_EQ(textOf("NEW00001", {"何"}), "何？");
-    EXPECT_EQ(logged_, std::vector<std::string>{"MSGTBL01 メッセージテーブルに読めない行が2行あります。"
-                                                "C:\\ORV\\SYS\\MSG.TBL の2行目から"});
+    EXPECT_EQ(logged_, std::vector<std::string>{"MSGTBL01 メッセージテーブルに読めない行が2行あります。" + path_ +
+                                                " の2行目から"});
 }
 
 TEST_F(TableMessagesTest, SpeaksWithoutATable) {
-    path_ = "none";
+    path_ = folder_.file("none");
     EXPECT_EQ(textOf("COS05574", {}), MessageTable().messages().at("COS05574").text);
     ASSERT_EQ(logged_.size(), 1U);
     EXPECT_TRUE(logged_.front().starts_with("53 ")) << logged_.front();

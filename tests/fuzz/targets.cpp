@@ -1,0 +1,314 @@
+#include <chrono>
+#include <cstdlib>
+
+#include "adapters/http/company_document.h"
+#include "adapters/pictures/made_pictures.h"
+#include "adapters/pictures/picture_files.h"
+#include "adapters/posix/sibling_words.h"
+#include "adapters/sqlite/left_rewriter.h"
+#include "adapters/text/help_file.h"
+#include "adapters/text/table_messages.h"
+#include "fuzz/fuzz_target.h"
+#include "support/fixture.h"
+
+namespace orv::test {
+namespace {
+
+/// The machine of every target: files by their own paths, and the readers of the program on them.
+struct Machine : PictureFolder {
+    /// Writes the bytes into a file and gives its path.
+    std::string kept(const std::string& bytes) const { return keep("file", {bytes.begin(), bytes.end()}); }
+
+    Cp932 codePage;
+    FixedFacts facts;
+    IniReader settings{*this, codePage, facts};
+    PictureFiles pictures{*this};
+};
+
+const Machine& machine() {
+    static const Machine one;
+    return one;
+}
+
+std::string tookLine(std::string& rest) {
+    const std::string line = rest.substr(0, rest.find('\n'));
+    rest.erase(0, line.size() + 1);
+    return line;
+}
+
+/// The settings reader: section and key on the first two lines, the file behind them.
+void feedSettings(const std::string& bytes) {
+    constexpr std::size_t kLongestValue = 511;
+    std::string file = bytes;
+    const std::string section = tookLine(file);
+    const std::string key = tookLine(file);
+    const std::string value = machine().settings.GetPrivateProfileString(section, key, machine().kept(file));
+    require(value == toUtf8(toCharacters(value)), "a value is valid UTF-8");
+    // Counted in the file's bytes: one that is no character has become a longer one.
+    require(toCharacters(value).size() <= kLongestValue, "a value is cut");
+    require(value.find_first_of("\r\n") == std::string::npos, "a value is of one line");
+}
+
+/// Bytes in the code page and texts in UTF-8: each way back loses no more than the first way did.
+void feedCodePage(const std::string& bytes) {
+    const Cp932& codePage = machine().codePage;
+    const std::string text = codePage.decode(bytes);
+    require(toUtf8(toCharacters(text)) == text, "decoding gives valid UTF-8");
+    require(codePage.decode(codePage.encode(text)) == text, "what was decoded is held");
+    const std::string encoded = codePage.encode(bytes);
+    require(encoded.size() <= bytes.size() + 1 || toCharacters(bytes).size() * 2 >= encoded.size(),
+            "at most two bytes a character");
+    require(codePage.encode(codePage.decode(encoded)) == encoded, "what was encoded comes back");
+}
+
+class CheckedNotice : public NoWindows {
+public:
+    std::size_t showNotice(const Notice& notice) override {
+        constexpr std::size_t kFitsOnAScreen = 16'000;
+        require(isShowable(notice.text, "\n") && notice.text.size() < kFitsOnAScreen, "a notice can be shown");
+        return notice.escapeButton;
+    }
+};
+
+/// The message file, and a message of it shown with values that come from outside as well.
+void feedMessageTable(const std::string& bytes) {
+    const std::string path = machine().kept(bytes);
+    CheckedNotice windows;
+    TableMessages messages(
+        windows, machine(), machine().codePage, [&] { return path; }, [](const auto&, const auto&) {});
+    const MessageFile file = readMessages(machine().codePage.decode(bytes));
+    const auto lines = static_cast<std::size_t>(std::ranges::count(bytes, '\n')) + 1;
+    require(file.messages.size() + file.badLines.size() <= lines, "no more messages than lines");
+    for (const auto& [id, message] : file.messages) {
+        require(messages.ShowMessage(id, {Value(bytes), Value("%1\n%2")}), "every message of the file is shown");
+    }
+    require(messages.ShowMessage(bytes, {Value(bytes)}), "an unknown one is shown");
+    require(messages.ShowMessage("COS20001", {}) && messages.LastAnswer() == 1, "a question stays a question");
+}
+
+/// The help file: whatever stands in it, its text is shown or the failure has a text.
+void feedHelp(const std::string& bytes) {
+    const std::string path = machine().kept(bytes);
+    NoWindows windows;
+    HelpFile help(windows, machine(), machine().settings, [&] { return path; });
+    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "what is not shown is told");
+}
+
+void read(const std::string& path, const std::string& target) {
+    const PictureFiles& pictures = machine().pictures;
+    const PictureInfo info = pictures.info(path);
+    // Decoding of many claimed pixels is bounded, but would leave no time to look for faults.
+    constexpr std::int64_t kWorthTrying = 4'000'000;
+    if (std::int64_t{info.width} * info.height > kWorthTrying) {
+        return;
+    }
+    const auto picture = pictures.load(path, {64, 48});
+    picture->size(std::min(info.width, 64), std::min(info.height, 48));
+    picture->save(target, info.format, info.bits, 100);
+    static_cast<void>(pictures.load(target));
+}
+
+/// Any bytes are a picture or a failure with a text: header, decoding, sizing and saving.
+void feedPicture(const std::string& bytes) {
+    try {
+        read(machine().kept(bytes), machine().pathOf("saved"));
+    } catch (const RunTimeError& error) {
+        require(!error.description().empty(), "a failure has a text");
+    }
+}
+
+/// The server's answer to a company: the id in it goes into statements, file names and an argument as it stands.
+void feedServerAnswer(const std::string& bytes) {
+    const auto id = idInAnswer(bytes);
+    if (id) {
+        require(!id->empty() && id->size() <= 64, "an id has a length");
+        constexpr std::string_view kPlain = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+        require(id->find_first_not_of(kPlain) == std::string::npos, "an id leads nowhere");
+    }
+}
+
+std::string withoutQuotes(std::string sql) {
+    sql = folded(sql);
+    std::erase(sql, '"');
+    return sql;
+}
+
+/// A statement on its way into the engine: only names of calls change, and only by their quotes.
+void feedStatement(const std::string& bytes) {
+    const std::string once = quoteLeftCalls(bytes);
+    require(withoutQuotes(once) == withoutQuotes(bytes), "nothing but quotes changes");
+    require(quoteLeftCalls(once) == once, "a quoted call is quoted");
+}
+
+/// Dates as the pages hold them: what is read as a date is one, and reads the same in western years.
+void feedEraDate(const std::string& bytes) {
+    const EraCalendar calendar;
+    const auto date = calendar.dateOf(bytes);
+    if (!date) {
+        return;
+    }
+    const std::chrono::year_month_day day{std::chrono::year{date->year},
+                                          std::chrono::month{static_cast<unsigned>(date->month)},
+                                          std::chrono::day{static_cast<unsigned>(date->day)}};
+    require(day.ok() && date->year >= 100 && date->year <= 9999, "a date is on the calendar");
+    const auto again = calendar.dateOf(formatMoment(*date, "yyyy") + "年" + std::to_string(date->month) + "月" +
+                                       std::to_string(date->day) + "日");
+    require(again == date, "the same date in western years is the same date");
+}
+
+/// The whole system without a screen.
+class OfficeRun : public SystemTest {
+public:
+    void TestBody() override {}
+};
+
+std::unique_ptr<OfficeRun> theOffice;
+
+/// The office of a target, one for all of its inputs. There is one at a time; the last one goes before what it rests
+/// on.
+template <class Office>
+Office& officeOf() {
+    if (dynamic_cast<Office*>(theOffice.get()) == nullptr) {
+        theOffice.reset();
+        theOffice = std::make_unique<Office>();
+        std::atexit([] { theOffice.reset(); });
+    }
+    return static_cast<Office&>(*theOffice);
+}
+
+class Starts : public OfficeRun {
+public:
+    void runWith(const std::string& tail) {
+        start(tail);
+        require(!forms.forms().empty() || !shownIds().empty(), "a page or a message");
+        endRun();
+        require(store.open == 0, "no connection is left open");
+        require(everything() == companies_ && one(kCountTables) == tables_, "no company and no table is touched");
+        messages.shown.clear();
+        windows.calls.clear();
+        programs.commandLines.clear();
+        if (const std::string log = com().LogErrFile(); files.exists(log)) {
+            files.remove(log);
+        }
+    }
+
+private:
+    static constexpr const char* kCountTables = "select count(*) from sqlite_master";
+
+    std::vector<std::string> companies_ = everything();
+    std::string tables_ = one(kCountTables);
+};
+
+/// The argument string: a page is shown, or the operator told; the store's tables stand whatever the string holds.
+void feedArgument(const std::string& bytes) {
+    // Longer ones are only slower: the statement that they go into is refused all the same.
+    if (bytes.size() <= 4096) {
+        officeOf<Starts>().runWith(bytes);
+    }
+}
+
+class Searches : public OfficeRun {
+public:
+    Searches() {
+        start();
+        page<frm_CompInp0>().chk_EqualData.setValue(0);
+    }
+    void hear(const std::string& said) {
+        auto& form = page<frm_CompInp0>();
+        form.btm_SearchOfficeAddress.press();
+        const SiblingCalls calls{
+            .setText = [this](auto handle, const auto& text) { return siblings.setText(named(handle), text); },
+            .pressKey = [this](auto handle, int key) { return siblings.pressKey(named(handle), key); },
+            .gone = [] {}};
+        for (std::size_t at = 0; at < said.size() && siblings.listenedTo();) {
+            const std::string line = said.substr(at, said.find('\n', at) - at);
+            static_cast<void>(obey(line, calls));
+            at += line.size() + 1;
+        }
+        siblings.end();
+        require(form.enabled() && !siblings.listenedTo(), "the page is given back");
+        for (const TextInput* field : {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code}) {
+            require(isShowable(field->text()), "a field holds a text");
+        }
+        require(toCharacters(form.txt_Post_Code.text()).size() <= 8, "a post code keeps its length");
+        require(codePage.encode(form.txt_Address.text()).size() <= 120, "an address keeps its length");
+        require(shownIds().empty(), "nobody is told of a program's nonsense");
+        siblings.commandLines.clear();
+    }
+
+private:
+    static std::uint32_t named(std::uint32_t number) {
+        const auto& form = page<frm_CompInp0>();
+        const std::array<const Control*, 4> controls{&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code,
+                                                     &form.btm_SearchOfficeAddress};
+        return number >= 1 && number <= controls.size() ? controls[number - 1]->handle() : number;
+    }
+};
+
+/// What a search program says, line by line, to a page that waits for it. The handles of the fields are written as 1 to
+/// 3, that of the button as 4.
+void feedSibling(const std::string& bytes) { officeOf<Searches>().hear(bytes); }
+
+std::vector<std::string> pictureSeeds() {
+    std::vector<std::string> seeds;
+    for (const ByteVector& bytes :
+         {madeJpeg({.width = 33, .height = 17, .orientation = 6}),
+          madeJpeg({.width = 33, .height = 17, .progressive = true}),
+          madeJpeg({.width = 17, .height = 9, .input = JCS_CMYK, .stored = JCS_YCCK}), madeByQt("png", 9, 9),
+          madeByQt("bmp", 9, 9), madeRunLengthBmp(9, 9), madeGif(9, 9)}) {
+        seeds.emplace_back(bytes.begin(), bytes.end());
+    }
+    return seeds;
+}
+
+}  // namespace
+
+std::vector<FuzzTarget> fuzzTargets() {
+    return {
+        {"argument",
+         feedArgument,
+         {"000004601,1,0", "---------,1,1", "000004606,1,0", "000009999,0,0", " , ,", "a,1E2,-0.5,x",
+          "'; drop table TBL_LOCK; --,1,0", "x' or ''='',1,0", "\"000004601\",1,0", "ソ\xFF,１,0"}},
+        {"sibling",
+         feedSibling,
+         {"TEXT 1 530-0001\nTEXT 2 大阪府大阪市北区梅田１丁目\nTEXT 3 27127001001\nKEY 4 13\n",
+          "TEXT 2 \xFF\nTEXT 2 \x01\nTEXT 2\nKEY 4 256\nKEY 4 0", "TEXT 4294967296 x\nKEY 1 13\nkey 4 13\n \n\n",
+          "TEXT 2 " + std::string(4000, 'a') + "\nTEXT 3 " + std::string(4000, '1') + "\nKEY 4 13"}},
+        {"settings",
+         feedSettings,
+         {"PATH\nSYS\n[PATH]\r\nSYS=C:\\ORV\\SYS\r\n", "s\nk\n[ S ] ; x\n;k=1\n k = \" v \"\n[S]\nk=2",
+          "ゾーン\nソート\n[\x83\x5D\x81\x5B\x83\x93]\n\x83\x5C\x81\x5B\x83\x67=\x83\x5C",
+          "S\nK\n\xEF\xBB\xBF[S\rK='v\x81'\r", "S\nK\n[S]\nK=" + std::string(510, 'a') + "\x83\x5C",
+          "S\nK\n[S]\nK=" + std::string(511, '\xFF')}},
+        {"code_page",
+         feedCodePage,
+         {"\x83\x5C\x95\x5C \xB1\xB2\r\n", "\xFA\x40\xED\x40\x81\xCA\x87\x82", "\x80\xA0\xFD\xFE\xFF\x81\n\x85\x40",
+          "ソ表～－∥￢①Ⅱ㈱髙﨑", "\xF0\x9F\x8F\xA0 \xED\xA0\x80 \xC0\x80 \xF4\x90\x80\x80"}},
+        {"message_table",
+         feedMessageTable,
+         {"COS20001,INFO,OK,\x95\xDB\x91\xB6\\n%1\\\\%9\r\n; x\r\n\r\nX1 , ASK , YESNO , a,b\n",
+          "A,INFO,OK,\\n\\n\\n%1\\n\\n\\n%2\\", "A,WARN,OK,%1%1%1%0%a%", "A,INFO,OK," + std::string(5000, 'x'),
+          "0123456789abcdefg,ERROR,OK,x\nA,B,C\n,,,"}},
+        {"help",
+         feedHelp,
+         {"[IMG]\r\ncmd_Entry=0,\x8A\x6D\x92\xE8,\x89\xE6\x91\x9C\r\n", "[SSX]\ncmd_Entry=0,a,b\n[img]\nCMD_ENTRY=1,,",
+          "[IMG]\ncmd_Entry=\"0,\x81,\x81\"", "[IMG]\ncmd_Entry=0,a"}},
+        {"picture", feedPicture, pictureSeeds()},
+        {"server_answer",
+         feedServerAnswer,
+         {R"({"id": "000005001"})", R"({"id":"a'b","x":[{"id":1e999}]})", R"({"id":"../../../"})",
+          R"({"id":"\u0000\ud83c\udfe0"})", R"({"id":"\ud800"})", "\xEF\xBB\xBF{\"id\":\"\xC2\x80\"}",
+          std::string(500, '['), R"([{"id":"1"}])"}},
+        {"statement",
+         feedStatement,
+         {"select Left(A, 2), left /* ( */ -- (\n(B,1) from T where X = 'it''s Left(C, 2)'",
+          "select \"Left(A\", [left(B)], `Left(C)` left join U", "Left(Left(A, 3), 2)''Left(A,1)", "'left(", "[left(",
+          "/*left(", "--left("}},
+        {"era_date",
+         feedEraDate,
+         {"令和8年5月4日", "令和元年05月01日", "平成36年03月31日", "明治01年01月25日", "昭和9999年12月31日",
+          "49年2月29日", "2028年02月29日", "0年1月1日", "9999999999年1月1日"}},
+    };
+}
+
+}  // namespace orv::test
