@@ -7,10 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
-#include <ostream>
-#include <string>
-#include <utility>
 
 #include "adapters/store_terminal.h"
 #include "platform/run_time_error.h"

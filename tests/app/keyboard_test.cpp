@@ -1,44 +1,28 @@
-#include <algorithm>
-#include <array>
-#include <map>
-
 #include "support/window_test.h"
 
 namespace orv {
 namespace {
 
-/// The keys pressed at some controls. At all others the test only presses Tab.
-struct Doing {
-    std::string typed;
-    Qt::Key key = Qt::Key_unknown;
-};
-
-const std::map<std::string, Doing>& doings() {
-    static const std::map<std::string, Doing> all{
-        {"txt_Tanto_Name", {"架空　次郎", {}}},
-        {"txt_Mail_Address", {"desk@aozora.example.jp", {}}},
-        {"cbo_Get_License_Nengou", {"", Qt::Key_Up}},
-        {"txt_License_No_Go", {"654321", {}}},
-        {"chk_Koutori(3)", {"", Qt::Key_Space}},
-        {"txt_Day_Off", {"水曜日", {}}},
-        {"chk_Management_Type_Flg(1)", {"", Qt::Key_Space}},
-        {"chk_Business_Type_Flg(11)", {"", Qt::Key_Space}},
-    };
-    return all;
-}
-
 class Keyboard : public WindowTest {
 protected:
+    static void retype(const std::string& text) {
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(text);
+    }
+    /// Does something at some of the controls; at all others the keys only go on.
     static void doAt(const std::string& control) {
-        const auto found = doings().find(control);
-        if (found == doings().end()) {
-            return;
-        }
-        if (found->second.typed.empty()) {
-            press(found->second.key);
-        } else {
-            press(Qt::Key_A, Qt::ControlModifier);
-            type(found->second.typed);
+        static const std::map<std::string, std::function<void()>> doings{
+            {"txt_Tanto_Name", [] { retype("架空　次郎"); }},
+            {"txt_Mail_Address", [] { retype("desk@aozora.example.jp"); }},
+            {"cbo_Get_License_Nengou", [] { press(Qt::Key_Up); }},
+            {"txt_License_No_Go", [] { retype("654321"); }},
+            {"chk_Koutori(3)", [] { press(Qt::Key_Space); }},
+            {"txt_Day_Off", [] { retype("水曜日"); }},
+            {"chk_Management_Type_Flg(1)", [] { press(Qt::Key_Space); }},
+            {"chk_Business_Type_Flg(11)", [] { press(Qt::Key_Space); }},
+        };
+        if (const auto found = doings.find(control); found != doings.end()) {
+            found->second();
         }
     }
     /// Presses Tab from the first control to Save, does the work on the way, and returns the visited controls.

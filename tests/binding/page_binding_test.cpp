@@ -1,5 +1,3 @@
-#include <map>
-
 #include "binding/page_to_record.h"
 #include "binding/record_to_page.h"
 #include "support/fixture.h"

@@ -14,11 +14,9 @@ protected:
 /// A setting for each way of reading one.
 struct Setting {
     std::string (*read)();
-    const char* section;
-    const char* key;
-    /// The result for the value "12".
-    std::string present;
-    std::string ifEmpty;
+    const char *section, *key;
+    /// For the value "12".
+    std::string present, ifEmpty;
     std::string onFailure = {};
     const char* file = "C:\\ORV\\SYS\\system.ini";
 };
@@ -136,8 +134,7 @@ TEST_F(Settings, PropertiesOfTheSampleOffice) {
 /// Answers every operation with success, except the one that fails.
 class ScriptedRegistry : public Registry {
 public:
-    std::string failing;
-    std::string calls;
+    std::string failing, calls;
 
     std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
         key = 7;
@@ -172,19 +169,17 @@ TEST_F(Settings, TheRegistryIsOpenedUsedAndClosed) {
     ScriptedRegistry scripted;
     services().registry = &scripted;
     const std::string open = "open -2147483646 A\\B 1;";
-    const std::string create = "create -2147483646 A\\B 6;";
+    const std::string used = open + "query 7 K 1024;close 7;";
     struct Case {
         const char* failing;
         std::string calls, pair, value;
     };
     const std::string label = "[ P_GetRegQueryString ] ";
     for (const Case& row : {
-             Case{"", open + "query 7 K 1024;close 7;", "", "found"},
+             Case{"", used, "", "found"},
              Case{"open", open, label + "レジストリファイルをオープンできませんでした。EDLL50002", ""},
-             Case{"query", open + "query 7 K 1024;close 7;", label + "レジストリ内容を取得できませんでした。EDLL50003",
-                  ""},
-             Case{"close", open + "query 7 K 1024;close 7;",
-                  label + "レジストリファイルをクローズできませんでした。EDLL50004", "found"},
+             Case{"query", used, label + "レジストリ内容を取得できませんでした。EDLL50003", ""},
+             Case{"close", used, label + "レジストリファイルをクローズできませんでした。EDLL50004", "found"},
          }) {
         clearPair();
         scripted.calls.clear();
@@ -203,7 +198,7 @@ TEST_F(Settings, TheRegistryIsOpenedUsedAndClosed) {
         scripted.calls.clear();
         scripted.failing = failing;
         EXPECT_EQ(com().P_SetRegQueryString("A\\B", "K", "-2147483646", "値😀a", type), scripted.failing.empty());
-        EXPECT_EQ(scripted.calls, create + sent);
+        EXPECT_EQ(scripted.calls, "create -2147483646 A\\B 6;" + sent);
     }
     EXPECT_EQ(gErrMsg + gErrCode, "[ P_SetRegQueryString ] レジストリに値をセットできませんでした。EDLL50003");
     services().registry = &registry;

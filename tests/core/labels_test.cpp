@@ -1,7 +1,5 @@
 // Injects a failure into handlers that no other test covers. Each handler reports it under its own label.
 
-#include <functional>
-
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"
 #include "pages/handlers/comp_inp3_handlers.h"
@@ -17,10 +15,6 @@ constexpr const char* kNoMemory = "メモリが足りません。";
 using Labels = SystemTest;
 
 TEST_F(Labels, OfTheHandlers) {
-    struct Handler {
-        std::string label;
-        std::function<void()> run;
-    };
     start();
     auto& page0 = page<frm_CompInp0>();
     auto& page1 = page<frm_CompInp1>();
@@ -49,28 +43,28 @@ TEST_F(Labels, OfTheHandlers) {
     }
     page2.observe(breaks);
     page<frm_CompInp4>().lbl_TitleCompany.observe(breaks);
-    for (const Handler& handler : {
-             Handler{"[ CompInp0 chk_EqualData_Click ]", [&] { chk_EqualData_Click(page0); }},
-             Handler{"[ CompInp0 txt_Address_Code_Change ]", [&] { page0.txt_Address_Code.setText("99999"); }},
-             Handler{"[ CompInp0 cbo_User_Id_KeyDown ]", [&] { enterAt(page0.cbo_User_Id); }},
-             Handler{"[ CompInp0 chk_EqualData_KeyDown ]", [&] { enterAt(page0.chk_EqualData); }},
-             Handler{"[ CompInp1 cbo_License_No_KeyDown ]", [&] { enterAt(page1.cbo_License_No); }},
-             Handler{"[ CompInp2 cbo_pic_PhotoFile_KeyDown ]", [&] { enterAt(page2.cbo_pic_PhotoFile[1]); }},
-             Handler{"[ CompInp3 chk_Business_Type_Flg_KeyDown ]", [&] { enterAt(page3.chk_Business_Type_Flg[0]); }},
-             Handler{"[ CompInp1 chk_Koutori_Click ]", [&] { chk_Koutori_Click(page1, 2); }},
-             Handler{"[ CompInp1 chk_Dantai_Click ]", [&] { chk_Dantai_Click(page1, 1); }},
-             Handler{"[ CompInp1 cbo_Dantai_Name_Click ]", [&] { page1.cbo_Dantai_Name.setListIndex(0); }},
-             Handler{"[ CompInp1 txt_Other_Dantai_Name_Change ]", [&] { page1.txt_Other_Dantai_Name.setText("x"); }},
-             Handler{"[ CompInp0 txt_Post_Code_Validate ]", [&] { page0.txt_Post_Code.onValidate.raise(); }},
-             Handler{"[ CompInp0 txt_Pc_Post_Code_Validate ]", [&] { page0.txt_Pc_Post_Code.onValidate.raise(); }},
-             Handler{"[ CompInp0 btm_ChangePW_Click ]", [&] { btm_ChangePW_Click(page0); }},
-             Handler{"[ CompInp2 btn_SelectRail_KeyDown ]", [&] { pressEnter(page2.btn_SelectRail); }},
-             Handler{"[ CompInp2 btn_DelRail_Click ]", [&] { page2.btn_DelRail.onClick.raise(); }},
-             Handler{"[ CompInp3 chk_Management_Type_Flg_Click ]", [&] { chk_Management_Type_Flg_Click(page3, 0); }},
-             Handler{"[ CompInp3 chk_Business_Type_Flg_Click ]", [&] { chk_Business_Type_Flg_Click(page3, 0); }},
+    for (const auto& [label, run] : std::vector<std::pair<std::string, std::function<void()>>>{
+             {"[ CompInp0 chk_EqualData_Click ]", [&] { chk_EqualData_Click(page0); }},
+             {"[ CompInp0 txt_Address_Code_Change ]", [&] { page0.txt_Address_Code.setText("99999"); }},
+             {"[ CompInp0 cbo_User_Id_KeyDown ]", [&] { enterAt(page0.cbo_User_Id); }},
+             {"[ CompInp0 chk_EqualData_KeyDown ]", [&] { enterAt(page0.chk_EqualData); }},
+             {"[ CompInp1 cbo_License_No_KeyDown ]", [&] { enterAt(page1.cbo_License_No); }},
+             {"[ CompInp2 cbo_pic_PhotoFile_KeyDown ]", [&] { enterAt(page2.cbo_pic_PhotoFile[1]); }},
+             {"[ CompInp3 chk_Business_Type_Flg_KeyDown ]", [&] { enterAt(page3.chk_Business_Type_Flg[0]); }},
+             {"[ CompInp1 chk_Koutori_Click ]", [&] { chk_Koutori_Click(page1, 2); }},
+             {"[ CompInp1 chk_Dantai_Click ]", [&] { chk_Dantai_Click(page1, 1); }},
+             {"[ CompInp1 cbo_Dantai_Name_Click ]", [&] { page1.cbo_Dantai_Name.setListIndex(0); }},
+             {"[ CompInp1 txt_Other_Dantai_Name_Change ]", [&] { page1.txt_Other_Dantai_Name.setText("x"); }},
+             {"[ CompInp0 txt_Post_Code_Validate ]", [&] { page0.txt_Post_Code.onValidate.raise(); }},
+             {"[ CompInp0 txt_Pc_Post_Code_Validate ]", [&] { page0.txt_Pc_Post_Code.onValidate.raise(); }},
+             {"[ CompInp0 btm_ChangePW_Click ]", [&] { btm_ChangePW_Click(page0); }},
+             {"[ CompInp2 btn_SelectRail_KeyDown ]", [&] { pressEnter(page2.btn_SelectRail); }},
+             {"[ CompInp2 btn_DelRail_Click ]", [&] { page2.btn_DelRail.onClick.raise(); }},
+             {"[ CompInp3 chk_Management_Type_Flg_Click ]", [&] { chk_Management_Type_Flg_Click(page3, 0); }},
+             {"[ CompInp3 chk_Business_Type_Flg_Click ]", [&] { chk_Business_Type_Flg_Click(page3, 0); }},
          }) {
-        handler.run();
-        expectReported("7", handler.label + kNoMemory);
+        run();
+        expectReported("7", label + kNoMemory);
     }
     page0.observe(breaks);
     pressEnter(page0.btm_SearchOfficeAddress);

@@ -76,13 +76,11 @@ TEST_F(Confirmation, FollowsTheWindow) {
             int width, height, top, left;
             Box picture;
         };
-        for (const Case& row : {
-                 Case{{400, 300}, 380, 133, 231, 273, {101, 0, 177, 133}},
-                 Case{{20, 69}, 380, 133, 231, 273, {101, 0, 177, 133}},
-                 Case{{21, 166}, 1, 133, 97, 273, {0, 66, 1, 1}},
-                 Case{{127, 167}, 107, 0, 98, 0, {53, 0, 1, 1}},
-                 Case{{1000, 900}, 980, 733, 831, 873, {170, 126, 640, 480}},
-             }) {
+        for (const Case& row :
+             {Case{{400, 300}, 380, 133, 231, 273, {101, 0, 177, 133}},
+              Case{{20, 69}, 380, 133, 231, 273, {101, 0, 177, 133}}, Case{{21, 166}, 1, 133, 97, 273, {0, 66, 1, 1}},
+              Case{{127, 167}, 107, 0, 98, 0, {53, 0, 1, 1}},
+              Case{{1000, 900}, 980, 733, 831, 873, {170, 126, 640, 480}}}) {
             form.resize(row.size);
             for (const Control* control : std::initializer_list<const Control*>{
                      &form.pic_Info, &form.lbl_ImgCommonTitle, &form.lbl_BeforImg, &form.lbl_AfterImg}) {

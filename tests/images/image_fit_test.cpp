@@ -14,24 +14,16 @@ TEST_F(ImageFit, TheSideThatIsFurtherOutDecidesAndTheOtherFollows) {
         int width, height, limitWidth, limitHeight;
         std::string outcome;
     };
-    for (const Case& c : std::vector<Case>{
-             {640, 480, 640, 480, "copied"},
-             {641, 480, 640, 480, "640x479"},
-             {640, 481, 640, 480, "639x480"},
-             {1600, 1200, 640, 480, "640x480"},
-             {3000, 4000, 640, 480, "360x480"},
-             // A half is rounded to the even neighbour.
-             {200, 101, 100, 100, "100x50"},
-             {200, 103, 100, 100, "100x52"},
-             {800, 400, 65534, 32768, "copied"},
-             // The result has 16 bits, the product 32.
-             {70000, 10, 40000, 480, "6"},
-             {70000, 70000, 640, 40000, "640x640"},
-             {65535, 65535, 32768, 32767, "32767x32767"},
-             {101, 39000, 100, 40000, "6"},
-             {65536, 65536, 32768, 32768, "6"},
-             {65540, 65538, 32766, 32766, "32766x32765"},
-         }) {
+    for (const Case& c :
+         {Case{640, 480, 640, 480, "copied"}, Case{641, 480, 640, 480, "640x479"}, Case{640, 481, 640, 480, "639x480"},
+          Case{1600, 1200, 640, 480, "640x480"}, Case{3000, 4000, 640, 480, "360x480"},
+          // A half goes to the even neighbour.
+          Case{200, 101, 100, 100, "100x50"}, Case{200, 103, 100, 100, "100x52"},
+          Case{800, 400, 65534, 32768, "copied"},
+          // The result has 16 bits, the product 32.
+          Case{70000, 10, 40000, 480, "6"}, Case{70000, 70000, 640, 40000, "640x640"},
+          Case{65535, 65535, 32768, 32767, "32767x32767"}, Case{101, 39000, 100, 40000, "6"},
+          Case{65536, 65536, 32768, 32768, "6"}, Case{65540, 65538, 32766, 32766, "32766x32765"}}) {
         SCOPED_TRACE(std::to_string(c.width) + "x" + std::to_string(c.height) + " to " + c.outcome);
         picture(c.width, c.height);
         limits(std::to_string(c.limitWidth), std::to_string(c.limitHeight));
@@ -57,14 +49,9 @@ TEST_F(ImageFit, AThumbnailKeepsThePicturesProportions) {
         int width, height;
         Box box;
     };
-    for (const Case& c : {
-             Case{640, 480, {0, 0, 121, 91}},
-             Case{480, 640, {0, 0, 75, 100}},
-             Case{121, 100, {0, 0, 121, 100}},
-             Case{1000, 10, {0, 0, 121, 1}},
-             Case{10, 1000, {0, 0, 1, 100}},
-             Case{1, 1, {0, 0, 100, 100}},
-         }) {
+    for (const Case& c :
+         {Case{640, 480, {0, 0, 121, 91}}, Case{480, 640, {0, 0, 75, 100}}, Case{121, 100, {0, 0, 121, 100}},
+          Case{1000, 10, {0, 0, 121, 1}}, Case{10, 1000, {0, 0, 1, 100}}, Case{1, 1, {0, 0, 100, 100}}}) {
         picture(c.width, c.height);
         EXPECT_TRUE(PF_Thumbnail(slot, source));
         EXPECT_EQ(slot.dstRect(), c.box) << c.width << "x" << c.height;
@@ -80,18 +67,9 @@ TEST(FileSizeText, IsCutAtTheBordersAndRoundsAHalfUp) {
         double size;
         const char* text;
     };
-    for (const Case& c : {
-             Case{0, "0B"},
-             Case{1023, "1023B"},
-             Case{1024, "1.0KB"},
-             Case{1152, "1.13KB"},
-             Case{1536, "1.5KB"},
-             Case{1048575, "1024.0KB"},
-             Case{1048576, "1.0MB"},
-             Case{1073741823, "1024.0MB"},
-             Case{1073741824, "1.0GB"},
-             Case{1e15, "931322.57GB"},
-         }) {
+    for (const Case& c : {Case{0, "0B"}, Case{1023, "1023B"}, Case{1024, "1.0KB"}, Case{1152, "1.13KB"},
+                          Case{1536, "1.5KB"}, Case{1048575, "1024.0KB"}, Case{1048576, "1.0MB"},
+                          Case{1073741823, "1024.0MB"}, Case{1073741824, "1.0GB"}, Case{1e15, "931322.57GB"}}) {
         EXPECT_EQ(PF_GetFileSizeString(c.size), c.text);
     }
     EXPECT_EQ(gErrMsg, "");

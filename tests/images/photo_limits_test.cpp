@@ -1,6 +1,3 @@
-#include <algorithm>
-#include <cstdlib>
-
 #include "adapters/pictures/picture_files.h"
 #include "images/fitting_case.h"
 #include "images/quality_search.h"

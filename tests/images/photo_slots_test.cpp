@@ -16,7 +16,6 @@ protected:
         form.btm_PhotoSelect[slot].press();
     }
     void drop(std::size_t slot, const std::string& file) { form.pic_PhotoFile[slot].drop(file); }
-    /// Sets the operator's decision in the next confirmation dialog.
     void decide(const std::string& button, const std::function<void()>& meanwhile = {}) {
         windows.onModal("frm_ImgCommon", [button, meanwhile](Form& dialog) {
             if (meanwhile) {
@@ -205,8 +204,7 @@ TEST_F(PhotoSlotsTest, DeletingAsksAndEmptiesTheSlotButNoFile) {
 TEST_F(PhotoSlotsTest, ACompanyWithoutANumberHasNoPhotos) {
     leave();
     messages.shown.clear();
-    sql("update TBL_CUSTOMER_INFO set USER_ID = '---------' where USER_ID = '000004601'");
-    sql("update TBL_CUSTOMER_ADD set USER_ID = '---------' where USER_ID = '000004601'");
+    renumber(kCompany, kMarker);
     auto& marker = dynamic_cast<frm_CompInp2&>(startOn(2, "---------,1,0"));
     EXPECT_TRUE(marker.lbl_ImgMsg.visible());
     marker.btm_PhotoSelect[0].press();

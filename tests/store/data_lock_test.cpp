@@ -45,16 +45,11 @@ TEST_F(Lock, WhoHoldsACompany) {
         std::int16_t state;
         std::string holder;
     };
-    for (const Case& c : {
-             Case{"COS", "DESK01", kLockedHere, ""},
-             Case{"COS", "DESK02", kLockedElsewhere, "DESK02"},
-             Case{"COS", " DESK02 ", kLockedElsewhere, "DESK02"},
-             Case{"COS", "DESK01 ", kLockedElsewhere, "DESK01"},
-             Case{"COS", "desk01", kLockedElsewhere, "desk01"},
-             Case{"COX", "DESK02", kLockedElsewhere, "DESK02"},
-             Case{"CO", "DESK01", kLockedHere, ""},
-             Case{"CX", "DESK02", kNotLocked, ""},
-         }) {
+    for (const Case& c :
+         {Case{"COS", "DESK01", kLockedHere, ""}, Case{"COS", "DESK02", kLockedElsewhere, "DESK02"},
+          Case{"COS", " DESK02 ", kLockedElsewhere, "DESK02"}, Case{"COS", "DESK01 ", kLockedElsewhere, "DESK01"},
+          Case{"COS", "desk01", kLockedElsewhere, "desk01"}, Case{"COX", "DESK02", kLockedElsewhere, "DESK02"},
+          Case{"CO", "DESK01", kLockedHere, ""}, Case{"CX", "DESK02", kNotLocked, ""}}) {
         sql("delete from TBL_LOCK");
         lockFor("U", c.type, c.computer);
         EXPECT_EQ(check("U"), c.state) << c.type << c.computer;

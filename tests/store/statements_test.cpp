@@ -47,17 +47,13 @@ TEST_F(Statements, PutEachFieldIntoItsColumn) {
     tCustomerInfo.SEND_FLAG = true;
     fill("new ");
     EXPECT_TRUE(P_MakeInsertSQL_Info(insertInfo) && P_MakeInsertSQL_Add(insertAdd) && P_MakeInsertSQL_Date(insertDate));
-    run(insertInfo);
-    run(insertAdd);
-    run(insertDate);
+    for (const std::string& sql : {insertInfo, insertAdd, insertDate}) run(sql);
     expectStored("000004700", {{"INSERT_DATE", kNow}, {"SERVICE_FLG", std::string(50, '0')}, {"MAIL_FLG", "NULL"}});
     tCustomerInfo.SEND_FLAG = false;
     fill("changed ");
     EXPECT_TRUE(P_MakeUpdateSQL_Info(updateInfo, "000009999") && P_MakeUpdateSQL_Add(updateAdd, "000009999") &&
                 P_MakeUpdateSQL_Date(updateDate, "000009999"));
-    run(updateInfo);
-    run(updateAdd);
-    run(updateDate);
+    for (const std::string& sql : {updateInfo, updateAdd, updateDate}) run(sql);
     expectStored(
         "000009999",
         {{"INSERT_DATE", kNow}, {"UPDATE_DATE", kNow}, {"SERVICE_FLG", std::string(50, '0')}, {"MAIL_FLG", "NULL"}});

@@ -15,9 +15,7 @@ Entry unsure(int value) { return {Deed::Unsure, "100000001", {}, value, {}}; }
 struct Case {
     const char* what;
     std::vector<Entry> entries;
-    int stored;
-    int lost;
-    int raced;
+    int stored, lost, raced;
 };
 
 TEST(Audit, TellsLostUpdatesFromThoseThatTheLockAccepts) {
@@ -32,8 +30,7 @@ TEST(Audit, TellsLostUpdatesFromThoseThatTheLockAccepts) {
         {"the store has an unwritten count", {saved(1, 10, 0)}, 2, 1, 0},
         {"a failed save was written after all", {saved(1, 10, 0), unsure(2)}, 2, 0, 0},
         {"and built upon", {saved(1, 10, 0), unsure(2), saved(3, 40, 30)}, 3, 0, 0},
-        {"a failed save was not written", {saved(1, 10, 0), unsure(2), saved(2, 40, 30)}, 2, 0, 0},
-    };
+        {"a failed save was not written", {saved(1, 10, 0), unsure(2), saved(2, 40, 30)}, 2, 0, 0}};
     for (const Case& each : cases) {
         const Losses losses = audit(each.entries, {{"100000001", each.stored}});
         EXPECT_EQ(losses.lost, each.lost) << each.what;

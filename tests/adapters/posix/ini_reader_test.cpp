@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
 #include "adapters/posix/posix_facts.h"
 #include "adapters/posix/posix_files.h"
 #include "adapters/text/cp932.h"

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <map>
-#include <utility>
 
 #include "adapters/file_size_limit.h"
 #include "adapters/posix/native_file.h"
@@ -59,11 +58,6 @@ TEST_F(PosixFilesTest, ACopyIsPrivateUnlessItIsPublishedAndALogIsShared) {
         files.remove("C:\\D\\copy");
         files.remove("C:\\D\\log");
     }
-}
-
-TEST_F(PosixFilesTest, CopyToItselfIsHarmless) {
-    files.copy("C:\\D\\a.txt", "C:\\D\\A.TXT");
-    EXPECT_EQ(office.bytesOf("C/D/a.txt"), "alpha");
 }
 
 TEST_F(PosixFilesTest, CopyOfTheSameBytesWritesNothing) {

@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <thread>
-#include <utility>
 
 #include "temp_office.h"
 

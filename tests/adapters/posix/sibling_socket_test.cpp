@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <map>
 
@@ -220,8 +219,7 @@ TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
 
 TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut) {
     const std::string path = start();
-    // If the tests run as root, they also try another user. That user is rejected by the folder's mode, or without it
-    // by the peer's user id.
+    // Root comes as another user too: kept off by the folder, and without it by the name.
     for (const bool isOpen : {false, true}) {
         if (::geteuid() == 0) {
             ASSERT_EQ(::setresuid(-1, 65534, 0), 0);

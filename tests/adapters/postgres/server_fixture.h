@@ -24,7 +24,6 @@ ServerLimits butFor(Change change) {
     return limits;
 }
 
-/// Returns the server shared by the tests of this program. It ends with the program.
 inline PrivateServer& sharedServer() {
     static PrivateServer server;
     return server;

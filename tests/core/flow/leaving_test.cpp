@@ -1,24 +1,15 @@
 #include "core/flow/leaving.h"
 
-#include <algorithm>
-
 #include "support/fixture.h"
 
 namespace orv {
 namespace {
 
-/// Both ways out, from each page.
 class Leaving : public SystemTest, public testing::WithParamInterface<std::tuple<int, bool>> {
 protected:
     int page() const { return std::get<0>(GetParam()); }
     bool byButton() const { return std::get<1>(GetParam()); }
-    void out() {
-        if (byButton()) {
-            leave();
-        } else {
-            closeBox();
-        }
-    }
+    void out() { byButton() ? leave() : closeBox(); }
     std::string tag() const {
         return byButton() ? "[ CompInp" + std::to_string(page()) + " btm_Back_Menu_Click ]" : "[ Form_QueryUnload ]";
     }

@@ -25,8 +25,8 @@ protected:
     /// Returns the number of rows of the company in each table.
     std::string rowsOf(const std::string& userId) {
         std::string counts;
-        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-            counts += one(std::string("select count(*) from ") + table + " where USER_ID = '" + userId + "'");
+        for (const std::string table : kTables) {
+            counts += one("select count(*) from " + table + " where USER_ID = '" + userId + "'");
         }
         return counts;
     }
@@ -138,9 +138,7 @@ TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
     store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
     save();
     ASSERT_EQ(rowsOf(kMarker), "111");
-    for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-        sql(std::string("update ") + table + " set USER_ID = '000004700' where USER_ID = '---------'");
-    }
+    renumber(kMarker, "000004700");
     messages.shown.clear();
     store.fail(Call::Select, "SELECT COUNT(*)     FROM TBL_CUSTOMER_INFO");
     save();

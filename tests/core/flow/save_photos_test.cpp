@@ -126,8 +126,7 @@ TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
 
 TEST_F(SavePhotos, AWorkingCopyThatFailsLosesNoPhoto) {
     struct Case {
-        std::string refused;
-        std::string photo1, photo2;
+        std::string refused, photo1, photo2;
     };
     for (const Case& c : {Case{kWorking1, kStored1, kWorking2}, Case{kWorking2, kWorking1, kStored2}}) {
         turnTo(0);

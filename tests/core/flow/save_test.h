@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "support/fixture.h"
 
 namespace orv {

@@ -36,17 +36,12 @@ TEST_F(Start, AMalformedArgumentIsToldAndTheCallerComesBack) {
     };
     const std::string bounds = "[ COS main ]インデックスが有効範囲にありません。";
     const std::string type = "[ COS main ]型が一致しません。";
-    for (const Case& c : {
-             Case{"000004601", "000004601", bounds, "9"},
-             Case{"000004601,1", "000004601", bounds, "9"},
-             Case{"000004601,,0", "000004601", type, "13"},
-             Case{"000004601,x,0", "000004601", type, "13"},
-             Case{"000004601,1,１", "000004601", type, "13"},
-             Case{"000004601,1,0x1", "000004601", type, "13"},
-             Case{"\"000004601,1,0\"", "\"000004601", type, "13"},
-             Case{",,", "", type, "13"},
-             Case{std::string(100000, 'a'), std::string(100000, 'a'), bounds, "9"},
-         }) {
+    for (const Case& c :
+         {Case{"000004601", "000004601", bounds, "9"}, Case{"000004601,1", "000004601", bounds, "9"},
+          Case{"000004601,,0", "000004601", type, "13"}, Case{"000004601,x,0", "000004601", type, "13"},
+          Case{"000004601,1,１", "000004601", type, "13"}, Case{"000004601,1,0x1", "000004601", type, "13"},
+          Case{"\"000004601,1,0\"", "\"000004601", type, "13"}, Case{",,", "", type, "13"},
+          Case{std::string(100000, 'a'), std::string(100000, 'a'), bounds, "9"}}) {
         programs.commandLines.clear();
         start(c.tail);
         expectReported(c.code, c.text);

@@ -1,4 +1,3 @@
-#include <array>
 #include <regex>
 
 #include "pages/controls/page_set.h"
@@ -21,28 +20,20 @@ constexpr const char* kAllKinds = "5bC-ｱ５ｂＣ－ア漢";
 TEST_F(PageFields, TakeTheKindsOfCharactersThatTheyAreFor) {
     struct Case {
         int page;
-        const char* name;
-        const char* taken;
+        const char *name, *taken;
         const char* entered = kAllKinds;
     };
-    for (const Case& row : {
-             Case{0, "txt_User_Passwd", "5bC-", "5bC-ｱ漢"},
-             Case{0, "txt_Company_Name", "5bC-５ｂＣ－ア漢"},
-             // Half-width katakana become full width.
-             Case{0, "txt_Company_Kana", "ア５ｂＣ－ア"},
-             Case{0, "txt_Daihyo_Name_Kana", "ア５ｂＣ－ア"},
-             Case{0, "txt_Post_Code", "5-5-"},
-             Case{0, "txt_Address", kAllKinds},
-             Case{0, "txt_Pc_Address", "5bC-５ｂＣ－ア漢"},
-             Case{0, "txt_Address_number", "55"},
-             Case{0, "txt_Tel_No1", "03-1234(5678)", "03-1234(5678)a"},
-             Case{0, "txt_Mail_Address", "a.B-9@.jp", "a.B-9@ｱ例.jp "},
-             Case{1, "txt_License_No_Go", "55"},
-             Case{1, "txt_Other_Dantai_Name", kAllKinds},
-             Case{2, "txt_Walk_Minutes", "55"},
-             Case{2, "txt_Bus_Route", kAllKinds},
-             Case{2, "txt_Company_URL", "http://a-B.jp/~x?y=1", "http://a-B.jp/~x?y=1 漢"},
-         }) {
+    for (const Case& row :
+         {Case{0, "txt_User_Passwd", "5bC-", "5bC-ｱ漢"}, Case{0, "txt_Company_Name", "5bC-５ｂＣ－ア漢"},
+          // Half-width katakana arrive in full width.
+          Case{0, "txt_Company_Kana", "ア５ｂＣ－ア"}, Case{0, "txt_Daihyo_Name_Kana", "ア５ｂＣ－ア"},
+          Case{0, "txt_Post_Code", "5-5-"}, Case{0, "txt_Address", kAllKinds},
+          Case{0, "txt_Pc_Address", "5bC-５ｂＣ－ア漢"}, Case{0, "txt_Address_number", "55"},
+          Case{0, "txt_Tel_No1", "03-1234(5678)", "03-1234(5678)a"},
+          Case{0, "txt_Mail_Address", "a.B-9@.jp", "a.B-9@ｱ例.jp "}, Case{1, "txt_License_No_Go", "55"},
+          Case{1, "txt_Other_Dantai_Name", kAllKinds}, Case{2, "txt_Walk_Minutes", "55"},
+          Case{2, "txt_Bus_Route", kAllKinds},
+          Case{2, "txt_Company_URL", "http://a-B.jp/~x?y=1", "http://a-B.jp/~x?y=1 漢"}}) {
         auto& field = dynamic_cast<TextInput&>(*pageAt(row.page).find(row.name));
         EXPECT_EQ(field.typed("", row.entered, ""), row.taken) << row.name;
     }

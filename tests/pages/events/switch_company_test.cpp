@@ -1,7 +1,5 @@
 #include "pages/events/switch_company.h"
 
-#include <algorithm>
-
 #include "platform/machine/running_programs.h"
 #include "support/fixture.h"
 
@@ -87,9 +85,8 @@ struct Step {
     const char* part;
     int nth;
     const char* text;
-    bool back;
-    bool holdsOld, holdsNew;
-    /// A crashed run has left a lock on the new company.
+    bool back, holdsOld, holdsNew;
+    /// A run that died has left a lock on the new company.
     bool leftOver = false;
     /// The store throws, which no store should.
     bool raised = false;
@@ -99,17 +96,16 @@ struct Step {
 
 void breaks() { throw RunTimeError(Failure::OutOfMemory); }
 
-constexpr auto kSteps = std::to_array<Step>({
-    {"open", Call::Open, "", 1, "ストアの故障", true, true, false},
-    {"open, raised", Call::Open, "", 1, "cbo_User_Id_Click ]メモリが足りません。", true, true, false, false, true},
-    {"look", Call::Select, "select LOCAL_INFO", 1, "[ PF_DataLockCheck ] ストアの故障", true, true, false},
-    {"left over", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, true, true},
-    {"release", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, false},
-    {"clear", Call::Execute, "delete from TBL_LOCK", 2, "[ PF_DataLock ] ストアの故障", true, false, false},
-    {"take", Call::Execute, "insert into TBL_LOCK", 1, "[ PF_DataLock ] ストアの故障", true, false, false},
-    {"load", Call::Select, "LEFT JOIN", 1, "ストアの故障", false, false, true},
-    {"fill", Call::Select, "", 0, " ] メモリが足りません。", false, false, true, false, false, true},
-});
+constexpr auto kSteps = std::to_array<Step>(
+    {{"open", Call::Open, "", 1, "ストアの故障", true, true, false},
+     {"open, raised", Call::Open, "", 1, "cbo_User_Id_Click ]メモリが足りません。", true, true, false, false, true},
+     {"look", Call::Select, "select LOCAL_INFO", 1, "[ PF_DataLockCheck ] ストアの故障", true, true, false},
+     {"left over", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, true, true},
+     {"release", Call::Execute, "delete from TBL_LOCK", 1, "[ PF_DataUnlock ] ストアの故障", true, true, false},
+     {"clear", Call::Execute, "delete from TBL_LOCK", 2, "[ PF_DataLock ] ストアの故障", true, false, false},
+     {"take", Call::Execute, "insert into TBL_LOCK", 1, "[ PF_DataLock ] ストアの故障", true, false, false},
+     {"load", Call::Select, "LEFT JOIN", 1, "ストアの故障", false, false, true},
+     {"fill", Call::Select, "", 0, " ] メモリが足りません。", false, false, true, false, false, true}});
 
 /// Switches from each page, by the operator and by a save that gives a new company its number.
 class SwitchFrom : public Switch, public testing::WithParamInterface<std::tuple<int, bool>> {
@@ -118,11 +114,6 @@ protected:
     bool bySave() const { return std::get<1>(GetParam()); }
     std::string oldId() const { return bySave() ? kMarker : kCompany; }
     std::string newId() const { return bySave() ? "000004700" : kOther; }
-    void renumber(const std::string& from, const std::string& to) {
-        for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-            sql("update " + std::string(table) + " set USER_ID = '" + to + "' where USER_ID = '" + from + "'");
-        }
-    }
     void startThere() {
         if (bySave()) {
             renumber(kOther, kMarker);
@@ -141,15 +132,11 @@ protected:
         EXPECT_EQ(store.open, 0);
     }
     Texts held(bool old, bool fresh) const {
-        Texts rows;
-        if (old) {
-            rows.push_back(oldId() + " DESK01");
+        std::set<std::string> rows;
+        for (const auto& [isHeld, id] : {std::pair{old, oldId()}, {fresh, newId()}}) {
+            if (isHeld) rows.insert(id + " DESK01");
         }
-        if (fresh) {
-            rows.push_back(newId() + " DESK01");
-        }
-        std::sort(rows.begin(), rows.end());
-        return rows;
+        return {rows.begin(), rows.end()};
     }
 };
 

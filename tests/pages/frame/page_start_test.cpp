@@ -1,7 +1,5 @@
 #include "pages/frame/page_start.h"
 
-#include <algorithm>
-
 #include "pages/frame/change_page.h"
 #include "support/fixture.h"
 

@@ -67,9 +67,7 @@ TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
 
 TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
     struct Case {
-        const char* present;
-        const char* wanted;
-        const char* again;
+        const char *present, *wanted, *again;
         RecordedMessages::Shown shown;
         const char* focus;
     };

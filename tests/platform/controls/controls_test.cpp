@@ -51,9 +51,7 @@ TEST_F(InputRules, ClassesHoldWhatTheyAreNamedFor) {
 
 struct EntryRow {
     TextDesign design;
-    std::string kept;
-    std::string entered;
-    std::string admitted;
+    std::string kept, entered, admitted;
     std::string advice = {};
 };
 
@@ -132,29 +130,14 @@ TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
 TEST_F(Controls, ANumberIsShownAsItsFormatSays) {
     struct Case {
         Value number;
-        const char* format;
-        const char* shown;
+        const char *format, *shown;
     };
-    for (const Case& c : {
-             Case{0.0, "##.#;;", ""},
-             {5.0, "##.#;;", "5"},
-             {0.5, "##.#;;", ".5"},
-             {99.9, "##.#;;", "99.9"},
-             Case{{}, "##.#;;", ""},
-             {0.0, "#0.#;;;0", "0"},
-             {0.5, "#0.#;;;0", "0.5"},
-             {{}, "#0.#;;;0", "0"},
-             Case{2030, "####;;;", "2030"},
-             {{}, "####;;;", ""},
-             {12, "##", "12"},
-             {123, "##", "123"},
-             Case{-2, "#;;", "-2"},
-             {-2, "#;0.0;", "2.0"},
-             {0, "#;#;00", "00"},
-             {3, "000.0#", "003.0"},
-             Case{1.5, "", "1.5"},
-             {{}, "", ""},
-         }) {
+    for (const Case& c :
+         {Case{0.0, "##.#;;", ""}, Case{5.0, "##.#;;", "5"}, Case{0.5, "##.#;;", ".5"}, Case{99.9, "##.#;;", "99.9"},
+          Case{{}, "##.#;;", ""}, Case{0.0, "#0.#;;;0", "0"}, Case{0.5, "#0.#;;;0", "0.5"}, Case{{}, "#0.#;;;0", "0"},
+          Case{2030, "####;;;", "2030"}, Case{{}, "####;;;", ""}, Case{12, "##", "12"}, Case{123, "##", "123"},
+          Case{-2, "#;;", "-2"}, Case{-2, "#;0.0;", "2.0"}, Case{0, "#;#;00", "00"}, Case{3, "000.0#", "003.0"},
+          Case{1.5, "", "1.5"}, Case{{}, "", ""}}) {
         EXPECT_EQ(formatNumber(c.number, c.format), c.shown) << c.format;
     }
 }

@@ -21,9 +21,8 @@ TEST_F(TransportRules, AllowOneWayAndThatOneWhole) {
     struct Case {
         /// The filled fields, in groups with the same result.
         const char* filled;
-        /// The focused control and the message; both are empty if the check passes.
-        const char* focus;
-        const char* text;
+        /// The control that gets the focus, and the message; both empty: passes.
+        const char *focus, *text;
     };
     for (const Case& row : {
              Case{"LS LSw LSbrsf LSmd", "", ""},
@@ -54,11 +53,7 @@ TEST_F(TransportRules, AllowOneWayAndThatOneWhole) {
 
 TEST_F(TransportRules, TheCodesForNoneAreEmptied) {
     struct Case {
-        const char* line;
-        const char* station;
-        const char* lineAfter;
-        const char* stationAfter;
-        const char* text;
+        const char *line, *station, *lineAfter, *stationAfter, *text;
     };
     for (const Case& row : {
              Case{"409999", "999", "", "", "沿線・駅が選択されておりません。"},
@@ -83,8 +78,7 @@ using AccessRules = RulesTest;
 
 TEST_F(AccessRules, AddressAndLinkNameGoTogether) {
     struct Case {
-        const char* url;
-        const char* name;
+        const char *url, *name;
         std::int32_t answer;
         /// The message; empty if the check passes.
         const char* text;

@@ -12,7 +12,6 @@ using R = CompanyRecord;
 class CompanyRules : public RulesTest {
 protected:
     CompanyRules() { gAddressByMaster = true; }
-    /// True if a value of the field passes.
     bool takes(TextField field, const std::string& value) {
         const std::string before = std::exchange(tCustomerInfo.*field, value);
         const bool result = passes(PF_CheckFrmCompInp0Data);

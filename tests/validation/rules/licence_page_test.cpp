@@ -6,9 +6,8 @@ namespace {
 
 struct Prefecture {
     const char* name;
-    /// The council required if the association's name contains the prefecture, and if the licence does; 0 is none.
-    std::size_t byAssociation;
-    std::size_t byLicence;
+    /// The council asked for when the association's name holds it, and when the licence does; 0: none.
+    std::size_t byAssociation, byLicence;
 };
 
 /// In the official order.
@@ -85,23 +84,15 @@ using LicenceRules = RulesTest;
 TEST_F(LicenceRules, LookAtTheExpiryDate) {
     enum Result { Good, Expired, Unreadable };
     struct Case {
-        const char* era;
-        const char* year;
-        const char* month;
-        const char* day;
+        const char *era, *year, *month, *day;
         Result result;
     };
-    for (const Case& row : {
-             Case{"令和", "8", "5", "4", Good},
-             {"令和", "8", "5", "3", Expired},
-             {"平成", "38", "5", "3", Expired},
-             {"西暦", "26", "5", "4", Good},
-             {"西暦", " 2026 ", " 5 ", " 4 ", Good},
-             {"西暦", "2027", "2", "29", Unreadable},
-             {"西暦", "20x7", "1", "1", Unreadable},
-             {"西暦", "99999999999999999999", "1", "1", Unreadable},
-             {"令和", "1", "4", "30", Unreadable},
-         }) {
+    for (const Case& row :
+         {Case{"令和", "8", "5", "4", Good}, Case{"令和", "8", "5", "3", Expired},
+          Case{"平成", "38", "5", "3", Expired}, Case{"西暦", "26", "5", "4", Good},
+          Case{"西暦", " 2026 ", " 5 ", " 4 ", Good}, Case{"西暦", "2027", "2", "29", Unreadable},
+          Case{"西暦", "20x7", "1", "1", Unreadable}, Case{"西暦", "99999999999999999999", "1", "1", Unreadable},
+          Case{"令和", "1", "4", "30", Unreadable}}) {
         SCOPED_TRACE(std::string(row.era) + row.year + "/" + row.month + "/" + row.day);
         tCustomerInfo.VALID_LICENSE_NENGOU = row.era;
         tCustomerInfo.VALID_LICENSE_DATE_YEAR = row.year;

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <ranges>
 
 #include "support/fixture.h"
@@ -8,7 +7,6 @@ namespace {
 
 using R = CompanyRecord;
 
-/// A value that the string service rejects.
 constexpr const char* kBad = "😀";
 
 /// A value that breaks a rule, and the resulting text. Empty for the text of the string service.

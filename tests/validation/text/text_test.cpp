@@ -57,8 +57,7 @@ TEST_F(TextBytes, CutsFromEitherEnd) {
     struct Case {
         const char* text;
         int count;
-        const char* left;
-        const char* right;
+        const char *left, *right;
     };
     for (const Case& row : {Case{"abc", 2, "ab", "bc"}, Case{"亜a亜", 3, "亜a", "a亜"}, Case{"亜", 0, "", ""},
                             Case{"亜", -1, "", ""}, Case{"亜", 99, "亜", "亜"}, Case{"", 1, "", ""}}) {
