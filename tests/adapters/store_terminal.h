@@ -39,9 +39,7 @@ public:
     std::vector<std::string> list(const std::string& sql) {
         std::vector<std::string> items;
         EXPECT_TRUE(select(sql)) << service_.DbError().text;
-        for (; rs != nullptr && !rs->Eof(); rs->MoveNext()) {
-            items.push_back(toText(rs->Fields(0)));
-        }
+        for (; rs != nullptr && !rs->Eof(); rs->MoveNext()) items.push_back(toText(rs->Fields(0)));
         return items;
     }
 

@@ -21,9 +21,7 @@ protected:
             {"chk_Management_Type_Flg(1)", [] { press(Qt::Key_Space); }},
             {"chk_Business_Type_Flg(11)", [] { press(Qt::Key_Space); }},
         };
-        if (const auto found = doings.find(control); found != doings.end()) {
-            found->second();
-        }
+        if (const auto found = doings.find(control); found != doings.end()) found->second();
     }
     /// Presses Tab from the first control to Save, does the work on the way, and returns the visited controls.
     std::vector<std::string> goThrough() {
@@ -41,9 +39,7 @@ protected:
                                             "chk_Management_Type_Flg(0)", "btm_ChangePage(4)"};
         std::vector<std::string> names;
         for (const Control* control : screen().tabOrder()) {
-            if (control->focusable()) {
-                names.push_back(control->objectName());
-            }
+            if (control->focusable()) names.push_back(control->objectName());
         }
         const std::string start = kStarts.at(static_cast<std::size_t>(screen().number));
         std::rotate(names.begin(), std::find(names.begin(), names.end(), start), names.end());
@@ -66,9 +62,7 @@ TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
         ASSERT_EQ(screen().number, number);
         EXPECT_EQ(goThrough(), standing()) << number;
         expectSpoken();
-        if (number + 1 < kPageCount) {
-            press(Qt::Key_PageDown, Qt::ControlModifier);
-        }
+        if (number + 1 < kPageCount) press(Qt::Key_PageDown, Qt::ControlModifier);
     }
     EXPECT_EQ(focused(), "btm_Save");
     press(Qt::Key_Return);

@@ -157,9 +157,7 @@ public:
 private:
     std::int32_t answer(const std::string& operation, const Values& values) {
         calls += operation;
-        for (const Value& value : values) {
-            calls += " " + toText(value);
-        }
+        for (const Value& value : values) calls += " " + toText(value);
         calls += ";";
         return operation == failing ? 5 : 0;
     }

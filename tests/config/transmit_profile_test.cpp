@@ -48,34 +48,22 @@ TEST_F(TransmitProfile, EachColumnGoesIntoItsFieldAndANullIsItsDefault) {
     std::int16_t number = 70;
     std::string all = "DataMax = 70000";
     for (const auto* columns : {&texts, &folders}) {
-        for (const auto& [column, field] : *columns) {
-            all += ", " + column + " = 'of " + column + "'";
-        }
+        for (const auto& [column, field] : *columns) all += ", " + column + " = 'of " + column + "'";
     }
-    for (const auto& [column, field] : numbers) {
-        all += ", " + column + " = " + std::to_string(++number);
-    }
+    for (const auto& [column, field] : numbers) all += ", " + column + " = " + std::to_string(++number);
     put(all);
     load(1);
-    for (const auto& [column, field] : texts) {
-        EXPECT_EQ(info.*field, "of " + column);
-    }
-    for (const auto& [column, field] : folders) {
-        EXPECT_EQ(info.*field, "of " + column + "/");
-    }
+    for (const auto& [column, field] : texts) EXPECT_EQ(info.*field, "of " + column);
+    for (const auto& [column, field] : folders) EXPECT_EQ(info.*field, "of " + column + "/");
     number = 70;
-    for (const auto& [column, field] : numbers) {
-        EXPECT_EQ(info.*field, ++number) << column;
-    }
+    for (const auto& [column, field] : numbers) EXPECT_EQ(info.*field, ++number) << column;
     EXPECT_EQ(info.DataMax, 70000);
 
     for (const std::int16_t other : std::array<std::int16_t, 2>{2, 3}) {  // nulls, and a missing profile
         load(1);
         load(other);
         for (const auto* columns : {&texts, &folders}) {
-            for (const auto& [column, field] : *columns) {
-                EXPECT_EQ(info.*field, "") << column;
-            }
+            for (const auto& [column, field] : *columns) EXPECT_EQ(info.*field, "") << column;
         }
         for (const auto& [column, field] : numbers) {
             EXPECT_EQ(info.*field, oneByDefault.contains(column) ? 1 : 0) << column;

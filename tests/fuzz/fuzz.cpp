@@ -10,9 +10,7 @@ orv::test::FuzzTarget chosen() {
     const char* name = std::getenv("ORV_FUZZ_TARGET");
     const auto targets = orv::test::fuzzTargets();
     const auto found = std::ranges::find(targets, name == nullptr ? "" : name, &orv::test::FuzzTarget::name);
-    if (found == targets.end()) {
-        std::exit(2);
-    }
+    if (found == targets.end()) std::exit(2);
     return *found;
 }
 

@@ -23,9 +23,7 @@ std::vector<FuzzTarget> fuzzTargets();
 
 /// Checks a property that must hold for any input. Do not use inside the system's trap.
 inline void require(bool holds, const char* what) {
-    if (!holds) {
-        throw std::logic_error(what);
-    }
+    if (!holds) throw std::logic_error(what);
 }
 
 /// True for valid UTF-8 without control characters, except those given.

@@ -99,9 +99,7 @@ void read(const std::string& path, const std::string& target) {
     const PictureInfo info = pictures.info(path);
     // Decoding of many claimed pixels is bounded, but would leave no time to look for faults.
     constexpr std::int64_t kWorthTrying = 4'000'000;
-    if (std::int64_t{info.width} * info.height > kWorthTrying) {
-        return;
-    }
+    if (std::int64_t{info.width} * info.height > kWorthTrying) return;
     const auto picture = pictures.load(path, {64, 48});
     picture->size(std::min(info.width, 64), std::min(info.height, 48));
     picture->save(target, info.format, info.bits, 100);
@@ -144,9 +142,7 @@ void feedStatement(const std::string& bytes) {
 void feedEraDate(const std::string& bytes) {
     const EraCalendar calendar;
     const auto date = calendar.dateOf(bytes);
-    if (!date) {
-        return;
-    }
+    if (!date) return;
     const std::chrono::year_month_day day{std::chrono::year{date->year},
                                           std::chrono::month{static_cast<unsigned>(date->month)},
                                           std::chrono::day{static_cast<unsigned>(date->day)}};
@@ -187,9 +183,7 @@ public:
         messages.shown.clear();
         windows.calls.clear();
         programs.commandLines.clear();
-        if (const std::string log = com().LogErrFile(); files.exists(log)) {
-            files.remove(log);
-        }
+        if (const std::string log = com().LogErrFile(); files.exists(log)) files.remove(log);
     }
 
 private:
@@ -202,9 +196,7 @@ private:
 /// The argument string: a page is shown, or the operator told; the store's tables stand whatever the string holds.
 void feedArgument(const std::string& bytes) {
     // Longer ones are only slower: the statement that they go into is refused all the same.
-    if (bytes.size() <= 4096) {
-        officeOf<Starts>().runWith(bytes);
-    }
+    if (bytes.size() <= 4096) officeOf<Starts>().runWith(bytes);
 }
 
 class Searches : public OfficeRun {

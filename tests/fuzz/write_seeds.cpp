@@ -3,9 +3,7 @@
 #include "support/temp_folder.h"
 
 int main(int argc, char* argv[]) {
-    if (argc != 2) {
-        return 2;
-    }
+    if (argc != 2) return 2;
     for (const auto& target : orv::test::fuzzTargets()) {
         const auto folder = std::filesystem::path(argv[1]) / target.name;
         std::filesystem::create_directories(folder);

@@ -18,9 +18,7 @@ protected:
     void drop(std::size_t slot, const std::string& file) { form.pic_PhotoFile[slot].drop(file); }
     void decide(const std::string& button, const std::function<void()>& meanwhile = {}) {
         windows.onModal("frm_ImgCommon", [button, meanwhile](Form& dialog) {
-            if (meanwhile) {
-                meanwhile();
-            }
+            if (meanwhile) meanwhile();
             dynamic_cast<Button&>(*dialog.find(button)).press();
         });
     }

@@ -51,9 +51,7 @@ protected:
     std::vector<std::string> names() const {
         std::vector<std::string> all;
         for (const auto& [name, bytes] : folder.contents()) {
-            if (name != "in" && name != "out" && name != "err") {
-                all.push_back(name);
-            }
+            if (name != "in" && name != "out" && name != "err") all.push_back(name);
         }
         return all;
     }

@@ -99,9 +99,7 @@ private:
 
     void note(const std::string& sql) {
         statements.push_back(sql);
-        if (watch) {
-            watch(sql);
-        }
+        if (watch) watch(sql);
     }
     bool hit(Call call, const std::string& text) {
         bool failing = false;
@@ -111,9 +109,7 @@ private:
                 failing = failing || fault.nth == 0 || (fault.nth < 0 && fault.again);
             }
         }
-        if (failing && raised) {
-            throw RunTimeError(*raised);
-        }
+        if (failing && raised) throw RunTimeError(*raised);
         injected_ = injected_ || failing;
         told_ = failing ? failure() : told_;
         return failing;
@@ -183,9 +179,7 @@ public:
                                         const std::string& file) const override {
         lastFile = file;
         const auto value = values_.find(folded(section + "=" + key));
-        if (value == values_.end()) {
-            return real_.GetPrivateProfileString(section, key, file);
-        }
+        if (value == values_.end()) return real_.GetPrivateProfileString(section, key, file);
         return value->second ? *value->second : throw RunTimeError(Failure::DeviceIo);
     }
 

@@ -78,9 +78,7 @@ public:
     }
     void repaint() override {
         ++repaints;
-        if (onRepaint) {
-            onRepaint();
-        }
+        if (onRepaint) onRepaint();
     }
     std::optional<std::string> openFile(const FileQuestion& question) override {
         questions.push_back(question);
@@ -97,9 +95,7 @@ private:
     }
     void record(const std::string& what, const Form& form) {
         calls.push_back(what + " " + form.name());
-        if (what == broken) {
-            throw RunTimeError(Failure::OutOfMemory);
-        }
+        if (what == broken) throw RunTimeError(Failure::OutOfMemory);
     }
 
     std::deque<std::optional<std::string>> picks_;

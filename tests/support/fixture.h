@@ -110,9 +110,7 @@ protected:
     PageForm& startOn(int page, const std::string& tail = "000004601,1,0") {
         messages.shown.clear();
         start(tail);
-        if (page != 0) {
-            turnTo(page);
-        }
+        if (page != 0) turnTo(page);
         EXPECT_EQ(shownIds(), Texts{});
         return screen();
     }
@@ -186,9 +184,7 @@ protected:
     }
     Texts shownIds() const {
         Texts ids;
-        for (const auto& shown : messages.shown) {
-            ids.push_back(shown.id);
-        }
+        for (const auto& shown : messages.shown) ids.push_back(shown.id);
         return ids;
     }
     /// Expects exactly this one message since the last check, with these values.

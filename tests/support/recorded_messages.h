@@ -29,17 +29,13 @@ public:
     FailureRecord ErrorInfo() const override { return refusal.value_or(FailureRecord{}); }
     std::int32_t LastAnswer() const override { return lastAnswer_; }
     bool ShowMessage(const std::string& id, const Values& args) override {
-        if (failure) {
-            throw RunTimeError(*failure);
-        }
+        if (failure) throw RunTimeError(*failure);
         if (refusal) {
             lastAnswer_ = 1;
             return false;
         }
         shown.push_back({id, args});
-        if (onShow) {
-            onShow();
-        }
+        if (onShow) onShow();
         lastAnswer_ = 0;
         if (!answers.empty()) {
             lastAnswer_ = answers.front();

@@ -83,9 +83,7 @@ struct PictureScript {
     std::vector<int> factors;
 
     void failIfBroken(const std::string& operation) const {
-        if (broken.contains(operation)) {
-            throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
-        }
+        if (broken.contains(operation)) throw RunTimeError(Failure::DeviceIo, "画像ではありません。");
     }
 };
 

@@ -19,9 +19,7 @@ public:
     std::optional<Failure> failure;
 
     void start(const std::string& commandLine) override {
-        if (failure) {
-            throw RunTimeError(*failure);
-        }
+        if (failure) throw RunTimeError(*failure);
         commandLines.push_back(commandLine);
     }
 };
@@ -33,9 +31,7 @@ public:
     std::optional<Failure> failure;
 
     void start(const std::string& commandLine, SiblingCalls calls) override {
-        if (failure) {
-            throw RunTimeError(*failure);
-        }
+        if (failure) throw RunTimeError(*failure);
         commandLines.push_back(commandLine);
         calls_ = std::move(calls);
     }
@@ -53,9 +49,7 @@ public:
         return calls && calls->pressKey(handle, key);
     }
     void end() {
-        if (const auto calls = std::exchange(calls_, std::nullopt)) {
-            calls->gone();
-        }
+        if (const auto calls = std::exchange(calls_, std::nullopt)) calls->gone();
     }
 
 private:
@@ -83,9 +77,7 @@ public:
     }
     void SendCompany(const std::string& userId, std::string& id, bool& ok) override {
         script_.sent.push_back(userId);
-        if (script_.meanwhile) {
-            script_.meanwhile();
-        }
+        if (script_.meanwhile) script_.meanwhile();
         id = script_.id;
         ok = script_.takes;
     }

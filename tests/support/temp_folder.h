@@ -24,9 +24,7 @@ class TempFolder {
 public:
     TempFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "orv-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr || ::chmod(pattern.c_str(), 0755) != 0) {
-            std::abort();
-        }
+        if (::mkdtemp(pattern.data()) == nullptr || ::chmod(pattern.c_str(), 0755) != 0) std::abort();
         path_ = pattern;
     }
     TempFolder(const TempFolder&) = delete;

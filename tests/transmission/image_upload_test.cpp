@@ -22,9 +22,7 @@ protected:
     }
     Names filesSent() const {
         Names names;
-        for (const HttpScript::Sent& sent : http.sent) {
-            names.push_back(sent.file);
-        }
+        for (const HttpScript::Sent& sent : http.sent) names.push_back(sent.file);
         return names;
     }
 };

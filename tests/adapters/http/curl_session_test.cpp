@@ -61,9 +61,7 @@ TEST(CurlSession, TheNameAtTheEndOfAUrlIsEncodedAndNothingElse) {
         {"http://h/a%20b/~x", "http://h/a%20b/~x"},
         {"http://h:80", "http://h:80"},
     };
-    for (const auto& [url, encoded] : cases) {
-        EXPECT_EQ(withEncodedName(url), encoded);
-    }
+    for (const auto& [url, encoded] : cases) EXPECT_EQ(withEncodedName(url), encoded);
 }
 
 TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {

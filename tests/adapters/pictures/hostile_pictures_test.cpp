@@ -66,9 +66,7 @@ ByteVector withManyPasses(ByteVector jpeg) {
     const ByteVector scanMark{0xFF, 0xDA};
     const auto lastScan = std::find_end(jpeg.begin(), jpeg.end(), scanMark.begin(), scanMark.end()) - jpeg.begin();
     const ByteVector scan(jpeg.begin() + lastScan, jpeg.end() - 2);
-    for (int i = 0; i < 7000; ++i) {
-        jpeg.insert(jpeg.end() - 2, scan.begin(), scan.end());
-    }
+    for (int i = 0; i < 7000; ++i) jpeg.insert(jpeg.end() - 2, scan.begin(), scan.end());
     return jpeg;
 }
 

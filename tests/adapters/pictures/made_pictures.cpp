@@ -25,9 +25,7 @@ void appendInput(const JpegRecipe& recipe, std::uint32_t colour, ByteVector& row
     for (const int shift : recipe.input == JCS_GRAYSCALE ? std::vector{8} : std::vector{16, 8, 0}) {
         row.push_back(static_cast<std::uint8_t>((turn ? ~colour : colour) >> shift));
     }
-    if (recipe.input == JCS_CMYK) {
-        row.push_back(turn ? 0 : 255);
-    }
+    if (recipe.input == JCS_CMYK) row.push_back(turn ? 0 : 255);
 }
 
 ByteVector exifSegment(int orientation, bool highFirst) {
@@ -49,9 +47,7 @@ void setUp(jpeg_compress_struct& jpeg, const JpegRecipe& recipe) {
     jpeg_set_colorspace(&jpeg, recipe.stored);
     jpeg_set_quality(&jpeg, 95, TRUE);
     jpeg.write_Adobe_marker = recipe.adobe ? jpeg.write_Adobe_marker : FALSE;
-    if (recipe.progressive) {
-        jpeg_simple_progression(&jpeg);
-    }
+    if (recipe.progressive) jpeg_simple_progression(&jpeg);
 }
 
 }  // namespace
@@ -84,9 +80,7 @@ ByteVector changed(ByteVector bytes, std::size_t at, const ByteVector& to) {
 ByteVector withTiffNumber(const ByteVector& tiff, std::uint8_t tag, std::uint8_t newTag, int value) {
     const ByteVector entry{tag, 1, 3, 0, 1, 0, 0, 0};
     const auto at = std::search(tiff.begin(), tiff.end(), entry.begin(), entry.end());
-    if (at == tiff.end()) {
-        throw std::runtime_error("no such entry");
-    }
+    if (at == tiff.end()) throw std::runtime_error("no such entry");
     return changed(
         tiff, static_cast<std::size_t>(at - tiff.begin()),
         {newTag, 1, 3, 0, 1, 0, 0, 0, static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8)});
@@ -124,9 +118,7 @@ ByteVector madeJpeg(const JpegRecipe& recipe) {
 QImage madeImage(int width, int height) {
     QImage image(width, height, QImage::Format_RGB32);
     for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            image.setPixel(x, y, colourAt(x, y, width, height));
-        }
+        for (int x = 0; x < width; ++x) image.setPixel(x, y, colourAt(x, y, width, height));
     }
     return image;
 }
@@ -135,9 +127,7 @@ ByteVector madeByQt(const char* format, int width, int height) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!madeImage(width, height).save(&buffer, format)) {
-        throw std::runtime_error(format);
-    }
+    if (!madeImage(width, height).save(&buffer, format)) throw std::runtime_error(format);
     return {bytes.begin(), bytes.end()};
 }
 

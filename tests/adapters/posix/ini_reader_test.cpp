@@ -48,9 +48,7 @@ TEST_F(IniReaderTest, ReadsAsItsFormatSays) {
         {"[S]\nK=\xB1\xB2\x81", "ｱｲ・"},
         {"[\n[]\n[[\n]\n=\n", ""},
     };
-    for (const auto& [bytes, expected] : cases) {
-        EXPECT_EQ(read(bytes, "S", "K"), expected) << bytes;
-    }
+    for (const auto& [bytes, expected] : cases) EXPECT_EQ(read(bytes, "S", "K"), expected) << bytes;
 }
 
 TEST_F(IniReaderTest, CutsAt511BytesBetweenCharacters) {

@@ -43,9 +43,7 @@ TEST(ChooseAddress, TakesTheOneThatOthersReach) {
         {{linkOnly, v6}, v6.text},
         {{linkOnly}, linkOnly.text},
     };
-    for (const auto& [addresses, expected] : cases) {
-        EXPECT_EQ(chooseAddress(addresses), expected);
-    }
+    for (const auto& [addresses, expected] : cases) EXPECT_EQ(chooseAddress(addresses), expected);
 }
 
 TEST(InstallPaths, FindsTheNativePlace) {
@@ -84,9 +82,7 @@ TEST(InstallPaths, MapsBack) {
         {"/office/CD/x", "/office/CD/x"},
         {"/office2/C/x", "/office2/C/x"},
     };
-    for (const auto& [native, expected] : cases) {
-        EXPECT_EQ(paths.toSystem(native), expected);
-    }
+    for (const auto& [native, expected] : cases) EXPECT_EQ(paths.toSystem(native), expected);
 }
 
 }  // namespace

@@ -25,9 +25,7 @@ protected:
     /// Waits for the started program's output and returns it.
     std::string output() const {
         using namespace std::chrono_literals;
-        for (int tries = 0; tries < 18000 && !office.has("out"); ++tries) {
-            std::this_thread::sleep_for(10ms);
-        }
+        for (int tries = 0; tries < 18000 && !office.has("out"); ++tries) std::this_thread::sleep_for(10ms);
         const std::string bytes = office.bytesOf("out");
         std::filesystem::remove(office.root() + "/out");
         return bytes;

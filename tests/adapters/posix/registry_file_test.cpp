@@ -60,9 +60,7 @@ TEST_F(RegistryFileTest, FindsValues) {
     const std::map<std::string, std::string> values{{"InstallKey", "=C:\\ORV"}, {"Quoted", "= a "},
                                                     {"名前", "=Ｃ店"},          {"Twice", "=1"},
                                                     {"", "=default"},           {"Absent", "2"}};
-    for (const auto& [name, expected] : values) {
-        EXPECT_EQ(query(orv, name), expected) << name;
-    }
+    for (const auto& [name, expected] : values) EXPECT_EQ(query(orv, name), expected) << name;
     EXPECT_EQ(query("software\\zentha\\orv\\", "INSTALLKEY"), "=C:\\ORV");
     EXPECT_EQ(query("SOFTWARE\\ZENTHA", "InstallKey"), "2");
     EXPECT_EQ(query(orv, "InstallKey", kUser), "2");

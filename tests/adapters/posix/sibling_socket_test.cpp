@@ -36,18 +36,14 @@ public:
     }
     /// Runs enough rounds for every pending event to arrive.
     void settle() {
-        for (int i = 0; i < 50; ++i) {
-            turn();
-        }
+        for (int i = 0; i < 50; ++i) turn();
     }
 
 private:
     void turn() {
         for (const auto& [descriptor, readable] : readable_) {
             pollfd look{descriptor, POLLIN, 0};
-            if (::poll(&look, 1, 1) > 0) {
-                return std::function(readable)();
-            }
+            if (::poll(&look, 1, 1) > 0) return std::function(readable)();
         }
     }
 
@@ -194,9 +190,7 @@ TEST_F(SiblingSocketTest, ALineThatIsTooLongOrNeverEndsIsGone) {
         std::filesystem::remove(office.root() + "/path");
         Client client(start());
         client.say("TEXT 1 a\n" + line);
-        if (line.back() != '\n') {
-            client.hangUp();
-        }
+        if (line.back() != '\n') client.hangUp();
         EXPECT_TRUE(waitFor("T1[a]gone"));
     }
 }

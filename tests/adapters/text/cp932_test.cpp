@@ -53,9 +53,7 @@ TEST(Cp932, NeverStopsAtBadBytes) {
         {"・ ・\nあ", "\x82 \x82\n\x82\xA0"},  // a blank or a line break is never swallowed
         {"園\u0080", "\x89\x80\x80"},
     });
-    for (const auto& [text, bytes] : kCases) {
-        EXPECT_EQ(page.decode(std::string(bytes)), text);
-    }
+    for (const auto& [text, bytes] : kCases) EXPECT_EQ(page.decode(std::string(bytes)), text);
 }
 
 // 128 characters of ASCII, 63 of half-width katakana, 5 bytes that Windows adds. 6,879 of the standard rows, 74 of the
@@ -64,9 +62,7 @@ TEST(Cp932, HoldsWhatComesBackAndNothingElse) {
     const Cp932 page;
     int held = 0;
     for (char32_t character = 0; character < 0x110000; ++character) {
-        if (!page.holds(character)) {
-            continue;
-        }
+        if (!page.holds(character)) continue;
         ++held;
         const std::string text = toUtf8(std::u32string(1, character));
         EXPECT_EQ(page.decode(page.encode(text)), text) << std::hex << static_cast<unsigned>(character);

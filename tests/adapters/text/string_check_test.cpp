@@ -59,9 +59,7 @@ TEST_F(StringCheckTest, CleansWhatStoreAndCodePageCannotTake) {
 // no look-alike is replaced by a character missing in the code page.
 TEST_F(StringCheckTest, HoldsForEveryCharacter) {
     for (char32_t character = 0; character < 0x30000; ++character) {
-        if (character >= 0xD800 && character < 0xE000) {
-            continue;
-        }
+        if (character >= 0xD800 && character < 0xE000) continue;
         const std::string text = toUtf8(std::u32string{U'は', character, U'ﾊ', character});
         const std::string once = normalized(text);
         ASSERT_EQ(normalized(once), once) << text;

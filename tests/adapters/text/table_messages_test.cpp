@@ -20,9 +20,7 @@ namespace {
 class OneNotice : public NoWindows {
 public:
     std::size_t showNotice(const Notice& notice) override {
-        if (broken) {
-            throw RunTimeError(Failure::ObjectNotSet);
-        }
+        if (broken) throw RunTimeError(Failure::ObjectNotSet);
         shown = notice;
         return std::min(press.value_or(notice.escapeButton), notice.buttons.size() - 1);
     }

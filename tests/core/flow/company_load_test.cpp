@@ -28,9 +28,7 @@ protected:
     static Texts environment() {
         Texts all;
         for (const FieldInfo& field : kFields) {
-            if (field.source == Source::Probed) {
-                all.push_back(tCustomerInfo.*field.text);
-            }
+            if (field.source == Source::Probed) all.push_back(tCustomerInfo.*field.text);
         }
         return all;
     }
@@ -105,9 +103,7 @@ TEST_F(Load, ThatEditionAlwaysBelongsToItsAssociation) {
 
 TEST_F(Load, ANewCompanyHasNothingButItsMarkerItsZerosAndTheComputer) {
     for (const FieldInfo& field : kFields) {
-        if (field.text != nullptr) {
-            tCustomerInfo.*field.text = "x";
-        }
+        if (field.text != nullptr) tCustomerInfo.*field.text = "x";
     }
     tCustomerInfo.SEND_FLAG = true;
     EXPECT_TRUE(PF_SetCompanyDataStructureInis());
@@ -168,9 +164,7 @@ TEST_F(Load, MeasuresInOrderAndWhatFailsLeavesABlankAndALogLine) {
         machine.refused = {c.refused};
         load();
         std::string lines;
-        for (int i = 0; i < c.lines; ++i) {
-            lines += record("SYS:1", "測定の故障" + c.note);
-        }
+        for (int i = 0; i < c.lines; ++i) lines += record("SYS:1", "測定の故障" + c.note);
         EXPECT_EQ(log(), before + lines) << c.refused;
         EXPECT_EQ(gErrMsg + gErrCode, "") << "the pair is not touched";
         for (std::size_t i = 0; i < measured.size(); ++i) {

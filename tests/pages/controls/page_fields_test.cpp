@@ -46,18 +46,14 @@ TEST_F(PageFields, TakeAsMuchAsTheirColumnsHold) {
     for (int number = 0; number < kPageCount; ++number) {
         for (Control* control : pageAt(number).controls()) {
             auto* field = dynamic_cast<TextInput*>(control);
-            if (field == nullptr || !field->visible()) {
-                continue;
-            }
+            if (field == nullptr || !field->visible()) continue;
             const std::string name = field->name() == "txt_Thiho_Minutes" ? "Teiho_Minutes" : field->name().substr(4);
             std::smatch column;
             ASSERT_TRUE(
                 std::regex_search(schema, column, std::regex(" " + name + " +TEXT,? +-- ([0-9]+)", std::regex::icase)));
             std::size_t most = 0;
             for (std::string text : {"1", "漢", "ア"}) {
-                for (int doubled = 0; doubled < 8; ++doubled) {
-                    text += text;
-                }
+                for (int doubled = 0; doubled < 8; ++doubled) text += text;
                 most = std::max(most, Cp932().encode(field->typed("", text, "")).size());
             }
             EXPECT_EQ(std::to_string(most), column[1]) << name;
@@ -111,9 +107,7 @@ TEST_F(PageFields, StartAsTheyAreDesigned) {
     };
     for (int number = 0; number < kPageCount; ++number) {
         std::string found;
-        for (const Control* control : pageAt(number).controls()) {
-            found += unusual(*control);
-        }
+        for (const Control* control : pageAt(number).controls()) found += unusual(*control);
         EXPECT_EQ(found, pages[number]);
         EXPECT_FALSE(pageAt(number).ready);
     }

@@ -65,16 +65,12 @@ protected:
     Button& button() { return dynamic_cast<Button&>(*screen().find(GetParam().button)); }
     std::vector<Control*> filled() {
         std::vector<Control*> controls;
-        for (const std::string& name : GetParam().filled) {
-            controls.push_back(screen().find(name));
-        }
+        for (const std::string& name : GetParam().filled) controls.push_back(screen().find(name));
         return controls;
     }
     Texts texts() {
         Texts all;
-        for (const Control* control : filled()) {
-            all.push_back(textOf(*control));
-        }
+        for (const Control* control : filled()) all.push_back(textOf(*control));
         return all;
     }
     void answerAll() {
@@ -90,9 +86,7 @@ TEST_P(SiblingSearches, StartsItsProgramWaitsAndPutsEverythingInAtOnceByTheKey) 
     forms.setPointer(kPointerHourglass);
     button().press();
     std::string line = GetParam().begins;
-    for (const Control* control : filled()) {
-        line += std::to_string(control->handle()) + ",";
-    }
+    for (const Control* control : filled()) line += std::to_string(control->handle()) + ",";
     EXPECT_EQ(siblings.commandLines, Texts{line + std::to_string(button().handle())});
     EXPECT_FALSE(screen().enabled());
     EXPECT_EQ(button().enabled(), !GetParam().closesButton);

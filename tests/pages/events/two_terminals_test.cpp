@@ -66,9 +66,7 @@ protected:
         looking_ = looks;
     }
     void switchTo(const std::string& wish, Tally& tally) {
-        if (wish == tCustomerInfo.USER_ID) {
-            return;
-        }
+        if (wish == tCustomerInfo.USER_ID) return;
         tally.faults += locked(tCustomerInfo.USER_ID, "=") ? 0 : 1;
         messages.shown.clear();
         wish_ = wish;

@@ -19,9 +19,7 @@ protected:
         QTimer operatorAtWork;
         QObject::connect(&operatorAtWork, &QTimer::timeout, [&] {
             const QWidget* modal = QApplication::activeModalWidget();
-            if (modal == nullptr || QApplication::activeWindow() != modal) {
-                return;
-            }
+            if (modal == nullptr || QApplication::activeWindow() != modal) return;
             operatorAtWork.stop();
             worked = true;
             EXPECT_FALSE(form().btm_ChangePW.enabled());

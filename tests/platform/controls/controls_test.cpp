@@ -162,9 +162,7 @@ TEST_F(Controls, TheViewIsToldOfEveryAssignment) {
     TextInput text{form, "txt", {}};
     NumberInput number{form, "num", {.most = 9}};
     ImageControl image{form, "pic", {}};
-    for (Control* control : form.controls()) {
-        control->observe(count);
-    }
+    for (Control* control : form.controls()) control->observe(count);
     form.observe(count);
     // clang-format off
     const std::pair<const char*, std::function<void()>> assignments[] = {

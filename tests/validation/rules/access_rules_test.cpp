@@ -105,9 +105,7 @@ TEST_F(AccessRules, AddressAndLinkNameGoTogether) {
         EXPECT_EQ(passes(PF_CheckFrmCompInp2Data, {row.answer}), text.empty());
         EXPECT_EQ(questions(), row.asked ? std::vector<std::string>{kNoPrefix} : std::vector<std::string>{});
         EXPECT_EQ(tCustomerInfo.COMPANY_URL, row.urlAfter);
-        if (!text.empty()) {
-            expectRefused(page<frm_CompInp2>().txt_Company_URL, text);
-        }
+        if (!text.empty()) expectRefused(page<frm_CompInp2>().txt_Company_URL, text);
     }
 }
 

@@ -151,16 +151,12 @@ void PrintTo(const Family& family, std::ostream* out) { *out << family.name; }
 class RefusedSave : public SystemTest, public testing::WithParamInterface<Family> {
 protected:
     std::string textOf(const Broken& broken) {
-        if (!broken.text.empty()) {
-            return broken.text;
-        }
+        if (!broken.text.empty()) return broken.text;
         for (const auto check :
              {&StringCheck::CheckTextFirst, &StringCheck::CheckTextSecond, &StringCheck::CheckTelNumber}) {
             bool passes = false;
             (strings.*check)(broken.value, passes);
-            if (!passes) {
-                return strings.ErrorInfo().text;
-            }
+            if (!passes) return strings.ErrorInfo().text;
         }
         return "nothing refuses " + broken.value;
     }
