@@ -1,5 +1,5 @@
 #include "adapters/store/transmit_tables.h"
-#include "platform/run_time_error.h"
+#include "support/failure_of.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -102,6 +102,25 @@ TEST_F(TransmitProfile, AFailureGoesUpAndLeavesTheRecord) {
     EXPECT_THROW(load(1), RunTimeError);
     EXPECT_EQ(gTransmitWorkspace, nullptr);
     EXPECT_EQ(info.LoginID, "mihon");
+}
+
+TEST_F(TransmitProfile, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
+    const auto workspace = engine.CreateWorkspace("NewJetWorkspace", "admin", "", 2);
+    const auto database = workspace->OpenDatabase(path, false, false, ";pwd=word");
+    const auto table = database->OpenRecordset("Transmit_Info", 1);
+    table->Index("PrimaryKey");
+    table->Seek("=", {1, "000004601"});
+    EXPECT_FALSE(table->Eof());
+    ASSERT_FALSE(table->NoMatch());
+    EXPECT_EQ(table->Fields("definitionFileNAME"), Value("C:\\ORV\\DAT\\BUKKEN.DEF"));
+    EXPECT_EQ(failureOf([&] { table->Fields("NoSuchColumn"); }), 9);
+    for (const Values& keys :
+         {Values{3, "000004601"}, Values{1, "' or 1=1"}, Values{1, Value()}, Values{"x", "000004601"}}) {
+        table->Seek("=", keys);
+        EXPECT_TRUE(table->NoMatch());
+        EXPECT_FALSE(table->Eof());
+        EXPECT_EQ(failureOf([&] { table->Fields("DataMax"); }), 5);
+    }
 }
 
 }  // namespace
