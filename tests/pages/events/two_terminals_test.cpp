@@ -26,9 +26,9 @@ protected:
     TwoTerminals() {
         for (const std::string table : kTables) {
             for (int i = 0; i < kCompanies; ++i) {
-                sql("create temp table one as select * from " + table +
-                    " where USER_ID = '000004602'; update one set " + "USER_ID = '" + companyAt(i) + "'; insert into " +
-                    table + " select * from one; drop table one");
+                sql("create temp table one as select * from " + table + " where USER_ID = '000004602';" +
+                    "update one set USER_ID = '" + companyAt(i) + "'; insert into " + table +
+                    " select * from one; drop table one");
             }
         }
     }
