@@ -28,6 +28,7 @@ TEST_F(Lock, AComputersNameMayHoldAnApostrophe) {
     EXPECT_EQ(check("U"), kLockedHere);
     EXPECT_TRUE(PF_DataUnlock("U", kLockType, kLockNumber));
     EXPECT_EQ(check("U"), kNotLocked);
+    EXPECT_EQ(check("U'; delete from TBL_LOCK; --"), kLockFailed) << "only one statement runs";
 }
 
 TEST_F(Lock, ARefusedCommitIsUndoneAndNamesTheFailure) {
