@@ -18,7 +18,7 @@ struct FuzzTarget {
 
 inline void PrintTo(const FuzzTarget& target, std::ostream* stream) { *stream << target.name; }
 
-/// Every door.
+/// Returns all targets.
 std::vector<FuzzTarget> fuzzTargets();
 
 /// Checks a property that must hold for any input. Do not use inside the system's trap.

@@ -14,9 +14,9 @@
 namespace orv::test {
 namespace {
 
-/// The machine of every target: files by their own paths, and the readers of the program on them.
+/// The machine of every target: files by their own paths, and the program's readers.
 struct Machine : PictureFolder {
-    /// Writes the bytes into a file and gives its path.
+    /// Writes the bytes to a file and returns its path.
     std::string kept(const std::string& bytes) const { return keep("file", {bytes.begin(), bytes.end()}); }
 
     Cp932 codePage;
@@ -36,7 +36,7 @@ std::string tookLine(std::string& rest) {
     return line;
 }
 
-/// The settings reader: section and key on the first two lines, the file behind them.
+/// Tests the settings reader. Section and key are the first two lines; the file follows.
 void feedSettings(const std::string& bytes) {
     constexpr std::size_t kLongestValue = 511;
     std::string file = bytes;
@@ -44,21 +44,21 @@ void feedSettings(const std::string& bytes) {
     const std::string key = tookLine(file);
     const std::string value = machine().settings.GetPrivateProfileString(section, key, machine().kept(file));
     require(value == toUtf8(toCharacters(value)), "a value is valid UTF-8");
-    // Counted in the file's bytes: one that is no character has become a longer one.
+    // Counts bytes in the file, because a byte that is not a character becomes a longer one.
     require(toCharacters(value).size() <= kLongestValue, "a value is cut");
     require(value.find_first_of("\r\n") == std::string::npos, "a value is of one line");
 }
 
-/// Bytes in the code page and texts in UTF-8: each way back loses no more than the first way did.
+/// Tests the code page in both directions. Converting back loses no more than the first conversion did.
 void feedCodePage(const std::string& bytes) {
     const Cp932& codePage = machine().codePage;
     const std::string text = codePage.decode(bytes);
     require(toUtf8(toCharacters(text)) == text, "decoding gives valid UTF-8");
-    require(codePage.decode(codePage.encode(text)) == text, "what was decoded is held");
+    require(codePage.decode(codePage.encode(text)) == text, "a decoded character is in the code page");
     const std::string encoded = codePage.encode(bytes);
     require(encoded.size() <= bytes.size() + 1 || toCharacters(bytes).size() * 2 >= encoded.size(),
             "at most two bytes a character");
-    require(codePage.encode(codePage.decode(encoded)) == encoded, "what was encoded comes back");
+    require(codePage.encode(codePage.decode(encoded)) == encoded, "an encoded text decodes to itself");
 }
 
 class CheckedNotice : public NoWindows {
@@ -70,7 +70,7 @@ public:
     }
 };
 
-/// The message file, and a message of it shown with values that come from outside as well.
+/// Tests the message file, and a message from it with values from outside.
 void feedMessageTable(const std::string& bytes) {
     const std::string path = machine().kept(bytes);
     CheckedNotice windows;
@@ -86,18 +86,18 @@ void feedMessageTable(const std::string& bytes) {
     require(messages.ShowMessage("COS20001", {}) && messages.LastAnswer() == 1, "a question stays a question");
 }
 
-/// The help file: whatever stands in it, its text is shown or the failure has a text.
+/// Tests the help file. Its text is shown, or the failure has a text.
 void feedHelp(const std::string& bytes) {
     const std::string path = machine().kept(bytes);
     NoWindows windows;
     HelpFile help(windows, machine(), machine().settings, [&] { return path; });
-    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "what is not shown is told");
+    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "a failure has a text");
 }
 
 void read(const std::string& path, const std::string& target) {
     const PictureFiles& pictures = machine().pictures;
     const PictureInfo info = pictures.info(path);
-    // Decoding of many claimed pixels is bounded, but would leave no time to look for faults.
+    // Decoding many claimed pixels is limited, but would take too long here.
     constexpr std::int64_t kWorthTrying = 4'000'000;
     if (std::int64_t{info.width} * info.height > kWorthTrying) return;
     const auto picture = pictures.load(path, {64, 48});
@@ -106,7 +106,7 @@ void read(const std::string& path, const std::string& target) {
     static_cast<void>(pictures.load(target));
 }
 
-/// Any bytes are a picture or a failure with a text: header, decoding, sizing and saving.
+/// Tests pictures: header, decoding, resizing and saving. Any input is a picture or a failure with a text.
 void feedPicture(const std::string& bytes) {
     try {
         read(machine().kept(bytes), machine().pathOf("saved"));
@@ -115,7 +115,7 @@ void feedPicture(const std::string& bytes) {
     }
 }
 
-/// The server's answer to a company: the id in it goes into statements, file names and an argument as it stands.
+/// Tests the server's answer to a company. Its id is used unchanged in statements, file names and an argument.
 void feedServerAnswer(const std::string& bytes) {
     const auto id = idInAnswer(bytes);
     if (id) {
@@ -131,14 +131,14 @@ std::string withoutQuotes(std::string sql) {
     return sql;
 }
 
-/// A statement on its way into the engine: only names of calls change, and only by their quotes.
+/// Tests a statement before the engine. Only quotes around names of calls change.
 void feedStatement(const std::string& bytes) {
     const std::string once = quoteLeftCalls(bytes);
     require(withoutQuotes(once) == withoutQuotes(bytes), "nothing but quotes changes");
     require(quoteLeftCalls(once) == once, "a quoted call is quoted");
 }
 
-/// Dates as the pages hold them: what is read as a date is one, and reads the same in western years.
+/// Tests dates of the pages. A text read as a date is valid, and means the same in Western years.
 void feedEraDate(const std::string& bytes) {
     const EraCalendar calendar;
     const auto date = calendar.dateOf(bytes);
@@ -152,7 +152,7 @@ void feedEraDate(const std::string& bytes) {
     require(again == date, "the same date in western years is the same date");
 }
 
-/// The whole system without a screen.
+/// Runs the whole system without a screen.
 class OfficeRun : public SystemTest {
 public:
     void TestBody() override {}
@@ -160,8 +160,8 @@ public:
 
 std::unique_ptr<OfficeRun> theOffice;
 
-/// The office of a target, one for all of its inputs. There is one at a time; the last one goes before what it rests
-/// on.
+/// Returns a target's office, shared by all its inputs. Only one exists at a time, and the previous one is destroyed
+/// first.
 template <class Office>
 Office& officeOf() {
     if (dynamic_cast<Office*>(theOffice.get()) == nullptr) {
@@ -193,9 +193,9 @@ private:
     std::string tables_ = one(kCountTables);
 };
 
-/// The argument string: a page is shown, or the operator told; the store's tables stand whatever the string holds.
+/// Tests the argument string. A page or a message is shown, and the store's tables are unchanged.
 void feedArgument(const std::string& bytes) {
-    // Longer ones are only slower: the statement that they go into is refused all the same.
+    // Longer ones are only slower, because their statement is rejected as well.
     if (bytes.size() <= 4096) officeOf<Starts>().runWith(bytes);
 }
 
@@ -224,7 +224,7 @@ public:
         }
         require(toCharacters(form.txt_Post_Code.text()).size() <= 8, "a post code keeps its length");
         require(codePage.encode(form.txt_Address.text()).size() <= 120, "an address keeps its length");
-        require(shownIds().empty(), "nobody is told of a program's nonsense");
+        require(shownIds().empty(), "invalid lines of a program show no message");
         siblings.commandLines.clear();
     }
 
@@ -237,8 +237,8 @@ private:
     }
 };
 
-/// What a search program says, line by line, to a page that waits for it. The handles of the fields are written as 1 to
-/// 3, that of the button as 4.
+/// Tests the lines that a search program sends to a waiting page. The handles of the fields are written as 1 to 3, that
+/// of the button as 4.
 void feedSibling(const std::string& bytes) { officeOf<Searches>().hear(bytes); }
 
 std::vector<std::string> pictureSeeds() {

@@ -24,7 +24,7 @@ Column = collections.namedtuple("Column", "name kind number fixed fixed_at varia
 
 
 def compressed(text):
-    """Latin letters as one byte each; a zero byte turns to two bytes and back."""
+    """Returns Latin letters as one byte each, with a zero byte to switch to two bytes and back."""
     runs = ["".join(run) for _, run in itertools.groupby(text, lambda letter: letter < "\u0100")]
     parts = [run.encode("latin-1" if run < "\u0100" else "utf-16-le") for run in runs]
     return b"\xff\xfe" + (b"\0" if text >= "\u0100" else b"") + b"\0".join(parts)
@@ -34,8 +34,8 @@ class JetFile:
     def __init__(self, jet, loops):
         self.loops = loops
         self.jet4 = jet == 4
-        # The size of a page, where a data page has the number of its rows, where the page of a table has the numbers of
-        # rows and columns, its maps and its first column, and the size of a column's entry.
+        # The page size; the offset of the row count in a data page; the offsets of the row and column counts, the maps
+        # and the first column in a table's page; the size of a column's entry.
         (self.page, self.rows_at, self.table_rows, self.table_columns, self.table_maps, self.columns_at,
          self.column_size) = (4096, 12, 16, 45, 55, 63, 25) if self.jet4 else (2048, 8, 12, 25, 35, 43, 18)
         self.pages = [bytearray(self.page) for _ in range(5)]
@@ -66,7 +66,7 @@ class JetFile:
         return number
 
     def put_row(self, number, row, flags=0):
-        """The row's place in the page; None where there is no more room."""
+        """Returns the row's place in the page, or None if there is no space."""
         page, at = self.pages[number], self.rows_at
         count = struct.unpack_from("<H", page, at)[0]
         end = struct.unpack_from("<H", page, at + 2 * count)[0] & 0x1FFF if count else self.page
@@ -80,7 +80,7 @@ class JetFile:
         return number << 8 | count
 
     def long_value(self, data):
-        """In the row, in one page, or in a chain of pages, as its length asks."""
+        """Stores a text in the row, in one page, or in a chain of pages, by its length."""
         most = self.page - 200
         if len(data) <= 64:
             return struct.pack("<IIi", len(data) | 0x80000000, 0, 0) + data

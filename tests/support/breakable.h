@@ -15,14 +15,14 @@
 
 namespace orv {
 
-/// A path, a section or a key as they are compared: letters without regard to case.
+/// Returns a path, section or key in the form for comparison, without regard to case.
 inline std::string folded(std::string name) {
     std::ranges::transform(name, name.begin(), [](unsigned char letter) { return std::tolower(letter); });
     return name;
 }
 
-/// Forwards to the real store and keeps what was asked of it; the operations that a test names fail. A failed close or
-/// rollback has been done all the same, so that nothing stays behind in the real store.
+/// Forwards to the real store and records the calls; the operations that a test names fail. A failed close or rollback
+/// is carried out, so that the real store has no leftovers.
 class FailingStore : public DbService {
 public:
     enum class Call { Open, Select, Execute, Close, CloseRows, Begin, Rollback, Commit };

@@ -73,7 +73,7 @@ private:
     std::thread thread_;
 };
 
-/// What the program gets for a plain request.
+/// Returns the answer to a plain request.
 inline HttpResponse get(const std::string& url) {
     HttpRequest request;
     request.url = url;
@@ -81,7 +81,7 @@ inline HttpResponse get(const std::string& url) {
     return exchange(request);
 }
 
-/// What `act` raises; number 0 where it raises nothing.
+/// Returns the failure that `act` throws, or number 0.
 template <typename Act>
 RunTimeError raisedBy(Act act) {
     try {

@@ -18,8 +18,8 @@ std::uint32_t colourAt(int x, int y, int width, int height) {
     return kQuarters.at(static_cast<std::size_t>((y * 2 >= height ? 2 : 0) + (x * 2 >= width ? 1 : 0)));
 }
 
-/// What the encoder takes for a colour. Print colours have no black; Adobe's programs store them turned round, so
-/// that 255 is no ink.
+/// Converts a colour to the encoder's input. Print colours have no black. Adobe's programs store them inverted, with
+/// 255 for blank paper.
 void appendInput(const JpegRecipe& recipe, std::uint32_t colour, ByteVector& row) {
     const bool turn = recipe.input == JCS_CMYK && !recipe.adobe;
     for (const int shift : recipe.input == JCS_GRAYSCALE ? std::vector{8} : std::vector{16, 8, 0}) {
