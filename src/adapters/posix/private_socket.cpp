@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "adapters/posix/local_peer.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -48,12 +49,6 @@ Descriptor listenAt(const std::string& path) {
     return listens ? std::move(socket) : Descriptor();
 }
 
-bool isOfThisUser(const Descriptor& peer) {
-    ucred who{};
-    socklen_t size = sizeof who;
-    return ::getsockopt(peer.number(), SOL_SOCKET, SO_PEERCRED, &who, &size) == 0 && who.uid == ::geteuid();
-}
-
 }  // namespace
 
 PrivateSocket::PrivateSocket()
@@ -69,9 +64,6 @@ PrivateSocket::~PrivateSocket() {
     ::rmdir(folder_.c_str());
 }
 
-Descriptor PrivateSocket::accept() const {
-    Descriptor peer(::accept4(listener_.number(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    return peer && isOfThisUser(peer) ? std::move(peer) : Descriptor();
-}
+Descriptor PrivateSocket::accept() const { return acceptOwnUser(listener_.number()); }
 
 }  // namespace orv

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 
+#include "adapters/posix/local_peer.h"
+
 namespace orv {
 namespace {
 
@@ -34,12 +36,7 @@ Descriptor localSocket() { return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOC
 /// Connecting is the whole message. It arrives also while the other run is busy.
 bool callTo(const Address& address) {
     const Descriptor peer = localSocket();
-    if (!peer || ::connect(peer.number(), address.get(), address.length) != 0) {
-        return false;
-    }
-    ucred who{};
-    socklen_t size = sizeof who;
-    return ::getsockopt(peer.number(), SOL_SOCKET, SO_PEERCRED, &who, &size) == 0 && who.uid == ::geteuid();
+    return peer && ::connect(peer.number(), address.get(), address.length) == 0 && isOfThisUser(peer);
 }
 
 }  // namespace
@@ -56,8 +53,7 @@ bool RunningSockets::take(const std::string& name) {
     ::listen(listener.number(), kMostWaiting);
     const int number = listener.number();
     auto watch = watch_(number, [this, number] {
-        const Descriptor caller(::accept4(number, nullptr, nullptr, SOCK_CLOEXEC));
-        if (caller) {
+        if (acceptOwnUser(number)) {
             called_();
         }
     });
