@@ -88,6 +88,7 @@ void requireScheme(std::string url) {
 struct Arrival {
     HttpResponse response;
     bool headIsWhole = false;
+    std::size_t headBytes = 0;  // of interim heads and of what follows the body too
 };
 
 std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* arrival) {
@@ -110,10 +111,15 @@ std::string_view reasonIn(std::string_view line) {
 /// library accepts a truncated head.
 std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* data) {
     auto& arrival = *static_cast<Arrival*>(data);
+    arrival.headBytes += count;
+    if (arrival.headBytes > kLongestResponse) {
+        return 0;
+    }
     const std::string_view whole(bytes, count);
     const std::string_view line = whole.substr(0, whole.find_first_of("\r\n"));
     if (line.starts_with("HTTP/")) {
-        arrival = {{.status = 0, .reason = std::string(reasonIn(line)), .body = {}}, false};
+        arrival.response = {.status = 0, .reason = std::string(reasonIn(line)), .body = {}};
+        arrival.headIsWhole = false;
     }
     arrival.headIsWhole |= line.empty();
     return count;
