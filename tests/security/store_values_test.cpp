@@ -3,10 +3,10 @@
 #include "adapters/office_store/office_store.h"
 #include "adapters/postgres/postgres_store.h"
 #include "adapters/sqlite/sqlite_store.h"
-#include "adapters/store/store_failure.h"
 #include "core/flow/save_test.h"
 #include "core/flow/statement_values.h"
 #include "private_server.h"
+#include "store_code.h"
 #include "support/store_files.h"
 
 namespace orv {
@@ -20,17 +20,6 @@ protected:
     static PrivateServer& server() {
         static PrivateServer shared;
         return shared;
-    }
-
-    /// The code of the failure of the call; empty without one.
-    template <typename Call>
-    static std::string codeOf(Call call) {
-        try {
-            call();
-            return "";
-        } catch (const StoreFailure& failure) {
-            return failure.code();
-        }
     }
 
     const TempFolder folder;
@@ -79,23 +68,32 @@ TEST_F(BothStores, NoAnswerIsEndless) {
     runSql(
         file,
         "CREATE VIEW ENDLESS AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT max(i) FROM n;"
+        "CREATE VIEW LONG AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n LIMIT 500)"
+        " SELECT sum(length(hex(zeroblob(4000000 + i)))) FROM n;"
         "CREATE VIEW UNSAFE AS SELECT * FROM pragma_table_info('TBL_LOCK');"
         "CREATE TRIGGER LATE AFTER UPDATE ON TBL_LOCK BEGIN INSERT INTO TBL_LOCK (USER_ID) SELECT * FROM ENDLESS; END;"
         "UPDATE TBL_CUSTOMER_INFO SET GROUP_NAME = replace(hex(zeroblob(10000)), '0', 'x')");
     using std::chrono::milliseconds;
     const auto store = sqliteStore({.statement = milliseconds(100), .answer = 40000})(file, StoreAccess::ReadWrite);
-    EXPECT_EQ(codeOf([&] { store->select("select * from ENDLESS", {}); }), "DB9");
+    const auto expect = [](StoreConnection& asked, const std::vector<std::pair<std::string, std::string>>& cases) {
+        for (const auto& [sql, code] : cases) {
+            EXPECT_EQ(codeOf([&] { asked.select("select " + sql, {}); }), code) << sql;
+        }
+    };
+    expect(*store, {{"* from ENDLESS", "DB9"},
+                    {"* from LONG", "DB9"},
+                    {"GROUP_NAME from TBL_CUSTOMER_INFO", "DBSQL07"},
+                    {"* from UNSAFE", "DB1"},
+                    {"hex(zeroblob(9000000))", "DB18"},
+                    {"GROUP_NAME from TBL_CUSTOMER_INFO limit 1", ""}});
     EXPECT_EQ(codeOf([&] { store->change("update TBL_LOCK set LOCAL_INFO = 'x'", {}); }), "DB9");
-    EXPECT_EQ(codeOf([&] { store->select("select GROUP_NAME from TBL_CUSTOMER_INFO", {}); }), "DBSQL07");
-    EXPECT_EQ(codeOf([&] { store->select("select * from UNSAFE", {}); }), "DB1");
-    EXPECT_EQ(codeOf([&] { store->select("select hex(zeroblob(9000000))", {}); }), "DB18");
-    EXPECT_EQ(codeOf([&] { store->select("select GROUP_NAME from TBL_CUSTOMER_INFO limit 1", {}); }), "");
 
     ServerLimits limits;
     limits.patience.bytes = 100000;
     const auto remote = postgresStore(limits)(folder.file("server"), StoreAccess::ReadWrite);
-    EXPECT_EQ(codeOf([&] { remote->select("select repeat('x', 90000)", {}); }), "");
-    EXPECT_EQ(codeOf([&] { remote->select("select repeat('x', 5000) from generate_series(1, 1000)", {}); }), "DBSQL07");
+    expect(*remote, {{"repeat('x', 90000)", ""},
+                     {"repeat('x', 5000) from generate_series(1, 1000)", "DBSQL07"},
+                     {"null, null, null, null, null, null from generate_series(1, 2000)", "DBSQL07"}});
 }
 
 using SavedValues = SaveTest;

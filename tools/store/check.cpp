@@ -72,6 +72,12 @@ bool isOfSchema(const StoreObject& object) {
             }));
 }
 
+/// True as well where the engine keeps no definition.
+bool isDefinedAsInSchema(const StoreObject& object) {
+    return object.definition.empty() || equalWithoutCase(object.name, kProfiles) ||
+           isOfficeDefinition(object.definition);
+}
+
 class Check {
 public:
     Check(StoreConnection& store, const std::string& path) : store_(store), path_(path) {
@@ -124,6 +130,8 @@ private:
         for (const StoreObject& object : store_.objects()) {
             if (!isOfSchema(object)) {
                 found(object.name, object.kind + " that the schema does not have");
+            } else if (!isDefinedAsInSchema(object)) {
+                found(object.name, "is not defined as in the schema: it can hold checks or computed columns");
             }
         }
     }
@@ -183,7 +191,7 @@ StoreReport checkStore(const Options& options) {
         return Check(*openStore(options.store, StoreAccess::ReadOnly), options.store).run();
     }
     const PrivateFolder own(std::filesystem::temp_directory_path());
-    copySqliteFile(options.store, own.file());
+    copySqliteFile(options.store, own.file(), StoreAccess::OwnFile);
     return Check(*openStore(own.file(), StoreAccess::OwnCopy), options.store).run();
 }
 

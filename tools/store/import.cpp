@@ -31,7 +31,7 @@ std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
 void fillNewFile(const std::vector<WholeTable>& tables, const Options& options, StoreReport& report) {
     makeWhole(options.other, "", [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
-        writeTables(tables, *openStore(beside), telling(options, report));
+        writeTables(tables, *openStore(beside, StoreAccess::OwnFile), telling(options, report));
     });
 }
 

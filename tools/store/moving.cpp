@@ -24,7 +24,7 @@ void copyInto(StoreConnection& from, StoreConnection& to, const Options& options
 void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, StoreReport& report) {
     makeWhole(file, "", [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql));
-        copyInto(*openStore(from, StoreAccess::ReadOnly), *openStore(beside), options, report);
+        copyInto(*openStore(from, StoreAccess::ReadOnly), *openStore(beside, StoreAccess::OwnFile), options, report);
     });
 }
 
@@ -58,14 +58,15 @@ StoreReport restoreStore(const Options& options) {
     StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
     if (!stands(options.store)) {
-        makeWhole(options.store, "", [&](const std::string& beside) { copySqliteFile(own.file(), beside); });
+        makeWhole(options.store, "",
+                  [&](const std::string& beside) { copySqliteFile(own.file(), beside, StoreAccess::OwnFile); });
     } else if (!agreed(options, "The content of " + options.store + " will be replaced. Restore?")) {
         report.facts["restored"] = false;
         report.say("nothing restored");
         report.ending = Ending::Findings;
         return report;
     } else if (isEmbedded(options.store)) {
-        copySqliteFile(own.file(), options.store);
+        copySqliteFile(own.file(), options.store, StoreAccess::ReadWrite);
     } else {
         copyInto(*openStore(own.file(), StoreAccess::OwnCopy), *openStore(options.store), options, report);
     }

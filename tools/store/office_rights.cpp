@@ -1,9 +1,10 @@
 #include "office_rights.h"
 
 #include <sys/stat.h>
+#include <sys/xattr.h>
 
-#include <algorithm>
 #include <array>
+#include <span>
 
 #include "adapters/store/ascii_fold.h"
 
@@ -13,43 +14,89 @@ namespace {
 namespace fs = std::filesystem;
 using Found = std::function<void(const std::string& path, const std::string& what)>;
 
+constexpr ::mode_t kGroup = 070;
+
+/// A file or folder, and the folder of the office that it is in.
+struct Place {
+    fs::path path;
+    struct stat facts;
+    const struct stat& office;
+};
+
 struct Rule {
-    ::mode_t forbidden;
+    bool (*isBroken)(const Place& place);
     const char* what;
 };
 
-constexpr Rule kOwnersOnly{022, "can be changed by others than its owner: chmod go-w"};
-constexpr Rule kClerksOnly{007, "is open to all users of this computer: chmod o="};
+bool hasAccessList(const Place& place) {
+    return ::lgetxattr(place.path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+}
+
+constexpr auto kRules = std::to_array<Rule>({
+    {[](const Place& place) { return (place.facts.st_mode & 022U) != 0; },
+     "can be changed by others than its owner: chmod go-w"},
+    {[](const Place& place) { return place.facts.st_uid != 0 && place.facts.st_uid != place.office.st_uid; },
+     "belongs to another user than the office: chown"},
+    {[](const Place& place) { return (place.facts.st_mode & 007U) != 0; },
+     "is open to all users of this computer: chmod o="},
+    {[](const Place& place) {
+         return (place.facts.st_mode & kGroup) != 0 && place.facts.st_gid != place.office.st_gid;
+     },
+     "is open to another group than that of the office: chgrp"},
+    {hasAccessList, "is open to users on an access list: setfacl -b"},
+});
+constexpr std::span<const Rule> kForPrograms(kRules);
+constexpr std::span<const Rule> kForData = kForPrograms.subspan(2);
+constexpr std::span<const Rule> kForText = kForPrograms.first(1);
 
 struct Part {
     const char* folder;
-    Rule rule;
+    std::span<const Rule> rules;
 };
 
 constexpr auto kParts = std::to_array<Part>({
-    {"BIN", kOwnersOnly},
-    {"SYS", kOwnersOnly},
-    {"HLP", kOwnersOnly},
-    {"MDB", kClerksOnly},
-    {"IMG", kClerksOnly},
-    {"TMP", kClerksOnly},
-    {"LOG", kClerksOnly},
+    {"BIN", kForPrograms},
+    {"SYS", kForPrograms},
+    {"HLP", kForPrograms},
+    {"MDB", kForData},
+    {"IMG", kForData},
+    {"TMP", kForData},
+    {"LOG", kForData},
 });
 
-void look(const fs::path& path, const Rule& rule, const Found& found) {
-    struct stat facts {};
-    if (::lstat(path.c_str(), &facts) == 0 && !S_ISLNK(facts.st_mode) && (facts.st_mode & rule.forbidden) != 0) {
-        found(path.string(), rule.what);
-    }
-}
+/// Reports what is wrong with each place.
+class Look {
+public:
+    /// `office`: the folder whose owner and group everything has.
+    Look(const fs::path& office, const Found& found) : found_(found) { ::stat(office.c_str(), &office_); }
 
-void lookThrough(const fs::path& folder, const Rule& rule, const Found& found) {
-    look(folder, rule, found);
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, error)) {
-        look(entry.path(), rule, found);
+    void at(const fs::path& path, std::span<const Rule> rules) const {
+        Place place{path, {}, office_};
+        if (::lstat(path.c_str(), &place.facts) != 0 || S_ISLNK(place.facts.st_mode)) {
+            return;
+        }
+        for (const Rule& rule : rules) {
+            if (rule.isBroken(place)) {
+                found_(path.string(), rule.what);
+            }
+        }
     }
-}
+
+    /// The program may be working: what is private to another clerk's run, or goes meanwhile, is passed over.
+    void through(const fs::path& folder, std::span<const Rule> rules) const {
+        at(folder, rules);
+        std::error_code error;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+            std::error_code gone;
+            entry->symlink_status(gone).type() == fs::file_type::directory ? through(entry->path(), rules)
+                                                                           : at(entry->path(), rules);
+        }
+    }
+
+private:
+    const Found& found_;
+    struct stat office_ {};
+};
 
 bool isNamed(const fs::path& path, std::string_view name) { return equalWithoutCase(path.filename().string(), name); }
 
@@ -65,15 +112,17 @@ fs::path partOf(const fs::path& install, std::string_view name) {
 }
 
 void lookAtOffice(const fs::path& install, const Found& found) {
-    for (const Part& part : kParts) {
-        if (const fs::path folder = partOf(install, part.folder); !folder.empty()) {
-            lookThrough(folder, part.rule, found);
-        }
-    }
     // Includes the parent folders, because a user who can rename BIN there can replace it.
     const fs::path drive = install.parent_path();
-    for (const fs::path& path : {install, drive, drive.parent_path(), drive.parent_path() / "registry.txt"}) {
-        look(path, kOwnersOnly, found);
+    const fs::path office = drive.parent_path();
+    const Look look(office, found);
+    for (const fs::path& path : {install, drive, office, office / "registry.txt"}) {
+        look.at(path, kForPrograms);
+    }
+    for (const Part& part : kParts) {
+        if (const fs::path folder = partOf(install, part.folder); !folder.empty()) {
+            look.through(folder, part.rules);
+        }
     }
 }
 
@@ -83,8 +132,11 @@ void tellOpenRights(const fs::path& store, bool isServerText, const Found& found
     std::error_code error;
     const fs::path place = fs::canonical(store, error);
     const fs::path install = place.parent_path().parent_path();
-    const bool isInOffice = isNamed(place.parent_path(), "MDB") && !partOf(install, "BIN").empty();
-    isInOffice ? lookAtOffice(install, found) : look(place, isServerText ? kOwnersOnly : kClerksOnly, found);
+    if (isNamed(place.parent_path(), "MDB") && !partOf(install, "BIN").empty()) {
+        lookAtOffice(install, found);
+    } else {
+        Look(place, found).at(place, isServerText ? kForText : kForData);
+    }
 }
 
 }  // namespace orv

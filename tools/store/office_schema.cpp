@@ -1,7 +1,9 @@
 #include "office_schema.h"
 
+#include <algorithm>
 #include <sstream>
 
+#include "adapters/store/ascii_fold.h"
 #include "store_sql.h"
 #include "table_copy.h"
 
@@ -25,11 +27,28 @@ OfficeColumn columnOf(const std::string& line) {
     return column;
 }
 
+/// Without the semicolon.
+std::string definitionOf(const std::string& table) {
+    const std::string_view rest = kSchemaSql.substr(kSchemaSql.find("CREATE TABLE " + table + " ("));
+    return std::string(rest.substr(0, rest.find(";\n")));
+}
+
+/// The statement without remarks and blanks, to compare it with one of the schema, which has no quoted text.
+std::string compact(const std::string& sql) {
+    std::istringstream lines(sql);
+    std::string all;
+    for (std::string line; std::getline(lines, line);) {
+        all += line.substr(0, line.find("--"));
+    }
+    std::erase_if(all, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
+    return all;
+}
+
 std::vector<OfficeColumn> columnsOf(const std::string& table) {
-    std::istringstream lines{std::string(kSchemaSql.substr(kSchemaSql.find("CREATE TABLE " + table + " (")))};
+    std::istringstream lines(definitionOf(table));
     std::vector<OfficeColumn> columns;
     std::string line;
-    for (std::getline(lines, line); std::getline(lines, line) && line != ");";) {
+    for (std::getline(lines, line); std::getline(lines, line) && line != ")";) {
         if (line.starts_with("    PRIMARY KEY (")) {
             for (OfficeColumn& column : columns) {
                 column.isKey = column.isKey || line.find(column.name) != std::string::npos;
@@ -49,6 +68,11 @@ std::vector<std::vector<OfficeColumn>> officeColumns() {
         all.push_back(columnsOf(table));
     }
     return all;
+}
+
+bool isOfficeDefinition(const std::string& sql) {
+    return std::ranges::any_of(
+        kOfficeTables, [&](const char* table) { return equalWithoutCase(compact(definitionOf(table)), compact(sql)); });
 }
 
 }  // namespace orv

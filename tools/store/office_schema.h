@@ -20,4 +20,7 @@ struct OfficeColumn {
 /// Returns the columns of the office's tables, in the order of `kOfficeTables`.
 std::vector<std::vector<OfficeColumn>> officeColumns();
 
+/// True for the statement that makes a table of the office, whatever its remarks and blanks are.
+bool isOfficeDefinition(const std::string& sql);
+
 }  // namespace orv

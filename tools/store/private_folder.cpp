@@ -50,6 +50,12 @@ void removeLeft(const fs::path& parent) {
     }
 }
 
+/// Somebody else could have put another folder in its place before it was opened.
+bool isOfThisUserAlone(int folder) {
+    struct stat facts {};
+    return ::fstat(folder, &facts) == 0 && facts.st_uid == ::geteuid() && (facts.st_mode & 077U) == 0;
+}
+
 bool isSame(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
@@ -71,6 +77,9 @@ PrivateFolder::PrivateFolder(const fs::path& parent) {
     folder_ = ::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
         failed(path_);
+    }
+    if (!isOfThisUserAlone(folder_)) {
+        throw KeeperFailure(path_.string() + ": was taken away as soon as it was made");
     }
     file_ = ::openat(folder_, kFile, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (file_ < 0) {

@@ -45,7 +45,8 @@ constexpr const char* kObjects =
     " extra AS (SELECT objid FROM pg_depend WHERE deptype = 'e'),"
     " tables AS (SELECT oid, relname, relkind FROM pg_class"
     "  WHERE relnamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra))"
-    " SELECT CASE relkind WHEN 'r' THEN 'table' WHEN 'v' THEN 'view' WHEN 'm' THEN 'view' ELSE 'foreign table' END, "
+    " SELECT *, '' FROM (SELECT CASE relkind WHEN 'r' THEN 'table' WHEN 'v' THEN 'view' WHEN 'm' THEN 'view' ELSE "
+    "'foreign table' END, "
     "relname"
     " FROM tables WHERE relkind IN ('r', 'v', 'm', 'f', 'p')"
     " UNION SELECT 'trigger', tgname FROM pg_trigger WHERE NOT tgisinternal AND tgrelid IN (SELECT oid FROM tables)"
@@ -53,7 +54,11 @@ constexpr const char* kObjects =
     "tables)"
     " UNION SELECT 'policy', polname FROM pg_policy WHERE polrelid IN (SELECT oid FROM tables)"
     " UNION SELECT 'function', proname FROM pg_proc"
-    "  WHERE pronamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra) ORDER BY 1, 2";
+    "  WHERE pronamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra)"
+    " UNION SELECT 'constraint', conname FROM pg_constraint WHERE contype IN ('c', 'f', 'u', 'x') AND conrelid IN "
+    "(SELECT oid FROM tables)"
+    " UNION SELECT 'computed column', attname FROM pg_attribute WHERE attgenerated <> '' AND attrelid IN (SELECT oid "
+    "FROM tables)) AS objects ORDER BY 1, 2";
 
 // The server's numbers of its types that are no texts here.
 constexpr Oid kBool = 16;
@@ -117,7 +122,12 @@ Value valueOf(const PGresult* result, int row, int column) {
     return std::string(text);
 }
 
-RecordsetPtr rowsOf(const PGresult* result) {
+/// A null takes four bytes of the answer and many times that in memory.
+RecordsetPtr rowsOf(const PGresult* result, std::size_t most) {
+    const auto values = static_cast<std::size_t>(PQntuples(result)) * static_cast<std::size_t>(PQnfields(result));
+    if (values > most / sizeof(Value)) {
+        refuse(kAnswerTooLong);
+    }
     std::vector<std::string> names;
     for (int column = 0; column < pq().nfields(result); ++column) {
         names.emplace_back(pq().fname(result, column));
@@ -152,6 +162,7 @@ class PostgresStore : public StoreConnection {
 public:
     PostgresStore(const ServerSettings& settings, const ServerLimits& limits, StoreAccess access)
         : link_(settings, limits.patience),
+          mostBytes_(limits.patience.bytes),
           beginRead_(opening(limits, "READ COMMITTED READ ONLY")),
           beginSnapshot_(opening(limits, "REPEATABLE READ READ ONLY")),
           begin_(access == StoreAccess::ReadOnly ? beginRead_ : opening(limits, "READ COMMITTED")) {}
@@ -163,7 +174,7 @@ public:
         const ServerResult result = link_.ask(sql, parameters);
         static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
         require(result, PGRES_TUPLES_OK, kNoSelect);
-        return rowsOf(result.get());
+        return rowsOf(result.get(), mostBytes_);
     }
 
     std::int32_t change(const std::string& sql, const Values& parameters) override {
@@ -242,6 +253,7 @@ private:
     }
 
     ServerLink link_;
+    std::size_t mostBytes_;
     std::string beginRead_;
     std::string beginSnapshot_;
     std::string begin_;

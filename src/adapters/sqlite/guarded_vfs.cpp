@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kKinds = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_WAL;
 constexpr auto kJournalEndings = std::to_array<std::string_view>({"-journal", "-wal"});
+constexpr const char* kIndexEnding = "-shm";  // of a write-ahead log; the system opens it past this layer
 
 // A journal that ends so names a super-journal, by which several databases are written at once. This program never
 // does that.
@@ -64,7 +65,7 @@ int GuardedVfs::open(sqlite3_vfs* vfs, const char* path, sqlite3_file* file, int
 }
 
 int GuardedVfs::openJournal(const char* path, sqlite3_file* file, int flags, int* given) {
-    if (!isOwnJournal(path) || !isPlain(path)) {
+    if (!isOwnJournal(path) || !isPlain(path) || !isPlain((store_ + kIndexEnding).c_str())) {
         hasRefusedJournal_ = true;
         return SQLITE_CANTOPEN;
     }

@@ -24,7 +24,7 @@ constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
 constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr std::chrono::milliseconds kPause{1};
 constexpr int kLongestValue = 16 << 20;
-constexpr int kStepsBetween = 10000;  // of the engine, some tenths of a millisecond
+constexpr int kStepsBetween = 100;  // of the engine, some microseconds; some milliseconds each on the longest values
 // A view of another program may use it.
 constexpr int kLeftTraits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
@@ -42,6 +42,7 @@ constexpr auto kOpenings = std::to_array<Opening>({
     {StoreAccess::ReadWrite, SQLITE_OPEN_READWRITE, false},
     {StoreAccess::ReadOnly, SQLITE_OPEN_READONLY, false},
     {StoreAccess::Create, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOFOLLOW, false},
+    {StoreAccess::OwnFile, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW, false},
     {StoreAccess::OwnCopy, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_URI, true},
 });
 

@@ -9,15 +9,15 @@ void makeSqliteFile(const std::string& nativePath, const std::string& sql) {
     database.runScript("BEGIN; " + sql + " COMMIT;");
 }
 
-void copySqliteFile(const std::string& from, const std::string& to) {
+void copySqliteFile(const std::string& from, const std::string& to, StoreAccess access) {
     const SqliteDatabase source(from, StoreAccess::ReadOnly, {});
-    const SqliteDatabase target(to, StoreAccess::ReadWrite, {});
+    const SqliteDatabase target(to, access, {});
     source.copyTo(target);
 }
 
 void copySqliteRows(const std::string& from, const std::string& to) {
-    copySqliteFile(from, to);
-    SqliteDatabase(to, StoreAccess::ReadWrite, {}).dropPrograms();
+    copySqliteFile(from, to, StoreAccess::OwnFile);
+    SqliteDatabase(to, StoreAccess::OwnFile, {}).dropPrograms();
 }
 
 }  // namespace orv

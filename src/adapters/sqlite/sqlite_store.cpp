@@ -22,7 +22,8 @@ bool isNumber(const Value& value) {
 }
 
 constexpr const char* kObjects =
-    "SELECT CASE WHEN type = 'table' AND coalesce(rootpage, 0) = 0 THEN 'virtual table' ELSE type END, name"
+    "SELECT CASE WHEN type = 'table' AND coalesce(rootpage, 0) = 0 THEN 'virtual table' ELSE type END, name, CASE type "
+    "WHEN 'table' THEN sql ELSE '' END"
     " FROM sqlite_schema WHERE NOT (type IN ('table', 'index') AND name LIKE 'sqlite~_%' ESCAPE '~') ORDER BY type, "
     "name";
 

@@ -10,16 +10,18 @@
 
 namespace orv {
 
-/// `Create` is for new embedded stores. `OwnCopy` is for a private copy, which is read without locks and journals.
-enum class StoreAccess : std::uint8_t { ReadWrite, ReadOnly, Create, OwnCopy };
+/// `Create` makes a new embedded store. `OwnFile` and `OwnCopy` are for such a store that no other program knows: the
+/// first writes it, the second reads it without locks and journals. None of the three follows a link.
+enum class StoreAccess : std::uint8_t { ReadWrite, ReadOnly, Create, OwnFile, OwnCopy };
 
 /// An object in a store other than a row: a table, an index, a view, a trigger or any other kind of the engine.
 struct StoreObject {
     std::string kind;
     std::string name;
+    std::string definition;  // the statement that made a table, if the engine keeps it
 };
 
-/// Returns the objects found by a select of kind and name.
+/// Returns the objects found by a select of kind, name and definition.
 std::vector<StoreObject> objectsIn(const RecordsetPtr& rows);
 
 /// An open store of any engine. Every failure is a RunTimeError, mostly a StoreFailure. A failed statement leaves an
