@@ -1,29 +1,25 @@
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <thread>
 
 #include "adapters/office_store/office_store.h"
-#include "adapters/store/store_failure.h"
+#include "adapters/posix/descriptor.h"
 #include "private_server.h"
+#include "store_code.h"
 #include "support/store_files.h"
 
 namespace orv {
 namespace {
 
 /// The code of the failure with which the store that `text` names opens; empty where it opens.
-std::string codeOf(const std::string& text, std::string* words = nullptr) {
+std::string codeOfText(const std::string& text, std::string* words = nullptr) {
     const TempFolder folder;
     writeFile(folder.file("store"), text);
-    try {
-        officeStore()(folder.file("store"), StoreAccess::ReadWrite);
-        return "";
-    } catch (const StoreFailure& failure) {
-        if (words != nullptr) {
-            *words = failure.description();
-        }
-        return failure.code();
-    }
+    return codeOf([&] { officeStore()(folder.file("store"), StoreAccess::ReadWrite); }, words);
 }
 
 class Variable {
@@ -38,82 +34,116 @@ private:
 };
 
 /// A server that speaks TLS, and what is needed to reach it.
-struct SafeServer {
-    SafeServer() { server.listen(); }
-    std::string text(const std::string& host, const std::string& user = "keeper") const {
-        return "host=" + host + " port=" + std::to_string(server.port()) + " dbname=sample user=" + user + " ";
+class StoreText : public ::testing::Test {
+protected:
+    static PrivateServer& server() {
+        static PrivateServer shared;
+        static const bool listens = (shared.listen(), true);
+        static_cast<void>(listens);
+        return shared;
     }
-    std::string file(const std::string& name) const { return (server.folder() / name).string(); }
+    static std::string file(const std::string& name) { return (server().folder() / name).string(); }
+    static std::string text(const std::string& host, const std::string& user = "keeper") {
+        return "host=" + host + " port=" + std::to_string(server().port()) + " dbname=sample user=" + user + " ";
+    }
 
-    PrivateServer server;
+    const TempFolder folder;
+    const std::string root = " sslrootcert=" + file("authority.pem") + " ";
+    const Variable services{"PGSERVICEFILE", folder.file("services")};
 };
 
-SafeServer& safeServer() {
-    static SafeServer safe;
-    return safe;
-}
-
-TEST(StoreText, ASettingThatCouldRunCodeIsRefusedWhereverItComesFrom) {
-    const TempFolder folder;
+TEST_F(StoreText, ASettingThatCouldRunCodeIsRefusedWhereverItComesFrom) {
     const Variable mark("HOSTILE_MARK", folder.file("mark"));
-    const SafeServer& safe = safeServer();
     const std::string key = std::string(HOSTILE_KEY) + ":x";
-    const std::string safeText = safe.text("localhost") + "sslrootcert=" + safe.file("authority.pem");
-    const std::string text = safeText + " sslcert=" + safe.file("authority.pem") + " ";
-    const Variable services("PGSERVICEFILE", folder.file("services"));
+    const std::string safe = text("localhost") + root;
+    const std::string withKey = safe + " sslcert=" + file("authority.pem") + " ";
     writeFile(folder.file("services"), "[office]\nsslkey=" + key + "\n");
-    EXPECT_EQ(codeOf(text + "sslkey=" + key), "DBFILE08");
-    EXPECT_EQ(codeOf(text + "service=office"), "DBFILE08");
+    EXPECT_EQ(codeOfText(withKey + "sslkey=" + key), "DBFILE08");
+    EXPECT_EQ(codeOfText(withKey + "service=office"), "DBFILE08");
     {
         const Variable environment("PGSSLKEY", key);
-        EXPECT_EQ(codeOf(text), "DBFILE08");
+        EXPECT_EQ(codeOfText(withKey), "DBFILE08");
     }
     for (const std::string other :
          {"options='-c role=keeper'", "sslcrldir=/tmp", "gsslib=gssapi", "replication=true", "channel_binding=disable",
           "client_encoding=SJIS", "sslkey=C:/k:x", "gssencmode=require", "ssl_min_protocol_version=TLSv1"}) {
-        EXPECT_EQ(codeOf(safeText + " " + other), "DBFILE08") << other;
+        EXPECT_EQ(codeOfText(safe + other), "DBFILE08") << other;
     }
     EXPECT_FALSE(folder.has("mark")) << "the code ran";
-    EXPECT_EQ(codeOf(safeText + " sslkey=C:/office.key keepalives=1 application_name=orv connect_timeout=9"), "")
+    EXPECT_EQ(codeOfText(safe + "sslkey=C:/office.key keepalives=1 application_name=orv connect_timeout=9"), "")
         << "without a certificate the key is not read";
 }
 
-TEST(StoreText, ATextThatSaysNothingOfTlsGetsTheRightServerOrNone) {
-    const SafeServer& safe = safeServer();
-    const std::string root = "sslrootcert=" + safe.file("authority.pem");
-    struct Case {
-        std::string text, code;
-    };
-    for (const Case& row : {
-             Case{safe.text("localhost") + root, ""}, Case{safe.text("localhost"), "DBCONN02"},
-             Case{safe.text("127.0.0.1") + root, "DBCONN02"},
-             Case{safe.text("localhost") + "sslrootcert=" + safe.file("stranger.pem"), "DBCONN02"},
-             Case{safe.text("127.0.0.1") + "sslmode=require", ""},
-             Case{safe.server.text("sample"), ""},  // a local socket
+TEST_F(StoreText, ThatSaysNothingOfTlsGetsTheRightServerOrNone) {
+    for (const auto& [words, code] : std::vector<std::pair<std::string, std::string>>{
+             {text("localhost") + root, ""},
+             {text("localhost"), "DBCONN02"},
+             {text("127.0.0.1") + root, "DBCONN02"},
+             {text("localhost") + "sslrootcert=" + file("stranger.pem"), "DBCONN02"},
+             {text("127.0.0.1") + "sslmode=require", ""},
+             {server().text("sample"), ""},  // a local socket
          }) {
-        EXPECT_EQ(codeOf(row.text), row.code) << row.text;
+        EXPECT_EQ(codeOfText(words), code) << words;
     }
     const Variable mode("PGSSLMODE", "require");
-    EXPECT_EQ(codeOf(safe.text("127.0.0.1")), "") << "the user's own environment decides too";
+    EXPECT_EQ(codeOfText(text("127.0.0.1")), "") << "the user's own environment decides too";
 }
 
-TEST(StoreText, NoServerGetsThePasswordInTheClear) {
-    const SafeServer& safe = safeServer();
-    safe.server.sql("postgres",
-                    "DROP ROLE IF EXISTS guarded, asked; CREATE ROLE guarded LOGIN PASSWORD 'right';"
-                    "CREATE ROLE asked LOGIN PASSWORD 'right'");
-    const std::string rules = readFile(safe.file("data/pg_hba.conf"));
-    writeFile(safe.file("data/pg_hba.conf"),
-              "hostssl all guarded all scram-sha-256\nhostssl all asked all password\n" + rules);
-    safe.server.sql("postgres", "SELECT pg_reload_conf()");
-    const TempFolder folder;
+/// The text is somebody else's here, the password the user's own.
+TEST_F(StoreText, ThatLeadsElsewhereGetsNoPassword) {
+    server().sql("postgres",
+                 "DROP ROLE IF EXISTS proved, asked; CREATE ROLE proved LOGIN PASSWORD 'right';"
+                 "CREATE ROLE asked LOGIN PASSWORD 'right'");
+    const std::string rules = readFile(file("data/pg_hba.conf"));
+    writeFile(file("data/pg_hba.conf"), "host all proved all scram-sha-256\nhost all asked all password\n" + rules);
+    server().stop("fast");
+    server().start();
     folder.write("passwords", "*:*:*:*:right\n");
     ASSERT_EQ(::chmod(folder.file("passwords").c_str(), 0600), 0);
-    const std::string rest = "sslrootcert=" + safe.file("authority.pem") + " passfile=" + folder.file("passwords");
-    EXPECT_EQ(codeOf(safe.text("localhost", "guarded") + rest), "");
-    std::string words;
-    EXPECT_EQ(codeOf(safe.text("localhost", "asked") + rest, &words), "DBCONN02");
-    EXPECT_NE(words.find("channel binding"), std::string::npos) << words;
+    const std::string service = "host=localhost\nport=" + std::to_string(server().port()) + "\n" + root +
+                                "\ndbname=sample\nuser=asked\npassword=right\n";
+    writeFile(folder.file("services"), "[office]\n" + service + "[free]\n" + service + "channel_binding=disable\n");
+    const std::string own = "passfile=" + folder.file("passwords") + root;
+    for (const auto& [words, code, told] : std::vector<std::tuple<std::string, std::string, std::string>>{
+             {text("localhost", "proved") + own, "", ""},
+             {text("localhost", "asked") + own, "DBCONN02", "channel binding"},
+             {text("store.example.jp", "asked") + "hostaddr=127.0.0.1 sslmode=disable " + own, "DBCONN02",
+              "channel binding"},
+             {text("localhost", "asked") + "sslmode=prefer " + own, "DBCONN02", "channel binding"},
+             {"service=free", "", ""},
+             {"service=free sslmode=disable", "DBFILE08", "sslmode"},
+             {"service=office host=" + server().folder().string(), "DBFILE08", "host"},
+             {"service=office sslrootcert=" + file("stranger.pem"), "DBFILE08", "sslrootcert"}}) {
+        std::string shown;
+        EXPECT_EQ(codeOfText(words, &shown), code) << words << shown;
+        EXPECT_NE(shown.find(told), std::string::npos) << words << shown;
+    }
+    writeFile(file("data/pg_hba.conf"), rules);
+}
+
+/// Lets everybody in and never stops telling settings.
+TEST_F(StoreText, AGreetingThatDoesNotEndIsCutOff) {
+    const Descriptor listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_in address{.sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+    socklen_t size = sizeof address;
+    auto* const place = reinterpret_cast<sockaddr*>(&address);
+    ASSERT_EQ(::bind(listener.number(), place, size) + ::listen(listener.number(), 1), 0);
+    ASSERT_EQ(::getsockname(listener.number(), place, &size), 0);
+    std::size_t sent = 0;
+    std::thread server([&] {
+        const Descriptor peer(::accept(listener.number(), nullptr, nullptr));
+        std::string bytes("R\0\0\0\x08\0\0\0\0", 9);
+        for (ssize_t count = 0; count >= 0 && sent < 200'000'000; sent += static_cast<std::size_t>(count)) {
+            count = ::send(peer.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+            bytes = std::string("S\0\0\x75\x30", 5) + std::to_string(sent) + std::string(1, '\0');
+            bytes.resize(30'000, 'x');
+            bytes += '\0';
+        }
+    });
+    EXPECT_EQ(codeOfText("sslmode=disable user=u hostaddr=127.0.0.1 port=" + std::to_string(ntohs(address.sin_port))),
+              "DBSQL07");
+    server.join();
+    EXPECT_LT(sent, 200'000'000U);
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ Value valueOf(const PGresult* result, int row, int column) {
 
 /// A null takes four bytes of the answer and many times that in memory.
 RecordsetPtr rowsOf(const PGresult* result, std::size_t most) {
-    const auto values = static_cast<std::size_t>(PQntuples(result)) * static_cast<std::size_t>(PQnfields(result));
+    const auto values = static_cast<std::size_t>(pq().ntuples(result)) * static_cast<std::size_t>(pq().nfields(result));
     if (values > most / sizeof(Value)) {
         refuse(kAnswerTooLong);
     }

@@ -2,7 +2,6 @@
 
 #include <libpq-fe.h>
 #include <poll.h>
-#include <sys/ioctl.h>
 
 #include <algorithm>
 #include <optional>
@@ -36,12 +35,6 @@ bool failed(const PGresult* result) {
     return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
 }
 
-/// The bytes that have come and that nobody has read.
-std::size_t waitingIn(int wire) {
-    int bytes = 0;
-    return ::ioctl(wire, FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
-}
-
 void sayNothing(void*, const char*) {}
 
 }  // namespace
@@ -49,7 +42,10 @@ void sayNothing(void*, const char*) {}
 void ResultClearer::operator()(pg_result* result) const noexcept { pq().clear(result); }
 
 ServerLink::ServerLink(const ServerSettings& settings, const ServerPatience& patience)
-    : connection_(openServer(settings, patience.connect)), patience_(patience), whyCut_(&kCut) {
+    : connection_(openServer(settings, patience.connect)),
+      patience_(patience),
+      received_(patience.bytes),
+      whyCut_(&kCut) {
     PGconn* connection = connection_.get();
     pq().setnonblocking(connection, 1);
     pq().setNoticeProcessor(connection, sayNothing, nullptr);
@@ -84,7 +80,7 @@ bool ServerLink::inTransaction() const {
 
 ServerResult ServerLink::answer(bool sent) {
     const auto deadline = Clock::now() + patience_.answer;
-    received_ = 0;
+    received_ = ReceivedBytes(patience_.bytes);
     if (!sent || !flushed(deadline)) {
         cut(kCut);
         return nullptr;
@@ -129,16 +125,11 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     return ServerResult(connection_ == nullptr ? nullptr : pq().getResult(connection_.get()));
 }
 
-/// The library keeps an answer whole, however long it becomes, and does not say how much it has taken; but it takes
-/// `kAtLeast` at a time where there is so much. False where the wire is gone.
+/// False where the wire is gone.
 bool ServerLink::takeInput() {
-    constexpr std::size_t kAtLeast = 8192;
-    const int wire = pq().socket(connection_.get());
-    const std::size_t before = waitingIn(wire);
-    const bool isOpen = pq().consumeInput(connection_.get()) != 0;
-    const std::size_t taken = before - std::min(before, waitingIn(wire));
-    received_ += std::max(taken, std::min(before, kAtLeast));
-    if (received_ > patience_.bytes) {
+    bool isOpen = false;
+    received_.count(connection_.get(), [&] { isOpen = pq().consumeInput(connection_.get()) != 0; });
+    if (received_.areTooMany()) {
         cut(kAnswerTooLong);
     }
     return isOpen;

@@ -54,8 +54,8 @@ private:
 
     ServerConnection connection_;
     ServerPatience patience_;
+    ReceivedBytes received_;  // of the answer that is coming
     const StoreRefusal* whyCut_;
-    std::size_t received_ = 0;  // of the answer that is coming
 };
 
 }  // namespace orv

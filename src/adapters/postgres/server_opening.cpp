@@ -2,6 +2,7 @@
 
 #include <libpq-fe.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 
 #include <algorithm>
 #include <array>
@@ -24,6 +25,8 @@ namespace orv {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t kMostWhenOpening = std::size_t{1} << 20U;
 
 constexpr StoreRefusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
 constexpr StoreRefusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
@@ -56,14 +59,24 @@ std::vector<std::string> listed(const std::string& text) {
     return parts;
 }
 
+/// The bytes that have come and that nobody has read.
+std::size_t waitingIn(PGconn* connection) {
+    int bytes = 0;
+    return ::ioctl(pq().socket(connection), FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
+}
+
 /// False when the host was not done in time; else it has let us in or said why not.
 bool letIn(PGconn* connection, Clock::time_point deadline) {
+    ReceivedBytes received(kMostWhenOpening);
     PostgresPollingStatusType next = PGRES_POLLING_WRITING;
     while (pq().status(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
         if (!waitForWire(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
             return false;
         }
-        next = pq().connectPoll(connection);
+        received.count(connection, [&] { next = pq().connectPoll(connection); });
+        if (received.areTooMany()) {
+            refuse(kAnswerTooLong);
+        }
     }
     return true;
 }
@@ -159,6 +172,14 @@ bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::t
         }
         whileWaiting();
     }
+}
+
+void ReceivedBytes::count(pg_conn* connection, const std::function<void()>& read) {
+    constexpr std::size_t kAtLeast = 8192;  // that the library takes at a time, where so much has come
+    const std::size_t before = waitingIn(connection);
+    read();
+    const std::size_t taken = before - std::min(before, waitingIn(connection));
+    received_ += std::max(taken, std::min(before, kAtLeast));
 }
 
 ServerConnection openServer(const ServerSettings& settings, std::chrono::milliseconds patience) {

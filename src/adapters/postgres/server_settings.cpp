@@ -18,11 +18,16 @@ namespace {
 constexpr StoreRefusal kKeyByEngine{"DBFILE08", Failure::InvalidCall,
                                     "データベースのサーバーへの接続に使う鍵（sslkey）の名前に「:」は使えません。"};
 
+constexpr StoreRefusal kNotTheirPassword{"DBFILE08", Failure::InvalidCall,
+                                         "サービスや環境変数のパスワードは、データベースのサーバーを示すファイルが指す"
+                                         "相手には渡しません。サーバーの設定もサービスに書いてください。"};
+
 // The value that the library has for both where nobody says anything.
 constexpr std::string_view kUnsaid = "prefer";
 constexpr const char* kStrictMode = "verify-full";
 constexpr auto kOldProtocols = std::to_array<std::string_view>({"", "TLSv1", "TLSv1.1"});
-constexpr auto kTlsModes = std::to_array<std::string_view>({"require", "verify-ca", "verify-full"});
+// What decides who gets a password. Not all of it can be checked: a certificate is only as good as `sslrootcert`.
+constexpr auto kDestination = std::to_array<std::string_view>({"host", "hostaddr", "port", "sslmode", "sslrootcert"});
 
 // With a value that it does not know, the library collects all settings and ends before it looks for a host.
 constexpr const char* kProbe = "ssl_max_protocol_version";
@@ -58,9 +63,19 @@ bool isLocal(const ServerSettings& host) {
     return valueOf(host, "hostaddr").empty() && (name.empty() || name.front() == '/' || name.front() == '@');
 }
 
-template <typename Names>
-bool isOneOf(const Names& names, std::string_view name) {
-    return std::ranges::find(names, name) != names.end();
+/// A password of a service or the environment is for any server, unlike those of `.pgpass`, which name theirs. So is
+/// each password that the user lets go without a proof.
+bool isForAnyServer(const ServerSettings& settings) {
+    return !valueOf(settings, "password").empty() || valueOf(settings, "channel_binding") == "disable";
+}
+
+/// `named` is a text that others may have written. It must not choose who gets such a password.
+void refuseOtherDestination(const ServerSettings& named, const ServerSettings& all) {
+    for (const std::string_view name : kDestination) {
+        if (isForAnyServer(all) && !valueOf(named, name).empty()) {
+            refuse(kNotTheirPassword, name);
+        }
+    }
 }
 
 }  // namespace
@@ -99,10 +114,11 @@ ServerSettings settled(const ServerSettings& named) {
     if (!isPlainFile(valueOf(all, "sslkey"))) {
         refuse(kKeyByEngine);
     }
+    refuseOtherDestination(named, all);
     if (valueOf(all, "sslmode") == kUnsaid && !named.contains("sslmode")) {
         all["sslmode"] = kStrictMode;
     }
-    if (isOneOf(kOldProtocols, valueOf(all, "ssl_min_protocol_version"))) {
+    if (std::ranges::find(kOldProtocols, valueOf(all, "ssl_min_protocol_version")) != kOldProtocols.end()) {
         all["ssl_min_protocol_version"] = "TLSv1.2";
     }
     return all;
@@ -110,8 +126,7 @@ ServerSettings settled(const ServerSettings& named) {
 
 ServerSettings secured(ServerSettings host) {
     const bool isUnsaid = valueOf(host, "channel_binding") == kUnsaid;
-    if (isUnsaid && !isLocal(host) && isOneOf(kTlsModes, valueOf(host, "sslmode")) &&
-        *pq().pass(probe(host).get()) != '\0') {
+    if (isUnsaid && !isLocal(host) && *pq().pass(probe(host).get()) != '\0') {
         host["channel_binding"] = "require";
     }
     return host;

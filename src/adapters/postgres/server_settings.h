@@ -25,11 +25,12 @@ ServerConnection startConnection(const ServerSettings& settings);
 /// What decides on security is strict unless the text, the service or the environment says otherwise: the server's
 /// certificate and name must be right, and TLS is 1.2 at least.
 /// Failure: a StoreFailure "DBFILE08" for a key that is not a plain file, also if the service or the
-/// environment names it: the library would load code.
+/// environment names it: the library would load code; also if the text names where to connect while the service or the
+/// environment has a password that is not bound to a server.
 ServerSettings settled(const ServerSettings& named);
 
-/// The settings for one host. Where a password could go to a server over TLS, the server must prove that it knows it
-/// (channel binding), so that it cannot ask for it in the clear.
+/// The settings for one host. Where a password could go over a network, the server must prove over TLS that it knows it
+/// (channel binding), so that nobody can ask for it in the clear.
 ServerSettings secured(ServerSettings host);
 
 }  // namespace orv
