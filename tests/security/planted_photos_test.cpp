@@ -114,10 +114,15 @@ TEST_F(PhotoFolders, ANameThatIsAPathIsAPhotoThatIsGone) {
     writeFile(orv / "SYS/system.ini.new", "left by another program");
     for (const char* name :
          {"..\\..\\SYS\\system.ini", "../../SYS/system.ini", "C:\\ORV\\SYS\\system.ini", "..", "."}) {
-        sql("update TBL_CUSTOMER_ADD set PHOTO_FILE1 = '" + std::string(name) + "' where USER_ID = '000004601'");
-        load();
+        const std::string company = "\r\n4601" + std::string(name);  // another line for the log
+        for (const std::string table : {"INFO", "ADD"}) {
+            sql("update TBL_CUSTOMER_" + table + " set USER_ID = '" + company + "' where USER_ID like '%4601%'");
+        }
+        sql("update TBL_CUSTOMER_ADD set PHOTO_FILE1 = '" + std::string(name) + "' where USER_ID = '" + company + "'");
+        load(company);
         EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "") << name;
         EXPECT_NE(log().find(",PHOTO001,"), std::string::npos) << name;
+        EXPECT_EQ(std::ranges::count(log(), '\n'), 1) << log();
         EXPECT_EQ(readFile(orv / "SYS/system.ini"), settingsBytes);
         EXPECT_TRUE(fs::exists(orv / "SYS/system.ini.new")) << "a load neither renames nor deletes for it";
         fs::remove(com().LogErrFile().empty() ? "" : files.nativePath(com().LogErrFile()));

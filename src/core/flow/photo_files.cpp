@@ -66,9 +66,11 @@ bool isInPlace(const std::string& photo, const std::string& folder) {
     return false;
 }
 
-/// The value is not logged, because it can contain line ends.
+/// The value is not logged, because it can contain line ends. So can the company's number, which comes from a row, too.
 void dropPath(const PhotoSlot& slot) {
-    logError("PHOTO001", "「" + tCustomerInfo.USER_ID + "」の登録画像" + std::to_string(slot.index + 1) +
+    std::string company = tCustomerInfo.USER_ID;
+    std::erase_if(company, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+    logError("PHOTO001", "「" + company + "」の登録画像" + std::to_string(slot.index + 1) +
                              "の名前はファイル名ではありません。画像なしとして扱います。");
     fieldOf(slot).clear();
 }
