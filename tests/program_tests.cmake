@@ -10,7 +10,7 @@ target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:st
 add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
 orv_add_one_test(security_tests security private_server jet_reading orv_app orv_adapters_office_store
-                 orv_adapters_http orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
+                 orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
                                                   STORE_TOOL="$<TARGET_FILE:store_tool>"

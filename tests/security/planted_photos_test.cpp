@@ -50,8 +50,6 @@ struct Plant {
     bool hardLink = false;
 };
 
-void PrintTo(const Plant& plant, std::ostream* stream) { *stream << plant.what; }
-
 class PlantedPhotos : public PhotoFolders, public testing::WithParamInterface<Plant> {
 protected:
     void plant(const fs::path& place) {

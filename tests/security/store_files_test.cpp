@@ -109,15 +109,13 @@ TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {
     // In a folder where nobody can remove what others have made.
     ASSERT_EQ(::chmod(folder.path().c_str(), 01777), 0);
     setMode("office", 0644);
-    for (const char* victim : {"letter", "letter-journal"}) {
-        writeFile(folder.file(victim), "");
-        ASSERT_EQ(::chown(folder.file(victim).c_str(), kAnotherUser, kAnotherUser), 0);
+    writeFile(folder.file("letter"), "");
+    ASSERT_EQ(::chown(folder.file("letter").c_str(), kAnotherUser, kAnotherUser), 0);
+    for (const std::string name : {"new.partial", "new.partial-journal"}) {
+        fs::create_symlink(folder.file("letter"), folder.file(name));
     }
-    fs::create_symlink(folder.file("letter"), folder.file("new.partial"));
-    fs::create_symlink(folder.file("letter-journal"), folder.file("new.partial-journal"));
     EXPECT_EQ(tool("backup office new", kNobody).ending, 0);
     EXPECT_EQ(readFile(folder.file("letter")), "");
-    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder.file("new"))));
     EXPECT_EQ(json("check new")["tables"]["TBL_CUSTOMER_INFO"], 6);
 }
 

@@ -33,6 +33,16 @@ private:
     const char* name_;
 };
 
+/// The system's own settings refuse old TLS. Here everything may speak it, so that only the program refuses. The
+/// library reads them once, before the first test.
+struct AnyTls {
+    const TempFolder folder;
+    const Variable settings{"OPENSSL_CONF",
+                            folder.write("any.cnf",
+                                         "openssl_conf = all\n[all]\nssl_conf = ssl\n[ssl]\nsystem_default = any\n"
+                                         "[any]\nMinProtocol = TLSv1\nCipherString = DEFAULT:@SECLEVEL=0\n")};
+} const anyTls;
+
 /// A server that speaks TLS, and what is needed to reach it.
 class StoreText : public ::testing::Test {
 protected:
@@ -119,6 +129,20 @@ TEST_F(StoreText, ThatLeadsElsewhereGetsNoPassword) {
         EXPECT_NE(shown.find(told), std::string::npos) << words << shown;
     }
     writeFile(file("data/pg_hba.conf"), rules);
+}
+
+TEST_F(StoreText, ThatNamesAServerOfOldTlsOpensNothing) {
+    const std::string names = text("localhost") + root;
+    const Variable own("PGSSLMINPROTOCOLVERSION", "TLSv1");
+    const std::string control = "psql -X -c 'SELECT 1' '" + names + "' >/dev/null";
+    server().sql("postgres", "ALTER SYSTEM SET ssl_min_protocol_version = 'TLSv1'");
+    for (const std::string version : {"TLSv1.1", "TLSv1.2"}) {
+        server().sql("postgres", "ALTER SYSTEM SET ssl_max_protocol_version = '" + version + "'");
+        server().stop("fast");
+        server().start();
+        EXPECT_EQ(std::system(control.c_str()), 0) << "the server speaks " << version;
+        EXPECT_EQ(codeOfText(names), version == "TLSv1.1" ? "DBCONN02" : "") << version;
+    }
 }
 
 /// Lets everybody in and never stops telling settings.

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <openssl/conf.h>
 #include <openssl/x509.h>
 
 #include <cstdlib>
@@ -10,28 +11,39 @@ namespace {
 
 constexpr const char* kFine = "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n";
 
-TEST(StrangeServer, ACertificateThatNobodyVouchesForIsRefusedBeforeAnythingIsSent) {
+TEST(StrangeServer, ACertificateThatNobodyVouchesForAndOldTlsAreRefusedBeforeAnythingIsSent) {
     EVP_PKEY* key = EVP_EC_gen("P-256");
     X509* certificate = X509_new();
     X509_gmtime_adj(X509_getm_notBefore(certificate), -3600);
     X509_gmtime_adj(X509_getm_notAfter(certificate), 3600);
     X509_set_pubkey(certificate, key);
     X509_sign(certificate, key, EVP_sha256());
-    httplib::SSLServer server(certificate, key);
+    // The system's own settings refuse old TLS. Here both sides may speak it, so that only the program refuses.
+    const TempFolder folder;
+    const std::string any = folder.write("any.cnf",
+                                         "openssl_conf = all\n[all]\nssl_conf = ssl\n[ssl]\nsystem_default = any\n"
+                                         "[any]\nMinProtocol = TLSv1\nCipherString = DEFAULT:@SECLEVEL=0\n");
+    ASSERT_EQ(CONF_modules_load_file(any.c_str(), nullptr, 0), 1);
+    for (const auto& [version, words] :
+         {std::pair{TLS1_1_VERSION, "安全な接続を開始できません"}, {TLS1_2_VERSION, "証明書を確認できません"}}) {
+        httplib::SSLServer server(certificate, key);
+        SSL_CTX_set_min_proto_version(server.ssl_context(), TLS1_VERSION);
+        SSL_CTX_set_max_proto_version(server.ssl_context(), version);
+        std::atomic<bool> asked{false};
+        server.Get("/", [&](const httplib::Request&, httplib::Response&) { asked = true; });
+        const std::string url = "https://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/";
+        std::thread thread([&] { server.listen_after_bind(); });
+        const RunTimeError failure = raisedBy([&] { get(url); });
+        while (!server.is_running()) {
+            std::this_thread::yield();
+        }
+        server.stop();
+        thread.join();
+        EXPECT_NE(failure.description().find(words), std::string::npos) << failure.description();
+        EXPECT_FALSE(asked);
+    }
     X509_free(certificate);
     EVP_PKEY_free(key);
-    std::atomic<bool> asked{false};
-    server.Get("/", [&](const httplib::Request&, httplib::Response&) { asked = true; });
-    const std::string url = "https://127.0.0.1:" + std::to_string(server.bind_to_any_port("127.0.0.1")) + "/";
-    std::thread thread([&] { server.listen_after_bind(); });
-    const RunTimeError failure = raisedBy([&] { get(url); });
-    while (!server.is_running()) {
-        std::this_thread::yield();
-    }
-    server.stop();
-    thread.join();
-    EXPECT_NE(failure.description().find("証明書を確認できません"), std::string::npos) << failure.description();
-    EXPECT_FALSE(asked);
 }
 
 TEST(StrangeServer, TheEnvironmentDoesNotLeadElsewhere) {
