@@ -64,7 +64,7 @@ constexpr auto kParts = std::to_array<Part>({
     {"LOG", kForData},
 });
 
-/// Reports what is wrong with each place.
+/// Reports the faults of each place.
 class Look {
 public:
     /// `office`: the folder whose owner and group everything has.
@@ -82,7 +82,7 @@ public:
         }
     }
 
-    /// The program may be working: what is private to another clerk's run, or goes meanwhile, is passed over.
+    /// The program can be running: entries that are private to another clerk's run, or that disappear, are skipped.
     void through(const fs::path& folder, std::span<const Rule> rules) const {
         at(folder, rules);
         std::error_code error;

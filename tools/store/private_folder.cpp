@@ -50,7 +50,7 @@ void removeLeft(const fs::path& parent) {
     }
 }
 
-/// Somebody else could have put another folder in its place before it was opened.
+/// Another user could have replaced the folder before it was opened.
 bool isOfThisUserAlone(int folder) {
     struct stat facts {};
     return ::fstat(folder, &facts) == 0 && facts.st_uid == ::geteuid() && (facts.st_mode & 077U) == 0;

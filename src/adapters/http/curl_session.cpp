@@ -88,7 +88,7 @@ void requireScheme(std::string url) {
 struct Arrival {
     HttpResponse response;
     bool headIsWhole = false;
-    std::size_t headBytes = 0;  // of interim heads and of what follows the body too
+    std::size_t headBytes = 0;  // including interim heads and the trailer
 };
 
 std::size_t takeBody(const char* bytes, std::size_t, std::size_t count, void* arrival) {
