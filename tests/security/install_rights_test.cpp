@@ -47,7 +47,7 @@ TEST_F(OfficeRights, TheCheckSaysWhatOfAnOfficeIsTooOpen) {
     std::filesystem::copy_file(office, folder.file(store));
     // The commands of the manual itself, for the group of the other user.
     const std::string manual = std::string("sed -n 's,^    \\(find .*\\|cd C/ORV && .*\\)$,\\1,p' '") + kSampleFolder +
-                               "/../docs/operating.md'";
+                               "/../docs/operating/install.md'";
     const auto close = [&] {
         const std::string give = canBeAnotherUser() ? "chown -R 0:65534 . && " : "";
         const std::string commands = "cd '" + folder.file("srv") + "' && " + give + "sh -e -c \"$(" + manual + ")\"";

@@ -86,16 +86,11 @@ void keepKeysAndClicksInOrder() {
     }
 }
 
-/// Without a display the toolkit would abort with a text of its own. So it may fall back to showing nothing, which is
-/// told apart here and said where it can be read.
+/// Without a display the toolkit would abort with an English text. Therefore it can fall back to showing nothing, which
+/// is reported here, unless the environment names the platform.
 std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
-    if (qEnvironmentVariableIsSet(kPlatform)) {
-        return std::make_unique<QApplication>(count, arguments);
-    }
-    qputenv(kPlatform, "xcb;offscreen");
     auto toolkit = std::make_unique<QApplication>(count, arguments);
-    qunsetenv(kPlatform);
-    if (QGuiApplication::platformName() == QStringLiteral("offscreen")) {
+    if (!qEnvironmentVariableIsSet(kPlatform) && QGuiApplication::platformName() == QStringLiteral("offscreen")) {
         toolkit.reset();
         std::fputs("画面に接続できません。\n", stderr);
         std::exit(EXIT_FAILURE);
@@ -125,12 +120,15 @@ void useOwnIcons() {
 
 }  // namespace
 
-Application::Application(const char* programName) : name_(programName), arguments_{name_.data(), nullptr} {
-    // The toolkit asks for the machine's fonts once the display is connected. Each takes a while, so they go on at
-    // once.
-    const std::jthread fonts([] { FcInit(); });
+Application::Application(const char* programName)
+    : name_(programName),
+      arguments_{name_.data(), option_.data(), platforms_.data(), nullptr},
+      count_(qEnvironmentVariableIsSet(kPlatform) ? 1 : 3) {
     keepKeysAndClicksInOrder();
-    application_ = makeToolkit(count_, arguments_);
+    // The toolkit asks for the machine's fonts once the display is connected. Both take a while, so they run in
+    // parallel. The thread reads the environment: a variable that is added meanwhile can crash it.
+    const std::jthread fonts([] { FcInit(); });
+    application_ = makeToolkit(count_, arguments_.data());
     words_ = japaneseWords();
     useOwnIcons();
     QApplication::setStyle(new OfficeStyle);

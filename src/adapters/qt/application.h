@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -8,7 +9,7 @@ class QTranslator;
 
 namespace orv {
 
-/// The toolkit, set up the same on every machine. It takes no options: what stands on the command line is the system's.
+/// The toolkit, set up the same on every machine. The command line is not passed to it.
 class Application {
 public:
     /// Without a display it says so on the error output and ends the program.
@@ -21,9 +22,11 @@ public:
     int run() const;
 
 private:
-    int count_ = 1;
     std::string name_;
-    char* arguments_[2];
+    std::string option_ = "-platform";
+    std::string platforms_ = "xcb;offscreen";
+    std::array<char*, 4> arguments_;
+    int count_;
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<QTranslator> words_;
 };
