@@ -1,4 +1,4 @@
-# Works the program as fast as the screen, each time in a fresh start: ./dev input [RUNS].
+# Works the program as fast as the screen, each time in a new start: ./dev input [RUNS].
 
 input() {
     buildPreset release immediate_input >/dev/null

@@ -12,7 +12,6 @@ namespace {
 using desk::Spot;
 
 constexpr const char* kNotice = "会社情報設定";
-// A field where messages and dialogs are.
 constexpr const char* kMiddle = "txt_Takken_Syunin_Name";
 
 void must(bool done, const std::string& what) {
@@ -29,8 +28,8 @@ public:
     void work(const std::string& number) {
         start();
         saveTwice(number);
-        openTwice("btm_SearchOfficeAddress", "住所検索", "pic_Logo");
-        openTwice("btm_ChangePW", "パスワード変更", kMiddle);
+        openTwice("btm_SearchOfficeAddress", "住所検索");
+        openTwice("btm_ChangePW", "パスワード変更");
     }
     void stop() { terminal_.kill(); }
 
@@ -41,6 +40,8 @@ private:
         terminal_.start("000004601,1,0");
         must(terminal_.waitForPage(0), "the page");
         probe_.settled("the page", [] { return true; });
+        middle_ = onPage(kMiddle);
+        colour_ = probe_.colourAt(middle_);
     }
     Spot onPage(const std::string& control) {
         must(terminal_.waitForPage(0), "the page");
@@ -50,43 +51,43 @@ private:
         probe_.moveTo(spot);
         probe_.click();
     }
-    /// Opens a window by a click, closes it by a key and waits until a place that was covered is painted as before.
-    void openAndClose(Spot button, const std::string& title, const std::string& key, Spot covered) {
-        const unsigned long colour = probe_.colourAt(covered);
+    /// Opens a window by a click, closes it by a key and waits until a place below it is painted as before.
+    void openAndClose(Spot button, const std::string& title, const std::string& key) {
         clickAt(button);
         must(terminal_.waitForWindow(title), "the click that opens " + title);
         must(desk::eventually([&] { return terminal_.titleInFront() == title; }), "the focus of " + title);
         probe_.key(key);
-        probe_.waitForColourAt(covered, colour);
+        probe_.waitForColourAt(middle_, colour_);
     }
     /// The number is typed right after the first message has closed. The window manager hands on a click later than a
     /// key, so the keys wait until the field shows its focus.
     void saveTwice(const std::string& number) {
         const Spot field = onPage("txt_Address_number");
         const Spot save = onPage("btm_Save");
-        const Spot middle = onPage(kMiddle);
-        openAndClose(save, kNotice, "Return", middle);
+        openAndClose(save, kNotice, "Return");
         clickAt(field);
         probe_.waitForPaintingAt(field);
         probe_.key("ctrl+a");
         for (const char digit : number) {
             probe_.key(std::string(1, digit));
         }
-        openAndClose(save, kNotice, "Return", middle);
+        openAndClose(save, kNotice, "Return");
         const std::string stored =
             office_.ask("select ADDRESS_NUMBER from TBL_CUSTOMER_INFO where USER_ID = '000004601'");
         must(stored == number, "the typed " + number + ": " + stored);
     }
-    void openTwice(const std::string& button, const std::string& title, const std::string& covered) {
+    void openTwice(const std::string& button, const std::string& title) {
         const Spot spot = onPage(button);
-        const Spot place = onPage(covered);
-        openAndClose(spot, title, "Escape", place);
-        openAndClose(spot, title, "Escape", place);
+        openAndClose(spot, title, "Escape");
+        openAndClose(spot, title, "Escape");
     }
 
     const desk::Office& office_;
     desk::ScreenProbe probe_;
     desk::Terminal terminal_;
+    /// A place that every window covers, and its colour while none does.
+    Spot middle_;
+    unsigned long colour_ = 0;
 };
 
 int lostIn(int runs, FastOperator& clerk) {
