@@ -53,8 +53,8 @@ void window(const std::string& folder, const std::string& photo);
 /// Works all pages for so long, or for 10,000 page changes, 1,000 switches and 1,000 saves (0 minutes), and prints how
 /// much memory and time that came to need.
 void soak(const std::string& folder, double minutes);
-/// What the operator waits for, from the input to the last painting, in the program's own process, at two scales and
-/// with few and many companies.
+/// Prints the time from each kind of input to the last painting that follows it, in the real program, at two scales and
+/// with few and many companies. `photo` is chosen and shown.
 void clicks(const std::string& folder, const std::string& photo);
 /// `companies`: how many the store holds.
 Result list(const std::string& folder, int companies);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kArgument = "000004601,1,0";
 constexpr const char* kPhoto = "large.jpg";
-// The sample's, and what a large office has.
+// The companies of the sample, and of a large office.
 constexpr int kSampleCompanies = 6;
 constexpr int kManyCompanies = 20000;
 
@@ -118,7 +118,7 @@ private:
         return probe_.settled(title, [&] { return terminal_.titleInFront().find(title) != std::string::npos; });
     }
     void note(const std::string& figure, const std::string& title) { times_[figure].push_back(wait(title)); }
-    /// The pointer arrives first, which can repaint what is under it.
+    /// The pointer arrives first, since that can repaint the control.
     void clickAt(const std::string& control, int index = -1) {
         probe_.moveTo(terminal_.onScreen(control, index));
         probe_.click();

@@ -1,6 +1,6 @@
 // bench FOLDER [start|save|list]: one line a benchmark. FOLDER: where offices are made.
 // bench FOLDER window PHOTO: the page of the photos.
-// bench FOLDER clicks PHOTO: what the operator waits for.
+// bench FOLDER clicks PHOTO: the time from an input to the last painting.
 // bench FOLDER soak [MINUTES]: whether the program grows.
 #include <cstdlib>
 #include <exception>
@@ -36,7 +36,7 @@ void run(int argc, char* argv[]) {
 
 }  // namespace
 
-/// What a benchmark has started ends with it, also when it fails.
+/// Programs that a benchmark has started end with it, also when it fails.
 int main(int argc, char* argv[]) {
     if (argc < 2) {
         std::cerr << "bench FOLDER [start|save|list]\n";

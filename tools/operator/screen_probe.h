@@ -13,8 +13,8 @@ struct Spot {
     int y = 0;
 };
 
-/// Gives mouse and key events to a display and sees when something is painted on it, over one connection. Faster than
-/// the tools by which a terminal is worked, each of which is a program of its own.
+/// Gives mouse and key events to a display and notices when something is painted on it, over one connection. It is
+/// faster than the tools that work a terminal, since each of these is a program of its own.
 class ScreenProbe {
 public:
     explicit ScreenProbe(const std::string& display);
@@ -27,10 +27,10 @@ public:
     void click();
     /// A key by its X name, for example "Return"; "ctrl+a" with the modifier.
     void key(const std::string& name);
-    /// From now on counts what `settled` measures; a click and a key do the same.
+    /// Starts the time that `settled` measures; a click and a key do the same.
     void startTiming();
-    /// Waits until nothing has been painted for a third of a second and `shown` holds. Returns the milliseconds from
-    /// the last input to the last painting. Throws after a minute, with `what`.
+    /// Waits until nothing has been painted for three tenths of a second and `shown` holds. Returns the milliseconds
+    /// from the last input to the last painting. Throws after a minute, with `what`.
     double settled(const std::string& what, const std::function<bool()>& shown);
     /// Waits for the next painting that covers the spot. Throws if there is none within a minute.
     void waitForPaintingAt(Spot spot);

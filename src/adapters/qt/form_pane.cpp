@@ -193,8 +193,8 @@ void FormPane::enableIfStillDue() {
 
 QString FormPane::role() const { return toQt(form_.name() + (gate_ ? " (disabled)" : "")); }
 
-/// Input that came while the form took none is dropped. The window is painted only after that, so that an input to
-/// anything that the operator sees is not among it.
+/// Input that came while the form took none is dropped. The window is painted only after that, so that every input to
+/// the painted page counts.
 void FormPane::openGate() {
     const QPointer<QWidget> unpainted = window();
     unpainted->setUpdatesEnabled(false);
