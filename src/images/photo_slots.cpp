@@ -16,6 +16,7 @@
 #include "logging/write_log.h"
 #include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
+#include "platform/forms/working.h"
 #include "platform/machine/file_system.h"
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
@@ -39,11 +40,17 @@ void removeUnfinished(const std::string& work) {
     }));
 }
 
+/// Ends the line before the page takes input again.
+bool fit(const std::string& file, ImageControl& image, std::string& work) {
+    const Working working("画像を調整しています…");
+    return PF_ImeResize(file, image, work);
+}
+
 /// Disables the page while a picture is fitted, and releases the picture's pixels afterwards.
 bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
     DisabledForm disabled(photos.page);
     services().forms->setPointer(kPointerHourglass);
-    const bool fine = PF_ImeResize(file, photos.work, work);
+    const bool fine = fit(file, photos.work, work);
     if (!fine) {
         removeUnfinished(work);
     }

@@ -119,16 +119,34 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
     EXPECT_TRUE(before.empty() || store() == before);
 }
 
+TEST_F(Faults, ASlowStoreIsAwaitedInAWindow) {
+    std::optional<Process> owner(std::in_place, std::vector<std::string>{"sqlite3", office_->store().string(),
+                                                                         "begin exclusive", ".shell sleep 20"});
+    ASSERT_TRUE(eventually([&] { return office_->ask("select 1 from TBL_LOCK").empty(); }));
+    Terminal desk = terminal("DESK-01");
+    desk.startUnprivileged(kCompany);
+    EXPECT_TRUE(desk.waitForWindow("会社情報を開いています…"));
+    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > 2; }));
+    owner.reset();
+    EXPECT_TRUE(desk.waitForPage(0));
+}
+
 TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
     Terminal desk = terminal("DESK-01");
     desk.startUnprivileged(kCompany);
     ASSERT_TRUE(desk.waitForPage(0));
     const int colours = desk.coloursShown();
-    server_->misbehave("companies:delay=7000");
+    server_->misbehave("companies:delay=15000");
     desk.click("btm_Save");
     ASSERT_TRUE(eventually([&] { return contains(server_->log(), "/cussend/ "); }));
     desk.minimise();
     desk.toFront();
+    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
+    {
+        const Process cover({"bash", "-c", "exec xev -geometry 1200x740+20+20 >/dev/null"},
+                            {{"DISPLAY", display_.name()}});
+        EXPECT_TRUE(eventually([&] { return desk.coloursShown() < colours / 2; })) << "covered";
+    }
     EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
     desk.click("btm_ChangePage", 1);
     desk.click("btm_Back_Menu");

@@ -53,6 +53,8 @@ public:
     std::vector<Notice> notices;
     /// "open frm_CompInp0" and the like, in order.
     std::vector<std::string> calls;
+    /// The line on the page about the work in progress.
+    std::string work;
     int repaints = 0;
     /// "open" or "show": this operation fails.
     std::string broken;
@@ -76,6 +78,7 @@ public:
         EXPECT_EQ(notice.buttons.size(), 1U) << "unexpected question: " << notice.text;
         return notice.escapeButton;
     }
+    void working(const std::string& what) override { work = what; }
     void repaint() override {
         ++repaints;
         if (onRepaint) onRepaint();

@@ -7,6 +7,7 @@
 
 #include "adapters/pictures/exif_orientation.h"
 #include "adapters/pictures/jpeg_guard.h"
+#include "platform/waiting.h"
 
 // jerror.h makes an enumeration of the library's messages, and needs jpeglib.h before it.
 #include <jerror.h>
@@ -66,11 +67,13 @@ private:
         guard_.watch(reinterpret_cast<j_common_ptr>(&info_));
         guard_.guarded([this] { jpeg_create_decompress(&info_); });
         info_.mem->max_memory_to_use = kDecoderMemory;
-        progress_.progress_monitor = countPasses;
+        progress_.progress_monitor = watchReading;
         info_.progress = &progress_;
     }
 
-    static void countPasses(j_common_ptr common) {
+    /// Called by the library repeatedly while it reads.
+    static void watchReading(j_common_ptr common) {
+        whileWaiting();
         const auto& info = *reinterpret_cast<j_decompress_ptr>(common);
         if (std::int64_t{info.input_scan_number} * info.image_width * info.image_height > kPixelPasses) {
             JpegGuard::leaveWith(common, JERR_NO_BACKING_STORE);

@@ -16,6 +16,7 @@
 #include "adapters/pictures/resampler.h"
 #include "adapters/pictures/tiff_file.h"
 #include "platform/run_time_error.h"
+#include "platform/waiting.h"
 
 namespace orv {
 namespace {
@@ -50,6 +51,7 @@ void eachRow(const QImage& source, Take take) {
     for (int y = 0; y < source.height(); ++y) {
         const QImage row = source.copy(0, y, source.width(), 1).convertToFormat(kFormat<Sample>);
         take(reinterpret_cast<const Sample*>(row.constScanLine(0)));
+        whileWaiting();
     }
 }
 

@@ -8,6 +8,8 @@
 #include <numbers>
 #include <utility>
 
+#include "platform/waiting.h"
+
 // Compiles the critical functions for wider vector units too, and the program uses those that the machine has. Not with
 // sanitizers or other tools, which cannot follow that choice.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
@@ -132,6 +134,7 @@ Resampler<Sample>::Resampler(PictureSize from, PictureSize to, std::size_t chann
 
 template <typename Sample>
 void Resampler<Sample>::push(const Sample* row) {
+    whileWaiting();
     keep(row);
     while (finished_ < to_.height && next_.last() < firstRow_ + static_cast<int>(rows_.size())) {
         addRows();

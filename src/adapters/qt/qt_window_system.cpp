@@ -111,6 +111,7 @@ void QtWindowSystem::tidy() {
 
 void QtWindowSystem::runModal(Form& form) {
     if (FormPane* pane = paneOf(&form)) {
+        endWork();
         const PlainPointer plain(*this);
         TopWindow(roomOf_).runModal(*pane);
     }

@@ -56,7 +56,7 @@ public:
     /// Commits an open composition of the input method to its field.
     virtual void commitComposition() = 0;
     /// Shows on the active page which work is running, and blocks all input to the page until called with an empty
-    /// text. A message ends this too. Meanwhile `whileWaiting` paints the windows.
+    /// text. A message or a modal form ends this too. Meanwhile `whileWaiting` paints the windows.
     virtual void working(const std::string& what) = 0;
     /// Shows on the disabled form's window that another program's window must be used, until called with an empty text
     /// or the form closes. Calls `pressed` when the operator presses a mouse button there.

@@ -6,6 +6,7 @@
 #include "adapters/pictures/picture_header.h"
 #include "adapters/pictures/tiff_file.h"
 #include "platform/run_time_error.h"
+#include "platform/waiting.h"
 
 namespace orv::test {
 namespace {
@@ -74,6 +75,22 @@ TEST_F(PictureFilesTest, LaysTransparentPlacesOnWhite) {
     ASSERT_TRUE(image.save(QString::fromStdString(path), "png"));
     EXPECT_EQ(pictures_.info(path).bits, 32);
     EXPECT_EQ(pictures_.load(path)->scaled(1, 1).argb, std::vector<std::uint32_t>{0xFF7F7F7FU});
+}
+
+TEST_F(PictureFilesTest, LetsTheWindowsBePaintedWhileItWorks) {
+    const auto painted = [](const std::function<void()>& work) {
+        bool done = false;
+        setWhileWaiting([&] { done = true; });
+        work();
+        setWhileWaiting({});
+        return done;
+    };
+    ASSERT_TRUE(madeImage(64, 48).save(QString::fromStdString(folder_.pathOf("a.png")), "png"));
+    for (const std::string& path : {folder_.keep("a.jpg", madeJpeg({})), folder_.pathOf("a.png")}) {
+        std::unique_ptr<Picture> picture;
+        EXPECT_TRUE(painted([&] { picture = pictures_.load(path, {8, 6}); })) << path;
+        EXPECT_TRUE(painted([&] { picture->size(8, 6); })) << path;
+    }
 }
 
 }  // namespace
