@@ -27,6 +27,8 @@ orv_add_tests(window_tests "app;pages/handlers" orv_app orv_pages_layout orv_ada
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_main)
 orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
+orv_add_tests(screen_reader_tests screen_reader orv_desk GTest::gtest_main)
+target_compile_definitions(screen_reader_tests PRIVATE SCREEN_READER="${CMAKE_CURRENT_SOURCE_DIR}/screen_reader")
 
 # A part of `./dev prove`, which tests every call and every byte. With 21, each of the eight bits is tested.
 foreach(share "file 60" "server 60" "answers 21")
@@ -42,7 +44,7 @@ add_subdirectory(fuzz)
 add_custom_target(unit_tests)
 get_property(programs DIRECTORY PROPERTY BUILDSYSTEM_TARGETS)
 list(FILTER programs INCLUDE REGEX "_tests$")
-list(REMOVE_ITEM programs unit_tests end_to_end_tests input_method_tests)
+list(REMOVE_ITEM programs unit_tests end_to_end_tests input_method_tests screen_reader_tests)
 add_dependencies(unit_tests ${programs})
 if(NOT ORV_FUZZ)
   add_dependencies(unit_tests fuzz_tests)

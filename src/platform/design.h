@@ -12,6 +12,9 @@ struct Colour {
     friend bool operator==(const Colour&, const Colour&) = default;
 };
 
+/// The background of a field that must be filled in. Assistive technology reads such a field as required.
+inline constexpr Colour kRequiredField{0xddddff};
+
 /// A point in design pixels. A page is 794 by 572 of them; the view scales them to the screen.
 struct Point {
     int x = 0;

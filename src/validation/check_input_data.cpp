@@ -33,6 +33,9 @@ void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusa
         return;
     }
     PF_SetFocusTo(refusal.focus);
+    if (refusal.focus != nullptr) {
+        refusal.focus->setFault(refusal.text);
+    }
     pointerBack();
     tell("COS19800", {refusal.text});
 }

@@ -24,6 +24,7 @@ public:
     void commitComposition() override {}
     void working(const std::string&) override {}
     void pointToSibling(Form&, const std::string&, std::function<void()>) override {}
+    void beep() override {}
     void pointer(bool) override {}
     void repaint() override {}
 };

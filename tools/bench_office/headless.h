@@ -34,6 +34,7 @@ public:
     void commitComposition() override {}
     void working(const std::string&) override {}
     void pointToSibling(orv::Form&, const std::string&, std::function<void()>) override {}
+    void beep() override {}
     void pointer(bool) override {}
     void repaint() override {}
 };

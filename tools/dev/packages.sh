@@ -7,6 +7,7 @@ PACKAGES=(
     libcpp-httplib-dev libcli11-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
     postgresql pgbouncer openssl
     fonts-noto-cjk qt6-translations-l10n mate-backgrounds
+    at-spi2-core gir1.2-atspi-2.0 python3-gi
     fcitx5 fcitx5-mozc fcitx5-frontend-qt6 ibus ibus-mozc dbus-daemon x11-xkb-utils
     libxtst-dev libxdamage-dev
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl

@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/office_style.h"
 #include "adapters/qt/views/page_scale.h"
 
@@ -131,6 +132,7 @@ Application::Application(const char* programName)
     application_ = makeToolkit(count_, arguments_.data());
     words_ = japaneseWords();
     useOwnIcons();
+    installAccessibility();
     QApplication::setStyle(new OfficeStyle);
     replacePlainColours(*QApplication::style());
     QApplication::setFont(textFont());

@@ -1,15 +1,18 @@
 #include "adapters/qt/open_dialog.h"
 
+#include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QFontInfo>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLocale>
 #include <QStyledItemDelegate>
 #include <QTreeView>
 #include <QUrl>
+#include <utility>
 
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/views/qt_text.h"
@@ -58,6 +61,17 @@ QString filterOf(const FileQuestion& question) {
     return parts.front() + QStringLiteral(" (") + parts.back() + QStringLiteral(")");
 }
 
+/// Names the two lists, which the toolkit does not connect with their labels.
+void nameLists(const QFileDialog& dialog) {
+    for (const auto& [list, label] : {std::pair("lookInCombo", "lookInLabel"), {"fileTypeCombo", "fileTypeLabel"}}) {
+        auto* named = dialog.findChild<QComboBox*>(QLatin1String(list));
+        const auto* name = dialog.findChild<QLabel*>(QLatin1String(label));
+        if (named != nullptr && name != nullptr) {
+            named->setAccessibleName(name->text());
+        }
+    }
+}
+
 /// The names of the kinds are not all in Japanese, and the filter has told the kind.
 void arrangeColumns(QTreeView& list) {
     QHeaderView& header = *list.header();
@@ -93,6 +107,7 @@ std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* 
     dialog.setNameFilter(filterOf(question));
     dialog.setSidebarUrls({QUrl::fromLocalFile(start), QUrl::fromLocalFile(QDir::homePath())});
     arrange(dialog, room);
+    nameLists(dialog);
     const NestedEvents nested;
     const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     if (owner != nullptr) {

@@ -1,6 +1,5 @@
 #include "adapters/qt/page_cover.h"
 
-#include <QAccessible>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -80,10 +79,11 @@ void PageCover::say(const QString& line) {
     if (line_ != nullptr) {
         line_->setText(line);
         setWindowTitle(line);
-        QAccessibleEvent said(line_, QAccessible::Alert);
-        QAccessible::updateAccessibility(&said);
+        announce(*this, line);
     }
 }
+
+QAccessible::Role PageCover::accessibleRole() const { return isWindow() ? QAccessible::Dialog : QAccessible::Pane; }
 
 void PageCover::paintEvent(QPaintEvent*) {
     if (!isWindow()) {

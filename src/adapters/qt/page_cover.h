@@ -2,13 +2,15 @@
 
 #include <QWidget>
 
+#include "adapters/qt/views/accessibility.h"
+
 class QLabel;
 
 namespace orv {
 
 /// Covers the window of a page, which shows through, and says one line above it. Without a page it is a small window of
 /// its own.
-class PageCover : public QWidget {
+class PageCover : public QWidget, public AccessibleRole {
 public:
     enum class Bar { None, Moving };
 
@@ -16,6 +18,8 @@ public:
 
     void appear();
     void say(const QString& line);
+
+    QAccessible::Role accessibleRole() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -175,6 +175,8 @@ void QtWindowSystem::pointToSibling(Form& form, const std::string& line, std::fu
     }
 }
 
+void QtWindowSystem::beep() { QApplication::beep(); }
+
 void QtWindowSystem::pointer(bool busy) {
     if (busy == busy_) {
         return;

@@ -38,6 +38,7 @@ public:
     void commitComposition() override;
     void working(const std::string& what) override;
     void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) override;
+    void beep() override;
     void pointer(bool busy) override;
     void repaint() override;
 

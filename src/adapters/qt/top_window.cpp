@@ -45,6 +45,8 @@ bool TopWindow::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+QAccessible::Role TopWindow::accessibleRole() const { return isModal() ? QAccessible::Dialog : QAccessible::Window; }
+
 /// The focus leaves the pane before it is hidden: the toolkit would look for another place for it.
 void TopWindow::takeIn(FormPane& pane) {
     FormPane* last = std::exchange(pane_, &pane);

@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QWidget>
 
+#include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/screen_room.h"
 
 class QScrollArea;
@@ -14,7 +15,7 @@ class FormPane;
 /// A window on the screen. It shows one form after the other: the pages share one, so that the input method, which
 /// keeps its state by window, stays as it is across a change of page. A form that is larger than the screen is
 /// scrolled.
-class TopWindow : public QWidget {
+class TopWindow : public QWidget, public AccessibleRole {
 public:
     explicit TopWindow(RoomOf roomOf);
 
@@ -29,6 +30,7 @@ public:
     void reveal(const QRect& part);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    QAccessible::Role accessibleRole() const override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -4,9 +4,8 @@
 
 namespace orv {
 
-// Fields.
+// Fields. Required fields have kRequiredField.
 inline constexpr Colour kDisabledField{0xe0e0e0};
-inline constexpr Colour kRequiredField{0xddddff};
 inline constexpr Colour kOptionalField{0xffffff};
 
 // Check boxes.

@@ -11,17 +11,15 @@ namespace orv {
 
 inline constexpr Point kChangePasswordSize{380, 170};
 
-constexpr TextDesign passwordField(std::string_view spokenName) {
+/// Returns a field whose name is the label before it.
+inline TextDesign passwordField(const Label& label) {
     return {.mask = "aA#@",
             .limit = characters(10),
             .ime = Ime::Disabled,
             .back = kRequiredField,
             .password = true,
-            .spokenName = spokenName};
+            .spokenName = label.labelDesign().caption};
 }
-
-inline constexpr std::array kPasswordFields{passwordField("今までのパスワード"), passwordField("新しいパスワード"),
-                                            passwordField("新しいパスワードの確認入力")};
 
 /// Asks for the present password and twice for the new one.
 struct frm_ChangePassword : Form {
@@ -36,7 +34,7 @@ struct frm_ChangePassword : Form {
     Label lbl_Old_Password{*this, "lbl_Old_Password", {.caption = "今までのパスワード"}};
     Label lbl_New_Password{*this, "lbl_New_Password", {.caption = "新しいパスワード"}};
     Label lbl_New_Password_Try{*this, "lbl_New_Password_Try", {.caption = "新しいパスワードの確認入力"}};
-    ControlArray<TextInput, 3> txt_Password{*this, "txt_Password", kPasswordFields};
+    ControlArray<TextInput, 3> txt_Password{*this, "txt_Password", std::array{passwordField(lbl_Old_Password), passwordField(lbl_New_Password), passwordField(lbl_New_Password_Try)}};
     Button btm_Entry{*this, "btm_Entry", {.caption = "確定", .look = ButtonLook::Action}};
     Button btm_Cancel{*this, "btm_Cancel", {.caption = "キャンセル", .look = ButtonLook::Action, .shortcut = "Esc"}};
     // clang-format on

@@ -9,12 +9,10 @@ namespace orv {
 inline constexpr int kTabDantaiName = kTabFields + 1;
 inline constexpr int kTabBehindDantaiName = kTabFields + 2;
 
-constexpr std::array<NumberDesign, 3> licenceDate(std::string_view monthFormat, std::string_view behindTheDay,
-                                                  std::string_view year, std::string_view month, std::string_view day) {
-    return {
-        {{.unit = "年", .least = 1, .most = 9999, .format = "####;;;", .back = kRequiredField, .spokenName = year},
-         {.unit = "月", .least = 1, .most = 12, .format = monthFormat, .back = kRequiredField, .spokenName = month},
-         {.unit = behindTheDay, .least = 1, .most = 31, .format = "##;;;", .back = kRequiredField, .spokenName = day}}};
+constexpr std::array<NumberDesign, 3> licenceDate(std::string_view monthFormat, std::string_view behindTheDay) {
+    return {{{.unit = "年", .least = 1, .most = 9999, .format = "####;;;", .back = kRequiredField},
+             {.unit = "月", .least = 1, .most = 12, .format = monthFormat, .back = kRequiredField},
+             {.unit = behindTheDay, .least = 1, .most = 31, .format = "##;;;", .back = kRequiredField}}};
 }
 
 constexpr std::array<CheckDesign, 7> dantaiBoxes() {
@@ -33,21 +31,26 @@ constexpr std::array<CheckDesign, 9> koutoriBoxes() {
 
 /// The broker's licence, the associations and the fair-trade councils.
 struct frm_CompInp1 : PageForm {
-    frm_CompInp1() : PageForm("frm_CompInp1", 1) {}
+    frm_CompInp1() : PageForm("frm_CompInp1", 1) {
+        nameBlock(cbo_License_No.caption(), txt_License_no_Dai, txt_License_No_Go);
+        nameBlock("有効期限開始", txt_Get_License_Date[0], txt_Get_License_Date[2]);
+        nameBlock("有効期限終了", cbo_Valid_License_Nengou, txt_Valid_License_Date[2]);
+        txt_Other_Dantai_Name.setBlock(chk_Dantai[6].checkDesign().caption);
+    }
 
     // clang-format off
     ComboBox cbo_License_No{*this, "cbo_License_No", {.caption = "免許証番号："}};
-    TextInput txt_License_no_Dai{*this, "txt_License_no_Dai", {.unit = "第", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の更新回数"}};
-    TextInput txt_License_No_Go{*this, "txt_License_No_Go", {.unit = "号", .mask = "9", .limit = characters(6), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "免許証番号の号"}};
+    TextInput txt_License_no_Dai{*this, "txt_License_no_Dai", {.unit = "第", .mask = "9", .limit = characters(2), .ime = Ime::Disabled, .back = kRequiredField, .spokenName = "更新回数"}};
+    TextInput txt_License_No_Go{*this, "txt_License_No_Go", {.unit = "号", .mask = "9", .limit = characters(6), .ime = Ime::Disabled, .back = kRequiredField}};
     ComboBox cbo_Get_License_Nengou{*this, "cbo_Get_License_Nengou", {.caption = "免許証有効期限："}};
-    ControlArray<NumberInput, 3> txt_Get_License_Date{*this, "txt_Get_License_Date", licenceDate("##;;;", "日～", "有効期限開始の年", "有効期限開始の月", "有効期限開始の日")};
-    ComboBox cbo_Valid_License_Nengou{*this, "cbo_Valid_License_Nengou", {.spokenName = "有効期限終了の年号"}};
-    ControlArray<NumberInput, 3> txt_Valid_License_Date{*this, "txt_Valid_License_Date", licenceDate("##", "日", "有効期限終了の年", "有効期限終了の月", "有効期限終了の日")};
+    ControlArray<NumberInput, 3> txt_Get_License_Date{*this, "txt_Get_License_Date", licenceDate("##;;;", "日～")};
+    ComboBox cbo_Valid_License_Nengou{*this, "cbo_Valid_License_Nengou", {.spokenName = "年号"}};
+    ControlArray<NumberInput, 3> txt_Valid_License_Date{*this, "txt_Valid_License_Date", licenceDate("##", "日")};
 
     Label lbl_Dantai_Name_Title{*this, "lbl_Dantai_Name_Title", {.caption = "加盟団体："}};
     ControlArray<CheckBox, 7> chk_Dantai{*this, "chk_Dantai", dantaiBoxes()};
-    ComboBox cbo_Dantai_Name{*this, "cbo_Dantai_Name", {.tabRank = kTabDantaiName, .spokenName = "加盟団体"}};
-    TextInput txt_Other_Dantai_Name{*this, "txt_Other_Dantai_Name", {.limit = bytes(60), .ime = Ime::Hiragana, .back = kOptionalField, .tabRank = kTabBehindDantaiName, .spokenName = "その他加盟団体の名称"}};
+    ComboBox cbo_Dantai_Name{*this, "cbo_Dantai_Name", {.tabRank = kTabDantaiName, .spokenName = lbl_Dantai_Name_Title.labelDesign().caption}};
+    TextInput txt_Other_Dantai_Name{*this, "txt_Other_Dantai_Name", {.limit = bytes(60), .ime = Ime::Hiragana, .back = kOptionalField, .tabRank = kTabBehindDantaiName, .spokenName = "名称"}};
     ControlArray<CheckBox, 9> chk_Koutori{*this, "chk_Koutori", koutoriBoxes()};
     // clang-format on
 };

@@ -6,6 +6,8 @@ namespace orv {
 
 inline constexpr int kPhotoWidth = 121;
 inline constexpr int kPhotoHeight = 100;
+inline constexpr std::array<std::string_view, 2> kPhotoHeadings{" 画像１", " 画像２"};
+inline constexpr std::string_view kOtherHeading = " その他会社情報";
 
 // Tab visits all controls of a slot before the next slot.
 inline constexpr int kTabPhoto1 = kTabFields + 1;
@@ -13,14 +15,21 @@ inline constexpr int kTabPhoto2 = kTabFields + 2;
 
 /// Access to the agency, its presentation, and its two photos.
 struct frm_CompInp2 : PageForm {
-    frm_CompInp2() : PageForm("frm_CompInp2", 2) {}
+    frm_CompInp2() : PageForm("frm_CompInp2", 2) {
+        txt_Company_Comment.setBlock(kOtherHeading);
+        for (std::size_t slot = 0; slot < kPhotoHeadings.size(); ++slot) {
+            cbo_pic_PhotoFile[slot].setBlock(kPhotoHeadings[slot]);
+            btm_PhotoSelect[slot].setBlock(kPhotoHeadings[slot]);
+            btm_PhotoDel[slot].setBlock(kPhotoHeadings[slot]);
+        }
+    }
 
     // clang-format off
     Label lbl_Railroad_Name_Title{*this, "lbl_Railroad_Name_Title", {.caption = "沿線名称："}};
-    Label lbl_Railroad_Name{*this, "lbl_Railroad_Name", {.look = LabelLook::Panel, .spokenName = "沿線名称"}};
+    Label lbl_Railroad_Name{*this, "lbl_Railroad_Name", valueOf(lbl_Railroad_Name_Title)};
     TextInput txt_Railroad_Code{*this, "txt_Railroad_Code", {.back = kOptionalField, .visible = false}};
     Label lbl_Station_Name_Title{*this, "lbl_Station_Name_Title", {.caption = "駅名称："}};
-    Label lbl_Station_Name{*this, "lbl_Station_Name", {.look = LabelLook::Panel, .spokenName = "駅名称"}};
+    Label lbl_Station_Name{*this, "lbl_Station_Name", valueOf(lbl_Station_Name_Title)};
     TextInput txt_Station_Code{*this, "txt_Station_Code", {.back = kOptionalField, .visible = false}};
     Button btn_SelectRail{*this, "btn_SelectRail", {.caption = "沿線選択"}};
     Button btn_DelRail{*this, "btn_DelRail", {.caption = "消去"}};
@@ -40,8 +49,8 @@ struct frm_CompInp2 : PageForm {
     TextInput txt_Day_Off{*this, "txt_Day_Off", {.caption = "定休日：", .limit = bytes(100), .ime = Ime::Hiragana, .back = kOptionalField}};
     TextInput txt_Office_Hours{*this, "txt_Office_Hours", {.caption = "営業時間：", .limit = bytes(100), .ime = Ime::Hiragana, .back = kOptionalField}};
 
-    ControlArray<ImageControl, 2> pic_PhotoFile{*this, "pic_PhotoFile", std::array<ImageDesign, 2>{{{.width = kPhotoWidth, .height = kPhotoHeight, .spokenName = "画像１"}, {.width = kPhotoWidth, .height = kPhotoHeight, .spokenName = "画像２"}}}};
-    ControlArray<ComboBox, 2> cbo_pic_PhotoFile{*this, "cbo_pic_PhotoFile", std::array<ComboDesign, 2>{{{.back = kOptionalField, .tabRank = kTabPhoto1, .spokenName = "画像１の種類"}, {.back = kOptionalField, .tabRank = kTabPhoto2, .spokenName = "画像２の種類"}}}};
+    ControlArray<ImageControl, 2> pic_PhotoFile{*this, "pic_PhotoFile", std::array<ImageDesign, 2>{{{.width = kPhotoWidth, .height = kPhotoHeight, .spokenName = kPhotoHeadings[0]}, {.width = kPhotoWidth, .height = kPhotoHeight, .spokenName = kPhotoHeadings[1]}}}};
+    ControlArray<ComboBox, 2> cbo_pic_PhotoFile{*this, "cbo_pic_PhotoFile", std::array<ComboDesign, 2>{{{.back = kOptionalField, .tabRank = kTabPhoto1, .spokenName = "種類"}, {.back = kOptionalField, .tabRank = kTabPhoto2, .spokenName = "種類"}}}};
     ControlArray<TextInput, 2> txt_PhotoFilePath{*this, "txt_PhotoFilePath", std::array<TextDesign, 2>{{{.visible = false}, {.visible = false}}}};
     ControlArray<Button, 2> btm_PhotoSelect{*this, "btm_PhotoSelect", std::array<ButtonDesign, 2>{{{.caption = "選択", .tabRank = kTabPhoto1}, {.caption = "選択", .tabRank = kTabPhoto2}}}};
     ControlArray<Button, 2> btm_PhotoDel{*this, "btm_PhotoDel", std::array<ButtonDesign, 2>{{{.caption = "解除", .tabRank = kTabPhoto1}, {.caption = "解除", .tabRank = kTabPhoto2}}}};

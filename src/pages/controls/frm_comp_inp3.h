@@ -51,7 +51,10 @@ inline constexpr std::array<LabelDesign, 3> kBusinessGroups{
 
 /// The agency's kinds of business, and its related businesses.
 struct frm_CompInp3 : PageForm {
-    frm_CompInp3() : PageForm("frm_CompInp3", 3) {}
+    frm_CompInp3() : PageForm("frm_CompInp3", 3) {
+        nameBlocks<4>(lbl_Management_Type_Table, chk_Management_Type_Flg, {5, 8, 3, 12});
+        nameBlocks<3>(lbl_Business_Type_Table, chk_Business_Type_Flg, {5, 6, 1});
+    }
 
     // clang-format off
     ControlArray<Label, 4> lbl_Management_Type_Table{*this, "lbl_Management_Type_Table", kManagementGroups};
@@ -59,6 +62,19 @@ struct frm_CompInp3 : PageForm {
     ControlArray<Label, 3> lbl_Business_Type_Table{*this, "lbl_Business_Type_Table", kBusinessGroups};
     ControlArray<CheckBox, 12> chk_Business_Type_Flg{*this, "chk_Business_Type_Flg", businessTypes()};
     // clang-format on
+
+private:
+    /// Gives each label's block as many boxes as `counts` says, in order.
+    template <std::size_t N, class Boxes>
+    static void nameBlocks(const ControlArray<Label, N>& labels, Boxes& boxes,
+                           const std::array<std::size_t, N>& counts) {
+        std::size_t box = 0;
+        for (std::size_t label = 0; label < N; ++label) {
+            for (std::size_t i = 0; i < counts[label]; ++i) {
+                boxes[box++].setBlock(labels[label].labelDesign().caption);
+            }
+        }
+    }
 };
 
 }  // namespace orv

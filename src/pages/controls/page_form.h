@@ -74,8 +74,8 @@ struct PageForm : Form {
 
     // clang-format off
     Label lbl_User_Id{*this, "lbl_User_Id", {.caption = "ユーザーID：", .look = LabelLook::Title}};
-    ComboBox cbo_User_Id{*this, "cbo_User_Id", {.tabRank = kTabCompany, .spokenName = "ユーザーID"}};
-    Label lbl_UserId{*this, "lbl_UserId", {.look = LabelLook::Panel, .visible = false, .spokenName = "ユーザーID"}};
+    ComboBox cbo_User_Id{*this, "cbo_User_Id", {.tabRank = kTabCompany, .spokenName = lbl_User_Id.labelDesign().caption}};
+    Label lbl_UserId{*this, "lbl_UserId", {.look = LabelLook::Panel, .visible = false, .spokenName = lbl_User_Id.labelDesign().caption}};
     Label lbl_TitleCompany{*this, "lbl_TitleCompany", {.look = LabelLook::Title, .fontSize = 15, .spokenName = "会社"}};
     Label lbl_TitleRyutuKaiin{*this, "lbl_TitleRyutuKaiin", {.look = LabelLook::Title}};
     ControlArray<Button, 5> btm_ChangePage{*this, "btm_ChangePage", kPageButtons};

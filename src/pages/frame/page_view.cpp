@@ -45,9 +45,9 @@ constexpr auto kBars1 = std::to_array<Bar>({
 
 constexpr auto kBars2 = std::to_array<Bar>({
     {{126,  80}, {kToTheRight, 102}, kBar, " 交通情報",       {126,  85}},
-    {{126, 194}, {kToTheRight, 212}, kBar, " その他会社情報", {126, 197}},
-    {{126, 343}, {259, 361},         kBar, " 画像１",         {126, 346}},
-    {{261, 343}, {394, 361},         kBar, " 画像２",         {261, 346}},
+    {{126, 194}, {kToTheRight, 212}, kBar, kOtherHeading,     {126, 197}},
+    {{126, 343}, {259, 361},         kBar, kPhotoHeadings[0], {126, 346}},
+    {{261, 343}, {394, 361},         kBar, kPhotoHeadings[1], {261, 346}},
 });
 
 constexpr auto kBars3 = std::to_array<Bar>({

@@ -37,6 +37,12 @@ private:
     int fontSize_;
 };
 
+/// Returns a panel for the value that `title` names. It is visible if the title is.
+inline LabelDesign valueOf(const Label& title) {
+    const LabelDesign& design = title.labelDesign();
+    return {.look = LabelLook::Panel, .visible = design.visible, .spokenName = design.caption};
+}
+
 enum class ButtonLook { Plain, Page, Action };
 
 struct ButtonDesign {

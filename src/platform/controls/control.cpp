@@ -1,5 +1,7 @@
 #include "platform/controls/control.h"
 
+#include <utility>
+
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -34,6 +36,13 @@ void Control::setBackColour(Colour colour) {
 void Control::setForeColour(Colour colour) {
     foreColour_ = colour;
     changed();
+}
+
+void Control::setFault(std::string fault) {
+    if (fault != fault_) {
+        fault_ = std::move(fault);
+        changed();
+    }
 }
 
 void Control::setFocus() {

@@ -71,6 +71,15 @@ public:
     void setBackColour(Colour colour);
     void setForeColour(Colour colour);
 
+    /// Returns the caption of the block of the form to which the control belongs: assistive technology reads it before
+    /// the control's own name. Empty for none.
+    std::string_view block() const { return block_; }
+    void setBlock(std::string_view block) { block_ = block; }
+    bool required() const { return backColour_ == kRequiredField; }
+    /// Returns why the operator's last input was refused. Empty if it was not.
+    const std::string& fault() const { return fault_; }
+    void setFault(std::string fault);
+
     /// True if the control is enabled and visible, so that the operator can use it while the form is enabled.
     bool usable() const { return enabled_ && visible_; }
     /// True if Tab can move the focus to the control.
@@ -119,6 +128,8 @@ private:
     Colour foreColour_;
     int tabRank_ = 0;
     Box box_;
+    std::string_view block_;
+    std::string fault_;
     std::function<void()> observer_;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/forms/form.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace orv {
 
@@ -23,6 +24,12 @@ Control* Form::find(std::string_view control, int index) const {
         return candidate->name() == control && candidate->index() == index;
     });
     return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::nameBlock(std::string_view caption, const Control& first, const Control& last) {
+    const auto begin = std::find(controls_.begin(), controls_.end(), &first);
+    const auto end = std::next(std::find(begin, controls_.end(), &last));
+    std::for_each(begin, end, [&](Control* member) { member->setBlock(caption); });
 }
 
 std::vector<Control*> Form::tabOrder() const {

@@ -88,6 +88,8 @@ public:
 
 protected:
     void restAt(Control& control) { resting_ = &control; }
+    /// Puts the controls declared from `first` to `last` into the block with that caption.
+    void nameBlock(std::string_view caption, const Control& first, const Control& last);
 
 private:
     friend class FormHost;

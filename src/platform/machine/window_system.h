@@ -61,6 +61,8 @@ public:
     /// Shows on the disabled form's window that another program's window must be used, until called with an empty text
     /// or the form closes. Calls `pressed` when the operator presses a mouse button there.
     virtual void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) = 0;
+    /// Makes the short alert sound of the desktop.
+    virtual void beep() = 0;
     /// Shows the hourglass pointer while `busy`.
     virtual void pointer(bool busy) = 0;
     /// Paints pending updates without handling input.

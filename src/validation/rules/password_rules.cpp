@@ -61,6 +61,7 @@ bool refuse(const Fault& fault, frm_ChangePassword& dialog) {
     dialog.refused = showOrFail(fault.id, fault.args);
     if (dialog.refused) {
         PF_SetFocusTo(&dialog.txt_Password[fault.field]);
+        dialog.txt_Password[fault.field].setFault("入力に誤りがあります。");
     } else {
         closeStore();
     }

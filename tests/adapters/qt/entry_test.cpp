@@ -1,4 +1,5 @@
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QMimeData>
 #include <QToolTip>
 #include <map>
@@ -114,6 +115,7 @@ TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
         {&page.name, "漢字漢字漢字", "全角5文字（10バイト）までです。"},
         {&page.year, "10000", "1～9999の数を入力してください。"},
     };
+    int beeps = 0;
     for (const auto& [control, entered, advice] : cases) {
         QLineEdit* line = enter(*control);
         byPasting(*line, entered);
@@ -121,8 +123,25 @@ TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
             QTest::keyClick(line, Qt::Key_Tab);
         }
         EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::isVisible() && QToolTip::text() == advice; })) << entered;
+        EXPECT_EQ(windows.beeps, ++beeps) << entered;
+        EXPECT_EQ(line->accessibleDescription(), advice);
         QTest::keyClick(line, Qt::Key_Home);
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << entered;
+        EXPECT_EQ(line->accessibleDescription(), "") << entered;
+    }
+}
+
+TEST_F(EntryTest, ATipGivesTheLimitAndATextThatIsLongerThanItsField) {
+    const std::string longText = "架空不動産流通株式会社　見本駅前店　賃貸営業部";
+    page.kana.setText(longText);
+    for (const auto& [control, tip] : std::vector<std::pair<const Control*, std::string>>{
+             {&page.name, "全角5文字（10バイト）までです。"},
+             {&page.kana, longText + "\n全角5文字（10バイト）までです。"},
+             {&page.code, "4文字までです。"},
+             {&page.year, "1～9999の数を入力してください。"}}) {
+        QHelpEvent pause(QEvent::ToolTip, {}, lineOf(*control)->mapToGlobal(QPoint()));
+        QApplication::sendEvent(lineOf(*control), &pause);
+        EXPECT_EQ(QToolTip::text().toStdString(), tip);
     }
 }
 

@@ -55,6 +55,14 @@ struct SamplePage : Form {
     ImageControl photo{*this, "pic_Photo", {.width = 40, .height = 20}};
 };
 
+class SilentWindows : public QtWindowSystem {
+public:
+    using QtWindowSystem::QtWindowSystem;
+    void beep() override { ++beeps; }
+
+    int beeps = 0;
+};
+
 class QtTest : public testing::Test {
 protected:
     QtTest() {
@@ -112,7 +120,7 @@ private:
 
 protected:
     FormHost forms;
-    QtWindowSystem windows{[this](std::string_view) { return std::span<const Placement>(places_); }, forms};
+    SilentWindows windows{[this](std::string_view) { return std::span<const Placement>(places_); }, forms};
 };
 
 }  // namespace orv

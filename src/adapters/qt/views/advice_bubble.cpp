@@ -1,11 +1,14 @@
 #include "adapters/qt/views/advice_bubble.h"
 
-#include <QApplication>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QTimer>
 #include <QToolTip>
 #include <utility>
+
+#include "adapters/qt/views/accessibility.h"
+#include "platform/machine/window_system.h"
+#include "platform/services.h"
 
 namespace orv {
 namespace {
@@ -14,16 +17,18 @@ constexpr int kShownFor = 15'000;  // milliseconds
 
 }  // namespace
 
-AdviceBubble::AdviceBubble(QLineEdit& field, QString limit) : QObject(&field), field_(field), limit_(std::move(limit)) {
+AdviceBubble::AdviceBubble(QLineEdit& field, QString limit, std::function<void(const QString&)> fault)
+    : QObject(&field), field_(field), limit_(std::move(limit)), fault_(std::move(fault)) {
     field_.installEventFilter(this);
 }
 
 void AdviceBubble::refuse(const QString& why) {
+    fault_(why);
     if (why.isEmpty()) {
         return;
     }
-    QApplication::beep();
-    field_.setAccessibleDescription(why);
+    services().windows->beep();
+    announce(field_, why);
     QToolTip::showText(field_.mapToGlobal(QPoint(0, field_.height() / 2)), why, &field_, {}, kShownFor);
 }
 
@@ -34,6 +39,7 @@ void AdviceBubble::refuseLater(const QString& why) {
 bool AdviceBubble::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         QToolTip::hideText();
+        fault_({});
     }
     if (event->type() != QEvent::ToolTip) {
         return false;

@@ -12,8 +12,10 @@ namespace orv {
 /// sound when it refuses something. The next key removes the bubble.
 class AdviceBubble : public QObject {
 public:
-    AdviceBubble(QLineEdit& field, QString limit);
+    /// Calls `fault` with the reason of a refusal, and with an empty text when it no longer holds.
+    AdviceBubble(QLineEdit& field, QString limit, std::function<void(const QString&)> fault);
 
+    /// An empty `why`: the input has been taken.
     void refuse(const QString& why);
     /// The same after the present event, for one in which the focus leaves the field.
     void refuseLater(const QString& why);
@@ -25,6 +27,7 @@ private:
 
     QLineEdit& field_;
     QString limit_;
+    std::function<void(const QString&)> fault_;
 };
 
 }  // namespace orv

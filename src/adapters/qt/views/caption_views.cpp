@@ -55,8 +55,11 @@ private:
         label_.setFont(scale_.font(caption_.fontSize(), caption_.labelDesign().look == LabelLook::Title));
         label_.setContentsMargins(0, 0, 0, 2 * textLift(label_.font()));
         const QString text = toQt(caption_.caption());
-        const QString spoken = toQt(caption_.labelDesign().spokenName);
+        const QString spoken = wordsOf(caption_).spoken;
         label_.setText(text);
+        if (caption_.labelDesign().look == LabelLook::Panel) {
+            tipIfCut(text, label_.width());
+        }
         label_.setAccessibleName(spoken.isEmpty() ? text : spoken + QStringLiteral("：") + text);
     }
 
@@ -107,6 +110,14 @@ private:
         palette.setColor(QPalette::Button, toQt(marked ? kMarkedPage : page ? kPageButton : kActionButton));
         palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kPageText));
         push_.setPalette(palette);
+    }
+
+    QStringList description() const override {
+        QStringList sentences{push_.toolTip()};
+        if (button_.marked()) {
+            sentences.prepend(QStringLiteral("表示中のページです。"));
+        }
+        return sentences;
     }
 
     void endPress() {

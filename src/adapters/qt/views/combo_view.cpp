@@ -59,9 +59,14 @@ private:
         if (box_.currentIndex() != combo_.listIndex()) {
             box_.setCurrentIndex(combo_.listIndex());
         }
+        tipIfCut(box_.currentText(), box_.width() - box_.height());
+        // Assistive technology reads the entry that is selected, also while the list is closed.
+        box_.view()->selectionModel()->setCurrentIndex(model_->index(combo_.listIndex()),
+                                                       QItemSelectionModel::ClearAndSelect);
     }
 
     void choose(int index) {
+        setFault({});
         combo_.picked(index);
         refresh();
     }

@@ -8,18 +8,20 @@
 namespace orv {
 namespace {
 
-QString withoutColon(std::string_view caption) {
-    QString text = toQt(caption);
-    return text.endsWith(QChar(0xFF1A)) ? text.chopped(1) : text;
+/// Removes blanks and the punctuation at the end, which are only for the eye.
+QString readOut(const QString& words) {
+    const QString text = words.trimmed();
+    return text.endsWith(u'：') || text.endsWith(u'～') ? text.chopped(1) : text;
 }
 
+/// The spoken name defaults to the caption, and the caption to the unit.
 ControlWords words(std::string_view caption, std::string_view unit, std::string_view spoken) {
-    return {toQt(caption), toQt(unit), spoken.empty() ? withoutColon(caption) : toQt(spoken)};
+    return {toQt(caption), toQt(unit), readOut(toQt(!spoken.empty() ? spoken : !caption.empty() ? caption : unit))};
 }
 
-}  // namespace
+ControlWords named(std::string_view spoken) { return {{}, {}, readOut(toQt(spoken))}; }
 
-ControlWords wordsOf(const Control& control) {
+ControlWords ownWordsOf(const Control& control) {
     switch (control.kind()) {
         case ControlKind::TextInput: {
             const TextDesign& design = static_cast<const TextInput&>(control).textDesign();
@@ -35,16 +37,26 @@ ControlWords wordsOf(const Control& control) {
         }
         case ControlKind::CheckBox: {
             const CheckDesign& design = static_cast<const CheckBox&>(control).checkDesign();
-            return {{}, {}, toQt(design.caption.empty() ? design.spokenName : design.caption)};
+            return named(design.caption.empty() ? design.spokenName : design.caption);
         }
         case ControlKind::Label:
-            return {{}, {}, toQt(static_cast<const Label&>(control).labelDesign().spokenName)};
+            return named(static_cast<const Label&>(control).labelDesign().spokenName);
         case ControlKind::Button:
-            return {{}, {}, toQt(static_cast<const Button&>(control).caption())};
+            return named(static_cast<const Button&>(control).caption());
         case ControlKind::Image:
-            return {{}, {}, toQt(static_cast<const ImageControl&>(control).spokenName())};
+            return named(static_cast<const ImageControl&>(control).spokenName());
     }
     return {};
+}
+
+}  // namespace
+
+ControlWords wordsOf(const Control& control) {
+    ControlWords words = ownWordsOf(control);
+    if (!control.block().empty()) {
+        words.spoken.prepend(readOut(toQt(control.block())) + QStringLiteral("の"));
+    }
+    return words;
 }
 
 ControlView::ControlView(Control& control, QWidget* widget) : control_(control), widget_(widget) {
@@ -68,6 +80,32 @@ void ControlView::refresh() {
     show();
     widget_->setEnabled(control_.enabled());
     widget_->setVisible(control_.visible());
+    widget_->setAccessibleDescription(description().join(u' '));
+}
+
+QStringList ControlView::description() const {
+    const ControlWords words = wordsOf(control_);
+    QStringList sentences;
+    if (!control_.fault().empty()) {
+        sentences << toQt(control_.fault());
+    }
+    if (control_.required()) {
+        sentences << QStringLiteral("入力が必要です。");
+    }
+    if (const QString unit = readOut(words.unit); !unit.isEmpty() && !words.spoken.endsWith(unit)) {
+        sentences << QStringLiteral("「%1」が続きます。").arg(unit);
+    }
+    return sentences;
+}
+
+void ControlView::setFault(const QString& why) {
+    if (!released_) {
+        control_.setFault(why.toStdString());
+    }
+}
+
+void ControlView::tipIfCut(const QString& text, int room) const {
+    widget_->setToolTip(widget_->fontMetrics().horizontalAdvance(text) > room ? text : QString());
 }
 
 void ControlView::paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts) {

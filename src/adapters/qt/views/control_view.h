@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// The words that stand beside a control, and what assistive technology reads for it.
+/// The words around a control, and the name by which assistive technology knows it.
 struct ControlWords {
     QString caption;
     QString unit;
@@ -31,6 +31,8 @@ public:
     void refresh();
     /// What is still being composed or typed goes into the control.
     virtual void commit() {}
+    /// Tells assistive technology why the operator's input was refused. An empty text: it was not.
+    void setFault(const QString& why);
     /// Presses a button; false: the control is none.
     virtual bool press() { return false; }
     /// Leaves the control, which may die before its view.
@@ -40,7 +42,11 @@ protected:
     ControlView(Control& control, QWidget* widget);
 
     virtual void show() = 0;
+    /// Returns the sentences that assistive technology reads after the name.
+    virtual QStringList description() const;
     bool released() const { return released_; }
+    /// Gives the widget a tool tip of `text` if that is wider than the room for it.
+    void tipIfCut(const QString& text, int room) const;
     /// Gives the widget's ground and all that is written on it the control's colours. Without a colour of its own the
     /// control has those of the desktop.
     void paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts);

@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 #include <functional>
 
+#include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/qt_text.h"
 #include "adapters/qt/views/views.h"
 
@@ -21,7 +22,7 @@ constexpr Colour kEdge{0x996666};
 constexpr int kWheelStep = 4;
 
 /// Paints the picture at its destination; what has been scaled is kept until the picture or the size changes.
-class PictureArea : public QWidget {
+class PictureArea : public QWidget, public AccessibleRole {
 public:
     PictureArea(ImageControl& image, QWidget* page, const PageScale& scale)
         : QWidget(page), image_(image), scale_(scale) {
@@ -30,6 +31,8 @@ public:
 
     /// The file, in the form of the machine.
     std::function<void(std::string)> onDrop;
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override { event->setAccepted(takes(*event)); }

@@ -51,7 +51,7 @@ public:
           number_(control),
           field_(*field),
           range_(toQt(rangeAdvice(control.numberDesign()))),
-          advice_(*new AdviceBubble(*field, range_)) {
+          advice_(*new AdviceBubble(*field, range_, [this](const QString& why) { setFault(why); })) {
         field_.setAlignment(Qt::AlignRight);
         field_.allowInputMethod(false);
         field_.admitBy([this](const QString&, const QString& offered) { return signsOf(offered); });

@@ -14,7 +14,8 @@ public:
         : ControlView(control, field),
           text_(control),
           field_(*field),
-          advice_(*new AdviceBubble(*field, toQt(limitAdvice(control.textDesign())))) {
+          advice_(*new AdviceBubble(*field, toQt(limitAdvice(control.textDesign())),
+                                    [this](const QString& why) { setFault(why); })) {
         const TextDesign& design = control.textDesign();
         if (design.password) {
             field_.setEchoMode(QLineEdit::Password);
