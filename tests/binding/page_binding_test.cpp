@@ -155,8 +155,8 @@ TEST_F(Binding, APageShowsAnotherCompanyAsIfOpenedAnew) {
 }
 
 TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
-    const auto& form = page<frm_CompInp0>();
-    const auto expectSearches = [&](bool shown) {
+    const auto expectSearches = [](bool shown) {
+        const auto& form = page<frm_CompInp0>();
         EXPECT_EQ(form.btm_SearchOfficeAddress.visible(), shown);
         EXPECT_EQ(form.btm_Pc_SearchOfficeAddress.visible(), shown);
     };
@@ -169,7 +169,7 @@ TEST_F(Binding, AnAddressWithoutItsCodeGoesWhereAddressesAreSearched) {
     messages.shown.clear();
     startOn(0, "000004601,1,0");
     EXPECT_EQ(tCustomerInfo.ADDRESS + tCustomerInfo.PC_ADDRESS, "");
-    EXPECT_EQ(form.txt_Address.text(), "");
+    EXPECT_EQ(page<frm_CompInp0>().txt_Address.text(), "");
     expectSearches(true);
 }
 
