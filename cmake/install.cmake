@@ -25,6 +25,7 @@ install(DIRECTORY sample/sql DESTINATION ${CMAKE_INSTALL_DATADIR}/orv ${explicit
         FILES_MATCHING PATTERN *.sql PATTERN companies.sql EXCLUDE PATTERN locks.sql EXCLUDE)
 install(DIRECTORY sample/C DESTINATION ${office} ${explicit}
         PATTERN .gitkeep EXCLUDE PATTERN *.jpg EXCLUDE)
+install(DIRECTORY docs/ja/manual docs/pictures DESTINATION ${office}/C/ORV/HLP ${explicit})
 install(FILES sample/registry.txt DESTINATION ${office})
 install(DIRECTORY sample/search/ DESTINATION ${office}/C/ORV/BIN/DAT ${explicit})
 install(PROGRAMS $<TARGET_FILE:company_information> DESTINATION ${office}/C/ORV/BIN RENAME KELT_COS.EXE)

@@ -23,4 +23,5 @@ orv_room_uses(orv_adapters_pictures PRIVATE JPEG::JPEG PNG::PNG TIFF::CXX GIF::G
 # The filter's loops benefit from the vector units, which -O2 hardly uses.
 target_compile_options(orv_adapters_pictures PRIVATE $<$<CONFIG:Release>:-O3>)
 orv_room_uses(orv_adapters_qt_views PUBLIC Qt6::Widgets PRIVATE PkgConfig::XCB)
+orv_room_uses(orv_adapters_qt_manual PUBLIC Qt6::Widgets)
 orv_room_uses(orv_adapters_qt PUBLIC Qt6::Widgets PRIVATE Fontconfig::Fontconfig Threads::Threads)

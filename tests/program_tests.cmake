@@ -20,7 +20,7 @@ add_dependencies(security_tests company_information store_tool address_search li
 orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_desks nlohmann_json::nlohmann_json
               GTest::gtest_main)
 orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures orv_adapters_posix JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
-orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_text orv_adapters_pictures Qt6::Test)
+orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
 orv_add_tests(window_tests "app;pages/handlers" orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix
               orv_adapters_text Qt6::Test)

@@ -39,7 +39,7 @@ Composition::Composition(const std::string& programFolder)
       messages_(
           windows_, files_, codePage_, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),
-      help_(windows_, files_, profiles_, [] { return com().HlpFile(); }) {
+      help_(files_, [] { return com().HlpFolder(); }) {
     handIn();
 }
 

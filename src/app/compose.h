@@ -11,12 +11,12 @@
 #include "adapters/posix/registry_file.h"
 #include "adapters/posix/running_sockets.h"
 #include "adapters/posix/sibling_socket.h"
+#include "adapters/qt/manual/manual_help.h"
 #include "adapters/qt/qt_window_system.h"
 #include "adapters/store/store_service.h"
 #include "adapters/store/transmit_tables.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
-#include "adapters/text/help_file.h"
 #include "adapters/text/string_check.h"
 #include "adapters/text/table_messages.h"
 #include "platform/forms/form_host.h"
@@ -55,7 +55,7 @@ private:
     QtWindowSystem windows_;
     RunningSockets running_;
     TableMessages messages_;
-    HelpFile help_;
+    ManualHelp help_;
 };
 
 }  // namespace orv

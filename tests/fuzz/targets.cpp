@@ -6,7 +6,7 @@
 #include "adapters/pictures/picture_files.h"
 #include "adapters/posix/sibling_words.h"
 #include "adapters/sqlite/left_rewriter.h"
-#include "adapters/text/help_file.h"
+#include "adapters/text/manual_pages.h"
 #include "adapters/text/table_messages.h"
 #include "fuzz/fuzz_target.h"
 #include "support/fixture.h"
@@ -86,12 +86,17 @@ void feedMessageTable(const std::string& bytes) {
     require(messages.ShowMessage("COS20001", {}) && messages.LastAnswer() == 1, "a question stays a question");
 }
 
-/// Tests the help file. Its text is shown, or the failure has a text.
+/// Tests the manual. Whatever its contents page holds, only files of its own folder are read, each once.
 void feedHelp(const std::string& bytes) {
-    const std::string path = machine().kept(bytes);
-    NoWindows windows;
-    HelpFile help(windows, machine(), machine().settings, [&] { return path; });
-    require(help.ShowHelp("cmd_Entry", "IMG") == help.ErrorInfo().text.empty(), "a failure has a text");
+    const ByteVector content(bytes.begin(), bytes.end());
+    const std::string contents = machine().keep(kManualContents, content);
+    machine().keep("a.md", content);
+    const std::string folder = contents.substr(0, contents.size() - std::string(kManualContents).size());
+    const std::vector<ManualPage> pages = readManual(machine(), folder);
+    require(pages.size() <= 2 && pages.front().file == kManualContents, "a page is read once");
+    for (const ManualPage& page : pages) {
+        require(page.markdown.size() <= bytes.size() + 1, "only the end of the last line is added");
+    }
 }
 
 void read(const std::string& path, const std::string& target) {
@@ -283,8 +288,8 @@ std::vector<FuzzTarget> fuzzTargets() {
           "0123456789abcdefg,ERROR,OK,x\nA,B,C\n,,,"}},
         {"help",
          feedHelp,
-         {"[IMG]\r\ncmd_Entry=0,\x8A\x6D\x92\xE8,\x89\xE6\x91\x9C\r\n", "[SSX]\ncmd_Entry=0,a,b\n[img]\nCMD_ENTRY=1,,",
-          "[IMG]\ncmd_Entry=\"0,\x81,\x81\"", "[IMG]\ncmd_Entry=0,a"}},
+         {"# 目次\n1. [a](a.md) [b](b.md#x)\n", "<a id=\"x\"></a>\n## x\n[a](a.md)[a](a.md)](", "](a.md",
+          "<a id=\"></a>\n#", "<a id=\"\"></a>\n](../a.md)](c:a.md)](.md)"}},
         {"picture", feedPicture, pictureSeeds()},
         {"server_answer",
          feedServerAnswer,

@@ -70,8 +70,8 @@ def check_help(repository, office):
     for section in ("SSX", "IMG"):
         for key, value in help_file[section].items():
             fields = value.split(",")
-            if len(fields) != 3 or not all(fields):
-                faults.append(f"help.hlp: [{section}] {key} has not its three fields")
+            if len(fields) != 2 or not all(fields):
+                faults.append(f"help.hlp: [{section}] {key} has not its two fields")
     known = set(help_file["SSX"]) | set(help_file["IMG"])
     names = control_names(repository)
     if not names:

@@ -14,7 +14,7 @@ public:
     virtual ~HelpService() = default;
 
     virtual FailureRecord ErrorInfo() const = 0;
-    /// Shows the help file's text about the control. False if nothing could be shown.
+    /// Shows the explanation of the control. False if nothing could be shown.
     virtual bool ShowHelp(const std::string& controlName, const std::string& group) = 0;
 };
 

@@ -1,0 +1,83 @@
+#include "adapters/qt/manual/manual_browser.h"
+
+#include <QImage>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <algorithm>
+#include <utility>
+
+#include "adapters/qt/views/page_scale.h"
+
+namespace orv {
+namespace {
+
+constexpr int kSideMargin = 32;
+constexpr int kMargin = 12;
+const QColor kHere(0xe4, 0xe4, 0xff);
+const QColor kMark(0xff, 0xee, 0x88);
+
+using Marks = QList<QTextEdit::ExtraSelection>;
+
+QTextEdit::ExtraSelection markOf(const QTextCursor& at, bool isWholeLine) {
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = at;
+    mark.format.setBackground(isWholeLine ? kHere : kMark);
+    mark.format.setProperty(QTextFormat::FullWidthSelection, isWholeLine);
+    return mark;
+}
+
+}  // namespace
+
+ManualBrowser::ManualBrowser(const ManualBook& book, PictureFile pictureFile, QWidget* parent)
+    : QTextBrowser(parent), book_(book), pictureFile_(std::move(pictureFile)) {
+    setOpenExternalLinks(false);
+    connect(this, &QTextBrowser::sourceChanged, this, [this](const QUrl& place) { markHeading(place.fragment()); });
+    document()->setDocumentMargin(PageScale().length(kMargin));
+}
+
+/// A link names a page, and a page is always HTML.
+void ManualBrowser::doSetSource(const QUrl& place, QTextDocument::ResourceType) {
+    QTextBrowser::doSetSource(place, QTextDocument::HtmlResource);
+}
+
+/// A heading near the end of its page cannot be scrolled to the top, so that its place alone does not show it.
+void ManualBrowser::markHeading(const QString& anchor) {
+    const QTextCursor heading = headingOf(anchor);
+    setExtraSelections(heading.isNull() ? Marks() : Marks{markOf(heading, true)});
+}
+
+QTextCursor ManualBrowser::headingOf(const QString& anchor) const {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        const QTextBlock::iterator first = block.begin();
+        if (!first.atEnd() && first.fragment().charFormat().anchorNames().contains(anchor)) {
+            return QTextCursor(block);
+        }
+    }
+    return {};
+}
+
+QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
+    return type == QTextDocument::ImageResource ? picture(name.fileName()) : QVariant(book_.html(name));
+}
+
+/// As large as the text around it, but no wider than the window.
+QVariant ManualBrowser::picture(const QString& name) const {
+    const QImage image(pictureFile_(name));
+    const PageScale scale;
+    const int room = window()->width() - scale.length(2 * kSideMargin);
+    const int width = std::min(scale.length(image.width()), room);
+    return image.isNull() || width <= 0 ? QVariant(image)
+                                        : QVariant(image.scaledToWidth(width, Qt::SmoothTransformation));
+}
+
+void ManualBrowser::mark(const QString& words) {
+    Marks marks;
+    for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
+        for (QTextCursor at = document()->find(word); !at.isNull(); at = document()->find(word, at)) {
+            marks.push_back(markOf(at, false));
+        }
+    }
+    setExtraSelections(extraSelections() + marks);
+}
+
+}  // namespace orv

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QTextBrowser>
+#include <functional>
+
+#include "adapters/qt/manual/manual_book.h"
+
+namespace orv {
+
+/// Shows the pages of a book. It reads nothing but the book and the pictures that `pictureFile` finds by their name.
+class ManualBrowser : public QTextBrowser {
+public:
+    using PictureFile = std::function<QString(const QString& name)>;
+
+    ManualBrowser(const ManualBook& book, PictureFile pictureFile, QWidget* parent);
+
+    /// Marks each occurrence of the words on the page, in addition to the heading that it was opened at.
+    void mark(const QString& words);
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+    void doSetSource(const QUrl& place, QTextDocument::ResourceType type) override;
+
+private:
+    QVariant picture(const QString& name) const;
+    void markHeading(const QString& anchor);
+    /// Returns a cursor at the heading that has the anchor; a null one if there is none.
+    QTextCursor headingOf(const QString& anchor) const;
+
+    const ManualBook& book_;
+    PictureFile pictureFile_;
+};
+
+}  // namespace orv
