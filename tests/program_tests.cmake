@@ -30,6 +30,11 @@ orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
 orv_add_tests(screen_reader_tests screen_reader orv_desk GTest::gtest_main)
 target_compile_definitions(screen_reader_tests PRIVATE SCREEN_READER="${CMAKE_CURRENT_SOURCE_DIR}/screen_reader")
 
+# Compares the pictures of the documents with the program. Skipped where letters look different.
+add_test(NAME pictures COMMAND ${CMAKE_SOURCE_DIR}/tools/checks/pictures.sh $<TARGET_FILE:operator>
+                               $<TARGET_FILE:company_information>)
+set_tests_properties(pictures PROPERTIES TIMEOUT 1800 LABELS pictures SKIP_RETURN_CODE 77)
+
 # A part of `./dev prove`, which tests every call and every byte. With 21, each of the eight bits is tested.
 foreach(share "file 60" "server 60" "answers 21")
   separate_arguments(arguments UNIX_COMMAND ${share})

@@ -178,7 +178,7 @@ int main(int argc, char* argv[]) {
         std::filesystem::create_directories(pictures / "other");
         const desk::VirtualDisplay display;
         const Office office = Office::standing(argv[2]);
-        Terminal terminal(office, display.name(), "DESK-01");
+        Terminal terminal(office, display.name(), "DESK-01", {{"FONTCONFIG_FILE", FONTS}});
         (work == "shots" ? shots : session)(terminal, office, argument, pictures);
         return 0;
     } catch (const std::exception& failure) {
