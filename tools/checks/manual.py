@@ -89,9 +89,15 @@ def says(manual, section, words, follow=True):
 
 
 def check_limits(repository, manual):
-    """Each field's section has its limit."""
+    """Each field's section has its limit, and says of a required field that it is one."""
     faults = []
     for _, text in sources(repository, "src/pages/controls/frm_comp_inp*.h"):
+        for name in re.findall(r'\*this, "(\w+)", \{.*\.back = kRequiredField', text):
+            if "**入力が必要です。**" not in manual.by_anchor[name].text:
+                faults.append(f"{name}: the section does not say that it is required")
+        for name, least, most in re.findall(r'\*this, "(\w+)", \{.*\.least = ([\d.]+), \.most = ([\d.]+)', text):
+            if not says(manual, manual.by_anchor[name], [f"{least}～{most}"]):
+                faults.append(f"{name}: the section does not have its range, {least} to {most}")
         for name, unit, most in re.findall(r'\*this, "(\w+)", \{.*\.limit = (bytes|characters)\((\d+)\)', text):
             words = [f"{most}バイト）"] if unit == "bytes" else [f"{most}文字", f"{most}桁"]
             # A post code's field holds seven digits and a hyphen, in either unit.
