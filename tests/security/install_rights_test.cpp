@@ -61,10 +61,10 @@ TEST_F(OfficeRights, TheCheckSaysWhatOfAnOfficeIsTooOpen) {
         {"srv", "chmod 2770", "can be changed by others"},
         {base + "BIN", "chmod 2770", "can be changed by others"},
         {base + "SYS/system.ini", "chmod 0660", "can be changed by others"},
-        {base + "SYS/system.ini", "chmod 0644", "is open to everybody"},
-        {base + "LOG/ERR/261125_err.log", "chmod 0644", "is open to everybody"},
-        {base + "LOG", "chmod 2771", "is open to everybody"},
-        {store, "chmod 0664", "is open to everybody"},
+        {base + "SYS/system.ini", "chmod 0644", "is open to all users"},
+        {base + "LOG/ERR/261125_err.log", "chmod 0644", "is open to all users"},
+        {base + "LOG", "chmod 2771", "is open to all users"},
+        {store, "chmod 0664", "is open to all users"},
         {base + "HLP/help.hlp", "", "is open to users on an access list"}};
     if (canBeAnotherUser()) {
         EXPECT_NE(report("setpriv --reuid=65534 --regid=65534 --clear-groups ").find("TBL_CUSTOMER_INFO: 6 rows"),
