@@ -185,7 +185,8 @@ private:
 
 }  // namespace
 
-/// Checks a private copy of a file, so that its terminals do not wait and nothing is written to it.
+/// Checks a private copy of a file, so that its terminals do not wait. The file is not written. To copy a file in WAL
+/// mode the engine creates `-wal` and `-shm` next to it.
 StoreReport checkStore(const Options& options) {
     if (!isEmbedded(options.store)) {
         return Check(*openStore(options.store, StoreAccess::ReadOnly), options.store).run();

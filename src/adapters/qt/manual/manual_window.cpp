@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "adapters/qt/views/page_scale.h"
+#include "adapters/qt/views/screen_room.h"
 
 namespace orv {
 namespace {
@@ -18,8 +19,6 @@ namespace {
 constexpr Point kSize{760, 600};
 constexpr int kListHeight = 130;
 constexpr int kTextFont = 10;
-// What a window manager puts around a window.
-constexpr int kFrame = 40;
 
 QPushButton* barButton(const QString& caption, const QString& tip, QWidget* window) {
     auto* button = new QPushButton(caption, window);
@@ -39,8 +38,7 @@ ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFi
     const PageScale scale;
     setObjectName(QStringLiteral("manual"));
     setFont(scale.font(kTextFont));
-    const QSize room = screen()->availableSize() - QSize(kFrame, kFrame);
-    resize(QSize(scale.length(kSize.x), scale.length(kSize.y)).boundedTo(room));
+    resize(QSize(scale.length(kSize.x), scale.length(kSize.y)).boundedTo(screenRoom(screen(), Sizing::Free).inside()));
     layOut();
     tieKeys();
     connect(browser_, &QTextBrowser::sourceChanged, this,
@@ -59,6 +57,7 @@ void ManualWindow::layOut() {
     connect(contents, &QPushButton::clicked, this, [this] { browser_->setSource(book_.contents()); });
     connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
     connect(browser_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
+    browser_->setAccessibleName(QStringLiteral("説明"));
     words_->setPlaceholderText(QStringLiteral("言葉で探す（Ctrl+F）"));
     words_->setAccessibleName(QStringLiteral("言葉で探す"));
     hits_->setAccessibleName(QStringLiteral("見つかった項目"));
