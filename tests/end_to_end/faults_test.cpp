@@ -120,8 +120,9 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
 }
 
 TEST_F(Faults, ASlowStoreIsAwaitedInAWindow) {
-    std::optional<Process> owner(std::in_place, std::vector<std::string>{"sqlite3", office_->store().string(),
-                                                                         "begin exclusive", ".shell sleep 20"});
+    const std::string lock = "import signal, sqlite3; store = sqlite3.connect('" + office_->store().string() +
+                             "', timeout=180); store.execute('begin exclusive'); signal.pause()";
+    std::optional<Process> owner(std::in_place, std::vector<std::string>{"python3", "-c", lock});
     ASSERT_TRUE(eventually([&] { return office_->ask("select 1 from TBL_LOCK").empty(); }));
     Terminal desk = terminal("DESK-01");
     desk.startUnprivileged(kCompany);
