@@ -211,7 +211,7 @@ bool PosixFiles::same(const std::string& a, const std::string& b) const {
     }
 }
 
-/// Working files end with the run, so that nothing is gained by waiting for the disk.
+/// Does not wait for the disk for a working file, which exists only during the run.
 void PosixFiles::copy(const std::string& from, const std::string& to) {
     const NativeFile source(opened(from));
     const FilePlace target = place(to);
@@ -229,7 +229,11 @@ void PosixFiles::copy(const std::string& from, const std::string& to) {
     }
     FileBeside copied(target);
     copyBytes(source, copied.file());
-    workFolderOf(to) == nullptr ? copied.place() : copied.placeUnsynced();
+    if (workFolderOf(to) == nullptr) {
+        copied.place();
+    } else {
+        copied.placeUnsynced();
+    }
 }
 
 void PosixFiles::publish(const std::string& from, const std::string& to) {
