@@ -23,6 +23,6 @@ void whileWaiting() {
     }
 }
 
-void setWhileWaiting(std::function<void()> paint) { hook = {std::move(paint), {}}; }
+void setWhileWaiting(std::function<void()> paint) { hook = {std::move(paint), Clock::now() + kWaitingPause}; }
 
 }  // namespace orv

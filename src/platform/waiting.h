@@ -11,7 +11,7 @@ inline constexpr std::chrono::milliseconds kWaitingPause{40};
 /// Paints the windows, at most once in `kWaitingPause`.
 void whileWaiting();
 
-/// Sets the function that paints during a wait on this thread. An empty function paints nothing.
+/// Sets the function that paints during a wait on this thread, first after `kWaitingPause`. An empty one paints nothing.
 void setWhileWaiting(std::function<void()> paint);
 
 }  // namespace orv

@@ -156,7 +156,9 @@ void QtWindowSystem::working(const std::string& what) {
         setWhileWaiting([this] { repaint(); });
     }
     workCover_->say(toQt(what));
-    repaint();
+    if (workCover_->isVisible()) {
+        repaint();
+    }
 }
 
 void QtWindowSystem::endWork() {
