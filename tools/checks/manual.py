@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the clerk's manual against the program: controls, limits, messages, rule texts, links.
+"""Checks the clerk's manual against the program: controls, limits, messages, rule texts. Checks the links of the manual and
+of the administrator's guide.
 
     tools/checks/manual.py [REPOSITORY]
 
@@ -155,7 +156,7 @@ def main():
     faults = check_controls(repository, manual)
     faults += check_limits(repository, manual) if not faults else []
     faults += check_messages(repository, manual)
-    faults += check_links(manual)
+    faults += check_links(manual) + check_links(Manual(repository / "docs/ja/operating"))
     for fault in faults:
         print(f"manual: {fault}")
     return 1 if faults else 0

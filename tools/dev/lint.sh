@@ -21,6 +21,7 @@ lint() {
     python3 tools/checks/language.py || status=1
     python3 tools/checks/sample.py || status=1
     python3 tools/checks/manual.py || status=1
+    python3 tools/checks/guide.py || status=1
     buildPreset dev >/dev/null
     tidyCommands
     sources | grep '^src/.*\.cpp$' | grep -v '/cp932\.cpp$' |
