@@ -1,4 +1,4 @@
-# Takes a picture of each page and dialog of the sample company.
+# Takes a picture of each page and dialog of the sample company, and makes a moving one of a save.
 
 shots() {
     source tools/dev/run.sh
@@ -8,4 +8,6 @@ shots() {
     withServer
     tools/make_office.sh "$OFFICE" build/dev/src/app/company_information "$(cat "$OFFICE-server/port")"
     build/dev/tools/operator/operator shots "$OFFICE" "$folder"
+    build/dev/tools/operator/operator saving "$OFFICE" "$folder/saving"
+    convert -delay 180 "$folder"/saving/?.png -trim +repage -layers optimize "$folder/saving.gif"
 }

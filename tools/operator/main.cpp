@@ -1,9 +1,11 @@
 // Works the program in an office as a clerk would, and takes pictures of what is on the screen.
 //   operator session OFFICE PICTURES   edits, goes through all pages, takes a photo, saves, leaves
 //   operator shots OFFICE PICTURES     every page and dialog, without saving
+//   operator saving OFFICE PICTURES    a change and its save, as the whole screen shows them
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 
 #include "desk.h"
@@ -164,14 +166,30 @@ void shots(Terminal& terminal, const Office& office, const std::string& argument
     otherCompanyShots(terminal, pictures);
 }
 
+void saving(Terminal& terminal, const Office& /*office*/, const std::string& argument,
+            const std::filesystem::path& pictures) {
+    open(terminal, argument, pictures / "other");
+    terminal.shotOfScreen(pictures / "1.png");
+    terminal.enter("txt_Tanto_Name", "操作　花子");
+    terminal.shotOfScreen(pictures / "2.png");
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the message after the save");
+    terminal.shotOfScreen(pictures / "3.png");
+    dismiss(terminal, 0);
+    terminal.shotOfScreen(pictures / "4.png");
+    terminal.kill();
+}
+
+const std::map<std::string, decltype(&shots)> kWorks{{"session", session}, {"shots", shots}, {"saving", saving}};
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc < 4) {
-        std::cerr << "operator session|shots OFFICE PICTURES [ARGUMENT]\n";
+    const auto work = argc < 4 ? kWorks.end() : kWorks.find(argv[1]);
+    if (work == kWorks.end()) {
+        std::cerr << "operator session|shots|saving OFFICE PICTURES [ARGUMENT]\n";
         return 2;
     }
-    const std::string work = argv[1];
     const std::filesystem::path pictures = argv[3];
     const std::string argument = argc > 4 ? argv[4] : "000004601,1,0";
     try {
@@ -179,7 +197,7 @@ int main(int argc, char* argv[]) {
         const desk::VirtualDisplay display;
         const Office office = Office::standing(argv[2]);
         Terminal terminal(office, display.name(), "DESK-01", {{"FONTCONFIG_FILE", FONTS}});
-        (work == "shots" ? shots : session)(terminal, office, argument, pictures);
+        work->second(terminal, office, argument, pictures);
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << "operator: " << failure.what() << "\n";
