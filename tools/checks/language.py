@@ -207,7 +207,7 @@ def written_files():
     names = git("ls-files", "--cached", "--others", "--exclude-standard", "-z").split("\0")
     kept = [name for name in names if name in ("dev", ".ci/run") or Path(name).suffix in HASH - {""} | {".h", ".cpp", ".c", ".md"}]
     return [name for name in kept if (ROOT / name).is_file() and (
-        not name.endswith(".txt") or name.endswith(("CMakeLists.txt", "rooms.txt")))]
+        not name.endswith(".txt") or name.endswith(("CMakeLists.txt", "modules.txt")))]
 
 
 def is_not_yet(name):

@@ -23,50 +23,50 @@ type_traits typeindex typeinfo unordered_map unordered_set utility valarray vari
 
 
 def read_table():
-    rooms = {}
-    for line in (ROOT / "tools/checks/rooms.txt").read_text().splitlines():
+    modules = {}
+    for line in (ROOT / "tools/checks/modules.txt").read_text().splitlines():
         if line and not line.startswith("#"):
-            room, _, lower = line.partition(":")
-            rooms[room.strip()] = lower.split()
-    return rooms
+            module, _, lower = line.partition(":")
+            modules[module.strip()] = lower.split()
+    return modules
 
 
-def table_faults(rooms):
+def table_faults(modules):
     """A module can name only modules above it in the table, so that there is no cycle of modules."""
     above, faults = set(), []
-    for room, lower in rooms.items():
-        faults += [f"rooms.txt: {room} names {other}, which is not above it"
+    for module, lower in modules.items():
+        faults += [f"modules.txt: {module} names {other}, which is not above it"
                    for other in lower if other not in above and other != "*"]
-        above.add(room)
+        above.add(module)
     return faults
 
 
-def graph_of(rooms):
+def graph_of(modules):
     """Draws the modules by layer. Each line names the highest modules that a module uses."""
-    lower = {room: set(rooms) - {room} if others == ["*"] else set(others) for room, others in rooms.items()}
+    lower = {module: set(modules) - {module} if others == ["*"] else set(others) for module, others in modules.items()}
     layers = {}
-    for room in rooms:
-        layers[room] = 1 + max((layers[other] for other in lower[room]), default=0)
+    for module in modules:
+        layers[module] = 1 + max((layers[other] for other in lower[module]), default=0)
     lines = ["layer  module                 uses"]
-    for room in sorted(rooms, key=lambda name: (-layers[name], name)):
-        highest = [other for other in lower[room] if not any(other in lower[third] for third in lower[room])]
-        lines.append(f"{layers[room]:5}  {room:22} {' '.join(sorted(highest))}".rstrip())
+    for module in sorted(modules, key=lambda name: (-layers[name], name)):
+        highest = [other for other in lower[module] if not any(other in lower[third] for third in lower[module])]
+        lines.append(f"{layers[module]:5}  {module:22} {' '.join(sorted(highest))}".rstrip())
     return "".join(f"    {line}\n" for line in lines)
 
 
-def graph_faults(rooms, write):
+def graph_faults(modules, write):
     """Compares the graph in the document with the table, or writes it there."""
     text = DOCUMENT.read_text(encoding="utf-8")
     before, begin, rest = text.partition("<!-- graph -->\n")
     _, end, after = rest.partition("<!-- end of graph -->\n")
-    current = f"{before}{begin}\n{graph_of(rooms)}\n{end}{after}"
+    current = f"{before}{begin}\n{graph_of(modules)}\n{end}{after}"
     if write:
         DOCUMENT.write_text(current, encoding="utf-8")
         return []
     return [] if text == current else ["docs/architecture.md: another graph than the table's; run layers.py --write-graph"]
 
 
-def room_of(path):
+def module_of(path):
     return str(Path(path).parent)
 
 
@@ -133,23 +133,23 @@ def circle_from(start, graph, done):
 
 
 def main():
-    rooms, graph, stems = read_table(), {}, {}
-    faults = table_faults(rooms) + graph_faults(rooms, "--write-graph" in sys.argv[1:])
+    modules, graph, stems = read_table(), {}, {}
+    faults = table_faults(modules) + graph_faults(modules, "--write-graph" in sys.argv[1:])
     files = sorted(p for p in SRC.rglob("*") if p.suffix in (".h", ".cpp"))
     for file in files:
         name = str(file.relative_to(SRC))
-        room = room_of(name)
-        free = room == "app" or room.startswith("adapters")
+        module = module_of(name)
+        free = module == "app" or module.startswith("adapters")
         own, foreign = includes_of(file)
         graph[name] = own
         stems.setdefault((file.stem, file.suffix), []).append(name)
-        if room not in rooms:
-            faults.append(f"{name}: the folder {room} is not in the table")
+        if module not in modules:
+            faults.append(f"{name}: the folder {module} is not in the table")
             continue
         for other in own:
-            allowed = room_of(other) == room or rooms[room] == ["*"] or room_of(other) in rooms[room]
+            allowed = module_of(other) == module or modules[module] == ["*"] or module_of(other) in modules[module]
             if not allowed:
-                faults.append(f"{name}: includes {other}, which {room} must not")
+                faults.append(f"{name}: includes {other}, which {module} must not")
         if not free:
             faults += [f"{name}: includes <{header}>" for header in foreign if header not in STANDARD]
             if "catch (" in file.read_text(encoding="utf-8") and name != "logging/trap.cpp":
@@ -162,7 +162,7 @@ def main():
         if circle:
             faults.append("cycle of files: " + " -> ".join(circle))
             break
-    print("\n".join(faults) or f"layers: {len(files)} files in {len(rooms)} modules, no fault")
+    print("\n".join(faults) or f"layers: {len(files)} files in {len(modules)} modules, no fault")
     return 1 if faults else 0
 
 
