@@ -3,10 +3,10 @@
 
     tools/checks/layers.py [--write-graph]
 
-Fails on an include that the table does not allow, and on a cycle of files. In the system's folders, fails on a library's
-header, and on a catch outside logging/trap.cpp. Fails on two files with the same stem, and on two types with the same name in
-namespace orv (src/ and tools/). Fails if the graph in docs/architecture.md differs from the table; --write-graph writes it
-there.
+Fails on an include that the table does not allow, on an entry of the table that no include uses, and on a cycle of files.
+Fails on two files with the same stem, and on two types with the same name in namespace orv. In the system's folders, fails
+on a library's header, and on a catch outside logging/trap.cpp. Fails if the graph in docs/architecture.md differs from the
+table; --write-graph writes it there.
 """
 import re
 import sys
@@ -132,6 +132,21 @@ def circle_from(start, graph, done):
     return None
 
 
+def include_faults(modules, graph):
+    """Compares the includes between modules with the table, in both directions."""
+    allowed = {(module, other) for module, lower in modules.items() for other in lower if other != "*"}
+    faults, used = [], set()
+    for name, own in graph.items():
+        module = module_of(name)
+        for other in own:
+            edge = module, module_of(other)
+            used.add(edge)
+            if edge[0] != edge[1] and modules.get(module) != ["*"] and edge not in allowed:
+                faults.append(f"{name}: includes {other}, which {module} must not")
+    return faults + [f"modules.txt: {module} names {other}, which it does not include"
+                     for module, other in sorted(allowed - used)]
+
+
 def main():
     modules, graph, stems = read_table(), {}, {}
     faults = table_faults(modules) + graph_faults(modules, "--write-graph" in sys.argv[1:])
@@ -145,15 +160,11 @@ def main():
         stems.setdefault((file.stem, file.suffix), []).append(name)
         if module not in modules:
             faults.append(f"{name}: the folder {module} is not in the table")
-            continue
-        for other in own:
-            allowed = module_of(other) == module or modules[module] == ["*"] or module_of(other) in modules[module]
-            if not allowed:
-                faults.append(f"{name}: includes {other}, which {module} must not")
         if not free:
             faults += [f"{name}: includes <{header}>" for header in foreign if header not in STANDARD]
             if "catch (" in file.read_text(encoding="utf-8") and name != "logging/trap.cpp":
                 faults.append(f"{name}: catches; only logging/trap.cpp does")
+    faults += include_faults(modules, graph)
     faults += [f"two files with the stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
     faults += type_faults(ROOT)
     done = set()
