@@ -1,7 +1,7 @@
 #include "validation/rules/access_rules.h"
 
 #include "core/record/globals.h"
-#include "validation/rule/rule_tests.h"
+#include "validation/rules/rule_tests.h"
 #include "validation/rules/transport_rules.h"
 
 namespace orv {

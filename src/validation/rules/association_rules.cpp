@@ -4,8 +4,8 @@
 #include <span>
 
 #include "core/record/globals.h"
-#include "validation/rule/rule_tests.h"
 #include "validation/rules/council_rows.h"
+#include "validation/rules/rule_tests.h"
 
 namespace orv {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "validation/rule/rule.h"
+#include "validation/rules/rule.h"
 
 namespace orv {
 

@@ -1,7 +1,7 @@
 #include "validation/rules/company_rules.h"
 
 #include "core/record/globals.h"
-#include "validation/rule/rule_tests.h"
+#include "validation/rules/rule_tests.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 

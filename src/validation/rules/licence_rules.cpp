@@ -10,7 +10,7 @@
 #include "platform/machine/japanese_calendar.h"
 #include "platform/number_text.h"
 #include "platform/services.h"
-#include "validation/rule/rule_tests.h"
+#include "validation/rules/rule_tests.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "support/fixture.h"
-#include "validation/rule/rule.h"
+#include "validation/rules/rule.h"
 
 namespace orv {
 

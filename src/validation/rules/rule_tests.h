@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "validation/rule/rule.h"
+#include "validation/rules/rule.h"
 #include "validation/text/text_bytes.h"
 
 namespace orv {

@@ -1,4 +1,4 @@
-#include "validation/rule/rule_tests.h"
+#include "validation/rules/rule_tests.h"
 
 #include <utility>
 

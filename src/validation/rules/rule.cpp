@@ -1,4 +1,4 @@
-#include "validation/rule/rule.h"
+#include "validation/rules/rule.h"
 
 #include "core/record/globals.h"
 #include "logging/trap.h"
