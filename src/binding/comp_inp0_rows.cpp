@@ -1,6 +1,6 @@
 #include "binding/page_bindings.h"
 #include "core/record/globals.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 #include "platform/services.h"
 #include "platform/suite/string_check_service.h"
 #include "validation/text/blanks.h"

@@ -1,7 +1,7 @@
 #include "binding/flag_boxes.h"
 #include "binding/page_bindings.h"
 #include "core/record/globals.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 
 namespace orv {
 namespace {

@@ -1,7 +1,7 @@
 #include "binding/page_bindings.h"
 #include "core/record/globals.h"
 #include "images/thumbnail.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"

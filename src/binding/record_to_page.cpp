@@ -7,7 +7,7 @@
 #include "logging/messages.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 
 namespace orv {
 namespace {

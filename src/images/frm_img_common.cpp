@@ -5,10 +5,10 @@
 
 #include "core/record/globals.h"
 #include "images/file_size_text.h"
-#include "images/form_view.h"
 #include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
+#include "pages/forms/form_view.h"
 #include "platform/forms/form_host.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"

@@ -6,7 +6,7 @@
 #include "core/record/globals.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 #include "pages/frame/change_page.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"

@@ -6,7 +6,7 @@
 
 #include "adapters/qt/qt_window_system.h"
 #include "images/frm_img_common.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "support/form_test.h"
 #include "support/widgets.h"
 

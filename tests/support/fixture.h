@@ -17,7 +17,7 @@
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/log_files.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "sample_folder.h"

@@ -6,7 +6,7 @@
 #include "bench.h"
 #include "bench_office.h"
 #include "desk.h"
-#include "pages/controls/page_form.h"
+#include "pages/forms/page_form.h"
 
 namespace bench {
 namespace {

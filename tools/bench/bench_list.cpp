@@ -5,7 +5,7 @@
 #include "bench.h"
 #include "bench_office.h"
 #include "core/flow/leaving.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "pages/frame/page_start.h"
 #include "platform/forms/form_host.h"
 

@@ -11,7 +11,7 @@
 #include "config/shared_settings.h"
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "store/statements.h"
 
 namespace bench {

@@ -10,7 +10,7 @@
 #include "bench.h"
 #include "bench_office.h"
 #include "core/record/globals.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 
 namespace bench {

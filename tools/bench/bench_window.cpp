@@ -7,7 +7,7 @@
 
 #include "bench.h"
 #include "bench_office.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "plain_jpeg.h"
 
 namespace bench {

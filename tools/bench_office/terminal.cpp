@@ -2,7 +2,7 @@
 
 #include "core/flow/start.h"
 #include "core/record/globals.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 

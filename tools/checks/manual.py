@@ -63,7 +63,7 @@ def inputs(repository):
     for _, text in sources(repository, "src/pages/layout/*_layout*.cpp"):
         names |= set(re.findall(r'\{"(\w+)",\s*-?\d', text))
     names = {name for name in names if not name.startswith("lbl_")} - {"pic_Logo", "pic_LeftLine", "pic_Info"}
-    for _, text in sources(repository, "src/pages/controls/*.h"):
+    for _, text in sources(repository, "src/pages/forms/*.h"):
         names |= set(re.findall(r'Form\("(frm_\w+)"', text))
     return names
 
@@ -92,7 +92,7 @@ def says(manual, section, words, follow=True):
 def check_limits(repository, manual):
     """Each field's section has its limit, and says of a required field that it is one."""
     faults = []
-    for _, text in sources(repository, "src/pages/controls/frm_comp_inp*.h"):
+    for _, text in sources(repository, "src/pages/forms/frm_comp_inp*.h"):
         for name in re.findall(r'\*this, "(\w+)", \{.*\.back = kRequiredField', text):
             if "**入力が必要です。**" not in manual.by_anchor[name].text:
                 faults.append(f"{name}: the section does not say that it is required")

@@ -60,7 +60,7 @@ def check_settings(office):
 def control_names(repository):
     """Returns the names of all controls from the forms' headers."""
     names = set()
-    for header in (repository / "src/pages/controls").glob("*.h"):
+    for header in (repository / "src/pages/forms").glob("*.h"):
         names |= set(re.findall(r'\*this, "([a-z]+_\w+)"', header.read_text(encoding="utf-8")))
     return names
 

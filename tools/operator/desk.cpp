@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "adapters/text/cp932.h"
-#include "pages/controls/page_form.h"
+#include "pages/forms/page_form.h"
 #include "pages/layout/layouts.h"
 
 namespace desk {

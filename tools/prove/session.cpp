@@ -13,7 +13,7 @@
 #include "core/record/globals.h"
 #include "headless.h"
 #include "images/frm_img_common.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "struck_run.h"

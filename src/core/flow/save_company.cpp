@@ -13,7 +13,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
-#include "pages/common/master_lists.h"
+#include "pages/forms/master_lists.h"
 #include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/forms/working.h"

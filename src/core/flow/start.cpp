@@ -10,7 +10,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/forms/working.h"
 #include "platform/services.h"

@@ -9,8 +9,8 @@
 #include "core/flow/photo_files.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
-#include "pages/common/display_names.h"
-#include "pages/controls/page_form.h"
+#include "pages/forms/display_names.h"
+#include "pages/forms/page_form.h"
 
 namespace orv {
 namespace {

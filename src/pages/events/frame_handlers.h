@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "pages/controls/page_form.h"
+#include "pages/forms/page_form.h"
 
 namespace orv {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "logging/trap.h"
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 #include "platform/controls/input_rules.h"
 #include "platform/forms/disabled_form.h"
 #include "platform/forms/form_host.h"

@@ -3,8 +3,8 @@
 #include "binding/page_to_record.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"
-#include "pages/common/control_helpers.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/control_helpers.h"
+#include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 

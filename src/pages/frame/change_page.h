@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "pages/controls/page_form.h"
+#include "pages/forms/page_form.h"
 
 namespace orv {
 

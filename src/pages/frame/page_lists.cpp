@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "logging/trap.h"
-#include "pages/common/master_lists.h"
-#include "pages/controls/control_ref.h"
+#include "pages/forms/control_ref.h"
+#include "pages/forms/master_lists.h"
 #include "store/store_session.h"
 
 namespace orv {

@@ -2,7 +2,7 @@
 
 #include "binding/record_to_page.h"
 #include "core/record/globals.h"
-#include "images/form_view.h"
+#include "pages/forms/form_view.h"
 #include "pages/frame/page_lists.h"
 #include "pages/frame/page_view.h"
 #include "platform/utf8.h"

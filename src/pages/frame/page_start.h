@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/controls/page_form.h"
+#include "pages/forms/page_form.h"
 
 namespace orv {
 

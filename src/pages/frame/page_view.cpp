@@ -4,8 +4,8 @@
 #include <span>
 #include <string>
 
-#include "images/form_view.h"
 #include "logging/trap.h"
+#include "pages/forms/form_view.h"
 
 namespace orv {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 
 namespace orv {
 

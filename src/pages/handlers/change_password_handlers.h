@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/controls/frm_change_password.h"
+#include "pages/forms/frm_change_password.h"
 
 namespace orv {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/controls/frm_comp_inp1.h"
+#include "pages/forms/frm_comp_inp1.h"
 
 namespace orv {
 

@@ -3,9 +3,9 @@
 #include "config/shared_settings.h"
 #include "images/photo_slots.h"
 #include "logging/handled.h"
-#include "pages/common/enter_key.h"
 #include "pages/events/frame_handlers.h"
 #include "pages/events/sibling_search.h"
+#include "pages/forms/enter_key.h"
 #include "validation/text/blanks.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pages/controls/frm_comp_inp2.h"
+#include "pages/forms/frm_comp_inp2.h"
 
 namespace orv {
 

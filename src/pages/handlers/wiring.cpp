@@ -1,7 +1,7 @@
 #include "pages/handlers/wiring.h"
 
-#include "pages/controls/page_set.h"
 #include "pages/events/frame_handlers.h"
+#include "pages/forms/page_set.h"
 #include "pages/handlers/change_password_handlers.h"
 #include "pages/handlers/comp_inp0_handlers.h"
 #include "pages/handlers/comp_inp1_handlers.h"

@@ -5,8 +5,8 @@
 #include "core/record/globals.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
-#include "pages/common/control_helpers.h"
-#include "pages/controls/page_set.h"
+#include "pages/forms/control_helpers.h"
+#include "pages/forms/page_set.h"
 #include "platform/services.h"
 #include "validation/text/text_bytes.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/record/company_record.h"
-#include "pages/controls/control_ref.h"
+#include "pages/forms/control_ref.h"
 
 namespace orv {
 

@@ -1,7 +1,7 @@
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 
-#include "pages/common/display_names.h"
-#include "pages/common/master_lists.h"
+#include "pages/forms/display_names.h"
+#include "pages/forms/master_lists.h"
 #include "support/fixture.h"
 
 namespace orv {

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "pages/controls/colours.h"
+#include "pages/forms/colours.h"
 #include "platform/controls/check_box.h"
 
 namespace orv {

@@ -1,4 +1,4 @@
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 
 #include <array>
 #include <memory>

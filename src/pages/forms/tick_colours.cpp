@@ -1,6 +1,6 @@
-#include "pages/common/tick_colours.h"
+#include "pages/forms/tick_colours.h"
 
-#include "pages/controls/colours.h"
+#include "pages/forms/colours.h"
 
 namespace orv {
 

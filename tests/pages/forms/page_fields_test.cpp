@@ -1,6 +1,6 @@
 #include <regex>
 
-#include "pages/controls/page_set.h"
+#include "pages/forms/page_set.h"
 #include "sample_folder.h"
 #include "support/form_test.h"
 #include "support/temp_folder.h"

@@ -1,4 +1,4 @@
-#include "pages/common/master_lists.h"
+#include "pages/forms/master_lists.h"
 
 #include <array>
 #include <string_view>

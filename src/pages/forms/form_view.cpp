@@ -1,4 +1,4 @@
-#include "images/form_view.h"
+#include "pages/forms/form_view.h"
 
 #include "platform/machine/window_system.h"
 #include "platform/services.h"

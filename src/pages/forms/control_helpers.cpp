@@ -1,10 +1,10 @@
-#include "pages/common/control_helpers.h"
+#include "pages/forms/control_helpers.h"
 
 #include "config/shared_settings.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
-#include "pages/common/display_names.h"
-#include "pages/controls/colours.h"
+#include "pages/forms/colours.h"
+#include "pages/forms/display_names.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/forms/form_host.h"

@@ -1,4 +1,4 @@
-#include "pages/common/display_names.h"
+#include "pages/forms/display_names.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "pages/controls/page_form.h"
-#include "pages/controls/tick_boxes.h"
+#include "pages/forms/page_form.h"
+#include "pages/forms/tick_boxes.h"
 
 namespace orv {
 

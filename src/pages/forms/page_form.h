@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "pages/controls/colours.h"
+#include "pages/forms/colours.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"

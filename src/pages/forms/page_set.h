@@ -2,12 +2,12 @@
 
 #include <functional>
 
-#include "pages/controls/frm_change_password.h"
-#include "pages/controls/frm_comp_inp0.h"
-#include "pages/controls/frm_comp_inp1.h"
-#include "pages/controls/frm_comp_inp2.h"
-#include "pages/controls/frm_comp_inp3.h"
-#include "pages/controls/frm_comp_inp4.h"
+#include "pages/forms/frm_change_password.h"
+#include "pages/forms/frm_comp_inp0.h"
+#include "pages/forms/frm_comp_inp1.h"
+#include "pages/forms/frm_comp_inp2.h"
+#include "pages/forms/frm_comp_inp3.h"
+#include "pages/forms/frm_comp_inp4.h"
 
 namespace orv {
 

@@ -1,4 +1,4 @@
-#include "pages/common/enter_key.h"
+#include "pages/forms/enter_key.h"
 
 #include "logging/handled.h"
 

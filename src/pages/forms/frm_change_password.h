@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "pages/controls/colours.h"
+#include "pages/forms/colours.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/text_input.h"
 #include "platform/forms/form.h"
