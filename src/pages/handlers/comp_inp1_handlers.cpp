@@ -2,10 +2,10 @@
 
 #include "config/shared_settings.h"
 #include "logging/handled.h"
-#include "pages/events/frame_handlers.h"
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/enter_key.h"
 #include "pages/forms/tick_colours.h"
+#include "pages/handlers/frame_handlers.h"
 #include "validation/text/blanks.h"
 
 namespace orv {

@@ -1,11 +1,11 @@
 #include "pages/handlers/comp_inp2_handlers.h"
 
 #include "config/shared_settings.h"
-#include "images/photo_slots.h"
 #include "logging/handled.h"
-#include "pages/events/frame_handlers.h"
-#include "pages/events/sibling_search.h"
 #include "pages/forms/enter_key.h"
+#include "pages/handlers/frame_handlers.h"
+#include "pages/handlers/photo_handlers.h"
+#include "pages/handlers/sibling_search.h"
 #include "validation/text/blanks.h"
 
 namespace orv {

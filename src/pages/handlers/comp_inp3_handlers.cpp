@@ -1,9 +1,9 @@
 #include "pages/handlers/comp_inp3_handlers.h"
 
 #include "logging/handled.h"
-#include "pages/events/frame_handlers.h"
 #include "pages/forms/enter_key.h"
 #include "pages/forms/tick_colours.h"
+#include "pages/handlers/frame_handlers.h"
 
 namespace orv {
 namespace {

@@ -1,4 +1,4 @@
-#include "pages/events/switch_company.h"
+#include "pages/handlers/switch_company.h"
 
 #include "platform/machine/running_programs.h"
 #include "support/fixture.h"

@@ -1,4 +1,4 @@
-#include "pages/events/help_key.h"
+#include "pages/handlers/help_key.h"
 
 #include "logging/error_pair.h"
 #include "logging/handled.h"

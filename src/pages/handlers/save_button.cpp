@@ -1,4 +1,4 @@
-#include "pages/events/save_button.h"
+#include "pages/handlers/save_button.h"
 
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"

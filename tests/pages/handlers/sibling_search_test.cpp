@@ -1,4 +1,4 @@
-#include "pages/events/sibling_search.h"
+#include "pages/handlers/sibling_search.h"
 
 #include "support/fixture.h"
 

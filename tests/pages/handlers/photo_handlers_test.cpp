@@ -1,4 +1,4 @@
-#include "images/photo_slots.h"
+#include "pages/handlers/photo_handlers.h"
 
 #include "images/fitting_case.h"
 
