@@ -3,13 +3,13 @@
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
 orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
-orv_add_one_test(postgres_tests adapters/postgres private_server orv_adapters_office_store GTest::gtest_main)
+orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
 orv_add_one_test(store_tool_tests store_tool private_server nlohmann_json::nlohmann_json GTest::gtest_main)
 target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
-orv_add_one_test(security_tests security private_server jet_reading orv_app orv_adapters_office_store
+orv_add_one_test(security_tests security private_server jet_reading orv_app orv_office_store
                  orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"

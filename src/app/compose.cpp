@@ -1,8 +1,8 @@
 #include "app/compose.h"
 
 #include "adapters/http/curl_http_control.h"
-#include "adapters/office_store/office_store.h"
 #include "adapters/qt/descriptor_watch.h"
+#include "app/office_store.h"
 #include "config/shared_settings.h"
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"

@@ -2,9 +2,9 @@
 
 #include <numeric>
 
-#include "adapters/office_store/office_store.h"
 #include "adapters/sqlite/sqlite_files.h"
 #include "another_user.h"
+#include "app/office_store.h"
 #include "store_code.h"
 #include "store_tool/store_tool_fixture.h"
 

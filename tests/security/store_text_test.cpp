@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <thread>
 
-#include "adapters/office_store/office_store.h"
 #include "adapters/posix/descriptor.h"
+#include "app/office_store.h"
 #include "private_server.h"
 #include "store_code.h"
 #include "support/store_files.h"

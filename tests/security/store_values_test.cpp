@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "adapters/office_store/office_store.h"
 #include "adapters/postgres/postgres_store.h"
 #include "adapters/sqlite/sqlite_store.h"
+#include "app/office_store.h"
 #include "core/flow/save_test.h"
 #include "core/flow/statement_values.h"
 #include "private_server.h"

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "adapters/pictures/quality_map.h"
+#include "adapters/pixels/quality_map.h"
 #include "pictures_bench.h"
 
 namespace bench {

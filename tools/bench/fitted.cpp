@@ -2,9 +2,9 @@
 // the toolkit, which the program has loaded long before a photo is chosen.
 #include <cmath>
 
-#include "adapters/pictures/jpeg_picture.h"
-#include "adapters/pictures/jpeg_reader.h"
-#include "adapters/pictures/quality_map.h"
+#include "adapters/jpeg/jpeg_picture.h"
+#include "adapters/jpeg/jpeg_reader.h"
+#include "adapters/pixels/quality_map.h"
 #include "pictures_bench.h"
 
 namespace bench {

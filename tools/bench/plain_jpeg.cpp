@@ -9,7 +9,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "adapters/pictures/resampler.h"
+#include "adapters/pixels/resampler.h"
 
 namespace bench {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/pictures/bitmap.h"
+#include "adapters/pixels/bitmap.h"
 
 namespace bench {
 

@@ -5,7 +5,7 @@
 
 #include "adapters/http/company_document.h"
 #include "adapters/http/curl_http_control.h"
-#include "adapters/office_store/office_store.h"
+#include "app/office_store.h"
 #include "app/tie_system.h"
 #include "config/shared_settings.h"
 #include "platform/services.h"

@@ -4,9 +4,9 @@
 #include <iterator>
 #include <utility>
 
-#include "adapters/office_store/office_store.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_store.h"
+#include "app/office_store.h"
 #include "sample_folder.h"
 
 namespace bench {

@@ -3,10 +3,10 @@
 
     tools/checks/layers.py [--write-graph]
 
-Fails on an include that the table does not allow, on an entry of the table that no include uses, and on a cycle of files.
-Fails on two files with the same stem, and on two types with the same name in namespace orv. In the system's folders, fails
-on a library's header, and on a catch outside logging/trap.cpp. Fails if the graph in docs/architecture.md differs from the
-table; --write-graph writes it there.
+Fails on an include that the table does not allow, an entry that no include uses, and a cycle of files. Fails on two files
+with the same stem, and on two types with the same name in namespace orv. In the system's folders, fails on a library's
+header, and on a catch outside logging/trap.cpp. Fails if the graph in docs/architecture.md differs from the table;
+--write-graph writes it there.
 """
 import re
 import sys

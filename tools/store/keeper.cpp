@@ -2,8 +2,8 @@
 
 #include <iostream>
 
-#include "adapters/office_store/office_store.h"
 #include "adapters/store/store_file_check.h"
+#include "app/office_store.h"
 #include "private_folder.h"
 
 namespace orv {

@@ -2,11 +2,11 @@
 
 #include <new>
 
-#include "adapters/pictures/jpeg_picture.h"
-#include "adapters/pictures/jpeg_reader.h"
-#include "adapters/pictures/picture_failure.h"
-#include "adapters/pictures/raster_picture.h"
-#include "adapters/pictures/raster_reader.h"
+#include "adapters/jpeg/jpeg_picture.h"
+#include "adapters/jpeg/jpeg_reader.h"
+#include "adapters/pixels/picture_failure.h"
+#include "adapters/raster/raster_picture.h"
+#include "adapters/raster/raster_reader.h"
 
 namespace orv {
 namespace {

@@ -11,11 +11,11 @@
 #include <map>
 #include <memory>
 
-#include "adapters/pictures/gif_file.h"
 #include "adapters/pictures/made_pictures.h"
-#include "adapters/pictures/picture_failure.h"
 #include "adapters/pictures/picture_files.h"
-#include "adapters/pictures/tiff_file.h"
+#include "adapters/pixels/picture_failure.h"
+#include "adapters/raster/gif_file.h"
+#include "adapters/raster/tiff_file.h"
 #include "support/failure_of.h"
 
 namespace orv::test {

@@ -5,8 +5,8 @@
 #include <array>
 #include <stdexcept>
 
-#include "adapters/pictures/bmp_writer.h"
-#include "adapters/pictures/gif_file.h"
+#include "adapters/raster/bmp_writer.h"
+#include "adapters/raster/gif_file.h"
 
 namespace orv::test {
 namespace {

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "adapters/pictures/made_pictures.h"
-#include "adapters/pictures/picture_header.h"
-#include "adapters/pictures/tiff_file.h"
+#include "adapters/pixels/picture_header.h"
+#include "adapters/raster/tiff_file.h"
 #include "platform/run_time_error.h"
 #include "platform/waiting.h"
 

@@ -4,10 +4,10 @@
 #include <QImage>
 
 #include "adapters/pictures/made_pictures.h"
-#include "adapters/pictures/picture_failure.h"
 #include "adapters/pictures/picture_files.h"
-#include "adapters/pictures/quality_map.h"
-#include "adapters/pictures/tiff_file.h"
+#include "adapters/pixels/picture_failure.h"
+#include "adapters/pixels/quality_map.h"
+#include "adapters/raster/tiff_file.h"
 #include "support/failure_of.h"
 
 namespace orv::test {
