@@ -4,9 +4,9 @@ find_package(Qt6 REQUIRED COMPONENTS Test)
 
 orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
-orv_add_one_test(store_tool_tests store_tool private_server nlohmann_json::nlohmann_json GTest::gtest_main)
+orv_add_one_test(store_tool_tests programs/store private_server nlohmann_json::nlohmann_json GTest::gtest_main)
 target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
-                                                    JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
+                                                    JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
 orv_add_one_test(security_tests security private_server jet_reading orv_app orv_office_store
@@ -15,7 +15,7 @@ add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
                                                   STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
-                                                  JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/store_tool/jet_file.py")
+                                                  JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search hostile_key)
 orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_desks nlohmann_json::nlohmann_json
               GTest::gtest_main)
@@ -25,22 +25,22 @@ orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
 orv_add_tests(window_tests app orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix
               orv_adapters_text Qt6::Test)
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
-orv_add_tests(end_to_end_tests end_to_end orv_desk private_server GTest::gtest_main)
-orv_add_tests(input_method_tests input_method orv_desk GTest::gtest_main)
-orv_add_tests(screen_reader_tests screen_reader orv_desk GTest::gtest_main)
+orv_add_tests(end_to_end_tests end_to_end orv_ui_driver private_server GTest::gtest_main)
+orv_add_tests(input_method_tests input_method orv_ui_driver GTest::gtest_main)
+orv_add_tests(screen_reader_tests screen_reader orv_ui_driver GTest::gtest_main)
 target_compile_definitions(screen_reader_tests PRIVATE SCREEN_READER="${CMAKE_CURRENT_SOURCE_DIR}/screen_reader")
 
 # Compares the pictures of the documents with the program. Skipped where letters look different.
-add_test(NAME pictures COMMAND ${CMAKE_SOURCE_DIR}/tools/checks/pictures.sh $<TARGET_FILE:operator>
+add_test(NAME pictures COMMAND ${CMAKE_SOURCE_DIR}/tools/checks/pictures.sh $<TARGET_FILE:ui_driver>
                                $<TARGET_FILE:company_information>)
 set_tests_properties(pictures PROPERTIES TIMEOUT 1800 LABELS pictures SKIP_RETURN_CODE 77)
 
-# A part of `./dev prove`, which tests every call and every byte. With 21, each of the eight bits is tested.
+# A part of `./dev crash`, which tests every call and every byte. With 21, each of the eight bits is tested.
 foreach(share "file 60" "server 60" "answers 21")
   separate_arguments(arguments UNIX_COMMAND ${share})
   list(GET arguments 0 part)
-  add_test(NAME prove_${part} COMMAND ${CMAKE_SOURCE_DIR}/tools/prove/prove.sh $<TARGET_FILE:prove> ${arguments})
-  set_tests_properties(prove_${part} PROPERTIES TIMEOUT 1800 LABELS prove)
+  add_test(NAME crash_${part} COMMAND ${CMAKE_SOURCE_DIR}/tools/crash_test/crash_test.sh $<TARGET_FILE:crash_test> ${arguments})
+  set_tests_properties(crash_${part} PROPERTIES TIMEOUT 1800 LABELS crash_test)
 endforeach()
 
 add_subdirectory(fuzz)

@@ -16,7 +16,7 @@ cat "$sample"/sql/{schema,masters,companies,locks}.sql | sqlite3 -bail "$folder/
 sqlite3 -bail "$folder/C/ORV/MDB/TRANSMIT.MDB" <"$sample/sql/transmit.sql"
 LC_ALL=C sed -i "s/127\.0\.0\.1:18080/127.0.0.1:$port/" "$folder/C/ORV/SYS/system.ini"
 cp "$program" "$folder/C/ORV/BIN/KELT_COS.EXE"
-searches="$(dirname "$program")/../../tools/search"
+searches="$(dirname "$program")/../../programs/search"
 cp "$searches"/KELT_{ADD,LINE}.EXE "$folder/C/ORV/BIN/"
 cp "$sample"/search/*.csv "$folder/C/ORV/BIN/DAT/"
 cp -r "$repository/docs/ja/manual" "$repository/docs/pictures" "$folder/C/ORV/HLP/"

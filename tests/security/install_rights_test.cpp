@@ -4,7 +4,7 @@
 #include <array>
 
 #include "another_user.h"
-#include "store_tool/store_tool_fixture.h"
+#include "programs/store/store_tool_fixture.h"
 
 namespace orv {
 namespace {

@@ -6,7 +6,7 @@
 #include "another_user.h"
 #include "app/office_store.h"
 #include "store_code.h"
-#include "store_tool/store_tool_fixture.h"
+#include "programs/store/store_tool_fixture.h"
 
 namespace orv {
 namespace {

@@ -108,7 +108,8 @@ def types_of(text):
 def type_faults(root):
     """Two types with the same name are undefined behaviour, and no other tool reports them reliably."""
     homes = {}
-    for file in sorted(p for folder in ("src", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")):
+    files = [p for folder in ("src", "programs", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")]
+    for file in sorted(files):
         for name in types_of(file.read_text(encoding="utf-8")):
             homes.setdefault(name, []).append(str(file.relative_to(root)))
     return [f"two types named orv::{name}: {', '.join(files)}" for name, files in homes.items() if len(files) > 1]

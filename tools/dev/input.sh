@@ -3,5 +3,5 @@
 input() {
     buildPreset release immediate_input >/dev/null
     rm -rf build/input
-    build/release/tools/operator/immediate_input build/input "${1:-500}"
+    build/release/tools/ui_driver/immediate_input build/input "${1:-500}"
 }

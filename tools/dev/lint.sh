@@ -1,6 +1,6 @@
 # Checks form and structure: clang-format, clang-tidy, the table of modules, the English of comments, the sample office.
 
-sources() { git ls-files --cached --others --exclude-standard -- 'src/*' 'tests/*' 'tools/*' | grep -E '\.(cpp|h)$'; }
+sources() { git ls-files --cached --others --exclude-standard -- 'src/*' 'programs/*' 'tests/*' 'tools/*' | grep -E '\.(cpp|h)$'; }
 
 # clang-tidy cannot read the compiler's precompiled headers, so it gets the commands without them.
 tidyCommands() {

@@ -46,7 +46,7 @@ run() {
         shift
     fi
     local argument="${1:-000004601,1,0}"
-    buildPreset dev company_information searches suite_server operator
+    buildPreset dev company_information searches suite_server ui_driver
     withServer
     local program=build/dev/src/app/company_information port
     port=$(cat "$OFFICE-server/port")
@@ -60,7 +60,7 @@ run() {
         "$OFFICE/C/ORV/BIN/KELT_COS.EXE" "$argument"
         return
     fi
-    build/dev/tools/operator/operator session "$OFFICE" "$OFFICE-pictures" "$argument"
+    build/dev/tools/ui_driver/ui_driver session "$OFFICE" "$OFFICE-pictures" "$argument"
     reportOffice "$argument"
     echo "== pictures of the pages: $OFFICE-pictures"
 }

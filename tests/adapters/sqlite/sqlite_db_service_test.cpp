@@ -53,7 +53,7 @@ TEST_F(SqliteStore, AReaderDelaysACommitThatSucceedsLater) {
     EXPECT_EQ(Terminal(service, path).one(lockSelect("000004601")), "DESK-PC01");
 }
 
-/// The crash test (tools/prove) checks that a failed call in a save leaves no partial data.
+/// The crash test (tools/crash_test) checks that a failed call in a save leaves no partial data.
 TEST_F(SqliteStore, AFullDiskIsToldAndTheRollbackDoesNotHideIt) {
     // The file has no space for the journal, or space for the journal but not for the rows.
     for (const rlim_t room : {rlim_t{0}, rlim_t{std::filesystem::file_size(path)}}) {

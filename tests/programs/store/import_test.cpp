@@ -1,0 +1,85 @@
+#include "programs/store/store_tool_fixture.h"
+
+namespace orv {
+namespace {
+
+using StoreImport = StoreTool;
+
+TEST_F(StoreImport, AnOlderInstallMovesInUnchanged) {
+    runSql(office,
+           "UPDATE TBL_CUSTOMER_INFO SET GROUP_NAME = '髙﨑①ｶﾅ～－ ABC', OFFICE_NAME = '' WHERE USER_ID = '000004601';"
+           "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE, DAY_OFF = replace(hex(zeroblob(40)), '0', '水曜') ||"
+           " replace(hex(zeroblob(60)), '0', 'Wed'), CPU = replace(hex(zeroblob(9000)), '0', '長い')"
+           " WHERE USER_ID = '000004602'");
+    onServer("served", "sample");
+    for (const int version : {3, 4}) {
+        if (version == 4) {
+            runSql(office, "UPDATE TBL_CUSTOMER_INFO SET DAIHYO_NAME = '𠮷野 𩸽' WHERE USER_ID = '000004603'");
+        }
+        makeJet(version);
+        const auto wanted = json("copy office copy" + std::to_string(version))["tables"];
+        EXPECT_TRUE(matches(tool("import old.mdb"), "row 2 (000004602): CPU is longer than the 80 bytes of its field"));
+        EXPECT_EQ(json("import old.mdb home" + std::to_string(version))["tables"], wanted) << "counts and checksums";
+        EXPECT_EQ(tool("import old.mdb served").ending, 3) << "it holds companies";
+        EXPECT_EQ(json("import old.mdb served --replace")["tables"], wanted);
+    }
+}
+
+TEST_F(StoreImport, WhatDoesNotFitIsToldAndTheRestIsTaken) {
+    runSql(
+        office,
+        "DROP TABLE MST_CORP; ALTER TABLE TBL_CUSTOMER_ADD DROP COLUMN CPU; ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT;"
+        "UPDATE TBL_CUSTOMER_INFO SET OFFICE_NAME = x'3DD8' WHERE USER_ID = '000004601';"
+        "DROP TABLE TBL_CUSTOMER_DATE; CREATE TABLE TBL_CUSTOMER_DATE (USER_ID TEXT, BILLING_DATE DATETIME);"
+        "INSERT INTO TBL_CUSTOMER_DATE VALUES ('a', NULL), ('a', NULL), (NULL, NULL), ('', NULL), ('b', 44000.5);"
+        "DROP TABLE MST_TIKU; CREATE TABLE MST_TIKU (TIKU_NAME TEXT, SORT_KEY TEXT, DEL_FLG SMALLINT);"
+        "INSERT INTO MST_TIKU VALUES ('北', '10', -1), ('南', 'soon', 0), ('東', '99999999999', 0), (NULL, '1', 0)");
+    makeJet(4);
+    const Outcome run = tool("import old.mdb home");
+    EXPECT_EQ(run.ending, 1) << run.err;
+    for (const char* part :
+         {"MST_CORP: no such table; the store keeps its rows", "TBL_CUSTOMER_ADD: no column CPU; left empty",
+          "TBL_LOCK: the store has no column ROOM; not imported",
+          "TBL_CUSTOMER_INFO row 1 (000004601): OFFICE_NAME contains an invalid character",
+          "TBL_CUSTOMER_DATE row 2 (a): refused: its key exists already",
+          "TBL_CUSTOMER_DATE row 3: refused: USER_ID is empty", "TBL_CUSTOMER_DATE row 4: refused: USER_ID is empty",
+          "TBL_CUSTOMER_DATE row 5 (b): refused: BILLING_DATE has a type other than text",
+          "TBL_CUSTOMER_DATE: 5 rows, 4 refused", "MST_TIKU: no column TIKU_CODE; the rows are numbered",
+          "MST_TIKU row 2 (0002): refused: SORT_KEY is not an integer",
+          "MST_TIKU row 3 (0003): refused: SORT_KEY is out of range",
+          "MST_TIKU row 4 (0004): refused: TIKU_NAME is empty"}) {
+        EXPECT_TRUE(matches(run, part)) << part << " in\n" << run.out;
+    }
+    const auto tables = json("check home")["tables"];
+    EXPECT_EQ(tables["TBL_CUSTOMER_INFO"], 6);
+    EXPECT_EQ(tables["TBL_CUSTOMER_DATE"], 1);
+    EXPECT_EQ(tables["MST_TIKU"], 1);
+    EXPECT_GT(tables["MST_CORP"], 0) << "the list that a new store has";
+}
+
+TEST_F(StoreImport, ADamagedOrHostileFileEndsInATextAndFillsNothing) {
+    runSql(office, "UPDATE TBL_CUSTOMER_ADD SET CPU = replace(hex(zeroblob(9000)), '0', '長い')");
+    makeJet(4, "old.mdb");
+    makeJet(4, "loop.mdb", "--loop");
+    const std::string whole = readFile(folder.file("old.mdb"));
+    writeFile(folder.file("cut.mdb"), whole.substr(0, whole.rfind("\x01\x01")));
+    writeFile(folder.file("head.mdb"), whole.substr(0, 4096));
+    writeFile(folder.file("noise.mdb"), whole.substr(0, 4096) + std::string(100'000, '\x02'));
+    writeFile(folder.file("open.mdb"), whole);
+    writeFile(folder.file("open.ldb"), "");
+    runSql(folder.file("other.mdb"), "CREATE TABLE T (A TEXT)");
+    const auto before = names();
+    for (const char* bad :
+         {"loop.mdb", "cut.mdb", "head.mdb", "noise.mdb", "open.mdb", "other.mdb", "office", "missing"}) {
+        const Outcome run = tool(std::string("import ") + bad + " home");
+        EXPECT_EQ(run.ending, 3) << bad << run.out;
+        EXPECT_NE(run.err.find("orv_store: "), std::string::npos) << run.err;
+        EXPECT_EQ(names(), before) << bad;
+    }
+    EXPECT_EQ(tool("import cut.mdb home --salvage").ending, 1);
+    EXPECT_TRUE(matches(tool("import cut.mdb --salvage"), "MST_CORP: damaged: 0 of 7 rows can be read"));
+    EXPECT_EQ(json("check home")["tables"]["TBL_CUSTOMER_INFO"], 6);
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,190 @@
+#include "programs/store/store_tool_fixture.h"
+
+namespace orv {
+namespace {
+
+TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
+    for (const char* arguments : {"", "nonsense", "create", "check", "check office other", "unlock office",
+                                  "copy office", "check office --colour", "backup office", "import", "import a b c"}) {
+        const Outcome run = tool(arguments);
+        EXPECT_EQ(run.ending, 2) << arguments;
+        EXPECT_NE(run.err, "") << arguments;
+    }
+    const Outcome help = tool("--help");
+    EXPECT_EQ(help.ending, 0);
+    for (const char* command : {"create", "check", "unlock", "backup", "restore", "copy", "import"}) {
+        EXPECT_TRUE(matches(help, command)) << command;
+        EXPECT_EQ(tool(std::string(command) + " --help").ending, 0);
+    }
+}
+
+TEST_F(StoreTool, WhatIsNoStoreFailsInEveryCommandAndChangesNothing) {
+    writeFile(folder.file("letter"), "Dear all,\n");
+    writeFile(folder.file("empty"), "");
+    writeFile(folder.file("dead"), "host=" + folder.file("nowhere") + " dbname=x\n");
+    std::filesystem::create_directory(folder.file("drawer"));
+    writeFile(folder.file("secret"), readFile(office));
+    std::filesystem::permissions(folder.file("secret"), std::filesystem::perms::none);
+    // Root can read everything, so these capabilities are dropped.
+    const std::string powerless = ::geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "";
+    const auto before = names();
+    const std::string good = readFile(office);
+    for (const char* bad : {"letter", "empty", "drawer", "dead", "secret", "missing", "no/folder"}) {
+        for (const std::string& arguments :
+             {std::string("check ") + bad, std::string("unlock ") + bad + " PC --yes",
+              std::string("backup ") + bad + " new", std::string("restore office ") + bad + " --yes",
+              std::string("copy ") + bad + " new", std::string("import ") + bad + " new"}) {
+            const Outcome run = tool(arguments, powerless);
+            EXPECT_EQ(run.ending, 3) << arguments << run.out;
+            EXPECT_TRUE(run.err.starts_with("orv_store: ")) << run.err;
+        }
+    }
+    for (const char* bad : {"letter", "empty", "drawer", "dead", "secret", "no/folder"}) {
+        EXPECT_EQ(tool(std::string("create ") + bad, powerless).ending, 3) << bad;
+        EXPECT_EQ(tool(std::string("copy office ") + bad + " --replace", powerless).ending, 3) << bad;
+    }
+    EXPECT_EQ(json("check missing")["failure"]["code"], "DBFILE01");
+    EXPECT_EQ(names(), before);
+    EXPECT_EQ(readFile(office), good);
+}
+
+TEST_F(StoreTool, ANewStoreHasItsTablesAndListsAndNoCompany) {
+    onServer("fresh", "template0");
+    for (const char* store : {"new", "fresh"}) {
+        EXPECT_EQ(tool(std::string("create ") + store).ending, 0) << store;
+        const auto report = json(std::string("check ") + store);
+        EXPECT_EQ(report["tables"]["TBL_CUSTOMER_INFO"], 0) << store;
+        EXPECT_EQ(report["tables"]["MST_OTHERS"], json("check office")["tables"]["MST_OTHERS"]) << store;
+        EXPECT_TRUE(report["findings"].empty()) << report;
+        EXPECT_EQ(tool(std::string("create ") + store).ending, 3) << "it exists already";
+        EXPECT_EQ(json(std::string("check ") + store), report);
+    }
+    server().sql("fresh", "DROP TABLE MST_CORP, TBL_LOCK; DROP COLLATION NOCASE");
+    EXPECT_EQ(tool("create fresh").ending, 3);
+    EXPECT_EQ(server().sql("fresh", "SELECT count(*) FROM pg_collation WHERE collname = 'nocase'"), "0\n")
+        << "all of it or nothing";
+}
+
+TEST_F(StoreTool, TheCheckFindsWhatIsWrong) {
+    EXPECT_EQ(tool("check office").ending, 1) << "one company of the sample has no row in TBL_CUSTOMER_ADD";
+    EXPECT_TRUE(matches(tool("check office"), "lock: 000004606 by FRONT-PC02 since 2026/11/02 09:14:37, "));
+    const std::string faults =
+        "DELETE FROM TBL_CUSTOMER_DATE WHERE USER_ID = '000004602';"
+        "DELETE FROM TBL_CUSTOMER_INFO WHERE USER_ID = '000004603';"
+        "UPDATE TBL_CUSTOMER_INFO SET LICENSE_NO = '江戸町奉行' WHERE USER_ID = '000004604';"
+        "UPDATE MST_OTHERS SET DEL_FLAG = TRUE WHERE TYPE_CODE = '003';"
+        "UPDATE TBL_LOCK SET USER_ID = '000009999', INSERT_DATE = 'soon';";
+    runSql(office, faults);
+    onServer("faulty", "sample");
+    server().sql("faulty", faults);
+    const auto report = json("check office");
+    EXPECT_EQ(json("check faulty"), report) << "both kinds of store are looked at alike";
+    std::string found;
+    for (const auto& finding : report["findings"]) {
+        found += finding["where"].get<std::string>() + ":" + finding["what"].get<std::string>() + "\n";
+    }
+    for (const char* part :
+         {"000004605:no row in TBL_CUSTOMER_ADD", "000004602:no row in TBL_CUSTOMER_DATE",
+          "000004603:a row in TBL_CUSTOMER_ADD of no company", "000004603:a row in TBL_CUSTOMER_DATE of no company",
+          "000004604:LICENSE_NO is in no list", "003:MST_OTHERS has no word", "000009999:a lock on no company"}) {
+        EXPECT_NE(found.find(part), std::string::npos) << part << " in\n" << found;
+    }
+    EXPECT_EQ(report["locks"][0]["hours"], "");
+    runSql(office, "DROP TABLE MST_CORP");
+    EXPECT_TRUE(matches(tool("check office"), "MST_CORP: ")) << "and the check goes on";
+}
+
+TEST_F(StoreTool, DamageIsFoundAndNeitherBackedUpNorRestored) {
+    std::string bytes = readFile(office);
+    const std::size_t page = bytes.find("あおぞら架空不動産㈱") / 4096 * 4096;
+    writeFile(folder.file("damaged"), bytes.replace(page, 4096, std::string(4096, '\xEE')));
+    EXPECT_EQ(tool("check damaged").ending, 1);
+    EXPECT_TRUE(matches(tool("check damaged"), "damage: "));
+    EXPECT_EQ(tool("backup damaged copy").ending, 3);
+    EXPECT_EQ(tool("restore office damaged --yes").ending, 3);
+    EXPECT_EQ(tool("restore new damaged").ending, 3);
+    EXPECT_EQ(names(), (std::vector<std::string>{"damaged", "office"}));
+    EXPECT_EQ(tool("backup office copy").ending, 0);
+}
+
+TEST_F(StoreTool, ALockIsFreedWhenThePersonAgrees) {
+    onServer("locked", "sample");
+    for (const std::string store : {"office", "locked"}) {
+        EXPECT_EQ(tool("unlock " + store + " OTHER-PC --yes").ending, 1);
+        EXPECT_EQ(tool("unlock " + store + " FRONT-PC02").ending, 1) << "no person there";
+        EXPECT_EQ(tool("unlock " + store + " FRONT-PC02", "", "n\n").ending, 1);
+        EXPECT_EQ(json("check " + store)["locks"].size(), 1U);
+        EXPECT_EQ(tool("unlock " + store + " FRONT-PC02", "", "y\n").ending, 0);
+        EXPECT_TRUE(json("check " + store)["locks"].empty());
+    }
+}
+
+TEST_F(StoreTool, AnOfficeMovesToAServerAndBackUnchanged) {
+    runSql(office,
+           "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE WHERE USER_ID = '000004602';"
+           "UPDATE TBL_CUSTOMER_INFO SET COMPANY_NAME = 'O''Hara \\ 髙﨑 ' || char(10) WHERE USER_ID = '000004601'");
+    onServer("moved", "template0");
+    ASSERT_EQ(tool("create moved").ending, 0);
+    const auto there = json("copy office moved");
+    EXPECT_EQ(there["tables"][0]["rows"], 6);
+    EXPECT_EQ(server().sql("moved", "SELECT SEND_FLAG FROM TBL_CUSTOMER_ADD WHERE USER_ID = '000004602'"), "t\n");
+    EXPECT_EQ(tool("copy office moved").ending, 3) << "it holds companies now";
+    EXPECT_EQ(tool("copy office moved --replace").ending, 0);
+    const auto back = json("copy moved home");
+    EXPECT_EQ(back["tables"], there["tables"]) << "counts and checksums";
+    EXPECT_EQ(json("check home")["tables"], json("check office")["tables"]);
+    EXPECT_EQ(tool("copy home home --replace").ending, 3);
+    runSql(office, "ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT");
+    EXPECT_EQ(tool("copy office moved --replace").ending, 3) << "a column would be lost";
+    EXPECT_EQ(json("copy moved again")["tables"], there["tables"]);
+}
+
+TEST_F(StoreTool, ABackupBringsBackWhatWasThere) {
+    onServer("served", "sample");
+    for (const std::string store : {"office", "served"}) {
+        const auto before = json("check " + store);
+        ASSERT_EQ(tool("backup " + store + " " + store + ".bak").ending, 0);
+        EXPECT_EQ(tool("backup " + store + " " + store + ".bak").ending, 3) << "no backup is overwritten";
+        const std::string loss = "DELETE FROM TBL_CUSTOMER_INFO; DELETE FROM MST_TIKU";
+        store == "office" ? runSql(office, loss) : static_cast<void>(server().sql("served", loss));
+        ASSERT_NE(json("check " + store), before);
+        EXPECT_EQ(tool("restore " + store + " " + store + ".bak", "", "no\n").ending, 1);
+        EXPECT_EQ(tool("restore " + store + " " + store + ".bak --yes").ending, 0);
+        EXPECT_EQ(json("check " + store), before);
+    }
+    std::filesystem::remove(office);
+    EXPECT_EQ(tool("restore office served.bak").ending, 0);
+    EXPECT_EQ(json("check office")["tables"], json("check served")["tables"]);
+}
+
+TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {
+    runSql(office, "UPDATE TBL_CUSTOMER_INFO SET COMPANY_NAME = 'other'");
+    writeFile(folder.file("target"), readFile(makeSampleStore(folder.file("first"))));
+    const std::string target = readFile(folder.file("target"));
+    makeJet(4);
+    const auto before = json("check target");
+    onServer("busy", "sample");
+    const std::string asked = server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO");
+    // Limits files to a few KB, which is an error in the first case and ends the process in the second.
+    for (const std::string limit : {"trap '' XFSZ; ulimit -f 16; ", "ulimit -c 0; ulimit -f 16; "}) {
+        for (const std::string arguments : {"create new", "backup office new", "copy office new", "restore new office",
+                                            "copy busy new", "import old.mdb new", "restore target office --yes",
+                                            "copy office target --replace", "import old.mdb target --replace"}) {
+            EXPECT_NE(tool(arguments, limit).ending, 0) << arguments;
+            EXPECT_FALSE(std::filesystem::exists(folder.file("new"))) << arguments;
+            EXPECT_EQ(json("check target"), before) << arguments;
+        }
+    }
+    EXPECT_EQ(readFile(folder.file("target")), target);
+    EXPECT_EQ(tool("copy office new").ending, 0) << "the files of an interrupted run do no harm";
+    EXPECT_EQ(server().sql("busy", "SELECT * FROM TBL_CUSTOMER_INFO"), asked);
+    for (const std::string seconds : {"0.01", "0.02", "0.04", "0.06", "0.09"}) {
+        tool("import old.mdb busy --replace", "timeout -s KILL " + seconds + " ");
+        const std::string there = server().sql("busy", "SELECT DISTINCT COMPANY_NAME = 'other' FROM TBL_CUSTOMER_INFO");
+        EXPECT_TRUE(there == "f\n" || there == "t\n") << seconds << there;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.file("new.partial")));
+}
+
+}  // namespace
+}  // namespace orv

@@ -1,0 +1,312 @@
+#include "judge.h"
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
+namespace crash_test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int kNever = std::numeric_limits<int>::max();
+constexpr const char* kBeside = ".new";
+constexpr const char* kSaved = "|COS05574";
+
+std::string eventOf(const std::string& line) { return line.substr(0, line.find('|')); }
+
+/// Returns the failures in a report's line, without the texts of a successful event.
+std::vector<std::string> failuresIn(const std::string& line) {
+    std::vector<std::string> failures;
+    if (eventOf(line) == "shown") {
+        return failures;
+    }
+    for (std::size_t from = line.find('|'); from != std::string::npos; from = line.find('|', from + 1)) {
+        const std::string told = line.substr(from + 1, line.find('|', from + 1) - from - 1);
+        if (told != "COS20001" && told != "COS20002" && told != "ADD00010" && told != "COS05574") {
+            failures.push_back(told);
+        }
+    }
+    return failures;
+}
+
+bool touched(const Outcome& outcome, const std::string& folder) {
+    return std::ranges::any_of(outcome.struck,
+                               [&](const std::string& call) { return (call + "/").find(folder) != std::string::npos; });
+}
+
+std::vector<std::string> pieces(const std::string& state) {
+    std::vector<std::string> all{""};
+    for (const char c : state) {
+        c == '|' || c == '\n' ? static_cast<void>(all.emplace_back()) : all.back().push_back(c);
+    }
+    return all;
+}
+
+/// Returns the difference between an unexpected state and the nearest expected one.
+std::string strangeIn(const std::string& state, const std::set<std::string>& states) {
+    const std::vector<std::string> strange = pieces(state);
+    std::vector<std::string> nearest(strange.size() + 1);
+    for (const std::string& known : states) {
+        std::vector<std::string> others;
+        const std::vector<std::string> fine = pieces(known);
+        for (std::size_t i = 0; i < std::min(fine.size(), strange.size()); ++i) {
+            if (fine[i] != strange[i]) {
+                others.push_back("\"" + strange[i] + "\" for \"" + fine[i] + "\"");
+            }
+        }
+        nearest = others.size() < nearest.size() ? others : nearest;
+    }
+    return nearest.empty() ? "rows" : nearest.front();
+}
+
+}  // namespace
+
+Judge::Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store)
+    : ground_(ground), server_(server), store_(std::move(store)) {}
+
+Outcome Judge::errandUnder(const Strike& strike, const std::string& company, int round) {
+    const Errand errand = ground_.errand(company, round);
+    auto since = Clock::now();
+    slowest_ = {};
+    saved_.clear();
+    const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
+    return runStruck(
+        ground_.watched(kills), strike,
+        [&] {
+            beforeErrand();
+            runErrand(errand);
+        },
+        [&] {
+            slowest_ = std::max(slowest_, Clock::now() - since);
+            const std::string line = ground_.report().back();
+            if (round == 0) {
+                judgeEvent(line);
+            }
+            since = Clock::now();
+        });
+}
+
+void Judge::judgeEvent(const std::string& line) {
+    if (eventOf(line) == "edit") {
+        ground_.edited();
+    }
+    const std::string state = ground_.state();
+    if (eventOf(line) == "save" && saved_.empty()) {
+        saved_ = state;
+    }
+    if (isLearning_) {
+        states_.insert(state);
+    } else if (!states_.contains(state)) {
+        fault("after \"" + line + "\" the store is in none of the expected states: " + strangeIn(state, states_));
+    }
+}
+
+/// Records the store's states and the final state of an undisturbed scenario.
+void Judge::learn() {
+    states_ = {ground_.state()};
+    names_.clear();
+    records_.clear();
+    filesBefore_ = ground_.files();
+    isLearning_ = true;
+    ground_.giveUpAfter(kPatient);
+    server_.misbehave("photos:status=500\ncompanies:status=500");
+    errandUnder({}, ground_.company(), 0);
+    ground_.comeBack();
+    server_.misbehave("companies:well\nphotos:status=500");
+    const Outcome whole = errandUnder({Strike::Way::Kill, kNever, 0}, ground_.company(), 0);
+    isLearning_ = false;
+    behind_ = ground_.state();
+    for (const std::string& line : ground_.report()) {
+        if (!whole.fine || !failuresIn(line).empty()) {
+            throw std::runtime_error("an undisturbed scenario fails: " + line + " " + whole.ending);
+        }
+    }
+    if (states_.size() < 3) {
+        throw std::runtime_error("a save does not go through three states");
+    }
+    filesBehind_ = ground_.files();
+    bool isWhole = true;
+    for (const std::string& record : ground_.log(isWhole)) {
+        records_.insert(record);
+    }
+    std::cout << store_ << ", " << ground_.kind().name << ": " << whole.calls << " calls, " << records_.size()
+              << " kinds of log records" << std::endl;
+    for (const Files& files : {filesBefore_, filesBehind_}) {
+        for (const auto& [name, content] : files) {
+            names_.insert(name);
+        }
+    }
+    ground_.comeBack();
+}
+
+void Judge::judgePoint(const std::function<void()>& point) {
+    found_.clear();
+    ground_.giveUpAfter(kHasty);
+    point();
+    if (found_.empty()) {
+        return;
+    }
+    ground_.giveUpAfter(kPatient);
+    const std::vector<std::string> first = std::exchange(found_, {});
+    point();
+    faults_ += static_cast<int>(found_.size());
+    const bool isFault = !found_.empty();
+    for (const std::string& what : isFault ? found_ : first) {
+        std::cout << (isFault ? "FAULT " : "not with more time: ") << store_ << ", " << ground_.kind().name << ", "
+                  << point_ << ": " << what << std::endl;
+    }
+}
+
+void Judge::judgeStore() {
+    if (const std::string damage = ground_.damage(); !damage.empty()) {
+        fault("the store is damaged: " + damage);
+    }
+    if (const std::string state = ground_.state(); !states_.contains(state)) {
+        fault("the store is in none of the expected states: " + strangeIn(state, states_));
+    }
+    const std::vector<std::string> locks = ground_.ownLocks();
+    if (locks.size() > 1) {
+        fault("more than one lock");
+    }
+}
+
+/// A photo must be old or new, and complete. If it is missing, the new one must be complete next to its place.
+void Judge::judgePhotos() {
+    const Files now = ground_.files();
+    for (const auto& [name, old] : filesBefore_) {
+        if (name.starts_with("TMP/")) {
+            continue;
+        }
+        const auto behind = filesBehind_.find(name);
+        const std::string fresh = behind == filesBehind_.end() ? old : behind->second;
+        const auto found = now.find(name);
+        const auto beside = now.find(name + kBeside);
+        if (found == now.end() && beside != now.end() && beside->second == fresh) {
+            ++instants_;
+        } else if (found == now.end() || (found->second != old && found->second != fresh)) {
+            fault(name + (found == now.end() ? " is gone" : " is cut"));
+        }
+    }
+}
+
+void Judge::judgeLog(const Outcome& outcome) {
+    bool isWhole = true;
+    const std::vector<std::string> log = ground_.log(isWhole);
+    const bool mayBeTorn = outcome.struck.front().starts_with("write") && touched(outcome, "/LOG/");
+    int torn = 0;
+    for (const std::string& record : log) {
+        const bool isStart =
+            std::ranges::any_of(records_, [&](const std::string& whole) { return whole.starts_with(record); });
+        torn += records_.contains(record) ? 0 : mayBeTorn && isStart ? 1 : 2;
+    }
+    if (torn > 1) {
+        fault("a log record is not whole");
+    }
+}
+
+/// Starts the program again on the same computer, on the crashed run's data.
+void Judge::judgeNextRun() {
+    const std::string number = ground_.one("SELECT USER_ID FROM TBL_CUSTOMER_INFO WHERE USER_ID > '000005000'");
+    const std::string company = number.empty() ? ground_.company() : number;
+    const std::string name = ground_.one("SELECT TANTO_NAME FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + company + "'");
+    const bool isStored =
+        !ground_.one("SELECT USER_ID FROM TBL_CUSTOMER_DATE WHERE USER_ID = '" + company + "'").empty();
+    const Outcome next = errandUnder({}, company, 1);
+    const std::vector<std::string> report = ground_.report();
+    if (!next.fine || report.size() < 2) {
+        fault("the next start ends with " + next.ending);
+        return;
+    }
+    if (!report[1].starts_with("shown|" + name + "|")) {
+        fault("the next start shows another company: " + report[1] + " instead of " + name);
+    }
+    for (const std::string& line : report) {
+        if (isStored && !failuresIn(line).empty()) {
+            fault("the next run fails: " + line);
+        }
+    }
+    // If the company has its number by now, its lock without a number remains until a new company is opened here.
+    const std::vector<std::string> locks = ground_.ownLocks();
+    if (!locks.empty() && (number.empty() || locks != std::vector<std::string>{ground_.company()})) {
+        fault("the next run leaves a lock");
+    }
+    for (const auto& [file, content] : ground_.files()) {
+        if (!names_.contains(file)) {
+            fault("left over: " + file);
+        }
+    }
+}
+
+void Judge::judgeDead(const Outcome& outcome) {
+    judgeStore();
+    judgePhotos();
+    judgeLog(outcome);
+    judgeNextRun();
+    judgeLog(outcome);
+}
+
+/// Every failed event must have reported it, and the log must have a record of it.
+void Judge::judgeReport(const Outcome& outcome) {
+    bool isWhole = true;
+    const std::vector<std::string> log = ground_.log(isWhole);
+    const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // settings contain the log's path
+    if (logWorks && !isWhole) {
+        fault("the log does not end with a whole record");
+    }
+    for (const std::string& line : ground_.report()) {
+        for (const std::string& failure : failuresIn(line)) {
+            const std::string code = failure.substr(failure.find(',') + 1);
+            const bool isLogged = std::ranges::any_of(
+                log, [&](const std::string& record) { return record.find("," + code + ",") != std::string::npos; });
+            if (logWorks && !isLogged) {
+                fault("not in the log: " + line);
+            }
+        }
+        if (eventOf(line) == "save" && failuresIn(line).empty() && !line.ends_with(kSaved)) {
+            fault("a save that reports nothing");
+        }
+    }
+}
+
+void Judge::judgeAlive(const Outcome& outcome) {
+    if (!outcome.fine) {
+        fault("ends with " + outcome.ending);
+        return;
+    }
+    judgeReport(outcome);
+    judgeStore();
+    judgePhotos();
+    const std::vector<std::string> report = ground_.report();
+    if (report.size() == 1) {
+        if (failuresIn(report.front()).empty()) {
+            fault("does not start and does not report why");
+        }
+        judgeNextRun();
+        return;
+    }
+    if (eventOf(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
+        fault("cannot be left: " + report.back());
+    }
+    if (ground_.state() != behind_) {
+        fault("the repeated save is not complete: " + report[report.size() - 2]);
+    }
+    // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
+    const bool willOpenAgain =
+        std::ranges::any_of(report, [](const std::string& line) { return line.find("SAVE0001") != std::string::npos; });
+    if (!willOpenAgain && !ground_.ownLocks().empty()) {
+        fault("a lock is left");
+    }
+    // A remaining journal belongs to the store, and its next opening will use it.
+    for (const auto& [file, content] : ground_.files()) {
+        const auto found = filesBehind_.find(file);
+        if (found == filesBehind_.end() ? file != kJournal : found->second != content) {
+            fault((found == filesBehind_.end() ? "left over: " : "not the new one: ") + file);
+        }
+    }
+}
+
+}  // namespace crash_test

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <set>
+#include <string>
+
+#include "office_ground.h"
+#include "struck_run.h"
+
+namespace crash_test {
+
+/// Records the states of an undisturbed scenario, and checks disturbed ones against them.
+class Judge {
+public:
+    /// `server` is the suite's.
+    Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store);
+    Judge(const Judge&) = delete;
+    Judge& operator=(const Judge&) = delete;
+    virtual ~Judge() = default;
+
+    int points() const { return points_; }
+    int faults() const { return faults_; }
+
+protected:
+    /// The server rejects photos during and after this, so that there is something to log.
+    void learn();
+    Outcome errandUnder(const Strike& strike, const std::string& company, int round);
+    /// Called in the process of the scenario.
+    virtual void beforeErrand() {}
+    void judgeDead(const Outcome& outcome);
+    void judgeAlive(const Outcome& outcome);
+    void fault(const std::string& what) { found_.push_back(what); }
+    /// Runs a point with the short time limit. If a check fails, a stalled machine may have caused it. The point is
+    /// then repeated with the long limit, and a check that still fails is a fault.
+    void judgePoint(const std::function<void()>& point);
+
+    OfficeGround& ground_;
+    const desk::ServerDesk& server_;
+    std::string store_;
+    int points_ = 0;
+    int faults_ = 0;
+    int instants_ = 0;
+    std::string point_;
+    /// The duration of the last scenario's longest event.
+    std::chrono::steady_clock::duration slowest_{};
+    /// The store after the last scenario's first save, and after an undisturbed scenario.
+    std::string saved_;
+    std::string behind_;
+
+private:
+    void judgeEvent(const std::string& line);
+    void judgeStore();
+    void judgePhotos();
+    void judgeLog(const Outcome& outcome);
+    void judgeNextRun();
+    void judgeReport(const Outcome& outcome);
+
+    /// All states of an undisturbed scenario, with a server that accepts the company and with one that does not.
+    std::set<std::string> states_;
+    bool isLearning_ = false;
+    /// The faults of the current point.
+    std::vector<std::string> found_;
+    Files filesBefore_;
+    Files filesBehind_;
+    std::set<std::string> names_;
+    std::set<std::string> records_;
+};
+
+}  // namespace crash_test

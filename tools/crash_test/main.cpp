@@ -1,0 +1,129 @@
+// crash_test FOLDER STORE STEP: kills a scenario, or makes a call fail, at every STEP-th call that accesses the store,
+// the photos, the log or a connection. STORE is "file" or "server". With "answers" instead, each answer of the suite's
+// server is wrong at every STEP-th of its bytes.
+#include <sched.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <span>
+
+#include "adapters/http/curl_library.h"
+#include "private_server.h"
+#include "strange_answers.h"
+#include "trial.h"
+
+namespace {
+
+using namespace crash_test;
+
+constexpr const char* kUnsent =
+    "update TBL_CUSTOMER_INFO set PWD_CHG_FLG = '2' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_ADD set SEND_FLAG = TRUE where USER_ID = '000004601'";
+constexpr const char* kToMarker =
+    "update TBL_CUSTOMER_INFO set USER_ID = '---------' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_ADD set USER_ID = '---------', PHOTO_FILE1 = '', PHOTO_FILE2 = '', PHOTO_GRP1 = '', "
+    "PHOTO_GRP2 = '' where USER_ID = '000004601'; "
+    "update TBL_CUSTOMER_DATE set USER_ID = '---------' where USER_ID = '000004601'";
+constexpr const char* kNoMarker =
+    "delete from TBL_CUSTOMER_INFO where USER_ID = '---------'; delete from TBL_CUSTOMER_ADD where USER_ID = "
+    "'---------'; delete from TBL_CUSTOMER_DATE where USER_ID = '---------'";
+
+constexpr CompanyKind kKinds[] = {
+    {"known company", "000004601", kUnsent, "", false},
+    {"new company", "---------", kToMarker, kNoMarker, false},
+    {"both photos replaced", "000004601", kUnsent, "", true},
+};
+
+/// Runs the watched and the watching process on one processor, the first or the last allowed, because they alternate.
+/// This is much faster.
+void stayOnProcessor(bool first) {
+    cpu_set_t all;
+    if (::sched_getaffinity(0, sizeof all, &all) != 0) {
+        return;
+    }
+    std::size_t chosen = 0;
+    for (std::size_t i = 0, seen = 0; i < CPU_SETSIZE; ++i) {
+        if (CPU_ISSET(i, &all) && (seen++ == 0 || !first)) {
+            chosen = i;
+        }
+    }
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(chosen, &one);
+    static_cast<void>(::sched_setaffinity(0, sizeof one, &one));
+}
+
+int verdict(const Judge& judge) {
+    std::cout << judge.points() << " points, " << judge.faults() << " faults" << std::endl;
+    return judge.faults() == 0 ? 0 : 1;
+}
+
+int proveAll(const std::filesystem::path& folder, const std::string& store, int step) {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const desk::ServerDesk server(folder / "server");
+    OfficeGround ground(std::filesystem::absolute(folder), server.port());
+    std::optional<orv::PrivateServer> database;
+    if (store == "server") {
+        database.emplace();
+        ground.reachServer(database->text("sample"));
+    }
+    stayOnProcessor(store == "file");
+    orv::curlLibrary();  // loaded before the scenarios start
+    Trial trial(ground, server, store, step);
+    for (const CompanyKind& kind : kKinds) {
+        trial.run(kind);
+    }
+    return verdict(trial);
+}
+
+/// The third kind replaces its photos, which does not change any answer.
+constexpr std::size_t kAnsweredKinds = 2;
+
+int proveAnswers(const std::filesystem::path& folder, int step) {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    const desk::ServerDesk server(folder / "server");
+    StrangeServer front(std::stoi(server.port()));
+    OfficeGround ground(std::filesystem::absolute(folder), front.port());
+    orv::curlLibrary();
+    StrangeAnswers trial(ground, server, front, static_cast<std::size_t>(step));
+    const auto answered = std::span(kKinds).first(kAnsweredKinds);
+    for (const CompanyKind& kind : answered) {
+        trial.run(kind);
+    }
+    if (const Authority authority(folder / "authority.pem"); authority.canBeTrusted()) {
+        ground.changeSettings("http://", "https://");
+        for (const CompanyKind& kind : answered) {
+            trial.runOverTls(kind, authority);
+        }
+    } else {
+        std::cout << "no certificates: this machine does not let a program see another list of them (mount)\n";
+    }
+    return verdict(trial);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    const std::string store = argc == 4 ? argv[2] : "";
+    if (store != "file" && store != "server" && store != "answers") {
+        std::cerr << "usage: crash_test FOLDER file|server|answers STEP\n";
+        return 2;
+    }
+    ::setenv("ORV_COMPUTER_NAME", "DESK-01", 1);  // NOLINT(concurrency-mt-unsafe)
+    const std::filesystem::path state = std::filesystem::absolute(argv[1]) / "state";
+    ::setenv("XDG_STATE_HOME", state.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
+    try {
+        if (store == "answers") {
+            return proveAnswers(argv[1], std::max(1, std::atoi(argv[3])));
+        }
+        return proveAll(argv[1], store, std::max(1, std::atoi(argv[3])));
+    } catch (const std::exception& failure) {
+        std::cerr << "crash_test: " << failure.what() << "\n";
+        return 2;
+    }
+}

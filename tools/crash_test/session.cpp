@@ -1,0 +1,158 @@
+#include "session.h"
+
+#include <csignal>
+#include <fstream>
+#include <functional>
+#include <sstream>
+
+#include "adapters/http/curl_http_control.h"
+#include "adapters/http/http_company_send.h"
+#include "adapters/pictures/picture_files.h"
+#include "config/shared_settings.h"
+#include "core/flow/start.h"
+#include "core/record/globals.h"
+#include "headless.h"
+#include "images/frm_img_common.h"
+#include "pages/forms/page_set.h"
+#include "platform/forms/form_host.h"
+#include "platform/services.h"
+#include "struck_run.h"
+
+namespace crash_test {
+namespace {
+
+class StandingClock : public orv::Clock {
+public:
+    orv::DateTime now() const override {
+        return {.year = 2026, .month = 5, .day = 4, .hour = 9, .minute = 8, .second = 7};
+    }
+};
+
+/// Records the messages, and accepts every fitted photo.
+class Operator : public orv::MessageService, public bench::NoWindows {
+public:
+    orv::FailureRecord ErrorInfo() const override { return {}; }
+    std::int32_t LastAnswer() const override { return 0; }
+    bool ShowMessage(const std::string& id, const orv::Values& args) override {
+        if (id != "LOG00001") {  // concerns the log, not the event
+            told += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
+        }
+        return true;
+    }
+    std::size_t showNotice(const orv::Notice& notice) override {
+        told += "|box," + notice.title;
+        return notice.defaultButton;
+    }
+    void runModal(orv::Form& form) override { dynamic_cast<orv::frm_ImgCommon&>(form).cmd_Entry.press(); }
+
+    std::string told;
+};
+
+/// True if the messages are only those of a successful event.
+bool wentWell(std::string told) {
+    for (const std::string expected : {"|COS20001", "|COS20002", "|ADD00010", "|COS05574"}) {
+        for (std::size_t at = told.find(expected); at != std::string::npos; at = told.find(expected)) {
+            told.erase(at, expected.size());
+        }
+    }
+    return told.empty();
+}
+
+class Session {
+public:
+    explicit Session(const Errand& errand)
+        : errand_(errand),
+          report_(errand.report),
+          program_(errand.programFolder),
+          pictures_(*orv::services().fileSystem) {
+        std::signal(SIGPIPE, SIG_IGN);  // like main()
+        orv::Services& all = orv::services();
+        all.message = &operator_;
+        all.windows = &operator_;
+        all.clock = &clock_;
+        all.pictures = &pictures_;
+        all.send = [] { return std::make_unique<orv::HttpCompanySend>(*orv::services().db, settings()); };
+        all.commandTail = errand.company + ",1,0";
+    }
+
+    void work() {
+        perform("open", [] { orv::Main(); });
+        if (orv::services().forms->activeForm() == nullptr) {
+            return;
+        }
+        report_ << "shown|" << orv::page<orv::frm_CompInp0>().txt_Tanto_Name.text();
+        for (std::int16_t slot = 0; slot < 2; ++slot) {
+            report_ << "|" << fingerprintOf(native(orv::com().TmpNoTmpFile(slot)));
+        }
+        report_ << std::endl;
+        untilWell("edit", [this] { edit(); });
+        untilWell("save", [this] { screen().btm_Save.press(); });
+        untilWell("leave", [this] {
+            if (orv::services().forms->activeForm() != nullptr) {
+                screen().btm_Back_Menu.press();
+            }
+        });
+    }
+
+private:
+    static orv::CompanySendSettings settings() {
+        return {.url = [] { return orv::com().ORV_URL(); },
+                .cusSendService = [] { return orv::com().ORV_CusSendService(); },
+                .sendCus = [] { return orv::com().ORV_SendCus(); },
+                .timeOut = [] { return orv::com().ORV_TimeOut(); },
+                .store = [] { return orv::com().MdbOrvEstateDB(); }};
+    }
+    static std::string native(const std::string& path) { return orv::services().fileSystem->nativePath(path); }
+    static orv::PageForm& screen() { return dynamic_cast<orv::PageForm&>(*orv::services().forms->activeForm()); }
+    static void turnTo(std::size_t page) { screen().btm_ChangePage[page].press(); }
+
+    bool perform(const std::string& name, const std::function<void()>& event) {
+        operator_.told.clear();
+        event();
+        orv::services().forms->sweep();
+        report_ << name << operator_.told << std::endl;
+        eventIsOver();
+        return wentWell(operator_.told);
+    }
+    void untilWell(const std::string& name, const std::function<void()>& event) {
+        if (!perform(name, event)) {
+            perform(name, event);
+        }
+    }
+    void edit() {
+        for (std::size_t page = 4; page < 5; --page) {
+            turnTo(page);
+        }
+        orv::page<orv::frm_CompInp0>().txt_Tanto_Name.setText(errand_.words);
+        turnTo(1);
+        orv::page<orv::frm_CompInp1>().txt_License_No_Go.setText("12345");
+        turnTo(3);
+        orv::page<orv::frm_CompInp3>().chk_Business_Type_Flg[0].setValue(1);
+        turnTo(2);
+        auto& page = orv::page<orv::frm_CompInp2>();
+        page.txt_Day_Off.setText(errand_.words);
+        for (std::size_t slot = 0; slot < errand_.photos.size(); ++slot) {
+            page.pic_PhotoFile[slot].drop(orv::services().fileSystem->systemPath(errand_.photos[slot]));
+        }
+    }
+
+    const Errand& errand_;
+    std::ofstream report_;
+    bench::Headless program_;
+    StandingClock clock_;
+    Operator operator_;
+    orv::PictureFiles pictures_;
+};
+
+}  // namespace
+
+void runErrand(const Errand& errand) { Session(errand).work(); }
+
+std::string fingerprintOf(const std::string& nativePath) {
+    std::ostringstream content;
+    content << std::ifstream(nativePath, std::ios::binary).rdbuf();
+    const std::string bytes = content.str();
+    return bytes.empty() ? "-" : std::to_string(std::hash<std::string>()(bytes));
+}
+
+}  // namespace crash_test

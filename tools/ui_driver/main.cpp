@@ -1,0 +1,206 @@
+// Works the program in an office as a clerk would, and takes pictures of what is on the screen.
+//   ui_driver session OFFICE PICTURES   edits, goes through all pages, takes a photo, saves, leaves
+//   ui_driver shots OFFICE PICTURES     every page and dialog, without saving
+//   ui_driver saving OFFICE PICTURES    a change and its save, as the whole screen shows them
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <stdexcept>
+
+#include "desk.h"
+
+namespace {
+
+using desk::Office;
+using desk::Terminal;
+
+void must(bool done, const std::string& what) {
+    if (!done) {
+        throw std::runtime_error("not seen on the screen: " + what);
+    }
+    std::cout << "ui_driver: " << what << "\n";
+}
+
+void goTo(Terminal& terminal, int page, const std::filesystem::path& pictures) {
+    terminal.click("btm_ChangePage", page);
+    must(terminal.waitForPage(page), "page " + std::to_string(page));
+    terminal.shot(pictures / ("page" + std::to_string(page) + ".png"));
+}
+
+void open(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
+    terminal.start(argument);
+    must(terminal.waitForPage(0), "page 0 of " + argument);
+    terminal.shot(pictures / "page0.png");
+}
+
+/// From the open dialog to the page that shows it.
+void takePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
+    const std::string photo = office.layPhoto();
+    terminal.click("btm_PhotoSelect", 0);
+    must(terminal.waitForWindow("ファイルを開く"), "the open dialog");
+    terminal.shot(pictures / "open_dialog.png");
+    terminal.typeAscii(photo);
+    terminal.key("Return");
+    must(terminal.waitForConfirmation(), "the confirmation dialog");
+    terminal.shot(pictures / "confirmation.png");
+    terminal.key("F1");
+    must(terminal.waitForWindow(".* - ヘルプ"), "the help window");
+    terminal.shot(pictures / "help.png");
+    terminal.key("Escape");
+    must(terminal.waitForConfirmation(), "the confirmation dialog again");
+    terminal.click("cmd_Entry");
+    must(terminal.waitForPage(2), "page 2 with the photo");
+    terminal.shot(pictures / "page2_photo.png");
+}
+
+void session(Terminal& terminal, const Office& office, const std::string& argument,
+             const std::filesystem::path& pictures) {
+    open(terminal, argument, pictures);
+    terminal.enter("txt_Tanto_Name", "操作　花子");
+    for (int page = 1; page < 5; ++page) {
+        goTo(terminal, page, pictures);
+        if (page == 2) {
+            terminal.enter("txt_Day_Off", "毎週水曜日・年末年始");
+            takePhoto(terminal, office, pictures);
+        }
+    }
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the message after the save");
+    terminal.shot(pictures / "saved.png");
+    terminal.key("Return");
+    must(terminal.noticeGone() && terminal.waitForPage(4), "back on page 4");
+    terminal.click("btm_Back_Menu");
+    must(terminal.waitForEnd() == 0, "the program has ended");
+}
+
+/// A search program's window, and the page that waits for it.
+void searchShots(Terminal& terminal, const std::string& button, const std::string& title, const std::string& name,
+                 const std::filesystem::path& pictures) {
+    terminal.click(button);
+    must(terminal.waitForWindow(title), title);
+    terminal.shot(pictures / (name + ".png"));
+    terminal.shotOfScreen(pictures / (name + "_waiting.png"));
+    terminal.key("Escape");
+    must(terminal.windowGone(title), title + " has ended");
+}
+
+/// Answers the notice that is on the screen by its default button; then the page stands there again.
+void dismiss(Terminal& terminal, int page) {
+    terminal.key("Return");
+    must(terminal.noticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
+}
+
+void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_ChangePW");
+    must(terminal.waitForPasswordDialog(), "the password dialog");
+    terminal.typeAscii("mihon01");
+    terminal.shot(pictures / "password.png");
+    terminal.key("Return");
+    must(terminal.waitForNotice(), "the refusal of an empty password");
+    terminal.shot(pictures / "password_refused.png");
+    terminal.key("Return");
+    must(terminal.noticeGone() && terminal.waitForPasswordDialog(), "the password dialog with the focus on the field");
+    terminal.shot(pictures / "password_focus.png");
+    terminal.key("Escape");
+    must(terminal.waitForPage(0), "page 0 after the password dialog");
+}
+
+void refusalShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.enter("txt_Company_Name", "　");
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the refusal of a blank company name");
+    terminal.shot(pictures / "refused.png");
+    dismiss(terminal, 0);
+    terminal.shot(pictures / "refused_focus.png");
+    terminal.enter("txt_Company_Name", "あおぞら架空不動産");
+}
+
+void councilShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_ChangePage", 1);
+    must(terminal.waitForPage(1), "page 1");
+    terminal.click("chk_Koutori", 2);
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the question for a council");
+    terminal.shot(pictures / "council.png");
+    terminal.key("Return");
+    must(terminal.waitForNotice(), "the refusal that follows");
+    terminal.shot(pictures / "council_refused.png");
+    dismiss(terminal, 1);
+    terminal.shot(pictures / "council_focus.png");
+}
+
+void leave(Terminal& terminal, const std::filesystem::path& pictures) {
+    terminal.click("btm_Back_Menu");
+    must(terminal.waitForNotice(), "the question before leaving");
+    terminal.shot(pictures / "leave.png");
+    terminal.key("Left");
+    terminal.key("Return");
+    must(terminal.waitForEnd() == 0, "the program has ended");
+}
+
+/// A company without a licence and with a site of its own, where addresses are typed.
+void otherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures) {
+    open(terminal, "000004602,1,1", pictures / "other");
+    goTo(terminal, 1, pictures / "other");
+    terminal.kill();
+}
+
+void shots(Terminal& terminal, const Office& office, const std::string& argument,
+           const std::filesystem::path& pictures) {
+    open(terminal, argument, pictures);
+    for (const int page : {1, 2, 3, 4, 0}) {
+        goTo(terminal, page, pictures);
+        if (page == 2) {
+            searchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
+            must(terminal.waitForPage(page), "page 2 is back");
+            takePhoto(terminal, office, pictures);
+        }
+    }
+    searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
+    must(terminal.waitForPage(0), "page 0 is back");
+    passwordShots(terminal, pictures);
+    refusalShots(terminal, pictures);
+    councilShots(terminal, pictures);
+    leave(terminal, pictures);
+    otherCompanyShots(terminal, pictures);
+}
+
+void saving(Terminal& terminal, const Office& /*office*/, const std::string& argument,
+            const std::filesystem::path& pictures) {
+    open(terminal, argument, pictures / "other");
+    terminal.shotOfScreen(pictures / "1.png");
+    terminal.enter("txt_Tanto_Name", "操作　花子");
+    terminal.shotOfScreen(pictures / "2.png");
+    terminal.click("btm_Save");
+    must(terminal.waitForNotice(), "the message after the save");
+    terminal.shotOfScreen(pictures / "3.png");
+    dismiss(terminal, 0);
+    terminal.shotOfScreen(pictures / "4.png");
+    terminal.kill();
+}
+
+const std::map<std::string, decltype(&shots)> kWorks{{"session", session}, {"shots", shots}, {"saving", saving}};
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    const auto work = argc < 4 ? kWorks.end() : kWorks.find(argv[1]);
+    if (work == kWorks.end()) {
+        std::cerr << "ui_driver session|shots|saving OFFICE PICTURES [ARGUMENT]\n";
+        return 2;
+    }
+    const std::filesystem::path pictures = argv[3];
+    const std::string argument = argc > 4 ? argv[4] : "000004601,1,0";
+    try {
+        std::filesystem::create_directories(pictures / "other");
+        const desk::VirtualDisplay display;
+        const Office office = Office::standing(argv[2]);
+        Terminal terminal(office, display.name(), "DESK-01", {{"FONTCONFIG_FILE", FONTS}});
+        work->second(terminal, office, argument, pictures);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << "ui_driver: " << failure.what() << "\n";
+        return 1;
+    }
+}
