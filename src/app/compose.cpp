@@ -3,7 +3,7 @@
 #include "adapters/http/curl_http_control.h"
 #include "adapters/qt/descriptor_watch.h"
 #include "app/office_store.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"
 #include "platform/services.h"

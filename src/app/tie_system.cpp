@@ -1,6 +1,6 @@
 #include "app/tie_system.h"
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "logging/log_files.h"
 #include "pages/handlers/wiring.h"
 

@@ -3,8 +3,7 @@
 #include <string_view>
 
 #include "config/cls_com.h"
-#include "config/paths.h"
-#include "config/profile.h"
+#include "config/settings.h"
 #include "logging/setting_trap.h"
 #include "platform/machine/clock.h"
 #include "platform/machine/file_system.h"

@@ -1,10 +1,8 @@
 #include "config/cls_multi_com.h"
 
 #include <optional>
-#include <string_view>
 
-#include "config/built_in_hosts.h"
-#include "config/profile.h"
+#include "config/settings.h"
 #include "logging/setting_trap.h"
 
 namespace orv {

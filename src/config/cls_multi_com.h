@@ -3,12 +3,19 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "config/cls_com.h"
 #include "platform/machine/transmit_table.h"
 #include "platform/value.h"
 
 namespace orv {
+
+// Hosts of the suite's servers, used where "system.ini" names none. A build for an office replaces them with real
+// hosts.
+
+inline constexpr std::string_view kImageHost = "image.orv-suite.invalid";
+inline constexpr std::string_view kImageUploadUrl = "http://upload.orv-suite.invalid/rereceive46/davroot/";
 
 /// Path of the database with the transmission profiles. Only a program that uses the loader assigns it; this one does
 /// not.

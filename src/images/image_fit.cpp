@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "images/quality_search.h"
 #include "logging/error_pair.h"

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"

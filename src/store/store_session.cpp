@@ -1,6 +1,6 @@
 #include "store/store_session.h"
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "platform/services.h"

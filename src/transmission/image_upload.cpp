@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"

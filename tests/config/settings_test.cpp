@@ -1,6 +1,4 @@
-#include "config/built_in_hosts.h"
-#include "config/paths.h"
-#include "config/profile.h"
+#include "config/settings.h"
 #include "support/fixture.h"
 
 namespace orv {

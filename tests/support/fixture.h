@@ -10,7 +10,7 @@
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
 #include "app/tie_system.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/flow/company_load.h"
 #include "core/flow/leaving.h"
 #include "core/flow/start.h"

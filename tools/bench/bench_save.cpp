@@ -8,7 +8,7 @@
 #include "adapters/http/company_document.h"
 #include "bench.h"
 #include "bench_office.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"
 #include "pages/forms/page_set.h"

@@ -7,7 +7,7 @@
 #include "adapters/http/curl_http_control.h"
 #include "app/office_store.h"
 #include "app/tie_system.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
 

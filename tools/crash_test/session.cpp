@@ -8,7 +8,7 @@
 #include "adapters/http/curl_http_control.h"
 #include "adapters/http/http_company_send.h"
 #include "adapters/pictures/picture_files.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
 #include "headless.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/flow/environment_probe.h"
 #include "core/flow/photo_files.h"
 #include "core/record/globals.h"

@@ -2,9 +2,7 @@
 
 #include <array>
 
-#include "config/paths.h"
-#include "config/profile.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "images/file_size_text.h"
 #include "logging/error_pair.h"

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/messages.h"
 #include "platform/forms/form_host.h"

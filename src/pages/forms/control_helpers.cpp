@@ -1,6 +1,6 @@
 #include "pages/forms/control_helpers.h"
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "pages/forms/colours.h"

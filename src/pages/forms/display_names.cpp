@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "config/profile.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 
 namespace orv {
 inline namespace bas_FromCommon {

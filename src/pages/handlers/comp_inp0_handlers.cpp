@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/handled.h"

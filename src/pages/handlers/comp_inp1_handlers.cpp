@@ -1,6 +1,6 @@
 #include "pages/handlers/comp_inp1_handlers.h"
 
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "logging/handled.h"
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/enter_key.h"

@@ -4,8 +4,7 @@
 #include <functional>
 #include <optional>
 
-#include "config/profile.h"
-#include "config/shared_settings.h"
+#include "config/settings.h"
 #include "core/record/globals.h"
 #include "images/ime_resize.h"
 #include "images/thumbnail.h"
