@@ -10,9 +10,7 @@
 #include "pages/frame/change_page.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
-#include "validation/rules/access_rules.h"
-#include "validation/rules/company_rules.h"
-#include "validation/rules/licence_page_check.h"
+#include "validation/rules/page_checks.h"
 
 namespace orv {
 namespace {

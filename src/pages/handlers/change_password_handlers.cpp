@@ -6,7 +6,7 @@
 #include "pages/handlers/help_key.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
-#include "validation/rules/password_rules.h"
+#include "validation/rules/page_checks.h"
 
 namespace orv {
 namespace {

@@ -1,8 +1,7 @@
-#include "validation/rules/access_rules.h"
+#include "validation/rules/page_checks.h"
 
 #include "core/record/globals.h"
 #include "validation/rules/rule_tests.h"
-#include "validation/rules/transport_rules.h"
 
 namespace orv {
 namespace {

@@ -1,4 +1,4 @@
-#include "validation/rules/company_rules.h"
+#include "validation/rules/page_checks.h"
 
 #include "core/record/globals.h"
 #include "validation/rules/rule_tests.h"

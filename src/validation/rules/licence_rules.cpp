@@ -1,4 +1,4 @@
-#include "validation/rules/licence_rules.h"
+#include "validation/rules/page_checks.h"
 
 #include <algorithm>
 #include <array>
@@ -93,6 +93,8 @@ constexpr auto kRules = std::to_array<Rule>({
 
 }  // namespace
 
-bool licencePasses(Refusal& out) { return passes(kRules, out); }
+bool PF_CheckFrmCompInp1Data(Refusal& out) {
+    return checked("[ PF_CheckFrmCompInp1Data ] ", out, [&] { return passes(kRules, out) && associationsPass(out); });
+}
 
 }  // namespace orv

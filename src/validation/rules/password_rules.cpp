@@ -1,4 +1,4 @@
-#include "validation/rules/password_rules.h"
+#include "validation/rules/page_checks.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "validation/rules/transport_rules.h"
+#include "validation/rules/page_checks.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,5 @@
-#include "validation/rules/company_rules.h"
+#include "validation/rules/page_checks.h"
 
-#include "validation/rules/password_rules.h"
 #include "validation/rules/rules_test.h"
 
 namespace orv {

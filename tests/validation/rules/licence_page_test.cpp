@@ -1,4 +1,5 @@
-#include "validation/rules/licence_page_check.h"
+#include "validation/rules/page_checks.h"
+
 #include "validation/rules/rules_test.h"
 
 namespace orv {
