@@ -5,8 +5,8 @@
 #include "adapters/sqlite/sqlite_files.h"
 #include "another_user.h"
 #include "app/office_store.h"
-#include "store_code.h"
 #include "programs/store/store_tool_fixture.h"
+#include "store_code.h"
 
 namespace orv {
 namespace {

@@ -19,7 +19,7 @@ READERS = "asRead|treated|orIfEmpty|withBackslash|value|PF_GetProFile"
 
 class Code:
     def __init__(self, repository):
-        files = [file for folder in ("src", "tools") for file in (repository / folder).rglob("*")]
+        files = [file for folder in ("src", "programs", "tools") for file in (repository / folder).rglob("*")]
         self.texts = {file.relative_to(repository).as_posix(): re.sub(r"//[^\n]*", "", file.read_text(encoding="utf-8"))
                       for file in sorted(files) if file.suffix in (".h", ".cpp")}
 
