@@ -29,7 +29,7 @@ constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 constexpr int kTextFont = 9;
 constexpr double kPointsAnInch = 72;
 
-/// Light, with the style's colours of what is disabled.
+/// Returns a light palette with the style's colours for disabled text.
 QPalette calmPalette() {
     QPalette palette(QColor(0xf0, 0xf0, 0xf4), QColor(0xf6, 0xf6, 0xff));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
@@ -42,7 +42,7 @@ QPalette calmPalette() {
     return palette;
 }
 
-/// A desktop with colours of its own keeps them, dark ones too. Others get the toolkit's plain ones by default.
+/// Replaces the toolkit's default colours. A desktop with colours of its own keeps them, even dark ones.
 void replacePlainColours(QStyle& style) {
     QPalette plain = style.standardPalette();
     style.polish(plain);
@@ -51,8 +51,8 @@ void replacePlainColours(QStyle& style) {
     }
 }
 
-/// The first that the machine has. For a font of several families the toolkit would look for substitutes at once, not
-/// when a character is missing.
+/// Returns the first installed font. For a font with several families the toolkit would look for substitutes at once
+/// instead of when a character is missing.
 QFont japaneseFont() {
     for (const char* name : {"Noto Sans CJK JP", "IPAPGothic", "TakaoPGothic"}) {
         if (const QString family = QString::fromLatin1(name); QFontDatabase::hasFamily(family)) {
@@ -68,7 +68,7 @@ int pixelsOf(const QFont& font) {
                : qRound(font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / kPointsAnInch);
 }
 
-/// For dialogs, menus and tips: as large as the text of the pages, or as the desktop wishes if that is larger.
+/// Returns the font for dialogs, menus and tips: as large as the pages' text, or as the desktop's if that is larger.
 QFont textFont() {
     const int wished = pixelsOf(QApplication::font());
     QApplication::setFont(japaneseFont());
@@ -77,8 +77,8 @@ QFont textFont() {
     return font;
 }
 
-/// A click is handled at once, a key only when the input method has answered, and by then another field may have the
-/// focus. So the input method's plug-ins are told to wait for the answer.
+/// Makes the input method's plug-ins wait for the answer to each key. Otherwise a click overtakes the key before it,
+/// and the key reaches the field that has the focus by then.
 void keepKeysAndClicksInOrder() {
     for (const char* plugIn : {"FCITX_QT_USE_SYNC", "IBUS_ENABLE_SYNC_MODE"}) {
         if (!qEnvironmentVariableIsSet(plugIn)) {
@@ -87,8 +87,8 @@ void keepKeysAndClicksInOrder() {
     }
 }
 
-/// Without a display the toolkit would abort with an English text. Therefore it can fall back to showing nothing, which
-/// is reported here, unless the environment names the platform.
+/// Without a display the toolkit would abort with an English text. So it can fall back to a platform without windows,
+/// which is reported here unless the environment names it.
 std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
     auto toolkit = std::make_unique<QApplication>(count, arguments);
     if (!qEnvironmentVariableIsSet(kPlatform) && QGuiApplication::platformName() == QStringLiteral("offscreen")) {
@@ -99,7 +99,7 @@ std::unique_ptr<QApplication> makeToolkit(int& count, char** arguments) {
     return toolkit;
 }
 
-/// What the toolkit itself says, in the open dialog above all.
+/// Loads the Japanese translation of the toolkit's own texts, which are mainly those of the open dialog.
 std::unique_ptr<QTranslator> japaneseWords() {
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     auto words = std::make_unique<QTranslator>();
@@ -111,8 +111,8 @@ std::unique_ptr<QTranslator> japaneseWords() {
     return words;
 }
 
-/// The toolkit's own icons are enough. Whatever it does not have it would look for in every folder of every theme of
-/// the machine, which is tens of thousands of files each time that an open dialog is shown.
+/// Restricts the toolkit to its own icons, which are enough. It would search every icon theme of the machine for
+/// missing ones. That is tens of thousands of files each time an open dialog is shown.
 void useOwnIcons() {
     const QStringList none{QStringLiteral(":/none")};
     QIcon::setThemeSearchPaths(none);
@@ -126,8 +126,8 @@ Application::Application(const char* programName)
       arguments_{name_.data(), option_.data(), platforms_.data(), nullptr},
       count_(qEnvironmentVariableIsSet(kPlatform) ? 1 : 3) {
     keepKeysAndClicksInOrder();
-    // The toolkit asks for the machine's fonts once the display is connected. Both take a while, so they run in
-    // parallel. The thread reads the environment: a variable that is added meanwhile can crash it.
+    // The toolkit loads the machine's fonts after it has connected to the display. Both take time, so they run in
+    // parallel. The thread reads the environment: adding a variable meanwhile can crash it.
     const std::jthread fonts([] { FcInit(); });
     application_ = makeToolkit(count_, arguments_.data());
     words_ = japaneseWords();
@@ -137,7 +137,8 @@ Application::Application(const char* programName)
     replacePlainColours(*QApplication::style());
     QApplication::setFont(textFont());
     QApplication::setQuitOnLastWindowClosed(false);
-    // The style keys its pictures of buttons by palette, and every page makes new palettes: it would keep them in vain.
+    // The style caches images of buttons by palette. Every page creates new palettes, so the cached images would never
+    // be used again.
     QPixmapCache::setCacheLimit(0);
 }
 

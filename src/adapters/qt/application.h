@@ -9,16 +9,16 @@ class QTranslator;
 
 namespace orv {
 
-/// The toolkit, set up the same on every machine. The command line is not passed to it.
+/// The toolkit, set up identically on every machine. It does not receive the command line.
 class Application {
 public:
-    /// Without a display it says so on the error output and ends the program.
+    /// Ends the program with a message on the error output if there is no display.
     explicit Application(const char* programName);
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
     ~Application();
 
-    /// Runs events until the last form is gone.
+    /// Runs the event loop until the last form is unloaded.
     int run() const;
 
 private:

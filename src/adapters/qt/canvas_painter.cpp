@@ -9,7 +9,7 @@ struct ShapePainter {
     QPainter& painter;
     const PageScale& scale;
 
-    /// A line is as thick as a design pixel, whatever the scale.
+    /// A line is one design pixel thick at every scale.
     void operator()(const DrawnLine& line) const {
         const Box covered{line.from.x, line.from.y, line.to.x - line.from.x + 1, line.to.y - line.from.y + 1};
         painter.fillRect(scale.box(covered), toQt(line.colour));

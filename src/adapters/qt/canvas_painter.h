@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// Paints what has been drawn on a form into `area`.
+/// Paints a form's drawing into `area`.
 void paintCanvas(QPainter& painter, const Canvas& canvas, const PageScale& scale, const QRect& area);
 
 }  // namespace orv

@@ -22,7 +22,7 @@ constexpr int kUnitGap = 3;
 constexpr int kUnitWidth = 60;
 constexpr int kKeySpace = 32;
 
-/// The frame around what has the focus; it lets every click through.
+/// The frame around the control that has the focus. Clicks pass through it.
 class FocusFrame : public QWidget {
 public:
     explicit FocusFrame(QWidget* page) : QWidget(page) {
@@ -48,7 +48,7 @@ bool takesFocus(const Control& control) {
     return control.kind() != ControlKind::Label && control.kind() != ControlKind::Image;
 }
 
-/// The classic code of a key; 0 for what is no key down: Tab and the modifiers.
+/// Returns the classic code of a key. 0 for Tab and the modifiers, which are not reported to the form.
 int codeOf(int key) {
     switch (key) {
         case Qt::Key_Return:
@@ -127,7 +127,7 @@ void FormPane::leave() {
 
 TopWindow* FormPane::topWindow() const { return dynamic_cast<TopWindow*>(window()); }
 
-/// A control that the layout does not know works without being seen.
+/// A control that is not in the layout works without being shown.
 void FormPane::seat(Control& control, std::span<const Placement> layout) {
     const auto place = std::find_if(layout.begin(), layout.end(), [&](const Placement& row) {
         return row.control == control.name() && row.index == control.index();
@@ -170,7 +170,7 @@ void FormPane::orderTabs() {
 }
 
 void FormPane::refresh() {
-    // The toolkit puts its mark at "[*]"; "[*][*]" is a literal "[*]".
+    // The toolkit replaces "[*]" with its mark for unsaved changes; "[*][*]" is a literal "[*]".
     setWindowTitle(toQt(form_.caption()).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")) +
                    QStringLiteral("[*]"));
     setWindowModified(form_.hasUnsavedChanges());
@@ -193,8 +193,8 @@ void FormPane::enableIfStillDue() {
 
 QString FormPane::role() const { return toQt(form_.name() + (gate_ ? " (disabled)" : "")); }
 
-/// Input that came while the form took none is dropped. The window is painted only after that, so that every input to
-/// the painted page counts.
+/// Drops the input that arrived while the form was disabled. The window is painted only afterwards, so that all input
+/// to the painted page counts.
 void FormPane::openGate() {
     const QPointer<QWidget> unpainted = window();
     unpainted->setUpdatesEnabled(false);
@@ -205,7 +205,7 @@ void FormPane::openGate() {
     gate_.reset();
     if (unpainted) {
         unpainted->setUpdatesEnabled(true);
-        // The toolkit believes that the request that it has just skipped is still to come.
+        // The toolkit has just skipped an update request but believes that it is still pending.
         QCoreApplication::postEvent(unpainted, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
     }
     showFocus();
@@ -218,7 +218,7 @@ void FormPane::giveFocus(Control& control) {
     }
 }
 
-/// A field that is clicked can be seen: the page does not move under the mouse.
+/// Does not scroll to a field that was clicked, because the page must not move under the mouse.
 void FormPane::focusArrived(ControlView& view, Qt::FocusReason reason) {
     TopWindow* top = topWindow();
     if (const Seat* seat = seatOf(&view.widget()); top != nullptr && reason != Qt::MouseFocusReason) {
@@ -296,7 +296,7 @@ bool FormPane::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-/// Enter and the blank press a button; elsewhere Enter belongs to the page and never to the widget.
+/// Enter and Space press a button. In all other controls Enter is passed to the form, never to the widget.
 bool FormPane::keyPressed(ControlView& view, const QKeyEvent& event) {
     const int code = codeOf(event.key());
     if (code == 0) {

@@ -13,27 +13,27 @@ namespace orv {
 
 class TopWindow;
 
-/// What a window shows of one form: what is drawn on it, the captions, a view for each control, the focus and the keys.
+/// Shows one form in a window: its drawing, its captions and a view for each control. Handles the focus and the keys.
 class FormPane : public QWidget {
 public:
     FormPane(Form& form, FormHost& forms, std::span<const Placement> layout, const PageScale& scale);
     ~FormPane() override;
 
-    /// Gives the focus to the control that has it on the form.
+    /// Gives the keyboard focus to the form's active control.
     void showFocus();
-    /// The form leaves: the pane disappears and does not touch it any more. It is deleted when its own event is over.
+    /// Detaches the pane from its form and hides it. The pane is deleted after the current event.
     void leave();
-    /// Into the middle of the screen, at the latest when a window shows it.
+    /// Centres the window on the screen, now or when a window first shows the pane.
     void centre();
     bool centred() const { return centred_; }
-    /// Names the form and says if it takes no input, for whatever works the window from outside.
+    /// Returns the form's name, and whether it is disabled, for programs that operate the window from outside.
     QString role() const;
     Sizing sizing() const { return form_.sizing(); }
-    /// The operator has pressed the window's close box.
+    /// Called when the operator has pressed the window's close box.
     void closeBox();
-    /// The focus has left for another window.
+    /// Called when another window has received the focus.
     void windowLeft();
-    /// What is still being composed or typed in the field with the focus goes into its control.
+    /// Writes unfinished input of the field with the focus to its control.
     void commit();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -57,7 +57,7 @@ private:
     TopWindow* topWindow() const;
     void giveFocus(Control& control);
     void focusArrived(ControlView& view, Qt::FocusReason reason);
-    /// A field with its caption and unit.
+    /// Returns the area of a control, its caption and its unit.
     QRect partOf(const Seat& seat) const;
     const Seat* seatOf(const QObject* widget) const;
     ControlView* viewOf(const QObject* widget) const;

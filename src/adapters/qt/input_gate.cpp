@@ -35,7 +35,7 @@ bool isInput(QEvent::Type type) {
     }
 }
 
-/// What moves the focus before a widget sees it.
+/// True for events that move the focus before a widget receives them.
 bool isPress(QEvent::Type type) {
     return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::Wheel ||
            type == QEvent::TouchBegin || type == QEvent::TabletPress;
@@ -45,8 +45,8 @@ bool isPress(QEvent::Type type) {
 
 InputGate::InputGate(const QWidget& pane) : pane_(pane) { QCoreApplication::instance()->installEventFilter(this); }
 
-/// A press ends at the toolkit's own window. The rest passes there, where account is kept of what is pressed, and ends
-/// at the widgets.
+/// Stops presses at the toolkit's own window. All other events must pass through that window, which tracks pressed keys
+/// and buttons, and are stopped at the widgets.
 bool InputGate::eventFilter(QObject* watched, QEvent* event) {
     if (watched == pane_.window()->windowHandle()) {
         return isPress(event->type()) && pane_.isVisible();
@@ -54,7 +54,7 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event) {
     return isInput(event->type()) && watched->isWidgetType() && holds(static_cast<const QWidget&>(*watched));
 }
 
-/// The window itself takes the keys when nothing in the pane has the focus.
+/// Includes the window itself, which receives the keys when no widget in the pane has the focus.
 bool InputGate::holds(const QWidget& widget) const {
     return &widget == &pane_ || pane_.isAncestorOf(&widget) || (&widget == pane_.window() && pane_.isVisible());
 }

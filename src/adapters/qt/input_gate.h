@@ -6,8 +6,8 @@ class QWidget;
 
 namespace orv {
 
-/// Keeps keys, the mouse, input methods and drops from a pane and everything in it while in scope. Unlike
-/// disabling the widgets it leaves the focus where it is and paints nothing anew.
+/// Blocks keys, the mouse, input methods and drops for a pane and all its widgets while in scope. Unlike disabling the
+/// widgets, it neither moves the focus nor repaints anything.
 class InputGate : public QObject {
 public:
     explicit InputGate(const QWidget& pane);

@@ -2,8 +2,8 @@
 
 namespace orv {
 
-/// Stands around every event loop that the system runs inside one of its own events: a notice, a modal form, a repaint.
-/// Forms that were unloaded may still be at work below it, and stay until none is left.
+/// Marks an event loop that the system runs inside one of its own events: a notice, a modal form, a repaint. Unloaded
+/// forms may still have functions running below it and are kept until the last such loop has ended.
 class NestedEvents {
 public:
     NestedEvents() { ++depth_; }

@@ -32,7 +32,8 @@ QMessageBox::Icon iconOf(Notice::Kind kind) {
 }
 
 constexpr int kLongestLine = 40;  // full-width characters
-// What the toolkit allows a message box: the whole width of a small screen, else what is left of it up to the widest.
+// The toolkit's limits for the width of a message box. On a small screen it is the whole width. On others it is the
+// width less the part kept free, at most that of the widest box.
 constexpr int kSmallScreen = 1024;
 constexpr int kKeptFree = 500;
 constexpr int kWidestBox = 1000;
@@ -44,14 +45,13 @@ QString withAccessKey(const QString& word) {
     return yes ? word + QStringLiteral("(&Y)") : no ? word + QStringLiteral("(&N)") : word;
 }
 
-/// Shows the text in lines of its own. Ctrl+C copies the whole text without them, so that it can be passed on to
-/// support.
+/// Breaks the text into lines itself. Ctrl+C copies the text without these line breaks, to be sent to support.
 class NoticeBox : public QMessageBox {
 public:
     NoticeBox(const Notice& notice, QWidget* owner, QSize room)
         : QMessageBox(iconOf(notice.kind), toQt(notice.title), {}, NoButton, owner), text_(toQt(notice.text)) {
         setObjectName(QStringLiteral("notice"));
-        // The text comes from outside: it is never read as anything but text.
+        // The text comes from outside and must not be interpreted as markup.
         setTextFormat(Qt::PlainText);
         setTextInteractionFlags(Qt::TextSelectableByMouse);
         setText(brokenIntoLines(text_, widestLine(room), [this](const QString& line) { return widthOf(line); }));
@@ -69,12 +69,12 @@ protected:
 
 private:
     int widthOf(const QString& line) const { return fontMetrics().horizontalAdvance(line); }
-    /// The toolkit cuts what is wider than its own limit, which depends on the screen.
+    /// The toolkit cuts text that is wider than its own limit, which depends on the screen.
     int widestLine(QSize room) const {
         const int limit = room.width() > kSmallScreen ? std::min(room.width() - kKeptFree, kWidestBox) : room.width();
         return std::min(widthOf(QString(kLongestLine, u'あ')), limit - kAroundText);
     }
-    /// The toolkit would wrap them again, at a width that does not grow with the font.
+    /// Stops the toolkit from wrapping the lines again at a width that does not grow with the font.
     void keepLines() {
         if (auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
             label->setWordWrap(false);

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace orv {
 
-/// Shows the notice, no larger than `room`, and waits; returns the place of the button pressed.
+/// Shows the notice, not larger than `room`, and waits. Returns the index of the button that was pressed.
 std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room);
 
 }  // namespace orv

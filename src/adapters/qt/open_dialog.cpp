@@ -25,12 +25,12 @@ constexpr int kNameColumn = 0;
 constexpr int kSizeColumn = 1;
 constexpr int kKindColumn = 2;
 constexpr int kDateColumn = 3;
-// The widest that the columns hold, with their margins.
+// The widest contents of the columns, with their margins.
 constexpr QStringView kWidestSize = u"9,999.9 MB    ";
 constexpr QStringView kWidestDate = u"2026/12/31 23:59    ";
 constexpr double kDesignFont = 12;
 
-/// Sizes and dates in the one form that every clerk reads, whatever the language of the machine.
+/// Shows sizes and dates in the form used in Japan, whatever the language of the machine.
 class JapaneseCells : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -55,13 +55,13 @@ QString startOf(const FileQuestion& question) {
     return !folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath();
 }
 
-/// "JPEGファイル|*.jpg" as the toolkit has it: "JPEGファイル (*.jpg)".
+/// Converts "JPEGファイル|*.jpg" to the toolkit's form "JPEGファイル (*.jpg)".
 QString filterOf(const FileQuestion& question) {
     const QStringList parts = toQt(question.filter).split(QLatin1Char('|'));
     return parts.front() + QStringLiteral(" (") + parts.back() + QStringLiteral(")");
 }
 
-/// Names the two lists, which the toolkit does not connect with their labels.
+/// Names the two lists for assistive technology, because the toolkit does not connect them with their labels.
 void nameLists(const QFileDialog& dialog) {
     for (const auto& [list, label] : {std::pair("lookInCombo", "lookInLabel"), {"fileTypeCombo", "fileTypeLabel"}}) {
         auto* named = dialog.findChild<QComboBox*>(QLatin1String(list));
@@ -72,7 +72,7 @@ void nameLists(const QFileDialog& dialog) {
     }
 }
 
-/// The names of the kinds are not all in Japanese, and the filter has told the kind.
+/// Hides the type of the files: its names are not all in Japanese, and the filter already shows the type.
 void arrangeColumns(QTreeView& list) {
     QHeaderView& header = *list.header();
     header.setSectionHidden(kKindColumn, true);
@@ -84,7 +84,7 @@ void arrangeColumns(QTreeView& list) {
     list.setItemDelegate(new JapaneseCells(&list));
 }
 
-/// As much larger than its design as its text, within the room.
+/// Enlarges the dialog by the same factor as its text, up to the size of `room`.
 void arrange(QFileDialog& dialog, QSize room) {
     const QSizeF size = kSize * QFontInfo(dialog.font()).pixelSize() / kDesignFont;
     dialog.resize(size.toSize().boundedTo(room));

@@ -8,8 +8,8 @@
 
 namespace orv {
 
-/// Shows the open dialog above `owner`, which may be null, no larger than `room`, and waits for the file. Nothing can
-/// be renamed, deleted or made in it.
+/// Shows the open dialog above `owner`, which may be null, not larger than `room`, and waits for the file. The operator
+/// cannot rename, delete or create files in it.
 std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize room);
 
 }  // namespace orv

@@ -59,7 +59,7 @@ void PageCover::makePanel() {
     place->addWidget(panel, 0, 0, placeOfPanel());
 }
 
-/// A line about another window must not be behind that window, which usually opens above the middle of the page.
+/// A line about another window must not be hidden by that window, which usually opens above the middle of the page.
 Qt::Alignment PageCover::placeOfPanel() const {
     if (isWindow()) {
         return {};

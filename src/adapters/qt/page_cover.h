@@ -8,8 +8,8 @@ class QLabel;
 
 namespace orv {
 
-/// Covers the window of a page, which shows through, and says one line above it. Without a page it is a small window of
-/// its own.
+/// Covers the window of a page with a translucent veil and one line of text. Without a page it is a small window of its
+/// own.
 class PageCover : public QWidget, public AccessibleRole {
 public:
     enum class Bar { None, Moving };
@@ -30,7 +30,7 @@ private:
 
     Bar bar_;
     QString said_;
-    QLabel* line_ = nullptr;  // none before the cover appears
+    QLabel* line_ = nullptr;  // null before the cover appears
 };
 
 }  // namespace orv

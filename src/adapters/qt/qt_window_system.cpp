@@ -18,7 +18,7 @@ constexpr int kTidyPause = 50;  // milliseconds, while an event still runs
 
 }  // namespace
 
-/// What the operator shall work with shows no hourglass.
+/// Hides the hourglass while the operator has to answer.
 class QtWindowSystem::PlainPointer {
 public:
     explicit PlainPointer(QtWindowSystem& windows) : windows_(windows), busy_(windows.busy_) {
@@ -60,14 +60,14 @@ void QtWindowSystem::open(Form& form) {
     panes_[&form] = new FormPane(form, forms_, layouts_(form.name()), PageScale(room(Sizing::Fixed)));
 }
 
-/// The form's own load may have unloaded it.
+/// The form may have unloaded itself while it was loading.
 void QtWindowSystem::show(Form& form) {
     if (FormPane* pane = paneOf(&form)) {
         pageWindow().present(*pane);
     }
 }
 
-/// A window that has been dismissed is not shown again. It may still be handling the event that dismissed it.
+/// Does not show a dismissed window again. It may still be handling the event that dismissed it.
 TopWindow& QtWindowSystem::pageWindow() {
     if (window_ && !window_->isVisible()) {
         window_.release()->deleteLater();
@@ -102,7 +102,7 @@ void QtWindowSystem::tidy() {
         return;
     }
     forms_.sweep();
-    // Told to end before it runs, the application would let no later notice wait for its answer.
+    // If the application were ended before it runs, no later notice would wait for its answer.
     const bool running = QThread::currentThread()->loopLevel() > 0;
     if (running && forms_.forms().empty()) {
         QCoreApplication::exit();

@@ -15,8 +15,8 @@
 
 namespace orv {
 
-/// The windows, in Qt. Where a form's controls stand is asked by the form's name. When no form is loaded any more and
-/// no event runs, the application's event loop ends.
+/// The window system in Qt. The layout of a form is looked up by the form's name. The application's event loop ends
+/// when no form is loaded any more and no event is running.
 class QtWindowSystem : public WindowSystem {
 public:
     using Layouts = std::function<std::span<const Placement>(std::string_view form)>;
@@ -25,7 +25,7 @@ public:
         : layouts_(std::move(layouts)), forms_(forms), roomOf_(std::move(roomOf)) {}
     ~QtWindowSystem() override;
 
-    /// Brings the window that the operator works with to the front, also from the task bar.
+    /// Brings the operator's current window to the front and restores it if it is minimised.
     void toFront() const;
 
     void open(Form& form) override;
@@ -52,19 +52,19 @@ private:
     FormPane* paneOf(const Form* form) const;
     TopWindow& pageWindow();
     ScreenRoom room(Sizing sizing) const;
-    /// The window that the operator works with, or null.
+    /// Returns the window of the active form, or null.
     QWidget* activeWindow() const;
 
     Layouts layouts_;
     FormHost& forms_;
     RoomOf roomOf_;
     std::map<const Form*, FormPane*> panes_;
-    /// Shows what is not modal, one form after the other.
+    /// Shows the forms that are not modal, one at a time.
     std::unique_ptr<TopWindow> window_;
     bool busy_ = false;
     QPointer<WorkCover> workCover_;
     QPointer<SiblingCover> siblingCover_;
-    /// Calls that are still queued die with it.
+    /// Calls that are still queued are dropped with this object.
     QObject queue_;
 };
 

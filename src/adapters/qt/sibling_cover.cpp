@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// A disabled form keeps presses from the widgets, so that they are seen only on their way.
+/// Filters the events of the application, because presses on a disabled form do not reach its widgets.
 SiblingCover::SiblingCover(QWidget& page, const QString& line, std::function<void()> pressed)
     : PageCover(&page, Bar::None), pressed_(std::move(pressed)) {
     setObjectName(QStringLiteral("sibling"));

@@ -6,10 +6,11 @@
 
 namespace orv {
 
-/// Says that another program's window is to be used, over a page that waits for it and takes no input.
+/// Asks the operator to use another program's window. Covers a page that is waiting for that program and takes no
+/// input.
 class SiblingCover : public PageCover {
 public:
-    /// `pressed`: the operator has pressed a mouse button somewhere on the page.
+    /// `pressed` is called when the operator presses a mouse button anywhere on the page.
     SiblingCover(QWidget& page, const QString& line, std::function<void()> pressed);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

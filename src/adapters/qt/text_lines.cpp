@@ -47,7 +47,7 @@ QStringList splitBy(BreakRule rule, const QString& text) {
     return parts << text.mid(from);
 }
 
-/// Splits by the first rule, and what is still too wide by the next.
+/// Splits by the first rule, and parts that are still too wide by the next one.
 QStringList partsOf(const QString& text, int widest, const Width& widthOf, std::span<const BreakRule> rules = kRules) {
     if (rules.empty()) {
         return {text};
@@ -71,7 +71,7 @@ QStringList filled(const QStringList& parts, int width, const Width& widthOf) {
     return lines;
 }
 
-/// The narrowest width that needs no more lines makes them about equally long.
+/// Uses the narrowest width that needs no additional line, which makes the lines about equally long.
 QStringList balanced(const QString& paragraph, int widest, const Width& widthOf) {
     const QStringList parts = partsOf(paragraph, widest, widthOf);
     const qsizetype fewest = filled(parts, widest, widthOf).size();

@@ -6,8 +6,8 @@
 namespace orv {
 
 /// Breaks each paragraph of `text` into as few lines as fit into `widest`, all about equally long. A line ends after a
-/// clause where that is possible, else between two phrases. A word is cut only if it is wider than a whole line.
-/// `widthOf` measures a line.
+/// clause if possible, else between two phrases. A word is broken only if it is wider than a whole line. `widthOf`
+/// measures a line.
 QString brokenIntoLines(const QString& text, int widest, const std::function<int(const QString&)>& widthOf);
 
 }  // namespace orv

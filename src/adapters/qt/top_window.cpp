@@ -36,7 +36,7 @@ void TopWindow::present(FormPane& pane) {
     pane.showFocus();
 }
 
-/// The input method has answered to the keys before a click, but its answers may still be queued.
+/// Delivers the input method's answers to the keys before a click, which may still be queued.
 bool TopWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == windowHandle() && event->type() == QEvent::MouseButtonPress) {
         const NestedEvents nested;
@@ -47,7 +47,7 @@ bool TopWindow::eventFilter(QObject* watched, QEvent* event) {
 
 QAccessible::Role TopWindow::accessibleRole() const { return isModal() ? QAccessible::Dialog : QAccessible::Window; }
 
-/// The focus leaves the pane before it is hidden: the toolkit would look for another place for it.
+/// Removes the focus before the old pane is hidden, because the toolkit would give it to another widget.
 void TopWindow::takeIn(FormPane& pane) {
     FormPane* last = std::exchange(pane_, &pane);
     if (last != nullptr) {
@@ -73,7 +73,7 @@ void TopWindow::takeIn(FormPane& pane) {
     }
 }
 
-/// No window begins larger than the screen.
+/// Limits the initial size to that of the screen.
 void TopWindow::takeSizeOf(const FormPane& pane) {
     const QSize room = roomOf_(screen(), pane.sizing()).inside();
     const QSize size = pane.size();
@@ -130,7 +130,7 @@ void TopWindow::dismiss(const FormPane& pane) {
     }
 }
 
-/// A window that appears is in front by itself.
+/// Only raises a visible window, because a new one appears in front anyway.
 void TopWindow::comeToFront() {
     if (isVisible() && !isActiveWindow()) {
         raise();

@@ -12,21 +12,20 @@ namespace orv {
 
 class FormPane;
 
-/// A window on the screen. It shows one form after the other: the pages share one, so that the input method, which
-/// keeps its state by window, stays as it is across a change of page. A form that is larger than the screen is
-/// scrolled.
+/// A window on the screen that shows one form at a time. All pages share one window: the input method keeps its state
+/// per window, and this state must survive a change of page. A form that is larger than the screen is scrolled.
 class TopWindow : public QWidget, public AccessibleRole {
 public:
     explicit TopWindow(RoomOf roomOf);
 
-    /// Shows the pane in place of the one before, in front of the other windows.
+    /// Shows the pane instead of the previous one and brings the window to the front.
     void present(FormPane& pane);
-    /// The same above all other windows. Returns when the pane has been dismissed.
+    /// Shows the pane as a modal dialog. Returns when the pane has been dismissed.
     void runModal(FormPane& pane);
-    /// Disappears unless another pane has taken this one's place.
+    /// Hides the window unless it already shows another pane.
     void dismiss(const FormPane& pane);
     void centre();
-    /// Scrolls until that part of the pane can be seen.
+    /// Scrolls until that part of the pane is visible.
     void reveal(const QRect& part);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

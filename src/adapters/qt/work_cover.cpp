@@ -23,7 +23,7 @@ WorkCover::WorkCover(QWidget* page) : PageCover(page, Bar::Moving) {
     });
 }
 
-/// Timers come after the input that is due.
+/// Uses a timer because timers run after pending input.
 void WorkCover::end() {
     ended_ = true;
     hide();
@@ -34,7 +34,7 @@ bool WorkCover::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::Close) {
         event->ignore();
     }
-    // Losing the focus to another window would run what the page does then.
+    // If the page lost the focus to another window, its handlers would run.
     return event->type() == QEvent::Close || event->type() == QEvent::ActivationChange;
 }
 

@@ -7,13 +7,13 @@
 
 namespace orv {
 
-/// Says what the program is doing. It appears after half a second. From the start until the operator's input of the
-/// meantime has been dropped, it keeps all input, and the close box, from the page.
+/// Shows the name of a long operation. Appears after half a second. Blocks all input to the page and its close box from
+/// the start until the input that arrived meanwhile has been dropped.
 class WorkCover : public PageCover {
 public:
     explicit WorkCover(QWidget* page);
 
-    /// Disappears, and deletes itself once the input that is due has been dropped.
+    /// Hides the cover and deletes it after pending input has been dropped.
     void end();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -22,7 +22,7 @@ const QColor kHeading(0x33, 0x33, 0x80);
 const QColor kTableLine(0xb0, 0xb0, 0xc8);
 const QColor kTableHead(0xdd, 0xdd, 0xff);
 
-/// Full width or half width, capital or small: all the same to a search.
+/// Removes the differences that a search ignores: full or half width, capital or small letters.
 QString keyOf(const QString& text) { return text.normalized(QString::NormalizationForm_KC).toLower(); }
 
 QUrl placeIn(const QString& file, const QString& anchor) {
@@ -31,7 +31,7 @@ QUrl placeIn(const QString& file, const QString& anchor) {
     return place;
 }
 
-/// A section that has no name of its own is found by its number.
+/// A section without a name is addressed by its number.
 QString anchorOf(const ManualSection& section, qsizetype number) {
     return section.names.empty() ? QStringLiteral("section%1").arg(number) : toQt(section.names.front());
 }
@@ -61,7 +61,7 @@ void drawTable(QTextTable& table) {
     }
 }
 
-/// Lines with room between them. A picture's line is high enough by itself.
+/// Adds space between the lines. The line of a picture is high enough without it.
 void styleBlock(const QTextBlock& block) {
     const PageScale scale;
     const bool isHeading = block.blockFormat().headingLevel() > 0;

@@ -10,14 +10,14 @@
 
 namespace orv {
 
-/// The manual as a browser shows it, and what the search finds in it.
+/// Provides the manual as HTML pages and searches it.
 class ManualBook {
 public:
     struct Section {
         QUrl place;
         QString title;
         QString page;
-        /// Title and text in the form in which words are compared.
+        /// Title and text, normalised for comparison.
         QString key;
     };
 
@@ -25,12 +25,12 @@ public:
 
     /// Returns the page as HTML; empty for a file that is not a page.
     QString html(const QUrl& place) const;
-    /// Returns the place of the section that has the name; empty if none has it.
+    /// Returns the place of the section with that name; empty if there is none.
     QUrl placeOf(const QString& name) const { return places_.value(name); }
     QUrl contents() const;
     /// Returns the title of the section at that place, or of the page.
     QString titleAt(const QUrl& place) const;
-    /// Returns the sections that hold all the words, those that have them in the title first.
+    /// Returns the sections that contain all the words, with those that have them in the title first.
     QList<Section> find(const QString& words) const;
 
 private:

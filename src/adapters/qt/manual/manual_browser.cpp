@@ -40,7 +40,7 @@ void ManualBrowser::doSetSource(const QUrl& place, QTextDocument::ResourceType) 
     QTextBrowser::doSetSource(place, QTextDocument::HtmlResource);
 }
 
-/// A heading near the end of its page cannot be scrolled to the top, so that its place alone does not show it.
+/// A heading near the end of its page cannot be scrolled to the top, so its position alone does not identify it.
 void ManualBrowser::markHeading(const QString& anchor) {
     const QTextCursor heading = headingOf(anchor);
     setExtraSelections(heading.isNull() ? Marks() : Marks{markOf(heading, true)});
@@ -60,7 +60,7 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
     return type == QTextDocument::ImageResource ? picture(name.fileName()) : QVariant(book_.html(name));
 }
 
-/// As large as the text around it, but no wider than the window.
+/// Scales the picture like the text around it, but not wider than the window.
 QVariant ManualBrowser::picture(const QString& name) const {
     const QImage image(pictureFile_(name));
     const PageScale scale;

@@ -7,14 +7,14 @@
 
 namespace orv {
 
-/// Shows the pages of a book. It reads nothing but the book and the pictures that `pictureFile` finds by their name.
+/// Shows the pages of a book. Reads only the book and the pictures, whose files `pictureFile` finds by name.
 class ManualBrowser : public QTextBrowser {
 public:
     using PictureFile = std::function<QString(const QString& name)>;
 
     ManualBrowser(const ManualBook& book, PictureFile pictureFile, QWidget* parent);
 
-    /// Marks each occurrence of the words on the page, in addition to the heading that it was opened at.
+    /// Marks each occurrence of the words on the page, in addition to the heading at which it was opened.
     void mark(const QString& words);
 
 protected:
@@ -24,7 +24,7 @@ protected:
 private:
     QVariant picture(const QString& name) const;
     void markHeading(const QString& anchor);
-    /// Returns a cursor at the heading that has the anchor; a null one if there is none.
+    /// Returns a cursor at the heading with that anchor, or a null cursor if there is none.
     QTextCursor headingOf(const QString& anchor) const;
 
     const ManualBook& book_;

@@ -32,7 +32,7 @@ bool ManualHelp::show(const std::string& controlName, const std::string& group) 
     return true;
 }
 
-/// A manual that is put in its place later is found by the next key.
+/// Looks for the manual at each call until it is found, so that it can be installed later.
 bool ManualHelp::haveWindow() {
     if (window_) {
         return true;

@@ -16,8 +16,8 @@ class ManualHelp : public HelpService {
 public:
     using Folder = std::function<std::string()>;
 
-    /// `folder` is called when the manual is first shown and each time a picture is. It ends in a separator; the pages
-    /// are in `manual` below it, the pictures in `pictures`. Everything handed in must outlive the service.
+    /// `folder` is called when the manual is first shown and again for each picture. Its result ends in a separator.
+    /// The pages are in its subfolder `manual`, the pictures in `pictures`. All arguments must outlive the service.
     ManualHelp(const FileSystem& files, Folder folder) : files_(files), folder_(std::move(folder)) {}
 
     FailureRecord ErrorInfo() const override { return failure_; }

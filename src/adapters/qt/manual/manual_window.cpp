@@ -101,8 +101,8 @@ bool ManualWindow::open(const QString& name) {
     return true;
 }
 
-/// A modal dialog keeps input from every window but those that belong to it, and the toolkit asks to which dialog a
-/// window belongs when the window appears.
+/// A modal dialog blocks input to all windows that do not belong to it. The toolkit determines the dialog of a window
+/// when the window appears.
 void ManualWindow::comeToFront() {
     if (QWidget* active = QApplication::activeWindow(); active != this) {
         caller_ = active;

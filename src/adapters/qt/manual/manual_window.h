@@ -11,13 +11,13 @@
 
 namespace orv {
 
-/// The window of the manual: the page, back and forward, and a search over all pages. It is not modal: the page that
-/// the operator works on goes on taking input, and the window can also be used while a modal dialog is open.
+/// The manual's window: a page, buttons for back and forward, and a search over all pages. It is not modal, so the
+/// operator can go on working on the page. It can also be used while a modal dialog is open.
 class ManualWindow : public QWidget, public AccessibleRole {
 public:
     ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFile);
 
-    /// Opens the section that has the name, in front of the other windows. False if no section has it.
+    /// Opens the section with that name in front of all other windows. False if there is none.
     bool open(const QString& name);
     QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
@@ -28,7 +28,7 @@ private:
     void layOut();
     void tieKeys();
     void search(const QString& words);
-    /// Opens the hit that many rows further down, around the ends of the list.
+    /// Opens the hit `step` rows further down and wraps around at both ends of the list.
     void goToHit(int step);
     void showHit(int row);
     void comeToFront();
@@ -38,7 +38,7 @@ private:
     QLineEdit* words_;
     QListWidget* hits_;
     QList<ManualBook::Section> found_;
-    /// The window that gets the keyboard back.
+    /// The window that gets the keyboard focus back.
     QPointer<QWidget> caller_;
 };
 

@@ -8,7 +8,7 @@
 namespace orv {
 namespace {
 
-// The toolkit calls these also from the destructor of QWidget. The casts return null there.
+// The toolkit also calls these from the destructor of QWidget, where the casts return null.
 
 class NamedRole : public QAccessibleWidget {
 public:
@@ -20,7 +20,7 @@ public:
     }
 };
 
-/// Returns the list's own name. The toolkit's interface returns the chosen entry instead.
+/// Reports the list's own name, where the toolkit's interface would report the chosen entry.
 class NamedList : public QAccessibleWidget {
 public:
     explicit NamedList(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
@@ -61,7 +61,7 @@ QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object)
     return box != nullptr && !box->isEditable() ? new NamedList(box) : nullptr;
 }
 
-/// Is never on the screen. Screen readers read its name when it is reported as shown.
+/// A widget that is never on the screen. Screen readers read its name when it is reported as shown.
 class Announcement : public QWidget, public AccessibleRole {
 public:
     explicit Announcement(QWidget* window) : QWidget(window) { hide(); }

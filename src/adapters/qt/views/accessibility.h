@@ -15,11 +15,11 @@ public:
     virtual QAccessible::Role accessibleRole() const = 0;
 };
 
-/// Gives assistive technology the roles of windows and pictures and the names of lists. Call it once, after the
+/// Provides the roles of windows and pictures and the names of lists to assistive technology. Call it once, after the
 /// application object has been created.
 void installAccessibility();
 
-/// Makes screen readers read a line that appears in the window of `place` without taking the focus.
+/// Makes screen readers read a line that appears in the window of `place` without receiving the focus.
 void announce(const QWidget& place, const QString& line);
 
 }  // namespace orv

@@ -8,16 +8,16 @@ class QLineEdit;
 
 namespace orv {
 
-/// Advice at a field: a tool tip with what the field takes and the text that it can't show whole, and a bubble with a
-/// sound when it refuses something. The next key removes the bubble.
+/// Advises the operator at a field. A tool tip describes the input that the field takes and shows text that does not
+/// fit into it. A bubble and a sound report refused input. The next key removes the bubble.
 class AdviceBubble : public QObject {
 public:
-    /// Calls `fault` with the reason of a refusal, and with an empty text when it no longer holds.
+    /// Calls `fault` with the reason for a refusal, and with an empty text when it no longer applies.
     AdviceBubble(QLineEdit& field, QString limit, std::function<void(const QString&)> fault);
 
-    /// An empty `why`: the input has been taken.
+    /// Reports a refusal. An empty `why` means that the input was taken.
     void refuse(const QString& why);
-    /// The same after the present event, for one in which the focus leaves the field.
+    /// Does the same after the current event, for events in which the field loses the focus.
     void refuseLater(const QString& why);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -19,7 +19,7 @@ constexpr Colour kValueGround{0xfff6f6};
 constexpr Colour kValueEdge{0xc4b8b8};
 constexpr int kButtonFont = 9;
 
-/// A flat box in the colour of the ground: nobody takes it for a field.
+/// A flat box in the colour of the page, so that it does not look like a field.
 class ValueLabel : public QLabel {
 public:
     using QLabel::QLabel;
@@ -81,8 +81,8 @@ public:
         push_.setToolTip(keysInWords());
     }
 
-    /// The focus comes along, as it does with the mouse: the field that is left is validated first. The click may end
-    /// the view.
+    /// Gives the button the focus, like a click of the mouse, so that the field that loses it is validated first. The
+    /// handler may delete the view.
     bool press() override {
         if (button_.usable() && button_.owner().ownerEnabled()) {
             push_.setFocus(Qt::ShortcutFocusReason);
@@ -127,8 +127,8 @@ private:
         }
     }
 
-    /// A button that is disabled during its own click has the focus again when it is enabled. Until then the page has
-    /// it: the toolkit would give it to the next field, which the next key would change.
+    /// Returns the focus to a button that is disabled during its own click and then enabled again. Meanwhile the page
+    /// has the focus. Otherwise the toolkit would give it to the next field, which the next key would change.
     void keepFocus() {
         if (pressing_ && !button_.enabled() && push_.hasFocus()) {
             push_.parentWidget()->setFocus();
@@ -140,7 +140,7 @@ private:
 
     bool focusIsParked() const { return push_.window()->focusWidget() == push_.parentWidget(); }
 
-    /// "Alt+2、Ctrl+PgDown".
+    /// Returns the shortcuts as text, for example "Alt+2、Ctrl+PgDown".
     QString keysInWords() const {
         QStringList keys;
         for (const std::string& shortcut : button_.shortcuts()) {

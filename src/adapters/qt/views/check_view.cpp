@@ -8,7 +8,7 @@
 namespace orv {
 namespace {
 
-/// In percent of the plain width: narrower letters could not be read well.
+/// Width of the letters in percent. Letters below the narrowest are hard to read.
 constexpr int kPlain = 100;
 constexpr int kNarrowest = 85;
 constexpr Colour kTickGround{0xffffff};
@@ -35,7 +35,7 @@ private:
                                                  : Qt::Unchecked);
     }
 
-    /// On a dark desktop an empty box would look like a filled one.
+    /// Sets the colours of the tick. In those of a dark desktop an empty box would look like a filled one.
     void colourTick() {
         QPalette palette = box_.palette();
         palette.setColor(QPalette::Base, toQt(kTickGround));
@@ -43,7 +43,7 @@ private:
         box_.setPalette(palette);
     }
 
-    /// Words that are a little too long for their place stand in narrower letters.
+    /// Narrows the letters of a caption that is a little too long for its place.
     void fitWords() {
         const QStyle& style = *box_.style();
         const int tick = style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &box_) +

@@ -9,7 +9,7 @@
 namespace orv {
 namespace {
 
-/// Reads the entries from the control when they are looked at, so that a long list costs nothing to show.
+/// Reads entries from the control only when they are displayed, so that a long list costs nothing to show.
 class EntryModel : public QAbstractListModel {
 public:
     EntryModel(const ComboBox& combo, QObject* parent) : QAbstractListModel(parent), combo_(combo) {}
@@ -27,7 +27,7 @@ private:
     const ComboBox& combo_;
 };
 
-/// The wheel scrolls past it: it never chooses another entry by accident.
+/// Ignores the wheel, so that scrolling never changes the entry by accident.
 class ListBox : public QComboBox {
 public:
     using QComboBox::QComboBox;
@@ -60,7 +60,7 @@ private:
             box_.setCurrentIndex(combo_.listIndex());
         }
         tipIfCut(box_.currentText(), box_.width() - box_.height());
-        // Assistive technology reads the entry that is selected, also while the list is closed.
+        // Assistive technology reads the selected entry even while the list is closed.
         box_.view()->selectionModel()->setCurrentIndex(model_->index(combo_.listIndex()),
                                                        QItemSelectionModel::ClearAndSelect);
     }

@@ -8,13 +8,13 @@
 namespace orv {
 namespace {
 
-/// Removes blanks and the punctuation at the end, which are only for the eye.
+/// Removes blanks and the final punctuation, which are not read out.
 QString readOut(const QString& words) {
     const QString text = words.trimmed();
     return text.endsWith(u'：') || text.endsWith(u'～') ? text.chopped(1) : text;
 }
 
-/// The spoken name defaults to the caption, and the caption to the unit.
+/// The spoken name defaults to the caption, or else to the unit.
 ControlWords words(std::string_view caption, std::string_view unit, std::string_view spoken) {
     return {toQt(caption), toQt(unit), readOut(toQt(!spoken.empty() ? spoken : !caption.empty() ? caption : unit))};
 }

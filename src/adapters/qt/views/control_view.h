@@ -10,7 +10,7 @@
 
 namespace orv {
 
-/// The words around a control, and the name by which assistive technology knows it.
+/// The texts around a control, and its name for assistive technology.
 struct ControlWords {
     QString caption;
     QString unit;
@@ -19,7 +19,7 @@ struct ControlWords {
 
 ControlWords wordsOf(const Control& control);
 
-/// Mirrors one control into a widget and back. It holds no state of its own beyond what is being typed.
+/// Keeps one control and its widget in step. Its only state of its own is unfinished input.
 class ControlView : public QObject {
 public:
     ~ControlView() override;
@@ -27,15 +27,15 @@ public:
     Control& control() const { return control_; }
     QWidget& widget() const { return *widget_; }
 
-    /// Shows the control's state; the widget raises nothing meanwhile.
+    /// Shows the control's state. The widget emits no signals meanwhile.
     void refresh();
-    /// What is still being composed or typed goes into the control.
+    /// Writes unfinished input to the control.
     virtual void commit() {}
-    /// Tells assistive technology why the operator's input was refused. An empty text: it was not.
+    /// Reports to assistive technology why the operator's input was refused. An empty text withdraws the report.
     void setFault(const QString& why);
-    /// Presses a button; false: the control is none.
+    /// Presses a button. False if the control is not a button.
     virtual bool press() { return false; }
-    /// Leaves the control, which may die before its view.
+    /// Detaches the view from its control, which may be destroyed first.
     void release();
 
 protected:
@@ -45,10 +45,10 @@ protected:
     /// Returns the sentences that assistive technology reads after the name.
     virtual QStringList description() const;
     bool released() const { return released_; }
-    /// Gives the widget a tool tip of `text` if that is wider than the room for it.
+    /// Gives the widget a tool tip of `text` if the text is wider than `room`, else none.
     void tipIfCut(const QString& text, int room) const;
-    /// Gives the widget's ground and all that is written on it the control's colours. Without a colour of its own the
-    /// control has those of the desktop.
+    /// Paints the widget's background and all its text in the control's colours. A control without colours of its own
+    /// keeps those of the desktop.
     void paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts);
 
 private:
@@ -57,7 +57,7 @@ private:
     bool released_ = false;
 };
 
-/// A view for the control's kind, its widget a child of `page`.
+/// Makes the view for the control's kind. Its widget is a child of `page`.
 std::unique_ptr<ControlView> makeView(Control& control, QWidget* page, const PageScale& scale);
 
 }  // namespace orv

@@ -27,7 +27,7 @@ bool typesText(const QKeyEvent& event) {
 }  // namespace
 
 EntryField::EntryField(QWidget* page) : QLineEdit(page) {
-    // The toolkit's own limit would cut what the system sets.
+    // The toolkit's default limit would cut text that the program sets.
     setMaxLength(std::numeric_limits<int>::max());
 }
 
@@ -42,7 +42,7 @@ void EntryField::settle() {
     }
 }
 
-/// The attribute alone is not enough: the line edit answers the query itself.
+/// The attribute alone is not enough, because the line edit answers the query itself.
 void EntryField::allowInputMethod(bool allowed) {
     allowed_ = allowed;
     setAttribute(Qt::WA_InputMethodEnabled, allowed);
@@ -89,8 +89,8 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// Preedit text passes unchanged; only committed text is checked. A composition whose commit is refused gives back the
-/// text that was selected when it began.
+/// Preedit text passes unchanged; only committed text is checked. If the commit of a composition is refused, the text
+/// that was selected when it began is restored.
 void EntryField::inputMethodEvent(QInputMethodEvent* event) {
     if (deaf_ || isLateCommit(*event)) {
         return;
@@ -124,8 +124,7 @@ void EntryField::noteEnd(const QInputMethodEvent& event) {
     }
 }
 
-/// A composition that has been given up is still known to the plug-in for ibus, which would commit it when the focus
-/// leaves.
+/// The plug-in for ibus still holds a cancelled composition and would commit it when the field loses the focus.
 void EntryField::forgetLater() {
     const auto forget = [this] {
         if (hasFocus() && !composing()) {
@@ -143,8 +142,8 @@ void EntryField::resetInputMethod() {
 
 void EntryField::finishComposition() { endComposition(preedit_); }
 
-/// Resets the input method and puts `commit` in place of the preedit text. Input methods that commit when they are
-/// reset would enter the text again: at once, which is ignored, or late (`isLateCommit`).
+/// Resets the input method and replaces the preedit text with `commit`. Some input methods commit when they are reset
+/// and would enter the text twice. An immediate commit is ignored, a late one is recognised by `isLateCommit`.
 void EntryField::endComposition(const QString& commit) {
     if (!composing()) {
         return;
@@ -157,8 +156,8 @@ void EntryField::endComposition(const QString& commit) {
     ended_ = composed;
 }
 
-/// True for the second commit of a composition, which follows a reset and reaches the field that has the focus by then.
-/// A commit of the operator's own comes after preedit text.
+/// True for the second commit of a composition. It follows a reset and reaches the field that has the focus by then. A
+/// commit that the operator makes always follows preedit text.
 bool EntryField::isLateCommit(const QInputMethodEvent& event) {
     if (event.preeditString().isEmpty() && event.commitString().isEmpty()) {
         return false;

@@ -5,23 +5,23 @@
 
 namespace orv {
 
-/// A line in which only what its owner admits can be entered, whichever way it comes: by key, by pasting, by dropping
-/// or from an input method. What is refused never stands in it, so that undoing can't bring it back.
+/// A line edit that accepts only input that its owner admits: typed, pasted, dropped or from an input method. Refused
+/// input never becomes part of the text, so undoing cannot restore it.
 class EntryField : public QLineEdit {
 public:
-    /// What is taken of `offered` when `kept` stands in the field already.
+    /// Returns the part of `offered` that is accepted if the field already contains `kept`.
     using Admission = std::function<QString(const QString& kept, const QString& offered)>;
 
     explicit EntryField(QWidget* page);
 
     void admitBy(Admission admission) { admission_ = std::move(admission); }
-    /// `settled` is called when the text has changed, but never while a composition is open.
+    /// `settled` is called when the text has changed, but not during a composition.
     void whenSettled(std::function<void()> settled);
-    /// Tells input methods whether they can compose in the field.
+    /// Allows or forbids input methods to compose in the field.
     void allowInputMethod(bool allowed);
-    /// Shows a text that the operator has not entered. An open composition is dropped.
+    /// Shows a text that the operator has not entered. Discards an open composition.
     void show(const QString& text);
-    /// Takes what is being composed as it stands, without waiting for the input method.
+    /// Commits an open composition in its present form, without waiting for the input method.
     void finishComposition();
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -37,7 +37,8 @@ protected:
 private:
     void enter(const QString& offered);
     void openMenu(const QPoint& at);
-    /// What stays of the text when the selection, and a part before or behind the cursor, is replaced.
+    /// Returns the text without the selection and without the part to be replaced, whose start is relative to the
+    /// cursor.
     QString textWithout(int replacedFrom, int replacedLength) const;
 
     bool composing() const { return !preedit_.isEmpty(); }
@@ -51,10 +52,10 @@ private:
     Admission admission_;
     std::function<void()> settled_;
     QString preedit_;
-    bool deaf_ = false;  // while the input method is reset
+    bool deaf_ = false;  // true while the input method is reset
     bool allowed_ = true;
-    bool replacing_ = false;  // the composition has removed the selected text
-    /// The composition that was taken last, in whichever field.
+    bool replacing_ = false;  // true if the composition has removed the selected text
+    /// The last composition that was committed, in any field.
     static inline QString ended_;
 };
 

@@ -18,10 +18,10 @@ namespace {
 
 constexpr Colour kEmpty{0xf4f4f4};
 constexpr Colour kEdge{0x996666};
-// A notch of the wheel, 120 units, scrolls 30 design pixels.
+// One notch of the wheel, 120 units, scrolls 30 design pixels.
 constexpr int kWheelStep = 4;
 
-/// Paints the picture at its destination; what has been scaled is kept until the picture or the size changes.
+/// Paints the picture at its destination. Keeps the scaled image until the picture or the size changes.
 class PictureArea : public QWidget, public AccessibleRole {
 public:
     PictureArea(ImageControl& image, QWidget* page, const PageScale& scale)
@@ -29,7 +29,7 @@ public:
         setAcceptDrops(true);
     }
 
-    /// The file, in the form of the machine.
+    /// Receives the path of the file in the encoding of the machine.
     std::function<void(std::string)> onDrop;
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
@@ -59,13 +59,14 @@ protected:
     }
 
 private:
-    /// Nothing is taken while a dialog or a notice is open or the page is at work.
+    /// Takes no drop while a dialog or a notice is open or the page is working.
     bool takes(const QDropEvent& event) const {
         const QWidget* modal = QApplication::activeModalWidget();
         return isEnabled() && image_.takesDrops() && (modal == nullptr || modal == window()) &&
                !droppedFile(event).isEmpty();
     }
-    /// Empty for what is no file, and for several: which of them is meant nobody can tell.
+    /// Returns the dropped file. Empty for anything that is not a file, and for several files, because it is not clear
+    /// which is meant.
     static QString droppedFile(const QDropEvent& event) {
         const QList<QUrl> files = event.mimeData()->urls();
         return files.size() == 1 ? files.front().toLocalFile() : QString();
@@ -93,7 +94,7 @@ private:
         const Pixels pixels = shown_->scaled(width, height);
         const QImage borrowed(reinterpret_cast<const uchar*>(pixels.argb.data()), pixels.width, pixels.height,
                               QImage::Format_RGB32);
-        // What is scaled to its own size would go on borrowing pixels that are gone.
+        // An image that is scaled to its own size would still use the borrowed pixels after they are gone.
         return borrowed.copy().scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
 
@@ -110,7 +111,7 @@ public:
     }
 
 private:
-    /// The program that the file comes from waits until the drop is over.
+    /// Handles the file after the drop, because the program it comes from waits until the drop is over.
     void dropLater(std::string file) {
         QTimer::singleShot(0, this, [this, file = std::move(file)] {
             if (!released()) {

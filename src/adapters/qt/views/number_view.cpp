@@ -11,14 +11,14 @@
 namespace orv {
 namespace {
 
-/// The signs of a number, full-width ones as half-width ones.
+/// Returns the characters that can be part of a number, in half width.
 QString numberSigns(const QString& offered) {
     QString signs = toQt(toHalfWidth(offered.toStdString()));
     signs.removeIf([](QChar sign) { return !QStringView(u"0123456789.-").contains(sign); });
     return signs;
 }
 
-/// The up and down keys count. `focus` is called when the focus has come or gone.
+/// The up and down keys change the number by one. `focus` is called when the field has received or lost the focus.
 class NumberField : public EntryField {
 public:
     using EntryField::EntryField;
@@ -43,7 +43,7 @@ protected:
     }
 };
 
-/// What is typed becomes the control's value when the field is left.
+/// Passes the typed number to the control when the field loses the focus.
 class NumberView : public ControlView {
 public:
     NumberView(NumberInput& control, NumberField* field)
@@ -79,7 +79,8 @@ private:
         field_.show(toQt(number_.shown(field_.hasFocus())));
     }
 
-    /// The format of the number changes with the focus. What is being typed stays, as under a menu of the field.
+    /// Adapts the format of the number to the focus. Keeps unfinished input, for example while a menu of the field is
+    /// open.
     void follow() {
         const QString text = toQt(number_.shown(field_.hasFocus()));
         if (!released() && !field_.isModified() && field_.text() != text) {
@@ -87,7 +88,7 @@ private:
         }
     }
 
-    /// Taken or refused, the field shows the value that stands then.
+    /// Shows the control's value in the field afterwards, whether the text was taken or refused.
     void take(const QString& text) {
         if (!number_.typed(text.toStdString())) {
             advice_.refuseLater(range_);

@@ -11,7 +11,7 @@
 namespace orv {
 namespace {
 
-/// The text's colour, less strong than that of what is enabled.
+/// Weakens the text's colour, for disabled text.
 QColor dimmed(const QColor& text, const QColor& ground) {
     const auto mixed = [](int strong, int weak) { return (strong * 7 + weak * 3) / 10; };
     return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()), mixed(text.blue(), ground.blue())};
@@ -47,14 +47,14 @@ int OfficeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     }
 }
 
-/// The plain style measures Japanese words in a menu too narrow and would cut the longest.
+/// The plain style underestimates the width of Japanese words in a menu and would cut the longest.
 QSize OfficeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                     const QWidget* widget) const {
     const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
     return type == CT_MenuItem && option != nullptr ? plain + QSize(option->fontMetrics.height(), 0) : plain;
 }
 
-/// The plain style shades a list towards white, which hides that it must be filled.
+/// The plain style shades a list towards white, which hides the colour of a field that must be filled.
 void OfficeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                      const QWidget* widget) const {
     if (control != CC_ComboBox || option == nullptr) {
@@ -69,7 +69,7 @@ void OfficeStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     drawPrimitive(PE_IndicatorArrowDown, &field, painter, widget);
 }
 
-/// A tick box is coloured as a whole, and so takes a click anywhere and not on its words only.
+/// A tick box is coloured as a whole, so it can be clicked anywhere and not only on its words.
 QRect OfficeStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
     if (element == SE_CheckBoxClickRect && option != nullptr) {
         return option->rect;

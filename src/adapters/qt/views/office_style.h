@@ -4,10 +4,10 @@
 
 namespace orv {
 
-/// The toolkit's plain style, with what pages need: the classic password sign, lists that open below their box and
-/// stand in exactly the colour that the page gives them, and tick boxes as large as their text that
-/// take a click anywhere. The buttons of a dialog have the same order on every desktop. Disabled text can be read
-/// whatever the desktop's colours.
+/// The toolkit's plain style with additions for the pages. Passwords show the classic sign. Lists open below their box
+/// and have exactly the colour that the page gives them. Tick boxes are as large as their text and can be clicked
+/// anywhere. The buttons of a dialog have the same order on every desktop. Disabled text is readable in the colours of
+/// every desktop.
 class OfficeStyle : public QProxyStyle {
 public:
     OfficeStyle();

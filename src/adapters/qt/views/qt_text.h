@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// Readable on every colour of a page. The desktop's own colours may be light or dark.
+/// Colours of text that is readable on every colour of a page. The desktop's own colours can be light or dark.
 inline constexpr Colour kPageText{0x000000};
 inline constexpr Colour kDisabledText{0x484848};
 

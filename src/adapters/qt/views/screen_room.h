@@ -11,17 +11,17 @@ class QScreen;
 
 namespace orv {
 
-/// Where windows can be on a screen, and the frame that each of them gets.
+/// The part of a screen for windows, and the frame around each window.
 struct ScreenRoom {
     QRect area;
     QMargins frame;
-    /// Pixels of the screen in one of the toolkit's, which is larger where the operator wants everything larger.
+    /// Screen pixels per pixel of the toolkit. More than 1 if the operator has enlarged everything on the desktop.
     double pixelRatio = 1;
 
-    /// The size of the largest window, without its frame.
+    /// Returns the size of the largest window, without its frame.
     QSize inside() const { return area.size().shrunkBy(frame); }
-    /// The position of the frame at which a window of that size and its frame are in the middle. What is too large
-    /// begins at the upper left corner.
+    /// Returns the position of the frame that centres a window of that size. A window that is too large begins at the
+    /// upper left corner.
     QPoint middleFor(QSize window) const {
         const QSize left = (area.size() - window.grownBy(frame)).expandedTo({0, 0});
         return area.topLeft() + QPoint(left.width() / 2, left.height() / 2);
@@ -30,7 +30,7 @@ struct ScreenRoom {
 
 using RoomOf = std::function<ScreenRoom(const QScreen*, Sizing)>;
 
-/// The part of the screen that no panel of the desktop occupies; empty without a screen.
+/// Returns the part of the screen that no panel of the desktop occupies; empty without a screen.
 ScreenRoom screenRoom(const QScreen* screen, Sizing sizing);
 
 }  // namespace orv

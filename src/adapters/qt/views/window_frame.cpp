@@ -21,7 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr QMargins kUsualFrame(8, 40, 8, 8);
-/// Size hints whose smallest size is also the largest: the flags of the two, and in the sixth to the ninth place 1.
+/// Size hints with the same smallest and largest size: the flags of both, and 1 in the elements 5 to 8.
 constexpr std::array<std::uint32_t, 18> kOnePixel{0x30, 0, 0, 0, 0, 1, 1, 1, 1};
 constexpr auto kPatience = 200ms;
 constexpr auto kPause = 1ms;
@@ -33,7 +33,7 @@ struct Free {
     void operator()(void* reply) const { std::free(reply); }
 };
 
-/// A window that is never shown, about whose frame the window manager is asked.
+/// Asks the window manager for the frame of a window that is never shown.
 class FrameQuestion {
 public:
     FrameQuestion(xcb_connection_t* display, Sizing sizing)

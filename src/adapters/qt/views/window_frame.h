@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// The frame that the window manager puts around a window, in pixels of the display. The manager is asked once for each
-/// sizing; if it does not answer, the frame is a usual one. Empty where the toolkit draws on anything but an X display.
+/// Returns the frame that the window manager puts around a window, in pixels of the display. The manager is asked once
+/// for each sizing. A common frame is assumed if it does not answer. Empty if the toolkit does not use an X display.
 QMargins windowFrame(Sizing sizing);
 
 }  // namespace orv
