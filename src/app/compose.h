@@ -23,8 +23,8 @@
 
 namespace orv {
 
-/// Every adapter of the program, in the order in which they rest on each other, handed in as its services. One object,
-/// which lives as long as the program runs.
+/// All adapters of the program. Constructs them in the order of their dependencies and registers them as services. The
+/// one object of this class must exist while the program runs.
 class Composition {
 public:
     explicit Composition(const std::string& programFolder);

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What stands behind the program's name, as one text. No option of the toolkit is taken out of it.
+/// Joins the arguments of the program into one text. Options of the toolkit are not removed from it.
 std::string commandTail(std::span<char*> arguments) {
     std::string tail;
     for (const char* argument : arguments.subspan(1)) {
@@ -25,9 +25,9 @@ std::string commandTail(std::span<char*> arguments) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    // What the program holds in memory, passwords too, is for no core file.
+    // Never write the program's memory, which can contain passwords, to a core file.
     ::prctl(PR_SET_DUMPABLE, 0);
-    // A connection or an output that breaks while it is written to is a failure like others, not the end.
+    // Handle a broken connection or output like other failures, instead of being ended by the signal.
     std::signal(SIGPIPE, SIG_IGN);
     const orv::Application application(argv[0]);
     const orv::Composition composition(orv::runningProgramFolder());

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-/// Opens the office's store: the file itself, or the server that the text in the file names.
+/// Opens the office's store: the store file itself, or the server that the file names.
 StoreOpener officeStore();
 
 }  // namespace orv

@@ -2,8 +2,8 @@
 
 namespace orv {
 
-/// Fills the tables of functions through which lower rooms call upwards: the log's paths, the pages' handlers. No
-/// adapter is in it, so that a test fixture calls the same.
+/// Fills the tables of functions through which lower modules call upwards: the paths of the logs, the handlers of the
+/// pages. Uses no adapter, so that test fixtures can call it too.
 void tieSystem();
 
 }  // namespace orv
