@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// Milliseconds that one run of `work` takes.
+/// Returns the milliseconds that one run of `work` takes.
 inline double timed(const std::function<void()>& work) {
     const auto start = std::chrono::steady_clock::now();
     work();
@@ -26,8 +26,8 @@ struct Result {
     double peer = 0;
 };
 
-/// Runs both in turn, so that what else the machine does meets both; the medians. `prepare` goes before each round and
-/// is not measured.
+/// Runs both in turn, so that other load on the machine affects both, and returns the medians. `prepare` runs before
+/// each round and is not measured.
 inline Result alternately(
     int rounds, const std::function<void()>& ours, const std::function<void()>& peer,
     const std::function<void()>& prepare = [] {}) {
@@ -48,15 +48,15 @@ inline void print(const std::string& name, const Result& result) {
 
 Result start(const std::string& folder);
 Result save(const std::string& folder);
-/// The page of the photos, opened in a real window with `photo` in both slots.
+/// Opens the page of the photos in a real window with `photo` in both slots.
 void window(const std::string& folder, const std::string& photo);
-/// Works all pages for so long, or for 10,000 page changes, 1,000 switches and 1,000 saves (0 minutes), and prints how
-/// much memory and time that came to need.
+/// Operates all pages for that time. 0 minutes means 10,000 page changes, 1,000 switches and 1,000 saves. Prints the
+/// growth of memory and of the time for a page change.
 void soak(const std::string& folder, double minutes);
-/// Prints the time from each kind of input to the last painting that follows it, in the real program, at two scales and
-/// with few and many companies. `photo` is chosen and shown.
+/// Prints the time from each kind of input to the last painting that follows it. Measures the real program at two
+/// scales, with few and many companies. `photo` is chosen and shown.
 void clicks(const std::string& folder, const std::string& photo);
-/// `companies`: how many the store holds.
+/// `companies` is the number of companies in the store.
 Result list(const std::string& folder, int companies);
 
 }  // namespace bench

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kArgument = "000004601,1,0";
 constexpr const char* kPhoto = "large.jpg";
-// The companies of the sample, and of a large office.
+// The number of companies in the sample, and in a large office.
 constexpr int kSampleCompanies = 6;
 constexpr int kManyCompanies = 20000;
 
@@ -30,7 +30,7 @@ double percentile95(std::vector<double> values) {
     return values[values.size() * 95 / 100];
 }
 
-/// A clerk at the program in a real window, with a clock.
+/// Operates the program in a real window as a clerk does and records the times.
 class TimedClerk {
 public:
     TimedClerk(const desk::VirtualDisplay& display, const desk::Office& office, const std::string& scale)
@@ -113,12 +113,12 @@ private:
             throw std::runtime_error("the page does not appear");
         }
     }
-    /// Until the window with that text in its title is in front.
+    /// Waits until the window with that text in its title is in front.
     double wait(const std::string& title = "") {
         return probe_.settled(title, [&] { return terminal_.titleInFront().find(title) != std::string::npos; });
     }
     void note(const std::string& figure, const std::string& title) { times_[figure].push_back(wait(title)); }
-    /// The pointer arrives first, since that can repaint the control.
+    /// Moves the pointer before the measurement starts, because the move can repaint the control.
     void clickAt(const std::string& control, int index = -1) {
         probe_.moveTo(terminal_.onScreen(control, index));
         probe_.click();

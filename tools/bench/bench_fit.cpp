@@ -10,7 +10,7 @@ namespace {
 
 constexpr orv::PictureSize kWithin{640, 480};
 
-/// One scaled decoding to twice the target at least, one resampling, ten encodings, and nothing else.
+/// The least possible work: one scaled decoding to at least twice the target, one resampling and ten encodings.
 void floorOf(const std::string& source, orv::PictureSize own) {
     const orv::PictureSize target = fittedSize(own.width, own.height, kWithin);
     unsigned eighths = 1;
@@ -25,11 +25,12 @@ void floorOf(const std::string& source, orv::PictureSize own) {
 
 struct Peer {
     const char* name;
-    /// SRC, DST, SIZE (as 640x480) and LIMIT (bytes) stand for what they say.
+    /// SRC, DST, SIZE (like 640x480) and LIMIT (bytes) are replaced.
     const char* command;
 };
 
-/// vips has no limit of bytes: its small picture is searched for like ours, by runs of its encoder.
+/// vips cannot limit the size in bytes. So its small picture is encoded repeatedly to find the quality, as the program
+/// does.
 constexpr Peer kPeers[] = {
     {"imagemagick", "convert SRC -resize SIZE! -define jpeg:extent=LIMIT DST"},
     {"imagemagick-hint", "convert -define jpeg:size=1280x960 SRC -resize SIZE! -define jpeg:extent=LIMIT DST"},

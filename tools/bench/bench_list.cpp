@@ -24,7 +24,7 @@ void startOnce() {
     }
 }
 
-/// The same rows through the engine's own interface.
+/// Reads the same rows through the engine's own interface.
 void readRows(const std::string& store) {
     sqlite3* database = nullptr;
     sqlite3_open(store.c_str(), &database);

@@ -11,7 +11,7 @@
 
 namespace bench {
 
-/// A message service that shows nothing and answers that the action goes on: the benchmark has no operator.
+/// A message service without an operator: shows nothing and lets the action continue.
 class Silent : public orv::MessageService {
 public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
@@ -26,10 +26,10 @@ private:
     std::string last_;
 };
 
-/// Adds companies without any data but their numbers, which follow those of the sample.
+/// Adds companies that have only numbers, which follow those of the sample.
 void addCompanies(const desk::Office& office, int count);
 
-/// The program itself in an office, without a screen and without an operator.
+/// The program running in an office, without a screen or an operator.
 class RunningProgram {
 public:
     RunningProgram(const desk::Office& office, const std::string& argument)

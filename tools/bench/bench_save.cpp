@@ -56,7 +56,7 @@ void post(const std::string& url, const std::string& body) {
     perform(curl);
 }
 
-/// The three statements in one transaction, as durable as ours.
+/// Runs the three statements in one transaction that is as durable as the program's.
 void transaction(const std::filesystem::path& store) {
     std::array<std::string, 3> statements;
     static_cast<void>(orv::P_MakeUpdateSQL_Info(statements[0], orv::tCustomerInfo.USER_ID));
@@ -82,7 +82,7 @@ Result save(const std::string& folder) {
     const RunningProgram program(office, "000004601,1,0");
     orv::PageForm& page = orv::page<orv::frm_CompInp0>();
     const std::string base = "http://127.0.0.1:" + server.port();
-    // The server does the same with it as with ours.
+    // The server then does the same work for both.
     const std::string body = orv::companyDocument(*orv::services().db, orv::com().MdbOrvEstateDB(), "000004601");
     const auto photo = [&](int slot) {
         return office.drive() /

@@ -17,7 +17,7 @@ namespace bench {
 namespace {
 
 constexpr int kChangesARound = 10;
-constexpr std::size_t kWarmUp = 10;  // rounds, which bring a hundred changes of the page
+constexpr std::size_t kWarmUp = 10;  // rounds, with a hundred page changes
 constexpr std::size_t kRounds = 1000;
 constexpr std::size_t kParts = 10;
 
@@ -35,15 +35,15 @@ double cpuMilliseconds() { return 1000.0 * static_cast<double>(std::clock()) / C
 
 orv::PageForm& pageOnScreen() { return static_cast<orv::PageForm&>(*orv::services().forms->activeForm()); }
 
-/// What the process holds after a round, and what its page changes cost.
+/// The memory in use after a round, and the cost of its page changes.
 struct Reading {
     double heap = heapKilobytes();
     double resident = residentKilobytes();
     double changeCpu = 0;
 };
 
-/// Works the program from its own event loop, one action an event, as an operator does: a page that has gone is deleted
-/// before the next comes.
+/// Operates the program from its own event loop, one action per event, like an operator. A closed page is then deleted
+/// before the next one opens.
 class Clerk : public QObject {
 public:
     Clerk(const RunningProgram& program, std::function<bool(std::size_t)> wantsMore)
@@ -123,7 +123,7 @@ double middle(const std::vector<Reading>& readings, std::size_t from, std::size_
     return median(values);
 }
 
-/// The medians of ten equal parts of the run, and from the first to the last.
+/// Prints the medians of ten equal parts of the run, and the growth from the first to the last.
 void printCourse(const char* name, const char* unit, const std::vector<Reading>& readings, double Reading::*figure) {
     const std::size_t share = (readings.size() - kWarmUp) / kParts;
     std::vector<double> course;

@@ -23,7 +23,7 @@ Result start(const std::string& folder) {
             ended({program, "000004601,1,0"});
         },
         [&] { ended({START_PEER}); },
-        // A session that ends properly releases its lock; ours ends at its first page.
+        // A session releases its lock when it ends properly, but the program is ended here at its first page.
         [&] { office.change("delete from TBL_LOCK where USER_ID = '000004601'"); });
 }
 

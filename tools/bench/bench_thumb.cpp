@@ -6,7 +6,7 @@
 
 namespace bench {
 
-/// A page start with the photo in both slots: loaded for the slots' size and scaled to it.
+/// Measures the start of a page with the photo in both slots: loading it for the size of a slot and scaling it.
 void thumb(const std::filesystem::path& photos) {
     constexpr orv::PictureSize kSlot{484, 400};
     PlainPaths paths;
@@ -30,7 +30,7 @@ void thumb(const std::filesystem::path& photos) {
         };
         const Result result = alternately(7, ours, peer);
         print("thumb " + photo.stem().string(), result);
-        // Both slots are filled without a painting between them.
+        // The window is not repainted between the two slots.
         std::printf("  the window waits %.0f ms beyond the scaled decoding\n", result.ours - result.peer);
         print("  header against decoding",
               alternately(

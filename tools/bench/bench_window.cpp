@@ -13,7 +13,7 @@
 namespace bench {
 namespace {
 
-/// How long the window takes no event at a stretch.
+/// Measures the longest time during which the window handles no event.
 class Heartbeat {
 public:
     Heartbeat() {
@@ -21,7 +21,7 @@ public:
         QObject::connect(&timer_, &QTimer::timeout, [this] { longest_ = std::max(longest_, beat()); });
         timer_.start(0);
     }
-    /// The longest in the next `length` milliseconds.
+    /// Returns the longest such time in the next `length` milliseconds.
     double longestIn(int length) {
         beat();
         longest_ = 0;
@@ -61,7 +61,7 @@ void window(const std::string& folder, const std::string& photo) {
         QTimer::singleShot(0, [&from, to] { from.btm_ChangePage[to].press(); });
         return heartbeat.longestIn(1500);
     };
-    // As large as a slot's picture is decoded on any screen.
+    // The scale at which the picture of a slot is decoded on any screen.
     constexpr unsigned kEighths = 1;
     std::vector<double> stretches;
     std::vector<double> decodings;

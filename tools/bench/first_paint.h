@@ -5,7 +5,7 @@
 #include <QTimer>
 #include <cstdlib>
 
-/// Ends the process once the first window has been painted and what that brought about has been done.
+/// Ends the process after the first window has been painted and the events caused by that have been handled.
 class EndAtFirstPaint : public QObject {
 public:
     bool eventFilter(QObject*, QEvent* event) override {

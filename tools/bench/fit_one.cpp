@@ -1,5 +1,5 @@
-// bench_fit_one SOURCE TARGET WIDTH HEIGHT LIMIT: one JPEG file, in a process whose time and memory are measured.
-// bench_fit_one: what a process costs that does nothing.
+// bench_fit_one SOURCE TARGET WIDTH HEIGHT LIMIT: fits one JPEG file, in a process whose time and memory are measured.
+// bench_fit_one: does nothing, to measure the cost of a process.
 #include <string>
 
 #include "pictures_bench.h"

@@ -1,5 +1,5 @@
-// Of the pictures' room no more than JPEG files need, so that a process of its own starts as small as a peer's: without
-// the toolkit, which the program has loaded long before a photo is chosen.
+// Uses only the part of the picture modules for JPEG files. The toolkit is left out, because the program has loaded it
+// long before a photo is chosen. A process then starts as small as a peer's.
 #include <cmath>
 
 #include "adapters/jpeg/jpeg_picture.h"

@@ -1,7 +1,7 @@
-// bench FOLDER [start|save|list]: one line a benchmark. FOLDER: where offices are made.
-// bench FOLDER window PHOTO: the page of the photos.
-// bench FOLDER clicks PHOTO: the time from an input to the last painting.
-// bench FOLDER soak [MINUTES]: whether the program grows.
+// bench FOLDER [start|save|list]: prints one line per benchmark. FOLDER receives the offices.
+// bench FOLDER window PHOTO: measures the page of the photos.
+// bench FOLDER clicks PHOTO: measures the time from an input to the last painting.
+// bench FOLDER soak [MINUTES]: measures the growth of the program.
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -36,7 +36,7 @@ void run(int argc, char* argv[]) {
 
 }  // namespace
 
-/// Programs that a benchmark has started end with it, also when it fails.
+/// If a benchmark fails, the programs that it has started are ended too.
 int main(int argc, char* argv[]) {
     if (argc < 2) {
         std::cerr << "bench FOLDER [start|save|list]\n";

@@ -1,7 +1,7 @@
 #!/bin/sh
-# Makes the photos that the picture benchmarks work on, from those of Debian's wallpapers: ./make_photos.sh FOLDER
-# Enlarged, with the grain of a camera's sensor, stored as cameras do: baseline, half the colour. Then smaller ones for
-# the walk over every factor.
+# Makes the photos for the picture benchmarks from Debian's wallpapers: ./make_photos.sh FOLDER
+# The large ones have the grain of a camera's sensor and a camera's format: baseline, colour at half the resolution.
+# The smaller ones serve to try every factor.
 set -eu
 
 folder=$1

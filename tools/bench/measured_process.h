@@ -6,13 +6,13 @@ namespace bench {
 
 struct Measured {
     double milliseconds = 0;
-    /// Of work, by all its threads: what else the machine does is not in it.
+    /// CPU time of all threads, which other load on the machine does not affect.
     double cpuMilliseconds = 0;
-    /// The most that the process, or the largest of those that it started, held at a time.
+    /// Peak memory of the process, or of the largest process that it started.
     double megabytes = 0;
 };
 
-/// Runs a shell command to its end; throws when it fails.
+/// Runs a shell command to its end. Throws if it fails.
 Measured measured(const std::string& command);
 
 }  // namespace bench

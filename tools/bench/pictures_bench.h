@@ -9,7 +9,7 @@
 
 namespace bench {
 
-/// The machine's own paths. Nothing but to read and write pictures is asked of it.
+/// Uses the machine's own paths. Supports only the reading and writing of pictures.
 class PlainPaths : public orv::FileSystem {
 public:
     std::string nativePath(const std::string& path) const override { return path; }
@@ -36,21 +36,21 @@ public:
     std::string privateFolder() override { return {}; }
 };
 
-/// The pictures of the folder, by name.
+/// Returns the pictures in the folder, sorted by name.
 std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder);
 
-/// What the program does with a JPEG file that is too large: inside `within`, then the ten saves of the search for
-/// `limit` bytes. The factor found.
+/// Shrinks a JPEG file that is too large, like the program: fits it inside `within`, then searches for `limit` bytes
+/// with ten saves. Returns the factor found.
 int fitted(const std::string& source, const std::string& target, orv::PictureSize within, std::uintmax_t limit);
 
-/// The size of a picture once it is inside `within`.
+/// Returns the size of a picture after it has been fitted inside `within`.
 orv::PictureSize fittedSize(int width, int height, orv::PictureSize within);
 
-/// `program`: fits one, in its own process.
+/// `program` fits one photo in its own process.
 void fit(const std::filesystem::path& photos, const std::filesystem::path& work, const std::string& program);
 void thumb(const std::filesystem::path& photos);
-/// Every factor of every photo: how often a file grew as the factor rose, and where. Whether the search finds the best
-/// factor for every limit is tested, on the same photos.
+/// Prints for each photo how often, and at which factors, the file grew as the factor rose. A test checks on the same
+/// photos that the search finds the best factor for every limit.
 void factors(const std::filesystem::path& photos, const std::filesystem::path& work);
 
 }  // namespace bench

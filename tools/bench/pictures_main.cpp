@@ -22,7 +22,7 @@ std::vector<std::filesystem::path> photosIn(const std::filesystem::path& folder)
 int main(int argc, char* argv[]) {
     const std::vector<std::string> given(argv + 1, argv + argc);
     if (given.size() == 3 && given[0] == "fit") {
-        // One of the peers takes a relative place as one beside the photo.
+        // One of the peers resolves a relative path from the folder of the photo.
         bench::fit(given[1], std::filesystem::absolute(given[2]), FIT_ONE);
     } else if (given.size() == 3 && given[0] == "thumb") {
         bench::thumb(given[1]);

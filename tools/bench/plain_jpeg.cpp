@@ -36,7 +36,7 @@ Sums windowSums(const orv::Bitmap& one, const orv::Bitmap& two, int left, int to
     return sums;
 }
 
-/// The constants are those of the measure's authors for 8 bits.
+/// The constants are those of the measure's authors for 8 bits per sample.
 double windowLikeness(const Sums& sums, int count) {
     constexpr double kSmall = 6.5025;
     constexpr double kSmallSpread = 58.5225;

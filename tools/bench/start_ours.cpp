@@ -1,4 +1,4 @@
-// The program from its start to its first page on the screen, where it ends. Argument: that of the program.
+// Runs the program from its start to its first page on the screen, with the argument of the program.
 #include <QApplication>
 
 #include "adapters/posix/install_paths.h"

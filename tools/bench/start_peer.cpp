@@ -1,4 +1,4 @@
-// An empty window of the page's size from its start to its first painting, where it ends.
+// Shows an empty window of the page's size and ends at its first painting.
 #include <QApplication>
 #include <QWidget>
 
