@@ -20,10 +20,10 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-/// Far longer than a stalled machine takes; nobody waits so long for what does come.
+/// Far longer than a stalled machine takes. Only a failing wait ever takes so long.
 constexpr auto kPatience = 180s;
 constexpr auto kPause = 10ms;
-// Of the package mate-backgrounds.
+// From the package mate-backgrounds.
 constexpr const char* kPhoto = "/usr/share/backgrounds/mate/nature/Garden.jpg";
 constexpr const char* kNoticeTitle = "会社情報設定";
 constexpr const char* kNothingCopied = "nothing has been copied";
@@ -37,7 +37,7 @@ std::string contentOf(const fs::path& file) {
     return text.str();
 }
 
-/// Presses those keys, which are separated by blanks.
+/// Returns the command that presses the keys, which are separated by blanks.
 std::vector<std::string> keyCommand(const std::string& keys) {
     if (keys.empty()) {
         return {};
@@ -48,7 +48,7 @@ std::vector<std::string> keyCommand(const std::string& keys) {
     return command;
 }
 
-/// What a login would have made for the session.
+/// Makes the folder that a login would have made for the session.
 std::string runtimeFolder(const Office& office) {
     const fs::path folder = office.folder() / "runtime";
     fs::create_directories(folder);
@@ -177,7 +177,7 @@ bool Terminal::waitForWindow(const std::string& title) {
     return eventually([&] { return findWindow(title); });
 }
 
-/// The role of a form's window is the form's name, and " (disabled)" while it takes no input.
+/// The role of a form's window is the form's name, with " (disabled)" added while the form takes no input.
 bool Terminal::waitForForm(const std::string& form, const std::string& title, bool enabled) {
     form_ = form;
     const std::string role = "\"" + form + (enabled ? "" : " (disabled)") + "\"";
@@ -207,7 +207,7 @@ int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", win
 
 void Terminal::toFront() const { tool({"windowactivate", "--sync", window_}); }
 
-/// Keys go to the window that has the focus, and clicks to the one in front.
+/// Keys are sent to the window that has the focus, and clicks to the window in front.
 void Terminal::waitForFocus() const {
     if (!eventually([&] { return tool({"getwindowfocus"}) == window_; })) {
         throw std::runtime_error("the window of " + form_ + " does not get the focus");
@@ -307,7 +307,7 @@ void Terminal::typeAscii(const std::string& text) {
     tool({"type", "--delay", "15", text});
 }
 
-/// Until two in a row are alike: the window is painted then.
+/// Repeats until two pictures in a row are identical, because the window has then been painted.
 void Terminal::shot(const fs::path& picture) const {
     std::string before;
     const bool still = eventually([&] {

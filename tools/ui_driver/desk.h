@@ -12,7 +12,7 @@
 
 namespace desk {
 
-/// An X display that nobody sees, with a window manager, as long as the object lives.
+/// An X display without a screen, with a window manager. Both run while the object exists.
 class VirtualDisplay {
 public:
     explicit VirtualDisplay(const std::string& size = "1280x800");
@@ -25,14 +25,14 @@ private:
     std::unique_ptr<Process> windowManager_;
 };
 
-/// The suite's server, on a free port, with its own folder.
+/// Runs the suite's server on a free port, with its own folder.
 class ServerDesk {
 public:
     explicit ServerDesk(const std::filesystem::path& folder);
 
     const std::string& port() const { return port_; }
     const std::filesystem::path& folder() const { return folder_; }
-    /// Its log, a line a request.
+    /// Returns the server's log, which has one line per request.
     std::string log() const;
     void misbehave(const std::string& how) const;
     void stop() { process_.reset(); }
@@ -43,24 +43,25 @@ private:
     std::unique_ptr<Process> process_;
 };
 
-/// A copy of the sample office with the program in it.
+/// A copy of the sample office that contains the program.
 class Office {
 public:
     Office(std::filesystem::path folder, const std::string& port);
-    /// One that has been made before.
+    /// Returns an office that has been made before.
     static Office standing(std::filesystem::path folder) { return Office(std::move(folder)); }
 
     const std::filesystem::path& folder() const { return folder_; }
     std::filesystem::path drive() const { return folder_ / "C"; }
     std::filesystem::path store() const { return drive() / "ORV/MDB/ORVESTATE.MDB"; }
-    /// What the store answers to a select: columns parted by "|", rows by line breaks.
+    /// Returns the rows of a select, with columns separated by "|" and rows by line breaks.
     std::string ask(const std::string& sql) const;
     void change(const std::string& sql) const;
-    /// The err logs of all days, wherever the settings have put them, as UTF-8.
+    /// Returns the err logs of all days as UTF-8, from the folder that the settings name.
     std::string errLog() const;
-    /// Lays a real photo, larger than what can be registered, where the open dialog begins; gives its name.
+    /// Copies a real photo to the folder where the open dialog begins, and returns its name. The photo is larger than
+    /// the limit for registration.
     std::string layPhoto() const;
-    /// How often the menu was started.
+    /// Returns the number of times that the menu was started.
     int menuStarts() const;
 
 private:
@@ -69,54 +70,56 @@ private:
     std::filesystem::path folder_;
 };
 
-/// The program at work in an office, in a real window, worked by real key and mouse events.
+/// The program running in an office, in a real window, operated with real key and mouse events.
 class Terminal {
 public:
-    /// `extra`: more of the program's environment.
+    /// `extra` is added to the program's environment.
     Terminal(const Office& office, std::string display, std::string computer, const Environment& extra = {});
 
     void start(const std::string& argument);
-    /// The same as a user whom rights bind, whoever runs this. The office must be open to all.
+    /// Starts the program as a user without special rights, even if the caller is root. The office must be open to all
+    /// users.
     void startUnprivileged(const std::string& argument);
-    /// Waits for the window of that title; false if it does not come. Keys go to this window from now on.
+    /// Waits for the window with that title. False if it does not appear. The keys are sent to this window afterwards.
     [[nodiscard]] bool waitForWindow(const std::string& title);
-    /// Waits until the page takes input, or until it is shown and takes none.
+    /// Waits until the page takes input, or with `enabled` false until it is shown and takes none.
     [[nodiscard]] bool waitForPage(int number, bool enabled = true);
     [[nodiscard]] bool waitForPasswordDialog();
-    /// The dialog that fits a photo; its buttons can be clicked then.
+    /// Waits for the dialog that fits a photo, until its buttons can be clicked.
     [[nodiscard]] bool waitForConfirmation();
-    /// A question or notice of the program.
+    /// Waits for a question or notice of the program.
     [[nodiscard]] bool waitForNotice();
     [[nodiscard]] bool windowGone(const std::string& title) const;
     [[nodiscard]] bool noticeGone() const;
-    /// The process of the window that has been waited for last.
+    /// Returns the process of the window that was last waited for.
     int windowProcess() const;
-    /// Brings that window in front of the others, also a minimised one.
+    /// Brings that window to the front, even if it is minimised.
     void toFront() const;
     void minimise() const;
-    /// The title of the window that has the keyboard.
+    /// Returns the title of the window that has the keyboard focus.
     std::string titleInFront() const { return tool({"getactivewindow", "getwindowname"}); }
-    /// How many colours that window shows at present: few before it has been painted.
+    /// Returns the number of colours that the window shows now. There are few before it has been painted.
     int coloursShown() const;
-    /// What the notice on the screen says.
+    /// Returns the text of the notice on the screen.
     std::string noticeText();
 
     /// Returns the text of a field on the screen, copied by keys.
     std::string textOnScreen(const std::string& control, int index = -1);
 
-    /// Clicks the middle of a control of the page on the screen. This and all that follows waits for the focus first.
+    /// Clicks the middle of a control of the page on the screen. This function and the following ones first wait for
+    /// the focus.
     void click(const std::string& control, int index = -1);
-    /// The same with those keys pressed directly before it.
+    /// Presses the keys directly before such a click.
     void keysAndClick(const std::string& keys, const std::string& control, int index = -1);
-    /// Where the middle of a control of the page is.
+    /// Returns the position of the middle of a control of the page.
     Spot onScreen(const std::string& control, int index = -1) const;
-    /// Replaces the content of a field by a text, which is pasted and read back.
+    /// Replaces the content of a field by a text, which is pasted and read back for comparison.
     void enter(const std::string& control, const std::string& text);
-    /// One key after the other; they are separated by blanks.
+    /// Presses keys one after the other. Their names are separated by blanks.
     void key(const std::string& keys);
     void typeAscii(const std::string& text);
     void shot(const std::filesystem::path& picture) const;
-    /// Of everything on the display.
+    /// Takes a picture of the whole display.
     void shotOfScreen(const std::filesystem::path& picture) const;
 
     bool running() { return process_ && process_->running(); }
@@ -131,7 +134,7 @@ private:
     Spot inWindow(const std::string& control, int index) const;
     void putOnClipboard(const std::string& text) const;
     std::string clipboard() const;
-    /// The selected text.
+    /// Returns the selected text.
     std::string copied();
     std::vector<std::string> program(const std::string& argument) const;
     std::string tool(const std::vector<std::string>& arguments) const;

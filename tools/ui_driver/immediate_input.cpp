@@ -1,6 +1,6 @@
-// immediate_input FOLDER RUNS: an operator as fast as the screen. After each message, search and dialog the next input
-// follows the painting of the page without a pause, each time in a program that has just started. An input that has no
-// effect is lost. FOLDER: where the office is made.
+// immediate_input FOLDER RUNS: operates the program without pauses. After each message, search and dialog the next
+// input follows the painting of the page at once. Each run uses a program that has just started. An input without
+// effect counts as lost. FOLDER receives the office.
 #include <cstdlib>
 #include <iostream>
 #include <stdexcept>
@@ -51,7 +51,7 @@ private:
         probe_.moveTo(spot);
         probe_.click();
     }
-    /// Opens a window by a click, closes it by a key and waits until a place below it is painted as before.
+    /// Opens a window with a click, closes it with a key and waits until a place below it is painted as before.
     void openAndClose(Spot button, const std::string& title, const std::string& key) {
         clickAt(button);
         must(terminal_.waitForWindow(title), "the click that opens " + title);
@@ -59,8 +59,8 @@ private:
         probe_.key(key);
         probe_.waitForColourAt(middle_, colour_);
     }
-    /// The number is typed right after the first message has closed. The window manager hands on a click later than a
-    /// key, so the keys wait until the field shows its focus.
+    /// Types the number right after the first message has closed. The window manager delivers a click later than a key,
+    /// so the keys wait until the field shows its focus.
     void saveTwice(const std::string& number) {
         const Spot field = onPage("txt_Address_number");
         const Spot save = onPage("btm_Save");
@@ -85,7 +85,7 @@ private:
     const desk::Office& office_;
     desk::ScreenProbe probe_;
     desk::Terminal terminal_;
-    /// A place that every window covers, and its colour while none does.
+    /// A place that every window covers, and its colour while it is not covered.
     Spot middle_;
     unsigned long colour_ = 0;
 };

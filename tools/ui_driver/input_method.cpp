@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// No services: only the input method is started, not a whole desktop.
+// The bus starts no services, because only the input method is needed, not a whole desktop.
 constexpr const char* kBusSettings = R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
  "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
 <busconfig>

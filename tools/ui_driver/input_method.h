@@ -10,8 +10,8 @@ namespace desk {
 
 enum class InputMethodKind { Fcitx, Ibus };
 
-/// A Japanese input method with mozc on a display, with a session bus and a home folder of its own. As root it runs
-/// under an unprivileged user id, since mozc refuses to run as root. All its processes end with the object.
+/// A Japanese input method with mozc on a display, with its own session bus and home folder. If the caller is root, it
+/// runs under an unprivileged user id, because mozc refuses to run as root. All its processes end with the object.
 class InputMethod {
 public:
     InputMethod(InputMethodKind kind, const std::string& display, const std::filesystem::path& folder);
@@ -19,7 +19,7 @@ public:
     InputMethod& operator=(const InputMethod&) = delete;
     ~InputMethod();
 
-    /// What a program needs in its environment to work with it.
+    /// Returns the environment variables that a program needs to use the input method.
     const Environment& environment() const { return environment_; }
 
 private:

@@ -1,7 +1,7 @@
-// Works the program in an office as a clerk would, and takes pictures of what is on the screen.
-//   ui_driver session OFFICE PICTURES   edits, goes through all pages, takes a photo, saves, leaves
-//   ui_driver shots OFFICE PICTURES     every page and dialog, without saving
-//   ui_driver saving OFFICE PICTURES    a change and its save, as the whole screen shows them
+// Operates the program in an office like a clerk, and takes pictures of the screen.
+//   ui_driver session OFFICE PICTURES   edits, opens all pages, chooses a photo, saves and leaves
+//   ui_driver shots OFFICE PICTURES     shows every page and dialog without saving
+//   ui_driver saving OFFICE PICTURES    takes pictures of the whole screen before and after a save
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -34,7 +34,7 @@ void open(Terminal& terminal, const std::string& argument, const std::filesystem
     terminal.shot(pictures / "page0.png");
 }
 
-/// From the open dialog to the page that shows it.
+/// Chooses a photo, from the open dialog to the page that shows it.
 void takePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
     const std::string photo = office.layPhoto();
     terminal.click("btm_PhotoSelect", 0);
@@ -74,7 +74,7 @@ void session(Terminal& terminal, const Office& office, const std::string& argume
     must(terminal.waitForEnd() == 0, "the program has ended");
 }
 
-/// A search program's window, and the page that waits for it.
+/// Takes pictures of a search program's window and of the page that waits for it.
 void searchShots(Terminal& terminal, const std::string& button, const std::string& title, const std::string& name,
                  const std::filesystem::path& pictures) {
     terminal.click(button);
@@ -85,7 +85,7 @@ void searchShots(Terminal& terminal, const std::string& button, const std::strin
     must(terminal.windowGone(title), title + " has ended");
 }
 
-/// Answers the notice that is on the screen by its default button; then the page stands there again.
+/// Answers the notice on the screen with its default button and waits for the page.
 void dismiss(Terminal& terminal, int page) {
     terminal.key("Return");
     must(terminal.noticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
@@ -139,7 +139,7 @@ void leave(Terminal& terminal, const std::filesystem::path& pictures) {
     must(terminal.waitForEnd() == 0, "the program has ended");
 }
 
-/// A company without a licence and with a site of its own, where addresses are typed.
+/// Takes pictures of a company without a licence and with its own site, where addresses are typed.
 void otherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures) {
     open(terminal, "000004602,1,1", pictures / "other");
     goTo(terminal, 1, pictures / "other");

@@ -14,7 +14,7 @@
 namespace desk {
 namespace {
 
-// The user id without rights of every Unix.
+// The user id of "nobody", which has no rights on any Unix.
 constexpr uid_t kNobody = 65534;
 
 [[noreturn]] void become(const std::vector<std::string>& command, const Environment& extra) {

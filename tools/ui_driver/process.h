@@ -13,7 +13,7 @@ namespace desk {
 
 using Environment = std::map<std::string, std::string>;
 
-/// A program of this machine, started with its arguments and killed at the latest when the object goes.
+/// A program of this machine, started with its arguments. It is killed at the latest when the object is destroyed.
 class Process {
 public:
     explicit Process(const std::vector<std::string>& command, const Environment& extra = {});
@@ -22,7 +22,8 @@ public:
     ~Process();
 
     bool running();
-    /// The exit code, 128 and the signal's number for a killed one; nothing when it still runs after `most`.
+    /// Returns the exit code, or 128 plus the signal's number if the program was killed. Empty if it still runs after
+    /// `most`.
     std::optional<int> wait(std::chrono::milliseconds most);
     void signal(int number);
 
@@ -31,12 +32,12 @@ private:
     std::optional<int> ended_;
 };
 
-/// Runs a program to its end and gives what it printed, without trailing line breaks.
+/// Runs a program to its end and returns its output without trailing line breaks.
 std::string outputOf(const std::vector<std::string>& command, const Environment& extra = {});
 
-/// The command as an unprivileged user, also if root runs this.
+/// Returns a command that runs the given one as an unprivileged user, even if the caller is root.
 std::vector<std::string> unprivileged(const std::vector<std::string>& command);
-/// Makes the user of `unprivileged` the owner of a folder and all that is in it.
+/// Gives a folder and its contents to the user of `unprivileged`.
 void giveToUnprivileged(const std::filesystem::path& folder);
 
 }  // namespace desk

@@ -51,7 +51,7 @@ public:
         return XGetPixel(image.get(), 0, 0);
     }
 
-    /// Forgets what has been painted so far.
+    /// Discards all events that have arrived so far.
     void forget() {
         XSync(display_, False);
         while (XPending(display_) > 0) {
@@ -60,7 +60,7 @@ public:
         }
     }
 
-    /// The rectangle that is painted next, or nothing after `most`.
+    /// Returns the rectangle that is painted next, or nothing after `most`.
     std::optional<XRectangle> painted(std::chrono::milliseconds most) {
         const Clock::time_point end = Clock::now() + most;
         while (XPending(display_) > 0 || waitUntil(end)) {
@@ -74,7 +74,7 @@ public:
     }
 
 private:
-    /// True if the server has sent something before `end`.
+    /// True if the server has sent an event before `end`.
     bool waitUntil(Clock::time_point end) const {
         for (Clock::time_point now = Clock::now(); now < end; now = Clock::now()) {
             const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - now);

@@ -13,8 +13,8 @@ struct Spot {
     int y = 0;
 };
 
-/// Gives mouse and key events to a display and notices when something is painted on it, over one connection. It is
-/// faster than the tools that work a terminal, since each of these is a program of its own.
+/// Sends mouse and key events to a display and observes its painting, over one connection. This is faster than the
+/// tools that operate a terminal, each of which is a program of its own.
 class ScreenProbe {
 public:
     explicit ScreenProbe(const std::string& display);
@@ -23,19 +23,19 @@ public:
     ~ScreenProbe();
 
     void moveTo(Spot spot);
-    /// Where the pointer is.
+    /// Clicks at the position of the pointer.
     void click();
-    /// A key by its X name, for example "Return"; "ctrl+a" with the modifier.
+    /// Presses a key by its X name, for example "Return", or "ctrl+a" with the modifier.
     void key(const std::string& name);
-    /// Starts the time that `settled` measures; a click and a key do the same.
+    /// Starts the time that `settled` measures. A click and a key start it too.
     void startTiming();
-    /// Waits until nothing has been painted for three tenths of a second and `shown` holds. Returns the milliseconds
-    /// from the last input to the last painting. Throws after a minute, with `what`.
+    /// Waits until the screen has not been painted for three tenths of a second and `shown` holds. Returns the
+    /// milliseconds from the last input to the last painting. Throws with `what` after a minute.
     double settled(const std::string& what, const std::function<bool()>& shown);
     /// Waits for the next painting that covers the spot. Throws if there is none within a minute.
     void waitForPaintingAt(Spot spot);
     unsigned long colourAt(Spot spot) const;
-    /// Waits until a painting has given the spot that colour. Throws if none does within a minute.
+    /// Waits until the spot has been painted in that colour. Throws if that does not happen within a minute.
     void waitForColourAt(Spot spot, unsigned long colour);
 
 private:
