@@ -20,16 +20,15 @@
 #include "adapters/text/string_check.h"
 #include "adapters/text/table_messages.h"
 #include "platform/forms/form_host.h"
+#include "platform/scope.h"
 
 namespace orv {
 
 /// All adapters of the program. Constructs them in the order of their dependencies and registers them as services. The
 /// one object of this class must exist while the program runs.
-class Composition {
+class Composition : NonCopyable {
 public:
     explicit Composition(const std::string& programFolder);
-    Composition(const Composition&) = delete;
-    Composition& operator=(const Composition&) = delete;
     ~Composition() = default;
 
 private:

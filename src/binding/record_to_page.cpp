@@ -8,6 +8,7 @@
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
@@ -55,7 +56,7 @@ void showCompany(PageForm& form) {
     form.cbo_User_Id.setVisible(gMultiCompany);
     form.lbl_UserId.setVisible(!gMultiCompany);
     form.lbl_UserId.setCaption(tCustomerInfo.USER_ID);
-    const CompanySetByCode byCode(form);
+    const FlagGuard byCode(form.companySetByCode);
     PF_SetControlValue(form.cbo_User_Id, tCustomerInfo.USER_ID);
 }
 

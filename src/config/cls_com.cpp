@@ -6,6 +6,7 @@
 #include "logging/trap.h"
 #include "platform/machine/file_system.h"
 #include "platform/machine/registry.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "validation/text/conversions.h"
@@ -26,11 +27,9 @@ constexpr std::int32_t kTypeNumber = 4;
 constexpr std::int32_t kNumberBytes = 4;
 
 /// An open key, closed when it leaves scope.
-class OpenKey {
+class OpenKey : NonCopyable {
 public:
     explicit OpenKey(Registry::Handle key) : key_(key) {}
-    OpenKey(const OpenKey&) = delete;
-    OpenKey& operator=(const OpenKey&) = delete;
     ~OpenKey() {
         if (open_) {
             static_cast<void>(caught([this] { close(); }));  // the first failure is reported

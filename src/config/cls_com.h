@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// The install's folders, programs, data files and settings, one property each. The members keep the order of the
@@ -13,11 +15,9 @@ namespace orv {
 /// Each call reads "system.ini" again; only the path of that file is kept. A property never throws and never checks
 /// whether its file exists. A property that fails writes a log record and returns "" ("0" for the three picture
 /// limits). With an empty folder a property returns the bare file name.
-class cls_Com {
+class cls_Com : NonCopyable {
 public:
     cls_Com() = default;
-    cls_Com(const cls_Com&) = delete;
-    cls_Com& operator=(const cls_Com&) = delete;
     ~cls_Com() = default;
 
     std::string MdbOrvEstateDB() const { return MdbFolder() + "ORVESTATE.MDB"; }

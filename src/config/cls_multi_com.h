@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
 #include "config/cls_com.h"
-#include "platform/machine/transmit_table.h"
+#include "platform/scope.h"
 #include "platform/value.h"
 
 namespace orv {
@@ -17,20 +16,12 @@ namespace orv {
 inline constexpr std::string_view kImageHost = "image.orv-suite.invalid";
 inline constexpr std::string_view kImageUploadUrl = "http://upload.orv-suite.invalid/rereceive46/davroot/";
 
-/// Path of the database with the transmission profiles. Only a program that uses the loader assigns it; this one does
-/// not.
-inline std::string gTransmitDatabase;
-/// The loader's workspace while it reads a profile.
-inline std::unique_ptr<TransmitWorkspace> gTransmitWorkspace;
-
 /// The settings for sending, in addition to those of `cls_Com`. The members keep the order of the class's interface.
 /// The three image settings are read from the office's shared "system.ini", in the folder that `SeverSysPath` names. A
 /// property never throws; one that fails writes a log record.
-class cls_Multi_Com {
+class cls_Multi_Com : NonCopyable {
 public:
     explicit cls_Multi_Com(const cls_Com& settings) : com_(settings) {}
-    cls_Multi_Com(const cls_Multi_Com&) = delete;
-    cls_Multi_Com& operator=(const cls_Multi_Com&) = delete;
     ~cls_Multi_Com() = default;
 
     /// Returns the host of the image server.

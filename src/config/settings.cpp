@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "core/record/globals.h"
 #include "logging/trap.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/services.h"

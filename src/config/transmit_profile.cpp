@@ -4,6 +4,7 @@
 
 #include "config/cls_multi_com.h"
 #include "core/record/globals.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "validation/text/conversions.h"
 
@@ -107,23 +108,13 @@ TransmitInfo profileFrom(const TransmitRecordset* row, const cls_Com& com, const
     return info;
 }
 
-/// Sets the global workspace while a profile is read.
-struct WorkspaceHold {
-    WorkspaceHold() {
-        gTransmitWorkspace =
-            services().transmitEngine->CreateWorkspace("NewJetWorkspace", "admin", "", kEmbeddedEngine);
-    }
-    WorkspaceHold(const WorkspaceHold&) = delete;
-    WorkspaceHold& operator=(const WorkspaceHold&) = delete;
-    ~WorkspaceHold() { gTransmitWorkspace.reset(); }
-};
-
 }  // namespace
 
 Value cls_Multi_Com::Transmit_Envion_DataSet(const Value& /*unused*/, std::int16_t key1,
                                              const std::string& key2) const {
     UserDataGet(key1);
-    const WorkspaceHold workspace;
+    gTransmitWorkspace = services().transmitEngine->CreateWorkspace("NewJetWorkspace", "admin", "", kEmbeddedEngine);
+    const ScopeExit release([] { gTransmitWorkspace.reset(); });
     const auto database = gTransmitWorkspace->OpenDatabase(gTransmitDatabase, false, false, kConnect);
     const auto profiles = database->OpenRecordset("Transmit_Info", kTable);
     profiles->Index("PrimaryKey");

@@ -11,6 +11,7 @@
 #include "logging/trap.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 
 namespace orv {
@@ -29,11 +30,9 @@ void readFigures(ImageControl& image) {
 }
 
 /// The loaded dialog, unloaded when it leaves scope. The form host keeps the form until no event is running.
-class Confirmation {
+class Confirmation : NonCopyable {
 public:
     Confirmation() { services().forms->load(*form_); }
-    Confirmation(const Confirmation&) = delete;
-    Confirmation& operator=(const Confirmation&) = delete;
     ~Confirmation() {
         services().forms->unload(*form_, UnloadMode::Code);
         services().forms->retire(std::move(form_));

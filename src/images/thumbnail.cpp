@@ -2,6 +2,7 @@
 
 #include "logging/trap.h"
 #include "platform/machine/file_system.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
@@ -19,7 +20,7 @@ void uncover(ImageControl& image) {
 }
 
 /// Stops repainting of the control while its geometry is inconsistent. The destructor starts it again.
-class Covered {
+class Covered : NonCopyable {
 public:
     explicit Covered(ImageControl& image) : image_(image), width_(image.width()), height_(image.height()) {
         image_.setAutoRepaint(false);
@@ -27,8 +28,6 @@ public:
         image_.setBackErase(false);
         image_.setVisible(false);
     }
-    Covered(const Covered&) = delete;
-    Covered& operator=(const Covered&) = delete;
     ~Covered() {
         image_.setHeight(height_);
         image_.setWidth(width_);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
@@ -10,7 +11,19 @@ namespace orv {
 [[nodiscard]] bool fail(std::string text, std::string code);
 [[nodiscard]] bool failFrom(const FailureRecord& record);
 
+/// Fills the pair where the work goes on although something failed.
+void setPair(FailureRecord record);
 /// Clears the pair after its failure was reported.
 void clearPair();
+
+/// Keeps the pair over a clean-up: at the end of the scope it is again as it was at the start.
+class [[nodiscard]] PairKeeper : NonCopyable {
+public:
+    PairKeeper();
+    ~PairKeeper();
+
+private:
+    FailureRecord pair_;
+};
 
 }  // namespace orv

@@ -13,9 +13,6 @@ struct LogFiles {
     std::function<std::string()> snd;
     std::function<std::string()> rcv;
     std::function<std::string()> dwl;
-
-    /// True if the operator has already seen the message that records are kept elsewhere. It is shown once per run.
-    bool isRefusalTold = false;
 };
 
 LogFiles& logFiles();

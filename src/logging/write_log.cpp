@@ -15,6 +15,7 @@
 #include "platform/machine/code_page.h"
 #include "platform/machine/file_system.h"
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 
 namespace orv {
@@ -120,33 +121,20 @@ bool write(const LogKind& kind, const Values& args, std::optional<Refusal>& refu
 }
 
 void tellOnce(const Refusal& refusal) {
-    if (!std::exchange(logFiles().isRefusalTold, true)) {
+    if (!std::exchange(theContext.logRefusalShown, true)) {
         static_cast<void>(caught([&] { tell("LOG00001", {refusal.log, refusal.instead}); }));
     }
 }
 
-/// Set while a record is written. Reading the log's path can fail in a setting, which would log its failure in turn.
-class Writing {
-public:
-    Writing() { up_ = true; }
-    Writing(const Writing&) = delete;
-    Writing& operator=(const Writing&) = delete;
-    ~Writing() { up_ = false; }
-    static bool up() { return up_; }
-
-private:
-    static inline bool up_ = false;
-};
-
 }  // namespace
 
 bool bas_WriteLog::PF_WriteLog(const std::string& kind, const Values& args) {
-    if (Writing::up()) {
+    if (theContext.writingLog) {
         return false;
     }
     std::optional<Refusal> refusal;
     const bool fine = trapped("[ PF_WriteLog ] ", [&] {
-        const Writing writing;
+        const FlagGuard writing(theContext.writingLog);
         const auto* known =
             std::find_if(kKinds.begin(), kKinds.end(), [&](const LogKind& row) { return row.kind == kind; });
         if (known == kKinds.end()) {

@@ -23,6 +23,8 @@ void whileWaiting() {
     }
 }
 
-void setWhileWaiting(std::function<void()> paint) { hook = {std::move(paint), Clock::now() + kWaitingPause}; }
+void setWhileWaiting(std::function<void()> paint, std::chrono::milliseconds first) {
+    hook = {std::move(paint), Clock::now() + first};
+}
 
 }  // namespace orv

@@ -57,7 +57,7 @@ bool PF_GetRowCountZero(const std::string& key2, const std::string& userId, std:
         }
         const bool none = toText(rows->Fields(0)) == "0";
         if (!rows.close()) {
-            static_cast<void>(failFrom(services().db->DbError()));  // reported through the pair
+            setPair(services().db->DbError());
         }
         return none;
     });

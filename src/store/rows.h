@@ -2,17 +2,16 @@
 
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/db_service.h"
 
 namespace orv {
 
 /// The rows of one select on the open store. The destructor closes the recordset. Callers that need the result of
 /// closing call `close`.
-class Rows {
+class Rows : NonCopyable {
 public:
     explicit Rows(const std::string& sql);
-    Rows(const Rows&) = delete;
-    Rows& operator=(const Rows&) = delete;
     ~Rows();
 
     /// False if the select failed; `DbError` then says why.

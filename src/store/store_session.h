@@ -2,14 +2,13 @@
 
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// The store, open during one event. The destructor always closes it.
-class StoreSession {
+class StoreSession : NonCopyable {
 public:
-    StoreSession() = default;
-    StoreSession(const StoreSession&) = delete;
-    StoreSession& operator=(const StoreSession&) = delete;
     ~StoreSession();
 
     /// Closes an open store and opens it again. On false the pair holds the failure.

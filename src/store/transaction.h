@@ -3,16 +3,14 @@
 #include <optional>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
 
 /// A transaction on the open store. The destructor rolls back unless it was committed.
-class Transaction {
+class Transaction : NonCopyable {
 public:
-    Transaction() = default;
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
     ~Transaction();
 
     // On false `DbError` says why.

@@ -9,6 +9,7 @@
 #include "pages/forms/control_helpers.h"
 #include "pages/frame/change_page.h"
 #include "platform/forms/form_host.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "validation/rules/page_checks.h"
 
@@ -38,18 +39,9 @@ void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusa
     tell("COS19800", {refusal.text});
 }
 
-/// Sets `gChecking` while in scope.
-class Checking {
-public:
-    Checking() { gChecking = true; }
-    Checking(const Checking&) = delete;
-    Checking& operator=(const Checking&) = delete;
-    ~Checking() { gChecking = false; }
-};
-
 /// Returns the first page that fails, or nothing if all pass.
 std::optional<std::int16_t> failingPage(Refusal& refusal) {
-    const Checking checking;
+    const FlagGuard checking(gChecking);
     for (const PageCheck& page : kChecks) {
         refusal.text.clear();
         if (!page.check(refusal)) {

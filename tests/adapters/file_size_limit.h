@@ -4,10 +4,12 @@
 
 #include <csignal>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Simulates a disk that is full once a file has that many bytes.
-class FileSizeLimit {
+class FileSizeLimit : NonCopyable {
 public:
     explicit FileSizeLimit(rlim_t bytes) {
         ::getrlimit(RLIMIT_FSIZE, &before_);
@@ -15,8 +17,6 @@ public:
         handler_ = std::signal(SIGXFSZ, SIG_IGN);
         ::setrlimit(RLIMIT_FSIZE, &limit);
     }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
     ~FileSizeLimit() {
         ::setrlimit(RLIMIT_FSIZE, &before_);
         std::signal(SIGXFSZ, handler_);

@@ -46,7 +46,7 @@ TEST_F(PlantedLogs, NothingButAPlainFileOfOneNameIsWritten) {
         fs::remove_all(log);
         plant();
         messages.shown.clear();
-        tieSystem();
+        theContext = {};
         logError("1", what);
         logError("2", what);
         EXPECT_EQ(readFile(owned), kPrivate) << what;

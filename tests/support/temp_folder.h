@@ -8,6 +8,8 @@
 #include <map>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 inline std::string readFile(const std::filesystem::path& path) {
@@ -20,15 +22,13 @@ inline void writeFile(const std::filesystem::path& path, const std::string& byte
 }
 
 /// A temporary folder, removed by the destructor. Paths are relative to it.
-class TempFolder {
+class TempFolder : NonCopyable {
 public:
     TempFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "orv-test-XXXXXX").string();
         if (::mkdtemp(pattern.data()) == nullptr || ::chmod(pattern.c_str(), 0755) != 0) std::abort();
         path_ = pattern;
     }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);

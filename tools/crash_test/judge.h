@@ -6,17 +6,16 @@
 #include <string>
 
 #include "office_ground.h"
+#include "platform/scope.h"
 #include "struck_run.h"
 
 namespace crash_test {
 
 /// Records the states of an undisturbed scenario, and checks disturbed ones against them.
-class Judge {
+class Judge : orv::NonCopyable {
 public:
     /// `server` is the suite's.
     Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store);
-    Judge(const Judge&) = delete;
-    Judge& operator=(const Judge&) = delete;
     virtual ~Judge() = default;
 
     int points() const { return points_; }

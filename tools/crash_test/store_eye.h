@@ -6,14 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/scope.h"
+
 namespace crash_test {
 
 /// Reads a store with the engine's own library, without the program's code.
-class StoreEye {
+class StoreEye : orv::NonCopyable {
 public:
-    StoreEye() = default;
-    StoreEye(const StoreEye&) = delete;
-    StoreEye& operator=(const StoreEye&) = delete;
     virtual ~StoreEye() = default;
 
     /// Returns columns separated by "|", without those that are measured at each load.

@@ -9,6 +9,8 @@
 #include <string>
 #include <thread>
 
+#include "platform/scope.h"
+
 namespace crash_test {
 
 /// The program's requests to the suite's server.
@@ -31,11 +33,9 @@ struct Strangeness {
 };
 
 /// A port of this machine without a server. It counts the connections made to it.
-class Port {
+class Port : orv::NonCopyable {
 public:
     Port();
-    Port(const Port&) = delete;
-    Port& operator=(const Port&) = delete;
     ~Port();
 
     std::string number() const;
@@ -48,12 +48,10 @@ private:
 };
 
 /// A proxy for the suite's server that forwards each request and its answer, and changes one answer.
-class StrangeServer {
+class StrangeServer : orv::NonCopyable {
 public:
     /// `behind` is the port of the suite's server.
     explicit StrangeServer(int behind);
-    StrangeServer(const StrangeServer&) = delete;
-    StrangeServer& operator=(const StrangeServer&) = delete;
     ~StrangeServer();
 
     std::string port() const { return port_.number(); }

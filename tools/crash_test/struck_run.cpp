@@ -17,6 +17,8 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "platform/scope.h"
+
 #ifndef __x86_64__
 #error "The registers of a stopped process are known for x86-64 only."
 #endif
@@ -36,12 +38,10 @@ void require(bool fine, const char* what) {
     }
 }
 
-class Watched {
+class Watched : orv::NonCopyable {
 public:
     Watched(const std::vector<std::string>& folders, const Strike& strike, pid_t process)
         : folders_(folders), strike_(strike), process_(process), thread_(process) {}
-    Watched(const Watched&) = delete;
-    Watched& operator=(const Watched&) = delete;
     ~Watched() {
         if (!ended_) {
             ::kill(process_, SIGKILL);

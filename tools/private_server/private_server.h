@@ -6,19 +6,19 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// A PostgreSQL server for the tests and the benchmarks. Its cluster is in its own folder, on a Unix socket without a
 /// network, run by an unprivileged user. A second process ends the server and removes the folder when the program ends,
 /// even if it is killed. Failures throw.
-class PrivateServer {
+class PrivateServer : NonCopyable {
 public:
     /// Creates a cluster with a database `sample` that contains the sample's rows.
     PrivateServer();
     /// Creates a standby that follows the server with the folder `primary`.
     explicit PrivateServer(const std::filesystem::path& primary);
-    PrivateServer(const PrivateServer&) = delete;
-    PrivateServer& operator=(const PrivateServer&) = delete;
     ~PrivateServer();
 
     /// Returns the socket's folder, which tests can also use for files.

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
 #include "process.h"
 
 namespace desk {
@@ -12,11 +13,9 @@ enum class InputMethodKind { Fcitx, Ibus };
 
 /// A Japanese input method with mozc on a display, with its own session bus and home folder. If the caller is root, it
 /// runs under an unprivileged user id, because mozc refuses to run as root. All its processes end with the object.
-class InputMethod {
+class InputMethod : orv::NonCopyable {
 public:
     InputMethod(InputMethodKind kind, const std::string& display, const std::filesystem::path& folder);
-    InputMethod(const InputMethod&) = delete;
-    InputMethod& operator=(const InputMethod&) = delete;
     ~InputMethod();
 
     /// Returns the environment variables that a program needs to use the input method.

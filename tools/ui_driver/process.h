@@ -9,16 +9,16 @@
 #include <string>
 #include <vector>
 
+#include "platform/scope.h"
+
 namespace desk {
 
 using Environment = std::map<std::string, std::string>;
 
 /// A program of this machine, started with its arguments. It is killed at the latest when the object is destroyed.
-class Process {
+class Process : orv::NonCopyable {
 public:
     explicit Process(const std::vector<std::string>& command, const Environment& extra = {});
-    Process(const Process&) = delete;
-    Process& operator=(const Process&) = delete;
     ~Process();
 
     bool running();

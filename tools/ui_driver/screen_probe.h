@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace desk {
 
 /// A place on the screen, in pixels.
@@ -15,11 +17,9 @@ struct Spot {
 
 /// Sends mouse and key events to a display and observes its painting, over one connection. This is faster than the
 /// tools that operate a terminal, each of which is a program of its own.
-class ScreenProbe {
+class ScreenProbe : orv::NonCopyable {
 public:
     explicit ScreenProbe(const std::string& display);
-    ScreenProbe(const ScreenProbe&) = delete;
-    ScreenProbe& operator=(const ScreenProbe&) = delete;
     ~ScreenProbe();
 
     void moveTo(Spot spot);

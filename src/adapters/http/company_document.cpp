@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/suite/db_service.h"
 
 namespace orv {
@@ -51,7 +52,7 @@ constexpr auto kTables = std::to_array<TableColumns>({
     throw RunTimeError(Failure::Internal, why.text + "（" + why.code + "）");
 }
 
-class ReadOnlyVisit {
+class ReadOnlyVisit : NonCopyable {
 public:
     ReadOnlyVisit(DbService& db, const std::string& path) : db_(db) {
         bool ok = false;
@@ -60,8 +61,6 @@ public:
             raiseFrom(db_);
         }
     }
-    ReadOnlyVisit(const ReadOnlyVisit&) = delete;
-    ReadOnlyVisit& operator=(const ReadOnlyVisit&) = delete;
     ~ReadOnlyVisit() {
         bool ok = false;
         db_.DbClose(connection_, ok);

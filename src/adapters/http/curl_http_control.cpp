@@ -5,19 +5,18 @@
 #include "adapters/http/curl_session.h"
 #include "platform/machine/file_system.h"
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
 
-class BusyWhile {
+class BusyWhile : NonCopyable {
 public:
     explicit BusyWhile(std::atomic<std::int32_t>& state) : state_(state) {
         if (state_.exchange(1) != 0) {
             throw RunTimeError(Failure::InvalidCall, "前の送信がまだ終わっていません。");
         }
     }
-    BusyWhile(const BusyWhile&) = delete;
-    BusyWhile& operator=(const BusyWhile&) = delete;
     ~BusyWhile() { state_ = 0; }
 
 private:

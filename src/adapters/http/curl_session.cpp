@@ -9,6 +9,7 @@
 #include "adapters/http/curl_library.h"
 #include "adapters/words/printable.h"
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/waiting.h"
 
 namespace orv {
@@ -202,7 +203,7 @@ void setPost(const Curl& curl, const std::string& body) {
 }
 
 /// A transfer that lets the windows be painted while it waits.
-class Transfer {
+class Transfer : NonCopyable {
 public:
     explicit Transfer(const Curl& curl) : curl_(curl), multi_(curlLibrary().multiInit()) {
         if (multi_ == nullptr || curlLibrary().multiAddHandle(multi_, curl_.get()) != CURLM_OK) {
@@ -210,8 +211,6 @@ public:
             raise(CURLE_FAILED_INIT);
         }
     }
-    Transfer(const Transfer&) = delete;
-    Transfer& operator=(const Transfer&) = delete;
     ~Transfer() {
         curlLibrary().multiRemoveHandle(multi_, curl_.get());
         curlLibrary().multiCleanup(multi_);

@@ -8,16 +8,15 @@
 #include <csetjmp>
 
 #include "adapters/pixels/picture_failure.h"
+#include "platform/scope.h"
 
 namespace orv {
 
 /// Handles the JPEG library's errors. They return by a long jump, which skips destructors. Each call therefore uses
 /// `guarded`, whose step has only plain values.
-class JpegGuard {
+class JpegGuard : NonCopyable {
 public:
     JpegGuard();
-    JpegGuard(const JpegGuard&) = delete;
-    JpegGuard& operator=(const JpegGuard&) = delete;
 
     /// Makes the library's object report its errors here.
     void watch(j_common_ptr info);

@@ -7,6 +7,7 @@
 
 #include "adapters/jpeg/jpeg_guard.h"
 #include "adapters/pixels/exif_orientation.h"
+#include "platform/scope.h"
 #include "platform/waiting.h"
 
 // jerror.h makes an enumeration of the library's messages, and needs jpeglib.h before it.
@@ -21,7 +22,7 @@ constexpr std::int64_t kPixelPasses = 2'000'000'000;
 constexpr int kProfileMarker = JPEG_APP0 + 2;
 
 /// Owns the library's decompressor.
-class Decompressor {
+class Decompressor : NonCopyable {
 public:
     /// Reads the header after the object is constructed, so that the destructor runs after a failure.
     explicit Decompressor(std::FILE* jpeg) : Decompressor() {
@@ -31,8 +32,6 @@ public:
             jpeg_read_header(&info_, TRUE);
         });
     }
-    Decompressor(const Decompressor&) = delete;
-    Decompressor& operator=(const Decompressor&) = delete;
     ~Decompressor() { jpeg_destroy_decompress(&info_); }
 
     const jpeg_decompress_struct& info() const { return info_; }

@@ -8,6 +8,7 @@
 
 #include "adapters/jpeg/jpeg_guard.h"
 #include "adapters/pixels/quality_map.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 /// The library's compressor, writing to memory.
-class Compressor {
+class Compressor : NonCopyable {
 public:
     Compressor() {
         guard_.watch(reinterpret_cast<j_common_ptr>(&info_));
@@ -24,8 +25,6 @@ public:
             jpeg_mem_dest(&info_, &bytes_, &size_);
         });
     }
-    Compressor(const Compressor&) = delete;
-    Compressor& operator=(const Compressor&) = delete;
     ~Compressor() {
         jpeg_destroy_compress(&info_);
         std::free(bytes_);

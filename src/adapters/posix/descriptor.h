@@ -4,10 +4,12 @@
 
 #include <utility>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// An open descriptor of the system, closed when it goes; -1 for none.
-class Descriptor {
+class Descriptor : NonCopyable {
 public:
     explicit Descriptor(int number = -1) : number_(number) {}
     Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
@@ -15,8 +17,6 @@ public:
         std::swap(number_, other.number_);
         return *this;
     }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() {
         if (number_ >= 0) {
             ::close(number_);

@@ -4,18 +4,18 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
+
 class QApplication;
 class QTranslator;
 
 namespace orv {
 
 /// The toolkit, set up identically on every machine. It does not receive the command line.
-class Application {
+class Application : NonCopyable {
 public:
     /// Ends the program with a message on the error output if there is no display.
     explicit Application(const char* programName);
-    Application(const Application&) = delete;
-    Application& operator=(const Application&) = delete;
     ~Application();
 
     /// Runs the event loop until the last form is unloaded.

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Marks an event loop that the system runs inside one of its own events: a notice, a modal form, a repaint. Unloaded
 /// forms may still have functions running below it and are kept until the last such loop has ended.
-class NestedEvents {
+class NestedEvents : NonCopyable {
 public:
     NestedEvents() { ++depth_; }
-    NestedEvents(const NestedEvents&) = delete;
-    NestedEvents& operator=(const NestedEvents&) = delete;
     ~NestedEvents() { --depth_; }
     static bool running() { return depth_ > 0; }
 

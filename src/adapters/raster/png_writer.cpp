@@ -6,6 +6,7 @@
 #include <array>
 
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 using Written = std::vector<std::uint8_t>;
 
 /// The library's writer. An error returns by a long jump, so each step has only plain values.
-class Writer {
+class Writer : NonCopyable {
 public:
     Writer() : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr)) {
         info_ = png_ == nullptr ? nullptr : png_create_info_struct(png_);
@@ -23,8 +24,6 @@ public:
         }
         png_set_write_fn(png_, &written_, append, nullptr);
     }
-    Writer(const Writer&) = delete;
-    Writer& operator=(const Writer&) = delete;
     ~Writer() { png_destroy_write_struct(&png_, &info_); }
 
     template <typename Step>

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/utf8.h"
 
 namespace orv {
@@ -36,7 +37,7 @@ void appendCode(std::string& bytes, unsigned code) {
 }
 
 /// One direction of the C library's conversion.
-class Conversion {
+class Conversion : NonCopyable {
 public:
     Conversion(const char* to, const char* from) : handle_(iconv_open(to, from)) {
         // The C library returns the number -1 for an invalid handle.
@@ -44,8 +45,6 @@ public:
             throw RunTimeError(Failure::Internal, "文字コード CP932 の変換表がありません。");
         }
     }
-    Conversion(const Conversion&) = delete;
-    Conversion& operator=(const Conversion&) = delete;
     ~Conversion() { iconv_close(handle_); }
 
     /// Converts from the start as far as the C library knows the characters. The result is valid until the next call.

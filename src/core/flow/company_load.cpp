@@ -166,10 +166,9 @@ void bas_Main_Companydata::releaseAfterFailedStart(const std::string& userId) {
     if (gLockTakenOver) {
         return;
     }
-    const FailureRecord failure{gErrMsg, gErrCode};
+    const PairKeeper firstFailure;
     StoreSession session;
     static_cast<void>(session.openFresh() && PF_DataUnlock(userId, kLockType, kLockNumber));
-    static_cast<void>(failFrom(failure));  // the caller reports the first failure
 }
 
 bool bas_Main_Companydata::PF_SetCompanyDataStructureChng(const std::string& userId) {

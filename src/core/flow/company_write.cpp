@@ -73,7 +73,7 @@ bool bas_Main_Companydata::PF_SetCompanyDataSave(const std::string& targetId) {
         return true;
     }
     if (!transaction.rollback()) {
-        static_cast<void>(failFrom(services().db->DbError()));  // replaces the earlier failure
+        setPair(services().db->DbError());
     }
     logPair();
     logError("SQL", sql);

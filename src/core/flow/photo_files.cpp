@@ -175,7 +175,7 @@ void takeWorkingCopy(const PhotoSlot& slot) {
     }
 }
 
-void workingCopiesAgain() {
+void renewWorkingCopies() {
     for (const PhotoSlot& slot : kPhotoSlots) {
         if (namesStored(slot)) {
             copyOut(slot, storedPath(slot));
@@ -183,7 +183,7 @@ void workingCopiesAgain() {
     }
 }
 
-void pathsAgainWhateverHappens() {
+void restoreWorkingPaths() {
     for (const PhotoSlot& slot : kPhotoSlots) {
         if (namesStored(slot)) {
             // Without its folder the field keeps the stored name, which the next save understands.

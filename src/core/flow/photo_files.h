@@ -27,11 +27,11 @@ inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
 void takeWorkingCopy(const PhotoSlot& slot);
 
 /// Called during a save. Replaces each stored name in a field with the path of a new working copy.
-void workingCopiesAgain();
+void renewWorkingCopies();
 
-/// Like `workingCopiesAgain`, but handles each photo separately and never throws. Called at the end of every save. If a
+/// Like `renewWorkingCopies`, but handles each photo separately and never throws. Called at the end of every save. If a
 /// photo cannot be copied, its field becomes the path of the stored file, which the next save keeps.
-void pathsAgainWhateverHappens();
+void restoreWorkingPaths();
 
 inline namespace bas_Main_Companydata {
 

@@ -14,9 +14,10 @@
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "pages/forms/master_lists.h"
-#include "platform/forms/disabled_form.h"
+#include "platform/forms/busy_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/forms/working.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
 #include "platform/utf8.h"
@@ -46,20 +47,10 @@ struct SaveRun {
 
 bool isNew() { return tCustomerInfo.USER_ID == kNewCompany; }
 
-/// Gives the photo fields their working paths again when the save ends after photos were moved. A failure while doing
-/// so does not replace the first failure.
-class PhotosPlaced {
-public:
-    PhotosPlaced() = default;
-    PhotosPlaced(const PhotosPlaced&) = delete;
-    PhotosPlaced& operator=(const PhotosPlaced&) = delete;
-    ~PhotosPlaced() { pathsAgainWhateverHappens(); }
-};
-
 void prepareSending(SaveRun& run) {
     run.service->SendPrepare(run.prepared);
     if (!run.prepared) {
-        static_cast<void>(failFrom(run.service->SendError()));  // the save continues without sending
+        setPair(run.service->SendError());  // the save continues without sending
     }
 }
 
@@ -101,7 +92,7 @@ bool send(SaveRun& run) {
         sendCompany(run);
     }
     services().windows->working(kSaving);
-    workingCopiesAgain();
+    renewWorkingCopies();
     run.target = targetOf(run);
     return run.sent || failFrom(run.service->SendError());
 }
@@ -137,7 +128,7 @@ bool writeAnswer(SaveRun& run) {
     if (!PF_SaveCompanyDataOther() || !PF_SetCompanyDataSave(run.target)) {
         return false;
     }
-    workingCopiesAgain();
+    renewWorkingCopies();
     gSaved = true;
     PageForm::unsaved = false;
     return true;
@@ -151,7 +142,7 @@ bool writeAndSend(SaveRun& run) {
     if (isNew()) {
         tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
     }
-    const PhotosPlaced placed;
+    const ScopeExit workingPaths(restoreWorkingPaths);
     return PF_SaveCompanyDataOther() && PF_SetCompanyDataSave(tCustomerInfo.USER_ID) && send(run) && writeAnswer(run);
 }
 
@@ -177,10 +168,9 @@ bool save(PageForm& form, SaveRun& run, StoreSession& session) {
 /// Reads the list of companies again. On failure the list holds at least the current company and the entry for a new
 /// one. The pair keeps the result of the save.
 void refreshCompanies(ComboBox& combo) {
-    const FailureRecord told{gErrMsg, gErrCode};
+    const PairKeeper resultOfTheSave;
     const std::string current = tCustomerInfo.USER_ID;
     const bool filled = fillCompanies(combo);
-    static_cast<void>(failFrom(told));
     if (!filled) {
         combo.clear();
         combo.addItem(current);
@@ -201,7 +191,7 @@ bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     if (!form.ready) {
         return failFrom(form.failure);
     }
-    DisabledForm disabled(form);
+    BusyForm disabled(form);
     services().forms->setPointer(kPointerHourglass);
     SaveRun run;
     StoreSession session;

@@ -84,7 +84,7 @@ void backToCaller() {
 void bas_Main_Companydata::Main() {
     const std::string& tail = services().commandTail;
     if (trimmed(tail).empty()) {
-        static_cast<void>(fail("会社情報起動引数が取得できませんでした。", "EUSR7897"));
+        setPair({"会社情報起動引数が取得できませんでした。", "EUSR7897"});
         tellPair();
         return;
     }

@@ -1,13 +1,17 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "core/record/company_record.h"
 #include "core/record/transmit_info.h"
+#include "platform/machine/transmit_table.h"
 #include "platform/suite/db_service.h"
 
 namespace orv {
+
+class SettingsWatch;
 
 /// State that exists for the whole run. The given names below are references into this one object. Assigning a new
 /// object resets all of them; only a test fixture does that.
@@ -21,6 +25,9 @@ struct Context {
 
     ConnectionPtr gConn;
     RecordsetPtr gRs;
+
+    std::string gTransmitDatabase;
+    std::unique_ptr<TransmitWorkspace> gTransmitWorkspace;
 
     std::string gUserId;
     bool gMultiCompany = false;
@@ -40,6 +47,16 @@ struct Context {
     std::string gImgSrcWidthText;
     std::string gImgQualityText;
     bool gImgLoaded = false;
+
+    /// True while a log record is written. Reading the log's path can fail in a setting, which would log its failure in
+    /// turn.
+    bool writingLog = false;
+    /// True if the operator has already seen that records are kept elsewhere. It is shown once per run.
+    bool logRefusalShown = false;
+    /// Notices settings that cannot be read.
+    SettingsWatch* settingsWatch = nullptr;
+    /// The number of values that were not shown because the file of field names is missing.
+    unsigned valuesNotShown = 0;
 };
 
 inline Context theContext;
@@ -55,6 +72,11 @@ inline constinit std::string& gErrCode = theContext.gErrCode;
 /// The one connection and the one recordset, open only within an event.
 inline constinit ConnectionPtr& gConn = theContext.gConn;
 inline constinit RecordsetPtr& gRs = theContext.gRs;
+/// Path of the database with the transmission profiles. Only a program that uses the loader assigns it; this one does
+/// not.
+inline constinit std::string& gTransmitDatabase = theContext.gTransmitDatabase;
+/// The loader's workspace while it reads a profile.
+inline constinit std::unique_ptr<TransmitWorkspace>& gTransmitWorkspace = theContext.gTransmitWorkspace;
 /// The number from the arguments. After the load the current company is `USER_ID` of the record.
 inline constinit std::string& gUserId = theContext.gUserId;
 inline constinit bool& gMultiCompany = theContext.gMultiCompany;

@@ -17,9 +17,6 @@ namespace orv {
 inline namespace bas_FromCommon {
 namespace {
 
-/// The number of values that were not shown because the file of field names is missing.
-unsigned keptBack = 0;
-
 /// False also if the file cannot be checked.
 bool fieldNamesInPlace() {
     bool inPlace = false;
@@ -100,7 +97,7 @@ void enableField(Field& input, bool enable, std::optional<Colour> colour) {
 
 bool PF_SetControlValue(Control& control, const std::string& value) {
     if (!fieldNamesInPlace()) {
-        ++keptBack;
+        ++theContext.valuesNotShown;
         return true;
     }
     if (!takesValue(control.kind())) {
@@ -118,11 +115,11 @@ bool PF_SetControlValue(Control& control, const std::string& value) {
 }
 
 bool withFieldNames(const std::function<bool()>& body) {
-    const unsigned before = keptBack;
+    const unsigned before = theContext.valuesNotShown;
     if (!body()) {
         return false;
     }
-    if (keptBack != before) {
+    if (theContext.valuesNotShown != before) {
         throw RunTimeError(Failure::FileNotFound, "項目名ファイル「" + com().HlpFile() +
                                                       "」が見つからないか読めないため、会社情報を表示できません。"
                                                       "ファイルを元に戻してから、画面を開き直してください。");

@@ -78,7 +78,7 @@ bool PF_MakeComboBox(ComboBox& combo, const std::string& code, bool addBlank, st
     Rows rows(statementOf(kind, code));
     const bool result = trapped("", [&] { return takeRows(combo, rows, addBlank, kind); });
     if (!rows.close()) {
-        static_cast<void>(failFrom(services().db->DbError()));  // reported through the pair
+        setPair(services().db->DbError());
     }
     return result;
 }

@@ -87,15 +87,4 @@ struct PageForm : Form {
     // clang-format on
 };
 
-class CompanySetByCode {
-public:
-    explicit CompanySetByCode(PageForm& form) : form_(form) { form_.companySetByCode = true; }
-    CompanySetByCode(const CompanySetByCode&) = delete;
-    CompanySetByCode& operator=(const CompanySetByCode&) = delete;
-    ~CompanySetByCode() { form_.companySetByCode = false; }
-
-private:
-    PageForm& form_;
-};
-
 }  // namespace orv

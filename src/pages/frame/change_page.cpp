@@ -6,18 +6,11 @@
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 
 namespace orv {
 namespace {
-
-class Hourglass {
-public:
-    Hourglass() { services().forms->setPointer(kPointerHourglass); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-    ~Hourglass() { services().forms->setPointer(kPointerDefault); }
-};
 
 bool bringUp(PageForm& target, PageForm& current) {
     if (!PF_IsFormLoaded(target)) {
@@ -33,7 +26,8 @@ bool bringUp(PageForm& target, PageForm& current) {
 }  // namespace
 
 bool PF_Change_Frm_CompInp(std::int16_t target, PageForm& current) {
-    const Hourglass hourglass;
+    services().forms->setPointer(kPointerHourglass);
+    const ScopeExit pointerBack([] { services().forms->setPointer(kPointerDefault); });
     return trapped("[ PF_Change_Frm_CompInp ] ", [&] {
         const bool exists = target >= 0 && target < kPageCount;
         if (!PF_SetData_tCustomerInfo(current.name())) {

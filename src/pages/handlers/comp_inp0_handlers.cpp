@@ -15,6 +15,7 @@
 #include "pages/handlers/frame_handlers.h"
 #include "pages/handlers/sibling_search.h"
 #include "platform/forms/form_host.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "store/rows.h"
@@ -87,11 +88,9 @@ void hyphenate(TextInput& postCode, const char* label) {
 }
 
 /// Disables the button while its dialog is open, and always unloads the dialog.
-class PasswordDialog {
+class PasswordDialog : NonCopyable {
 public:
     explicit PasswordDialog(Button& opener) : opener_(opener) { opener_.setEnabled(false); }
-    PasswordDialog(const PasswordDialog&) = delete;
-    PasswordDialog& operator=(const PasswordDialog&) = delete;
     ~PasswordDialog() {
         services().forms->unload(dialog_, UnloadMode::Code);
         opener_.setEnabled(true);

@@ -13,7 +13,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
-#include "platform/forms/disabled_form.h"
+#include "platform/forms/busy_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/forms/working.h"
 #include "platform/machine/file_system.h"
@@ -47,7 +47,7 @@ bool fit(const std::string& file, ImageControl& image, std::string& work) {
 
 /// Disables the page while a picture is fitted, and releases the picture's pixels afterwards.
 bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
-    DisabledForm disabled(photos.page);
+    BusyForm disabled(photos.page);
     services().forms->setPointer(kPointerHourglass);
     const bool fine = fit(file, photos.work, work);
     if (!fine) {
@@ -134,7 +134,7 @@ void pickAndReport(const PhotoSlots& photos, std::size_t slot) {
         return;
     }
     if (failure && failure->number() == kCancelled) {
-        static_cast<void>(fail("画像選択はキャンセルされました。\r\n" + failure->description(), codeOf(*failure)));
+        setPair({"画像選択はキャンセルされました。\r\n" + failure->description(), codeOf(*failure)});
     } else if (!shownAsMessage()) {
         showPlainBox(failure);
     }

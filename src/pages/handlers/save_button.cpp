@@ -5,17 +5,10 @@
 #include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
-
-class Saving {
-public:
-    Saving() { gSaving = true; }
-    Saving(const Saving&) = delete;
-    Saving& operator=(const Saving&) = delete;
-    ~Saving() { gSaving = false; }
-};
 
 /// Does nothing if the save has moved to another page. If the company received its number, switches to it without
 /// asking.
@@ -28,7 +21,7 @@ void showCompany(PageForm& form, const std::string& userId) {
 }  // namespace
 
 void btm_Save_Click(PageForm& form) {
-    const Saving saving;
+    const FlagGuard saving(gSaving);
     handled("[ " + form.tag() + " btm_Save_Click ]", [&] {
         std::string userId;
         if (PF_SndCos(form, userId)) {
@@ -36,9 +29,9 @@ void btm_Save_Click(PageForm& form) {
             return true;
         }
         // Reports the save's own failure, even if the switch to the new number changes the pair.
-        const FailureRecord own{gErrMsg, gErrCode};
+        const PairKeeper own;
         static_cast<void>(caught([&] { showCompany(form, userId); }));
-        return failFrom(own);
+        return false;
     });
 }
 

@@ -7,7 +7,7 @@
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
 #include "platform/controls/input_rules.h"
-#include "platform/forms/disabled_form.h"
+#include "platform/forms/busy_form.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/sibling_desk.h"
 #include "platform/machine/window_system.h"
@@ -106,7 +106,7 @@ SiblingCalls callsOf(const std::shared_ptr<RunningSearch>& running) {
 }  // namespace
 
 void startSearch(Form& form, const SiblingSearch& search) {
-    DisabledForm disabled(form);
+    BusyForm disabled(form);
     const auto running = std::make_shared<RunningSearch>(form, search);
     const auto failure =
         caught([&] { services().siblings->start(search.program + " " + parameters(search), callsOf(running)); });

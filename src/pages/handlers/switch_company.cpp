@@ -10,6 +10,7 @@
 #include "logging/trap.h"
 #include "pages/frame/page_lists.h"
 #include "pages/frame/page_start.h"
+#include "platform/scope.h"
 #include "store/company_claim.h"
 #include "store/data_lock.h"
 #include "store/store_session.h"
@@ -20,7 +21,7 @@ namespace {
 /// Selects the current company in the list, or nothing if the list does not contain it. Any other selection would give
 /// the record the key of another company.
 void backToCurrent(PageForm& form) {
-    const CompanySetByCode byCode(form);
+    const FlagGuard byCode(form.companySetByCode);
     ComboBox& list = form.cbo_User_Id;
     if (caught([&] { list.setText(tCustomerInfo.USER_ID); })) {
         static_cast<void>(caught([&] { list.setListIndex(-1); }));  // failures cannot be reported here
@@ -103,26 +104,8 @@ bool loadAndShow(PageForm& form, const std::string& label, const std::string& wi
     return shown;
 }
 
-/// Restores the list unless the new company has been locked.
-class ListBack {
-public:
-    explicit ListBack(PageForm& form) : form_(form) {}
-    ListBack(const ListBack&) = delete;
-    ListBack& operator=(const ListBack&) = delete;
-    ~ListBack() {
-        if (armed_) {
-            backToCurrent(form_);
-        }
-    }
-    void letStand() { armed_ = false; }
-
-private:
-    PageForm& form_;
-    bool armed_ = true;
-};
-
 bool switchTo(PageForm& form, const std::string& label, const std::string& wish, StoreSession& session) {
-    ListBack list(form);
+    ScopeExit listBack([&] { backToCurrent(form); });
     if (staysByAnswer(wish)) {
         return true;
     }
@@ -134,7 +117,7 @@ bool switchTo(PageForm& form, const std::string& label, const std::string& wish,
     if (moved != Moved::Yes) {
         return moved == Moved::Refused;
     }
-    list.letStand();
+    listBack.disarm();
     return loadAndShow(form, label, wish);
 }
 

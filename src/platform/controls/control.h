@@ -10,6 +10,7 @@
 
 #include "platform/controls/event.h"
 #include "platform/design.h"
+#include "platform/scope.h"
 
 namespace orv {
 
@@ -25,13 +26,8 @@ inline constexpr int kKeyF1 = 112;
 class Control;
 
 /// The services of a form that its controls use.
-class ControlOwner {
+class ControlOwner : public Interface {
 public:
-    ControlOwner() = default;
-    ControlOwner(const ControlOwner&) = delete;
-    ControlOwner& operator=(const ControlOwner&) = delete;
-    virtual ~ControlOwner() = default;
-
     virtual void adopt(Control& control) = 0;
     /// Focuses the control. On a disabled form this happens when the form is enabled again.
     virtual void giveFocus(Control& control) = 0;
@@ -44,11 +40,9 @@ public:
 
 /// The base of every control on a form: state that the system reads and writes, and events. It draws nothing. A view
 /// registers with `observe`, shows the state, and writes input back with the `typed...` functions.
-class Control {
+class Control : NonCopyable {
 public:
     Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind);
-    Control(const Control&) = delete;
-    Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
 
     const std::string& name() const { return name_; }

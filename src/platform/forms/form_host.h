@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/forms/form.h"
+#include "platform/scope.h"
 
 namespace orv {
 
@@ -12,11 +13,8 @@ inline constexpr int kPointerHourglass = 11;
 
 /// Loads, shows and unloads forms, and keeps the loaded forms in the order of loading. The window system provides the
 /// windows.
-class FormHost {
+class FormHost : NonCopyable {
 public:
-    FormHost() = default;
-    FormHost(const FormHost&) = delete;
-    FormHost& operator=(const FormHost&) = delete;
     ~FormHost() = default;
 
     /// Creates the hidden window and raises load. Does nothing if the form is loaded.

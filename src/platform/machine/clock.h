@@ -1,16 +1,12 @@
 #pragma once
 
+#include "platform/scope.h"
 #include "platform/value.h"
 
 namespace orv {
 
-class Clock {
+class Clock : public Interface {
 public:
-    Clock() = default;
-    Clock(const Clock&) = delete;
-    Clock& operator=(const Clock&) = delete;
-    virtual ~Clock() = default;
-
     /// Returns the local date and time.
     virtual DateTime now() const = 0;
 };

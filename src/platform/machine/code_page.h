@@ -2,16 +2,13 @@
 
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Converts between UTF-8, used inside the program, and the system code page, CP932 as in Windows.
-class CodePage {
+class CodePage : public Interface {
 public:
-    CodePage() = default;
-    CodePage(const CodePage&) = delete;
-    CodePage& operator=(const CodePage&) = delete;
-    virtual ~CodePage() = default;
-
     /// Converts UTF-8 to bytes. A character outside the code page, or a byte that is not UTF-8, becomes one "?".
     virtual std::string encode(const std::string& text) const = 0;
     /// Converts bytes to UTF-8 and never fails. A byte that does not begin a character becomes U+30FB.

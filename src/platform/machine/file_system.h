@@ -6,6 +6,8 @@
 #include <span>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 struct CloseStream {
@@ -15,13 +17,8 @@ using FileStream = std::unique_ptr<std::FILE, CloseStream>;
 
 /// Accesses files by the system's own paths: drive letter, backslashes, case-insensitive names. A failure throws a
 /// RunTimeError (53, 57, 61, 70, 75, 76) and leaves the target unchanged.
-class FileSystem {
+class FileSystem : public Interface {
 public:
-    FileSystem() = default;
-    FileSystem(const FileSystem&) = delete;
-    FileSystem& operator=(const FileSystem&) = delete;
-    virtual ~FileSystem() = default;
-
     /// True for a file, including hidden, system and read-only ones; false for a folder. Throws if it cannot be
     /// determined (no rights, I/O error), so that callers do not mistake it for a missing file.
     virtual bool exists(const std::string& path) const = 0;

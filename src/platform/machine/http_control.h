@@ -4,16 +4,13 @@
 #include <optional>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// The HTTP client control of the upload form. Handles one request at a time.
-class HttpControl {
+class HttpControl : public Interface {
 public:
-    HttpControl() = default;
-    HttpControl(const HttpControl&) = delete;
-    HttpControl& operator=(const HttpControl&) = delete;
-    virtual ~HttpControl() = default;
-
     /// Returns 0 when idle.
     virtual std::int32_t State() const = 0;
     /// In milliseconds. 0 or less waits without limit.

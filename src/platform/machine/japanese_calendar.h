@@ -3,18 +3,14 @@
 #include <optional>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/value.h"
 
 namespace orv {
 
 /// Interprets written dates.
-class JapaneseCalendar {
+class JapaneseCalendar : public Interface {
 public:
-    JapaneseCalendar() = default;
-    JapaneseCalendar(const JapaneseCalendar&) = delete;
-    JapaneseCalendar& operator=(const JapaneseCalendar&) = delete;
-    virtual ~JapaneseCalendar() = default;
-
     /// Returns the Western date of "平成15年04月01日" or, without an era, "2003年04月01日". Returns nothing if the text
     /// is not a date.
     virtual std::optional<DateTime> dateOf(const std::string& text) const = 0;

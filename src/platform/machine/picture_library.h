@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Data from the header of a picture file, with the picture upright.
@@ -29,13 +31,8 @@ struct PictureSize {
 };
 
 /// One loaded picture. It no longer needs its file.
-class Picture {
+class Picture : public Interface {
 public:
-    Picture() = default;
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-    virtual ~Picture() = default;
-
     virtual int width() const = 0;
     virtual int height() const = 0;
     /// Returns the whole picture at that size, which is at most its own.
@@ -50,13 +47,8 @@ public:
 
 /// Reads pictures by their content, whatever the file name. An incomplete picture, or one with more than 100 million
 /// pixels, is a RunTimeError with a Japanese text.
-class PictureLibrary {
+class PictureLibrary : public Interface {
 public:
-    PictureLibrary() = default;
-    PictureLibrary(const PictureLibrary&) = delete;
-    PictureLibrary& operator=(const PictureLibrary&) = delete;
-    virtual ~PictureLibrary() = default;
-
     /// Reads only the header.
     virtual PictureInfo info(const std::string& path) const = 0;
     /// `within` promises that the picture will not be shown or saved larger than this size. A larger picture can then

@@ -2,16 +2,13 @@
 
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Starts another program of the suite.
-class ProgramStarter {
+class ProgramStarter : public Interface {
 public:
-    ProgramStarter() = default;
-    ProgramStarter(const ProgramStarter&) = delete;
-    ProgramStarter& operator=(const ProgramStarter&) = delete;
-    virtual ~ProgramStarter() = default;
-
     /// Runs a command line with a normal window and does not wait. Failure 53 if the program cannot be started.
     virtual void start(const std::string& commandLine) = 0;
 };

@@ -3,16 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// The registry. Results are codes that callers compare, 0 for success. A handle of 0 is none.
-class Registry {
+class Registry : public Interface {
 public:
-    Registry() = default;
-    Registry(const Registry&) = delete;
-    Registry& operator=(const Registry&) = delete;
-    virtual ~Registry() = default;
-
     using Handle = std::int32_t;
 
     virtual std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) = 0;

@@ -2,16 +2,13 @@
 
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// The runs of this program on this computer. Each run reserves names for its work; no two hold the same name.
-class RunningPrograms {
+class RunningPrograms : public Interface {
 public:
-    RunningPrograms() = default;
-    RunningPrograms(const RunningPrograms&) = delete;
-    RunningPrograms& operator=(const RunningPrograms&) = delete;
-    virtual ~RunningPrograms() = default;
-
     /// False if another run holds the name; its window then comes to the front. A run that has ended holds no names.
     [[nodiscard]] virtual bool take(const std::string& name) = 0;
     virtual void leave(const std::string& name) = 0;

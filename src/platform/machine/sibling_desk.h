@@ -4,6 +4,8 @@
 #include <functional>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Receives the messages of a sibling program, called from the event loop.
@@ -17,13 +19,8 @@ struct SiblingCalls {
 };
 
 /// Starts programs of the suite that work for a page and send their results to its controls.
-class SiblingDesk {
+class SiblingDesk : public Interface {
 public:
-    SiblingDesk() = default;
-    SiblingDesk(const SiblingDesk&) = delete;
-    SiblingDesk& operator=(const SiblingDesk&) = delete;
-    virtual ~SiblingDesk() = default;
-
     /// Runs a command line with a normal window and does not wait. Accepts messages from this program only, until it
     /// ends or is dismissed. Failure 53 if it cannot be started; no call follows then.
     virtual void start(const std::string& commandLine, SiblingCalls calls) = 0;

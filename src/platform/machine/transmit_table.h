@@ -4,18 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/value.h"
 
 namespace orv {
 
 /// A table-type recordset. Rows are found by key through an index.
-class TransmitRecordset {
+class TransmitRecordset : public Interface {
 public:
-    TransmitRecordset() = default;
-    TransmitRecordset(const TransmitRecordset&) = delete;
-    TransmitRecordset& operator=(const TransmitRecordset&) = delete;
-    virtual ~TransmitRecordset() = default;
-
     virtual void Index(const std::string& name) = 0;
     /// Moves to the row whose key matches `keys` under the comparison ("=").
     virtual void Seek(const std::string& comparison, const Values& keys) = 0;
@@ -25,25 +21,15 @@ public:
     virtual void Close() = 0;
 };
 
-class TransmitDatabase {
+class TransmitDatabase : public Interface {
 public:
-    TransmitDatabase() = default;
-    TransmitDatabase(const TransmitDatabase&) = delete;
-    TransmitDatabase& operator=(const TransmitDatabase&) = delete;
-    virtual ~TransmitDatabase() = default;
-
     /// `type` 1 is a table.
     virtual std::unique_ptr<TransmitRecordset> OpenRecordset(const std::string& table, std::int32_t type) = 0;
     virtual void Close() = 0;
 };
 
-class TransmitWorkspace {
+class TransmitWorkspace : public Interface {
 public:
-    TransmitWorkspace() = default;
-    TransmitWorkspace(const TransmitWorkspace&) = delete;
-    TransmitWorkspace& operator=(const TransmitWorkspace&) = delete;
-    virtual ~TransmitWorkspace() = default;
-
     virtual std::unique_ptr<TransmitDatabase> OpenDatabase(const std::string& path, bool exclusive, bool readOnly,
                                                            const std::string& connect) = 0;
     virtual void Close() = 0;
@@ -51,13 +37,8 @@ public:
 
 /// The second database engine, used only for transmission profiles. Every failure is a RunTimeError. Destructors close
 /// everything that is still open.
-class TransmitEngine {
+class TransmitEngine : public Interface {
 public:
-    TransmitEngine() = default;
-    TransmitEngine(const TransmitEngine&) = delete;
-    TransmitEngine& operator=(const TransmitEngine&) = delete;
-    virtual ~TransmitEngine() = default;
-
     virtual std::unique_ptr<TransmitWorkspace> CreateWorkspace(const std::string& name, const std::string& user,
                                                                const std::string& password, std::int32_t type) = 0;
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/design.h"
+#include "platform/scope.h"
 
 namespace orv {
 
@@ -33,13 +34,8 @@ struct FileQuestion {
 };
 
 /// Everything that needs a screen. A window that cannot be shown is a RunTimeError.
-class WindowSystem {
+class WindowSystem : public Interface {
 public:
-    WindowSystem() = default;
-    WindowSystem(const WindowSystem&) = delete;
-    WindowSystem& operator=(const WindowSystem&) = delete;
-    virtual ~WindowSystem() = default;
-
     /// Creates the form's hidden window. Called once per load.
     virtual void open(Form& form) = 0;
     virtual void show(Form& form) = 0;

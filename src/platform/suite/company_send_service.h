@@ -2,18 +2,14 @@
 
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
 
 /// Sends one company to the suite's server. Create one object for each save.
-class CompanySendService {
+class CompanySendService : public Interface {
 public:
-    CompanySendService() = default;
-    CompanySendService(const CompanySendService&) = delete;
-    CompanySendService& operator=(const CompanySendService&) = delete;
-    virtual ~CompanySendService() = default;
-
     virtual FailureRecord SendError() const = 0;
     /// Checks that the settings exist and that the service answers.
     virtual void SendPrepare(bool& ok) = 0;

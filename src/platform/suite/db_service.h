@@ -4,28 +4,20 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 #include "platform/value.h"
 
 namespace orv {
 
 /// An open database with contents private to the service. Its destructor rolls back and closes.
-class Connection {
+class Connection : public Interface {
 public:
-    Connection() = default;
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-    virtual ~Connection() = default;
 };
 
 /// The rows of one select, in order. Reading without a current row, or by an unknown name, throws a RunTimeError.
-class Recordset {
+class Recordset : public Interface {
 public:
-    Recordset() = default;
-    Recordset(const Recordset&) = delete;
-    Recordset& operator=(const Recordset&) = delete;
-    virtual ~Recordset() = default;
-
     /// Returns the exact number of rows.
     virtual std::int32_t RecordCount() const = 0;
     /// True after the last row, and at once if there are no rows.
@@ -45,13 +37,8 @@ using RecordsetPtr = std::unique_ptr<Recordset>;
 
 /// The suite's interface to a database file. Operations report through `ok` (or negative rows) and never throw.
 /// `DbError` says why the last one failed.
-class DbService {
+class DbService : public Interface {
 public:
-    DbService() = default;
-    DbService(const DbService&) = delete;
-    DbService& operator=(const DbService&) = delete;
-    virtual ~DbService() = default;
-
     virtual FailureRecord DbError() const = 0;
     /// Clears the last failure.
     virtual void DbReset() = 0;

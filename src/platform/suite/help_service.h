@@ -2,17 +2,13 @@
 
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
 
-class HelpService {
+class HelpService : public Interface {
 public:
-    HelpService() = default;
-    HelpService(const HelpService&) = delete;
-    HelpService& operator=(const HelpService&) = delete;
-    virtual ~HelpService() = default;
-
     virtual FailureRecord ErrorInfo() const = 0;
     /// Shows the explanation of the control. False if nothing could be shown.
     virtual bool ShowHelp(const std::string& controlName, const std::string& group) = 0;

@@ -3,19 +3,15 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 #include "platform/value.h"
 
 namespace orv {
 
 /// Shows the suite's messages by id. Returns after the operator has closed the dialog.
-class MessageService {
+class MessageService : public Interface {
 public:
-    MessageService() = default;
-    MessageService(const MessageService&) = delete;
-    MessageService& operator=(const MessageService&) = delete;
-    virtual ~MessageService() = default;
-
     virtual FailureRecord ErrorInfo() const = 0;
     /// Returns the answer to the last message. 1 keeps the present state; any other value continues the action.
     virtual std::int32_t LastAnswer() const = 0;

@@ -2,18 +2,14 @@
 
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
 
 /// Defines which texts the store and the protocol accept.
-class StringCheckService {
+class StringCheckService : public Interface {
 public:
-    StringCheckService() = default;
-    StringCheckService(const StringCheckService&) = delete;
-    StringCheckService& operator=(const StringCheckService&) = delete;
-    virtual ~StringCheckService() = default;
-
     /// Returns the last rejection: a Japanese text for the operator and a code.
     virtual FailureRecord ErrorInfo() const = 0;
     virtual void ClearError() = 0;

@@ -3,18 +3,14 @@
 #include <array>
 #include <string>
 
+#include "platform/scope.h"
 #include "platform/suite/failure_record.h"
 
 namespace orv {
 
 /// Measures the computer. Operations report through `ok`; `SysError` says why one failed.
-class SysInfoService {
+class SysInfoService : public Interface {
 public:
-    SysInfoService() = default;
-    SysInfoService(const SysInfoService&) = delete;
-    SysInfoService& operator=(const SysInfoService&) = delete;
-    virtual ~SysInfoService() = default;
-
     virtual FailureRecord SysError() const = 0;
     /// `facts` receives OS name, major version, minor version, build and service-pack text.
     virtual void SysGetOsInfo(std::array<std::string, 5>& facts, bool& ok) = 0;

@@ -80,7 +80,7 @@ TEST_F(PictureFilesTest, LaysTransparentPlacesOnWhite) {
 TEST_F(PictureFilesTest, LetsTheWindowsBePaintedWhileItWorks) {
     const auto painted = [](const std::function<void()>& work) {
         bool done = false;
-        setWhileWaiting([&] { done = true; });
+        setWhileWaiting([&] { done = true; }, {});
         work();
         setWhileWaiting({});
         return done;

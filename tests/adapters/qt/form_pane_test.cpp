@@ -6,7 +6,7 @@
 
 #include "adapters/qt/qt_test.h"
 #include "adapters/qt/text_lines.h"
-#include "platform/forms/disabled_form.h"
+#include "platform/forms/busy_form.h"
 #include "platform/waiting.h"
 
 namespace orv {
@@ -132,7 +132,7 @@ TEST_F(FormPaneTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
     show(page);
     bool handled = false;
     {
-        const DisabledForm disabled(page);
+        const BusyForm disabled(page);
         QTimer::singleShot(0, qApp, [&] { handled = true; });
     }
     EXPECT_TRUE(page.enabled());

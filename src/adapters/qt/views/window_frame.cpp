@@ -15,6 +15,8 @@
 #include <thread>
 #include <vector>
 
+#include "platform/scope.h"
+
 namespace orv {
 namespace {
 
@@ -34,7 +36,7 @@ struct Free {
 };
 
 /// Asks the window manager for the frame of a window that is never shown.
-class FrameQuestion {
+class FrameQuestion : NonCopyable {
 public:
     FrameQuestion(xcb_connection_t* display, Sizing sizing)
         : display_(display),
@@ -46,8 +48,6 @@ public:
             setProperty(XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, kOnePixel);
         }
     }
-    FrameQuestion(const FrameQuestion&) = delete;
-    FrameQuestion& operator=(const FrameQuestion&) = delete;
     ~FrameQuestion() { xcb_destroy_window(display_, window_); }
 
     std::optional<QMargins> answer() const {

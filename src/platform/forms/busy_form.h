@@ -1,17 +1,16 @@
 #pragma once
 
 #include "platform/forms/form.h"
+#include "platform/scope.h"
 
 namespace orv {
 
 /// Disables a form during a piece of work, which ends with `enable` or `leaveDisabled`. If a failure leaves the scope
 /// before, the form is enabled too, but no event is handled at that point.
-class DisabledForm {
+class BusyForm : NonCopyable {
 public:
-    explicit DisabledForm(Form& form) : form_(form) { form_.setEnabled(false); }
-    DisabledForm(const DisabledForm&) = delete;
-    DisabledForm& operator=(const DisabledForm&) = delete;
-    ~DisabledForm() {
+    explicit BusyForm(Form& form) : form_(form) { form_.setEnabled(false); }
+    ~BusyForm() {
         if (!ended_) {
             form_.enableLater();
         }
