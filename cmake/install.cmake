@@ -12,7 +12,7 @@ set(explicit FILE_PERMISSIONS ${readable} DIRECTORY_PERMISSIONS ${enterable})
 # New parent folders would get the umask's permissions; existing ones keep theirs.
 install(CODE "
 foreach(folder ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_MANDIR} ${CMAKE_INSTALL_MANDIR}/man1
-               ${CMAKE_INSTALL_DATADIR}/orv ${office})
+               lib lib/systemd lib/systemd/system ${CMAKE_INSTALL_DATADIR}/orv ${office})
   set(place \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/\${folder}\")
   if(NOT EXISTS \"\${place}\")
     file(MAKE_DIRECTORY \"\${place}\")
@@ -20,6 +20,7 @@ foreach(folder ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_
   endif()
 endforeach()")
 install(TARGETS store_tool)
+install(FILES packaging/orv-nightly@.service packaging/orv-nightly@.timer DESTINATION lib/systemd/system)
 install(FILES docs/orv_store.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(DIRECTORY sample/sql DESTINATION ${CMAKE_INSTALL_DATADIR}/orv ${explicit}
         FILES_MATCHING PATTERN *.sql PATTERN companies.sql EXCLUDE PATTERN locks.sql EXCLUDE)

@@ -1,6 +1,3 @@
-#include <cstdio>
-#include <ctime>
-
 #include "adapters/sqlite/sqlite_files.h"
 #include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
@@ -81,9 +78,7 @@ bool isDefinedAsInSchema(const StoreObject& object) {
 class Check {
 public:
     Check(StoreConnection& store, const std::string& path) : store_(store), path_(path) {
-        report_.facts = {{"tables", nlohmann::ordered_json::object()},
-                         {"findings", nlohmann::ordered_json::array()},
-                         {"locks", nlohmann::ordered_json::array()}};
+        report_.facts = {{"tables", nlohmann::ordered_json::object()}, {"findings", nlohmann::ordered_json::array()}};
     }
 
     StoreReport run() {
@@ -103,7 +98,7 @@ public:
                 }
             });
         }
-        asked("locks", [&] { listLocks(); });
+        asked("locks", [&] { listLocks(store_, report_); });
         tellOpenRights(path_, !isEmbedded(path_),
                        [&](const std::string& path, const std::string& what) { found(path, what); });
         return std::move(report_);
@@ -146,35 +141,6 @@ private:
         const RecordsetPtr rows = store_.select("SELECT * FROM " + table, {});
         report_.facts["tables"][table] = rows->RecordCount();
         report_.say(table + ": " + std::to_string(rows->RecordCount()) + " rows");
-    }
-
-    void listLocks() {
-        const RecordsetPtr rows =
-            store_.select("SELECT USER_ID, LOCAL_INFO, INSERT_DATE FROM TBL_LOCK ORDER BY INSERT_DATE, USER_ID", {});
-        for (; !rows->Eof(); rows->MoveNext()) {
-            const std::string user = toText(rows->Fields(0));
-            const std::string computer = toText(rows->Fields(1));
-            const std::string since = rows->Fields(2).isNull() ? "" : toText(rows->Fields(2));
-            const std::string age = ageOf(since);
-            report_.facts["locks"].push_back(
-                {{"company", user}, {"computer", computer}, {"since", since}, {"hours", age}});
-            report_.say("lock: " + user + " by " + computer + " since " + since +
-                        (age.empty() ? "" : ", " + age + " hours"));
-        }
-    }
-
-    /// Returns the whole hours since a lock's time, in the local time that the terminals write, or "" if it is not a
-    /// time.
-    static std::string ageOf(const std::string& since) {
-        std::tm time{};
-        time.tm_isdst = -1;
-        if (std::sscanf(since.c_str(), "%4d/%2d/%2d %2d:%2d:%2d", &time.tm_year, &time.tm_mon, &time.tm_mday,
-                        &time.tm_hour, &time.tm_min, &time.tm_sec) != 6) {
-            return {};
-        }
-        time.tm_year -= 1900;
-        time.tm_mon -= 1;
-        return std::to_string(static_cast<long>(std::difftime(std::time(nullptr), std::mktime(&time)) / 3600));
     }
 
     StoreConnection& store_;

@@ -47,6 +47,8 @@ StoreReport backUpStore(const Options& options);
 StoreReport restoreStore(const Options& options);
 StoreReport copyStore(const Options& options);
 StoreReport importJet(const Options& options);
+StoreReport showStatus(const Options& options);
+StoreReport runNightly(const Options& options);
 
 /// Opens a store of either kind.
 std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access = StoreAccess::ReadWrite);
@@ -55,6 +57,9 @@ bool stands(const std::string& path);
 
 /// Returns the number of rows.
 std::int64_t count(StoreConnection& store, const std::string& table);
+
+/// Adds the locks to the report, each with its computer, its time and its age in hours.
+void listLocks(StoreConnection& store, StoreReport& report);
 
 /// Fails if an existing target contains companies and `replace` is not set.
 void requireMayFill(const std::string& target, const Options& options);

@@ -1,11 +1,15 @@
 #include <sys/prctl.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <iostream>
+#include <string_view>
+#include <vector>
 
 #include "adapters/store/store_failure.h"
 #include "keeper.h"
+#include "version.h"
 
 namespace {
 
@@ -15,48 +19,97 @@ constexpr const char* kFooter =
     "STORE is the office's ORVESTATE.MDB: the database itself, or the text that names its server.\n"
     "Exit status: 0 done, nothing found; 1 something found, or not confirmed; 2 wrong use; 3 failed, nothing changed.";
 
+struct Argument {
+    const char* name = nullptr;
+    const char* text = nullptr;
+    bool isOptional = false;
+};
+
+constexpr Argument kStore = {"STORE", "the office's store"};
+
 struct Command {
     const char* name;
     const char* text;
-    const char* other;  // the name of the second argument; nullptr: none
-    const char* otherText;
+    Argument store;
+    Argument other;
     StoreReport (*run)(const Options& options);
-    bool asks;
-    bool replaces;
-    bool isImport = false;  // `path` is another program's file, and the store is optional
+    std::vector<const char*> flags;  // in addition to --json
 };
 
-constexpr auto kCommands = std::to_array<Command>({
-    {"create", "Create a store with its tables and master lists", nullptr, nullptr, createStore, false, false},
-    {"check", "Check for damage, missing rows, orphans and unknown words; list the locks", nullptr, nullptr, checkStore,
-     false, false},
-    {"unlock", "Free the companies that a computer holds", "COMPUTER", "its name, as check shows it", unlockStore, true,
-     false},
-    {"backup", "Write a snapshot of the store to a new file", "FILE", "the file to create", backUpStore, false, false},
-    {"restore", "Replace the content of the store by a backup", "FILE", "the backup", restoreStore, true, false},
-    {"copy", "Copy the office's tables to another store of either kind", "TARGET", "the store to fill", copyStore,
-     false, true},
-    {"import", "Import an older install's Jet file; without TARGET, only check it", "TARGET", "the store to fill",
-     importJet, false, true, true},
+const auto kCommands = std::to_array<Command>({
+    {"create", "Create a store with its tables and master lists", kStore, {}, createStore, {}},
+    {"check", "Check for damage, missing rows, orphans and unknown words; list the locks", kStore, {}, checkStore, {}},
+    {"status",
+     "Show version, kind, size, companies, locks and last backup",
+     kStore,
+     {"FOLDER", "the nightly backups; without it BKUP of the office", true},
+     showStatus,
+     {}},
+    {"unlock",
+     "Free the companies that a computer holds",
+     kStore,
+     {"COMPUTER", "its name, as check shows it"},
+     unlockStore,
+     {"--yes"}},
+    {"backup", "Write a snapshot of the store to a new file", kStore, {"FILE", "the file to create"}, backUpStore, {}},
+    {"nightly",
+     "Back up the store, keep 7 daily and 4 weekly backups, and check it",
+     kStore,
+     {"FOLDER", "the folder of the backups; without it BKUP of the office", true},
+     runNightly,
+     {}},
+    {"restore",
+     "Replace the content of the store by a backup",
+     kStore,
+     {"FILE", "the backup"},
+     restoreStore,
+     {"--yes"}},
+    {"copy",
+     "Copy the office's tables to another store of either kind",
+     kStore,
+     {"TARGET", "the store to fill"},
+     copyStore,
+     {"--replace"}},
+    {"import",
+     "Import an older install's Jet file; without TARGET, only check it",
+     {"FILE", "the Jet file"},
+     {"TARGET", "the store to fill", true},
+     importJet,
+     {"--replace", "--salvage"}},
 });
+
+struct Flag {
+    const char* name;
+    const char* text;
+    bool Options::*value;
+};
+
+constexpr auto kFlags = std::to_array<Flag>({
+    {"--json", "print the report as JSON", &Options::json},
+    {"--yes", "do not ask for confirmation", &Options::yes},
+    {"--replace", "delete the companies that the target contains", &Options::replace},
+    {"--salvage", "import the readable part of a damaged file", &Options::salvage},
+});
+
+void add(CLI::App& app, const Argument& argument, std::string& value) {
+    if (argument.name != nullptr) {
+        app.add_option(argument.name, value, argument.text)->required(!argument.isOptional);
+    }
+}
+
+bool takes(const Command& command, const Flag& flag) {
+    return flag.value == &Options::json ||
+           std::ranges::any_of(command.flags, [&](std::string_view name) { return name == flag.name; });
+}
 
 void add(CLI::App& app, const Command& command, Options& options, const Command*& chosen) {
     CLI::App* sub = app.add_subcommand(command.name, command.text);
-    sub->add_option(command.isImport ? "FILE" : "STORE", options.store,
-                    command.isImport ? "the Jet file" : "the office's store")
-        ->required();
-    if (command.other != nullptr) {
-        sub->add_option(command.other, options.other, command.otherText)->required(!command.isImport);
-    }
-    sub->add_flag("--json", options.json, "print the report as JSON");
-    if (command.asks) {
-        sub->add_flag("--yes", options.yes, "do not ask for confirmation");
-    }
-    if (command.replaces) {
-        sub->add_flag("--replace", options.replace, "delete the companies that the target contains");
-    }
-    if (command.isImport) {
-        sub->add_flag("--salvage", options.salvage, "import the readable part of a damaged file");
+    add(*sub, command.store, options.store);
+    add(*sub, command.other, options.other);
+    for (const Flag& flag : kFlags) {
+        if (takes(command, flag)) {
+            sub->add_flag(flag.name, options.*flag.value, flag.text);
+        }
     }
     sub->callback([&chosen, &command] { chosen = &command; });
 }
@@ -95,6 +148,7 @@ int main(int argc, char* argv[]) {
     ::prctl(PR_SET_DUMPABLE, 0);  // the memory contains passwords
     CLI::App app("Maintains the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
+    app.set_version_flag("--version", "orv_store " + std::string(kVersion));
     app.require_subcommand(1);
     Options options;
     const Command* chosen = nullptr;

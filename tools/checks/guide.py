@@ -42,7 +42,7 @@ class Code:
         return keys | {prefix + "STARTPARA" for prefix in self.found(r'ORV_STARTPARA\("(\w+)"')}
 
     def store_names(self):
-        return self.listed(r'\{"(\w+)", "', "kCommands =") | self.listed(r'"(\w+)",', "kAllowed =")
+        return self.listed(r'\{"([a-z]+)",', "kCommands =") | self.listed(r'"(\w+)",', "kAllowed =")
 
     def codes(self):
         named = self.found(r'"([A-Z]{3,6}\d{2,5}|[A-Z]{5,6}:(?:\d\d)?)"')

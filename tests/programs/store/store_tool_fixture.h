@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
@@ -48,11 +49,13 @@ protected:
                                     folder.file(name) + "' " + option;
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
-    std::vector<std::string> names() const {
+    std::vector<std::string> names(const std::string& in = "") const {
         std::vector<std::string> all;
-        for (const auto& [name, bytes] : folder.contents()) {
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path() / in)) {
+            const std::string name = entry.path().filename();
             if (name != "in" && name != "out" && name != "err") all.push_back(name);
         }
+        std::sort(all.begin(), all.end());
         return all;
     }
     bool matches(const Outcome& run, const std::string& word) const {

@@ -12,7 +12,8 @@ TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
     }
     const Outcome help = tool("--help");
     EXPECT_EQ(help.ending, 0);
-    for (const char* command : {"create", "check", "unlock", "backup", "restore", "copy", "import"}) {
+    for (const char* command :
+         {"create", "check", "status", "unlock", "backup", "nightly", "restore", "copy", "import"}) {
         EXPECT_TRUE(matches(help, command)) << command;
         EXPECT_EQ(tool(std::string(command) + " --help").ending, 0);
     }
@@ -33,7 +34,8 @@ TEST_F(StoreTool, WhatIsNoStoreFailsInEveryCommandAndChangesNothing) {
         for (const std::string& arguments :
              {std::string("check ") + bad, std::string("unlock ") + bad + " PC --yes",
               std::string("backup ") + bad + " new", std::string("restore office ") + bad + " --yes",
-              std::string("copy ") + bad + " new", std::string("import ") + bad + " new"}) {
+              std::string("copy ") + bad + " new", std::string("import ") + bad + " new", std::string("status ") + bad,
+              std::string("nightly ") + bad + " ."}) {
             const Outcome run = tool(arguments, powerless);
             EXPECT_EQ(run.ending, 3) << arguments << run.out;
             EXPECT_TRUE(run.err.starts_with("orv_store: ")) << run.err;
@@ -155,6 +157,39 @@ TEST_F(StoreTool, ABackupBringsBackWhatWasThere) {
     std::filesystem::remove(office);
     EXPECT_EQ(tool("restore office served.bak").ending, 0);
     EXPECT_EQ(json("check office")["tables"], json("check served")["tables"]);
+}
+
+TEST_F(StoreTool, TheNightlyRunKeepsSevenDaysAndFourWeeksAndTheStatusShowsTheLast) {
+    onServer("nightly", "sample");
+    const std::vector<std::string> kept{
+        "orv-20200901-010000.mdb.old", "orv-20200928-010000.mdb", "orv-20200931-010000.mdb", "orv-20201005-010000.mdb",
+        "orv-20201012-010000.mdb",     "orv-20201019-010000.mdb", "orv-20201026-020000.mdb", "orv-20201027-020000.mdb",
+        "orv-20201028-020000.mdb",     "orv-20201029-020000.mdb", "orv-20201030-020000.mdb", "orv-20201031-020000.mdb"};
+    for (const std::string store : {"office", "nightly"}) {
+        const std::string backups = "of-" + store;
+        for (const std::string& name : kept) folder.write(backups + "/" + name, "");
+        for (int day = 0; day < 61; ++day) {
+            const std::string date = std::to_string(day < 30 ? 20200901 + day : 20201001 + day - 30);
+            for (const char* hour : {"01", "02"}) folder.write(backups + "/orv-" + date + "-" + hour + "0000.mdb", "");
+        }
+        EXPECT_EQ(tool("status " + store + " " + backups).ending, 1) << "no backup of the last days";
+        const auto run = json("nightly " + store + " " + backups);
+        std::vector<std::string> expected = kept;
+        expected.push_back(std::filesystem::path(run["backup"].get<std::string>()).filename());
+        EXPECT_EQ(names(backups), expected);
+        EXPECT_EQ(run["findings"], json("check " + store)["findings"]);
+        EXPECT_EQ(json("check " + run["backup"].get<std::string>())["tables"], json("check " + store)["tables"]);
+        const auto status = json("status " + store + " " + backups);
+        EXPECT_EQ(status["kind"], store == "office" ? "file" : "server");
+        EXPECT_EQ(status["companies"], 6);
+        EXPECT_GT(status["bytes"], 50000);
+        EXPECT_EQ(status["locks"], json("check " + store)["locks"]);
+        EXPECT_EQ(status["backup"]["file"], run["backup"]);
+        EXPECT_EQ(tool("status " + store + " " + backups).ending, 0);
+    }
+    EXPECT_TRUE(matches(tool("nightly office ."), "nightly: FINDINGS, "));
+    EXPECT_EQ(json("status office")["backup"], nullptr) << "the office has no folder BKUP";
+    EXPECT_EQ(tool("nightly office").ending, 3);
 }
 
 TEST_F(StoreTool, AFullDiskOrAnInterruptionLeavesTheTargetWholeOrUntouched) {

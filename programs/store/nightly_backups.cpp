@@ -1,0 +1,110 @@
+#include "nightly_backups.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <optional>
+#include <set>
+
+namespace orv {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::local_days;
+using std::chrono::local_seconds;
+
+constexpr const char* kName = "orv-%04d%02u%02u-%02d%02d%02d.mdb";
+constexpr std::size_t kLongestName = 80;
+constexpr std::size_t kDays = 7;
+constexpr std::size_t kWeeks = 4;
+
+local_seconds momentOf(int year, unsigned month, unsigned day, int hour, int minute, int second) {
+    return local_days(std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day)) +
+           std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second);
+}
+
+std::optional<local_seconds> timeIn(const std::string& name) {
+    int year = 0, hour = 0, minute = 0, second = 0;
+    unsigned month = 0, day = 0;
+    if (std::sscanf(name.c_str(), "orv-%4d%2u%2u-%2d%2d%2d", &year, &month, &day, &hour, &minute, &second) != 6) {
+        return std::nullopt;
+    }
+    const local_seconds time = momentOf(year, month, day, hour, minute, second);
+    return nightlyName(time) == name ? std::optional(time) : std::nullopt;
+}
+
+local_days dayOf(const NightlyBackup& backup) { return std::chrono::floor<std::chrono::days>(backup.time); }
+
+/// Counts from the week of 1 January 1970, a Thursday.
+long weekOf(const NightlyBackup& backup) { return (dayOf(backup).time_since_epoch().count() + 3) / 7; }
+
+}  // namespace
+
+fs::path backupFolder(const Options& options) {
+    if (!options.other.empty()) {
+        return options.other;
+    }
+    return fs::absolute(options.store).parent_path().parent_path() / "BKUP";
+}
+
+local_seconds localNow() {
+    const std::time_t now = std::time(nullptr);
+    std::tm time{};
+    ::localtime_r(&now, &time);
+    return momentOf(time.tm_year + 1900, static_cast<unsigned>(time.tm_mon) + 1, static_cast<unsigned>(time.tm_mday),
+                    time.tm_hour, time.tm_min, time.tm_sec);
+}
+
+std::string nightlyName(local_seconds time) {
+    const auto day = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date(day);
+    const std::chrono::hh_mm_ss clock(time - day);
+    std::array<char, kLongestName> name{};
+    std::snprintf(name.data(), name.size(), kName, static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                  static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()),
+                  static_cast<int>(clock.minutes().count()), static_cast<int>(clock.seconds().count()));
+    return name.data();
+}
+
+std::vector<NightlyBackup> nightlyBackups(const fs::path& folder) {
+    std::error_code error;
+    std::vector<NightlyBackup> found;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
+        const auto time = timeIn(entry.path().filename().string());
+        if (time && entry.symlink_status().type() == fs::file_type::regular) {
+            found.push_back({entry.path(), *time});
+        }
+    }
+    if (error) {
+        throw KeeperFailure(folder.string() + ": " + error.message());
+    }
+    std::ranges::sort(found, std::greater(), &NightlyBackup::time);
+    return found;
+}
+
+std::vector<NightlyBackup> outdated(const std::vector<NightlyBackup>& newestFirst) {
+    std::vector<NightlyBackup> old;
+    std::vector<NightlyBackup> older;
+    std::set<local_days> days;
+    for (const NightlyBackup& backup : newestFirst) {
+        if (!days.contains(dayOf(backup)) && days.size() == kDays) {
+            older.push_back(backup);
+        } else if (!days.insert(dayOf(backup)).second) {
+            old.push_back(backup);
+        }
+    }
+    std::set<long> weeks;
+    for (std::size_t at = 0; at < older.size(); ++at) {
+        const long week = weekOf(older[at]);
+        const bool isFirst = at + 1 == older.size() || weekOf(older[at + 1]) != week;
+        if (!isFirst || weeks.size() == kWeeks) {
+            old.push_back(older[at]);
+        } else {
+            weeks.insert(week);
+        }
+    }
+    return old;
+}
+
+}  // namespace orv
