@@ -4,7 +4,8 @@ find_package(Qt6 REQUIRED COMPONENTS Test)
 
 orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
-orv_add_one_test(store_tool_tests programs/store private_server nlohmann_json::nlohmann_json GTest::gtest_main)
+orv_add_one_test(store_tool_tests programs/store private_server orv_adapters_text nlohmann_json::nlohmann_json
+                 GTest::gtest_main)
 target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(store_tool_tests store_tool)

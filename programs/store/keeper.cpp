@@ -2,12 +2,21 @@
 
 #include <iostream>
 
+#include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
 #include "app/office_store.h"
 #include "private_folder.h"
 
 namespace orv {
 namespace fs = std::filesystem;
+
+std::string codeOf(const std::exception& failure) {
+    if (const auto* ofStore = dynamic_cast<const StoreFailure*>(&failure)) {
+        return ofStore->code();
+    }
+    const auto* atRunTime = dynamic_cast<const RunTimeError*>(&failure);
+    return atRunTime == nullptr ? "" : std::to_string(atRunTime->number());
+}
 
 std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access) {
     return officeStore()(path, access);

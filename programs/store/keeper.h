@@ -49,6 +49,10 @@ StoreReport copyStore(const Options& options);
 StoreReport importJet(const Options& options);
 StoreReport showStatus(const Options& options);
 StoreReport runNightly(const Options& options);
+StoreReport writeSupportFile(const Options& options);
+
+/// Returns the code that the program logs for the failure, or "" if it has none.
+std::string codeOf(const std::exception& failure);
 
 /// Opens a store of either kind.
 std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access = StoreAccess::ReadWrite);

@@ -7,7 +7,6 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/store/store_failure.h"
 #include "keeper.h"
 #include "version.h"
 
@@ -76,6 +75,12 @@ const auto kCommands = std::to_array<Command>({
      {"TARGET", "the store to fill", true},
      importJet,
      {"--replace", "--salvage"}},
+    {"support",
+     "Collect versions, settings, logs and a check of an office for the support, without passwords",
+     {"FILE", "the archive to create, such as support.tar.gz"},
+     {"OFFICE", "the folder of the office; without it the present folder", true},
+     writeSupportFile,
+     {}},
 });
 
 struct Flag {
@@ -133,12 +138,8 @@ int failed(const Options& options, const std::string& text, const std::string& c
 int run(const Command& command, const Options& options) {
     try {
         return print(command.run(options), options);
-    } catch (const StoreFailure& failure) {
-        return failed(options, failure.description(), failure.code());
-    } catch (const RunTimeError& failure) {
-        return failed(options, failure.description(), std::to_string(failure.number()));
     } catch (const std::exception& failure) {
-        return failed(options, failure.what(), "");
+        return failed(options, failure.what(), codeOf(failure));
     }
 }
 

@@ -13,7 +13,7 @@ TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
     const Outcome help = tool("--help");
     EXPECT_EQ(help.ending, 0);
     for (const char* command :
-         {"create", "check", "status", "unlock", "backup", "nightly", "restore", "copy", "import"}) {
+         {"create", "check", "status", "unlock", "backup", "nightly", "restore", "copy", "import", "support"}) {
         EXPECT_TRUE(matches(help, command)) << command;
         EXPECT_EQ(tool(std::string(command) + " --help").ending, 0);
     }
