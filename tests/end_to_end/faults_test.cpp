@@ -151,7 +151,7 @@ TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
     EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
     desk.click("btm_ChangePage", 1);
     desk.click("btm_Back_Menu");
-    desk.key("alt+F4");
+    desk.key("alt+2 ctrl+s alt+F4");
     EXPECT_FALSE(contains(server_->log(), "/cussend/register 200")) << "the save was over before the clicks";
     expectShown(desk, "COS05574", {});
     ASSERT_TRUE(desk.noticeGone());

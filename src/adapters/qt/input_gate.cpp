@@ -41,6 +41,12 @@ bool isPress(QEvent::Type type) {
            type == QEvent::TouchBegin || type == QEvent::TabletPress;
 }
 
+/// Returns the widget that the event is for. A shortcut is an object in its widget.
+const QWidget* receiver(const QObject* watched, QEvent::Type type) {
+    return qobject_cast<const QWidget*>(type == QEvent::Shortcut && !watched->isWidgetType() ? watched->parent()
+                                                                                             : watched);
+}
+
 }  // namespace
 
 InputGate::InputGate(const QWidget& pane) : pane_(pane) { QCoreApplication::instance()->installEventFilter(this); }
@@ -51,7 +57,11 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event) {
     if (watched == pane_.window()->windowHandle()) {
         return isPress(event->type()) && pane_.isVisible();
     }
-    return isInput(event->type()) && watched->isWidgetType() && holds(static_cast<const QWidget&>(*watched));
+    if (!isInput(event->type())) {
+        return false;
+    }
+    const QWidget* widget = receiver(watched, event->type());
+    return widget != nullptr && holds(*widget);
 }
 
 /// Includes the window itself, which receives the keys when no widget in the pane has the focus.

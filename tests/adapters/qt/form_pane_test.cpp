@@ -238,6 +238,7 @@ TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
     EXPECT_EQ(cover->findChild<QLabel*>()->text(), "保存しています…");
     QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       widgetOf(page.save)->geometry().center());
+    QTest::keyClick(windowOf(page)->windowHandle(), Qt::Key_S, Qt::ControlModifier);
     windowOf(page)->window()->close();
     QEvent otherWindow(QEvent::ActivationChange);
     QApplication::sendEvent(windowOf(page)->window(), &otherWindow);
