@@ -70,6 +70,14 @@ QVariant ManualBrowser::picture(const QString& name) const {
                                         : QVariant(image.scaledToWidth(width, Qt::SmoothTransformation));
 }
 
+QVariant ManualBrowser::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return query == Qt::ImEnabled ? QVariant(false) : QTextBrowser::inputMethodQuery(query);
+}
+
+/// An input method reports to a new focus that nothing is composed. The toolkit would scroll to the beginning of the
+/// page.
+void ManualBrowser::inputMethodEvent(QInputMethodEvent* event) { event->ignore(); }
+
 void ManualBrowser::mark(const QString& words) {
     Marks marks;
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {

@@ -17,7 +17,11 @@ public:
     /// Marks each occurrence of the words on the page, in addition to the heading at which it was opened.
     void mark(const QString& words);
 
+    /// Takes no input method, so that the keys scroll the page.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
 protected:
+    void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant loadResource(int type, const QUrl& name) override;
     void doSetSource(const QUrl& place, QTextDocument::ResourceType type) override;
 

@@ -96,6 +96,7 @@ bool ManualWindow::open(const QString& name) {
         return false;
     }
     comeToFront();
+    words_->clear();
     browser_->setSource(place);
     browser_->setFocus();
     return true;

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QWindow>
 #include <memory>
@@ -18,7 +19,12 @@ class Manual : public testing::Test {
 protected:
     void putPages() {
         folder.write("H/manual/index.md", "# 目次\n[会社](a.md) [b](b.md#x) [c](missing.md) [d](../d.md)\n");
-        folder.write("H/manual/a.md", "# 会社\n<a id=\"txt_A\"></a>\n<a id=\"txt_B\"></a>\n## 会社名\nﾃｽﾄ\n");
+        std::string longText;
+        for (int line = 0; line < 100; ++line) {
+            longText += "\n行\n";
+        }
+        folder.write("H/manual/a.md",
+                     "# 会社\n<a id=\"txt_A\"></a>\n<a id=\"txt_B\"></a>\n## 会社名\nﾃｽﾄ\n" + longText);
         folder.write("H/manual/b.md",
                      "# 保存\n会社名と TEL\n\n<a id=\"btm_Save\"></a>\n## 保存する\n| 1 |\n|---|\n| ２ |\n");
     }
@@ -72,6 +78,15 @@ TEST_F(Manual, OpensSectionsGoesBackAndSearchesByKeys) {
         press(Qt::Key_F3, Qt::ShiftModifier);
         EXPECT_EQ(title(), first) << words;
     }
+    EXPECT_TRUE(help.ShowHelp("txt_A", "SSX"));
+    EXPECT_EQ(window()->findChild<QLineEdit*>()->text(), "") << "a search of before";
+    EXPECT_FALSE(QApplication::focusWidget()->inputMethodQuery(Qt::ImEnabled).toBool());
+    press(Qt::Key_End);
+    const QScrollBar& bar = *dynamic_cast<QAbstractScrollArea&>(*QApplication::focusWidget()).verticalScrollBar();
+    EXPECT_GT(bar.value(), 0);
+    QInputMethodEvent nothingComposed({}, {{QInputMethodEvent::Cursor, 0, 1}});
+    QApplication::sendEvent(QApplication::focusWidget(), &nothingComposed);
+    EXPECT_EQ(bar.value(), bar.maximum());
     press(Qt::Key_Escape);
     EXPECT_EQ(window(), nullptr);
 }
