@@ -129,6 +129,9 @@ TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << entered;
         EXPECT_EQ(line->accessibleDescription(), "") << entered;
     }
+    byKeys(*enter(page.code), "xx");
+    QTest::qWait(400);
+    EXPECT_TRUE(QToolTip::isVisible()) << "the second key does not hide the bubble of its own refusal";
 }
 
 TEST_F(EntryTest, ATipGivesTheLimitAndATextThatIsLongerThanItsField) {
