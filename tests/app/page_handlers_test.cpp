@@ -105,6 +105,10 @@ TEST_F(Handlers, TheAssociationBoxes) {
     expectTick(form.chk_Koutori[8], true);
     click(form.chk_Koutori[8]);
     expectTick(form.chk_Koutori[8], false);
+    click(form.txt_Other_Dantai_Name);
+    type("会");
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(focused(), "chk_Dantai(6)") << "not a council";
 }
 
 TEST_F(Handlers, SevenDigitsBecomeAPostCodeWhenTheFieldIsLeft) {

@@ -38,7 +38,7 @@ void openOtherAssociation(frm_CompInp1& form, bool open) {
     PF_EnableControl(form.txt_Other_Dantai_Name, open, kRequiredField);
 }
 
-/// Ticks the box if the name is filled, and never unticks it.
+/// Ticks the box if the name is filled, and otherwise unticks it, which disables the name.
 void tickOtherAssociation(frm_CompInp1& form, const char* label) {
     handled(label, [&] {
         form.chk_Dantai[kOtherAssociation].setValue(trimmed(form.txt_Other_Dantai_Name.text()).empty() ? 0 : 1);
@@ -93,8 +93,14 @@ void cbo_Dantai_Name_Click(frm_CompInp1& form) {
     });
 }
 
+/// A disabled field passes its focus to the first council, which the next blank would tick. The box opens the field
+/// again.
 void txt_Other_Dantai_Name_Change(frm_CompInp1& form) {
+    const bool here = form.activeControl() == &form.txt_Other_Dantai_Name;
     tickOtherAssociation(form, "[ CompInp1 txt_Other_Dantai_Name_Change ]");
+    if (here && !form.txt_Other_Dantai_Name.enabled()) {
+        PF_SetFocusTo(&form.chk_Dantai[kOtherAssociation]);
+    }
 }
 
 void txt_Other_Dantai_Name_Validate(frm_CompInp1& form) {
