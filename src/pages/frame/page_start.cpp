@@ -23,7 +23,8 @@ bool listingMember() {
 }  // namespace
 
 void showTitle(PageForm& form) {
-    form.setCaption(tCustomerInfo.USER_ID + " " + tCustomerInfo.COMPANY_NAME + " - " + std::string(form.pageName()));
+    const std::string name = tCustomerInfo.COMPANY_NAME.empty() ? "" : " " + tCustomerInfo.COMPANY_NAME;
+    form.setCaption(tCustomerInfo.USER_ID + name + " - " + std::string(form.pageName()));
     const std::string title = tCustomerInfo.COMPANY_NAME + "　" + tCustomerInfo.OFFICE_NAME;
     form.lbl_TitleCompany.setCaption(title);
     form.lbl_TitleCompany.setFontSize(toCharacters(title).size() > kLongTitle ? kLongTitleFont : kTitleFont);
