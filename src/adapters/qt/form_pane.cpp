@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QTimer>
@@ -211,10 +212,18 @@ void FormPane::openGate() {
     showFocus();
 }
 
+/// Selects the text, so that the operator replaces it. The toolkit does so only in the active window, which is still
+/// that of a notice when the notice has just been closed. The first focus selects nothing: a key would lose the text of
+/// a page that has just been opened.
 void FormPane::giveFocus(Control& control) {
     ControlView* view = viewOf(control);
-    if (view != nullptr && !view->widget().hasFocus()) {
-        view->widget().setFocus(Qt::TabFocusReason);
+    if (view == nullptr || view->widget().hasFocus()) {
+        return;
+    }
+    const bool first = focusWidget() == nullptr;
+    view->widget().setFocus(first ? Qt::OtherFocusReason : Qt::TabFocusReason);
+    if (auto* line = qobject_cast<QLineEdit*>(&view->widget()); line != nullptr && !first) {
+        line->selectAll();
     }
 }
 
