@@ -13,7 +13,7 @@
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
-#include "store/company_claim.h"
+#include "store/company_lock.h"
 #include "store/data_lock.h"
 #include "store/row_count.h"
 #include "store/rows.h"
@@ -32,30 +32,14 @@ constexpr std::size_t kAreaLength = 5;
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kAssociationPlace = 3;
 
-/// A lock of this computer that no running program holds was left by a crashed run. It is taken over.
-bool takeLock(const std::string& userId, bool isLeft) {
-    if (!claimCompany(userId)) {
+/// The pair is blank after a refusal, which the operator has already seen.
+bool lockForStart(const std::string& userId) {
+    const CompanyLock lock = lockCompany(userId);
+    gLockTakenOver = lock == CompanyLock::TakenOver;
+    if (lock == CompanyLock::Refused) {
         clearPair();
-        return false;
     }
-    return (!isLeft || PF_DataUnlock(userId, kLockType, kLockNumber)) && PF_DataLock(userId, kLockType, kLockNumber);
-}
-
-bool lockCompany(const std::string& userId) {
-    std::string holder;
-    const std::int16_t state = PF_DataLockCheck(userId, kLockType, kLockNumber, holder);
-    gLockTakenOver = state == kLockedHere;
-    switch (state) {
-        case kLockedElsewhere:
-            tell("COS20003", {userId});
-            clearPair();
-            return false;
-        case kLockedHere:
-        case kNotLocked:
-            return takeLock(userId, gLockTakenOver);
-        default:
-            return false;
-    }
+    return lock == CompanyLock::Taken || lock == CompanyLock::TakenOver;
 }
 
 /// A flag string that is too short is extended.
@@ -150,7 +134,7 @@ bool fillRecord(const std::string& userId) {
 bool bas_Main_Companydata::PF_GetCompanyData(const std::string& userId) {
     StoreSession session;
     return trapped("[ PF_GetCompanyData ] ", [&] {
-        if (!PF_SetCompanyDataStructureInis() || !session.open() || !lockCompany(userId)) {
+        if (!PF_SetCompanyDataStructureInis() || !session.open() || !lockForStart(userId)) {
             return false;
         }
         if (!PF_SetCompanyDataStructureChng(userId)) {

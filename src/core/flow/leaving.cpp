@@ -8,7 +8,7 @@
 #include "platform/forms/form_host.h"
 #include "platform/machine/program_starter.h"
 #include "platform/services.h"
-#include "store/company_claim.h"
+#include "store/company_lock.h"
 #include "store/data_lock.h"
 #include "store/store_session.h"
 

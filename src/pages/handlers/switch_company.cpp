@@ -11,8 +11,7 @@
 #include "pages/frame/page_lists.h"
 #include "pages/frame/page_start.h"
 #include "platform/scope.h"
-#include "store/company_claim.h"
-#include "store/data_lock.h"
+#include "store/company_lock.h"
 #include "store/store_session.h"
 
 namespace orv {
@@ -35,39 +34,6 @@ bool isOnScreen(const PageForm& form, const std::string& userId) {
 
 bool staysByAnswer(const std::string& wish) {
     return !gSaving && staysAfter(wish == kNewCompany ? "COS20002" : "COS20001");
-}
-
-enum class Moved { Yes, Refused, Failed };
-
-/// A lock of this computer that no running program holds was left by a crashed run. It is taken over.
-Moved exchangeLock(const std::string& wish, bool isLeft) {
-    if (!claimCompany(wish)) {
-        return Moved::Refused;
-    }
-    const bool moved = (!isLeft || PF_DataUnlock(wish, kLockType, kLockNumber)) &&
-                       PF_DataUnlock(tCustomerInfo.USER_ID, kLockType, kLockNumber) &&
-                       PF_DataLock(wish, kLockType, kLockNumber);
-    if (wish != tCustomerInfo.USER_ID) {
-        giveUpCompany(moved ? tCustomerInfo.USER_ID : wish);
-    }
-    return moved ? Moved::Yes : Moved::Failed;
-}
-
-/// Checks the lock of the new company, releases the old one and takes the new one. The three steps are not one
-/// transaction.
-Moved moveLock(const std::string& wish) {
-    std::string holder;
-    switch (PF_DataLockCheck(wish, kLockType, kLockNumber, holder)) {
-        case kLockedElsewhere:
-            tell("COS20003", {wish});
-            return Moved::Refused;
-        case kLockedHere:
-            return exchangeLock(wish, true);
-        case kNotLocked:
-            return exchangeLock(wish, false);
-        default:
-            return Moved::Failed;
-    }
 }
 
 /// The record keeps the key of the company that is now locked, so that leaving or another switch releases it.
@@ -113,9 +79,9 @@ bool switchTo(PageForm& form, const std::string& label, const std::string& wish,
     if (!session.openFresh()) {
         return false;
     }
-    const Moved moved = moveLock(wish);
-    if (moved != Moved::Yes) {
-        return moved == Moved::Refused;
+    const CompanyLock lock = lockCompany(wish, tCustomerInfo.USER_ID);
+    if (lock == CompanyLock::Refused || lock == CompanyLock::Failed) {
+        return lock == CompanyLock::Refused;
     }
     listBack.disarm();
     return loadAndShow(form, label, wish);
