@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImageReader>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -44,6 +45,13 @@ inline Result alternately(
 inline void print(const std::string& name, const Result& result) {
     std::printf("%s ours=%.2f peer=%.2f ratio=%.2f unit=ms\n", name.c_str(), result.ours, result.peer,
                 result.ours / result.peer);
+}
+
+/// Decodes a photo with the toolkit alone, which scales it while it decodes.
+inline QImage decoded(const std::string& photo, QSize size) {
+    QImageReader reader(QString::fromStdString(photo));
+    reader.setScaledSize(size);
+    return reader.read();
 }
 
 Result start(const std::string& folder);

@@ -8,7 +8,6 @@
 #include "bench.h"
 #include "bench_office.h"
 #include "pages/forms/page_set.h"
-#include "plain_jpeg.h"
 
 namespace bench {
 namespace {
@@ -61,13 +60,13 @@ void window(const std::string& folder, const std::string& photo) {
         QTimer::singleShot(0, [&from, to] { from.btm_ChangePage[to].press(); });
         return heartbeat.longestIn(1500);
     };
-    // The scale at which the picture of a slot is decoded on any screen.
-    constexpr unsigned kEighths = 1;
+    // The size at which the picture of a slot is decoded on any screen.
+    const QSize decodedSize = QImageReader(QString::fromStdString(photo)).size() / 8;
     std::vector<double> stretches;
     std::vector<double> decodings;
     for (int i = 0; i < 5; ++i) {
         stretches.push_back(changed(orv::page<orv::frm_CompInp0>(), 2));
-        decodings.push_back(2 * timed([&] { decoded(photo, false, kEighths); }));
+        decodings.push_back(2 * timed([&] { decoded(photo, decodedSize); }));
         changed(orv::page<orv::frm_CompInp2>(), 0);
     }
     const Result result{median(stretches), median(decodings)};

@@ -1,12 +1,11 @@
 #!/bin/sh
 # Makes the photos for the picture benchmarks from Debian's wallpapers: ./make_photos.sh FOLDER
 # The large ones have the grain of a camera's sensor and a camera's format: baseline, colour at half the resolution.
-# The smaller ones serve to try every factor.
 set -eu
 
 folder=$1
 wallpapers=/usr/share/backgrounds/mate
-mkdir -p "$folder/large" "$folder/small"
+mkdir -p "$folder/large"
 
 # large NAME SOURCE SIZE [OPTION...]
 large() {
@@ -20,7 +19,3 @@ large photo-12 nature/Garden.jpg 4000x3000
 large photo-24 nature/LadyBird.jpg 6000x4000
 large photo-48 nature/Wood.jpg 8000x6000
 large photo-48-progressive nature/Wood.jpg 8000x6000 -interlace Plane
-
-for source in Aqua Dune Garden LadyBird RainDrops Storm TwoWings Wood YellowFlower; do
-    [ -s "$folder/small/$source.jpg" ] || convert "$wallpapers/nature/$source.jpg" -quality 95 "$folder/small/$source.jpg"
-done

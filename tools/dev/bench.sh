@@ -5,9 +5,9 @@ bench() {
     rm -rf build/bench-offices
     mkdir -p build/bench-offices
     local name
-    for name in ${1:-start save list fit thumb factors office}; do
+    for name in ${1:-start save list fit thumb office}; do
         case "$name" in
-            fit | thumb | factors) pictureBench "$name" ;;
+            fit | thumb) pictureBench "$name" ;;
             office) officeBench "${@:2}" ;;
             clicks)
                 makePhotos
@@ -19,15 +19,10 @@ bench() {
     done
 }
 
-# The peers and the photos come from Debian, and are installed only for the benchmarks that need them.
 pictureBench() {
-    PACKAGES=(graphicsmagick libvips-tools jpegoptim)
-    needPackages
     buildPreset release bench_pictures >/dev/null
     makePhotos
-    local photos=build/bench-photos/large
-    [ "$1" != factors ] || photos=build/bench-photos/small
-    build/release/tools/bench/bench_pictures "$1" "$photos" build/bench-photos/work
+    build/release/tools/bench/bench_pictures "$1" build/bench-photos/large build/bench-photos/work
     [ "$1" != thumb ] || QT_QPA_PLATFORM=offscreen build/release/tools/bench/bench build/bench-offices window \
         build/bench-photos/large/photo-48.jpg
 }
