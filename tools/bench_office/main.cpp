@@ -2,8 +2,6 @@
 // the file, the server, and the server with a pooler, or only the named one. Exit status 1 if an update was lost.
 #include <cstdio>
 #include <exception>
-#include <fstream>
-#include <optional>
 
 #include "private_server.h"
 #include "working_day.h"
@@ -23,7 +21,7 @@ struct Measure {
     bool asksFor(const char* which) const { return store.empty() || store == which; }
 };
 
-void print(const std::string& store, int terminals, const WorkingDay& day, std::optional<double> peer) {
+void print(const std::string& store, int terminals, const WorkingDay& day) {
     const auto count = [&](Deed deed) { return day.deeds.contains(deed) ? day.deeds.at(deed) : 0; };
     std::printf("%s terminals=%d saves/s=%.1f p95=%.0fms opened=%d switched=%d saved=%d refused=%d failed=%d",
                 store.c_str(), terminals, day.savesPerSecond, day.saveMilliseconds95, count(Deed::Opened),
@@ -31,11 +29,7 @@ void print(const std::string& store, int terminals, const WorkingDay& day, std::
     for (const auto& [code, number] : day.failures) {
         std::printf(" %s:%d", code.c_str(), number);
     }
-    std::printf(" lost=%d raced=%d locks=%d", day.losses.lost, day.losses.raced, day.locksLeft);
-    if (peer) {
-        std::printf(" peer=%.1f ratio=%.2f", *peer, day.savesPerSecond / *peer);
-    }
-    std::printf("\n");
+    std::printf(" lost=%d raced=%d locks=%d\n", day.losses.lost, day.losses.raced, day.locksLeft);
     std::fflush(stdout);
 }
 
@@ -48,7 +42,7 @@ int onFile(const Measure& measure) {
     for (const int terminals : kTerminals) {
         site.beginAgain();
         const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
-        print("file", terminals, day, {});
+        print("file", terminals, day);
         lost += day.losses.lost;
     }
     return lost;
@@ -77,7 +71,7 @@ int overPooler(const Measure& measure, orv::PrivateServer& server, const Site& s
     for (const int terminals : {32, 64}) {
         beginAgain(server, site);
         const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
-        print("pooler", terminals, day, {});
+        print("pooler", terminals, day);
         lost += day.losses.lost;
     }
     return lost;
@@ -87,7 +81,6 @@ int onServer(const Measure& measure) {
     orv::PrivateServer server;
     makeEarnest(server);
     const Site site(measure.folder / "server", server.storeFile(), measure.companies);
-    const Peer peer(site, measure.folder / "statements", server.text("store1"), measure.companies);
     int lost = 0;
     for (const int terminals : kTerminals) {
         if (!measure.asksFor("server")) {
@@ -95,8 +88,7 @@ int onServer(const Measure& measure) {
         }
         beginAgain(server, site);
         const WorkingDay day = work(site, terminals, measure.companies, measure.seconds);
-        beginAgain(server, site);
-        print("server", terminals, day, peer.savesPerSecond(terminals, measure.seconds, day));
+        print("server", terminals, day);
         lost += day.losses.lost;
     }
     return lost + (measure.asksFor("pooler") ? overPooler(measure, server, site) : 0);

@@ -1,13 +1,26 @@
 #include "terminal.h"
 
+#include "adapters/http/company_document.h"
+#include "config/settings.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
 #include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
+#include "platform/suite/company_send_service.h"
 
 namespace bench {
 namespace {
+
+class PromptServer : public orv::CompanySendService {
+public:
+    orv::FailureRecord SendError() const override { return {}; }
+    void SendPrepare(bool& ok) override { ok = true; }
+    void SendCompany(const std::string& userId, std::string& id, bool& ok) override {
+        ok = !orv::companyDocument(*orv::services().db, orv::com().MdbOrvEstateDB(), userId).empty();
+        id = userId;
+    }
+};
 
 orv::frm_CompInp0& page() { return orv::page<orv::frm_CompInp0>(); }
 
@@ -17,6 +30,11 @@ int loadedCount() {
 }
 
 }  // namespace
+
+Terminal::Terminal(const std::string& programFolder, std::string ledger)
+    : program_(programFolder), ledger_(std::move(ledger)) {
+    orv::services().send = [] { return std::make_unique<PromptServer>(); };
+}
 
 bool Terminal::open(const std::string& company) {
     const Deed deed = perform(Deed::Opened, company, [&] {
@@ -37,12 +55,12 @@ bool Terminal::save() {
     const std::string company = orv::tCustomerInfo.USER_ID;
     const int value = loadedCount() + 1;
     page().txt_Address_Gou.setText(std::to_string(value));
-    program_.patience().forget();
+    program_.user().clear();
     Entry entry{Deed::Saved, company, {nanosecondsNow(), 0}, value, taken_};
     page().btm_Save.press();
     entry.time.to = nanosecondsNow();
-    std::string failure = program_.patience().failure();
-    if (failure.empty() && !program_.patience().wasTold("COS05574")) {
+    std::string failure = program_.user().failure();
+    if (failure.empty() && !program_.user().received("COS05574")) {
         failure = "silent";
     }
     if (!failure.empty()) {
@@ -57,26 +75,26 @@ void Terminal::leave() {
     if (orv::services().forms->activeForm() == nullptr) {
         return;
     }
-    program_.patience().forget();
+    program_.user().clear();
     const std::int64_t from = nanosecondsNow();
     page().btm_Back_Menu.press();
-    const std::string failure = program_.patience().failure();
+    const std::string failure = program_.user().failure();
     if (!failure.empty()) {
         append(ledger_, {Deed::Failed, failure, {from, nanosecondsNow()}, 0, {}});
     }
 }
 
 Deed Terminal::perform(Deed wish, const std::string& company, const std::function<void()>& work) {
-    program_.patience().forget();
+    program_.user().clear();
     const std::int64_t from = nanosecondsNow();
     work();
     const Span time{from, nanosecondsNow()};
-    const std::string failure = program_.patience().failure();
+    const std::string failure = program_.user().failure();
     if (!failure.empty()) {
         append(ledger_, {Deed::Failed, failure, time, 0, {}});
         return Deed::Failed;
     }
-    if (program_.patience().wasTold("COS20003")) {
+    if (program_.user().received("COS20003")) {
         append(ledger_, {Deed::Refused, company, time, 0, {}});
         return Deed::Refused;
     }

@@ -12,8 +12,8 @@ namespace bench {
 /// return false after a failure, when the run should end.
 class Terminal {
 public:
-    Terminal(const std::string& programFolder, std::string ledger)
-        : program_(programFolder), ledger_(std::move(ledger)) {}
+    /// The suite's server accepts every company at once, after its rows have been read as for sending.
+    Terminal(const std::string& programFolder, std::string ledger);
 
     /// False also if another terminal has the company.
     bool open(const std::string& company);
@@ -25,13 +25,11 @@ public:
     /// Does nothing if the program has not shown its first page.
     void leave();
 
-    TracedStore& store() { return program_.store(); }
-
 private:
     /// Returns the result: as requested, refused or failed.
     Deed perform(Deed wish, const std::string& company, const std::function<void()>& work);
 
-    Headless program_;
+    headless::Program program_;
     std::string ledger_;
     Span taken_;
 };

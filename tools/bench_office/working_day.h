@@ -23,18 +23,4 @@ struct WorkingDay {
 /// the program.
 WorkingDay work(const Site& site, int terminals, int companies, int seconds);
 
-/// Measures the peer's saves per second. `terminals` clients run the same statements as often as the terminals did,
-/// with a new session for each event.
-class Peer {
-public:
-    /// `server` is the text that names the database.
-    Peer(const Site& site, fs::path folder, std::string server, int companies);
-
-    double savesPerSecond(int terminals, int seconds, const WorkingDay& like) const;
-
-private:
-    fs::path folder_;
-    std::string server_;
-};
-
 }  // namespace bench

@@ -5,9 +5,6 @@
 #include <functional>
 #include <sstream>
 
-#include "adapters/http/curl_http_control.h"
-#include "adapters/http/http_company_send.h"
-#include "adapters/pictures/picture_files.h"
 #include "config/settings.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
@@ -29,7 +26,7 @@ public:
 };
 
 /// Records the messages, and accepts every fitted photo.
-class Operator : public orv::MessageService, public bench::NoWindows {
+class Operator : public orv::MessageService, public headless::NoWindows {
 public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
     std::int32_t LastAnswer() const override { return 0; }
@@ -60,18 +57,12 @@ bool wentWell(std::string told) {
 
 class Session {
 public:
-    explicit Session(const Errand& errand)
-        : errand_(errand),
-          report_(errand.report),
-          program_(errand.programFolder),
-          pictures_(*orv::services().fileSystem) {
+    explicit Session(const Errand& errand) : errand_(errand), report_(errand.report), program_(errand.programFolder) {
         std::signal(SIGPIPE, SIG_IGN);  // like main()
         orv::Services& all = orv::services();
         all.message = &operator_;
         all.windows = &operator_;
         all.clock = &clock_;
-        all.pictures = &pictures_;
-        all.send = [] { return std::make_unique<orv::HttpCompanySend>(*orv::services().db, settings()); };
         all.commandTail = errand.company + ",1,0";
     }
 
@@ -95,13 +86,6 @@ public:
     }
 
 private:
-    static orv::CompanySendSettings settings() {
-        return {.url = [] { return orv::com().ORV_URL(); },
-                .cusSendService = [] { return orv::com().ORV_CusSendService(); },
-                .sendCus = [] { return orv::com().ORV_SendCus(); },
-                .timeOut = [] { return orv::com().ORV_TimeOut(); },
-                .store = [] { return orv::com().MdbOrvEstateDB(); }};
-    }
     static std::string native(const std::string& path) { return orv::services().fileSystem->nativePath(path); }
     static orv::PageForm& screen() { return dynamic_cast<orv::PageForm&>(*orv::services().forms->activeForm()); }
     static void turnTo(std::size_t page) { screen().btm_ChangePage[page].press(); }
@@ -138,10 +122,9 @@ private:
 
     const Errand& errand_;
     std::ofstream report_;
-    bench::Headless program_;
+    headless::Program program_;
     StandingClock clock_;
     Operator operator_;
-    orv::PictureFiles pictures_;
 };
 
 }  // namespace

@@ -3,24 +3,14 @@
 #include <string>
 #include <vector>
 
-#include "adapters/posix/ini_reader.h"
-#include "adapters/posix/install_paths.h"
-#include "adapters/posix/posix_facts.h"
-#include "adapters/posix/posix_files.h"
-#include "adapters/posix/posix_sys_info.h"
-#include "adapters/posix/registry_file.h"
-#include "adapters/store/store_service.h"
-#include "adapters/text/cp932.h"
-#include "adapters/text/era_calendar.h"
-#include "adapters/text/string_check.h"
+#include "app/office_adapters.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/program_starter.h"
 #include "platform/machine/sibling_desk.h"
 #include "platform/machine/window_system.h"
 #include "platform/suite/message_service.h"
-#include "traced_store.h"
 
-namespace bench {
+namespace headless {
 
 class NoWindows : public orv::WindowSystem {
 public:
@@ -48,55 +38,41 @@ public:
     void dismiss() override {}
 };
 
-/// An operator who accepts every question and records the messages.
-class Patience : public orv::MessageService {
+struct Message {
+    std::string id;
+    std::string first;  // argument
+};
+
+/// An operator who accepts every question. Records the messages since the last `clear`.
+class Operator : public orv::MessageService {
 public:
     orv::FailureRecord ErrorInfo() const override { return {}; }
     std::int32_t LastAnswer() const override { return 0; }
     bool ShowMessage(const std::string& id, const orv::Values& args) override;
 
-    void forget() { told_.clear(); }
-    bool wasTold(const std::string& id) const;
+    void clear() { messages_.clear(); }
+    const std::vector<Message>& messages() const { return messages_; }
+    bool received(const std::string& id) const;
     /// Returns the code of the first message about a failure, or "".
     std::string failure() const;
 
 private:
-    struct Message {
-        std::string id;
-        std::string code;
-    };
-    std::vector<Message> told_;
+    std::vector<Message> messages_;
 };
 
-/// The whole system in one office, without windows. Store, files, settings and checks are real. The suite's server
-/// accepts every company at once, after reading its rows as for sending.
-class Headless {
+/// The whole system in one office, without windows. Everything else is real.
+class Program {
 public:
-    explicit Headless(const std::string& programFolder);
+    explicit Program(const std::string& programFolder);
 
-    Patience& patience() { return patience_; }
-    TracedStore& store() { return traced_; }
+    Operator& user() { return operator_; }
 
 private:
-    void handIn();
-
-    orv::Cp932 codePage_;
-    orv::PosixFacts facts_;
-    orv::PosixClock clock_;
-    orv::InstallPaths paths_;
-    orv::PosixFiles files_;
-    orv::PosixFileService fileService_;
-    orv::IniReader profiles_;
-    orv::RegistryFile registry_;
-    orv::PosixSysInfo sysInfo_;
-    orv::StringCheck stringCheck_;
-    orv::EraCalendar calendar_;
-    orv::StoreService db_;
-    TracedStore traced_;
+    orv::OfficeAdapters office_;
     orv::FormHost forms_;
     NoWindows windows_;
     NoPrograms programs_;
-    Patience patience_;
+    Operator operator_;
 };
 
-}  // namespace bench
+}  // namespace headless
