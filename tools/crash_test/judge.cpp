@@ -75,16 +75,13 @@ Outcome Judge::errandUnder(const Strike& strike, const std::string& company, int
     saved_.clear();
     const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
     return runStruck(
-        ground_.watched(kills), strike,
-        [&] {
-            beforeErrand();
-            runErrand(errand);
-        },
+        ground_.watched(kills), strike, [&] { runErrand(errand); },
         [&] {
             slowest_ = std::max(slowest_, Clock::now() - since);
             const std::string line = ground_.report().back();
             if (round == 0) {
                 judgeEvent(line);
+                afterEvent(line);
             }
             since = Clock::now();
         });

@@ -25,8 +25,8 @@ protected:
     /// The server rejects photos during and after this, so that there is something to log.
     void learn();
     Outcome errandUnder(const Strike& strike, const std::string& company, int round);
-    /// Called in the process of the scenario.
-    virtual void beforeErrand() {}
+    /// Called while the scenario is stopped after an event, with the event's line in the report.
+    virtual void afterEvent(const std::string& /*line*/) {}
     void judgeDead(const Outcome& outcome);
     void judgeAlive(const Outcome& outcome);
     void fault(const std::string& what) { found_.push_back(what); }

@@ -1,6 +1,6 @@
 # Crash and fault-injection test: ./dev crash [STEP]. Runs a scenario on both kinds of store. Kills it, or makes a
-# call fail at every call that accesses the store, the photos, the log or a connection. Then changes each answer of the
-# suite's server at every byte. STEP 20 tests every twentieth of them.
+# call fail at every call that accesses the store, the photos, the log or a connection. Then gives wrong
+# answers of the suite's server. STEP 20 tests every twentieth call.
 
 crash() {
     buildPreset dev crash_test

@@ -17,14 +17,15 @@ TEST(CurlSession, AnAnswerThatIsNotWholeIsAFailureWhateverItsStatus) {
     while (manyHeaders.size() < 2'000'000) {
         manyHeaders += "X: " + std::string(1000, 'x') + "\r\n";
     }
-    const std::map<std::string, std::string> cases{
-        {"closed without a word", ""},
-        {"cut in the head", "HTTP/1.1 200 OK\r\nContent-Le"},
-        {"cut in the body", "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\n{\"id\":"},
+    std::map<std::string, std::string> cases{
         {"no HTTP", "SSH-2.0-OpenSSH_9.2\r\n"},
         {"too long, unannounced", "HTTP/1.1 200 OK\r\n\r\n" + std::string(2'000'000, 'x')},
         {"too much after it", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n" + manyHeaders + "\r\n"},
     };
+    const std::string whole = "HTTP/1.1 200 OK\r\nContent-Length: 18\r\n\r\n{\"id\":\"000005001\"}";
+    for (std::size_t place = 0; place < whole.size(); ++place) {
+        cases["cut at " + std::to_string(place)] = whole.substr(0, place);
+    }
     for (const auto& [what, bytes] : cases) {
         const RawServer server(bytes);
         const RunTimeError failure = raisedBy([&] { get(server.url()); });

@@ -46,8 +46,13 @@ TEST(StrangeServer, ACertificateThatNobodyVouchesForAndOldTlsAreRefusedBeforeAny
     EVP_PKEY_free(key);
 }
 
-TEST(StrangeServer, TheEnvironmentDoesNotLeadElsewhere) {
+TEST(StrangeServer, NeitherARedirectNorTheEnvironmentLeadsElsewhere) {
     const RawServer elsewhere(kFine);
+    for (const int status : {301, 302, 303, 307, 308}) {
+        const RawServer server("HTTP/1.1 " + std::to_string(status) + " Moved\r\nContent-Length: 0\r\nLocation: " +
+                               elsewhere.url() + "\r\nRefresh: 0;url=" + elsewhere.url() + "\r\n\r\n");
+        EXPECT_EQ(get(server.url()).status, status);
+    }
     const RawServer server(kFine);
     for (const char* name : {"http_proxy", "all_proxy", "ALL_PROXY"}) {
         ::setenv(name, elsewhere.url().c_str(), 1);
