@@ -81,16 +81,17 @@ public:
         push_.setToolTip(keysInWords());
     }
 
-    /// Gives the button the focus, like a click of the mouse, so that the field that loses it is validated first. The
-    /// handler may delete the view.
+    /// Gives the button the focus, like a click of the mouse, so that the field that loses it is validated first. After
+    /// a shortcut the field gets the focus back. The handler may delete the view.
     bool press() override {
         if (button_.usable() && button_.owner().ownerEnabled()) {
+            const QPointer<QWidget> left = push_.window()->focusWidget();
             push_.setFocus(Qt::ShortcutFocusReason);
             const QPointer<ButtonView> self = this;
             pressing_ = true;
             button_.press();
             if (self) {
-                endPress();
+                endPress(left);
             }
         }
         return true;
@@ -120,10 +121,15 @@ private:
         return sentences;
     }
 
-    void endPress() {
+    void endPress(QWidget* left) {
         pressing_ = false;
-        if (!released() && focusIsParked()) {
+        if (released()) {
+            return;
+        }
+        if (focusIsParked()) {
             button_.owner().focusNext();
+        } else if (left != nullptr && left->isEnabled() && push_.window()->focusWidget() == &push_) {
+            left->setFocus(Qt::OtherFocusReason);
         }
     }
 
