@@ -5,6 +5,7 @@
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"
 #include "platform/services.h"
+#include "version.h"
 
 namespace orv {
 
@@ -17,7 +18,8 @@ Composition::Composition(const std::string& programFolder)
       messages_(
           windows_, office_.files, office_.codePage, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),
-      help_(office_.files, [] { return com().HlpFolder(); }) {
+      help_(
+          office_.files, [] { return com().HlpFolder(); }, kVersion) {
     Services& all = services();
     all.message = &messages_;
     all.help = &help_;

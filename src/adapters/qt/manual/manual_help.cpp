@@ -45,7 +45,7 @@ bool ManualHelp::haveWindow() {
     const auto pictureFile = [this](const QString& name) {
         return toQt(files_.nativePath(folder_() + kPictures + name.toStdString()));
     };
-    window_ = std::make_unique<ManualWindow>(ManualBook(readManual(files_, folder)), pictureFile);
+    window_ = std::make_unique<ManualWindow>(ManualBook(readManual(files_, folder)), pictureFile, toQt(version_));
     return true;
 }
 

@@ -17,8 +17,10 @@ public:
     using Folder = std::function<std::string()>;
 
     /// `folder` is called when the manual is first shown and again for each picture. Its result ends in a separator.
-    /// The pages are in its subfolder `manual`, the pictures in `pictures`. All arguments must outlive the service.
-    ManualHelp(const FileSystem& files, Folder folder) : files_(files), folder_(std::move(folder)) {}
+    /// The pages are in its subfolder `manual`, the pictures in `pictures`. `version` is that of the program. `files`
+    /// must outlive the service.
+    ManualHelp(const FileSystem& files, Folder folder, std::string version)
+        : files_(files), folder_(std::move(folder)), version_(std::move(version)) {}
 
     FailureRecord ErrorInfo() const override { return failure_; }
     bool ShowHelp(const std::string& controlName, const std::string& group) override;
@@ -29,6 +31,7 @@ private:
 
     const FileSystem& files_;
     Folder folder_;
+    std::string version_;
     std::unique_ptr<ManualWindow> window_;
     FailureRecord failure_;
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -29,7 +30,7 @@ QPushButton* barButton(const QString& caption, const QString& tip, QWidget* wind
 
 }  // namespace
 
-ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFile)
+ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFile, const QString& version)
     : QWidget(nullptr, Qt::Window),
       book_(std::move(book)),
       browser_(new ManualBrowser(book_, std::move(pictureFile), this)),
@@ -39,7 +40,7 @@ ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFi
     setObjectName(QStringLiteral("manual"));
     setFont(scale.font(kTextFont));
     resize(QSize(scale.length(kSize.x), scale.length(kSize.y)).boundedTo(screenRoom(screen(), Sizing::Free).inside()));
-    layOut();
+    layOut(version);
     tieKeys();
     connect(browser_, &QTextBrowser::sourceChanged, this,
             [this](const QUrl& place) { setWindowTitle(book_.titleAt(place) + QStringLiteral(" - ヘルプ")); });
@@ -48,7 +49,7 @@ ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFi
     connect(hits_, &QListWidget::currentRowChanged, this, &ManualWindow::showHit);
 }
 
-void ManualWindow::layOut() {
+void ManualWindow::layOut(const QString& version) {
     auto* back = barButton(QStringLiteral("← 戻る"), QStringLiteral("Alt+←"), this);
     auto* forward = barButton(QStringLiteral("進む →"), QStringLiteral("Alt+→"), this);
     auto* contents = barButton(QStringLiteral("目次"), QStringLiteral("Alt+Home"), this);
@@ -72,6 +73,7 @@ void ManualWindow::layOut() {
     column->addLayout(bar);
     column->addWidget(hits_);
     column->addWidget(browser_, 1);
+    column->addWidget(new QLabel(QStringLiteral("お客様情報設定 ") + version, this), 0, Qt::AlignRight);
 }
 
 void ManualWindow::tieKeys() {

@@ -15,7 +15,8 @@ namespace orv {
 /// operator can go on working on the page. It can also be used while a modal dialog is open.
 class ManualWindow : public QWidget, public AccessibleRole {
 public:
-    ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFile);
+    /// `version` is shown below the page.
+    ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFile, const QString& version);
 
     /// Opens the section with that name in front of all other windows. False if there is none.
     bool open(const QString& name);
@@ -25,7 +26,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void layOut();
+    void layOut(const QString& version);
     void tieKeys();
     void search(const QString& words);
     /// Opens the hit `step` rows further down and wraps around at both ends of the list.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -45,7 +46,7 @@ protected:
     const TempFolder folder;
     const InstallPaths paths{folder.path().string(), folder.path().string()};
     const PosixFiles files{paths};
-    ManualHelp help{files, [] { return std::string("H:\\"); }};
+    ManualHelp help{files, [] { return std::string("H:\\"); }, "9.8.7"};
 };
 
 TEST_F(Manual, OpensSectionsGoesBackAndSearchesByKeys) {
@@ -60,6 +61,7 @@ TEST_F(Manual, OpensSectionsGoesBackAndSearchesByKeys) {
         EXPECT_TRUE(help.ShowHelp(control, "SSX"));
         EXPECT_EQ(title(), section);
     }
+    EXPECT_TRUE(window()->findChild<QLabel*>()->text().contains(QStringLiteral("9.8.7")));
     press(Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(title(), "保存する");
     press(Qt::Key_Home, Qt::AltModifier);
