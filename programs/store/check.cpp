@@ -1,11 +1,10 @@
-#include "adapters/sqlite/sqlite_files.h"
 #include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
 #include "adapters/store/store_failure.h"
 #include "keeper.h"
 #include "office_rights.h"
 #include "office_schema.h"
-#include "private_folder.h"
+#include "source_store.h"
 #include "table_copy.h"
 
 namespace orv {
@@ -151,15 +150,9 @@ private:
 
 }  // namespace
 
-/// Checks a private copy of a file, so that its terminals do not wait. The file is not written. To copy a file in WAL
-/// mode the engine creates `-wal` and `-shm` next to it.
 StoreReport checkStore(const Options& options) {
-    if (!isEmbedded(options.store)) {
-        return Check(*openStore(options.store, StoreAccess::ReadOnly), options.store).run();
-    }
-    const PrivateFolder own(std::filesystem::temp_directory_path());
-    copySqliteFile(options.store, own.file(), StoreAccess::OwnFile);
-    return Check(*openStore(own.file(), StoreAccess::OwnCopy), options.store).run();
+    const SourceStore source(options.store);
+    return Check(source.get(), options.store).run();
 }
 
 }  // namespace orv

@@ -1,6 +1,7 @@
 #include "adapters/sqlite/sqlite_files.h"
 #include "keeper.h"
 #include "private_folder.h"
+#include "source_store.h"
 #include "store_sql.h"
 #include "table_copy.h"
 
@@ -21,10 +22,10 @@ void copyInto(StoreConnection& from, StoreConnection& to, const Options& options
     copyTables(from, to, telling(options, report));
 }
 
-void copyIntoNewFile(const std::string& from, const std::string& file, const Options& options, StoreReport& report) {
+void copyIntoNewFile(StoreConnection& from, const std::string& file, const Options& options, StoreReport& report) {
     makeWhole(file, "", [&](const std::string& beside) {
         makeSqliteFile(beside, std::string(kSchemaSql));
-        copyInto(*openStore(from, StoreAccess::ReadOnly), *openStore(beside, StoreAccess::OwnFile), options, report);
+        copyInto(from, *openStore(beside, StoreAccess::OwnFile), options, report);
     });
 }
 
@@ -42,7 +43,7 @@ StoreReport backUpStore(const Options& options) {
     if (isEmbedded(options.store)) {
         makeWhole(options.other, options.store, [&](const std::string& beside) { copyRows(options.store, beside); });
     } else {
-        copyIntoNewFile(options.store, options.other, options, report);
+        copyIntoNewFile(SourceStore(options.store).get(), options.other, options, report);
     }
     report.say(options.other + ": written");
     return report;
@@ -59,14 +60,14 @@ StoreReport restoreStore(const Options& options) {
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
     if (!stands(options.store)) {
         makeWhole(options.store, "",
-                  [&](const std::string& beside) { copySqliteFile(own.file(), beside, StoreAccess::OwnFile); });
+                  [&](const std::string& beside) { restoreSqliteFile(own.file(), beside, StoreAccess::OwnFile); });
     } else if (!agreed(options, "The content of " + options.store + " will be replaced. Restore?")) {
         report.facts["restored"] = false;
         report.say("nothing restored");
         report.ending = Ending::Findings;
         return report;
     } else if (isEmbedded(options.store)) {
-        copySqliteFile(own.file(), options.store, StoreAccess::ReadWrite);
+        restoreSqliteFile(own.file(), options.store, StoreAccess::ReadWrite);
     } else {
         copyInto(*openStore(own.file(), StoreAccess::OwnCopy), *openStore(options.store), options, report);
     }
@@ -77,16 +78,16 @@ StoreReport restoreStore(const Options& options) {
 StoreReport copyStore(const Options& options) {
     StoreReport report;
     report.facts = {{"source", options.store}, {"target", options.other}};
-    const auto source = openStore(options.store, StoreAccess::ReadOnly);
+    const SourceStore source(options.store);
     if (!stands(options.other)) {
-        copyIntoNewFile(options.store, options.other, options, report);
+        copyIntoNewFile(source.get(), options.other, options, report);
         return report;
     }
     if (fs::equivalent(options.store, options.other)) {
         throw KeeperFailure("source and target are the same");
     }
     requireMayFill(options.other, options);
-    copyInto(*source, *openStore(options.other), options, report);
+    copyInto(source.get(), *openStore(options.other), options, report);
     return report;
 }
 

@@ -7,8 +7,14 @@
 #include <cstdint>
 #include <string_view>
 
+#include "adapters/store/store_failure.h"
+
 namespace orv {
 namespace {
+
+constexpr StoreRefusal kForeignJournal{"DBFILE10", Failure::PathFileAccess,
+                                       "データベースの横にある中断された書き込みの記録（-journal）が、ほかのファイルを"
+                                       "指しています。システムの管理者に連絡してください。"};
 
 constexpr int kKinds = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_WAL;
 constexpr auto kJournalEndings = std::to_array<std::string_view>({"-journal", "-wal"});
@@ -45,6 +51,12 @@ GuardedVfs::GuardedVfs() : sqlite3_vfs(*sqlite3_vfs_find(nullptr)), system_(sqli
 }
 
 GuardedVfs::~GuardedVfs() { sqlite3_vfs_unregister(this); }
+
+void GuardedVfs::refuseForeignJournal() const {
+    if (hasRefusedJournal_) {
+        refuse(kForeignJournal);
+    }
+}
 
 int GuardedVfs::open(sqlite3_vfs* vfs, const char* path, sqlite3_file* file, int flags, int* given) {
     auto& self = static_cast<GuardedVfs&>(*vfs);

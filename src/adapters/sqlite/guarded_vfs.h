@@ -18,8 +18,9 @@ public:
     ~GuardedVfs();
 
     const char* name() const noexcept { return name_.c_str(); }
-    /// A journal was refused since it names files of other stores, or is not a plain file.
-    bool hasRefusedJournal() const noexcept { return hasRefusedJournal_; }
+    /// Throws a StoreFailure "DBFILE10" if a journal was refused, because it names files of other stores or is not a
+    /// plain file with one name. The engine itself only fails to open it.
+    void refuseForeignJournal() const;
 
 private:
     static int open(sqlite3_vfs* vfs, const char* path, sqlite3_file* file, int flags, int* given);

@@ -28,10 +28,6 @@ constexpr int kStepsBetween = 100;  // of the engine, some microseconds; some mi
 // A view of another program may use it.
 constexpr int kLeftTraits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
-constexpr StoreRefusal kForeignJournal{"DBFILE10", Failure::PathFileAccess,
-                                       "データベースの横にある中断された書き込みの記録（-journal）が、ほかのファイルを"
-                                       "指しています。システムの管理者に連絡してください。"};
-
 struct Opening {
     StoreAccess access;
     int flags;
@@ -165,9 +161,7 @@ SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access
     try {
         open(nativePath, access);
     } catch (const StoreFailure&) {
-        if (vfs_->hasRefusedJournal()) {
-            refuse(kForeignJournal);
-        }
+        vfs_->refuseForeignJournal();
         throw;
     }
 }

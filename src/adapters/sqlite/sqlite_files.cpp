@@ -1,6 +1,7 @@
 #include "adapters/sqlite/sqlite_files.h"
 
 #include "adapters/sqlite/sqlite_database.h"
+#include "adapters/sqlite/store_snapshot.h"
 
 namespace orv {
 
@@ -9,15 +10,22 @@ void makeSqliteFile(const std::string& nativePath, const std::string& sql) {
     database.runScript("BEGIN; " + sql + " COMMIT;");
 }
 
-void copySqliteFile(const std::string& from, const std::string& to, StoreAccess access) {
-    const SqliteDatabase source(from, StoreAccess::ReadOnly, {});
-    const SqliteDatabase target(to, access, {});
-    source.copyTo(target);
+void snapshotSqliteFile(const std::string& from, const std::string& to) {
+    const SqliteLimits limits;
+    copyStoreFiles(from, to, limits.busy);
+    // Opening undoes an interrupted write. This completes those of a write-ahead log.
+    SqliteDatabase(to, StoreAccess::OwnFile, limits).runScript("PRAGMA journal_mode = DELETE");
 }
 
 void copySqliteRows(const std::string& from, const std::string& to) {
-    copySqliteFile(from, to, StoreAccess::OwnFile);
+    snapshotSqliteFile(from, to);
     SqliteDatabase(to, StoreAccess::OwnFile, {}).dropPrograms();
+}
+
+void restoreSqliteFile(const std::string& from, const std::string& to, StoreAccess access) {
+    const SqliteDatabase source(from, StoreAccess::OwnCopy, {});
+    const SqliteDatabase target(to, access, {});
+    source.copyTo(target);
 }
 
 }  // namespace orv

@@ -6,17 +6,21 @@
 
 namespace orv {
 
-// What is done with whole files of a store, by who keeps it. Every failure is a StoreFailure.
+// Operations of the store's keeper on whole files. Every failure is a StoreFailure.
 
 /// Makes a store of the empty file `nativePath`, or of none, and runs the statements of `sql` in it.
 void makeSqliteFile(const std::string& nativePath, const std::string& sql);
 
-/// Copies the store `from`, as it is at one moment, in the place of what the store `to`, which may be an empty file,
-/// holds: all or nothing. Terminals may be working in both; they wait, and are waited for. `from` is only read: one
-/// with a write in its journal that a killed writer has left fails. `access` is how `to` is opened.
-void copySqliteFile(const std::string& from, const std::string& to, StoreAccess access);
+/// Copies the store `from`, as it is at one moment, into the caller's own empty file `to`. Terminals can be working in
+/// `from`: those that commit wait until it is copied. A write that was interrupted is completed or undone in the copy.
+/// `from` and its journals are only read, and no file next to them is created.
+void snapshotSqliteFile(const std::string& from, const std::string& to);
 
-/// The same into the caller's own file, without the triggers, views and virtual tables: only tables and indexes.
+/// Makes the same snapshot without the triggers, views and virtual tables: only tables and indexes.
 void copySqliteRows(const std::string& from, const std::string& to);
+
+/// Replaces the content of the store `to`, which can be an empty file, by that of the caller's own copy `from`: all or
+/// nothing. Terminals can be working in `to`: they wait, and are waited for. `access` is the way to open `to`.
+void restoreSqliteFile(const std::string& from, const std::string& to, StoreAccess access);
 
 }  // namespace orv
