@@ -64,6 +64,29 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
     }
 }
 
+/// A store whose table of contents is a tree in which each of 15 levels leads 30 times to the next one.
+std::string endlessTree(const std::string& store) {
+    constexpr std::size_t kPage = 512;
+    constexpr char kLast = 18;
+    const auto level = [](std::size_t head, char next) {
+        std::string page(kPage, '\0');
+        const std::string child{0, 0, 0, next};
+        for (int entry = 1; entry <= 30; ++entry) {
+            const std::size_t place = kPage - 5 * static_cast<std::size_t>(entry);
+            page.replace(place, 5, child + static_cast<char>(entry));
+            page[head + 10 + 2 * static_cast<std::size_t>(entry)] = static_cast<char>(place / 256);
+            page[head + 11 + 2 * static_cast<std::size_t>(entry)] = static_cast<char>(place % 256);
+        }
+        return page.replace(head, 12, std::string{5, 0, 0, 0, 30, 1, 106, 0} + child);
+    };
+    std::string bytes = level(100, 3).replace(0, 100, store, 0, 100) + store.substr(kPage, kPage);
+    for (char page = 3; page < kLast; ++page) {
+        bytes += level(0, static_cast<char>(page + 1));
+    }
+    bytes[31] = kLast;  // the number of pages
+    return bytes + store.substr(0, kPage).replace(0, 12, store, 100, 12);
+}
+
 TEST_F(BothStores, NoAnswerIsEndless) {
     runSql(
         file,
@@ -87,6 +110,11 @@ TEST_F(BothStores, NoAnswerIsEndless) {
                     {"hex(zeroblob(9000000))", "DB18"},
                     {"GROUP_NAME from TBL_CUSTOMER_INFO limit 1", ""}});
     EXPECT_EQ(codeOf([&] { store->change("update TBL_LOCK set LOCAL_INFO = 'x'", {}); }), "DB9");
+
+    const std::string tree = folder.file("tree");
+    runSql(tree, "PRAGMA page_size = 512; CREATE TABLE A (X)");
+    writeFile(tree, endlessTree(readFile(tree)));
+    EXPECT_EQ(codeOf([&] { sqliteStore({.statement = milliseconds(300)})(tree, StoreAccess::ReadWrite); }), "DB9");
 
     ServerLimits limits;
     limits.patience.bytes = 100000;

@@ -178,6 +178,7 @@ void SqliteDatabase::open(const std::string& nativePath, StoreAccess access) {
     handle_.reset(opened);
     refuseUnlessOk(opened, result);
     harden();
+    allow(limits_.statement);  // a damaged tree of pages can lead the reading of the schema in circles
     SqliteStatement(*this, kFullDurability).step();
     SqliteStatement(*this, kReadSchema).step();
 }
@@ -227,7 +228,7 @@ void SqliteDatabase::rollBack() {
 }
 
 void SqliteDatabase::runScript(const std::string& sql) {
-    state_->deadline = CallState::Clock::time_point::max();
+    allow(limits_.check);
     refuseUnlessOk(handle(), sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr));
 }
 

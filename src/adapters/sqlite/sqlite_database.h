@@ -21,7 +21,7 @@ struct SqliteLimits {
     std::chrono::milliseconds busy{5000};
     /// For one statement: a view or a trigger of the store can be an endless one.
     std::chrono::milliseconds statement{10000};
-    /// The same where every page of the store is looked at.
+    /// The same for a script, and for a statement that reads every page of the store.
     std::chrono::milliseconds check{600000};
     /// Bytes of one answer.
     std::size_t answer = std::size_t{64} << 20U;
