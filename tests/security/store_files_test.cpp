@@ -225,7 +225,9 @@ TEST_F(StoreFiles, WhatIsNoRowOfTheOfficeIsToldAndOnlyRowsAreBackedUp) {
         "CREATE FUNCTION SPY() RETURNS trigger AS 'BEGIN RETURN NEW; END' LANGUAGE plpgsql;"
         "CREATE TRIGGER SPY AFTER UPDATE ON TBL_LOCK EXECUTE FUNCTION SPY();"
         "CREATE RULE LATE AS ON DELETE TO OTHERS DO NOTHING; ALTER TABLE MST_CORP ADD CONSTRAINT C CHECK (TRUE);"
-        "ALTER TABLE MST_CORP ADD COLUMN SUM TEXT GENERATED ALWAYS AS (upper(CORP_CODE)) STORED");
+        "ALTER TABLE MST_CORP ADD COLUMN SUM TEXT GENERATED ALWAYS AS (upper(CORP_CODE)) STORED;"
+        "CREATE INDEX QUICK ON OTHERS (upper(A)); CREATE DOMAIN WORD AS TEXT CHECK (VALUE <> '');"
+        "CREATE SEQUENCE NUMBERS; ALTER TABLE MST_TIKU ALTER TIKU_NAME SET DEFAULT upper('x')");
     const std::string foreign = " that the schema does not have";
     for (const char* what : {"SPY: trigger", "LOOK: view", "SEARCH: virtual table", "OTHERS: table", "QUICK: index",
                              "TBL_LOCK.ROOM: column"}) {
@@ -234,7 +236,8 @@ TEST_F(StoreFiles, WhatIsNoRowOfTheOfficeIsToldAndOnlyRowsAreBackedUp) {
     EXPECT_TRUE(isTold("office", "MST_CORP: is not defined as in the schema"));
     EXPECT_FALSE(isTold("office", "MST_TIKU: is not defined"));
     for (const char* what : {"spy: trigger", "spy: function", "look: view", "others: table", "late: rule",
-                             "c: constraint", "sum: computed column", "TBL_LOCK.room: column"}) {
+                             "c: constraint", "sum: computed column", "quick: index", "word: type", "numbers: sequence",
+                             "tiku_name: computed default", "TBL_LOCK.room: column"}) {
         EXPECT_TRUE(isTold("spied", what + foreign)) << what;
     }
     ASSERT_EQ(tool("backup office bak").ending, 0);

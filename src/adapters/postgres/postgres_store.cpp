@@ -39,26 +39,34 @@ constexpr const char* kKeyColumns =
     " WHERE i.indrelid = to_regclass($1) AND i.indisprimary AND a.attrelid = i.indrelid AND a.attnum = k.number"
     " ORDER BY k.place";
 
-// Of the schemas that names are looked for in; what came with an extension is the server's.
+// Objects in the schemas in which names are looked up, except those of extensions. A default that calls a function, an
+// index and a type can run code, as a trigger can.
 constexpr const char* kObjects =
     "WITH own AS (SELECT oid FROM pg_namespace WHERE nspname = ANY (current_schemas(false))),"
     " extra AS (SELECT objid FROM pg_depend WHERE deptype = 'e'),"
     " tables AS (SELECT oid, relname, relkind FROM pg_class"
-    "  WHERE relnamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra))"
-    " SELECT *, '' FROM (SELECT CASE relkind WHEN 'r' THEN 'table' WHEN 'v' THEN 'view' WHEN 'm' THEN 'view' ELSE "
-    "'foreign table' END, "
-    "relname"
-    " FROM tables WHERE relkind IN ('r', 'v', 'm', 'f', 'p')"
+    "  WHERE relnamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra)),"
+    " kinds (relkind, kind) AS (VALUES ('r', 'table'), ('p', 'partitioned table'), ('f', 'foreign table'), ('v', "
+    "'view'),"
+    "  ('m', 'view'), ('S', 'sequence'), ('c', 'type')),"
+    " columns AS (SELECT attname, attgenerated, pg_get_expr(adbin, adrelid) AS value FROM pg_attribute"
+    "  LEFT JOIN pg_attrdef ON adrelid = attrelid AND adnum = attnum WHERE attrelid IN (SELECT oid FROM tables))"
+    " SELECT *, '' FROM (SELECT kind, relname FROM tables JOIN kinds ON tables.relkind::text = kinds.relkind"
+    " UNION SELECT 'index', relname FROM pg_index JOIN pg_class ON pg_class.oid = indexrelid"
+    "  WHERE NOT indisprimary AND indrelid IN (SELECT oid FROM tables)"
+    " UNION SELECT 'type', typname FROM pg_type WHERE typrelid = 0 AND typtype IN ('d', 'e', 'r')"
+    "  AND typnamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra)"
     " UNION SELECT 'trigger', tgname FROM pg_trigger WHERE NOT tgisinternal AND tgrelid IN (SELECT oid FROM tables)"
     " UNION SELECT 'rule', rulename FROM pg_rewrite WHERE rulename <> '_RETURN' AND ev_class IN (SELECT oid FROM "
     "tables)"
     " UNION SELECT 'policy', polname FROM pg_policy WHERE polrelid IN (SELECT oid FROM tables)"
     " UNION SELECT 'function', proname FROM pg_proc"
     "  WHERE pronamespace IN (SELECT oid FROM own) AND oid NOT IN (SELECT objid FROM extra)"
-    " UNION SELECT 'constraint', conname FROM pg_constraint WHERE contype IN ('c', 'f', 'u', 'x') AND conrelid IN "
-    "(SELECT oid FROM tables)"
-    " UNION SELECT 'computed column', attname FROM pg_attribute WHERE attgenerated <> '' AND attrelid IN (SELECT oid "
-    "FROM tables)) AS objects ORDER BY 1, 2";
+    " UNION SELECT 'constraint', conname FROM pg_constraint WHERE contype IN ('c', 'f', 'u', 'x')"
+    "  AND conrelid IN (SELECT oid FROM tables)"
+    " UNION SELECT 'computed column', attname FROM columns WHERE attgenerated <> ''"
+    " UNION SELECT 'computed default', attname FROM columns WHERE attgenerated = '' AND strpos(value, '(') > 0"
+    ") AS objects ORDER BY 1, 2";
 
 // The server's numbers of its types that are no texts here.
 constexpr Oid kBool = 16;
