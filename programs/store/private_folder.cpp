@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPrefix = ".orv_store-";
 constexpr const char* kFile = "store";
+constexpr int kMostAttempts = 10;
 constexpr auto kContents = std::to_array<const char*>({kFile, "store-journal", "store-wal", "store-shm"});
 
 [[noreturn]] void failed(const fs::path& path) { throw KeeperFailure(path.string() + ": " + std::strerror(errno)); }
@@ -50,6 +51,25 @@ void removeLeft(const fs::path& parent) {
     }
 }
 
+fs::path newFolder(const fs::path& parent) {
+    std::string pattern = (parent / (std::string(kPrefix) + "XXXXXX")).string();
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        failed(parent);
+    }
+    return pattern;
+}
+
+/// Returns -1 if another run has meanwhile removed the new folder, like that of a killed run.
+int openLocked(const fs::path& path) {
+    const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    struct stat facts {};
+    if (folder < 0 || (::flock(folder, LOCK_EX | LOCK_NB) == 0 && ::fstat(folder, &facts) == 0 && facts.st_nlink > 0)) {
+        return folder;
+    }
+    ::close(folder);
+    return -1;
+}
+
 /// Another user could have replaced the folder before it was opened.
 bool isOfThisUserAlone(int folder) {
     struct stat facts {};
@@ -69,13 +89,11 @@ PrivateFolder::PrivateFolder(const fs::path& parent) {
         throw KeeperFailure(parent.string() + ": " + error.message());
     }
     removeLeft(place);
-    std::string pattern = (place / (std::string(kPrefix) + "XXXXXX")).string();
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        failed(place);
+    for (int attempt = 0; folder_ < 0 && attempt < kMostAttempts; ++attempt) {
+        path_ = newFolder(place);
+        folder_ = openLocked(path_);
     }
-    path_ = pattern;
-    folder_ = ::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (folder_ < 0 || ::flock(folder_, LOCK_EX | LOCK_NB) != 0) {
+    if (folder_ < 0) {
         failed(path_);
     }
     if (!isOfThisUserAlone(folder_)) {
