@@ -28,8 +28,10 @@ struct Rule {
     const char* what;
 };
 
+/// Includes the list that new files of a folder get.
 bool hasAccessList(const Place& place) {
-    return ::lgetxattr(place.path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+    const auto has = [&](const char* list) { return ::lgetxattr(place.path.c_str(), list, nullptr, 0) > 0; };
+    return has("system.posix_acl_access") || has("system.posix_acl_default");
 }
 
 constexpr auto kRules = std::to_array<Rule>({
@@ -43,7 +45,7 @@ constexpr auto kRules = std::to_array<Rule>({
          return (place.facts.st_mode & kGroup) != 0 && place.facts.st_gid != place.office.st_gid;
      },
      "is open to another group than that of the office: chgrp"},
-    {hasAccessList, "is open to users on an access list: setfacl -b"},
+    {hasAccessList, "is open to users on an access list: setfacl -bk"},
 });
 constexpr std::span<const Rule> kForPrograms(kRules);
 constexpr std::span<const Rule> kForData = kForPrograms.subspan(2);

@@ -25,13 +25,14 @@ TEST(InstallRights, AreTheSameWhateverTheUmask) {
     }
 }
 
-/// Lets one more user read, as a list of the system's own form does.
+/// Lets one more user read a file, or the new files of a folder, by a list in the system's own form.
 int addToAccessList(const std::string& path) {
     const std::string list(
         "\2\0\0\0\1\0\6\0\xff\xff\xff\xff\2\0\4\0\1\0\0\0\4\0\4\0\xff\xff\xff\xff"
         "\x10\0\4\0\xff\xff\xff\xff\x20\0\0\0\xff\xff\xff\xff",
         44);
-    return ::setxattr(path.c_str(), "system.posix_acl_access", list.data(), list.size(), 0);
+    const char* name = std::filesystem::is_directory(path) ? "system.posix_acl_default" : "system.posix_acl_access";
+    return ::setxattr(path.c_str(), name, list.data(), list.size(), 0);
 }
 
 using OfficeRights = StoreTool;
@@ -65,6 +66,7 @@ TEST_F(OfficeRights, TheCheckSaysWhatOfAnOfficeIsTooOpen) {
         {base + "LOG/ERR/261125_err.log", "chmod 0644", "is open to all users"},
         {base + "LOG", "chmod 2771", "is open to all users"},
         {store, "chmod 0664", "is open to all users"},
+        {base + "HLP", "", "is open to users on an access list"},
         {base + "HLP/help.hlp", "", "is open to users on an access list"}};
     if (canBeAnotherUser()) {
         EXPECT_NE(report("setpriv --reuid=65534 --regid=65534 --clear-groups ").find("TBL_CUSTOMER_INFO: 6 rows"),
