@@ -2,6 +2,11 @@
 
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
+# Writes the pictures of the tests.
+add_library(made_pictures STATIC support/made_pictures.cpp)
+target_include_directories(made_pictures PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(made_pictures PRIVATE orv_options PUBLIC sample_folder orv_adapters_pictures JPEG::JPEG TIFF::TIFF Qt6::Gui)
+
 orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
 orv_add_one_test(store_tool_tests programs/store private_server orv_adapters_text nlohmann_json::nlohmann_json
@@ -10,17 +15,18 @@ target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:st
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
-orv_add_one_test(security_tests security private_server jet_reading orv_app orv_office_store
-                 orv_adapters_posix orv_adapters_text orv_adapters_pictures GTest::gtest_main)
+orv_add_one_test(security_tests security private_server suite_server_desks jet_reading orv_app orv_office_store
+                 orv_adapters_http orv_adapters_posix orv_adapters_text made_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
                                                   STORE_TOOL="$<TARGET_FILE:store_tool>"
+                                                  PROGRAM="$<TARGET_FILE:company_information>"
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search hostile_key)
 orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_desks nlohmann_json::nlohmann_json
               GTest::gtest_main)
-orv_add_tests(pictures_tests adapters/pictures orv_adapters_pictures orv_adapters_posix JPEG::JPEG TIFF::TIFF Qt6::Gui GTest::gtest_main)
+orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_posix GTest::gtest_main)
 orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
 orv_add_tests(window_tests app orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix

@@ -2,7 +2,6 @@
 #include <cstdlib>
 
 #include "adapters/http/company_document.h"
-#include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_files.h"
 #include "adapters/posix/sibling_words.h"
 #include "adapters/sqlite/left_rewriter.h"
@@ -10,6 +9,7 @@
 #include "adapters/text/table_messages.h"
 #include "fuzz/fuzz_target.h"
 #include "support/fixture.h"
+#include "support/made_pictures.h"
 
 namespace orv::test {
 namespace {

@@ -13,8 +13,8 @@
 
 #include "jet_file.h"
 #include "keeper.h"
+#include "programs/store/store_tool_fixture.h"
 #include "reader_jail.h"
-#include "support/temp_folder.h"
 
 namespace orv {
 namespace {
@@ -73,6 +73,32 @@ TEST(ImportJail, AReaderThatStandsStillIsEnded) {
     const TempFolder folder;
     ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);  // nobody will ever write into it
     EXPECT_THROW(readJetFile(folder.file("pipe"), {"T"}, std::chrono::milliseconds(100)), KeeperFailure);
+}
+
+using HostileImport = StoreTool;
+
+TEST_F(HostileImport, ADamagedOrHostileFileEndsInATextAndFillsNothing) {
+    runSql(office, "UPDATE TBL_CUSTOMER_ADD SET CPU = replace(hex(zeroblob(9000)), '0', '長い')");
+    makeJet(4, "old.mdb");
+    makeJet(4, "loop.mdb", "--loop");
+    const std::string whole = readFile(folder.file("old.mdb"));
+    writeFile(folder.file("cut.mdb"), whole.substr(0, whole.rfind("\x01\x01")));
+    writeFile(folder.file("head.mdb"), whole.substr(0, 4096));
+    writeFile(folder.file("noise.mdb"), whole.substr(0, 4096) + std::string(100'000, '\x02'));
+    writeFile(folder.file("open.mdb"), whole);
+    writeFile(folder.file("open.ldb"), "");
+    runSql(folder.file("other.mdb"), "CREATE TABLE T (A TEXT)");
+    const auto before = names();
+    for (const char* bad :
+         {"loop.mdb", "cut.mdb", "head.mdb", "noise.mdb", "open.mdb", "other.mdb", "office", "missing"}) {
+        const Outcome run = tool(std::string("import ") + bad + " home");
+        EXPECT_EQ(run.ending, 3) << bad << run.out;
+        EXPECT_NE(run.err.find("orv_store: "), std::string::npos) << run.err;
+        EXPECT_EQ(names(), before) << bad;
+    }
+    EXPECT_EQ(tool("import cut.mdb home --salvage").ending, 1);
+    EXPECT_TRUE(matches(tool("import cut.mdb --salvage"), "MST_CORP: damaged: 0 of 7 rows can be read"));
+    EXPECT_EQ(json("check home")["tables"]["TBL_CUSTOMER_INFO"], 6);
 }
 
 }  // namespace

@@ -106,6 +106,19 @@ INSTANTIATE_TEST_SUITE_P(
                     Plant{.what = "Chosen", .atWork = "TMP/new.jpg", .chosen = true}),
     [](const auto& row) { return row.param.what; });
 
+TEST_F(PhotoFolders, ALinkAtTheNameOfANewFileLeadsNowhere) {
+    const fs::path owned = office.folder.write("home/letter", kPrivate);
+    const std::string name = ".orv-" + std::to_string(::getpid()) + "-";
+    for (int number = 1; number < 3000; ++number) {
+        fs::create_symlink(number % 2 == 0 ? owned : owned.parent_path() / "new",
+                           img / (name + std::to_string(number) + ".tmp"));
+    }
+    files.publish("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg", kStored);
+    EXPECT_EQ(bytesOf(kStored), bytesOf("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
+    EXPECT_EQ(readFile(owned), kPrivate);
+    EXPECT_EQ(office.folder.countIn("home"), 1);
+}
+
 /// A row that names something else than a file in the folder of the photos.
 TEST_F(PhotoFolders, ANameThatIsAPathIsAPhotoThatIsGone) {
     const std::string settingsBytes = readFile(orv / "SYS/system.ini");

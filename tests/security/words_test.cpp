@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "adapters/postgres/postgres_failure.h"
+#include "adapters/text/table_messages.h"
 #include "adapters/words/printable.h"
 
 namespace orv {
@@ -30,6 +31,19 @@ TEST(Words, AStateThatIsNoneIsNotACode) {
     }
     EXPECT_EQ(serverFailure("23505", "a\nb").code(), "DB23505");
     EXPECT_NE(serverFailure("23505", "a\nb").description().find("（a b）"), std::string::npos);
+}
+
+TEST(Words, AFileOfMessagesSaysThemOtherwiseButAsksNotLess) {
+    using Kind = Notice::Kind;
+    using Buttons = Message::Buttons;
+    MessageTable table;
+    table.overrideBy(readMessages("IMGMSG01,WARN,OK,消します。\n"
+                                  "COS05574,INFO,YESNO,保存済み\n"
+                                  "NEW00001,ASK,YESNO,新しい質問\n")
+                         .messages);
+    EXPECT_EQ(table.messages().at("IMGMSG01"), (Message{Kind::Warning, Buttons::YesNo, "消します。"}));
+    EXPECT_EQ(table.messages().at("COS05574"), (Message{Kind::Information, Buttons::Ok, "保存済み"}));
+    EXPECT_EQ(table.messages().at("NEW00001"), (Message{Kind::Question, Buttons::YesNo, "新しい質問"}));
 }
 
 }  // namespace

@@ -139,17 +139,5 @@ TEST(IdInAnswer, AnObjectWithAnIdTextIsAnAnswer) {
     }
 }
 
-TEST(IdInAnswer, AnythingElseIsNone) {
-    for (const char* body :
-         {"", "ok", "[]", "{}", R"({"ID":"000005001"})", R"({"id":5001})", R"({"id":""})", R"({"id":"000005001"} x)",
-          "<html>\xFF\xFE{]", "{\"id\":\"\xFF\"}", R"({"id":"a\u0000b"})", R"({"id":"1234';--"})",
-          R"({"id":"../../../"})", R"({"id":"..\\..\\x"})", R"({"id":"0000,0001"})", R"({"id":"00000500 "})",
-          R"({"id":"---------"})", R"({"id":"一二三四五六七八九"})"}) {
-        EXPECT_EQ(idInAnswer(body), std::nullopt) << body;
-    }
-    EXPECT_EQ(idInAnswer(R"({"id":")" + std::string(65, '1') + "\"}"), std::nullopt);
-    EXPECT_EQ(idInAnswer(R"({"id":)" + std::string(500'000, '{')), std::nullopt);
-}
-
 }  // namespace
 }  // namespace orv

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/pictures/made_pictures.h"
 #include "adapters/pixels/picture_header.h"
 #include "adapters/raster/tiff_file.h"
 #include "platform/run_time_error.h"
 #include "platform/waiting.h"
+#include "support/made_pictures.h"
 
 namespace orv::test {
 namespace {

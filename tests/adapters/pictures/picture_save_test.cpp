@@ -3,12 +3,12 @@
 #include <QColor>
 #include <QImage>
 
-#include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pixels/picture_failure.h"
 #include "adapters/pixels/quality_map.h"
 #include "adapters/raster/tiff_file.h"
 #include "support/failure_of.h"
+#include "support/made_pictures.h"
 
 namespace orv::test {
 namespace {

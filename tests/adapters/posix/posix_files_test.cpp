@@ -98,19 +98,6 @@ TEST_F(PosixFilesTest, WhatADeadRunLeftGoesWithTheNextCopyAndNothingElse) {
     EXPECT_EQ(office.bytesOf("C/D/.orv-notes"), "of the clerk");
 }
 
-TEST_F(PosixFilesTest, ALinkThatSomebodyHasPutThereLeadsNowhere) {
-    const std::string folder = office.root() + "/C/D/";
-    const std::string name = ".orv-" + std::to_string(::getpid()) + "-";
-    for (int i = 1; i < 500; ++i) {
-        ::symlink("b.txt", (folder + name + std::to_string(i) + ".tmp").c_str());
-        ::symlink("not there", (folder + name + std::to_string(500 + i) + ".tmp").c_str());
-    }
-    files.copy("C:\\D\\a.txt", "C:\\D\\copy");
-    EXPECT_EQ(office.bytesOf("C/D/copy"), "alpha");
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
-    EXPECT_FALSE(office.has("C/D/not there"));
-}
-
 TEST_F(PosixFilesTest, AppendsWholeRecordsOrNothing) {
     files.append("C:\\D\\log.txt", "one\r\n");
     files.append("C:\\D\\LOG.txt", "two\r\n");

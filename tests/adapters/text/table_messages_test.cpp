@@ -150,17 +150,6 @@ TEST(MessageTable, SkipsABadLineAndReadsOn) {
     }
 }
 
-TEST(MessageTable, LetsAFileSayItOtherwiseButNotAskLess) {
-    MessageTable table;
-    table.overrideBy(readMessages("IMGMSG01,WARN,OK,消します。\n"
-                                  "COS05574,INFO,YESNO,保存済み\n"
-                                  "NEW00001,ASK,YESNO,新しい質問\n")
-                         .messages);
-    EXPECT_EQ(table.messages().at("IMGMSG01"), (Message{Kind::Warning, Buttons::YesNo, "消します。"}));
-    EXPECT_EQ(table.messages().at("COS05574"), (Message{Kind::Information, Buttons::Ok, "保存済み"}));
-    EXPECT_EQ(table.messages().at("NEW00001"), (Message{Kind::Question, Buttons::YesNo, "新しい質問"}));
-}
-
 TEST(MessageTable, IsWhatTheSampleOfficeShips) {
     const std::string bytes = readFile(kSampleFolder + "/C/ORV/SYS/MSG.TBL");
     const Cp932 page;

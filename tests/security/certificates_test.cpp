@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <iostream>
 
-#include "http_fixture.h"
+#include "adapters/http/http_fixture.h"
 
 namespace orv {
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/pictures/made_pictures.h"
+#include "support/made_pictures.h"
 
 #include <QBuffer>
 #include <algorithm>

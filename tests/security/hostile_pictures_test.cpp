@@ -11,12 +11,12 @@
 #include <map>
 #include <memory>
 
-#include "adapters/pictures/made_pictures.h"
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pixels/picture_failure.h"
 #include "adapters/raster/gif_file.h"
 #include "adapters/raster/tiff_file.h"
 #include "support/failure_of.h"
+#include "support/made_pictures.h"
 
 namespace orv::test {
 namespace {

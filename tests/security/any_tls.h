@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdlib>
+#include <string>
+
+#include "support/temp_folder.h"
+
+namespace orv {
+
+/// A variable of the environment while in scope.
+class Variable {
+public:
+    Variable(const char* name, const std::string& value) : name_(name) { ::setenv(name, value.c_str(), 1); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+    ~Variable() { ::unsetenv(name_); }
+
+private:
+    const char* name_;
+};
+
+/// The system's own settings reject old TLS. In these tests everything can speak it, so that only the program rejects
+/// it. The TLS library reads the settings once, before the first test.
+inline const struct AnyTls {
+    const TempFolder folder;
+    const Variable settings{"OPENSSL_CONF",
+                            folder.write("any.cnf",
+                                         "openssl_conf = all\n[all]\nssl_conf = ssl\n[ssl]\nsystem_default = any\n"
+                                         "[any]\nMinProtocol = TLSv1\nCipherString = DEFAULT:@SECLEVEL=0\n")};
+} anyTls;
+
+}  // namespace orv
