@@ -12,16 +12,14 @@
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
+#include "platform/scope.h"
 
 namespace orv {
 
 /// The adapters of an office that need no window. The constructor enters them in `services()`. The members are in the
 /// order in which they depend on each other.
-struct OfficeAdapters {
+struct OfficeAdapters : NonCopyable {
     explicit OfficeAdapters(const std::string& programFolder);
-    OfficeAdapters(const OfficeAdapters&) = delete;
-    OfficeAdapters& operator=(const OfficeAdapters&) = delete;
-    ~OfficeAdapters() = default;
 
     Cp932 codePage;
     PosixFacts facts;
