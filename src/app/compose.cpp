@@ -1,6 +1,6 @@
 #include "app/compose.h"
 
-#include "adapters/qt/descriptor_watch.h"
+#include "adapters/qt/application.h"
 #include "config/settings.h"
 #include "logging/write_log.h"
 #include "pages/layout/layouts.h"

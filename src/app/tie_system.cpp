@@ -1,8 +1,8 @@
 #include "app/tie_system.h"
 
 #include "config/settings.h"
-#include "logging/log_files.h"
-#include "pages/handlers/wiring.h"
+#include "logging/write_log.h"
+#include "pages/handlers/page_handlers.h"
 
 namespace orv {
 

@@ -8,7 +8,7 @@
 #include "platform/machine/clock.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
-#include "platform/upper_case.h"
+#include "platform/utf8.h"
 #include "platform/value.h"
 #include "validation/text/blanks.h"
 #include "validation/text/conversions.h"

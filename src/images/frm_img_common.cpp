@@ -8,7 +8,7 @@
 #include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
-#include "pages/forms/form_view.h"
+#include "pages/forms/form_helpers.h"
 #include "platform/forms/form_host.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"

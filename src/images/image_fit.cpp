@@ -2,19 +2,77 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <utility>
 
 #include "config/settings.h"
 #include "core/record/globals.h"
-#include "images/quality_search.h"
+#include "images/file_size_text.h"
+#include "images/frm_img_common.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"
+#include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"
+#include "platform/machine/window_system.h"
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/services.h"
 #include "validation/text/conversions.h"
 
 namespace orv {
 namespace {
+
+/// Writes the working file repeatedly, each time from the same pixels.
+class Saver {
+public:
+    explicit Saver(ImageControl& image) : image_(image), format_(image.infoFormat()), bits_(image.infoBits()) {}
+
+    void save(int factor) const { image_.save(gImgDstFile, format_, bits_, factor); }
+    /// Writes the file and returns its size in bytes.
+    std::int32_t measured(int factor) const {
+        save(factor);
+        image_.getFileInfo(gImgDstFile);
+        return image_.infoSizeDisk();
+    }
+
+private:
+    ImageControl& image_;
+    std::int32_t format_;
+    std::int32_t bits_;
+};
+
+/// Returns the smallest factor at which the file fits. The size falls as the factor rises. The search is for the factor
+/// plus one, so that the steps are even. `size` is that of the smallest file.
+int smallestFitting(const Saver& saver, double limit, std::int32_t size) {
+    int place = kSmallestFile + 1;
+    for (int step = (kSmallestFile + 1) / 2; step >= 1; step /= 2) {
+        place = size > limit ? place + step : place - step;
+        if (place == kBestQuality) {
+            place = kBestQuality + 1;
+        }
+        size = saver.measured(place - 1);
+        services().windows->repaint();
+    }
+    return size > limit ? place : place - 1;
+}
+
+bool lowerQuality(ImageControl& image, bool& changed) {
+    image.getFileInfo(gImgDstFile);
+    const double limit = toNumber(com().IniImgSize());
+    if (image.infoSizeDisk() <= limit) {
+        return true;
+    }
+    changed = true;
+    const Saver saver(image);
+    const std::int32_t smallest = saver.measured(kSmallestFile);
+    if (smallest > limit) {
+        return fail("ファイルサイズが大きすぎて保存できません。", "IMGERR:01");
+    }
+    const int factor = smallestFitting(saver, limit, smallest);
+    saver.save(factor);
+    gImgQualityText = std::to_string(factor) + "/ 255";
+    return true;
+}
 
 constexpr const char* kLabel = "[ PF_ResizeImePic ] ";
 
@@ -64,10 +122,67 @@ bool fit(ImageControl& image, bool& changed) {
     return true;
 }
 
+/// Leaves the texts empty for a missing file, which the fitting reports.
+void readFigures(ImageControl& image) {
+    if (!services().fileSystem->exists(gImgSrcFile)) {
+        return;
+    }
+    image.getFileInfo(gImgSrcFile);
+    gImgSrcSizeText = PF_GetFileSizeString(image.infoSizeDisk());
+    gImgSrcHeightText = std::to_string(image.infoHeight());
+    gImgSrcWidthText = std::to_string(image.infoWidth());
+    gImgQualityText = "255/255";
+}
+
+/// The loaded dialog, unloaded when it leaves scope. The form host keeps the form until no event is running.
+class Confirmation : NonCopyable {
+public:
+    Confirmation() { services().forms->load(*form_); }
+    ~Confirmation() {
+        services().forms->unload(*form_, UnloadMode::Code);
+        services().forms->retire(std::move(form_));
+    }
+    void ask() { services().forms->showModal(*form_); }
+
+private:
+    std::unique_ptr<frm_ImgCommon> form_ = std::make_unique<frm_ImgCommon>();
+};
+
+/// False if the dialog could not be loaded.
+bool confirmed() {
+    gImgLoaded = false;
+    Confirmation dialog;
+    if (gImgLoaded) {
+        dialog.ask();
+    }
+    return gImgLoaded;
+}
+
 }  // namespace
+
+bool bas_Image::PF_ChangeQFactor(ImageControl& image, bool& changed) {
+    return trapped("[ PF_ChangeQFactor ] ", [&] { return lowerQuality(image, changed); });
+}
 
 bool bas_Image::PF_ResizeImePic(ImageControl& image, bool& changed) {
     return trapped(kLabel, [&] { return fit(image, changed); });
+}
+
+bool bas_Image::PF_ImeResize(const std::string& source, ImageControl& image, std::string& target) {
+    return trapped("[ PF_ImeResize ] ", [&] {
+        gImgSrcFile = source;
+        gImgDstFile = target;
+        readFigures(image);
+        bool changed = false;
+        if (!PF_ResizeImePic(image, changed) || !PF_ChangeQFactor(image, changed)) {
+            return false;
+        }
+        if (changed && !confirmed()) {
+            return false;
+        }
+        target = gImgDstFile;
+        return true;
+    });
 }
 
 }  // namespace orv

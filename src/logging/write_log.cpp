@@ -8,7 +8,6 @@
 
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
-#include "logging/log_files.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/machine/clock.h"
@@ -127,6 +126,11 @@ void tellOnce(const Refusal& refusal) {
 }
 
 }  // namespace
+
+LogFiles& logFiles() {
+    static LogFiles theLogFiles;
+    return theLogFiles;
+}
 
 bool bas_WriteLog::PF_WriteLog(const std::string& kind, const Values& args) {
     if (theContext.writingLog) {

@@ -59,6 +59,9 @@ struct Services {
     FormHost* forms = nullptr;
 };
 
-Services& services();
+inline Services& services() {
+    static Services theServices;
+    return theServices;
+}
 
 }  // namespace orv

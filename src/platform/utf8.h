@@ -14,4 +14,8 @@ std::string toUtf8(std::u32string_view characters);
 /// Returns the first `count` characters of a UTF-8 text, or all of them.
 std::string firstCharacters(std::string_view text, std::size_t count);
 
+/// Converts to capitals as Windows does, independent of the locale: Latin, Greek, Cyrillic, full-width letters and
+/// small Roman numerals. In a text that is not UTF-8 only ASCII letters change.
+std::string upperCase(std::string_view text);
+
 }  // namespace orv

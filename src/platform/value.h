@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,6 +9,9 @@
 #include <vector>
 
 namespace orv {
+
+/// Returns nothing unless the text is a decimal number: sign, digits, point and exponent, with blanks around it.
+std::optional<double> readNumber(std::string_view text);
 
 /// A local date and time, to the second. Months and days count from 1.
 struct DateTime {

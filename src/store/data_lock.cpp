@@ -10,7 +10,7 @@
 #include "platform/machine/machine_facts.h"
 #include "platform/services.h"
 #include "store/rows.h"
-#include "store/transaction.h"
+#include "store/store_session.h"
 #include "validation/text/blanks.h"
 
 namespace orv {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/scope.h"
@@ -25,5 +26,20 @@ private:
     bool ok_ = false;
     bool closed_ = false;
 };
+
+/// Modes of `PF_GetRowCountZero`. Each selects a table and a condition.
+inline constexpr std::int16_t kCountInfo = 10;
+inline constexpr std::int16_t kCountAdd = 11;
+inline constexpr std::int16_t kCountDate = 12;
+
+/// True if the open store has no row of `userId` in the table of `mode`. False also if the query failed. Callers then
+/// continue as if the row existed, and the pair holds the failure.
+[[nodiscard]] bool PF_GetRowCountZero(const std::string& key2, const std::string& userId, std::int16_t mode,
+                                      const std::string& key3);
+
+/// Queries with the modes 10 to 12.
+[[nodiscard]] inline bool noRowOf(const std::string& userId, std::int16_t mode) {
+    return PF_GetRowCountZero("", userId, mode, "");
+}
 
 }  // namespace orv

@@ -9,15 +9,18 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
+#include "platform/machine/file_system.h"
 #include "platform/machine/window_system.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
-#include "transmission/file_names.h"
-#include "transmission/frm_send.h"
+#include "platform/utf8.h"
+#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 
 namespace orv {
 namespace {
+
+std::unique_ptr<frm_Send> theSendForm;
 
 constexpr const char* kUser = "kvr73node";
 constexpr const char* kPassword = "Xk9TRbmW2";
@@ -47,6 +50,46 @@ void request(HttpControl& http, const std::string& file, const std::string& name
 }
 
 }  // namespace
+
+frm_Send::frm_Send() : Form("frm_Send", "", {.x = 1, .y = 1}) {
+    onLoad = [this] { Http1 = services().http(); };
+    onUnload = [this] { Http1.reset(); };
+}
+
+frm_Send& sendForm() {
+    if (!theSendForm) {
+        theSendForm = std::make_unique<frm_Send>();
+    }
+    return *theSendForm;
+}
+
+void dropSendForm() { theSendForm.reset(); }
+
+bool PF_FileCanOpen(const std::string& file) {
+    bool canOpen = false;
+    static_cast<void>(caught([&] {
+        std::string name = PF_StripQuotes(file);
+        if (name.ends_with('\\')) {
+            name.pop_back();
+        }
+        canOpen = services().fileSystem->exists(name) && services().fileSystem->canOpen(name);
+    }));  // a file that cannot be checked is not sent
+    return canOpen;
+}
+
+std::string PF_StripQuotes(const std::string& text) {
+    const std::string name = trimmed(text);
+    if (toCharacters(name).size() < 2) {
+        throw RunTimeError(Failure::InvalidCall);
+    }
+    const bool quoted = name.starts_with('"') && name.ends_with('"');
+    return quoted ? name.substr(1, name.size() - 2) : name;
+}
+
+std::string PF_BaseName(const std::string& path) {
+    const std::size_t split = path.find_last_of("\\:");
+    return split == std::string::npos ? path : path.substr(split + 1);
+}
 
 void PF_ImageDataTransfer() {
     const bool isFtp = multiCom().ORV_IMAGE_TRANSFER_TYPE() == "FTP";

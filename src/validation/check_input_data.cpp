@@ -7,7 +7,7 @@
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
-#include "pages/frame/change_page.h"
+#include "pages/frame/page_frame.h"
 #include "platform/forms/form_host.h"
 #include "platform/scope.h"
 #include "platform/services.h"

@@ -1,8 +1,6 @@
 // Injects a failure into handlers that no other test covers. Each handler reports it under its own label.
 
-#include "pages/handlers/comp_inp0_handlers.h"
-#include "pages/handlers/comp_inp1_handlers.h"
-#include "pages/handlers/comp_inp3_handlers.h"
+#include "pages/handlers/page_handlers.h"
 #include "support/fixture.h"
 
 namespace orv {

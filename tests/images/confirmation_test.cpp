@@ -1,6 +1,6 @@
 #include "images/fitting_case.h"
 #include "images/frm_img_common.h"
-#include "images/ime_resize.h"
+#include "images/image_fit.h"
 #include "platform/suite/help_service.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #include "adapters/pictures/picture_files.h"
 #include "images/fitting_case.h"
-#include "images/quality_search.h"
+#include "images/image_fit.h"
 
 namespace orv {
 namespace {

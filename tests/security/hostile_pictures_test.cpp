@@ -13,8 +13,7 @@
 
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pixels/picture_failure.h"
-#include "adapters/raster/gif_file.h"
-#include "adapters/raster/tiff_file.h"
+#include "adapters/raster/raster_formats.h"
 #include "support/failure_of.h"
 #include "support/made_pictures.h"
 

@@ -1,6 +1,6 @@
 #include "store/statements.h"
 
-#include "store/row_count.h"
+#include "store/rows.h"
 #include "support/fixture.h"
 
 namespace orv {

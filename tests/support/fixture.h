@@ -16,7 +16,7 @@
 #include "core/flow/start.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
-#include "logging/log_files.h"
+#include "logging/write_log.h"
 #include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
@@ -28,7 +28,7 @@
 #include "support/scripted_machine.h"
 #include "support/scripted_programs.h"
 #include "support/store_files.h"
-#include "transmission/frm_send.h"
+#include "transmission/image_upload.h"
 
 namespace orv {
 

@@ -5,8 +5,7 @@
 #include <array>
 #include <stdexcept>
 
-#include "adapters/raster/bmp_writer.h"
-#include "adapters/raster/gif_file.h"
+#include "adapters/raster/raster_formats.h"
 
 namespace orv::test {
 namespace {

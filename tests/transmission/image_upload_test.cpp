@@ -2,7 +2,6 @@
 
 #include "support/failure_of.h"
 #include "support/fixture.h"
-#include "transmission/file_names.h"
 
 namespace orv {
 namespace {

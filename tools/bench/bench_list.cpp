@@ -6,7 +6,7 @@
 #include "bench_office.h"
 #include "core/flow/leaving.h"
 #include "pages/forms/page_set.h"
-#include "pages/frame/page_start.h"
+#include "pages/frame/page_frame.h"
 #include "platform/forms/form_host.h"
 
 namespace bench {

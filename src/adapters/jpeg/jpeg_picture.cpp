@@ -2,11 +2,10 @@
 
 #include <utility>
 
-#include "adapters/jpeg/jpeg_reader.h"
 #include "adapters/jpeg/jpeg_writer.h"
 #include "adapters/pixels/exif_orientation.h"
 #include "adapters/pixels/picture_failure.h"
-#include "adapters/pixels/picture_sizes.h"
+#include "adapters/pixels/picture_header.h"
 #include "adapters/pixels/resampler.h"
 
 namespace orv {

@@ -1,4 +1,4 @@
-#include "adapters/jpeg/jpeg_reader.h"
+#include "adapters/jpeg/jpeg_picture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,10 +3,8 @@
 #include <new>
 
 #include "adapters/jpeg/jpeg_picture.h"
-#include "adapters/jpeg/jpeg_reader.h"
 #include "adapters/pixels/picture_failure.h"
 #include "adapters/raster/raster_picture.h"
-#include "adapters/raster/raster_reader.h"
 
 namespace orv {
 namespace {

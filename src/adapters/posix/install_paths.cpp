@@ -12,7 +12,7 @@
 
 #include "adapters/posix/ascii.h"
 #include "platform/run_time_error.h"
-#include "platform/upper_case.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {

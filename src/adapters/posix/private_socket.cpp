@@ -2,11 +2,10 @@
 
 #include <sys/socket.h>
 #include <sys/un.h>
-
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
-#include "adapters/posix/local_peer.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -50,6 +49,17 @@ Descriptor listenAt(const std::string& path) {
 }
 
 }  // namespace
+
+bool isOfThisUser(const Descriptor& peer) {
+    ucred who{};
+    socklen_t size = sizeof who;
+    return ::getsockopt(peer.number(), SOL_SOCKET, SO_PEERCRED, &who, &size) == 0 && who.uid == ::geteuid();
+}
+
+Descriptor acceptOwnUser(int listener) {
+    Descriptor peer(::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    return peer && isOfThisUser(peer) ? std::move(peer) : Descriptor();
+}
 
 PrivateSocket::PrivateSocket()
     : folder_(freshFolder()), path_(folder_ + std::string(kSocketName)), listener_(listenAt(path_)) {

@@ -6,6 +6,13 @@
 
 namespace orv {
 
+/// True if the process at the other end of a local socket belongs to this user.
+bool isOfThisUser(const Descriptor& peer);
+
+/// The next connection to a listening local socket. None if nobody connects or if another user does. Never waits, also
+/// not when the connection is read.
+Descriptor acceptOwnUser(int listener);
+
 /// A local socket to which only programs of this user come, in a folder that only this user may enter. Both go with the
 /// object.
 class PrivateSocket {

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-#include "adapters/posix/local_peer.h"
+#include "adapters/posix/private_socket.h"
 
 namespace orv {
 namespace {

@@ -1,8 +1,8 @@
 #include "adapters/qt/application.h"
 
 #include <fontconfig/fontconfig.h>
-
 #include <QApplication>
+#include <QCoreApplication>
 #include <QFont>
 #include <QFontDatabase>
 #include <QIcon>
@@ -11,6 +11,7 @@
 #include <QPalette>
 #include <QPixmapCache>
 #include <QScreen>
+#include <QSocketNotifier>
 #include <QStyle>
 #include <QTranslator>
 #include <algorithm>
@@ -145,5 +146,15 @@ Application::Application(const char* programName)
 Application::~Application() = default;
 
 int Application::run() const { return QApplication::exec(); }
+
+std::shared_ptr<void> watchDescriptor(int descriptor, std::function<void()> readable) {
+    auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, std::move(readable));
+    // The notifier's own event may be running.
+    return {static_cast<void*>(notifier), [notifier](void*) {
+                notifier->setEnabled(false);
+                notifier->deleteLater();
+            }};
+}
 
 }  // namespace orv

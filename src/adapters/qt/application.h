@@ -1,13 +1,11 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 
 #include "platform/scope.h"
-
-class QApplication;
-class QTranslator;
 
 namespace orv {
 
@@ -30,5 +28,9 @@ private:
     std::unique_ptr<QApplication> application_;
     std::unique_ptr<QTranslator> words_;
 };
+
+/// Calls `readable` from the application's event loop whenever the descriptor can be read. Releasing the result ends
+/// the watch; `readable` itself can do that.
+std::shared_ptr<void> watchDescriptor(int descriptor, std::function<void()> readable);
 
 }  // namespace orv

@@ -4,9 +4,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include "adapters/qt/dialogs.h"
 #include "adapters/qt/nested_events.h"
-#include "adapters/qt/notice_box.h"
-#include "adapters/qt/open_dialog.h"
 #include "adapters/qt/views/qt_text.h"
 #include "platform/run_time_error.h"
 #include "platform/waiting.h"

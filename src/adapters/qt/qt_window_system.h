@@ -8,7 +8,6 @@
 #include <span>
 
 #include "adapters/qt/form_pane.h"
-#include "adapters/qt/sibling_cover.h"
 #include "adapters/qt/top_window.h"
 #include "adapters/qt/work_cover.h"
 #include "platform/machine/window_system.h"

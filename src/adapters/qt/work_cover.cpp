@@ -1,7 +1,9 @@
 #include "adapters/qt/work_cover.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
+#include <QWindow>
 
 namespace orv {
 namespace {
@@ -36,6 +38,22 @@ bool WorkCover::eventFilter(QObject*, QEvent* event) {
     }
     // If the page lost the focus to another window, its handlers would run.
     return event->type() == QEvent::Close || event->type() == QEvent::ActivationChange;
+}
+
+/// Filters the events of the application, because presses on a disabled form do not reach its widgets.
+SiblingCover::SiblingCover(QWidget& page, const QString& line, std::function<void()> pressed)
+    : PageCover(&page, Bar::None), pressed_(std::move(pressed)) {
+    setObjectName(QStringLiteral("sibling"));
+    say(line);
+    appear();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool SiblingCover::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && watched == window()->windowHandle()) {
+        pressed_();
+    }
+    return false;
 }
 
 }  // namespace orv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "adapters/qt/input_gate.h"
@@ -21,6 +22,19 @@ public:
 private:
     std::unique_ptr<InputGate> gate_;
     bool ended_ = false;
+};
+
+/// Asks the operator to use another program's window. Covers a page that is waiting for that program and takes no
+/// input.
+class SiblingCover : public PageCover {
+public:
+    /// `pressed` is called when the operator presses a mouse button anywhere on the page.
+    SiblingCover(QWidget& page, const QString& line, std::function<void()> pressed);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::function<void()> pressed_;
 };
 
 }  // namespace orv

@@ -1,4 +1,4 @@
-#include "adapters/raster/bmp_writer.h"
+#include "adapters/raster/raster_formats.h"
 
 #include <algorithm>
 #include <array>

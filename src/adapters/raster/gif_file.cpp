@@ -1,4 +1,4 @@
-#include "adapters/raster/gif_file.h"
+#include "adapters/raster/raster_formats.h"
 
 #include <gif_lib.h>
 

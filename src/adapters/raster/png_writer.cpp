@@ -1,4 +1,4 @@
-#include "adapters/raster/png_writer.h"
+#include "adapters/raster/raster_formats.h"
 
 #include <png.h>
 

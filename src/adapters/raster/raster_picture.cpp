@@ -8,13 +8,9 @@
 
 #include "adapters/pixels/box_reducer.h"
 #include "adapters/pixels/exif_orientation.h"
-#include "adapters/pixels/picture_sizes.h"
+#include "adapters/pixels/picture_header.h"
 #include "adapters/pixels/resampler.h"
-#include "adapters/raster/bmp_writer.h"
-#include "adapters/raster/gif_file.h"
-#include "adapters/raster/png_writer.h"
-#include "adapters/raster/raster_reader.h"
-#include "adapters/raster/tiff_file.h"
+#include "adapters/raster/raster_formats.h"
 #include "platform/run_time_error.h"
 #include "platform/waiting.h"
 

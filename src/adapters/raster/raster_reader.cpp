@@ -1,4 +1,4 @@
-#include "adapters/raster/raster_reader.h"
+#include "adapters/raster/raster_picture.h"
 
 #include <QColorSpace>
 #include <QFile>
@@ -10,9 +10,7 @@
 
 #include "adapters/pixels/exif_orientation.h"
 #include "adapters/pixels/picture_failure.h"
-#include "adapters/raster/gif_file.h"
-#include "adapters/raster/tiff_file.h"
-#include "adapters/raster/whole_bmp.h"
+#include "adapters/raster/raster_formats.h"
 
 namespace orv {
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/raster/tiff_file.h"
+#include "adapters/raster/raster_formats.h"
 
 #include <tiffio.h>
 #include <unistd.h>

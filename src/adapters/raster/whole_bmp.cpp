@@ -1,4 +1,4 @@
-#include "adapters/raster/whole_bmp.h"
+#include "adapters/raster/raster_formats.h"
 
 #include <cstdlib>
 

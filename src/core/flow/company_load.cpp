@@ -15,7 +15,6 @@
 #include "platform/utf8.h"
 #include "store/company_lock.h"
 #include "store/data_lock.h"
-#include "store/row_count.h"
 #include "store/rows.h"
 #include "store/statements.h"
 #include "store/store_session.h"

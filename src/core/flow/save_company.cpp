@@ -7,7 +7,6 @@
 #include "binding/page_to_record.h"
 #include "core/flow/company_write.h"
 #include "core/flow/photo_files.h"
-#include "core/flow/statement_values.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/messages.h"
@@ -21,9 +20,8 @@
 #include "platform/services.h"
 #include "platform/suite/company_send_service.h"
 #include "platform/utf8.h"
-#include "store/row_count.h"
+#include "store/rows.h"
 #include "store/store_session.h"
-#include "transmission/frm_send.h"
 #include "transmission/image_upload.h"
 #include "validation/check_input_data.h"
 

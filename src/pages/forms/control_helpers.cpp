@@ -1,10 +1,12 @@
 #include "pages/forms/control_helpers.h"
 
+#include <algorithm>
+#include <cctype>
+
 #include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "pages/forms/colours.h"
-#include "pages/forms/display_names.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/forms/form_host.h"
@@ -16,6 +18,14 @@
 namespace orv {
 inline namespace bas_FromCommon {
 namespace {
+
+constexpr const char* kNoName = "[P_ChgControl]にて判断できない項目";
+
+std::string upper(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+    return text;
+}
 
 /// False also if the file cannot be checked.
 bool fieldNamesInPlace() {
@@ -95,6 +105,21 @@ void enableField(Field& input, bool enable, std::optional<Colour> colour) {
 
 }  // namespace
 
+std::string P_ChgControl(std::string& control) {
+    if (upper(control) == upper("cbo_Property_Type_Code")) {
+        control = "txt_Property_Type_Code";
+    }
+    std::string entry;
+    if (!PF_GetProFile(com().HlpFile(), "SSX", control, entry)) {
+        return kNoName;
+    }
+    const std::size_t first = entry.find(',');
+    if (first == std::string::npos) {
+        return kNoName;
+    }
+    return entry.substr(first + 1, entry.find(',', first + 1) - first - 1);
+}
+
 bool PF_SetControlValue(Control& control, const std::string& value) {
     if (!fieldNamesInPlace()) {
         ++theContext.valuesNotShown;
@@ -168,4 +193,5 @@ bool PF_SetFocusTo(Control* control) {
 bool PF_IsFormLoaded(const Form& form) { return services().forms->isLoaded(form); }
 
 }  // namespace bas_FromCommon
+
 }  // namespace orv

@@ -12,6 +12,10 @@
 namespace orv {
 inline namespace bas_FromCommon {
 
+/// Returns the display name of a field from the file of field names. `control` is the control's name; one outdated name
+/// is replaced, also in the argument.
+std::string P_ChgControl(std::string& control);
+
 /// Sets the value of a control of any kind. Does nothing if the file of field names is missing; the page then keeps its
 /// initial state. A rejected value adds the field's display name to `gErrItems`. False if the control takes no value,
 /// or rejected it and could not be reset. Never throws.
@@ -36,4 +40,5 @@ bool PF_SetFocusTo(Control* control);
 bool PF_IsFormLoaded(const Form& form);
 
 }  // namespace bas_FromCommon
+
 }  // namespace orv

@@ -8,7 +8,6 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "platform/services.h"
-#include "store/row_count.h"
 #include "store/rows.h"
 
 namespace orv {

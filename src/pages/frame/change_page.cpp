@@ -1,4 +1,4 @@
-#include "pages/frame/change_page.h"
+#include "pages/frame/page_frame.h"
 
 #include "binding/page_to_record.h"
 #include "logging/error_pair.h"

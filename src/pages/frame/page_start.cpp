@@ -1,14 +1,54 @@
-#include "pages/frame/page_start.h"
+#include "pages/frame/page_frame.h"
+
+#include <array>
+#include <span>
+#include <string_view>
 
 #include "binding/record_to_page.h"
 #include "core/record/globals.h"
-#include "pages/forms/form_view.h"
-#include "pages/frame/page_lists.h"
-#include "pages/frame/page_view.h"
+#include "logging/trap.h"
+#include "pages/forms/form_helpers.h"
+#include "pages/forms/master_lists.h"
+#include "pages/forms/page_set.h"
 #include "platform/utf8.h"
+#include "store/store_session.h"
 
 namespace orv {
 namespace {
+
+/// A list of a page in addition to the companies, with the type of its entries.
+struct PageList {
+    ControlRef combo;
+    const char* type;
+    bool addBlank;
+};
+
+constexpr std::array kLists1{
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_License_No>, "002", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Get_License_Nengou>, "003", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Valid_License_Nengou>, "003", false},
+    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Dantai_Name>, "004", false},
+};
+
+constexpr std::array kLists2{
+    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 0>, "005", true},
+    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 1>, "005", true},
+};
+
+bool P_MakeComboBox_CompInpN(std::string_view label, PageForm& form, std::span<const PageList> lists) {
+    return trapped(label, [&] {
+        StoreSession session;
+        if (!session.openFresh() || !fillCompanies(form.cbo_User_Id)) {
+            return false;
+        }
+        for (const PageList& list : lists) {
+            if (!PF_MakeComboBox(static_cast<ComboBox&>(list.combo()), list.type, list.addBlank, kListOthers)) {
+                return false;
+            }
+        }
+        return true;
+    });
+}
 
 constexpr std::size_t kLongTitle = 18;
 constexpr int kTitleFont = 15;
@@ -21,6 +61,19 @@ bool listingMember() {
 }
 
 }  // namespace
+
+bool P_MakeComboBox_CompInp0() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp0 ]", pageAt(0), {}); }
+bool P_MakeComboBox_CompInp1() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(1), kLists1); }
+/// The label is that of page 1 and must stay so.
+bool P_MakeComboBox_CompInp2() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp1 ]", pageAt(2), kLists2); }
+bool P_MakeComboBox_CompInp3() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp3 ]", pageAt(3), {}); }
+bool P_MakeComboBox_CompInp4() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp4 ]", pageAt(4), {}); }
+
+bool makeListsOf(int pageNumber) {
+    constexpr std::array kRoutines{P_MakeComboBox_CompInp0, P_MakeComboBox_CompInp1, P_MakeComboBox_CompInp2,
+                                   P_MakeComboBox_CompInp3, P_MakeComboBox_CompInp4};
+    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
+}
 
 void showTitle(PageForm& form) {
     const std::string name = tCustomerInfo.COMPANY_NAME.empty() ? "" : " " + tCustomerInfo.COMPANY_NAME;

@@ -1,11 +1,11 @@
-#include "pages/frame/page_view.h"
+#include "pages/frame/page_frame.h"
 
 #include <array>
 #include <span>
 #include <string>
 
 #include "logging/trap.h"
-#include "pages/forms/form_view.h"
+#include "pages/forms/form_helpers.h"
 
 namespace orv {
 namespace {

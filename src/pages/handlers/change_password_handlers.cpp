@@ -1,9 +1,9 @@
-#include "pages/handlers/change_password_handlers.h"
+#include "pages/handlers/page_handlers.h"
 
 #include "logging/handled.h"
-#include "pages/forms/form_view.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/forms/page_set.h"
-#include "pages/handlers/help_key.h"
+#include "pages/handlers/frame_handlers.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
 #include "validation/rules/page_checks.h"

@@ -1,4 +1,4 @@
-#include "pages/handlers/comp_inp0_handlers.h"
+#include "pages/handlers/page_handlers.h"
 
 #include <algorithm>
 #include <array>
@@ -9,9 +9,8 @@
 #include "logging/handled.h"
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
-#include "pages/forms/enter_key.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/forms/page_set.h"
-#include "pages/forms/tick_colours.h"
 #include "pages/handlers/frame_handlers.h"
 #include "pages/handlers/sibling_search.h"
 #include "platform/forms/form_host.h"

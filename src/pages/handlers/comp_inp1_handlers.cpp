@@ -1,10 +1,9 @@
-#include "pages/handlers/comp_inp1_handlers.h"
+#include "pages/handlers/page_handlers.h"
 
 #include "config/settings.h"
 #include "logging/handled.h"
 #include "pages/forms/control_helpers.h"
-#include "pages/forms/enter_key.h"
-#include "pages/forms/tick_colours.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/handlers/frame_handlers.h"
 #include "validation/text/blanks.h"
 

@@ -1,8 +1,8 @@
-#include "pages/handlers/comp_inp2_handlers.h"
+#include "pages/handlers/page_handlers.h"
 
 #include "config/settings.h"
 #include "logging/handled.h"
-#include "pages/forms/enter_key.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/handlers/frame_handlers.h"
 #include "pages/handlers/photo_handlers.h"
 #include "pages/handlers/sibling_search.h"

@@ -1,8 +1,7 @@
-#include "pages/handlers/comp_inp3_handlers.h"
+#include "pages/handlers/page_handlers.h"
 
 #include "logging/handled.h"
-#include "pages/forms/enter_key.h"
-#include "pages/forms/tick_colours.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/handlers/frame_handlers.h"
 
 namespace orv {

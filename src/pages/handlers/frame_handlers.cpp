@@ -1,26 +1,73 @@
 #include "pages/handlers/frame_handlers.h"
 
 #include "core/flow/leaving.h"
+#include "core/flow/save_company.h"
 #include "core/record/globals.h"
+#include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
-#include "pages/forms/enter_key.h"
+#include "pages/forms/form_helpers.h"
 #include "pages/forms/page_set.h"
-#include "pages/frame/change_page.h"
-#include "pages/frame/page_start.h"
-#include "pages/handlers/help_key.h"
-#include "pages/handlers/save_button.h"
-#include "pages/handlers/switch_company.h"
+#include "pages/frame/page_frame.h"
+#include "platform/controls/captions.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/sibling_desk.h"
+#include "platform/scope.h"
 #include "platform/services.h"
+#include "platform/suite/help_service.h"
 
 namespace orv {
 namespace {
 
+constexpr const char* kHelpGroup = "SSX";
+
+/// On a page without fields the page's own button has the focus.
+bool isMarkedButton(const Control& control) {
+    return control.kind() == ControlKind::Button && static_cast<const Button&>(control).marked();
+}
+
+/// Returns the name of the control with the focus, or of the form if the page has no field.
+const std::string& subjectOf(const Form& form) {
+    const Control* active = form.activeControl();
+    return active == nullptr || isMarkedButton(*active) ? form.name() : active->name();
+}
+
+/// Does nothing if the save has moved to another page. If the company received its number, switches to it without
+/// asking.
+void showCompany(PageForm& form, const std::string& userId) {
+    if (!userId.empty() && form.activeControl() != nullptr) {
+        form.cbo_User_Id.setText(userId);
+    }
+}
+
 std::string label(const PageForm& form, const char* handler) { return "[ " + form.tag() + " " + handler + " ]"; }
 
 }  // namespace
+
+void helpOnF1(const Form& form, int key, std::string_view label) {
+    if (key != kKeyF1) {
+        return;
+    }
+    handled(label, [&form] {
+        HelpService& help = *services().help;
+        return help.ShowHelp(subjectOf(form), kHelpGroup) || failFrom(help.ErrorInfo());
+    });
+}
+
+void btm_Save_Click(PageForm& form) {
+    const FlagGuard saving(gSaving);
+    handled(label(form, "btm_Save_Click"), [&] {
+        std::string userId;
+        if (PF_SndCos(form, userId)) {
+            showCompany(form, userId);
+            return true;
+        }
+        // Reports the save's own failure, even if the switch to the new number changes the pair.
+        const PairKeeper own;
+        static_cast<void>(caught([&] { showCompany(form, userId); }));
+        return false;
+    });
+}
 
 void Form_Load(PageForm& form, const std::function<bool()>& afterwards) {
     const bool fine =

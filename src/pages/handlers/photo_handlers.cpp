@@ -6,7 +6,7 @@
 
 #include "config/settings.h"
 #include "core/record/globals.h"
-#include "images/ime_resize.h"
+#include "images/image_fit.h"
 #include "images/thumbnail.h"
 #include "logging/error_pair.h"
 #include "logging/handled.h"

@@ -1,4 +1,4 @@
-#include "pages/handlers/switch_company.h"
+#include "pages/handlers/frame_handlers.h"
 
 #include <utility>
 
@@ -8,8 +8,7 @@
 #include "logging/handled.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
-#include "pages/frame/page_lists.h"
-#include "pages/frame/page_start.h"
+#include "pages/frame/page_frame.h"
 #include "platform/scope.h"
 #include "store/company_lock.h"
 #include "store/store_session.h"

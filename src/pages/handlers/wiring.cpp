@@ -1,11 +1,6 @@
-#include "pages/handlers/wiring.h"
+#include "pages/handlers/page_handlers.h"
 
 #include "pages/forms/page_set.h"
-#include "pages/handlers/change_password_handlers.h"
-#include "pages/handlers/comp_inp0_handlers.h"
-#include "pages/handlers/comp_inp1_handlers.h"
-#include "pages/handlers/comp_inp2_handlers.h"
-#include "pages/handlers/comp_inp3_handlers.h"
 #include "pages/handlers/frame_handlers.h"
 
 namespace orv {

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "platform/value.h"
 
 namespace orv {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/record/company_record.h"
-#include "pages/forms/control_ref.h"
+#include "pages/forms/page_set.h"
 
 namespace orv {
 

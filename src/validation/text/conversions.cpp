@@ -5,8 +5,8 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/number_text.h"
 #include "platform/run_time_error.h"
+#include "platform/value.h"
 #include "validation/text/blanks.h"
 
 namespace orv {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "adapters/pixels/picture_header.h"
-#include "adapters/raster/tiff_file.h"
+#include "adapters/raster/raster_formats.h"
 #include "platform/run_time_error.h"
 #include "platform/waiting.h"
 #include "support/made_pictures.h"

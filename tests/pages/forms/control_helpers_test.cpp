@@ -1,6 +1,5 @@
 #include "pages/forms/control_helpers.h"
 
-#include "pages/forms/display_names.h"
 #include "pages/forms/master_lists.h"
 #include "support/fixture.h"
 

@@ -1,6 +1,5 @@
-#include "pages/frame/page_start.h"
+#include "pages/frame/page_frame.h"
 
-#include "pages/frame/change_page.h"
 #include "support/fixture.h"
 
 namespace orv {

@@ -1,4 +1,4 @@
-#include "pages/handlers/switch_company.h"
+#include "pages/handlers/frame_handlers.h"
 
 #include "platform/machine/running_programs.h"
 #include "support/fixture.h"

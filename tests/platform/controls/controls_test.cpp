@@ -6,7 +6,6 @@
 #include "platform/controls/image_control.h"
 #include "platform/controls/input_advice.h"
 #include "platform/controls/input_rules.h"
-#include "platform/controls/number_format.h"
 #include "platform/controls/number_input.h"
 #include "platform/utf8.h"
 #include "support/form_test.h"

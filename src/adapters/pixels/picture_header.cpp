@@ -1,4 +1,4 @@
-#include "adapters/pixels/picture_sizes.h"
+#include "adapters/pixels/picture_header.h"
 
 #include <algorithm>
 
