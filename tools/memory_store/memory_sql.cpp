@@ -1,72 +1,17 @@
 #include "memory_sql.h"
 
 #include <algorithm>
-#include <cctype>
-#include <functional>
+#include <map>
 #include <numeric>
 #include <optional>
 #include <set>
 
 #include "adapters/store/store_failure.h"
+#include "platform/utf8.h"
+#include "sql_reader.h"
 
 namespace orv {
 namespace {
-
-using Cell = std::function<Value(const Values& row)>;
-using Test = std::function<bool(const Values& row)>;
-
-[[noreturn]] void refuseWord(const std::string& word) {
-    throw StoreFailure(Failure::InvalidCall, "DB1", "データベースへの命令が正しくありません。（" + word + "）");
-}
-
-bool isNameCharacter(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$'; }
-
-std::string upper(std::string text) {
-    std::ranges::transform(text, text.begin(), [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return text;
-}
-
-/// A quote inside a text is doubled.
-std::size_t endOfText(const std::string& sql, std::size_t from) {
-    std::size_t at = sql.find('\'', from + 1);
-    while (at != std::string::npos && sql.compare(at, 2, "''") == 0) {
-        at = sql.find('\'', at + 2);
-    }
-    return at != std::string::npos ? at + 1 : (refuseWord("'"), 0);
-}
-
-std::size_t endOfWord(const std::string& sql, std::size_t from) {
-    if (sql[from] == '\'') {
-        return endOfText(sql, from);
-    }
-    if (!isNameCharacter(sql[from])) {
-        const std::string two = sql.substr(from, 2);
-        return from + (two == "||" || two == "<>" ? 2 : 1);
-    }
-    const auto end = std::find_if_not(sql.begin() + static_cast<std::ptrdiff_t>(from), sql.end(), isNameCharacter);
-    return static_cast<std::size_t>(end - sql.begin());
-}
-
-bool isText(const std::string& word) { return word.starts_with('\''); }
-
-std::string contentOf(const std::string& literal) {
-    std::string text;
-    for (std::size_t at = 1; at + 1 < literal.size(); ++at) {
-        text += literal[at];
-        at += literal[at] == '\'' ? 1 : 0;
-    }
-    return text;
-}
-
-std::size_t bytesOf(const std::string& text, std::size_t characters) {
-    std::size_t at = 0;
-    for (; characters > 0 && at < text.size(); --characters) {
-        do {
-            ++at;
-        } while (at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U);
-    }
-    return at;
-}
 
 bool isBefore(const Value& left, const Value& right) {
     const auto* one = std::get_if<std::int64_t>(&left.content());
@@ -77,17 +22,17 @@ bool isBefore(const Value& left, const Value& right) {
     return !right.isNull() && (left.isNull() || plainText(left) < plainText(right));
 }
 
-class Statement {
+class Statement : SqlReader {
 public:
-    Statement(MemoryTables& tables, const std::vector<std::string>& words, const Values& parameters)
-        : tables_(tables), words_(words), parameters_(parameters) {}
+    Statement(MemoryTables& tables, std::vector<std::string> words, const Values& parameters)
+        : SqlReader(std::move(words), parameters), tables_(tables) {}
 
     MemoryResult run() {
         static const std::map<std::string, void (Statement::*)()> kinds{
             {"SELECT", &Statement::select}, {"INSERT", &Statement::insert}, {"UPDATE", &Statement::update},
             {"DELETE", &Statement::erase},  {"CREATE", &Statement::create}, {"DROP", &Statement::drop},
             {"ALTER", &Statement::rename}};
-        const auto kind = kinds.find(upper(take()));
+        const auto kind = kinds.find(upperCase(take()));
         if (kind == kinds.end()) {
             refuseWord(words_.front());
         }
@@ -99,121 +44,16 @@ public:
     }
 
 private:
-    std::string take() { return at_ < words_.size() ? words_[at_++] : std::string(); }
-    bool accept(const std::string& word) {
-        const bool isNext = at_ < words_.size() && upper(words_[at_]) == word;
-        at_ += isNext ? 1 : 0;
-        return isNext;
-    }
-    void expect(const std::string& word) {
-        if (!accept(word)) {
-            refuseWord(at_ < words_.size() ? words_[at_] : word);
-        }
-    }
     MemoryTable& table() {
         const std::string name = take();
-        const auto found = tables_.find(upper(name));
+        const auto found = tables_.find(upperCase(name));
         return found != tables_.end() ? found->second : (refuseWord(name), found->second);
-    }
-    std::size_t column(const std::string& name, std::size_t from = 0) const {
-        const auto found = std::find(scope_.begin() + static_cast<std::ptrdiff_t>(from), scope_.end(), upper(name));
-        return found != scope_.end() ? static_cast<std::size_t>(found - scope_.begin()) : (refuseWord(name), 0);
     }
     void lookInto(const MemoryTable& table) {
         for (const MemoryTable::Column& one : table.columns) {
-            scope_.push_back(upper(one.name));
+            scope_.push_back(upperCase(one.name));
         }
     }
-    template <typename Item>
-    void list(Item item) {
-        do {
-            item();
-        } while (accept(","));
-    }
-
-    Cell name(const std::string& first) {
-        const bool isQualified = accept(".");
-        const std::size_t place = isQualified ? column(take(), upper(first) == "B" ? second_ : 0) : column(first);
-        return [place](const Values& row) { return row[place]; };
-    }
-    /// Evaluates left(text, count), or substr(text, from, count).
-    Cell part(bool hasStart) {
-        expect("(");
-        const Cell text = expression();
-        expect(",");
-        const std::size_t from = hasStart ? std::stoul(take()) - 1 : 0;
-        if (hasStart) {
-            expect(",");
-        }
-        const std::size_t count = std::stoul(take());
-        expect(")");
-        return [=](const Values& row) {
-            const Value value = text(row);
-            if (value.isNull()) {
-                return value;
-            }
-            const std::string whole = plainText(value);
-            const std::string rest = whole.substr(bytesOf(whole, from));
-            return Value(rest.substr(0, bytesOf(rest, count)));
-        };
-    }
-    Cell term() {
-        const std::string word = take();
-        const std::string big = upper(word);
-        if (big == "LEFT" || big == "SUBSTR") {
-            return part(big == "SUBSTR");
-        }
-        const auto constant = [](Value value) { return [value](const Values&) { return value; }; };
-        if (isText(word)) {
-            return constant(contentOf(word));
-        }
-        if (big == "TRUE" || big == "FALSE") {
-            return constant(big == "TRUE");
-        }
-        if (big == "NULL") {
-            return constant({});
-        }
-        if (word.starts_with('$')) {
-            return constant(parameters_.at(std::stoul(word.substr(1)) - 1));
-        }
-        if (!word.empty() && std::ranges::all_of(word, [](unsigned char c) { return std::isdigit(c) != 0; })) {
-            return constant(std::int64_t{std::stoll(word)});
-        }
-        return name(word);
-    }
-    Cell expression() {
-        Cell whole = term();
-        while (accept("||")) {
-            whole = [whole, next = term()](const Values& row) {
-                const Value left = whole(row);
-                const Value right = next(row);
-                return left.isNull() || right.isNull() ? Value() : Value(plainText(left) + plainText(right));
-            };
-        }
-        return whole;
-    }
-    Test comparison() {
-        const Cell left = expression();
-        const bool isEqual = accept("=");
-        if (!isEqual) {
-            expect("<>");
-        }
-        return [left, right = expression(), isEqual](const Values& row) {
-            const Value one = left(row);
-            const Value other = right(row);
-            return !one.isNull() && !other.isNull() && (plainText(one) == plainText(other)) == isEqual;
-        };
-    }
-    Test condition() {
-        Test all = [](const Values&) { return true; };
-        if (accept("WHERE")) {
-            do {
-                all = [all, next = comparison()](const Values& row) { return all(row) && next(row); };
-            } while (accept("AND"));
-        }
-        return all;
-    }
-
     void select() {
         result_.isSelect = true;
         const std::size_t items = at_;
@@ -321,7 +161,7 @@ private:
         }
         result_.rows.resize(rows.size());
         list([&] {
-            const std::string first = upper(words_.at(at_));
+            const std::string first = upperCase(words_.at(at_));
             const auto found = std::ranges::find(scope_, first);
             const bool isFlag = found != scope_.end() && flags_[static_cast<std::size_t>(found - scope_.begin())];
             result_.columns.push_back(first);
@@ -422,13 +262,13 @@ private:
     void create() {
         accept("TEMP");
         expect("TABLE");
-        const std::string name = upper(take());
+        const std::string name = upperCase(take());
         MemoryTable made;
         if (accept("AS")) {
             accept("SELECT");
-            const auto from = std::ranges::find(words_, "FROM", upper) + 1;
+            const auto from = std::ranges::find(words_, "FROM", upperCase) + 1;
             made.rows = selected();
-            made.columns = tables_.at(upper(*from)).columns;
+            made.columns = tables_.at(upperCase(*from)).columns;
             std::ranges::for_each(made.columns, [](MemoryTable::Column& column) { column.isKey = false; });
         } else {
             expect("(");
@@ -449,65 +289,36 @@ private:
             return;
         }
         MemoryTable::Column column{take()};
-        column.isFlag = upper(words_.at(at_)) == "BOOLEAN";
+        column.isFlag = upperCase(words_.at(at_)) == "BOOLEAN";
         for (; at_ < words_.size() && words_[at_] != "," && words_[at_] != ")"; ++at_) {
-            column.isKey = column.isKey || upper(words_[at_]) == "PRIMARY";
+            column.isKey = column.isKey || upperCase(words_[at_]) == "PRIMARY";
         }
         made.columns.push_back(column);
     }
     void drop() {
         expect("TABLE");
-        tables_.erase(upper(take()));
+        tables_.erase(upperCase(take()));
     }
     void rename() {
         expect("TABLE");
-        const std::string from = upper(take());
+        const std::string from = upperCase(take());
         expect("RENAME");
         expect("TO");
         auto node = tables_.extract(from);
-        node.key() = upper(take());
+        node.key() = upperCase(take());
         tables_.insert(std::move(node));
     }
 
     MemoryTables& tables_;
-    std::vector<std::string> words_;
-    const Values& parameters_;
-    std::size_t at_ = 0;
-    /// The columns of the tables that the statement reads, and the position of the second table's first column.
-    std::vector<std::string> scope_;
     std::vector<bool> flags_;
-    std::size_t second_ = 0;
     MemoryResult result_;
 };
 
 }  // namespace
 
-std::string plainText(const Value& value) {
-    const bool* flag = std::get_if<bool>(&value.content());
-    return flag != nullptr ? (*flag ? "1" : "0") : toText(value);
-}
-
 MemoryTable tableOf(const MemoryTables& tables, const std::string& name) {
-    const auto found = tables.find(upper(name));
+    const auto found = tables.find(upperCase(name));
     return found != tables.end() ? found->second : MemoryTable();
-}
-
-std::vector<std::vector<std::string>> statementsOf(const std::string& sql) {
-    std::vector<std::vector<std::string>> all(1);
-    for (std::size_t at = 0; at < sql.size();) {
-        if (sql.compare(at, 2, "--") == 0) {
-            at = std::min(sql.find('\n', at), sql.size());
-        } else if (std::isspace(static_cast<unsigned char>(sql[at])) != 0) {
-            ++at;
-        } else {
-            const std::size_t end = endOfWord(sql, at);
-            const std::string word = sql.substr(at, end - at);
-            word == ";" ? static_cast<void>(all.emplace_back()) : all.back().push_back(word);
-            at = end;
-        }
-    }
-    std::erase_if(all, [](const auto& statement) { return statement.empty(); });
-    return all;
 }
 
 MemoryResult runStatement(MemoryTables& tables, const std::vector<std::string>& statement, const Values& parameters) {

@@ -33,12 +33,6 @@ struct MemoryResult {
 /// Returns the table with that name, or one without columns.
 MemoryTable tableOf(const MemoryTables& tables, const std::string& name);
 
-/// Returns a value as text; a flag is 1 or 0.
-std::string plainText(const Value& value);
-
-/// Splits `sql` into statements, and each statement into words, texts and marks.
-std::vector<std::vector<std::string>> statementsOf(const std::string& sql);
-
 /// Runs one statement of the forms that the system and its tests use. `$1` is the first parameter. Throws a
 /// StoreFailure for any other form, an unknown name or a duplicate key. The tables can then be partly changed.
 MemoryResult runStatement(MemoryTables& tables, const std::vector<std::string>& statement, const Values& parameters);

@@ -9,6 +9,7 @@
 #include "adapters/store/fetched_rows.h"
 #include "adapters/store/store_failure.h"
 #include "memory_sql.h"
+#include "sql_reader.h"
 
 namespace orv {
 namespace {
