@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "desk_answer.h"
+#include "photo_desk.h"
 
 namespace orv {
 

@@ -3,9 +3,13 @@
 #include <filesystem>
 #include <string>
 
-#include "desk_answer.h"
-
 namespace orv {
+
+/// The answer to a request.
+struct DeskAnswer {
+    int status = 200;
+    std::string body;
+};
 
 /// Stores the photos that the agencies send, one file per name. A photo with the same name replaces the old one.
 class PhotoDesk {

@@ -2,7 +2,12 @@
 
 #include <httplib.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <iomanip>
+#include <mutex>
 #include <sstream>
 #include <thread>
 
@@ -10,7 +15,6 @@
 #include "durable_file.h"
 #include "misbehaviour.h"
 #include "photo_desk.h"
-#include "request_log.h"
 
 namespace orv {
 namespace {
@@ -46,6 +50,29 @@ void answerWith(const DeskAnswer& answer, const Misbehaviour& behaviour, const c
         response.set_content(answer.body, contentType);
     }
 }
+
+/// Writes one line per request: local time, method, path, status and size of the body. Headers and bodies are never
+/// logged.
+class RequestLog {
+public:
+    explicit RequestLog(const std::filesystem::path& file) : stream_(file, std::ios::app) {}
+
+    void write(const std::string& method, std::string path, int status, std::size_t bytes) {
+        // The client chooses the path; a line break in it would forge a line.
+        std::ranges::replace_if(
+            path, [](char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }, '?');
+        const std::time_t now = std::time(nullptr);
+        std::tm local{};
+        localtime_r(&now, &local);
+        const std::lock_guard lock(guard_);
+        stream_ << std::put_time(&local, "%Y-%m-%dT%H:%M:%S") << ' ' << method << ' ' << path << ' ' << status << ' '
+                << bytes << std::endl;
+    }
+
+private:
+    std::mutex guard_;
+    std::ofstream stream_;
+};
 
 }  // namespace
 
