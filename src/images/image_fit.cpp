@@ -101,7 +101,7 @@ bool fit(ImageControl& image, bool& changed) {
     const std::int32_t limitWidth = toLong(com().IniImgW());
     // A missing file and an invalid setting are the same failure.
     if (!services().fileSystem->exists(gImgSrcFile) || limitHeight < 1 || limitWidth < 1) {
-        return fail(std::string(kLabel) + "において、システム設定値が不正です。", "IMGERR:02");
+        return fail(kLabel + std::string("において、システム設定値が不正です。"), "IMGERR:02");
     }
     image.getFileInfo(gImgSrcFile);
     const std::int32_t height = image.infoHeight();

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+struct pg_conn;
+
 namespace orv {
 
 /// The settings of a connection by their names, as the client library has them.

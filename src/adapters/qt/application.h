@@ -7,6 +7,9 @@
 
 #include "platform/scope.h"
 
+class QApplication;
+class QTranslator;
+
 namespace orv {
 
 /// The toolkit, set up identically on every machine. It does not receive the command line.

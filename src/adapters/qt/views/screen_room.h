@@ -7,6 +7,8 @@
 
 #include "platform/forms/form.h"
 
+class QScreen;
+
 namespace orv {
 
 /// Returns the frame that the window manager puts around a window, in pixels of the display. The manager is asked once
