@@ -1,6 +1,7 @@
 #include "adapters/store/store_file_check.h"
 #include "keeper.h"
 #include "nightly_backups.h"
+#include "source_store.h"
 #include "version.h"
 
 namespace orv {
@@ -19,17 +20,17 @@ std::int64_t sizeOf(StoreConnection& store, const std::string& path) {
 }
 
 void addStore(const Options& options, StoreReport& report) {
-    const auto store = openStore(options.store, StoreAccess::ReadOnly);
+    const SourceStore source(options.store);
     const std::string kind = isEmbedded(options.store) ? "file" : "server";
-    const std::int64_t size = sizeOf(*store, options.store);
-    const std::int64_t companies = count(*store, "TBL_CUSTOMER_INFO");
+    const std::int64_t size = sizeOf(source.get(), options.store);
+    const std::int64_t companies = count(source.get(), "TBL_CUSTOMER_INFO");
     report.facts = {
         {"version", kVersion}, {"store", options.store}, {"kind", kind}, {"bytes", size}, {"companies", companies}};
     report.say("version: " + std::string(kVersion));
     report.say("store: " + options.store + ", a " + kind);
     report.say("size: " + std::to_string(size) + " bytes");
     report.say("companies: " + std::to_string(companies));
-    listLocks(*store, report);
+    listLocks(source.get(), report);
 }
 
 void addLastBackup(const Options& options, StoreReport& report) {
