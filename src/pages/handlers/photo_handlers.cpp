@@ -59,10 +59,12 @@ bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work
     return fine;
 }
 
-void keep(const PhotoControls& slot, const std::string& work, const std::string& slotFile) {
+/// The content of the slot has changed even if its working copy keeps its name.
+void keep(const PhotoSlots& photos, const PhotoControls& slot, const std::string& work, const std::string& slotFile) {
     services().fileSystem->copy(work, slotFile);
     tCustomerInfo.SEND_FLAG = true;
     slot.path.setText(slotFile);
+    photos.page.contentChanged(slot.path);
 }
 
 /// Reads `work` and `slotFile` before any other step.
@@ -72,7 +74,7 @@ bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string
         return false;
     }
     if (!work.empty()) {
-        keep(slot, work, slotFile);
+        keep(photos, slot, work, slotFile);
     }
     const std::string shown = slot.path.text();
     return shown.empty() || PF_Thumbnail(slot.picture, shown);

@@ -59,7 +59,9 @@ TEST_F(PhotoSlotsTest, APictureInsideTheLimitsGoesIn) {
 }
 
 TEST_F(PhotoSlotsTest, TheOpenDialog) {
+    PageForm::unsaved = false;
     select();
+    EXPECT_TRUE(form.hasUnsavedChanges()) << "another picture under the same name";
     ASSERT_EQ(windows.questions.size(), 1U);
     EXPECT_EQ(windows.questions.front().title, "ファイルを開く");
     EXPECT_EQ(windows.questions.front().filter, "JPEGファイル|*.jpg");
