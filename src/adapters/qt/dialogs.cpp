@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
@@ -161,6 +162,14 @@ void arrangeColumns(QTreeView& list) {
     list.setItemDelegate(new JapaneseCells(&list));
 }
 
+/// Shows no list of names while one is typed. The list would open at the first letter, and the next letters would be
+/// lost while the input method still answers to them.
+void suggestNoNames(const QFileDialog& dialog) {
+    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        name->setCompleter(nullptr);
+    }
+}
+
 /// Enlarges the dialog by the same factor as its text, up to the size of `room`.
 void arrange(QFileDialog& dialog, QSize room) {
     const QSizeF size = kSize * QFontInfo(dialog.font()).pixelSize() / kDesignFont;
@@ -207,6 +216,7 @@ std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* 
     dialog.setSidebarUrls({QUrl::fromLocalFile(start), QUrl::fromLocalFile(QDir::homePath())});
     arrange(dialog, room);
     nameLists(dialog);
+    suggestNoNames(dialog);
     const NestedEvents nested;
     const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     if (owner != nullptr) {
