@@ -1,8 +1,10 @@
 #include "adapters/qt/manual/manual_browser.h"
 
 #include <QImage>
+#include <QStyle>
 #include <QTextBlock>
 #include <QTextCursor>
+#include <QtMath>
 #include <algorithm>
 #include <utility>
 
@@ -11,7 +13,6 @@
 namespace orv {
 namespace {
 
-constexpr int kSideMargin = 32;
 constexpr int kMargin = 12;
 const QColor kHere(0xe4, 0xe4, 0xff);
 const QColor kMark(0xff, 0xee, 0x88);
@@ -60,11 +61,12 @@ QVariant ManualBrowser::loadResource(int type, const QUrl& name) {
     return type == QTextDocument::ImageResource ? picture(name.fileName()) : QVariant(book_.html(name));
 }
 
-/// Scales the picture like the text around it, but not wider than the window.
+/// Scales the picture like the text around it, but not wider than the page.
 QVariant ManualBrowser::picture(const QString& name) const {
     const QImage image(pictureFile_(name));
     const PageScale scale;
-    const int room = window()->width() - scale.length(2 * kSideMargin);
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    const int room = width() - 2 * frameWidth() - bar - 2 * qCeil(document()->documentMargin());
     const int width = std::min(scale.length(image.width()), room);
     return image.isNull() || width <= 0 ? QVariant(image)
                                         : QVariant(image.scaledToWidth(width, Qt::SmoothTransformation));
