@@ -34,6 +34,10 @@ void byDropping(QLineEdit& line, const QString& text) {
     const QPoint at(line.width() - 4, 8);
     QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&line, &enter);
+    QDragMoveEvent move(at, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    move.setDropAction(Qt::MoveAction);
+    QApplication::sendEvent(&line, &move);
+    EXPECT_EQ(move.dropAction(), Qt::CopyAction) << "the source keeps its text";
     QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&line, &drop);
 }

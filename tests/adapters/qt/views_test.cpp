@@ -150,10 +150,12 @@ TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
     const auto drop = [&](const QList<QUrl>& urls) {
         QMimeData data;
         data.setUrls(urls);
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.setDropAction(Qt::MoveAction);
         QApplication::sendEvent(widgetOf(page.photo), &enter);
         QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         if (enter.isAccepted()) {
+            EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "the source keeps its file";
             QApplication::sendEvent(widgetOf(page.photo), &event);
         }
         EXPECT_EQ(dropped, "") << "the other program must not wait for it";

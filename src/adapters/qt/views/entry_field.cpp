@@ -181,6 +181,12 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
+/// The source keeps its text: a program that proposes to move it would delete it even if it is refused.
+void EntryField::dragMoveEvent(QDragMoveEvent* event) {
+    QLineEdit::dragMoveEvent(event);
+    event->setDropAction(Qt::CopyAction);
+}
+
 void EntryField::dropEvent(QDropEvent* event) {
     QDragLeaveEvent left;
     dragLeaveEvent(&left);

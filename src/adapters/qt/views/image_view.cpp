@@ -35,9 +35,10 @@ public:
     QAccessible::Role accessibleRole() const override { return QAccessible::Graphic; }
 
 protected:
-    void dragEnterEvent(QDragEnterEvent* event) override { event->setAccepted(takes(*event)); }
+    void dragEnterEvent(QDragEnterEvent* event) override { answer(*event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { answer(*event); }
     void dropEvent(QDropEvent* event) override {
-        event->setAccepted(takes(*event));
+        answer(*event);
         if (event->isAccepted() && onDrop) {
             onDrop(QFile::encodeName(droppedFile(*event)).toStdString());
         }
@@ -59,6 +60,11 @@ protected:
     }
 
 private:
+    /// Leaves the file to its source, which would delete it after a move. Sources take the answer to the last movement.
+    void answer(QDropEvent& event) const {
+        event.setDropAction(Qt::CopyAction);
+        event.setAccepted(takes(event));
+    }
     /// Takes no drop while a dialog or a notice is open or the page is working.
     bool takes(const QDropEvent& event) const {
         const QWidget* modal = QApplication::activeModalWidget();
