@@ -2,18 +2,25 @@
 
 #include <utility>
 
+#include "platform/controls/control_handles.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
-namespace {
-
-std::uint32_t lastHandle = 0;
-
-}  // namespace
 
 Control::Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind)
-    : owner_(owner), name_(name), index_(index), kind_(kind), handle_(++lastHandle) {
+    : owner_(owner), name_(name), index_(index), kind_(kind) {
     owner_.adopt(*this);
+}
+
+Control::~Control() {
+    if (handle_ != 0) {
+        controlHandles().release(handle_);
+    }
+}
+
+std::uint32_t Control::handle() const {
+    handle_ = handle_ != 0 ? handle_ : controlHandles().take();
+    return handle_;
 }
 
 std::string Control::objectName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }

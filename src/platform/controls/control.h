@@ -62,7 +62,7 @@ public:
 class Control : NonCopyable {
 public:
     Control(ControlOwner& owner, std::string_view name, int index, ControlKind kind);
-    virtual ~Control() = default;
+    virtual ~Control();
 
     const std::string& name() const { return name_; }
     /// The index in its control array, or -1.
@@ -70,8 +70,8 @@ public:
     /// Returns the name, with the index in an array: "chk_Dantai(0)".
     std::string objectName() const;
     ControlKind kind() const { return kind_; }
-    /// Returns a number above 0 that is unique during this run. Other programs use it to address the control.
-    std::uint32_t handle() const { return handle_; }
+    /// Returns a number above 0 by which other programs address the control. It is unique while the control exists.
+    std::uint32_t handle() const;
     ControlOwner& owner() const { return owner_; }
 
     bool enabled() const { return enabled_; }
@@ -134,7 +134,8 @@ private:
     std::string name_;
     int index_;
     ControlKind kind_;
-    std::uint32_t handle_;
+    /// 0 until another program needs it.
+    mutable std::uint32_t handle_ = 0;
     bool enabled_ = true;
     bool visible_ = true;
     std::optional<Colour> backColour_;
