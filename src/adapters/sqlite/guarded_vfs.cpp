@@ -1,12 +1,11 @@
 #include "adapters/sqlite/guarded_vfs.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string_view>
 
+#include "adapters/sqlite/plain_file.h"
 #include "adapters/store/store_failure.h"
 
 namespace orv {
@@ -31,12 +30,6 @@ bool namesSuperJournal(sqlite3_file* file) {
            file->pMethods->xRead(file, end.data(), static_cast<int>(end.size()),
                                  size - static_cast<sqlite3_int64>(end.size())) == SQLITE_OK &&
            std::string_view(end.data(), end.size()) == kSuperSign;
-}
-
-/// Nothing at the place is fine too. A second name would let the engine write into another file.
-bool isPlain(const char* path) {
-    struct stat facts {};
-    return ::lstat(path, &facts) != 0 || (S_ISREG(facts.st_mode) && facts.st_nlink == 1);
 }
 
 }  // namespace
@@ -77,7 +70,8 @@ int GuardedVfs::open(sqlite3_vfs* vfs, const char* path, sqlite3_file* file, int
 }
 
 int GuardedVfs::openJournal(const char* path, sqlite3_file* file, int flags, int* given) {
-    if (!isOwnJournal(path) || !isPlain(path) || !isPlain((store_ + kIndexEnding).c_str())) {
+    // A second name would let the engine write into another file.
+    if (!isOwnJournal(path) || !isPlainOrMissing(path) || !isPlainOrMissing((store_ + kIndexEnding).c_str())) {
         hasRefusedJournal_ = true;
         return SQLITE_CANTOPEN;
     }

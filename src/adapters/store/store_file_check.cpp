@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "adapters/store/store_failure.h"
+#include "platform/file_path.h"
 
 namespace orv {
 namespace {
@@ -38,7 +39,7 @@ constexpr std::string_view kKeywordLetters = "abcdefghijklmnopqrstuvwxyz_";
 
 void refuseUnlessFile(const std::string& path) {
     std::error_code error;
-    switch (fs::status(path, error).type()) {
+    switch (fs::status(filePath(path), error).type()) {
         case fs::file_type::regular:
             return;
         case fs::file_type::not_found:
@@ -53,7 +54,7 @@ void refuseUnlessFile(const std::string& path) {
 }
 
 std::string firstBytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(filePath(path), std::ios::binary);
     if (!file) {
         refuse(kUnreadable);
     }

@@ -1,9 +1,6 @@
 #include "adapters/text/cp932.h"
 
-#include <iconv.h>
-
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -11,8 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/run_time_error.h"
-#include "platform/scope.h"
+#include "adapters/text/code_conversion.h"
 #include "platform/utf8.h"
 
 namespace orv {
@@ -21,7 +17,7 @@ namespace {
 constexpr char32_t kMiddleDot = 0x30FB;
 constexpr unsigned kCodes = 0x10000;
 
-/// Bytes that the C library rejects and Windows converts to one character each.
+/// Bytes that the C library of Linux rejects and Windows converts to one character each.
 constexpr auto kSingleBytes = std::to_array<std::pair<std::uint16_t, char16_t>>(
     {{0x80, 0x0080}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
 
@@ -35,35 +31,6 @@ void appendCode(std::string& bytes, unsigned code) {
     }
     bytes += static_cast<char>(code & 0xFFU);
 }
-
-/// One direction of the C library's conversion.
-class Conversion : NonCopyable {
-public:
-    Conversion(const char* to, const char* from) : handle_(iconv_open(to, from)) {
-        // The C library returns the number -1 for an invalid handle.
-        if (std::bit_cast<std::intptr_t>(handle_) == -1) {
-            throw RunTimeError(Failure::Internal, "文字コード CP932 の変換表がありません。");
-        }
-    }
-    ~Conversion() { iconv_close(handle_); }
-
-    /// Converts from the start as far as the C library knows the characters. The result is valid until the next call.
-    std::string_view operator()(std::string_view bytes) {
-        char* in = const_cast<char*>(bytes.data());
-        char* out = converted_.data();
-        std::size_t inLeft = bytes.size();
-        std::size_t outLeft = converted_.size();
-        iconv(handle_, &in, &inLeft, &out, &outLeft);
-        return {converted_.data(), converted_.size() - outLeft};
-    }
-
-private:
-    iconv_t handle_;
-    std::array<char, 512> converted_{};  // larger than the longest row of codes
-};
-
-constexpr const char* kCodePage = "CP932";
-constexpr const char* kUtf16 = "UTF-16BE";
 
 unsigned numberOf(std::string_view bytes) {
     unsigned number = 0;
@@ -105,8 +72,8 @@ struct Cp932::Tables {
     }
 
 private:
-    Conversion decoded_{kUtf16, kCodePage};
-    Conversion encoded_{kCodePage, kUtf16};
+    CodeConversion decoded_{CodeConversion::Direction::Decode};
+    CodeConversion encoded_{CodeConversion::Direction::Encode};
 
     static std::vector<unsigned> codesBehind(unsigned lead) {
         std::vector<unsigned> row;
@@ -134,7 +101,7 @@ private:
         }
     }
 
-    /// If several codes have the same character, the C library knows which one is written.
+    /// If several codes have the same character, the system knows which one is written.
     void add(unsigned code, std::string_view utf16) {
         const unsigned character = numberOf(utf16);
         characters[code] = static_cast<char16_t>(character);

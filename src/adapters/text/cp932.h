@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// The code page from the C library's tables. They are read once, and every call is a look-up.
+/// The code page from the system's tables. They are read once, and every call is a look-up.
 ///
 /// If two codes have the same character, encoding uses the one that Windows uses. A character belongs to the code page
 /// only if its code decodes to it again, so that none is replaced by a similar one.
@@ -16,7 +16,7 @@ namespace orv {
 /// byte (such as a line break) keeps its meaning.
 class Cp932 : public CodePage {
 public:
-    /// Throws failure 51 if the C library does not have the code page.
+    /// Throws failure 51 if the system does not have the code page.
     Cp932();
 
     std::string encode(const std::string& text) const override;

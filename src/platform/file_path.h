@@ -1,0 +1,12 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace orv {
+
+/// Returns the path with that text, which is UTF-8 on every system. The path's own constructor would read the text in
+/// the code page of the machine.
+inline std::filesystem::path filePath(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
+
+}  // namespace orv
