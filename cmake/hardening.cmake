@@ -2,7 +2,12 @@
 # sanitizers or are for a debugger.
 
 add_compile_options("$<$<CONFIG:Release>:-fstack-protector-strong;-fcf-protection;-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
-add_link_options("$<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now,-z,noexecstack>")
+if(WIN32)
+  # Random addresses and data that cannot be executed are the default there.
+  add_link_options("$<$<CONFIG:Release>:-fstack-protector-strong>")
+else()
+  add_link_options("$<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now,-z,noexecstack>")
+endif()
 
 # Deletes a program of that build that lacks any of them.
 function(orv_require_hardening program)

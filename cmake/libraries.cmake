@@ -1,6 +1,16 @@
 # The libraries of the program, and the modules that use them.
 
-find_package(SQLite3 REQUIRED)
+if(WIN32)
+  orv_module_uses(orv_adapters_win32 PRIVATE iphlpapi ws2_32)
+endif()
+if(ORV_SQLITE)
+  find_package(SQLite3 REQUIRED)
+  orv_module_uses(orv_adapters_sqlite PRIVATE SQLite::SQLite3)
+endif()
+if(NOT ORV_PROGRAM)
+  return()
+endif()
+
 find_package(PostgreSQL REQUIRED)
 find_package(CURL REQUIRED)
 find_package(JPEG REQUIRED)
@@ -13,7 +23,6 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets Network)
 
-orv_module_uses(orv_adapters_sqlite PRIVATE SQLite::SQLite3)
 # libpq and libcurl are loaded at first use.
 orv_module_uses(orv_adapters_postgres PRIVATE ${CMAKE_DL_LIBS} Threads::Threads)
 target_include_directories(orv_adapters_postgres SYSTEM PRIVATE ${PostgreSQL_INCLUDE_DIRS})

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <regex>
 
-#include "adapters/posix/ini_reader.h"
+#include "adapters/machine/ini_reader.h"
+#include "adapters/machine/registry_text.h"
 #include "adapters/posix/install_paths.h"
 #include "adapters/posix/native_file.h"
 #include "adapters/posix/posix_facts.h"
 #include "adapters/posix/posix_files.h"
-#include "adapters/posix/registry_text.h"
 #include "adapters/text/cp932.h"
 #include "archive_file.h"
 #include "keeper.h"

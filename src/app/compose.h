@@ -1,8 +1,5 @@
 #pragma once
 
-#include "adapters/posix/posix_starter.h"
-#include "adapters/posix/running_sockets.h"
-#include "adapters/posix/sibling_socket.h"
 #include "adapters/qt/manual/manual_help.h"
 #include "adapters/qt/qt_window_system.h"
 #include "adapters/text/table_messages.h"
@@ -21,11 +18,11 @@ public:
 
 private:
     OfficeAdapters office_;
-    PosixStarter programs_;
-    SiblingSocket siblings_;
+    SystemStarter programs_;
+    SystemSiblings siblings_;
     FormHost forms_;
     QtWindowSystem windows_;
-    RunningSockets running_;
+    SystemRuns running_;
     TableMessages messages_;
     ManualHelp help_;
 };

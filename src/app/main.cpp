@@ -4,8 +4,8 @@
 #include <span>
 #include <string>
 
-#include "adapters/posix/install_paths.h"
 #include "adapters/qt/application.h"
+#include "adapters/system/system_adapters.h"
 #include "app/compose.h"
 #include "app/tie_system.h"
 #include "core/flow/start.h"

@@ -24,7 +24,7 @@ OfficeAdapters::OfficeAdapters(const std::string& programFolder)
       files(paths),
       fileService(files),
       profiles(files, codePage, facts),
-      registry(installRootOf(programFolder) + "/registry.txt", codePage),
+      registry(systemRegistry(programFolder, codePage)),
       sysInfo(registry, paths),
       stringCheck(codePage),
       db(files, officeStore()),

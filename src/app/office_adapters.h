@@ -1,14 +1,11 @@
 #pragma once
 
+#include "adapters/machine/file_deletion.h"
+#include "adapters/machine/ini_reader.h"
 #include "adapters/pictures/picture_files.h"
-#include "adapters/posix/ini_reader.h"
-#include "adapters/posix/install_paths.h"
-#include "adapters/posix/posix_facts.h"
-#include "adapters/posix/posix_files.h"
-#include "adapters/posix/posix_sys_info.h"
-#include "adapters/posix/registry_file.h"
 #include "adapters/store/store_service.h"
 #include "adapters/store/transmit_tables.h"
+#include "adapters/system/system_adapters.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
@@ -22,14 +19,14 @@ struct OfficeAdapters : NonCopyable {
     explicit OfficeAdapters(const std::string& programFolder);
 
     Cp932 codePage;
-    PosixFacts facts;
-    PosixClock clock;
-    InstallPaths paths;
-    PosixFiles files;
-    PosixFileService fileService;
+    SystemFacts facts;
+    SystemClock clock;
+    SystemPaths paths;
+    SystemFiles files;
+    FileDeletion fileService;
     IniReader profiles;
-    RegistryFile registry;
-    PosixSysInfo sysInfo;
+    SystemRegistry registry;
+    MeasuredSystem sysInfo;
     StringCheck stringCheck;
     EraCalendar calendar;
     StoreService db;

@@ -84,7 +84,7 @@ TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
     dropSharedSettings();
     registryIs("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ｏrv_μёⅳ社");
     EXPECT_EQ(com().SysKcount(), "C:\\ＯRV_ΜЁⅣ社\\SYS\\Kcount.ini");
-    std::filesystem::create_directories(office.root() + "/C/ｏrv_μёⅳ社/sys");
+    std::filesystem::create_directories(filePath(office.root() + "/C/ｏrv_μёⅳ社/sys"));
     writeFile(office.root() + "/C/ｏrv_μёⅳ社/sys/Kcount.ini", "");
     EXPECT_TRUE(files.exists(com().SysKcount()));
     dropSharedSettings();

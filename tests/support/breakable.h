@@ -8,7 +8,7 @@
 #include <optional>
 #include <set>
 
-#include "adapters/posix/posix_files.h"
+#include "adapters/system/system_adapters.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
@@ -134,20 +134,20 @@ private:
 };
 
 /// Real files. Paths that a test rejects cannot be copied to or removed, and hidden ones cannot be checked.
-class WatchedFiles : public PosixFiles {
+class WatchedFiles : public SystemFiles {
 public:
-    using PosixFiles::PosixFiles;
+    using SystemFiles::SystemFiles;
 
     void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
     void hide(const std::string& path) { hidden_.insert(folded(path)); }
     void allowAll() { refused_.clear(); }
 
     bool exists(const std::string& path) const override {
-        return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : PosixFiles::exists(path);
+        return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : SystemFiles::exists(path);
     }
-    void copy(const std::string& from, const std::string& to) override { PosixFiles::copy(from, allowed(to)); }
-    void publish(const std::string& from, const std::string& to) override { PosixFiles::publish(from, allowed(to)); }
-    void remove(const std::string& path) override { PosixFiles::remove(allowed(path)); }
+    void copy(const std::string& from, const std::string& to) override { SystemFiles::copy(from, allowed(to)); }
+    void publish(const std::string& from, const std::string& to) override { SystemFiles::publish(from, allowed(to)); }
+    void remove(const std::string& path) override { SystemFiles::remove(allowed(path)); }
 
 private:
     const std::string& allowed(const std::string& path) const {

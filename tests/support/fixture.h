@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/posix/ini_reader.h"
-#include "adapters/posix/install_paths.h"
-#include "adapters/posix/registry_file.h"
+#include "adapters/machine/file_deletion.h"
+#include "adapters/machine/ini_reader.h"
 #include "adapters/store/store_service.h"
+#include "adapters/system/system_adapters.h"
 #include "adapters/text/cp932.h"
 #include "adapters/text/era_calendar.h"
 #include "adapters/text/string_check.h"
@@ -28,6 +28,7 @@
 #include "support/scripted_machine.h"
 #include "support/scripted_programs.h"
 #include "support/store_files.h"
+#include "support/test_registry.h"
 #include "transmission/image_upload.h"
 
 namespace orv {
@@ -38,7 +39,7 @@ using Call = FailingStore::Call;
 /// A copy of the sample office on the disk: folders, settings, registry, store.
 struct OfficeCopy {
     OfficeCopy() {
-        std::filesystem::copy(kSampleFolder, folder.path(), std::filesystem::copy_options::recursive);
+        copyFolder(kSampleFolder, folder.path());
         makeSampleStore(store());
     }
     std::string root() const { return folder.path().string(); }
@@ -206,12 +207,12 @@ protected:
     FixedFacts facts;
     FixedClock clock;
     EraCalendar calendar;
-    InstallPaths paths{office.root(), office.root() + "/C/ORV/BIN"};
+    SystemPaths paths{office.root(), office.root() + "/C/ORV/BIN"};
     WatchedFiles files{paths};
-    PosixFileService fileService{files};
+    FileDeletion fileService{files};
     IniReader iniReader{files, codePage, facts};
     OverriddenProfiles settings{iniReader};
-    RegistryFile registry{office.root() + "/registry.txt", codePage};
+    TestRegistry registry{office.root() + "/registry.txt", codePage};
     StoreService wholeStore{files, testStore()};
     FailingStore store{wholeStore};
     ScriptedSysInfo machine;

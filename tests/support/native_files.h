@@ -1,17 +1,17 @@
 #pragma once
 
-#include "adapters/posix/posix_files.h"
+#include "adapters/system/system_adapters.h"
 
 namespace orv {
 
 /// The machine's own files with their native paths.
-class NativeFiles : public PosixFiles {
+class NativeFiles : public SystemFiles {
 public:
-    NativeFiles() : PosixFiles(noInstall()) {}
+    NativeFiles() : SystemFiles(noInstall()) {}
 
 private:
-    static const InstallPaths& noInstall() {
-        static const InstallPaths paths("/no install", "/no install");
+    static const SystemPaths& noInstall() {
+        static const SystemPaths paths(installRootOf("/no install"), "/no install");
         return paths;
     }
 };

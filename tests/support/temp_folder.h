@@ -1,13 +1,12 @@
 #pragma once
 
-#include <sys/stat.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <random>
 #include <string>
 
+#include "platform/file_path.h"
 #include "platform/scope.h"
 
 namespace orv {
@@ -21,13 +20,32 @@ inline void writeFile(const std::filesystem::path& path, const std::string& byte
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
+/// The same for paths in UTF-8.
+inline std::string readFile(const std::string& path) { return readFile(filePath(path)); }
+inline void writeFile(const std::string& path, const std::string& bytes) { writeFile(filePath(path), bytes); }
+
+/// Copies a folder's files and folders into an existing folder.
+inline void copyFolder(const std::filesystem::path& from, const std::filesystem::path& to) {
+    for (const auto& entry : std::filesystem::directory_iterator(from)) {
+        const auto target = to / entry.path().filename();
+        if (entry.is_directory()) {
+            std::filesystem::create_directory(target);
+            copyFolder(entry.path(), target);
+        } else {
+            std::filesystem::copy_file(entry.path(), target);
+        }
+    }
+}
+
 /// A temporary folder, removed by the destructor. Paths are relative to it.
 class TempFolder : NonCopyable {
 public:
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "orv-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr || ::chmod(pattern.c_str(), 0755) != 0) std::abort();
-        path_ = pattern;
+        std::random_device random;
+        do {
+            path_ = std::filesystem::temp_directory_path() / ("orv-test-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(path_));
+        std::filesystem::permissions(path_, std::filesystem::perms(0755));
     }
     ~TempFolder() {
         std::error_code ignored;
@@ -35,24 +53,24 @@ public:
     }
 
     const std::filesystem::path& path() const { return path_; }
-    std::string file(const std::string& place) const { return (path_ / place).string(); }
+    std::string file(const std::string& place) const { return (path_ / filePath(place)).string(); }
     /// Creates missing folders of the path.
     std::string write(const std::string& place, const std::string& bytes) const {
-        std::filesystem::create_directories((path_ / place).parent_path());
-        writeFile(path_ / place, bytes);
+        std::filesystem::create_directories((path_ / filePath(place)).parent_path());
+        writeFile(file(place), bytes);
         return file(place);
     }
-    std::string bytesOf(const std::string& place) const { return readFile(path_ / place); }
-    bool has(const std::string& place) const { return std::filesystem::exists(path_ / place); }
+    std::string bytesOf(const std::string& place) const { return readFile(file(place)); }
+    bool has(const std::string& place) const { return std::filesystem::exists(path_ / filePath(place)); }
     /// Returns the number of names in a folder, including hidden ones.
     std::ptrdiff_t countIn(const std::string& place) const {
-        return std::distance(std::filesystem::directory_iterator(path_ / place), {});
+        return std::distance(std::filesystem::directory_iterator(path_ / filePath(place)), {});
     }
     /// Returns every file with its bytes, to detect changes.
     std::map<std::string, std::string> contents() const {
         std::map<std::string, std::string> files;
         for (const auto& entry : std::filesystem::directory_iterator(path_)) {
-            files[entry.path().filename()] = entry.is_regular_file() ? readFile(entry.path()) : "";
+            files[entry.path().filename().string()] = entry.is_regular_file() ? readFile(entry.path()) : "";
         }
         return files;
     }

@@ -111,8 +111,8 @@ def type_faults(root):
     files = [p for folder in ("src", "programs", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")]
     for file in sorted(files):
         for name in types_of(file.read_text(encoding="utf-8")):
-            homes.setdefault(name, []).append(str(file.relative_to(root)))
-    return [f"two types named orv::{name}: {', '.join(files)}" for name, files in homes.items() if len(files) > 1]
+            homes.setdefault(name, set()).add(str(file.relative_to(root)))
+    return [f"two types named orv::{name}: {', '.join(sorted(files))}" for name, files in homes.items() if len(files) > 1]
 
 
 def circle_from(start, graph, done):

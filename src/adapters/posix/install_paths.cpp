@@ -10,7 +10,7 @@
 #include <system_error>
 #include <vector>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/path_names.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 
@@ -18,28 +18,6 @@ namespace orv {
 namespace {
 
 using Names = std::vector<std::string_view>;
-
-bool isDriveLetter(char c) { return foldAscii(c) >= 'A' && foldAscii(c) <= 'Z'; }
-
-bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isDriveLetter(path[0]); }
-
-/// The names that are left of a path when "." and ".." are worked off; ".." at the top is dropped.
-Names namesOf(std::string_view path) {
-    Names names;
-    while (!path.empty()) {
-        const auto end = std::min(path.find_first_of("\\/"), path.size());
-        const auto name = path.substr(0, end);
-        path.remove_prefix(std::min(end + 1, path.size()));
-        if (name == "..") {
-            if (!names.empty()) {
-                names.pop_back();
-            }
-        } else if (!name.empty() && name != ".") {
-            names.push_back(name);
-        }
-    }
-    return names;
-}
 
 bool isThere(const std::string& nativePath) {
     struct stat facts {};

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/ascii.h"
 
 namespace orv {
 namespace {

@@ -14,7 +14,7 @@
 #include <system_error>
 #include <utility>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/ascii.h"
 #include "adapters/posix/native_file.h"
 #include "platform/run_time_error.h"
 
@@ -295,17 +295,6 @@ std::string PosixFiles::nativePath(const std::string& path) const {
 std::string PosixFiles::systemPath(const std::string& nativePath) const {
     const std::string path = paths_.toSystem(nativePath);
     return workFolderOf(path) != nullptr ? nativePath : path;
-}
-
-void PosixFileService::FileDelete(const std::string& path, bool& ok) {
-    failure_ = {};
-    try {
-        files_.remove(path);
-        ok = true;
-    } catch (const RunTimeError& error) {
-        failure_ = {"「" + path + "」を削除できませんでした。" + error.description(), std::to_string(error.number())};
-        ok = false;
-    }
 }
 
 }  // namespace orv

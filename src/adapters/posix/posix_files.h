@@ -8,7 +8,6 @@
 #include "adapters/posix/install_paths.h"
 #include "adapters/posix/work_folder.h"
 #include "platform/machine/file_system.h"
-#include "platform/suite/file_service.h"
 
 namespace orv {
 
@@ -50,19 +49,6 @@ private:
     const InstallPaths& paths_;
     /// By the folder's path in capitals.
     mutable std::map<std::string, WorkFolder> work_;
-};
-
-/// Deletes by a FileSystem, and tells the operator which file could not go and why.
-class PosixFileService : public FileService {
-public:
-    explicit PosixFileService(FileSystem& files) : files_(files) {}
-
-    void FileDelete(const std::string& path, bool& ok) override;
-    FailureRecord FileError() const override { return failure_; }
-
-private:
-    FileSystem& files_;
-    FailureRecord failure_;
 };
 
 }  // namespace orv

@@ -8,10 +8,9 @@
 
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <csignal>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/found_program.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -41,10 +40,6 @@ std::vector<std::string> splitArguments(std::string_view text) {
 bool isRegular(const std::string& nativePath) {
     struct stat facts {};
     return ::stat(nativePath.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
-}
-
-bool hasExtension(std::string_view name) {
-    return name.substr(name.find_last_of("\\/:") + 1).find('.') != std::string_view::npos;
 }
 
 /// Tells the one who waits at the pipe why the program does not run.
@@ -145,7 +140,7 @@ std::vector<char*> pointersTo(std::vector<std::string>& words) {
 }  // namespace
 
 void PosixStarter::startWith(const std::string& commandLine, const Extras& extras) const {
-    const auto command = find(trimBlanks(upToNul(commandLine)));
+    const auto command = findProgram(commandLine, [this](const std::string& path) { return fileAt(path); });
     if (!command) {
         throw RunTimeError(Failure::FileNotFound);
     }
@@ -159,31 +154,9 @@ void PosixStarter::startWith(const std::string& commandLine, const Extras& extra
     }
 }
 
-std::optional<PosixStarter::Command> PosixStarter::find(std::string_view line) const {
-    if (line.starts_with('"')) {
-        const std::size_t end = std::min(line.find('"', 1), line.size());
-        const auto program = programFile(line.substr(1, end - 1));
-        return program ? std::optional(Command{*program, line.substr(std::min(end + 1, line.size()))}) : std::nullopt;
-    }
-    for (std::size_t end = 0; end < line.size() && end < PATH_MAX;) {
-        end = std::min(line.find_first_of(kBlanks, end + 1), line.size());
-        if (const auto program = programFile(line.substr(0, end))) {
-            return Command{*program, line.substr(end)};
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<std::string> PosixStarter::programFile(std::string_view name) const {
-    if (name.empty()) {
-        return std::nullopt;
-    }
-    const std::string asWritten = paths_.toNative(std::string(name));
-    if (isRegular(asWritten)) {
-        return asWritten;
-    }
-    const std::string withExtension = paths_.toNative(std::string(name) + ".EXE");
-    return !hasExtension(name) && isRegular(withExtension) ? std::optional(withExtension) : std::nullopt;
+std::optional<std::string> PosixStarter::fileAt(const std::string& path) const {
+    const std::string native = paths_.toNative(path);
+    return isRegular(native) ? std::optional(native) : std::nullopt;
 }
 
 }  // namespace orv

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "adapters/posix/install_paths.h"
@@ -14,9 +13,8 @@ namespace orv {
 /// of this machine. They run in a session of their own, live on when this program ends, get no input and share
 /// its two outputs.
 ///
-/// A program's name stands in double quotes or ends at a blank; unquoted, the shortest beginning that names a file
-/// counts, so that a folder may hold blanks. ".EXE" may be left out. Arguments part at blanks outside double quotes;
-/// the quotes go, a backslash is an ordinary character.
+/// Arguments are separated by blanks outside double quotes. The quotes are removed; a backslash is an ordinary
+/// character.
 class PosixStarter : public ProgramStarter {
 public:
     explicit PosixStarter(const InstallPaths& paths) : paths_(paths) {}
@@ -34,12 +32,7 @@ public:
     void startWith(const std::string& commandLine, const Extras& extras) const;
 
 private:
-    struct Command {
-        std::string program;
-        std::string_view arguments;
-    };
-    std::optional<Command> find(std::string_view line) const;
-    std::optional<std::string> programFile(std::string_view name) const;
+    std::optional<std::string> fileAt(const std::string& path) const;
 
     const InstallPaths& paths_;
 };

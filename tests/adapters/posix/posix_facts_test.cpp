@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "adapters/posix/posix_sys_info.h"
-#include "temp_office.h"
+#include "adapters/posix/install_paths.h"
+#include "support/temp_office.h"
 
 namespace orv {
 namespace {
@@ -26,24 +26,6 @@ TEST(PosixFacts, ComputerNameIsUpperCaseAndWhole) {
     std::transform(host.begin(), host.end(), host.begin(), [](unsigned char c) { return std::toupper(c); });
     EXPECT_EQ(PosixFacts().GetComputerName(), host);
     EXPECT_EQ(blankGiven, host);
-}
-
-TEST(ChooseAddress, TakesTheOneThatOthersReach) {
-    const NetAddress loopback{"127.0.0.1", true, true, true};
-    const NetAddress down{"10.0.0.9", false, false, true};
-    const NetAddress linkOnly{"169.254.3.4", true, false, true};
-    const NetAddress v6{"2001:db8::1", true, false, false};
-    const NetAddress first{"192.168.1.20", true, false, true};
-    const NetAddress second{"10.0.0.5", true, false, true};
-    const std::pair<std::vector<NetAddress>, std::string> cases[] = {
-        {{}, ""},
-        {{loopback, down}, ""},
-        {{loopback, first, second}, first.text},
-        {{v6, second}, second.text},
-        {{linkOnly, v6}, v6.text},
-        {{linkOnly}, linkOnly.text},
-    };
-    for (const auto& [addresses, expected] : cases) EXPECT_EQ(chooseAddress(addresses), expected);
 }
 
 TEST(InstallPaths, FindsTheNativePlace) {

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <thread>
 
-#include "temp_office.h"
+#include "support/temp_office.h"
 
 namespace orv {
 namespace {

@@ -5,7 +5,7 @@
 #include <map>
 
 #include "adapters/text/cp932.h"
-#include "temp_office.h"
+#include "support/temp_office.h"
 
 namespace orv {
 namespace {

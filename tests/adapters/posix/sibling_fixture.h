@@ -14,7 +14,7 @@
 
 #include "adapters/posix/descriptor.h"
 #include "adapters/posix/sibling_socket.h"
-#include "adapters/posix/temp_office.h"
+#include "support/temp_office.h"
 
 namespace orv {
 

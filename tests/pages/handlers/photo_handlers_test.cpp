@@ -65,7 +65,7 @@ TEST_F(PhotoSlotsTest, TheOpenDialog) {
     ASSERT_EQ(windows.questions.size(), 1U);
     EXPECT_EQ(windows.questions.front().title, "ファイルを開く");
     EXPECT_EQ(windows.questions.front().filter, "JPEGファイル|*.jpg");
-    EXPECT_EQ(windows.questions.front().folder, office.root() + "/C/ORV/PHOTO");
+    EXPECT_EQ(windows.questions.front().folder, files.nativePath("C:\\ORV\\PHOTO"));
     settings.set("UTILTY", "GET_IMG", "");
     windows.pick(office.root() + "/C/ORV/IMG/1/000004603COS00000000_01.jpg");
     form.btm_PhotoSelect[0].press();

@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// Reads INI files afresh at each call, on bytes of the code page, so that a trail byte that looks like a bracket or an
+/// Reads INI files afresh at each call. Works on bytes of the code page: a trail byte that looks like a bracket or an
 /// equals sign stays part of its character. A file over 64 MB is failure 7.
 class IniReader : public ProfileReader {
 public:

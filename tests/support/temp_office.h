@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adapters/posix/install_paths.h"
+#include "adapters/system/system_adapters.h"
 #include "support/failure_of.h"
 #include "support/temp_folder.h"
 
@@ -12,10 +12,10 @@ public:
     TempOffice() { std::filesystem::create_directories(file("C/ORV/BIN")); }
 
     std::string root() const { return path().string(); }
-    const InstallPaths& paths() const { return paths_; }
+    const SystemPaths& paths() const { return paths_; }
 
 private:
-    InstallPaths paths_{root(), root() + "/C/ORV/BIN"};
+    SystemPaths paths_{root(), root() + "/C/ORV/BIN"};
 };
 
 }  // namespace orv

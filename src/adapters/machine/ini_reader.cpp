@@ -1,9 +1,9 @@
-#include "adapters/posix/ini_reader.h"
+#include "adapters/machine/ini_reader.h"
 
 #include <algorithm>
 #include <string_view>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/ascii.h"
 
 namespace orv {
 namespace {
@@ -57,7 +57,7 @@ Text takeLine(Text& rest) {
 
 bool isHeader(Text line) { return line.starts_with('['); }
 
-/// What stands behind the header of the first section of that name.
+/// Returns the lines after the header of the first section with that name.
 Text linesBehindHeader(Text rest, Text section) {
     while (!rest.empty()) {
         const Text line = takeLine(rest);

@@ -1,6 +1,8 @@
-#include "adapters/posix/running_sockets.h"
-
 #include <gtest/gtest.h>
+
+#include <random>
+
+#include "adapters/system/system_adapters.h"
 
 namespace orv {
 namespace {
@@ -9,19 +11,19 @@ namespace {
 struct OneRun {
     explicit OneRun(const std::string& place)
         : names(
-              [this](int, std::function<void()> readable) {
-                  arrivals.push_back(std::move(readable));
+              [this](auto, std::function<void()> called) {
+                  arrivals.push_back(std::move(called));
                   return std::shared_ptr<void>();
               },
               place, [this] { ++calls; }) {}
 
     std::vector<std::function<void()>> arrivals;
     int calls = 0;
-    RunningSockets names;
+    SystemRuns names;
 };
 
-TEST(RunningSockets, AHeldNameCallsItsHolderAndIsFreeWhenTheHolderHasGone) {
-    const std::string place = "running-sockets-test-" + std::to_string(::getpid());
+TEST(RunningPrograms, AHeldNameCallsItsHolderAndIsFreeWhenTheHolderHasGone) {
+    const std::string place = "running-programs-test-" + std::to_string(std::random_device()());
     auto first = std::make_unique<OneRun>(place);
     OneRun second(place);
     OneRun elsewhere(place + "x");

@@ -1,11 +1,10 @@
-#include "adapters/posix/ini_reader.h"
+#include "adapters/machine/ini_reader.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/posix/posix_facts.h"
-#include "adapters/posix/posix_files.h"
+#include "adapters/system/system_adapters.h"
 #include "adapters/text/cp932.h"
-#include "temp_office.h"
+#include "support/temp_office.h"
 
 namespace orv {
 namespace {
@@ -18,9 +17,9 @@ protected:
     }
 
     TempOffice office;
-    PosixFiles files{office.paths()};
+    SystemFiles files{office.paths()};
     Cp932 codePage;
-    PosixFacts facts;
+    SystemFacts facts;
     IniReader reader{files, codePage, facts};
 };
 

@@ -1,9 +1,9 @@
-#include "adapters/posix/registry_text.h"
+#include "adapters/machine/registry_text.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "adapters/posix/ascii.h"
+#include "adapters/machine/ascii.h"
 
 namespace orv {
 namespace {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "adapters/machine/ascii.h"
+
+namespace orv {
+
+constexpr bool isDriveLetter(char c) { return foldAscii(c) >= 'A' && foldAscii(c) <= 'Z'; }
+
+constexpr bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isDriveLetter(path[0]); }
+
+/// Returns the names of a path after "." and ".." are resolved. A ".." at the top is dropped.
+std::vector<std::string_view> namesOf(std::string_view path);
+
+}  // namespace orv

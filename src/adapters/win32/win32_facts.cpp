@@ -1,0 +1,38 @@
+#include "adapters/win32/win32_facts.h"
+
+#include <array>
+
+#include "adapters/machine/ascii.h"
+#include "adapters/win32/wide_text.h"
+#include "adapters/win32/windows_api.h"
+
+namespace orv {
+namespace {
+
+std::string nameOfComputer() {
+    std::array<wchar_t, MAX_COMPUTERNAME_LENGTH + 1> name{};
+    DWORD length = static_cast<DWORD>(name.size());
+    return ::GetComputerNameW(name.data(), &length) != 0 ? fromWide({name.data(), length}) : "";
+}
+
+}  // namespace
+
+std::string Win32Facts::GetComputerName() const {
+    const std::string given = environmentValue(L"ORV_COMPUTER_NAME");
+    const std::string name(trimBlanks(given));
+    return upperAscii(name.empty() ? nameOfComputer() : name);
+}
+
+std::string Win32Facts::GetWindowsDirectory() const {
+    std::array<wchar_t, MAX_PATH> folder{};
+    const UINT length = ::GetWindowsDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
+    return length < folder.size() ? fromWide({folder.data(), length}) : "";
+}
+
+DateTime Win32Clock::now() const {
+    SYSTEMTIME local{};
+    ::GetLocalTime(&local);
+    return {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond};
+}
+
+}  // namespace orv

@@ -1,0 +1,73 @@
+#!/usr/bin/env python3
+"""report_wine.py PRESET [PATTERN]: runs the test programs of a preset for Windows under wine.
+
+Prints a line per program, then the log of each failed test, and last 'N passed, N failed'. A test that ends its program counts
+as failed, and the program continues with the tests after it.
+"""
+import os
+import re
+import subprocess
+import sys
+import xml.etree.ElementTree as ET
+from pathlib import Path
+
+WINE = "tools/dev/wine.sh"
+LONGEST = 3600  # seconds
+BEGIN = re.compile(r"^\[ RUN      \] (\S+)", re.M)
+
+
+def names_of(program):
+    """Returns the full names of the tests of a program."""
+    listed = subprocess.run([WINE, program, "--gtest_list_tests"], stdout=subprocess.PIPE, text=True, check=True).stdout
+    names, suite = [], ""
+    for line in listed.splitlines():
+        word = line.split("#")[0].rstrip()
+        if word.endswith(".") and not word.startswith(" "):
+            suite = word
+        elif word.startswith("  "):
+            names.append(suite + word.strip())
+    return names
+
+
+def run(program, names, place):
+    """Runs tests in one process. Returns the names of those that passed, the logs of those that failed, and the rest."""
+    report = place / "report.xml"
+    report.unlink(missing_ok=True)
+    filter_file = ":".join(names)
+    environment = {**os.environ, "GTEST_FILTER": filter_file}
+    process = subprocess.run([WINE, program, f"--gtest_output=xml:{report.relative_to(Path.cwd())}"], env=environment,
+                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace", timeout=LONGEST)
+    if report.exists():
+        cases = list(ET.parse(report).getroot().iter("testcase"))
+        failed = {f"{case.get('classname')}.{case.get('name')}": "\n".join(f.text for f in case.iter("failure"))
+                  for case in cases if case.find("failure") is not None}
+        return [name for name in names if name not in failed], failed, []
+    begun = BEGIN.findall(process.stdout)
+    last = begun[-1] if begun else names[0]
+    log = process.stdout[process.stdout.rfind("[ RUN "):]
+    passed = re.findall(r"^\[       OK \] (\S+)", process.stdout, re.M)
+    failed = {name: "failed before the program ended" for name in begun if name not in passed}
+    return passed, {**failed, last: f"the program ended ({process.returncode})\n{log}"}, names[names.index(last) + 1:]
+
+
+def main(preset, pattern=""):
+    place = Path.cwd() / "build" / preset
+    passed, failed = 0, {}
+    for program in sorted(place.glob("tests/*_tests.exe")):
+        names = [name for name in names_of(program) if pattern in f"{program.stem}.{name}"]
+        count = len(names)
+        bad = 0
+        while names:
+            good, faults, names = run(program, names, place)
+            passed += len(good)
+            bad += len(faults)
+            failed.update({f"{program.stem}: {name}": log for name, log in faults.items()})
+        print(f"{program.stem}: {count - bad} of {count}", flush=True)
+    for name, log in failed.items():
+        print(f"\n==== {name}\n{log}".rstrip())
+    print(f"\n{passed} passed, {len(failed)} failed")
+    return 1 if failed or not passed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))

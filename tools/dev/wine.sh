@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# wine.sh PROGRAM ARGUMENT...: runs a Windows program under wine, in its own prefix. Its temporary folder is on the drive T.
+set -euo pipefail
+wine=/usr/lib/wine/wine64
+compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
+export WINEPREFIX="${ORV_WINE_PREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/orv-windows/wine}" WINEDEBUG="${WINEDEBUG:--all}" WINEARCH=win64
+export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL="${ORV_WINE_LOCALE:-C.UTF-8}"
+export WINEPATH="Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib${ORV_WINE_PATH:+;$ORV_WINE_PATH}"
+if [ ! -e "$WINEPREFIX/system.reg" ]; then
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    DISPLAY="" "$wine" wineboot --init >/dev/null 2>&1
+fi
+if [ ! -e "$WINEPREFIX/dosdevices/t:" ]; then
+    mkdir -p "$WINEPREFIX/temporary"
+    for name in TEMP TMP; do
+        "$wine" reg add 'HKCU\Environment' /v $name /d 'T:\' /f >/dev/null
+    done
+    ln -s ../temporary "$WINEPREFIX/dosdevices/t:"
+fi
+exec "$wine" "$@"
