@@ -13,6 +13,7 @@
 #include "adapters/postgres/postgres_library.h"
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
+#include "platform/file_path.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -60,7 +61,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 using OptionsPtr = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
 
 std::string connectionText(const std::string& nativePath) {
-    std::ifstream file(nativePath, std::ios::binary);
+    std::ifstream file(filePath(nativePath), std::ios::binary);
     std::string text;
     for (std::string line; std::getline(file, line);) {
         if (text.empty() && line.starts_with(kByteOrderMark)) {

@@ -6,7 +6,7 @@
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/windows_api.h"
 #include "platform/run_time_error.h"
-#include "platform/upper_case.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {

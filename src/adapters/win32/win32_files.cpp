@@ -11,7 +11,7 @@
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/win32_failure.h"
 #include "platform/run_time_error.h"
-#include "platform/upper_case.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
