@@ -4,4 +4,4 @@
 set -euo pipefail
 folder=$(mktemp -d /dev/shm/crash-XXXXXX 2>/dev/null || mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-"$1" "$folder/ground" "$2" "$3"
+"$1" "$folder/office" "$2" "$3"

@@ -56,24 +56,24 @@ void stayOnProcessor(bool first) {
     static_cast<void>(::sched_setaffinity(0, sizeof one, &one));
 }
 
-int verdict(const Judge& judge) {
-    std::cout << judge.points() << " points, " << judge.faults() << " faults" << std::endl;
-    return judge.faults() == 0 ? 0 : 1;
+int verdict(const Checker& checker) {
+    std::cout << checker.points() << " points, " << checker.faults() << " faults" << std::endl;
+    return checker.faults() == 0 ? 0 : 1;
 }
 
-int proveAll(const std::filesystem::path& folder, const std::string& store, int step) {
+int testCalls(const std::filesystem::path& folder, const std::string& store, int step) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     const desk::ServerDesk server(folder / "server");
-    OfficeGround ground(std::filesystem::absolute(folder), server.port());
+    OfficeFixture fixture(std::filesystem::absolute(folder), server.port());
     std::optional<orv::PrivateServer> database;
     if (store == "server") {
         database.emplace();
-        ground.reachServer(database->text("sample"));
+        fixture.reachServer(database->text("sample"));
     }
     stayOnProcessor(store == "file");
     orv::curlLibrary();  // loaded before the scenarios start
-    Trial trial(ground, server, store, step);
+    Trial trial(fixture, server, store, step);
     for (const CompanyKind& kind : kKinds) {
         trial.run(kind);
     }
@@ -83,13 +83,13 @@ int proveAll(const std::filesystem::path& folder, const std::string& store, int 
 /// The third kind replaces its photos, which does not change any answer.
 constexpr std::size_t kAnsweredKinds = 2;
 
-int proveAnswers(const std::filesystem::path& folder) {
+int testAnswers(const std::filesystem::path& folder) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
     const desk::ServerDesk server(folder / "server");
-    OfficeGround ground(std::filesystem::absolute(folder), server.port());
+    OfficeFixture fixture(std::filesystem::absolute(folder), server.port());
     orv::curlLibrary();
-    WrongAnswers trial(ground, server);
+    WrongAnswers trial(fixture, server);
     for (const CompanyKind& kind : std::span(kKinds).first(kAnsweredKinds)) {
         trial.run(kind);
     }
@@ -109,9 +109,9 @@ int main(int argc, char* argv[]) {
     ::setenv("XDG_STATE_HOME", state.c_str(), 1);  // NOLINT(concurrency-mt-unsafe)
     try {
         if (store == "answers") {
-            return proveAnswers(argv[1]);
+            return testAnswers(argv[1]);
         }
-        return proveAll(argv[1], store, std::max(1, std::atoi(argv[3])));
+        return testCalls(argv[1], store, std::max(1, std::atoi(argv[3])));
     } catch (const std::exception& failure) {
         std::cerr << "crash_test: " << failure.what() << "\n";
         return 2;

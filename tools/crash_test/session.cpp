@@ -13,7 +13,7 @@
 #include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
-#include "struck_run.h"
+#include "traced_run.h"
 
 namespace crash_test {
 namespace {
@@ -57,13 +57,14 @@ bool wentWell(std::string told) {
 
 class Session {
 public:
-    explicit Session(const Errand& errand) : errand_(errand), report_(errand.report), program_(errand.programFolder) {
+    explicit Session(const Scenario& scenario)
+        : scenario_(scenario), report_(scenario.report), program_(scenario.programFolder) {
         std::signal(SIGPIPE, SIG_IGN);  // like main()
         orv::Services& all = orv::services();
         all.message = &operator_;
         all.windows = &operator_;
         all.clock = &clock_;
-        all.commandTail = errand.company + ",1,0";
+        all.commandTail = scenario.company + ",1,0";
     }
 
     void work() {
@@ -107,20 +108,20 @@ private:
         for (std::size_t page = 4; page < 5; --page) {
             turnTo(page);
         }
-        orv::page<orv::frm_CompInp0>().txt_Tanto_Name.setText(errand_.words);
+        orv::page<orv::frm_CompInp0>().txt_Tanto_Name.setText(scenario_.words);
         turnTo(1);
         orv::page<orv::frm_CompInp1>().txt_License_No_Go.setText("12345");
         turnTo(3);
         orv::page<orv::frm_CompInp3>().chk_Business_Type_Flg[0].setValue(1);
         turnTo(2);
         auto& page = orv::page<orv::frm_CompInp2>();
-        page.txt_Day_Off.setText(errand_.words);
-        for (std::size_t slot = 0; slot < errand_.photos.size(); ++slot) {
-            page.pic_PhotoFile[slot].drop(orv::services().fileSystem->systemPath(errand_.photos[slot]));
+        page.txt_Day_Off.setText(scenario_.words);
+        for (std::size_t slot = 0; slot < scenario_.photos.size(); ++slot) {
+            page.pic_PhotoFile[slot].drop(orv::services().fileSystem->systemPath(scenario_.photos[slot]));
         }
     }
 
-    const Errand& errand_;
+    const Scenario& scenario_;
     std::ofstream report_;
     headless::Program program_;
     StandingClock clock_;
@@ -129,7 +130,7 @@ private:
 
 }  // namespace
 
-void runErrand(const Errand& errand) { Session(errand).work(); }
+void runScenario(const Scenario& scenario) { Session(scenario).work(); }
 
 std::string fingerprintOf(const std::string& nativePath) {
     std::ostringstream content;

@@ -6,7 +6,7 @@
 namespace crash_test {
 
 /// The work of an operator in one run.
-struct Errand {
+struct Scenario {
     std::string programFolder;
     std::string company;
     /// The text typed on the pages.
@@ -19,7 +19,7 @@ struct Errand {
 };
 
 /// Opens the company, edits all pages, saves and leaves. A failed step is repeated once. A process can run only one.
-void runErrand(const Errand& errand);
+void runScenario(const Scenario& scenario);
 
 /// Returns a short name for the content of a file.
 std::string fingerprintOf(const std::string& nativePath);

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "judge.h"
+#include "checker.h"
 
 namespace crash_test {
 
 /// Runs a scenario repeatedly, with a failure injected at one call after the other.
-class Trial : public Judge {
+class Trial : public Checker {
 public:
     /// `step` selects every STEP-th call.
-    Trial(OfficeGround& ground, const desk::ServerDesk& server, std::string store, int step);
+    Trial(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store, int step);
 
     void run(const CompanyKind& kind);
 
 private:
-    bool strikeOnce(const Strike& strike, const std::string& name);
-    void strikeEverywhere(Strike strike, const std::string& name);
+    bool injectOnce(const Injection& injection, const std::string& name);
+    void injectEverywhere(Injection injection, const std::string& name);
 
     int step_;
 };

@@ -35,15 +35,15 @@ void WrongAnswers::run(const CompanyKind& kind) {
         {"companies:status=204", ""},       {"companies:cut", "24011"},       {"companies:garbage", ""},
         {"companies:delay=60000", "24012"}, {"companies:id-length=0", ""},
     };
-    ground_.begin(kind);
+    fixture_.begin(kind);
     learn();
     const int faultsBefore = faults_;
     for (const Wrong& wrong : kWrong) {
         point_ = wrong.instruction;
-        judgePoint([&] { tryOne(wrong); });
+        checkPoint([&] { tryOne(wrong); });
         ++points_;
     }
-    std::cout << store_ << ", " << ground_.kind().name << ": " << std::size(kWrong) << " points, "
+    std::cout << store_ << ", " << fixture_.kind().name << ": " << std::size(kWrong) << " points, "
               << faults_ - faultsBefore << " faults" << std::endl;
 }
 
@@ -55,20 +55,20 @@ void WrongAnswers::afterEvent(const std::string& line) {
 }
 
 void WrongAnswers::tryOne(const Wrong& wrong) {
-    ground_.comeBack();
+    fixture_.comeBack();
     server_.misbehave("well\n" + std::string(wrong.instruction));
-    const Outcome outcome = errandUnder({}, ground_.company(), 0);
-    if (slowest_ > kLimits * ground_.limit()) {
+    const Outcome outcome = runUnder({}, fixture_.company(), 0);
+    if (slowest_ > kLimits * fixture_.limit()) {
         fault("an event takes " + std::to_string(std::chrono::duration<double>(slowest_).count()) + " s");
     }
-    judgeAlive(outcome);
-    judgeTold(wrong);
-    judgeNumber();
+    checkAlive(outcome);
+    checkTold(wrong);
+    checkNumber();
 }
 
 /// A failed photo does not stop a save.
-void WrongAnswers::judgeTold(const Wrong& wrong) {
-    const std::string line = savedLine(ground_.report());
+void WrongAnswers::checkTold(const Wrong& wrong) {
+    const std::string line = savedLine(fixture_.report());
     if (wrong.code == nullptr ? line != kWell : !line.starts_with(kFailed + std::string(wrong.code))) {
         fault("is not reported correctly: " + line);
     }
@@ -78,8 +78,8 @@ void WrongAnswers::judgeTold(const Wrong& wrong) {
 }
 
 /// A new company's number is one that the server can assign.
-void WrongAnswers::judgeNumber() {
-    for (const std::string& number : ground_.newNumbers()) {
+void WrongAnswers::checkNumber() {
+    for (const std::string& number : fixture_.newNumbers()) {
         if (number.size() != 9 || number.find_first_not_of("0123456789") != std::string::npos) {
             fault("a company has the number \"" + number + "\"");
         }

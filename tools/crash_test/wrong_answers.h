@@ -1,14 +1,14 @@
 #pragma once
 
-#include "judge.h"
+#include "checker.h"
 
 namespace crash_test {
 
 /// Runs scenarios in which one answer of the suite's server is wrong: an error, cut, unreadable, late, or without a
 /// number.
-class WrongAnswers : public Judge {
+class WrongAnswers : public Checker {
 public:
-    WrongAnswers(OfficeGround& ground, const desk::ServerDesk& server) : Judge(ground, server, "answers") {}
+    WrongAnswers(OfficeFixture& fixture, const desk::ServerDesk& server) : Checker(fixture, server, "answers") {}
 
     void run(const CompanyKind& kind);
 
@@ -17,8 +17,8 @@ private:
 
     void afterEvent(const std::string& line) override;
     void tryOne(const Wrong& wrong);
-    void judgeTold(const Wrong& wrong);
-    void judgeNumber();
+    void checkTold(const Wrong& wrong);
+    void checkNumber();
 };
 
 }  // namespace crash_test

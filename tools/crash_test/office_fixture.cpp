@@ -1,4 +1,4 @@
-#include "office_ground.h"
+#include "office_fixture.h"
 
 #include <algorithm>
 #include <fstream>
@@ -41,20 +41,20 @@ std::string photoName(int round, int slot) { return std::to_string(round) + std:
 
 }  // namespace
 
-OfficeGround::OfficeGround(const fs::path& folder, const std::string& serverPort)
+OfficeFixture::OfficeFixture(const fs::path& folder, const std::string& serverPort)
     : folder_(folder), office_(folder / "office", serverPort) {
     makePhotos();
     copyFolders(orv(), folder_ / "first");
-    eye_ = eyeOnFile(office_.store(), folder_ / "seen");
+    observer_ = observerOfFile(office_.store(), folder_ / "seen");
 }
 
-void OfficeGround::giveUpAfter(std::chrono::milliseconds limit) {
+void OfficeFixture::giveUpAfter(std::chrono::milliseconds limit) {
     const std::string name = "\nTIMEOUT=";
     changeSettings(name + std::to_string(limit_.count()) + "\r", name + std::to_string(limit.count()) + "\r");
     limit_ = limit;
 }
 
-void OfficeGround::changeSettings(const std::string& usual, const std::string& other) const {
+void OfficeFixture::changeSettings(const std::string& usual, const std::string& other) const {
     const fs::path settings = orv() / "SYS/system.ini";
     std::string text = contentOf(settings);
     for (std::size_t at = text.find(usual); at != std::string::npos; at = text.find(usual, at + other.size())) {
@@ -64,7 +64,7 @@ void OfficeGround::changeSettings(const std::string& usual, const std::string& o
 }
 
 /// Larger than the limits, so that each is fitted.
-void OfficeGround::makePhotos() const {
+void OfficeFixture::makePhotos() const {
     const orv::InstallPaths paths(office_.folder().string(), (orv() / "BIN").string());
     orv::PosixFiles files(paths);
     const orv::PictureFiles pictures(files);
@@ -80,15 +80,15 @@ void OfficeGround::makePhotos() const {
     }
 }
 
-void OfficeGround::reachServer(const std::string& text) {
+void OfficeFixture::reachServer(const std::string& text) {
     isServed_ = true;
-    eye_ = eyeOnServer(text);
+    observer_ = observerOfServer(text);
     std::ofstream(office_.store(), std::ios::trunc) << text << "\n";
     fs::copy_file(office_.store(), folder_ / "first/MDB" / office_.store().filename(),
                   fs::copy_options::overwrite_existing);
 }
 
-void OfficeGround::copyFolders(const fs::path& from, const fs::path& to) const {
+void OfficeFixture::copyFolders(const fs::path& from, const fs::path& to) const {
     for (const char* name : kFolders) {
         fs::remove_all(to / name);
         fs::create_directories(to);
@@ -96,25 +96,25 @@ void OfficeGround::copyFolders(const fs::path& from, const fs::path& to) const {
     }
 }
 
-void OfficeGround::begin(const CompanyKind& kind) {
+void OfficeFixture::begin(const CompanyKind& kind) {
     copyFolders(folder_ / "first", orv());
-    eye_->beginAgain();
+    observer_->beginAgain();
     kind_ = &kind;
-    eye_->run(kind.before);
-    eye_->keep();
+    observer_->run(kind.before);
+    observer_->keep();
     copyFolders(orv(), folder_ / "kept");
     known_.clear();
-    for (const std::string& id : eye_->rows("SELECT USER_ID FROM TBL_CUSTOMER_INFO")) {
+    for (const std::string& id : observer_->rows("SELECT USER_ID FROM TBL_CUSTOMER_INFO")) {
         known_.insert(id);
     }
 }
 
-void OfficeGround::comeBack() {
+void OfficeFixture::comeBack() {
     copyFolders(folder_ / "kept", orv());
-    eye_->comeBack();
+    observer_->comeBack();
 }
 
-std::vector<std::string> OfficeGround::watched(bool kills) const {
+std::vector<std::string> OfficeFixture::watched(bool kills) const {
     if (isServed_ && !kills) {
         return folders({"MDB"});
     }
@@ -125,7 +125,7 @@ std::vector<std::string> OfficeGround::watched(bool kills) const {
     return all;
 }
 
-std::vector<std::string> OfficeGround::folders(std::initializer_list<const char*> names) const {
+std::vector<std::string> OfficeFixture::folders(std::initializer_list<const char*> names) const {
     std::vector<std::string> all;
     for (const char* name : names) {
         all.push_back((orv() / name).string());
@@ -133,18 +133,18 @@ std::vector<std::string> OfficeGround::folders(std::initializer_list<const char*
     return all;
 }
 
-Errand OfficeGround::errand(const std::string& company, int round) const {
-    Errand errand{(orv() / "BIN").string(), company, kWords[round], {}, (folder_ / "report").string()};
+Scenario OfficeFixture::scenario(const std::string& company, int round) const {
+    Scenario scenario{(orv() / "BIN").string(), company, kWords[round], {}, (folder_ / "report").string()};
     for (int slot = 0; kind_->replacesPhotos && slot < 2; ++slot) {
-        errand.photos.push_back((orv() / "PHOTO" / photoName(round, slot)).string());
+        scenario.photos.push_back((orv() / "PHOTO" / photoName(round, slot)).string());
     }
-    return errand;
+    return scenario;
 }
 
-std::string OfficeGround::state() {
+std::string OfficeFixture::state() {
     std::string all;
     for (const std::string table : kTables) {
-        std::vector<std::string> rows = eye_->rows("SELECT * FROM " + table);
+        std::vector<std::string> rows = observer_->rows("SELECT * FROM " + table);
         for (std::string& row : rows) {
             if (!known_.contains(row.substr(0, kIdLength))) {
                 row.replace(0, kIdLength, "#");
@@ -158,22 +158,22 @@ std::string OfficeGround::state() {
     return all;
 }
 
-std::string OfficeGround::one(const std::string& sql) {
-    const std::vector<std::string> found = eye_->rows(sql);
+std::string OfficeFixture::one(const std::string& sql) {
+    const std::vector<std::string> found = observer_->rows(sql);
     return found.empty() ? "" : found.front();
 }
 
-std::vector<std::string> OfficeGround::newNumbers() {
-    std::vector<std::string> numbers = eye_->rows("SELECT USER_ID FROM TBL_CUSTOMER_INFO");
+std::vector<std::string> OfficeFixture::newNumbers() {
+    std::vector<std::string> numbers = observer_->rows("SELECT USER_ID FROM TBL_CUSTOMER_INFO");
     std::erase_if(numbers, [this](const std::string& number) { return known_.contains(number); });
     return numbers;
 }
 
-std::vector<std::string> OfficeGround::ownLocks() {
-    return eye_->rows("SELECT USER_ID FROM TBL_LOCK WHERE LOCAL_INFO <> 'FRONT-PC02'");
+std::vector<std::string> OfficeFixture::ownLocks() {
+    return observer_->rows("SELECT USER_ID FROM TBL_LOCK WHERE LOCAL_INFO <> 'FRONT-PC02'");
 }
 
-Files OfficeGround::files() const {
+Files OfficeFixture::files() const {
     Files found;
     std::set<std::string> runs;
     for (const std::string& folder : watched(true)) {
@@ -190,7 +190,7 @@ Files OfficeGround::files() const {
     return found;
 }
 
-std::vector<std::string> OfficeGround::log(bool& isWhole) const {
+std::vector<std::string> OfficeFixture::log(bool& isWhole) const {
     const std::string bytes = contentOf(orv() / "LOG/ERR/260504_err.log");
     isWhole = bytes.empty() || bytes.ends_with("\r\n");
     std::vector<std::string> records;
@@ -203,7 +203,7 @@ std::vector<std::string> OfficeGround::log(bool& isWhole) const {
     return records;
 }
 
-std::vector<std::string> OfficeGround::report() const {
+std::vector<std::string> OfficeFixture::report() const {
     std::ifstream file(folder_ / "report");
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {

@@ -1,4 +1,4 @@
-#include "struck_run.h"
+#include "traced_run.h"
 
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -40,8 +40,8 @@ void require(bool fine, const char* what) {
 
 class Watched : orv::NonCopyable {
 public:
-    Watched(const std::vector<std::string>& folders, const Strike& strike, pid_t process)
-        : folders_(folders), strike_(strike), process_(process), thread_(process) {}
+    Watched(const std::vector<std::string>& folders, const Injection& injection, pid_t process)
+        : folders_(folders), injection_(injection), process_(process), thread_(process) {}
     ~Watched() {
         if (!ended_) {
             ::kill(process_, SIGKILL);
@@ -60,14 +60,14 @@ private:
     void hit(const CallKind& kind, user_regs_struct& all);
     bool touches(const std::string& object) const;
     bool counts(const CallKind& kind, unsigned long long size) const;
-    bool isStruck(const CallKind& kind, unsigned long long size) {
-        return counts(kind, size) && (lasts_ || --strike_.at == 0);
+    bool isInjected(const CallKind& kind, unsigned long long size) {
+        return counts(kind, size) && (lasts_ || --injection_.at == 0);
     }
     user_regs_struct registers() const;
     void setRegisters(const user_regs_struct& all) const;
 
     const std::vector<std::string>& folders_;
-    Strike strike_;
+    Injection injection_;
     pid_t process_;
     /// The stopped thread. The others run, and wait for this one if they must.
     pid_t thread_;
@@ -84,9 +84,9 @@ bool Watched::touches(const std::string& object) const {
 }
 
 bool Watched::counts(const CallKind& kind, unsigned long long size) const {
-    using enum Strike::Way;
+    using enum Injection::Way;
     const bool canBeHalved = kind.isWrite && size > 1;
-    switch (strike_.way) {
+    switch (injection_.way) {
         case Nothing:
             return false;
         case Kill:
@@ -95,11 +95,11 @@ bool Watched::counts(const CallKind& kind, unsigned long long size) const {
             return canBeHalved;
         case Once:
         case Lasting:
-            return canAnswer(kind, strike_.answer);
+            return canAnswer(kind, injection_.answer);
         case Cut:
             return kind.isOnWire;
         case Halfway:
-            return lasts_ ? canAnswer(kind, strike_.answer) : canBeHalved;
+            return lasts_ ? canAnswer(kind, injection_.answer) : canBeHalved;
     }
     return false;
 }
@@ -119,8 +119,8 @@ void Watched::beforeCall() {
         return;
     }
     ++outcome_.calls;
-    if (isStruck(*kind, all.rdx)) {
-        outcome_.struck.push_back(std::string(kind->name) + " " + object);
+    if (isInjected(*kind, all.rdx)) {
+        outcome_.injected.push_back(std::string(kind->name) + " " + object);
         hit(*kind, all);
     } else if (kind->isFlush) {
         answer(all, 0);
@@ -139,27 +139,27 @@ void cutWire(pid_t process, int descriptor) {
 }
 
 void Watched::hit(const CallKind& kind, user_regs_struct& all) {
-    using enum Strike::Way;
-    if (strike_.way == Kill) {
+    using enum Injection::Way;
+    if (injection_.way == Kill) {
         ::kill(process_, SIGKILL);
         return;
     }
-    if (strike_.way == Cut) {
+    if (injection_.way == Cut) {
         cutWire(process_, static_cast<int>(all.rdi));
         return;
     }
-    if (strike_.way == KillHalfway || (strike_.way == Halfway && !lasts_)) {
+    if (injection_.way == KillHalfway || (injection_.way == Halfway && !lasts_)) {
         wholeSize_ = all.rdx;
         all.rdx /= 2;
     } else {
-        answer(all, kind.named == Named::ByPollList ? 0 : -strike_.answer);
+        answer(all, kind.named == Named::ByPollList ? 0 : -injection_.answer);
     }
     setRegisters(all);
-    lasts_ = strike_.way == Lasting || strike_.way == Halfway;
+    lasts_ = injection_.way == Lasting || injection_.way == Halfway;
 }
 
 void Watched::behindCall() {
-    if (strike_.way == Strike::Way::KillHalfway) {
+    if (injection_.way == Injection::Way::KillHalfway) {
         ::kill(process_, SIGKILL);
         return;
     }
@@ -195,7 +195,7 @@ long Watched::takeStop(int status, const std::function<void()>& onEvent) {
     } else if (WSTOPSIG(status) == kBehindCall) {
         behindCall();
     } else if (WSTOPSIG(status) == kEventOver) {
-        strike_.way = lasts_ ? Strike::Way::Nothing : strike_.way;
+        injection_.way = lasts_ ? Injection::Way::Nothing : injection_.way;
         lasts_ = false;
         onEvent();
     } else if (const bool isOfThreads = status >> 8 == kThreadMade || thread_ != process_; !isOfThreads) {
@@ -223,9 +223,9 @@ Outcome Watched::watch(const std::function<void()>& onEvent) {
 }
 
 /// Makes the kernel stop this process only before calls that can matter.
-void stopAtCalls(Strike::Way way) {
+void stopAtCalls(Injection::Way way) {
     std::vector<sock_filter> rules{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
-    for (const long number : way == Strike::Way::Nothing ? flushingCalls() : knownCalls()) {
+    for (const long number : way == Injection::Way::Nothing ? flushingCalls() : knownCalls()) {
         rules.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(number), 0, 1));
         rules.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_TRACE));
     }
@@ -237,7 +237,7 @@ void stopAtCalls(Strike::Way way) {
 }
 
 /// An exception of `body` ends this process.
-[[noreturn]] void beWatched(Strike::Way way, const std::function<void()>& body) noexcept {
+[[noreturn]] void beWatched(Injection::Way way, const std::function<void()>& body) noexcept {
     ::alarm(kPatienceSeconds);
     if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
         ::_exit(errno);
@@ -252,12 +252,12 @@ void stopAtCalls(Strike::Way way) {
 
 void eventIsOver() { ::raise(kEventOver); }
 
-Outcome runStruck(const std::vector<std::string>& folders, const Strike& strike, const std::function<void()>& body,
-                  const std::function<void()>& onEvent) {
+Outcome runTraced(const std::vector<std::string>& folders, const Injection& injection,
+                  const std::function<void()>& body, const std::function<void()>& onEvent) {
     const pid_t process = ::fork();
     require(process >= 0, "fork");
     if (process == 0) {
-        beWatched(strike.way, body);
+        beWatched(injection.way, body);
     }
     int status = 0;
     require(::waitpid(process, &status, 0) == process, "wait");
@@ -267,7 +267,7 @@ Outcome runStruck(const std::vector<std::string>& folders, const Strike& strike,
     }
     constexpr long kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_TRACESECCOMP | PTRACE_O_TRACECLONE | PTRACE_O_EXITKILL;
     require(::ptrace(PTRACE_SETOPTIONS, process, nullptr, kOptions) == 0, "ptrace");
-    return Watched(folders, strike, process).watch(onEvent);
+    return Watched(folders, injection, process).watch(onEvent);
 }
 
 }  // namespace crash_test

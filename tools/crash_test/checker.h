@@ -5,18 +5,18 @@
 #include <set>
 #include <string>
 
-#include "office_ground.h"
+#include "office_fixture.h"
 #include "platform/scope.h"
-#include "struck_run.h"
+#include "traced_run.h"
 
 namespace crash_test {
 
 /// Records the states of an undisturbed scenario, and checks disturbed ones against them.
-class Judge : orv::NonCopyable {
+class Checker : orv::NonCopyable {
 public:
     /// `server` is the suite's.
-    Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store);
-    virtual ~Judge() = default;
+    Checker(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store);
+    virtual ~Checker() = default;
 
     int points() const { return points_; }
     int faults() const { return faults_; }
@@ -24,17 +24,17 @@ public:
 protected:
     /// The server rejects photos during and after this, so that there is something to log.
     void learn();
-    Outcome errandUnder(const Strike& strike, const std::string& company, int round);
+    Outcome runUnder(const Injection& injection, const std::string& company, int round);
     /// Called while the scenario is stopped after an event, with the event's line in the report.
     virtual void afterEvent(const std::string& /*line*/) {}
-    void judgeDead(const Outcome& outcome);
-    void judgeAlive(const Outcome& outcome);
+    void checkDead(const Outcome& outcome);
+    void checkAlive(const Outcome& outcome);
     void fault(const std::string& what) { found_.push_back(what); }
     /// Runs a point with the short time limit. If a check fails, a stalled machine may have caused it. The point is
     /// then repeated with the long limit, and a check that still fails is a fault.
-    void judgePoint(const std::function<void()>& point);
+    void checkPoint(const std::function<void()>& point);
 
-    OfficeGround& ground_;
+    OfficeFixture& fixture_;
     const desk::ServerDesk& server_;
     std::string store_;
     int points_ = 0;
@@ -48,12 +48,12 @@ protected:
     std::string behind_;
 
 private:
-    void judgeEvent(const std::string& line);
-    void judgeStore();
-    void judgePhotos();
-    void judgeLog(const Outcome& outcome);
-    void judgeNextRun();
-    void judgeReport(const Outcome& outcome);
+    void checkEvent(const std::string& line);
+    void checkStore();
+    void checkPhotos();
+    void checkLog(const Outcome& outcome);
+    void checkNextRun();
+    void checkReport(const Outcome& outcome);
 
     /// All states of an undisturbed scenario, with a server that accepts the company and with one that does not.
     std::set<std::string> states_;

@@ -11,9 +11,9 @@
 namespace crash_test {
 
 /// Reads a store with the engine's own library, without the program's code.
-class StoreEye : orv::NonCopyable {
+class StoreObserver : orv::NonCopyable {
 public:
-    virtual ~StoreEye() = default;
+    virtual ~StoreObserver() = default;
 
     /// Returns columns separated by "|", without those that are measured at each load.
     virtual std::vector<std::string> rows(const std::string& sql) = 0;
@@ -29,9 +29,9 @@ public:
 
 /// Reads a copy of the file and its journal, so that the next program finds the state that a crashed one left. The
 /// caller copies the folder to restore it.
-std::unique_ptr<StoreEye> eyeOnFile(const std::filesystem::path& file, const std::filesystem::path& copy);
+std::unique_ptr<StoreObserver> observerOfFile(const std::filesystem::path& file, const std::filesystem::path& copy);
 
 /// Waits until the server has noticed the end of every other session.
-std::unique_ptr<StoreEye> eyeOnServer(const std::string& text);
+std::unique_ptr<StoreObserver> observerOfServer(const std::string& text);
 
 }  // namespace crash_test

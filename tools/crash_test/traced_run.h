@@ -9,7 +9,7 @@
 namespace crash_test {
 
 /// A failure injected into a program. `at` is the number, from 1, among the calls to which it applies.
-struct Strike {
+struct Injection {
     enum class Way {
         Nothing,
         Kill,         // before the call
@@ -28,7 +28,7 @@ struct Strike {
 struct Outcome {
     /// The call with the injected failure and its object, then the files on which later calls failed. Empty if the run
     /// had no such call.
-    std::vector<std::string> struck;
+    std::vector<std::string> injected;
     bool killed = false;
     /// True if the process ended by itself with status 0; otherwise `ending` says how it ended.
     bool fine = false;
@@ -42,7 +42,7 @@ void eventIsOver();
 /// Runs `body` in a separate process and watches each call on a file in `folders` or on a socket. Calls `onEvent` while
 /// the process is stopped, each time an event has ended. Nothing is flushed to the disk, because the writes of a dead
 /// process are not lost. Throws if the machine does not allow the watching.
-Outcome runStruck(const std::vector<std::string>& folders, const Strike& strike, const std::function<void()>& body,
-                  const std::function<void()>& onEvent);
+Outcome runTraced(const std::vector<std::string>& folders, const Injection& injection,
+                  const std::function<void()>& body, const std::function<void()>& onEvent);
 
 }  // namespace crash_test

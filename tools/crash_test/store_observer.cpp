@@ -1,4 +1,4 @@
-#include "store_eye.h"
+#include "store_observer.h"
 
 #include <libpq-fe.h>
 #include <sqlite3.h>
@@ -20,9 +20,9 @@ bool isMeasured(std::string name) {
     return name.ends_with("hd_cap") || name == "net_type";
 }
 
-class FileEye : public StoreEye {
+class FileObserver : public StoreObserver {
 public:
-    FileEye(fs::path file, fs::path copy) : file_(std::move(file)), copy_(std::move(copy)) {}
+    FileObserver(fs::path file, fs::path copy) : file_(std::move(file)), copy_(std::move(copy)) {}
 
     std::vector<std::string> rows(const std::string& sql) override { return ask(copied(), sql); }
     void run(const std::string& sql) override { ask(file_, sql); }
@@ -66,9 +66,9 @@ private:
     fs::path copy_;
 };
 
-class ServerEye : public StoreEye {
+class ServerObserver : public StoreObserver {
 public:
-    explicit ServerEye(const std::string& text) : connection_(PQconnectdb(text.c_str()), PQfinish) {
+    explicit ServerObserver(const std::string& text) : connection_(PQconnectdb(text.c_str()), PQfinish) {
         run("SET client_min_messages = error; CREATE SCHEMA first; CREATE SCHEMA kept");
         for (const char* table : kTables) {
             for (const std::string schema : {"first.", "kept."}) {
@@ -134,10 +134,12 @@ private:
 
 }  // namespace
 
-std::unique_ptr<StoreEye> eyeOnFile(const fs::path& file, const fs::path& copy) {
-    return std::make_unique<FileEye>(file, copy);
+std::unique_ptr<StoreObserver> observerOfFile(const fs::path& file, const fs::path& copy) {
+    return std::make_unique<FileObserver>(file, copy);
 }
 
-std::unique_ptr<StoreEye> eyeOnServer(const std::string& text) { return std::make_unique<ServerEye>(text); }
+std::unique_ptr<StoreObserver> observerOfServer(const std::string& text) {
+    return std::make_unique<ServerObserver>(text);
+}
 
 }  // namespace crash_test

@@ -11,7 +11,7 @@
 
 #include "desk.h"
 #include "session.h"
-#include "store_eye.h"
+#include "store_observer.h"
 
 namespace crash_test {
 
@@ -35,9 +35,9 @@ inline constexpr std::chrono::milliseconds kHasty{500};
 inline constexpr std::chrono::milliseconds kPatient{30000};
 
 /// An office in which a company can be reset, and whose state can be read without the program.
-class OfficeGround {
+class OfficeFixture {
 public:
-    OfficeGround(const std::filesystem::path& folder, const std::string& serverPort);
+    OfficeFixture(const std::filesystem::path& folder, const std::string& serverPort);
 
     /// Uses this store from now on and writes its text to the store's file.
     void reachServer(const std::string& text);
@@ -48,7 +48,7 @@ public:
     void changeSettings(const std::string& usual, const std::string& other) const;
     void begin(const CompanyKind& kind);
     void comeBack();
-    void edited() { eye_->run(kind_->edited); }
+    void edited() { observer_->run(kind_->edited); }
 
     /// Returns the folders in which failures are injected, in addition to the connections. A kill matters where the
     /// scenario writes. A failing call also matters where it only reads: settings and help file. Later scenarios omit
@@ -56,13 +56,13 @@ public:
     /// file.
     std::vector<std::string> watched(bool kills) const;
     /// Each `round` has its own texts and photos.
-    Errand errand(const std::string& company, int round) const;
+    Scenario scenario(const std::string& company, int round) const;
     std::string company() const { return kind_->company; }
     const CompanyKind& kind() const { return *kind_; }
 
     /// Returns the three tables, with the number assigned by the server as "#".
     std::string state();
-    std::string damage() { return eye_->damage(); }
+    std::string damage() { return observer_->damage(); }
     /// Returns the first column of the first row, or "".
     std::string one(const std::string& sql);
     /// Returns the numbers of companies that did not exist before.
@@ -84,7 +84,7 @@ private:
 
     std::filesystem::path folder_;
     desk::Office office_;
-    std::unique_ptr<StoreEye> eye_;
+    std::unique_ptr<StoreObserver> observer_;
     std::chrono::milliseconds limit_ = kPatient;
     bool isServed_ = false;
     const CompanyKind* kind_ = nullptr;

@@ -1,4 +1,4 @@
-#include "judge.h"
+#include "checker.h"
 
 #include <algorithm>
 #include <chrono>
@@ -34,7 +34,7 @@ std::vector<std::string> failuresIn(const std::string& line) {
 }
 
 bool touched(const Outcome& outcome, const std::string& folder) {
-    return std::ranges::any_of(outcome.struck,
+    return std::ranges::any_of(outcome.injected,
                                [&](const std::string& call) { return (call + "/").find(folder) != std::string::npos; });
 }
 
@@ -65,33 +65,33 @@ std::string strangeIn(const std::string& state, const std::set<std::string>& sta
 
 }  // namespace
 
-Judge::Judge(OfficeGround& ground, const desk::ServerDesk& server, std::string store)
-    : ground_(ground), server_(server), store_(std::move(store)) {}
+Checker::Checker(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store)
+    : fixture_(fixture), server_(server), store_(std::move(store)) {}
 
-Outcome Judge::errandUnder(const Strike& strike, const std::string& company, int round) {
-    const Errand errand = ground_.errand(company, round);
+Outcome Checker::runUnder(const Injection& injection, const std::string& company, int round) {
+    const Scenario scenario = fixture_.scenario(company, round);
     auto since = Clock::now();
     slowest_ = {};
     saved_.clear();
-    const bool kills = strike.way == Strike::Way::Kill || strike.way == Strike::Way::KillHalfway;
-    return runStruck(
-        ground_.watched(kills), strike, [&] { runErrand(errand); },
+    const bool kills = injection.way == Injection::Way::Kill || injection.way == Injection::Way::KillHalfway;
+    return runTraced(
+        fixture_.watched(kills), injection, [&] { runScenario(scenario); },
         [&] {
             slowest_ = std::max(slowest_, Clock::now() - since);
-            const std::string line = ground_.report().back();
+            const std::string line = fixture_.report().back();
             if (round == 0) {
-                judgeEvent(line);
+                checkEvent(line);
                 afterEvent(line);
             }
             since = Clock::now();
         });
 }
 
-void Judge::judgeEvent(const std::string& line) {
+void Checker::checkEvent(const std::string& line) {
     if (eventOf(line) == "edit") {
-        ground_.edited();
+        fixture_.edited();
     }
-    const std::string state = ground_.state();
+    const std::string state = fixture_.state();
     if (eventOf(line) == "save" && saved_.empty()) {
         saved_ = state;
     }
@@ -103,21 +103,21 @@ void Judge::judgeEvent(const std::string& line) {
 }
 
 /// Records the store's states and the final state of an undisturbed scenario.
-void Judge::learn() {
-    states_ = {ground_.state()};
+void Checker::learn() {
+    states_ = {fixture_.state()};
     names_.clear();
     records_.clear();
-    filesBefore_ = ground_.files();
+    filesBefore_ = fixture_.files();
     isLearning_ = true;
-    ground_.giveUpAfter(kPatient);
+    fixture_.giveUpAfter(kPatient);
     server_.misbehave("photos:status=500\ncompanies:status=500");
-    errandUnder({}, ground_.company(), 0);
-    ground_.comeBack();
+    runUnder({}, fixture_.company(), 0);
+    fixture_.comeBack();
     server_.misbehave("companies:well\nphotos:status=500");
-    const Outcome whole = errandUnder({Strike::Way::Kill, kNever, 0}, ground_.company(), 0);
+    const Outcome whole = runUnder({Injection::Way::Kill, kNever, 0}, fixture_.company(), 0);
     isLearning_ = false;
-    behind_ = ground_.state();
-    for (const std::string& line : ground_.report()) {
+    behind_ = fixture_.state();
+    for (const std::string& line : fixture_.report()) {
         if (!whole.fine || !failuresIn(line).empty()) {
             throw std::runtime_error("an undisturbed scenario fails: " + line + " " + whole.ending);
         }
@@ -125,55 +125,55 @@ void Judge::learn() {
     if (states_.size() < 3) {
         throw std::runtime_error("a save does not go through three states");
     }
-    filesBehind_ = ground_.files();
+    filesBehind_ = fixture_.files();
     bool isWhole = true;
-    for (const std::string& record : ground_.log(isWhole)) {
+    for (const std::string& record : fixture_.log(isWhole)) {
         records_.insert(record);
     }
-    std::cout << store_ << ", " << ground_.kind().name << ": " << whole.calls << " calls, " << records_.size()
+    std::cout << store_ << ", " << fixture_.kind().name << ": " << whole.calls << " calls, " << records_.size()
               << " kinds of log records" << std::endl;
     for (const Files& files : {filesBefore_, filesBehind_}) {
         for (const auto& [name, content] : files) {
             names_.insert(name);
         }
     }
-    ground_.comeBack();
+    fixture_.comeBack();
 }
 
-void Judge::judgePoint(const std::function<void()>& point) {
+void Checker::checkPoint(const std::function<void()>& point) {
     found_.clear();
-    ground_.giveUpAfter(kHasty);
+    fixture_.giveUpAfter(kHasty);
     point();
     if (found_.empty()) {
         return;
     }
-    ground_.giveUpAfter(kPatient);
+    fixture_.giveUpAfter(kPatient);
     const std::vector<std::string> first = std::exchange(found_, {});
     point();
     faults_ += static_cast<int>(found_.size());
     const bool isFault = !found_.empty();
     for (const std::string& what : isFault ? found_ : first) {
-        std::cout << (isFault ? "FAULT " : "not with more time: ") << store_ << ", " << ground_.kind().name << ", "
+        std::cout << (isFault ? "FAULT " : "not with more time: ") << store_ << ", " << fixture_.kind().name << ", "
                   << point_ << ": " << what << std::endl;
     }
 }
 
-void Judge::judgeStore() {
-    if (const std::string damage = ground_.damage(); !damage.empty()) {
+void Checker::checkStore() {
+    if (const std::string damage = fixture_.damage(); !damage.empty()) {
         fault("the store is damaged: " + damage);
     }
-    if (const std::string state = ground_.state(); !states_.contains(state)) {
+    if (const std::string state = fixture_.state(); !states_.contains(state)) {
         fault("the store is in none of the expected states: " + strangeIn(state, states_));
     }
-    const std::vector<std::string> locks = ground_.ownLocks();
+    const std::vector<std::string> locks = fixture_.ownLocks();
     if (locks.size() > 1) {
         fault("more than one lock");
     }
 }
 
 /// A photo must be old or new, and complete. If it is missing, the new one must be complete next to its place.
-void Judge::judgePhotos() {
-    const Files now = ground_.files();
+void Checker::checkPhotos() {
+    const Files now = fixture_.files();
     for (const auto& [name, old] : filesBefore_) {
         if (name.starts_with("TMP/")) {
             continue;
@@ -190,10 +190,10 @@ void Judge::judgePhotos() {
     }
 }
 
-void Judge::judgeLog(const Outcome& outcome) {
+void Checker::checkLog(const Outcome& outcome) {
     bool isWhole = true;
-    const std::vector<std::string> log = ground_.log(isWhole);
-    const bool mayBeTorn = outcome.struck.front().starts_with("write") && touched(outcome, "/LOG/");
+    const std::vector<std::string> log = fixture_.log(isWhole);
+    const bool mayBeTorn = outcome.injected.front().starts_with("write") && touched(outcome, "/LOG/");
     int torn = 0;
     for (const std::string& record : log) {
         const bool isStart =
@@ -206,14 +206,14 @@ void Judge::judgeLog(const Outcome& outcome) {
 }
 
 /// Starts the program again on the same computer, on the crashed run's data.
-void Judge::judgeNextRun() {
-    const std::string number = ground_.one("SELECT USER_ID FROM TBL_CUSTOMER_INFO WHERE USER_ID > '000005000'");
-    const std::string company = number.empty() ? ground_.company() : number;
-    const std::string name = ground_.one("SELECT TANTO_NAME FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + company + "'");
+void Checker::checkNextRun() {
+    const std::string number = fixture_.one("SELECT USER_ID FROM TBL_CUSTOMER_INFO WHERE USER_ID > '000005000'");
+    const std::string company = number.empty() ? fixture_.company() : number;
+    const std::string name = fixture_.one("SELECT TANTO_NAME FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + company + "'");
     const bool isStored =
-        !ground_.one("SELECT USER_ID FROM TBL_CUSTOMER_DATE WHERE USER_ID = '" + company + "'").empty();
-    const Outcome next = errandUnder({}, company, 1);
-    const std::vector<std::string> report = ground_.report();
+        !fixture_.one("SELECT USER_ID FROM TBL_CUSTOMER_DATE WHERE USER_ID = '" + company + "'").empty();
+    const Outcome next = runUnder({}, company, 1);
+    const std::vector<std::string> report = fixture_.report();
     if (!next.fine || report.size() < 2) {
         fault("the next start ends with " + next.ending);
         return;
@@ -227,34 +227,34 @@ void Judge::judgeNextRun() {
         }
     }
     // If the company has its number by now, its lock without a number remains until a new company is opened here.
-    const std::vector<std::string> locks = ground_.ownLocks();
-    if (!locks.empty() && (number.empty() || locks != std::vector<std::string>{ground_.company()})) {
+    const std::vector<std::string> locks = fixture_.ownLocks();
+    if (!locks.empty() && (number.empty() || locks != std::vector<std::string>{fixture_.company()})) {
         fault("the next run leaves a lock");
     }
-    for (const auto& [file, content] : ground_.files()) {
+    for (const auto& [file, content] : fixture_.files()) {
         if (!names_.contains(file)) {
             fault("left over: " + file);
         }
     }
 }
 
-void Judge::judgeDead(const Outcome& outcome) {
-    judgeStore();
-    judgePhotos();
-    judgeLog(outcome);
-    judgeNextRun();
-    judgeLog(outcome);
+void Checker::checkDead(const Outcome& outcome) {
+    checkStore();
+    checkPhotos();
+    checkLog(outcome);
+    checkNextRun();
+    checkLog(outcome);
 }
 
 /// Every failed event must have reported it, and the log must have a record of it.
-void Judge::judgeReport(const Outcome& outcome) {
+void Checker::checkReport(const Outcome& outcome) {
     bool isWhole = true;
-    const std::vector<std::string> log = ground_.log(isWhole);
+    const std::vector<std::string> log = fixture_.log(isWhole);
     const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // settings contain the log's path
     if (logWorks && !isWhole) {
         fault("the log does not end with a whole record");
     }
-    for (const std::string& line : ground_.report()) {
+    for (const std::string& line : fixture_.report()) {
         for (const std::string& failure : failuresIn(line)) {
             const std::string code = failure.substr(failure.find(',') + 1);
             const bool isLogged = std::ranges::any_of(
@@ -269,36 +269,36 @@ void Judge::judgeReport(const Outcome& outcome) {
     }
 }
 
-void Judge::judgeAlive(const Outcome& outcome) {
+void Checker::checkAlive(const Outcome& outcome) {
     if (!outcome.fine) {
         fault("ends with " + outcome.ending);
         return;
     }
-    judgeReport(outcome);
-    judgeStore();
-    judgePhotos();
-    const std::vector<std::string> report = ground_.report();
+    checkReport(outcome);
+    checkStore();
+    checkPhotos();
+    const std::vector<std::string> report = fixture_.report();
     if (report.size() == 1) {
         if (failuresIn(report.front()).empty()) {
             fault("does not start and does not report why");
         }
-        judgeNextRun();
+        checkNextRun();
         return;
     }
     if (eventOf(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
         fault("cannot be left: " + report.back());
     }
-    if (ground_.state() != behind_) {
+    if (fixture_.state() != behind_) {
         fault("the repeated save is not complete: " + report[report.size() - 2]);
     }
     // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
     const bool willOpenAgain =
         std::ranges::any_of(report, [](const std::string& line) { return line.find("SAVE0001") != std::string::npos; });
-    if (!willOpenAgain && !ground_.ownLocks().empty()) {
+    if (!willOpenAgain && !fixture_.ownLocks().empty()) {
         fault("a lock is left");
     }
     // A remaining journal belongs to the store, and its next opening will use it.
-    for (const auto& [file, content] : ground_.files()) {
+    for (const auto& [file, content] : fixture_.files()) {
         const auto found = filesBehind_.find(file);
         if (found == filesBehind_.end() ? file != kJournal : found->second != content) {
             fault((found == filesBehind_.end() ? "left over: " : "not the new one: ") + file);
