@@ -3,10 +3,10 @@
 
     tools/checks/layers.py [--write-graph]
 
-Fails on an include that the table does not allow, an entry that no include uses, and a cycle of files. Fails on two files
-with the same stem, and on two types with the same name in namespace orv. In the system's folders, fails on a library's
-header, and on a catch outside logging/trap.cpp. Fails if the graph in docs/architecture.md differs from the table;
---write-graph writes it there.
+Fails on an include that the table does not allow, an unused entry of the table, and a cycle of files. Fails on two files
+with the same stem, two types with the same name in namespace orv, and a file that is too long. In the system's folders, fails
+on a library's header, and on a catch outside logging/trap.cpp. Fails if the graph in docs/architecture.md differs from the
+table; --write-graph writes it there.
 """
 import re
 import sys
@@ -15,6 +15,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 SRC = ROOT / "src"
 DOCUMENT = ROOT / "docs/architecture.md"
+LONGEST_FILE = 400  # lines
 STANDARD = set("""algorithm any array atomic bit cctype charconv chrono climits cmath compare concepts condition_variable
 cstddef cstdint cstdio cstdlib cstring ctime deque exception filesystem fstream functional initializer_list iomanip ios
 iostream istream iterator limits list locale map memory mutex new numbers numeric optional ostream queue random ranges
@@ -105,11 +106,21 @@ def types_of(text):
     return names
 
 
+def code_files(root, *folders):
+    return sorted(p for folder in folders for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp", ".py"))
+
+
+def length_faults(root):
+    lengths = {file: len(file.read_text(encoding="utf-8").splitlines())
+               for file in code_files(root, "src", "programs", "tests", "tools")}
+    return [f"{file.relative_to(root)}: {length} lines; {LONGEST_FILE} are allowed"
+            for file, length in lengths.items() if length > LONGEST_FILE]
+
+
 def type_faults(root):
     """Two types with the same name are undefined behaviour, and no other tool reports them reliably."""
     homes = {}
-    files = [p for folder in ("src", "programs", "tools") for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp")]
-    for file in sorted(files):
+    for file in (p for p in code_files(root, "src", "programs", "tools") if p.suffix != ".py"):
         for name in types_of(file.read_text(encoding="utf-8")):
             homes.setdefault(name, set()).add(str(file.relative_to(root)))
     return [f"two types named orv::{name}: {', '.join(sorted(files))}" for name, files in homes.items() if len(files) > 1]
@@ -167,7 +178,7 @@ def main():
                 faults.append(f"{name}: catches; only logging/trap.cpp does")
     faults += include_faults(modules, graph)
     faults += [f"two files with the stem: {', '.join(names)}" for names in stems.values() if len(names) > 1]
-    faults += type_faults(ROOT)
+    faults += type_faults(ROOT) + length_faults(ROOT)
     done = set()
     for name in graph:
         circle = circle_from(name, graph, done) if name not in done else None
