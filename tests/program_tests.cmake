@@ -15,7 +15,7 @@ target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:st
                                                     JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
-orv_add_one_test(security_tests security private_server suite_server_desks jet_reading orv_app orv_office_store
+orv_add_one_test(security_tests security private_server suite_server_library jet_reading orv_app orv_office_store
                  orv_adapters_http orv_adapters_posix orv_adapters_text made_pictures GTest::gtest_main)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
@@ -24,7 +24,7 @@ target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --in
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search hostile_key)
-orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_desks nlohmann_json::nlohmann_json
+orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_library nlohmann_json::nlohmann_json
               GTest::gtest_main)
 orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_posix GTest::gtest_main)
 orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)

@@ -6,16 +6,16 @@
 #include <memory>
 #include <string>
 
-#include "desk.h"
 #include "support/temp_folder.h"
+#include "ui_driver.h"
 
-namespace desk {
+namespace ui_driver {
 
 /// Provides a virtual display, the suite's server, and an office for each test.
 class EndToEnd : public ::testing::Test {
 protected:
     EndToEnd() {
-        server_ = std::make_unique<ServerDesk>(folder_ / "server");
+        server_ = std::make_unique<ServerProcess>(folder_ / "server");
         office_ = std::make_unique<Office>(folder_ / "office", server_->port());
     }
     ~EndToEnd() override { server_->stop(); }
@@ -24,31 +24,31 @@ protected:
 
     /// Returns a terminal that shows the company's first page.
     Terminal opened(const std::string& argument = "000004601,1,0") {
-        Terminal desk = terminal("DESK-01");
-        desk.start(argument);
-        EXPECT_TRUE(desk.waitForPage(0));
-        return desk;
+        Terminal terminal = terminal("DESK-01");
+        terminal.start(argument);
+        EXPECT_TRUE(terminal.waitForPage(0));
+        return terminal;
     }
-    void turnTo(Terminal& desk, int page) {
-        desk.click("btm_ChangePage", page);
-        ASSERT_TRUE(desk.waitForPage(page));
+    void turnTo(Terminal& terminal, int page) {
+        terminal.click("btm_ChangePage", page);
+        ASSERT_TRUE(terminal.waitForPage(page));
     }
     /// Presses the default button of the visible question or notice.
-    void answer(Terminal& desk) {
-        ASSERT_TRUE(desk.waitForNotice());
-        desk.key("Return");
+    void answer(Terminal& terminal) {
+        ASSERT_TRUE(terminal.waitForNotice());
+        terminal.key("Return");
     }
     /// The same, and expects the page to be shown again.
-    void answer(Terminal& desk, int page) {
-        answer(desk);
-        ASSERT_TRUE(desk.noticeGone());
-        ASSERT_TRUE(desk.waitForPage(page));
+    void answer(Terminal& terminal, int page) {
+        answer(terminal);
+        ASSERT_TRUE(terminal.noticeGone());
+        ASSERT_TRUE(terminal.waitForPage(page));
     }
-    void leaveByYes(Terminal& desk) {
-        ASSERT_TRUE(desk.waitForNotice());
-        desk.key("Left");
-        desk.key("Return");
-        EXPECT_EQ(desk.waitForEnd(), 0);
+    void leaveByYes(Terminal& terminal) {
+        ASSERT_TRUE(terminal.waitForNotice());
+        terminal.key("Left");
+        terminal.key("Return");
+        EXPECT_EQ(terminal.waitForEnd(), 0);
         EXPECT_EQ(locks(), "");
     }
 
@@ -66,10 +66,10 @@ protected:
     orv::TempFolder temp_;
     const std::filesystem::path& folder_ = temp_.path();
     VirtualDisplay display_;
-    std::unique_ptr<ServerDesk> server_;
+    std::unique_ptr<ServerProcess> server_;
     std::unique_ptr<Office> office_;
 };
 
 inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-}  // namespace desk
+}  // namespace ui_driver

@@ -7,7 +7,7 @@
 #include "adapters/text/message_table.h"
 #include "end_to_end.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,12 +35,12 @@ protected:
         const std::string dump = outputOf({"sqlite3", office_->store().string(), ".dump"});
         return dump.size() > 100 ? dump : orv::readFile(office_->store());
     }
-    void expectShown(Terminal& desk, const std::string& id, const std::vector<std::string>& values) {
+    void expectShown(Terminal& terminal, const std::string& id, const std::vector<std::string>& values) {
         const std::string expected = orv::expanded(orv::MessageTable().messages().find(id)->second.text, values);
-        ASSERT_TRUE(desk.waitForNotice());
-        EXPECT_EQ(desk.noticeText(), expected);
-        desk.key("Return");
-        ASSERT_TRUE(desk.noticeGone());
+        ASSERT_TRUE(terminal.waitForNotice());
+        EXPECT_EQ(terminal.noticeText(), expected);
+        terminal.key("Return");
+        ASSERT_TRUE(terminal.noticeGone());
     }
     bool logged(const std::string& code, const std::string& text) const {
         return contains(office_->errLog(), "," + code + "," + text + "\r\n");
@@ -110,10 +110,10 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
     const StartFault& fault = GetParam();
     fault.damage(*office_);
     const std::string before = fs::is_regular_file(office_->store()) ? store() : "";
-    Terminal desk = terminal("DESK-01");
-    desk.startUnprivileged(fault.argument);
-    expectShown(desk, "COSERR01", {fault.code, fault.text});
-    EXPECT_EQ(desk.waitForEnd(), 0);
+    Terminal terminal = terminal("DESK-01");
+    terminal.startUnprivileged(fault.argument);
+    expectShown(terminal, "COSERR01", {fault.code, fault.text});
+    EXPECT_EQ(terminal.waitForEnd(), 0);
     EXPECT_TRUE(logged(fault.code, fault.text)) << office_->errLog();
     EXPECT_TRUE(eventually([&] { return office_->menuStarts() == fault.menuStarts; })) << office_->menuStarts();
     EXPECT_TRUE(before.empty() || store() == before);
@@ -124,38 +124,38 @@ TEST_F(Faults, ASlowStoreIsAwaitedInAWindow) {
                              "', timeout=180); store.execute('begin exclusive'); signal.pause()";
     std::optional<Process> owner(std::in_place, std::vector<std::string>{"python3", "-c", lock});
     ASSERT_TRUE(eventually([&] { return office_->ask("select 1 from TBL_LOCK").empty(); }));
-    Terminal desk = terminal("DESK-01");
-    desk.startUnprivileged(kCompany);
-    EXPECT_TRUE(desk.waitForWindow("会社情報を開いています…"));
-    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > 2; }));
+    Terminal terminal = terminal("DESK-01");
+    terminal.startUnprivileged(kCompany);
+    EXPECT_TRUE(terminal.waitForWindow("会社情報を開いています…"));
+    EXPECT_TRUE(eventually([&] { return terminal.coloursShown() > 2; }));
     owner.reset();
-    EXPECT_TRUE(desk.waitForPage(0));
+    EXPECT_TRUE(terminal.waitForPage(0));
 }
 
 TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
-    Terminal desk = terminal("DESK-01");
-    desk.startUnprivileged(kCompany);
-    ASSERT_TRUE(desk.waitForPage(0));
-    const int colours = desk.coloursShown();
+    Terminal terminal = terminal("DESK-01");
+    terminal.startUnprivileged(kCompany);
+    ASSERT_TRUE(terminal.waitForPage(0));
+    const int colours = terminal.coloursShown();
     server_->misbehave("companies:delay=15000");
-    desk.click("btm_Save");
+    terminal.click("btm_Save");
     ASSERT_TRUE(eventually([&] { return contains(server_->log(), "/cussend/ "); }));
-    desk.minimise();
-    desk.toFront();
-    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
+    terminal.minimise();
+    terminal.toFront();
+    EXPECT_TRUE(eventually([&] { return terminal.coloursShown() > colours / 2; })) << terminal.coloursShown();
     {
         const Process cover({"bash", "-c", "exec xev -geometry 1200x740+20+20 >/dev/null"},
                             {{"DISPLAY", display_.name()}});
-        EXPECT_TRUE(eventually([&] { return desk.coloursShown() < colours / 2; })) << "covered";
+        EXPECT_TRUE(eventually([&] { return terminal.coloursShown() < colours / 2; })) << "covered";
     }
-    EXPECT_TRUE(eventually([&] { return desk.coloursShown() > colours / 2; })) << desk.coloursShown();
-    desk.click("btm_ChangePage", 1);
-    desk.click("btm_Back_Menu");
-    desk.key("alt+2 ctrl+s alt+F4");
+    EXPECT_TRUE(eventually([&] { return terminal.coloursShown() > colours / 2; })) << terminal.coloursShown();
+    terminal.click("btm_ChangePage", 1);
+    terminal.click("btm_Back_Menu");
+    terminal.key("alt+2 ctrl+s alt+F4");
     EXPECT_FALSE(contains(server_->log(), "/cussend/register 200")) << "the save was over before the clicks";
-    expectShown(desk, "COS05574", {});
-    ASSERT_TRUE(desk.noticeGone());
-    EXPECT_TRUE(desk.waitForPage(0)) << "no click was done afterwards";
+    expectShown(terminal, "COS05574", {});
+    ASSERT_TRUE(terminal.noticeGone());
+    EXPECT_TRUE(terminal.waitForPage(0)) << "no click was done afterwards";
     EXPECT_EQ(locks(), "000004601 DESK-01");
 }
 
@@ -164,20 +164,20 @@ TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
 TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {
     writeFile(office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg", "no picture");
     const std::string before = field("DAY_OFF || PHOTO_FILE1");
-    Terminal desk = terminal("DESK-01");
-    desk.startUnprivileged(kCompany);
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.enter("txt_Tanto_Name", "変更　太郎");
-    desk.click("btm_ChangePage", 2);
+    Terminal terminal = terminal("DESK-01");
+    terminal.startUnprivileged(kCompany);
+    ASSERT_TRUE(terminal.waitForPage(0));
+    terminal.enter("txt_Tanto_Name", "変更　太郎");
+    terminal.click("btm_ChangePage", 2);
     expectShown(
-        desk, "COSERR01",
+        terminal, "COSERR01",
         {"20103",
          "[ PF_Thumbnail ] 画像ファイルではないか、対応していない形式です。(JPEG、PNG、BMP、GIF、TIFFが使えます。)"});
-    ASSERT_TRUE(desk.waitForPage(2));
-    desk.click("btm_ChangePage", 0);
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("btm_Save");
-    expectShown(desk, "COS05574", {});
+    ASSERT_TRUE(terminal.waitForPage(2));
+    terminal.click("btm_ChangePage", 0);
+    ASSERT_TRUE(terminal.waitForPage(0));
+    terminal.click("btm_Save");
+    expectShown(terminal, "COS05574", {});
     EXPECT_EQ(field("TANTO_NAME"), "変更　太郎");
     EXPECT_EQ(field("DAY_OFF || PHOTO_FILE1"), before);
 }
@@ -186,4 +186,4 @@ INSTANTIATE_TEST_SUITE_P(Table, AtTheStart, ::testing::ValuesIn(kStartFaults),
                          [](const auto& fault) { return std::string(fault.param.name); });
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

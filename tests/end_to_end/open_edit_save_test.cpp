@@ -3,27 +3,27 @@
 #include "end_to_end.h"
 #include "process.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 using OpenEditSave = EndToEnd;
 
 TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
     const std::string mailFlag = field("MAIL_FLG");
-    Terminal desk = opened();
+    Terminal terminal = opened();
     EXPECT_EQ(locks(), "000004601 DESK-01");
-    desk.signal(SIGPIPE);  // a broken pipe does not end the program
-    desk.enter("txt_Tanto_Name", "操作　花子");
+    terminal.signal(SIGPIPE);  // a broken pipe does not end the program
+    terminal.enter("txt_Tanto_Name", "操作　花子");
     for (int page = 1; page < 5; ++page) {
-        turnTo(desk, page);
+        turnTo(terminal, page);
         if (page == 2) {
-            desk.enter("txt_Day_Off", "毎週水曜日");
+            terminal.enter("txt_Day_Off", "毎週水曜日");
         }
     }
-    desk.click("btm_Save");
-    answer(desk, 4);
-    desk.click("btm_Back_Menu");
-    EXPECT_EQ(desk.waitForEnd(), 0);
+    terminal.click("btm_Save");
+    answer(terminal, 4);
+    terminal.click("btm_Back_Menu");
+    EXPECT_EQ(terminal.waitForEnd(), 0);
 
     EXPECT_EQ(field("TANTO_NAME"), "操作　花子");
     EXPECT_EQ(field("DAY_OFF"), "毎週水曜日");
@@ -43,45 +43,45 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
 }
 
 TEST_F(OpenEditSave, KeysChangePagesHelpSaveAndCloseDialogs) {
-    Terminal desk = opened();
+    Terminal terminal = opened();
     const auto expectHelp = [&](const std::string& subject, int page) {
-        desk.key("F1");
-        ASSERT_TRUE(desk.waitForWindow(subject + " - ヘルプ"));
-        desk.key("Escape");
-        ASSERT_TRUE(desk.windowGone(".* - ヘルプ") && desk.waitForPage(page));
+        terminal.key("F1");
+        ASSERT_TRUE(terminal.waitForWindow(subject + " - ヘルプ"));
+        terminal.key("Escape");
+        ASSERT_TRUE(terminal.windowGone(".* - ヘルプ") && terminal.waitForPage(page));
     };
     expectHelp("グループ名", 0);
     for (const auto& [keys, page] : {std::pair("alt+3", 2), {"ctrl+Next", 3}, {"ctrl+Prior", 2}, {"alt+5", 4}}) {
-        desk.key(keys);
-        ASSERT_TRUE(desk.waitForPage(page)) << keys;
+        terminal.key(keys);
+        ASSERT_TRUE(terminal.waitForPage(page)) << keys;
     }
     expectHelp("動作環境", 4);
-    desk.key("ctrl+s");
-    answer(desk, 4);
-    desk.key("alt+1");
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("btm_ChangePW");
-    ASSERT_TRUE(desk.waitForPasswordDialog());
-    desk.key("Escape");
-    ASSERT_TRUE(desk.windowGone("パスワード変更") && desk.waitForPage(0));
-    desk.key("x");
-    EXPECT_EQ(desk.textOnScreen("txt_Group_Name"), "あおぞら見本グループ") << "the focus is on the button";
+    terminal.key("ctrl+s");
+    answer(terminal, 4);
+    terminal.key("alt+1");
+    ASSERT_TRUE(terminal.waitForPage(0));
+    terminal.click("btm_ChangePW");
+    ASSERT_TRUE(terminal.waitForPasswordDialog());
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.windowGone("パスワード変更") && terminal.waitForPage(0));
+    terminal.key("x");
+    EXPECT_EQ(terminal.textOnScreen("txt_Group_Name"), "あおぞら見本グループ") << "the focus is on the button";
 }
 
 class Photo : public EndToEnd {
 protected:
-    Photo() { turnTo(desk, 2); }
+    Photo() { turnTo(terminal, 2); }
     void select(const std::string& file) {
-        desk.click("btm_PhotoSelect", 0);
-        ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
-        desk.typeAscii(file);
-        desk.key("Return");
+        terminal.click("btm_PhotoSelect", 0);
+        ASSERT_TRUE(terminal.waitForWindow("ファイルを開く"));
+        terminal.typeAscii(file);
+        terminal.key("Return");
     }
     void saveAndLeave() {
-        desk.click("btm_Save");
-        answer(desk, 2);
-        desk.click("btm_Back_Menu");
-        EXPECT_EQ(desk.waitForEnd(), 0);
+        terminal.click("btm_Save");
+        answer(terminal, 2);
+        terminal.click("btm_Back_Menu");
+        EXPECT_EQ(terminal.waitForEnd(), 0);
     }
     std::string photoFacts(const std::filesystem::path& file) const {
         return outputOf({"identify", "-format", "%m %w %h", file.string()});
@@ -90,15 +90,15 @@ protected:
     std::string photo = office_->layPhoto();
     std::filesystem::path original = office_->drive() / "ORV/PHOTO" / photo;
     std::filesystem::path stored = office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg";
-    Terminal desk = opened();
+    Terminal terminal = opened();
 };
 
 TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
     const auto size = std::filesystem::file_size(original);
     select(photo);
-    ASSERT_TRUE(desk.waitForConfirmation());
-    desk.click("cmd_Entry");
-    ASSERT_TRUE(desk.waitForPage(2));
+    ASSERT_TRUE(terminal.waitForConfirmation());
+    terminal.click("cmd_Entry");
+    ASSERT_TRUE(terminal.waitForPage(2));
     saveAndLeave();
     EXPECT_EQ(photoFacts(original), "JPEG 2560 1600");
     EXPECT_EQ(std::filesystem::file_size(original), size) << "never written to";
@@ -112,22 +112,22 @@ TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
 TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
     const std::filesystem::path kept = folder_ / "kept.jpg";
     std::filesystem::copy_file(stored, kept);
-    desk.click("btm_PhotoSelect", 0);
-    ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
-    desk.key("Escape");
-    ASSERT_TRUE(desk.waitForPage(2));
+    terminal.click("btm_PhotoSelect", 0);
+    ASSERT_TRUE(terminal.waitForWindow("ファイルを開く"));
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.waitForPage(2));
     EXPECT_TRUE(eventually([&] { return contains(office_->errLog(), "IMGERR:20150"); }));
     select(photo);
-    ASSERT_TRUE(desk.waitForConfirmation());
-    desk.key("alt+F4");
-    ASSERT_TRUE(desk.waitForPage(2));
+    ASSERT_TRUE(terminal.waitForConfirmation());
+    terminal.key("alt+F4");
+    ASSERT_TRUE(terminal.waitForPage(2));
     select(photo);
-    ASSERT_TRUE(desk.waitForConfirmation());
-    desk.key("Escape");
-    ASSERT_TRUE(desk.waitForPage(2));
+    ASSERT_TRUE(terminal.waitForConfirmation());
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.waitForPage(2));
     orv::writeFile(original, "no picture");
     select(photo);
-    answer(desk, 2);
+    answer(terminal, 2);
     saveAndLeave();
     EXPECT_TRUE(orv::readFile(stored) == orv::readFile(kept));
 }
@@ -162,4 +162,4 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

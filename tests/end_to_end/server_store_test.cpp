@@ -1,7 +1,7 @@
 #include "end_to_end.h"
 #include "private_server.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 /// The same office with its store on a server.
@@ -23,19 +23,19 @@ protected:
 };
 
 TEST_F(ServerStore, AServerThatGoesAndComesBackCostsNothing) {
-    Terminal desk = opened();
-    desk.enter("txt_Tanto_Name", "操作　花子");
+    Terminal terminal = opened();
+    terminal.enter("txt_Tanto_Name", "操作　花子");
     database_.stop("immediate");
-    desk.click("btm_Save");
-    answer(desk, 0);
+    terminal.click("btm_Save");
+    answer(terminal, 0);
     EXPECT_TRUE(eventually([&] { return contains(office_->errLog(), "DBCONN02,"); })) << office_->errLog();
     database_.start();
     EXPECT_NE(company("TANTO_NAME"), "操作　花子\n");
-    desk.click("btm_Save");
-    answer(desk, 0);
+    terminal.click("btm_Save");
+    answer(terminal, 0);
     EXPECT_EQ(company("TANTO_NAME"), "操作　花子\n");
     EXPECT_EQ(serverLocks(), "DESK-01\n");
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

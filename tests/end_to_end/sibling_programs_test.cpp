@@ -2,7 +2,7 @@
 
 #include "end_to_end.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 constexpr const char* kAddressSearch = "住所検索";
@@ -12,39 +12,39 @@ constexpr const char* kRailSearch = "沿線検索";
 class SiblingPrograms : public EndToEnd {
 protected:
     void openSearch(const std::string& button, const std::string& title) {
-        desk.click(button);
-        ASSERT_TRUE(desk.waitForWindow(title));
+        terminal.click(button);
+        ASSERT_TRUE(terminal.waitForWindow(title));
     }
     void saveAndAnswer(int page) {
-        desk.click("btm_Save");
-        answer(desk, page);
+        terminal.click("btm_Save");
+        answer(terminal, page);
         EXPECT_EQ(office_->errLog(), "");
     }
     /// Types into the field that has the focus after the search.
     void typeOver(const std::string& text) {
-        desk.key("ctrl+a");
-        desk.typeAscii(text);
+        terminal.key("ctrl+a");
+        terminal.typeAscii(text);
     }
     /// Expects the page to accept input at the house number, with the old address.
     void expectUsable(const std::string& number) {
-        ASSERT_TRUE(desk.waitForPage(0));
-        desk.toFront();
+        ASSERT_TRUE(terminal.waitForPage(0));
+        terminal.toFront();
         typeOver(number);
         saveAndAnswer(0);
         EXPECT_EQ(field("ADDRESS_NUMBER"), number);
         EXPECT_EQ(field("ADDRESS || ADDRESS_CODE || POST_CODE"), "東京都新宿区新宿３丁目13104022003160-0022");
     }
 
-    Terminal desk = opened();
+    Terminal terminal = opened();
 };
 
 TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
-    desk.typeAscii("150");
-    desk.key("Down");
-    desk.key("Return");
-    ASSERT_TRUE(desk.windowGone(kAddressSearch));
-    ASSERT_TRUE(desk.waitForPage(0));
+    terminal.typeAscii("150");
+    terminal.key("Down");
+    terminal.key("Return");
+    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
+    ASSERT_TRUE(terminal.waitForPage(0));
     typeOver("77");
     saveAndAnswer(0);
     EXPECT_EQ(field("POST_CODE || ADDRESS || ADDRESS_CODE || AREA_CODE || ADDRESS_NUMBER"),
@@ -52,14 +52,14 @@ TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
 }
 
 TEST_F(SiblingPrograms, ALineAndAStation) {
-    turnTo(desk, 2);
+    turnTo(terminal, 2);
     openSearch("btn_SelectRail", kRailSearch);
     for (int i = 0; i < 8; ++i) {
-        desk.key("Down");
+        terminal.key("Down");
     }
-    desk.key("Return");
-    ASSERT_TRUE(desk.windowGone(kRailSearch));
-    ASSERT_TRUE(desk.waitForPage(2));
+    terminal.key("Return");
+    ASSERT_TRUE(terminal.windowGone(kRailSearch));
+    ASSERT_TRUE(terminal.waitForPage(2));
     typeOver("9");
     saveAndAnswer(2);
     EXPECT_EQ(field("RAILROAD_CODE || RAILROAD_NAME || STATION_CODE || STATION_NAME || WALK_MINUTES"),
@@ -68,35 +68,35 @@ TEST_F(SiblingPrograms, ALineAndAStation) {
 
 TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
-    ASSERT_TRUE(desk.waitForPage(0, false));
-    desk.toFront();
-    desk.click("txt_Tanto_Name");
-    EXPECT_TRUE(eventually([&] { return desk.titleInFront() == kAddressSearch; })) << desk.titleInFront();
-    ASSERT_TRUE(desk.waitForWindow(kAddressSearch));
-    desk.typeAscii("150");
-    desk.key("Escape");
-    ASSERT_TRUE(desk.windowGone(kAddressSearch));
+    ASSERT_TRUE(terminal.waitForPage(0, false));
+    terminal.toFront();
+    terminal.click("txt_Tanto_Name");
+    EXPECT_TRUE(eventually([&] { return terminal.titleInFront() == kAddressSearch; })) << terminal.titleInFront();
+    ASSERT_TRUE(terminal.waitForWindow(kAddressSearch));
+    terminal.typeAscii("150");
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
     expectUsable("88");
 
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
-    kill(desk.windowProcess(), SIGKILL);
-    ASSERT_TRUE(desk.windowGone(kAddressSearch));
+    kill(terminal.windowProcess(), SIGKILL);
+    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
     expectUsable("99");
 }
 
 TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
-    const int search = desk.windowProcess();
+    const int search = terminal.windowProcess();
     kill(search, SIGSTOP);
-    ASSERT_TRUE(desk.waitForPage(0, false));
-    desk.toFront();
-    desk.click("btm_Back_Menu");
-    desk.key("alt+F4");
+    ASSERT_TRUE(terminal.waitForPage(0, false));
+    terminal.toFront();
+    terminal.click("btm_Back_Menu");
+    terminal.key("alt+F4");
     expectUsable("66");
-    EXPECT_TRUE(desk.running());
+    EXPECT_TRUE(terminal.running());
     kill(search, SIGCONT);
-    EXPECT_TRUE(desk.windowGone(kAddressSearch)) << "it is no longer connected";
+    EXPECT_TRUE(terminal.windowGone(kAddressSearch)) << "it is no longer connected";
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

@@ -4,7 +4,7 @@
 #include "end_to_end/end_to_end.h"
 #include "input_method.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 struct Field {
@@ -50,17 +50,17 @@ protected:
     Composing() {
         office_->change("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_MONTH = '1' where USER_ID = '000004601'");
         giveToUnprivileged(office_->folder());
-        desk.startUnprivileged("000004601,1,0");
-        EXPECT_TRUE(desk.waitForPage(0));
-        desk.click("txt_Group_Name");
+        terminal.startUnprivileged("000004601,1,0");
+        EXPECT_TRUE(terminal.waitForPage(0));
+        terminal.click("txt_Group_Name");
         EXPECT_TRUE(eventually([this] { return switchedOn(); })) << "the server of the input method is up";
     }
 
     bool switchedOn() {
-        desk.key("ctrl+a a Return");
-        const std::string shown = desk.textOnScreen("txt_Group_Name");
+        terminal.key("ctrl+a a Return");
+        const std::string shown = terminal.textOnScreen("txt_Group_Name");
         if (shown == "a") {
-            desk.key("Zenkaku_Hankaku");
+            terminal.key("Zenkaku_Hankaku");
         }
         return shown == "あ";
     }
@@ -68,22 +68,22 @@ protected:
     void play(const Entry& entry) {
         if (entry.page != page_) {
             page_ = entry.page;
-            turnTo(desk, page_);
+            turnTo(terminal, page_);
         }
-        desk.click(entry.field.control, entry.field.index);
+        terminal.click(entry.field.control, entry.field.index);
         if (entry.next.control[0] != 0) {
-            desk.keysAndClick(entry.keys, entry.next.control, entry.next.index);
+            terminal.keysAndClick(entry.keys, entry.next.control, entry.next.index);
         } else {
-            desk.key(entry.keys);
+            terminal.key(entry.keys);
         }
         if (entry.next.control == kSave.control) {
-            answer(desk, page_);
+            answer(terminal, page_);
         }
-        EXPECT_EQ(desk.textOnScreen(entry.field.control, entry.field.index), entry.shown);
+        EXPECT_EQ(terminal.textOnScreen(entry.field.control, entry.field.index), entry.shown);
     }
 
     InputMethod inputMethod{GetParam(), display_.name(), folder_};
-    Terminal desk{*office_, display_.name(), "DESK-01", inputMethod.environment()};
+    Terminal terminal{*office_, display_.name(), "DESK-01", inputMethod.environment()};
     int page_ = 0;
 };
 
@@ -107,13 +107,14 @@ TEST_P(Composing, TheNextFieldTakesNothingOfTheLast) {
     const int runs = told == nullptr ? 5 : std::atoi(told);
     int wrong = 0;
     for (int run = 0; run < runs; ++run) {
-        desk.click("txt_Office_Name");
-        desk.keysAndClick("ctrl+a k a i s h a", "txt_Group_Name");
-        const std::string both = desk.textOnScreen("txt_Office_Name") + "|" + desk.textOnScreen("txt_Group_Name");
+        terminal.click("txt_Office_Name");
+        terminal.keysAndClick("ctrl+a k a i s h a", "txt_Group_Name");
+        const std::string both =
+            terminal.textOnScreen("txt_Office_Name") + "|" + terminal.textOnScreen("txt_Group_Name");
         if (both != "かいしゃ|あ") {
             ++wrong;
             ADD_FAILURE() << run << ": " << both;
-            desk.enter("txt_Group_Name", "あ");
+            terminal.enter("txt_Group_Name", "あ");
         }
     }
     std::cout << runs << " runs, " << wrong << " wrong\n";
@@ -123,4 +124,4 @@ INSTANTIATE_TEST_SUITE_P(InputMethods, Composing, testing::Values(InputMethodKin
                          [](const auto& kind) { return kind.param == InputMethodKind::Fcitx ? "Fcitx" : "Ibus"; });
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

@@ -5,7 +5,7 @@
 
 #include "end_to_end/end_to_end.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 namespace fs = std::filesystem;
@@ -62,63 +62,63 @@ protected:
     Process bus_{{"dbus-daemon", "--session", "--nofork", "--address=" + environment_["DBUS_SESSION_BUS_ADDRESS"]},
                  environment_};
     std::unique_ptr<Process> listener_;
-    Terminal desk{*office_, display_.name(), "DESK-01", environment_};
+    Terminal terminal{*office_, display_.name(), "DESK-01", environment_};
 };
 
 TEST_F(ScreenReader, ReadsOutPagesAndDialogs) {
-    desk.start("000004601,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
+    terminal.start("000004601,1,0");
+    ASSERT_TRUE(terminal.waitForPage(0));
     expectRead("page 0");
     for (const int page : {1, 3, 4, 2}) {
-        turnTo(desk, page);
+        turnTo(terminal, page);
         expectRead("page " + std::to_string(page));
     }
     const std::string photo = office_->layPhoto();
-    desk.click("btm_PhotoSelect", 0);
-    ASSERT_TRUE(desk.waitForWindow("ファイルを開く"));
+    terminal.click("btm_PhotoSelect", 0);
+    ASSERT_TRUE(terminal.waitForWindow("ファイルを開く"));
     expectRead("open dialog");
-    desk.typeAscii(photo);
-    desk.key("Return");
-    ASSERT_TRUE(desk.waitForConfirmation());
+    terminal.typeAscii(photo);
+    terminal.key("Return");
+    ASSERT_TRUE(terminal.waitForConfirmation());
     expectRead("confirmation");
-    desk.key("F1");
-    ASSERT_TRUE(desk.waitForWindow(".* - ヘルプ"));
+    terminal.key("F1");
+    ASSERT_TRUE(terminal.waitForWindow(".* - ヘルプ"));
     expectRead("help");
-    desk.key("Escape");
-    ASSERT_TRUE(desk.waitForConfirmation());
-    desk.key("Escape");
-    ASSERT_TRUE(desk.waitForPage(2));
-    turnTo(desk, 0);
-    desk.click("btm_ChangePW");
-    ASSERT_TRUE(desk.waitForPasswordDialog());
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.waitForConfirmation());
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.waitForPage(2));
+    turnTo(terminal, 0);
+    terminal.click("btm_ChangePW");
+    ASSERT_TRUE(terminal.waitForPasswordDialog());
     expectRead("password");
-    desk.key("Escape");
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("btm_Back_Menu");
-    ASSERT_TRUE(desk.waitForNotice());
+    terminal.key("Escape");
+    ASSERT_TRUE(terminal.waitForPage(0));
+    terminal.click("btm_Back_Menu");
+    ASSERT_TRUE(terminal.waitForNotice());
     expectRead("question");
 }
 
 TEST_F(ScreenReader, AnnouncesRefusalsAndProgress) {
-    desk.start("000004601,1,0");
-    ASSERT_TRUE(desk.waitForPage(0));
-    desk.click("txt_Tel_No1");
-    desk.typeAscii("x");
+    terminal.start("000004601,1,0");
+    ASSERT_TRUE(terminal.waitForPage(0));
+    terminal.click("txt_Tel_No1");
+    terminal.typeAscii("x");
     expectAnnounced("半角の数字と記号で入力してください。");
     expectLine("text | TEL | 半角の数字と記号で入力してください。 入力が必要です。");
-    desk.key("Home");
+    terminal.key("Home");
     expectLine("text | TEL | 入力が必要です。");
     server_->misbehave("companies:delay=4000");
-    desk.click("btm_Save");
+    terminal.click("btm_Save");
     expectAnnounced("会社情報を送信しています…");
-    answer(desk, 0);
-    desk.enter("txt_Company_Name", "　");
-    desk.click("btm_Save");
-    ASSERT_TRUE(desk.waitForNotice());
+    answer(terminal, 0);
+    terminal.enter("txt_Company_Name", "　");
+    terminal.click("btm_Save");
+    ASSERT_TRUE(terminal.waitForNotice());
     expectRead("refused save");
-    answer(desk, 0);
+    answer(terminal, 0);
     expectLine("text | 会社名 | 会社名が未入力です。 入力が必要です。");
 }
 
 }  // namespace
-}  // namespace desk
+}  // namespace ui_driver

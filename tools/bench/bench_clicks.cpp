@@ -5,8 +5,8 @@
 
 #include "bench.h"
 #include "bench_office.h"
-#include "desk.h"
 #include "pages/forms/page_form.h"
+#include "ui_driver.h"
 
 namespace bench {
 namespace {
@@ -33,7 +33,7 @@ double percentile95(std::vector<double> values) {
 /// Operates the program in a real window as a clerk does and records the times.
 class TimedClerk {
 public:
-    TimedClerk(const desk::VirtualDisplay& display, const desk::Office& office, const std::string& scale)
+    TimedClerk(const ui_driver::VirtualDisplay& display, const ui_driver::Office& office, const std::string& scale)
         : office_(office),
           probe_(display.name()),
           terminal_(office, display.name(), "DESK-01", {{"ORV_SCALE", scale}}) {}
@@ -134,16 +134,16 @@ private:
         note("open_dialog", "ファイルを開く");
     }
 
-    const desk::Office& office_;
-    desk::ScreenProbe probe_;
-    desk::Terminal terminal_;
+    const ui_driver::Office& office_;
+    ui_driver::ScreenProbe probe_;
+    ui_driver::Terminal terminal_;
     std::map<std::string, std::vector<double>> times_;
 };
 
 void measure(const std::string& folder, const std::string& photo, const std::string& scale, int companies) {
-    const desk::VirtualDisplay display("2560x1600");
-    const desk::ServerDesk server(folder + "/clicks-server");
-    const desk::Office office(folder + "/clicks-office", server.port());
+    const ui_driver::VirtualDisplay display("2560x1600");
+    const ui_driver::ServerProcess server(folder + "/clicks-server");
+    const ui_driver::Office office(folder + "/clicks-office", server.port());
     addCompanies(office, companies - kSampleCompanies);
     std::filesystem::copy_file(photo, office.drive() / "ORV/PHOTO" / kPhoto);
     TimedClerk clerk(display, office, scale);

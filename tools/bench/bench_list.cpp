@@ -11,7 +11,7 @@
 
 namespace bench {
 
-void addCompanies(const desk::Office& office, int count) {
+void addCompanies(const ui_driver::Office& office, int count) {
     office.change("with recursive n(i) as (select 1 union all select i + 1 from n where i < " + std::to_string(count) +
                   ") insert into TBL_CUSTOMER_INFO (USER_ID) select printf('1%08d', i) from n");
 }
@@ -39,7 +39,7 @@ void readRows(const std::string& store) {
 }
 
 double startTime(const std::string& folder, int companies, int rounds) {
-    const desk::Office office(folder, "1");
+    const ui_driver::Office office(folder, "1");
     addCompanies(office, companies);
     const RunningProgram program(office, "000004601,1,0");
     orv::services().forms->load(orv::page<orv::frm_CompInp3>());
@@ -59,7 +59,7 @@ Result list(const std::string& folder, int companies) {
     constexpr int kRounds = 15;
     const double few = startTime(folder + "/list-office-few", 10, kRounds);
     const double many = startTime(folder + "/list-office-many", companies, kRounds);
-    const desk::Office office = desk::Office::standing(folder + "/list-office-many");
+    const ui_driver::Office office = ui_driver::Office::standing(folder + "/list-office-many");
     std::vector<double> peer;
     for (int i = 0; i < kRounds; ++i) {
         peer.push_back(timed([&] { readRows(office.store().string()); }));

@@ -6,8 +6,8 @@
 #include "app/compose.h"
 #include "app/tie_system.h"
 #include "core/flow/start.h"
-#include "desk.h"
 #include "platform/services.h"
+#include "ui_driver.h"
 
 namespace bench {
 
@@ -27,12 +27,12 @@ private:
 };
 
 /// Adds companies that have only numbers, which follow those of the sample.
-void addCompanies(const desk::Office& office, int count);
+void addCompanies(const ui_driver::Office& office, int count);
 
 /// The program running in an office, without a screen or an operator.
 class RunningProgram {
 public:
-    RunningProgram(const desk::Office& office, const std::string& argument)
+    RunningProgram(const ui_driver::Office& office, const std::string& argument)
         : composition_((office.drive() / "ORV/BIN").string()) {
         orv::services().message = &silent_;
         orv::services().commandTail = argument;

@@ -76,8 +76,8 @@ void transaction(const std::filesystem::path& store) {
 }  // namespace
 
 Result save(const std::string& folder) {
-    const desk::ServerDesk server(folder + "/save-server");
-    const desk::Office office(folder + "/save-office", server.port());
+    const ui_driver::ServerProcess server(folder + "/save-server");
+    const ui_driver::Office office(folder + "/save-office", server.port());
     const orv::Application application("bench");
     const RunningProgram program(office, "000004601,1,0");
     orv::PageForm& page = orv::page<orv::frm_CompInp0>();

@@ -103,11 +103,11 @@ private:
 };
 
 std::vector<Reading> workedFor(const std::string& folder, const std::function<bool(std::size_t)>& wantsMore) {
-    const desk::VirtualDisplay display;
+    const ui_driver::VirtualDisplay display;
     setenv("DISPLAY", display.name().c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    const desk::ServerDesk server(folder + "/soak-server");
-    const desk::Office office(folder + "/soak-office", server.port());
+    const ui_driver::ServerProcess server(folder + "/soak-server");
+    const ui_driver::Office office(folder + "/soak-office", server.port());
     const orv::Application application("bench");
     const RunningProgram program(office, "000004601,1,0");
     const Clerk clerk(program, wantsMore);

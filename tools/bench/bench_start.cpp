@@ -2,18 +2,19 @@
 #include <stdexcept>
 
 #include "bench.h"
-#include "desk.h"
+#include "ui_driver.h"
 
 namespace bench {
 
 Result start(const std::string& folder) {
-    const desk::VirtualDisplay display;
-    const desk::Office office(folder + "/start-office", "1");
+    const ui_driver::VirtualDisplay display;
+    const ui_driver::Office office(folder + "/start-office", "1");
     const std::string program = (office.drive() / "ORV/BIN/START.EXE").string();
     std::filesystem::copy_file(START_OURS, program, std::filesystem::copy_options::overwrite_existing);
-    const desk::Environment environment{{"DISPLAY", display.name()}, {"QT_QPA_PLATFORM", "xcb"}, {"ORV_SCALE", "1"}};
+    const ui_driver::Environment environment{
+        {"DISPLAY", display.name()}, {"QT_QPA_PLATFORM", "xcb"}, {"ORV_SCALE", "1"}};
     const auto ended = [&](const std::vector<std::string>& command) {
-        if (desk::Process(command, environment).wait(std::chrono::seconds(20)) != 0) {
+        if (ui_driver::Process(command, environment).wait(std::chrono::seconds(20)) != 0) {
             throw std::runtime_error(command.front() + " did not come to its first page");
         }
     };

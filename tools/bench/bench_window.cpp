@@ -46,7 +46,7 @@ private:
 }  // namespace
 
 void window(const std::string& folder, const std::string& photo) {
-    const desk::Office office(folder + "/window-office", "1");
+    const ui_driver::Office office(folder + "/window-office", "1");
     for (const std::string slot : {"1", "2"}) {
         std::filesystem::copy_file(photo,
                                    office.drive() / "ORV/IMG" / slot / ("000004601COS00000000_0" + slot + ".jpg"),

@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t kStartUp = 1'500'000'000;
 constexpr std::int64_t kSecond = 1'000'000'000;
 
-using Processes = std::vector<std::unique_ptr<desk::Process>>;
+using Processes = std::vector<std::unique_ptr<ui_driver::Process>>;
 
 void waitForAll(const Processes& processes) {
     for (const auto& process : processes) {
@@ -58,11 +58,11 @@ WorkingDay work(const Site& site, int terminals, int companies, int seconds) {
     const Span shift{from, from + seconds * kSecond};
     Processes processes;
     for (int number = 1; number <= terminals; ++number) {
-        processes.push_back(std::make_unique<desk::Process>(
+        processes.push_back(std::make_unique<ui_driver::Process>(
             std::vector<std::string>{BENCH_TERMINAL, offices[static_cast<std::size_t>(number - 1)],
                                      site.ledger(number).string(), std::to_string(companies), std::to_string(number),
                                      std::to_string(shift.from), std::to_string(shift.to)},
-            desk::Environment{{"ORV_COMPUTER_NAME", "DESK-" + std::to_string(number)}}));
+            ui_driver::Environment{{"ORV_COMPUTER_NAME", "DESK-" + std::to_string(number)}}));
     }
     waitForAll(processes);
     std::vector<Entry> entries;

@@ -65,7 +65,7 @@ std::string strangeIn(const std::string& state, const std::set<std::string>& sta
 
 }  // namespace
 
-Checker::Checker(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store)
+Checker::Checker(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store)
     : fixture_(fixture), server_(server), store_(std::move(store)) {}
 
 Outcome Checker::runUnder(const Injection& injection, const std::string& company, int round) {

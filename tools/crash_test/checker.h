@@ -15,7 +15,7 @@ namespace crash_test {
 class Checker : orv::NonCopyable {
 public:
     /// `server` is the suite's.
-    Checker(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store);
+    Checker(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store);
     virtual ~Checker() = default;
 
     int points() const { return points_; }
@@ -35,7 +35,7 @@ protected:
     void checkPoint(const std::function<void()>& point);
 
     OfficeFixture& fixture_;
-    const desk::ServerDesk& server_;
+    const ui_driver::ServerProcess& server_;
     std::string store_;
     int points_ = 0;
     int faults_ = 0;

@@ -64,7 +64,7 @@ int verdict(const Checker& checker) {
 int testCalls(const std::filesystem::path& folder, const std::string& store, int step) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
-    const desk::ServerDesk server(folder / "server");
+    const ui_driver::ServerProcess server(folder / "server");
     OfficeFixture fixture(std::filesystem::absolute(folder), server.port());
     std::optional<orv::PrivateServer> database;
     if (store == "server") {
@@ -86,7 +86,7 @@ constexpr std::size_t kAnsweredKinds = 2;
 int testAnswers(const std::filesystem::path& folder) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
-    const desk::ServerDesk server(folder / "server");
+    const ui_driver::ServerProcess server(folder / "server");
     OfficeFixture fixture(std::filesystem::absolute(folder), server.port());
     orv::curlLibrary();
     WrongAnswers trial(fixture, server);

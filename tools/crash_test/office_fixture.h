@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "desk.h"
 #include "session.h"
 #include "store_observer.h"
+#include "ui_driver.h"
 
 namespace crash_test {
 
@@ -83,7 +83,7 @@ private:
     void makePhotos() const;
 
     std::filesystem::path folder_;
-    desk::Office office_;
+    ui_driver::Office office_;
     std::unique_ptr<StoreObserver> observer_;
     std::chrono::milliseconds limit_ = kPatient;
     bool isServed_ = false;

@@ -41,7 +41,7 @@ constexpr Way kWays[] = {
 
 }  // namespace
 
-Trial::Trial(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store, int step)
+Trial::Trial(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step)
     : Checker(fixture, server, std::move(store)), step_(step) {}
 
 void Trial::run(const CompanyKind& kind) {

@@ -8,7 +8,7 @@ namespace crash_test {
 class Trial : public Checker {
 public:
     /// `step` selects every STEP-th call.
-    Trial(OfficeFixture& fixture, const desk::ServerDesk& server, std::string store, int step);
+    Trial(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step);
 
     void run(const CompanyKind& kind);
 

@@ -8,7 +8,8 @@ namespace crash_test {
 /// number.
 class WrongAnswers : public Checker {
 public:
-    WrongAnswers(OfficeFixture& fixture, const desk::ServerDesk& server) : Checker(fixture, server, "answers") {}
+    WrongAnswers(OfficeFixture& fixture, const ui_driver::ServerProcess& server)
+        : Checker(fixture, server, "answers") {}
 
     void run(const CompanyKind& kind);
 

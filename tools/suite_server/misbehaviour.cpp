@@ -6,8 +6,8 @@
 namespace orv {
 namespace {
 
-constexpr auto kDeskNames = std::to_array<std::pair<std::string_view, Desk>>(
-    {{"prepare", Desk::Prepare}, {"photos", Desk::Photos}, {"companies", Desk::Companies}});
+constexpr auto kServiceNames = std::to_array<std::pair<std::string_view, Service>>(
+    {{"prepare", Service::Prepare}, {"photos", Service::Photos}, {"companies", Service::Companies}});
 
 struct Kind {
     std::string_view name;
@@ -57,26 +57,26 @@ bool apply(std::string_view text, Misbehaviour& behaviour) {
 bool MisbehaviourBoard::instruct(std::string_view instruction) {
     const std::lock_guard lock(guard_);
     if (instruction == "well") {
-        byDesk_ = {};
+        byService_ = {};
         return true;
     }
-    const auto [deskName, kind] = splitAt(instruction, ':');
-    for (const auto& [name, desk] : kDeskNames) {
-        if (name == deskName) {
-            return apply(kind, byDesk_[static_cast<std::size_t>(desk)]);
+    const auto [serviceName, kind] = splitAt(instruction, ':');
+    for (const auto& [name, service] : kServiceNames) {
+        if (name == serviceName) {
+            return apply(kind, byService_[static_cast<std::size_t>(service)]);
         }
     }
     return false;
 }
 
-Misbehaviour MisbehaviourBoard::of(Desk desk) const {
+Misbehaviour MisbehaviourBoard::of(Service service) const {
     const std::lock_guard lock(guard_);
-    return byDesk_[static_cast<std::size_t>(desk)];
+    return byService_[static_cast<std::size_t>(service)];
 }
 
-Misbehaviour MisbehaviourBoard::arrivedAt(Desk desk) {
+Misbehaviour MisbehaviourBoard::arrivedAt(Service service) {
     const std::lock_guard lock(guard_);
-    Misbehaviour& behaviour = byDesk_[static_cast<std::size_t>(desk)];
+    Misbehaviour& behaviour = byService_[static_cast<std::size_t>(service)];
     const Misbehaviour now = behaviour;
     behaviour.goneAt -= behaviour.goneAt > 0 ? 1 : 0;
     return now;

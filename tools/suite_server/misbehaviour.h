@@ -9,7 +9,7 @@
 namespace orv {
 
 /// The services of this server.
-enum class Desk { Prepare, Photos, Companies };
+enum class Service { Prepare, Photos, Companies };
 
 /// A fault in a service's answers. A status is sent instead of doing the work. With the other faults the work is done
 /// and only the answer is wrong, which is harder for a client.
@@ -26,17 +26,17 @@ struct Misbehaviour {
 /// The faults of every service. Can be changed while requests are handled.
 class MisbehaviourBoard {
 public:
-    /// Handles one instruction: "well" (no faults), or DESK:KIND[=VALUE]. DESK is prepare, photos or companies. KIND is
-    /// well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64 or gone=1..99. Kinds can be combined.
-    /// False if the instruction is invalid.
+    /// Handles one instruction: "well" (no faults), or SERVICE:KIND[=VALUE]. SERVICE is prepare, photos or companies.
+    /// KIND is well, status=200..599, delay=MILLISECONDS, cut, garbage, id-length=0..64 or gone=1..99. Kinds can be
+    /// combined. False if the instruction is invalid.
     [[nodiscard]] bool instruct(std::string_view instruction);
-    Misbehaviour of(Desk desk) const;
+    Misbehaviour of(Service service) const;
     /// Returns the faults for a request that has arrived, and counts it.
-    Misbehaviour arrivedAt(Desk desk);
+    Misbehaviour arrivedAt(Service service);
 
 private:
     mutable std::mutex guard_;
-    std::array<Misbehaviour, 3> byDesk_;
+    std::array<Misbehaviour, 3> byService_;
 };
 
 }  // namespace orv

@@ -11,10 +11,10 @@
 #include <sstream>
 #include <thread>
 
-#include "company_desk.h"
+#include "company_service.h"
 #include "durable_file.h"
 #include "misbehaviour.h"
-#include "photo_desk.h"
+#include "photo_service.h"
 
 namespace orv {
 namespace {
@@ -37,7 +37,7 @@ void cutShort(httplib::Response& response, const char* contentType) {
     });
 }
 
-void answerWith(const DeskAnswer& answer, const Misbehaviour& behaviour, const char* contentType,
+void answerWith(const ServiceAnswer& answer, const Misbehaviour& behaviour, const char* contentType,
                 httplib::Response& response) {
     std::this_thread::sleep_for(behaviour.delay);
     response.status = answer.status;
@@ -82,14 +82,15 @@ struct SuiteServer::Parts {
 
     /// Does a service's work for a request, with its faults.
     template <typename Work>
-    auto handler(Desk desk, const char* contentType, Work work) {
-        return [this, desk, contentType, work](const httplib::Request& request, httplib::Response& response) {
-            const Misbehaviour behaviour = board.arrivedAt(desk);
+    auto handler(Service service, const char* contentType, Work work) {
+        return [this, service, contentType, work](const httplib::Request& request, httplib::Response& response) {
+            const Misbehaviour behaviour = board.arrivedAt(service);
             if (behaviour.goneAt == 1) {
                 http.stop();  // first stops accepting, so that no new client is dropped
                 std::_Exit(EXIT_SUCCESS);
             }
-            const DeskAnswer answer = behaviour.status ? DeskAnswer{*behaviour.status, ""} : work(request, behaviour);
+            const ServiceAnswer answer =
+                behaviour.status ? ServiceAnswer{*behaviour.status, ""} : work(request, behaviour);
             answerWith(answer, behaviour, contentType, response);
         };
     }
@@ -99,23 +100,23 @@ struct SuiteServer::Parts {
     void takeInstructions(const httplib::Request& request, httplib::Response& response);
 
     std::filesystem::path folder;
-    PhotoDesk photos;
-    CompanyDesk companies;
+    PhotoService photos;
+    CompanyService companies;
     MisbehaviourBoard board;
     RequestLog log;
     httplib::Server http;
 };
 
 void SuiteServer::Parts::setRoutes() {
-    http.Get("/cussend/", handler(Desk::Prepare, "text/plain", [](const auto&, const Misbehaviour&) {
-                 return DeskAnswer{200, "ready\n"};
+    http.Get("/cussend/", handler(Service::Prepare, "text/plain", [](const auto&, const Misbehaviour&) {
+                 return ServiceAnswer{200, "ready\n"};
              }));
-    http.Post("/cussend/register", handler(Desk::Companies, "application/json",
+    http.Post("/cussend/register", handler(Service::Companies, "application/json",
                                            [this](const httplib::Request& request, const Misbehaviour& behaviour) {
                                                return companies.registerCompany(request.body, behaviour.idLength);
                                            }));
     http.Put("/rereceive46/davroot/(.*)",
-             handler(Desk::Photos, "text/plain", [this](const httplib::Request& request, const Misbehaviour&) {
+             handler(Service::Photos, "text/plain", [this](const httplib::Request& request, const Misbehaviour&) {
                  return photos.put(request.matches[1], request.get_header_value("Authorization"), request.body);
              }));
     http.Post("/misbehave", [this](const httplib::Request& request, httplib::Response& response) {

@@ -5,11 +5,11 @@
 #include <iostream>
 #include <stdexcept>
 
-#include "desk.h"
+#include "ui_driver.h"
 
 namespace {
 
-using desk::Spot;
+using ui_driver::Spot;
 
 constexpr const char* kNotice = "会社情報設定";
 constexpr const char* kMiddle = "txt_Takken_Syunin_Name";
@@ -22,7 +22,7 @@ void must(bool done, const std::string& what) {
 
 class FastOperator {
 public:
-    FastOperator(const std::string& display, const desk::Office& office)
+    FastOperator(const std::string& display, const ui_driver::Office& office)
         : office_(office), probe_(display), terminal_(office, display, "DESK-01") {}
 
     void work(const std::string& number) {
@@ -55,7 +55,7 @@ private:
     void openAndClose(Spot button, const std::string& title, const std::string& key) {
         clickAt(button);
         must(terminal_.waitForWindow(title), "the click that opens " + title);
-        must(desk::eventually([&] { return terminal_.titleInFront() == title; }), "the focus of " + title);
+        must(ui_driver::eventually([&] { return terminal_.titleInFront() == title; }), "the focus of " + title);
         probe_.key(key);
         probe_.waitForColourAt(middle_, colour_);
     }
@@ -82,9 +82,9 @@ private:
         openAndClose(spot, title, "Escape");
     }
 
-    const desk::Office& office_;
-    desk::ScreenProbe probe_;
-    desk::Terminal terminal_;
+    const ui_driver::Office& office_;
+    ui_driver::ScreenProbe probe_;
+    ui_driver::Terminal terminal_;
     /// A place that every window covers, and its colour while it is not covered.
     Spot middle_;
     unsigned long colour_ = 0;
@@ -112,9 +112,9 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     const std::string folder = argv[1];
-    const desk::VirtualDisplay display;
-    const desk::ServerDesk server(folder + "/server");
-    const desk::Office office(folder + "/office", server.port());
+    const ui_driver::VirtualDisplay display;
+    const ui_driver::ServerProcess server(folder + "/server");
+    const ui_driver::Office office(folder + "/office", server.port());
     FastOperator clerk(display.name(), office);
     const int runs = std::atoi(argv[2]);
     const int lost = lostIn(runs, clerk);

@@ -8,9 +8,9 @@
 #include <stdexcept>
 #include <thread>
 
-#include "desk.h"
+#include "ui_driver.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 namespace fs = std::filesystem;
@@ -124,4 +124,4 @@ void InputMethod::startIbus() {
         "ibus");
 }
 
-}  // namespace desk
+}  // namespace ui_driver

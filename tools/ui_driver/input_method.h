@@ -7,7 +7,7 @@
 #include "platform/scope.h"
 #include "process.h"
 
-namespace desk {
+namespace ui_driver {
 
 enum class InputMethodKind { Fcitx, Ibus };
 
@@ -33,4 +33,4 @@ private:
     std::unique_ptr<Process> daemon_;
 };
 
-}  // namespace desk
+}  // namespace ui_driver

@@ -8,12 +8,12 @@
 #include <map>
 #include <stdexcept>
 
-#include "desk.h"
+#include "ui_driver.h"
 
 namespace {
 
-using desk::Office;
-using desk::Terminal;
+using ui_driver::Office;
+using ui_driver::Terminal;
 
 void must(bool done, const std::string& what) {
     if (!done) {
@@ -194,7 +194,7 @@ int main(int argc, char* argv[]) {
     const std::string argument = argc > 4 ? argv[4] : "000004601,1,0";
     try {
         std::filesystem::create_directories(pictures / "other");
-        const desk::VirtualDisplay display;
+        const ui_driver::VirtualDisplay display;
         const Office office = Office::standing(argv[2]);
         Terminal terminal(office, display.name(), "DESK-01", {{"FONTCONFIG_FILE", FONTS}});
         work->second(terminal, office, argument, pictures);

@@ -11,7 +11,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 // The user id of "nobody", which has no rights on any Unix.
@@ -113,4 +113,4 @@ void giveToUnprivileged(const std::filesystem::path& folder) {
     }
 }
 
-}  // namespace desk
+}  // namespace ui_driver

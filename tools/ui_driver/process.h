@@ -11,7 +11,7 @@
 
 #include "platform/scope.h"
 
-namespace desk {
+namespace ui_driver {
 
 using Environment = std::map<std::string, std::string>;
 
@@ -40,4 +40,4 @@ std::vector<std::string> unprivileged(const std::vector<std::string>& command);
 /// Gives a folder and its contents to the user of `unprivileged`.
 void giveToUnprivileged(const std::filesystem::path& folder);
 
-}  // namespace desk
+}  // namespace ui_driver

@@ -9,7 +9,7 @@
 #include <optional>
 #include <stdexcept>
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -158,4 +158,4 @@ void ScreenProbe::waitForColourAt(Spot spot, unsigned long colour) {
     } while (colourAt(spot) != colour);
 }
 
-}  // namespace desk
+}  // namespace ui_driver

@@ -7,7 +7,7 @@
 
 #include "platform/scope.h"
 
-namespace desk {
+namespace ui_driver {
 
 /// A place on the screen, in pixels.
 struct Spot {
@@ -45,4 +45,4 @@ private:
     std::chrono::steady_clock::time_point start_;
 };
 
-}  // namespace desk
+}  // namespace ui_driver

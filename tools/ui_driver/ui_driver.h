@@ -10,7 +10,7 @@
 #include "process.h"
 #include "screen_probe.h"
 
-namespace desk {
+namespace ui_driver {
 
 /// An X display without a screen, with a window manager. Both run while the object exists.
 class VirtualDisplay {
@@ -26,9 +26,9 @@ private:
 };
 
 /// Runs the suite's server on a free port, with its own folder.
-class ServerDesk {
+class ServerProcess {
 public:
-    explicit ServerDesk(const std::filesystem::path& folder);
+    explicit ServerProcess(const std::filesystem::path& folder);
 
     const std::string& port() const { return port_; }
     const std::filesystem::path& folder() const { return folder_; }
@@ -149,4 +149,4 @@ private:
 /// Waits until `condition` holds; false if it does not within three minutes.
 [[nodiscard]] bool eventually(const std::function<bool()>& condition);
 
-}  // namespace desk
+}  // namespace ui_driver

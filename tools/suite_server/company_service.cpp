@@ -1,4 +1,4 @@
-#include "company_desk.h"
+#include "company_service.h"
 
 #include <algorithm>
 #include <array>
@@ -61,13 +61,13 @@ int numberIn(const std::filesystem::path& file) {
 
 }  // namespace
 
-CompanyDesk::CompanyDesk(const std::filesystem::path& folder)
+CompanyService::CompanyService(const std::filesystem::path& folder)
     : companies_(folder / "companies"), lastNumber_(folder / "last_number") {
     std::filesystem::create_directories(companies_);
     numberIn(lastNumber_);
 }
 
-std::string CompanyDesk::takeNumber() {
+std::string CompanyService::takeNumber() {
     int number = numberIn(lastNumber_) + 1;
     while (std::filesystem::exists(companies_ / (nineDigits(number) + ".json"))) {
         ++number;
@@ -76,7 +76,7 @@ std::string CompanyDesk::takeNumber() {
     return nineDigits(number);
 }
 
-DeskAnswer CompanyDesk::registerCompany(const std::string& document, std::optional<std::size_t> idLength) {
+ServiceAnswer CompanyService::registerCompany(const std::string& document, std::optional<std::size_t> idLength) {
     auto company = Document::parse(document, nullptr, false);
     std::string id = userIdOf(company);
     if (id.empty()) {

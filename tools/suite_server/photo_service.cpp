@@ -1,4 +1,4 @@
-#include "photo_desk.h"
+#include "photo_service.h"
 
 #include <algorithm>
 
@@ -18,11 +18,12 @@ bool isPlainName(const std::string& name) {
 
 }  // namespace
 
-PhotoDesk::PhotoDesk(std::filesystem::path folder) : folder_(std::move(folder)) {
+PhotoService::PhotoService(std::filesystem::path folder) : folder_(std::move(folder)) {
     std::filesystem::create_directories(folder_);
 }
 
-DeskAnswer PhotoDesk::put(const std::string& name, const std::string& authorization, const std::string& bytes) const {
+ServiceAnswer PhotoService::put(const std::string& name, const std::string& authorization,
+                                const std::string& bytes) const {
     if (authorization != kAuthorization) {
         return {401, "credentials please\n"};
     }

@@ -1,4 +1,4 @@
-#include "desk.h"
+#include "ui_driver.h"
 
 #include <signal.h>
 #include <unistd.h>
@@ -14,7 +14,7 @@
 #include "pages/forms/page_form.h"
 #include "pages/layout/layouts.h"
 
-namespace desk {
+namespace ui_driver {
 namespace {
 
 using namespace std::chrono_literals;
@@ -88,7 +88,7 @@ VirtualDisplay::VirtualDisplay(const std::string& size) {
     }
 }
 
-ServerDesk::ServerDesk(const fs::path& folder) : folder_(folder) {
+ServerProcess::ServerProcess(const fs::path& folder) : folder_(folder) {
     fs::create_directories(folder_);
     fs::remove(folder_ / "port");
     process_ =
@@ -102,9 +102,9 @@ ServerDesk::ServerDesk(const fs::path& folder) : folder_(folder) {
     }
 }
 
-std::string ServerDesk::log() const { return contentOf(folder_ / "requests.log"); }
+std::string ServerProcess::log() const { return contentOf(folder_ / "requests.log"); }
 
-void ServerDesk::misbehave(const std::string& how) const {
+void ServerProcess::misbehave(const std::string& how) const {
     outputOf({"curl", "-sS", "--data-binary", how, "http://127.0.0.1:" + port_ + "/misbehave"});
 }
 
@@ -330,4 +330,4 @@ void Terminal::kill() {
     process_->wait(kPatience);
 }
 
-}  // namespace desk
+}  // namespace ui_driver
