@@ -20,11 +20,11 @@ protected:
     }
     ~EndToEnd() override { server_->stop(); }
 
-    Terminal terminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
+    Terminal makeTerminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
 
     /// Returns a terminal that shows the company's first page.
     Terminal opened(const std::string& argument = "000004601,1,0") {
-        Terminal terminal = terminal("DESK-01");
+        Terminal terminal = makeTerminal("DESK-01");
         terminal.start(argument);
         EXPECT_TRUE(terminal.waitForPage(0));
         return terminal;
@@ -41,7 +41,7 @@ protected:
     /// The same, and expects the page to be shown again.
     void answer(Terminal& terminal, int page) {
         answer(terminal);
-        ASSERT_TRUE(terminal.noticeGone());
+        ASSERT_TRUE(terminal.isNoticeGone());
         ASSERT_TRUE(terminal.waitForPage(page));
     }
     void leaveByYes(Terminal& terminal) {

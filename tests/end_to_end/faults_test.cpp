@@ -27,12 +27,12 @@ std::string randomBytes(std::size_t count) {
 /// Runs the program as a user without root's rights, in an office open to all users until a fault restricts it.
 class Faults : public EndToEnd {
 protected:
-    Faults() { outputOf({"chmod", "-R", "a+rwX", folder_.string()}); }
-    ~Faults() override { outputOf({"chmod", "-R", "u+rwX", folder_.string()}); }
+    Faults() { readOutput({"chmod", "-R", "a+rwX", folder_.string()}); }
+    ~Faults() override { readOutput({"chmod", "-R", "u+rwX", folder_.string()}); }
 
     /// Returns the store's content, or the file's bytes if it is not a store.
     std::string store() const {
-        const std::string dump = outputOf({"sqlite3", office_->store().string(), ".dump"});
+        const std::string dump = readOutput({"sqlite3", office_->store().string(), ".dump"});
         return dump.size() > 100 ? dump : orv::readFile(office_->store());
     }
     void expectShown(Terminal& terminal, const std::string& id, const std::vector<std::string>& values) {
@@ -40,7 +40,7 @@ protected:
         ASSERT_TRUE(terminal.waitForNotice());
         EXPECT_EQ(terminal.noticeText(), expected);
         terminal.key("Return");
-        ASSERT_TRUE(terminal.noticeGone());
+        ASSERT_TRUE(terminal.isNoticeGone());
     }
     bool logged(const std::string& code, const std::string& text) const {
         return contains(office_->errLog(), "," + code + "," + text + "\r\n");
@@ -110,7 +110,7 @@ TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
     const StartFault& fault = GetParam();
     fault.damage(*office_);
     const std::string before = fs::is_regular_file(office_->store()) ? store() : "";
-    Terminal terminal = terminal("DESK-01");
+    Terminal terminal = makeTerminal("DESK-01");
     terminal.startUnprivileged(fault.argument);
     expectShown(terminal, "COSERR01", {fault.code, fault.text});
     EXPECT_EQ(terminal.waitForEnd(), 0);
@@ -124,7 +124,7 @@ TEST_F(Faults, ASlowStoreIsAwaitedInAWindow) {
                              "', timeout=180); store.execute('begin exclusive'); signal.pause()";
     std::optional<Process> owner(std::in_place, std::vector<std::string>{"python3", "-c", lock});
     ASSERT_TRUE(eventually([&] { return office_->ask("select 1 from TBL_LOCK").empty(); }));
-    Terminal terminal = terminal("DESK-01");
+    Terminal terminal = makeTerminal("DESK-01");
     terminal.startUnprivileged(kCompany);
     EXPECT_TRUE(terminal.waitForWindow("会社情報を開いています…"));
     EXPECT_TRUE(eventually([&] { return terminal.coloursShown() > 2; }));
@@ -133,7 +133,7 @@ TEST_F(Faults, ASlowStoreIsAwaitedInAWindow) {
 }
 
 TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
-    Terminal terminal = terminal("DESK-01");
+    Terminal terminal = makeTerminal("DESK-01");
     terminal.startUnprivileged(kCompany);
     ASSERT_TRUE(terminal.waitForPage(0));
     const int colours = terminal.coloursShown();
@@ -154,7 +154,7 @@ TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
     terminal.key("alt+2 ctrl+s alt+F4");
     EXPECT_FALSE(contains(server_->log(), "/cussend/register 200")) << "the save was over before the clicks";
     expectShown(terminal, "COS05574", {});
-    ASSERT_TRUE(terminal.noticeGone());
+    ASSERT_TRUE(terminal.isNoticeGone());
     EXPECT_TRUE(terminal.waitForPage(0)) << "no click was done afterwards";
     EXPECT_EQ(locks(), "000004601 DESK-01");
 }
@@ -164,7 +164,7 @@ TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
 TEST_F(Faults, APhotoThatIsNoPictureCostsNothingElse) {
     writeFile(office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg", "no picture");
     const std::string before = field("DAY_OFF || PHOTO_FILE1");
-    Terminal terminal = terminal("DESK-01");
+    Terminal terminal = makeTerminal("DESK-01");
     terminal.startUnprivileged(kCompany);
     ASSERT_TRUE(terminal.waitForPage(0));
     terminal.enter("txt_Tanto_Name", "変更　太郎");

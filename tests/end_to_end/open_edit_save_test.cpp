@@ -48,7 +48,7 @@ TEST_F(OpenEditSave, KeysChangePagesHelpSaveAndCloseDialogs) {
         terminal.key("F1");
         ASSERT_TRUE(terminal.waitForWindow(subject + " - ヘルプ"));
         terminal.key("Escape");
-        ASSERT_TRUE(terminal.windowGone(".* - ヘルプ") && terminal.waitForPage(page));
+        ASSERT_TRUE(terminal.isWindowGone(".* - ヘルプ") && terminal.waitForPage(page));
     };
     expectHelp("グループ名", 0);
     for (const auto& [keys, page] : {std::pair("alt+3", 2), {"ctrl+Next", 3}, {"ctrl+Prior", 2}, {"alt+5", 4}}) {
@@ -63,7 +63,7 @@ TEST_F(OpenEditSave, KeysChangePagesHelpSaveAndCloseDialogs) {
     terminal.click("btm_ChangePW");
     ASSERT_TRUE(terminal.waitForPasswordDialog());
     terminal.key("Escape");
-    ASSERT_TRUE(terminal.windowGone("パスワード変更") && terminal.waitForPage(0));
+    ASSERT_TRUE(terminal.isWindowGone("パスワード変更") && terminal.waitForPage(0));
     terminal.key("x");
     EXPECT_EQ(terminal.textOnScreen("txt_Group_Name"), "あおぞら見本グループ") << "the focus is on the button";
 }
@@ -84,10 +84,10 @@ protected:
         EXPECT_EQ(terminal.waitForEnd(), 0);
     }
     std::string photoFacts(const std::filesystem::path& file) const {
-        return outputOf({"identify", "-format", "%m %w %h", file.string()});
+        return readOutput({"identify", "-format", "%m %w %h", file.string()});
     }
 
-    std::string photo = office_->layPhoto();
+    std::string photo = office_->copyPhoto();
     std::filesystem::path original = office_->drive() / "ORV/PHOTO" / photo;
     std::filesystem::path stored = office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg";
     Terminal terminal = opened();
@@ -136,7 +136,7 @@ using TwoTerminals = EndToEnd;
 
 TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
     Terminal first = opened();
-    Terminal second = terminal("DESK-02");
+    Terminal second = makeTerminal("DESK-02");
     second.start("000004601,1,0");
     answer(second);
     EXPECT_EQ(second.waitForEnd(), 0);
@@ -144,12 +144,12 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
     EXPECT_EQ(office_->errLog(), "") << "a rejection is not a failure";
     EXPECT_EQ(locks(), "000004601 DESK-01");
 
-    Terminal twin = terminal("DESK-01");
+    Terminal twin = makeTerminal("DESK-01");
     first.minimise();
     twin.start("000004601,1,0");
     EXPECT_EQ(twin.waitForEnd(), 0);
     EXPECT_TRUE(eventually([&] { return office_->menuStarts() == 2; }));
-    EXPECT_TRUE(eventually([&] { return contains(first.titleInFront(), "会社情報"); })) << first.titleInFront();
+    EXPECT_TRUE(eventually([&] { return contains(first.frontTitle(), "会社情報"); })) << first.frontTitle();
     EXPECT_EQ(locks(), "000004601 DESK-01") << "it is the first one's";
     EXPECT_TRUE(first.running());
 

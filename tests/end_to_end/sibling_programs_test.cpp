@@ -43,7 +43,7 @@ TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
     terminal.typeAscii("150");
     terminal.key("Down");
     terminal.key("Return");
-    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
+    ASSERT_TRUE(terminal.isWindowGone(kAddressSearch));
     ASSERT_TRUE(terminal.waitForPage(0));
     typeOver("77");
     saveAndAnswer(0);
@@ -58,7 +58,7 @@ TEST_F(SiblingPrograms, ALineAndAStation) {
         terminal.key("Down");
     }
     terminal.key("Return");
-    ASSERT_TRUE(terminal.windowGone(kRailSearch));
+    ASSERT_TRUE(terminal.isWindowGone(kRailSearch));
     ASSERT_TRUE(terminal.waitForPage(2));
     typeOver("9");
     saveAndAnswer(2);
@@ -71,16 +71,16 @@ TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     ASSERT_TRUE(terminal.waitForPage(0, false));
     terminal.toFront();
     terminal.click("txt_Tanto_Name");
-    EXPECT_TRUE(eventually([&] { return terminal.titleInFront() == kAddressSearch; })) << terminal.titleInFront();
+    EXPECT_TRUE(eventually([&] { return terminal.frontTitle() == kAddressSearch; })) << terminal.frontTitle();
     ASSERT_TRUE(terminal.waitForWindow(kAddressSearch));
     terminal.typeAscii("150");
     terminal.key("Escape");
-    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
+    ASSERT_TRUE(terminal.isWindowGone(kAddressSearch));
     expectUsable("88");
 
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
     kill(terminal.windowProcess(), SIGKILL);
-    ASSERT_TRUE(terminal.windowGone(kAddressSearch));
+    ASSERT_TRUE(terminal.isWindowGone(kAddressSearch));
     expectUsable("99");
 }
 
@@ -95,7 +95,7 @@ TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
     expectUsable("66");
     EXPECT_TRUE(terminal.running());
     kill(search, SIGCONT);
-    EXPECT_TRUE(terminal.windowGone(kAddressSearch)) << "it is no longer connected";
+    EXPECT_TRUE(terminal.isWindowGone(kAddressSearch)) << "it is no longer connected";
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ protected:
     bool standsInWork() const { return files.exists(kWork); }
     static std::string pair() { return gErrCode + " " + gErrMsg; }
 
-    TempFolder desk;
-    std::string source = desk.file("写真.jpg");
+    TempFolder folder;
+    std::string source = folder.file("写真.jpg");
     ImageControl& image = page<frm_CompInp2>().pic_LeadTmp;
 };
 

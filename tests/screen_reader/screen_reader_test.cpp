@@ -32,7 +32,7 @@ protected:
     static std::string readerOf(const std::string& what) {
         return "/usr/bin/python3 " + (kHere / "reader.py ").string() + what;
     }
-    std::string window() const { return outputOf({"bash", "-c", "exec " + readerOf("window")}, environment_); }
+    std::string window() const { return readOutput({"bash", "-c", "exec " + readerOf("window")}, environment_); }
     /// Checks that the active window is read as the table says, and that no two of its inputs have the same name.
     void expectRead(const std::string& name) const {
         const std::string wanted = expected(name);
@@ -73,7 +73,7 @@ TEST_F(ScreenReader, ReadsOutPagesAndDialogs) {
         turnTo(terminal, page);
         expectRead("page " + std::to_string(page));
     }
-    const std::string photo = office_->layPhoto();
+    const std::string photo = office_->copyPhoto();
     terminal.click("btm_PhotoSelect", 0);
     ASSERT_TRUE(terminal.waitForWindow("ファイルを開く"));
     expectRead("open dialog");

@@ -16,7 +16,7 @@ namespace orv {
 /// The whole system in its real windows, worked by key and mouse events. Messages are recorded, not shown.
 class WindowTest : public SystemTest {
 protected:
-    WindowTest() { services().windows = &desk; }
+    WindowTest() { services().windows = &screen; }
     ~WindowTest() override {
         PF_Form_Clean();
         settle();
@@ -70,7 +70,7 @@ protected:
         settle();
     }
 
-    QtWindowSystem desk{layoutOf, forms};
+    QtWindowSystem screen{layoutOf, forms};
 };
 
 }  // namespace orv

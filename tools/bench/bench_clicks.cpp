@@ -44,7 +44,7 @@ public:
         for (int i = 0; i < kStarts; ++i) {
             if (terminal_.running()) {
                 terminal_.kill();
-                arrived(terminal_.windowGone("000004601 .*"));
+                arrived(terminal_.isWindowGone("000004601 .*"));
             }
             office_.change("delete from TBL_LOCK where USER_ID = '000004601'");
             probe_.startTiming();
@@ -115,7 +115,7 @@ private:
     }
     /// Waits until the window with that text in its title is in front.
     double wait(const std::string& title = "") {
-        return probe_.settled(title, [&] { return terminal_.titleInFront().find(title) != std::string::npos; });
+        return probe_.settled(title, [&] { return terminal_.frontTitle().find(title) != std::string::npos; });
     }
     void note(const std::string& figure, const std::string& title) { times_[figure].push_back(wait(title)); }
     /// Moves the pointer before the measurement starts, because the move can repaint the control.

@@ -76,23 +76,23 @@ std::string textAt(pid_t process, unsigned long long address) {
     std::string text;
     std::array<char, kPart> part{};
     while (text.size() < PATH_MAX) {
-        const std::size_t room = kPart - address % kPart;
-        iovec here{part.data(), room};
-        iovec there{reinterpret_cast<void*>(address), room};  // NOLINT(performance-no-int-to-ptr)
-        if (::process_vm_readv(process, &here, 1, &there, 1, 0) != static_cast<ssize_t>(room)) {
+        const std::size_t size = kPart - address % kPart;
+        iovec here{part.data(), size};
+        iovec there{reinterpret_cast<void*>(address), size};  // NOLINT(performance-no-int-to-ptr)
+        if (::process_vm_readv(process, &here, 1, &there, 1, 0) != static_cast<ssize_t>(size)) {
             return {};
         }
-        const std::size_t length = ::strnlen(part.data(), room);
+        const std::size_t length = ::strnlen(part.data(), size);
         text.append(part.data(), length);
-        if (length < room) {
+        if (length < size) {
             return text;
         }
-        address += room;
+        address += size;
     }
     return {};
 }
 
-std::string behindDescriptor(pid_t process, unsigned long long descriptor) {
+std::string readDescriptor(pid_t process, unsigned long long descriptor) {
     const std::string link = "/proc/" + std::to_string(process) + "/fd/" + std::to_string(static_cast<int>(descriptor));
     std::array<char, PATH_MAX> target{};
     const ssize_t length = ::readlink(link.c_str(), target.data(), target.size());
@@ -113,10 +113,10 @@ std::string firstPolled(pid_t process, unsigned long long address) {
     iovec here{&first, sizeof first};
     iovec there{reinterpret_cast<void*>(address), sizeof first};  // NOLINT(performance-no-int-to-ptr)
     const bool isRead = ::process_vm_readv(process, &here, 1, &there, 1, 0) == sizeof first;
-    return isRead ? behindDescriptor(process, static_cast<unsigned long long>(first.fd)) : std::string();
+    return isRead ? readDescriptor(process, static_cast<unsigned long long>(first.fd)) : std::string();
 }
 
-std::vector<long> numbersOf(bool flushingOnly) {
+std::vector<long> listNumbers(bool flushingOnly) {
     std::vector<long> numbers;
     for (const CallKind& kind : kKinds) {
         if (kind.isFlush || !flushingOnly) {
@@ -128,11 +128,11 @@ std::vector<long> numbersOf(bool flushingOnly) {
 
 }  // namespace
 
-std::vector<long> knownCalls() { return numbersOf(false); }
+std::vector<long> knownCalls() { return listNumbers(false); }
 
-std::vector<long> flushingCalls() { return numbersOf(true); }
+std::vector<long> flushingCalls() { return listNumbers(true); }
 
-const CallKind* kindOf(long number) {
+const CallKind* findKind(long number) {
     const auto found = std::ranges::find(kKinds, number, &CallKind::number);
     return found == kKinds.end() ? nullptr : &*found;
 }
@@ -141,14 +141,14 @@ bool canAnswer(const CallKind& kind, Answer answer) {
     return std::ranges::find(kind.answers, answer) != kind.answers.end();
 }
 
-std::string objectOf(const CallKind& kind, pid_t process, const unsigned long long* arguments) {
+std::string readObject(const CallKind& kind, pid_t process, const unsigned long long* arguments) {
     const unsigned long long named = arguments[kind.place];
     switch (kind.named) {
         case Named::ByPath:
-            return kind.place == 1 ? inFolder(behindDescriptor(process, arguments[0]), textAt(process, named))
+            return kind.place == 1 ? inFolder(readDescriptor(process, arguments[0]), textAt(process, named))
                                    : textAt(process, named);
         case Named::ByDescriptor:
-            return behindDescriptor(process, named);
+            return readDescriptor(process, named);
         case Named::ByPollList:
             return firstPolled(process, named);
         case Named::ByDomain:

@@ -23,18 +23,18 @@ struct CallKind {
     std::vector<Answer> answers;
     bool isWrite = false;
     bool isFlush = false;
-    bool isOnWire = false;
+    bool isTransfer = false;
 };
 
 std::vector<long> knownCalls();
 std::vector<long> flushingCalls();
 
 /// Returns null for every other call.
-const CallKind* kindOf(long number);
+const CallKind* findKind(long number);
 
 bool canAnswer(const CallKind& kind, Answer answer);
 
 /// Returns the object of a stopped process's call: a path, or "socket". Returns "" for any other object.
-std::string objectOf(const CallKind& kind, pid_t process, const unsigned long long* arguments);
+std::string readObject(const CallKind& kind, pid_t process, const unsigned long long* arguments);
 
 }  // namespace crash_test

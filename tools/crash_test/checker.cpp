@@ -13,21 +13,21 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kNever = std::numeric_limits<int>::max();
-constexpr const char* kBeside = ".new";
+constexpr const char* kReplacementSuffix = ".new";
 constexpr const char* kSaved = "|COS05574";
 
-std::string eventOf(const std::string& line) { return line.substr(0, line.find('|')); }
+std::string eventName(const std::string& line) { return line.substr(0, line.find('|')); }
 
 /// Returns the failures in a report's line, without the texts of a successful event.
 std::vector<std::string> failuresIn(const std::string& line) {
     std::vector<std::string> failures;
-    if (eventOf(line) == "shown") {
+    if (eventName(line) == "shown") {
         return failures;
     }
     for (std::size_t from = line.find('|'); from != std::string::npos; from = line.find('|', from + 1)) {
-        const std::string told = line.substr(from + 1, line.find('|', from + 1) - from - 1);
-        if (told != "COS20001" && told != "COS20002" && told != "ADD00010" && told != "COS05574") {
-            failures.push_back(told);
+        const std::string message = line.substr(from + 1, line.find('|', from + 1) - from - 1);
+        if (message != "COS20001" && message != "COS20002" && message != "ADD00010" && message != "COS05574") {
+            failures.push_back(message);
         }
     }
     return failures;
@@ -47,15 +47,15 @@ std::vector<std::string> pieces(const std::string& state) {
 }
 
 /// Returns the difference between an unexpected state and the nearest expected one.
-std::string strangeIn(const std::string& state, const std::set<std::string>& states) {
-    const std::vector<std::string> strange = pieces(state);
-    std::vector<std::string> nearest(strange.size() + 1);
+std::string describeDifference(const std::string& state, const std::set<std::string>& states) {
+    const std::vector<std::string> actual = pieces(state);
+    std::vector<std::string> nearest(actual.size() + 1);
     for (const std::string& known : states) {
         std::vector<std::string> others;
         const std::vector<std::string> fine = pieces(known);
-        for (std::size_t i = 0; i < std::min(fine.size(), strange.size()); ++i) {
-            if (fine[i] != strange[i]) {
-                others.push_back("\"" + strange[i] + "\" for \"" + fine[i] + "\"");
+        for (std::size_t i = 0; i < std::min(fine.size(), actual.size()); ++i) {
+            if (fine[i] != actual[i]) {
+                others.push_back("\"" + actual[i] + "\" for \"" + fine[i] + "\"");
             }
         }
         nearest = others.size() < nearest.size() ? others : nearest;
@@ -73,7 +73,7 @@ Outcome Checker::runUnder(const Injection& injection, const std::string& company
     auto since = Clock::now();
     slowest_ = {};
     saved_.clear();
-    const bool kills = injection.way == Injection::Way::Kill || injection.way == Injection::Way::KillHalfway;
+    const bool kills = injection.kind == Injection::Kind::Kill || injection.kind == Injection::Kind::KillHalfway;
     return runTraced(
         fixture_.watched(kills), injection, [&] { runScenario(scenario); },
         [&] {
@@ -88,17 +88,18 @@ Outcome Checker::runUnder(const Injection& injection, const std::string& company
 }
 
 void Checker::checkEvent(const std::string& line) {
-    if (eventOf(line) == "edit") {
+    if (eventName(line) == "edit") {
         fixture_.edited();
     }
     const std::string state = fixture_.state();
-    if (eventOf(line) == "save" && saved_.empty()) {
+    if (eventName(line) == "save" && saved_.empty()) {
         saved_ = state;
     }
     if (isLearning_) {
         states_.insert(state);
     } else if (!states_.contains(state)) {
-        fault("after \"" + line + "\" the store is in none of the expected states: " + strangeIn(state, states_));
+        fault("after \"" + line +
+              "\" the store is in none of the expected states: " + describeDifference(state, states_));
     }
 }
 
@@ -114,9 +115,9 @@ void Checker::learn() {
     runUnder({}, fixture_.company(), 0);
     fixture_.comeBack();
     server_.misbehave("companies:well\nphotos:status=500");
-    const Outcome whole = runUnder({Injection::Way::Kill, kNever, 0}, fixture_.company(), 0);
+    const Outcome whole = runUnder({Injection::Kind::Kill, kNever, 0}, fixture_.company(), 0);
     isLearning_ = false;
-    behind_ = fixture_.state();
+    final_ = fixture_.state();
     for (const std::string& line : fixture_.report()) {
         if (!whole.fine || !failuresIn(line).empty()) {
             throw std::runtime_error("an undisturbed scenario fails: " + line + " " + whole.ending);
@@ -125,14 +126,14 @@ void Checker::learn() {
     if (states_.size() < 3) {
         throw std::runtime_error("a save does not go through three states");
     }
-    filesBehind_ = fixture_.files();
+    finalFiles_ = fixture_.files();
     bool isWhole = true;
     for (const std::string& record : fixture_.log(isWhole)) {
         records_.insert(record);
     }
     std::cout << store_ << ", " << fixture_.kind().name << ": " << whole.calls << " calls, " << records_.size()
               << " kinds of log records" << std::endl;
-    for (const Files& files : {filesBefore_, filesBehind_}) {
+    for (const Files& files : {filesBefore_, finalFiles_}) {
         for (const auto& [name, content] : files) {
             names_.insert(name);
         }
@@ -163,7 +164,7 @@ void Checker::checkStore() {
         fault("the store is damaged: " + damage);
     }
     if (const std::string state = fixture_.state(); !states_.contains(state)) {
-        fault("the store is in none of the expected states: " + strangeIn(state, states_));
+        fault("the store is in none of the expected states: " + describeDifference(state, states_));
     }
     const std::vector<std::string> locks = fixture_.ownLocks();
     if (locks.size() > 1) {
@@ -178,11 +179,11 @@ void Checker::checkPhotos() {
         if (name.starts_with("TMP/")) {
             continue;
         }
-        const auto behind = filesBehind_.find(name);
-        const std::string fresh = behind == filesBehind_.end() ? old : behind->second;
+        const auto after = finalFiles_.find(name);
+        const std::string fresh = after == finalFiles_.end() ? old : after->second;
         const auto found = now.find(name);
-        const auto beside = now.find(name + kBeside);
-        if (found == now.end() && beside != now.end() && beside->second == fresh) {
+        const auto replacement = now.find(name + kReplacementSuffix);
+        if (found == now.end() && replacement != now.end() && replacement->second == fresh) {
             ++instants_;
         } else if (found == now.end() || (found->second != old && found->second != fresh)) {
             fault(name + (found == now.end() ? " is gone" : " is cut"));
@@ -263,7 +264,7 @@ void Checker::checkReport(const Outcome& outcome) {
                 fault("not in the log: " + line);
             }
         }
-        if (eventOf(line) == "save" && failuresIn(line).empty() && !line.ends_with(kSaved)) {
+        if (eventName(line) == "save" && failuresIn(line).empty() && !line.ends_with(kSaved)) {
             fault("a save that reports nothing");
         }
     }
@@ -285,10 +286,10 @@ void Checker::checkAlive(const Outcome& outcome) {
         checkNextRun();
         return;
     }
-    if (eventOf(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
+    if (eventName(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
         fault("cannot be left: " + report.back());
     }
-    if (fixture_.state() != behind_) {
+    if (fixture_.state() != final_) {
         fault("the repeated save is not complete: " + report[report.size() - 2]);
     }
     // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
@@ -299,9 +300,9 @@ void Checker::checkAlive(const Outcome& outcome) {
     }
     // A remaining journal belongs to the store, and its next opening will use it.
     for (const auto& [file, content] : fixture_.files()) {
-        const auto found = filesBehind_.find(file);
-        if (found == filesBehind_.end() ? file != kJournal : found->second != content) {
-            fault((found == filesBehind_.end() ? "left over: " : "not the new one: ") + file);
+        const auto found = finalFiles_.find(file);
+        if (found == finalFiles_.end() ? file != kJournal : found->second != content) {
+            fault((found == finalFiles_.end() ? "left over: " : "not the new one: ") + file);
         }
     }
 }

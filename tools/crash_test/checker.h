@@ -45,7 +45,7 @@ protected:
     std::chrono::steady_clock::duration slowest_{};
     /// The store after the last scenario's first save, and after an undisturbed scenario.
     std::string saved_;
-    std::string behind_;
+    std::string final_;
 
 private:
     void checkEvent(const std::string& line);
@@ -61,7 +61,7 @@ private:
     /// The faults of the current point.
     std::vector<std::string> found_;
     Files filesBefore_;
-    Files filesBehind_;
+    Files finalFiles_;
     std::set<std::string> names_;
     std::set<std::string> records_;
 };

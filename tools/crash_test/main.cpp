@@ -11,8 +11,8 @@
 #include <span>
 
 #include "adapters/http/curl_library.h"
+#include "failing_calls.h"
 #include "private_server.h"
-#include "trial.h"
 #include "wrong_answers.h"
 
 namespace {
@@ -56,7 +56,7 @@ void stayOnProcessor(bool first) {
     static_cast<void>(::sched_setaffinity(0, sizeof one, &one));
 }
 
-int verdict(const Checker& checker) {
+int summarise(const Checker& checker) {
     std::cout << checker.points() << " points, " << checker.faults() << " faults" << std::endl;
     return checker.faults() == 0 ? 0 : 1;
 }
@@ -73,11 +73,11 @@ int testCalls(const std::filesystem::path& folder, const std::string& store, int
     }
     stayOnProcessor(store == "file");
     orv::curlLibrary();  // loaded before the scenarios start
-    Trial trial(fixture, server, store, step);
+    FailingCalls test(fixture, server, store, step);
     for (const CompanyKind& kind : kKinds) {
-        trial.run(kind);
+        test.run(kind);
     }
-    return verdict(trial);
+    return summarise(test);
 }
 
 /// The third kind replaces its photos, which does not change any answer.
@@ -89,11 +89,11 @@ int testAnswers(const std::filesystem::path& folder) {
     const ui_driver::ServerProcess server(folder / "server");
     OfficeFixture fixture(std::filesystem::absolute(folder), server.port());
     orv::curlLibrary();
-    WrongAnswers trial(fixture, server);
+    WrongAnswers test(fixture, server);
     for (const CompanyKind& kind : std::span(kKinds).first(kAnsweredKinds)) {
-        trial.run(kind);
+        test.run(kind);
     }
-    return verdict(trial);
+    return summarise(test);
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ constexpr std::size_t kIdLength = 9;
 constexpr const char* kWords[] = {"一回目", "二回目"};
 constexpr int kRounds = 2;
 
-std::string contentOf(const fs::path& path) {
+std::string readFile(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -56,7 +56,7 @@ void OfficeFixture::giveUpAfter(std::chrono::milliseconds limit) {
 
 void OfficeFixture::changeSettings(const std::string& usual, const std::string& other) const {
     const fs::path settings = orv() / "SYS/system.ini";
-    std::string text = contentOf(settings);
+    std::string text = readFile(settings);
     for (std::size_t at = text.find(usual); at != std::string::npos; at = text.find(usual, at + other.size())) {
         text.replace(at, usual.size(), other);
     }
@@ -180,7 +180,7 @@ Files OfficeFixture::files() const {
         for (const auto& entry : fs::recursive_directory_iterator(folder)) {
             const std::string name = withoutRunName(entry.path().lexically_relative(orv()).string(), runs);
             if (entry.is_regular_file() && !name.starts_with("MDB/ORVESTATE.MDB") && !name.starts_with("LOG/")) {
-                found[name] = fingerprintOf(entry.path().string());
+                found[name] = fingerprint(entry.path().string());
             }
         }
     }
@@ -191,7 +191,7 @@ Files OfficeFixture::files() const {
 }
 
 std::vector<std::string> OfficeFixture::log(bool& isWhole) const {
-    const std::string bytes = contentOf(orv() / "LOG/ERR/260504_err.log");
+    const std::string bytes = readFile(orv() / "LOG/ERR/260504_err.log");
     isWhole = bytes.empty() || bytes.ends_with("\r\n");
     std::vector<std::string> records;
     std::size_t from = 0;

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "session.h"
+#include "scenario.h"
 #include "store_observer.h"
 #include "ui_driver.h"
 

@@ -44,7 +44,7 @@ private:
         sqlite3* database = nullptr;
         std::vector<std::string> found;
         bool fine = sqlite3_open_v2(file.c_str(), &database, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK;
-        fine = fine && sqlite3_exec(database, sql.c_str(), take, &found, nullptr) == SQLITE_OK;
+        fine = fine && sqlite3_exec(database, sql.c_str(), addRow, &found, nullptr) == SQLITE_OK;
         const std::string words = sqlite3_errmsg(database);
         sqlite3_close(database);
         if (!fine) {
@@ -52,7 +52,7 @@ private:
         }
         return found;
     }
-    static int take(void* list, int count, char** values, char** names) {
+    static int addRow(void* list, int count, char** values, char** names) {
         std::string row;
         for (int i = 0; i < count; ++i) {
             const bool isNull = values[i] == nullptr;

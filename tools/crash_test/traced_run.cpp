@@ -26,10 +26,10 @@
 namespace crash_test {
 namespace {
 
-constexpr unsigned kPatienceSeconds = 900;
+constexpr unsigned kTimeoutSeconds = 900;
 constexpr int kEventOver = SIGUSR1;
 constexpr int kBeforeCall = SIGTRAP | (PTRACE_EVENT_SECCOMP << 8);
-constexpr int kBehindCall = SIGTRAP | 0x80;
+constexpr int kAfterCall = SIGTRAP | 0x80;
 constexpr int kThreadMade = SIGTRAP | (PTRACE_EVENT_CLONE << 8);
 
 void require(bool fine, const char* what) {
@@ -52,11 +52,11 @@ public:
     Outcome watch(const std::function<void()>& onEvent);
 
 private:
-    int nextStatus();
+    int waitForStop();
     /// Handles the thread's stop and returns the signal with which it continues.
-    long takeStop(int status, const std::function<void()>& onEvent);
+    long handleStop(int status, const std::function<void()>& onEvent);
     void beforeCall();
-    void behindCall();
+    void afterCall();
     void hit(const CallKind& kind, user_regs_struct& all);
     bool touches(const std::string& object) const;
     bool counts(const CallKind& kind, unsigned long long size) const;
@@ -84,9 +84,9 @@ bool Watched::touches(const std::string& object) const {
 }
 
 bool Watched::counts(const CallKind& kind, unsigned long long size) const {
-    using enum Injection::Way;
+    using enum Injection::Kind;
     const bool canBeHalved = kind.isWrite && size > 1;
-    switch (injection_.way) {
+    switch (injection_.kind) {
         case Nothing:
             return false;
         case Kill:
@@ -97,7 +97,7 @@ bool Watched::counts(const CallKind& kind, unsigned long long size) const {
         case Lasting:
             return canAnswer(kind, injection_.answer);
         case Cut:
-            return kind.isOnWire;
+            return kind.isTransfer;
         case Halfway:
             return lasts_ ? canAnswer(kind, injection_.answer) : canBeHalved;
     }
@@ -112,9 +112,9 @@ void answer(user_regs_struct& all, long value) {
 
 void Watched::beforeCall() {
     user_regs_struct all = registers();
-    const CallKind* kind = kindOf(static_cast<long>(all.orig_rax));
+    const CallKind* kind = findKind(static_cast<long>(all.orig_rax));
     const unsigned long long arguments[] = {all.rdi, all.rsi, all.rdx};
-    const std::string object = kind == nullptr ? "" : objectOf(*kind, process_, arguments);
+    const std::string object = kind == nullptr ? "" : readObject(*kind, process_, arguments);
     if (!touches(object)) {
         return;
     }
@@ -129,37 +129,37 @@ void Watched::beforeCall() {
 }
 
 /// Ends the connection of another process's descriptor, as a network or a server does when it fails.
-void cutWire(pid_t process, int descriptor) {
+void cutConnection(pid_t process, int descriptor) {
     const int handle = static_cast<int>(::syscall(SYS_pidfd_open, process, 0));
-    const int wire = static_cast<int>(::syscall(SYS_pidfd_getfd, handle, descriptor, 0));
-    require(wire >= 0, "the wire of the watched program");
-    ::shutdown(wire, SHUT_RDWR);
-    ::close(wire);
+    const int connection = static_cast<int>(::syscall(SYS_pidfd_getfd, handle, descriptor, 0));
+    require(connection >= 0, "the connection of the watched program");
+    ::shutdown(connection, SHUT_RDWR);
+    ::close(connection);
     ::close(handle);
 }
 
 void Watched::hit(const CallKind& kind, user_regs_struct& all) {
-    using enum Injection::Way;
-    if (injection_.way == Kill) {
+    using enum Injection::Kind;
+    if (injection_.kind == Kill) {
         ::kill(process_, SIGKILL);
         return;
     }
-    if (injection_.way == Cut) {
-        cutWire(process_, static_cast<int>(all.rdi));
+    if (injection_.kind == Cut) {
+        cutConnection(process_, static_cast<int>(all.rdi));
         return;
     }
-    if (injection_.way == KillHalfway || (injection_.way == Halfway && !lasts_)) {
+    if (injection_.kind == KillHalfway || (injection_.kind == Halfway && !lasts_)) {
         wholeSize_ = all.rdx;
         all.rdx /= 2;
     } else {
         answer(all, kind.named == Named::ByPollList ? 0 : -injection_.answer);
     }
     setRegisters(all);
-    lasts_ = injection_.way == Lasting || injection_.way == Halfway;
+    lasts_ = injection_.kind == Lasting || injection_.kind == Halfway;
 }
 
-void Watched::behindCall() {
-    if (injection_.way == Injection::Way::KillHalfway) {
+void Watched::afterCall() {
+    if (injection_.kind == Injection::Kind::KillHalfway) {
         ::kill(process_, SIGKILL);
         return;
     }
@@ -180,7 +180,7 @@ void Watched::setRegisters(const user_regs_struct& all) const {
 }
 
 /// Returns the status of a thread of the watched process. Other threads can end meanwhile.
-int Watched::nextStatus() {
+int Watched::waitForStop() {
     int status = 0;
     do {
         thread_ = ::waitpid(-1, &status, __WALL);
@@ -189,13 +189,13 @@ int Watched::nextStatus() {
     return status;
 }
 
-long Watched::takeStop(int status, const std::function<void()>& onEvent) {
+long Watched::handleStop(int status, const std::function<void()>& onEvent) {
     if (status >> 8 == kBeforeCall) {
         beforeCall();
-    } else if (WSTOPSIG(status) == kBehindCall) {
-        behindCall();
+    } else if (WSTOPSIG(status) == kAfterCall) {
+        afterCall();
     } else if (WSTOPSIG(status) == kEventOver) {
-        injection_.way = lasts_ ? Injection::Way::Nothing : injection_.way;
+        injection_.kind = lasts_ ? Injection::Kind::Nothing : injection_.kind;
         lasts_ = false;
         onEvent();
     } else if (const bool isOfThreads = status >> 8 == kThreadMade || thread_ != process_; !isOfThreads) {
@@ -209,7 +209,7 @@ Outcome Watched::watch(const std::function<void()>& onEvent) {
     while (true) {
         // A dying thread has no stop to continue from. The end of a call is a stop only if requested.
         static_cast<void>(::ptrace(wholeSize_ > 0 ? PTRACE_SYSCALL : PTRACE_CONT, thread_, nullptr, signal));
-        const int status = nextStatus();
+        const int status = waitForStop();
         if (!WIFSTOPPED(status)) {
             ended_ = true;
             outcome_.killed = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
@@ -218,14 +218,14 @@ Outcome Watched::watch(const std::function<void()>& onEvent) {
                                                 : "signal " + std::to_string(WTERMSIG(status));
             return outcome_;
         }
-        signal = takeStop(status, onEvent);
+        signal = handleStop(status, onEvent);
     }
 }
 
 /// Makes the kernel stop this process only before calls that can matter.
-void stopAtCalls(Injection::Way way) {
+void stopAtCalls(Injection::Kind kind) {
     std::vector<sock_filter> rules{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
-    for (const long number : way == Injection::Way::Nothing ? flushingCalls() : knownCalls()) {
+    for (const long number : kind == Injection::Kind::Nothing ? flushingCalls() : knownCalls()) {
         rules.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(number), 0, 1));
         rules.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_TRACE));
     }
@@ -237,13 +237,13 @@ void stopAtCalls(Injection::Way way) {
 }
 
 /// An exception of `body` ends this process.
-[[noreturn]] void beWatched(Injection::Way way, const std::function<void()>& body) noexcept {
-    ::alarm(kPatienceSeconds);
+[[noreturn]] void runWatched(Injection::Kind kind, const std::function<void()>& body) noexcept {
+    ::alarm(kTimeoutSeconds);
     if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) {
         ::_exit(errno);
     }
     ::raise(SIGSTOP);
-    stopAtCalls(way);
+    stopAtCalls(kind);
     body();
     ::_exit(0);
 }
@@ -257,7 +257,7 @@ Outcome runTraced(const std::vector<std::string>& folders, const Injection& inje
     const pid_t process = ::fork();
     require(process >= 0, "fork");
     if (process == 0) {
-        beWatched(injection.way, body);
+        runWatched(injection.kind, body);
     }
     int status = 0;
     require(::waitpid(process, &status, 0) == process, "wait");

@@ -10,7 +10,7 @@ namespace crash_test {
 
 /// A failure injected into a program. `at` is the number, from 1, among the calls to which it applies.
 struct Injection {
-    enum class Way {
+    enum class Kind {
         Nothing,
         Kill,         // before the call
         KillHalfway,  // in the middle of a write
@@ -19,7 +19,7 @@ struct Injection {
         Cut,          // the connection ends before a call that sends or receives
         Halfway,      // like Lasting, but the first write is done by half
     };
-    Way way = Way::Nothing;
+    Kind kind = Kind::Nothing;
     int at = 0;
     Answer answer = 0;
 };

@@ -8,7 +8,7 @@ namespace {
 
 /// The maximum duration of an event, in multiples of the program's time limit.
 constexpr int kLimits = 10;
-constexpr const char* kWell = "save|COS05574";
+constexpr const char* kSuccess = "save|COS05574";
 constexpr const char* kFailed = "save|COSERR01,";
 
 /// Returns the report of the first save.
@@ -69,10 +69,10 @@ void WrongAnswers::tryOne(const Wrong& wrong) {
 /// A failed photo does not stop a save.
 void WrongAnswers::checkTold(const Wrong& wrong) {
     const std::string line = savedLine(fixture_.report());
-    if (wrong.code == nullptr ? line != kWell : !line.starts_with(kFailed + std::string(wrong.code))) {
+    if (wrong.code == nullptr ? line != kSuccess : !line.starts_with(kFailed + std::string(wrong.code))) {
         fault("is not reported correctly: " + line);
     }
-    if ((line == kWell) != (saved_ == behind_)) {
+    if ((line == kSuccess) != (saved_ == final_)) {
         fault("leaves the store in another state than reported: " + line);
     }
 }

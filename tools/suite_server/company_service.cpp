@@ -31,7 +31,7 @@ std::string nineDigits(int number) {
 }
 
 /// Returns the common USER_ID of all three rows, or "" if the document is not a company.
-std::string userIdOf(const Document& document) {
+std::string readUserId(const Document& document) {
     std::string common;
     for (const char* table : kTables) {
         if (!document.is_object() || !document.contains(table) || !document[table].is_object()) {
@@ -46,7 +46,7 @@ std::string userIdOf(const Document& document) {
     return common == kMarker || isNumber(common) ? common : "";
 }
 
-int numberIn(const std::filesystem::path& file) {
+int readNumber(const std::filesystem::path& file) {
     if (!std::filesystem::exists(file)) {
         return kBeforeFirst;
     }
@@ -64,11 +64,11 @@ int numberIn(const std::filesystem::path& file) {
 CompanyService::CompanyService(const std::filesystem::path& folder)
     : companies_(folder / "companies"), lastNumber_(folder / "last_number") {
     std::filesystem::create_directories(companies_);
-    numberIn(lastNumber_);
+    readNumber(lastNumber_);
 }
 
-std::string CompanyService::takeNumber() {
-    int number = numberIn(lastNumber_) + 1;
+std::string CompanyService::assignNumber() {
+    int number = readNumber(lastNumber_) + 1;
     while (std::filesystem::exists(companies_ / (nineDigits(number) + ".json"))) {
         ++number;
     }
@@ -78,13 +78,13 @@ std::string CompanyService::takeNumber() {
 
 ServiceAnswer CompanyService::registerCompany(const std::string& document, std::optional<std::size_t> idLength) {
     auto company = Document::parse(document, nullptr, false);
-    std::string id = userIdOf(company);
+    std::string id = readUserId(company);
     if (id.empty()) {
         return {400, "not a company\n"};
     }
     const std::lock_guard lock(guard_);
     if (id == kMarker) {
-        id = takeNumber();
+        id = assignNumber();
         for (const char* table : kTables) {
             company[table]["USER_ID"] = id;
         }

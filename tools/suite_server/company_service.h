@@ -22,7 +22,7 @@ public:
     ServiceAnswer registerCompany(const std::string& document, std::optional<std::size_t> idLength);
 
 private:
-    std::string takeNumber();
+    std::string assignNumber();
 
     std::filesystem::path companies_;
     std::filesystem::path lastNumber_;

@@ -49,13 +49,13 @@ private:
 }  // namespace
 
 void writeDurably(const std::filesystem::path& file, std::string_view bytes) {
-    const std::filesystem::path beside = file.string() + ".new";
+    const std::filesystem::path replacement = file.string() + ".new";
     {
-        const OpenFile fresh(beside, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
+        const OpenFile fresh(replacement, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
         fresh.write(bytes);
         fresh.sync();
     }
-    std::filesystem::rename(beside, file);
+    std::filesystem::rename(replacement, file);
     OpenFile(file.parent_path(), O_RDONLY | O_DIRECTORY | O_CLOEXEC).sync();
 }
 

@@ -33,13 +33,13 @@ struct Options {
     std::vector<std::string> misbehaviours;
 };
 
-bool takePort(std::string_view text, int& port) {
+bool parsePort(std::string_view text, int& port) {
     const char* end = text.data() + text.size();
     return std::from_chars(text.data(), end, port).ptr == end && port >= 0 && port <= 65535;
 }
 
 /// Returns nothing for an invalid command line.
-std::optional<Options> optionsOf(std::span<char*> arguments) {
+std::optional<Options> parseOptions(std::span<char*> arguments) {
     Options options;
     if (arguments.size() % 2 != 0) {
         return std::nullopt;
@@ -51,7 +51,7 @@ std::optional<Options> optionsOf(std::span<char*> arguments) {
             options.folder = value;
         } else if (name == "--misbehave") {
             options.misbehaviours.push_back(value);
-        } else if (name != "--port" || !takePort(value, options.port)) {
+        } else if (name != "--port" || !parsePort(value, options.port)) {
             return std::nullopt;
         }
     }
@@ -84,7 +84,7 @@ int main(int count, char** arguments) {
         std::cout << kUsage;
         return 0;
     }
-    const auto options = optionsOf(all);
+    const auto options = parseOptions(all);
     if (!options) {
         std::cerr << kUsage;
         return 2;

@@ -74,7 +74,7 @@ Misbehaviour MisbehaviourBoard::of(Service service) const {
     return byService_[static_cast<std::size_t>(service)];
 }
 
-Misbehaviour MisbehaviourBoard::arrivedAt(Service service) {
+Misbehaviour MisbehaviourBoard::countRequest(Service service) {
     const std::lock_guard lock(guard_);
     Misbehaviour& behaviour = byService_[static_cast<std::size_t>(service)];
     const Misbehaviour now = behaviour;

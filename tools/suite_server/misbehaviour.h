@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool instruct(std::string_view instruction);
     Misbehaviour of(Service service) const;
     /// Returns the faults for a request that has arrived, and counts it.
-    Misbehaviour arrivedAt(Service service);
+    Misbehaviour countRequest(Service service);
 
 private:
     mutable std::mutex guard_;

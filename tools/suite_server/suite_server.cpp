@@ -84,7 +84,7 @@ struct SuiteServer::Parts {
     template <typename Work>
     auto handler(Service service, const char* contentType, Work work) {
         return [this, service, contentType, work](const httplib::Request& request, httplib::Response& response) {
-            const Misbehaviour behaviour = board.arrivedAt(service);
+            const Misbehaviour behaviour = board.countRequest(service);
             if (behaviour.goneAt == 1) {
                 http.stop();  // first stops accepting, so that no new client is dropped
                 std::_Exit(EXIT_SUCCESS);
@@ -96,8 +96,8 @@ struct SuiteServer::Parts {
     }
 
     void setRoutes();
-    void setHabits();
-    void takeInstructions(const httplib::Request& request, httplib::Response& response);
+    void configure();
+    void readInstructions(const httplib::Request& request, httplib::Response& response);
 
     std::filesystem::path folder;
     PhotoService photos;
@@ -120,11 +120,11 @@ void SuiteServer::Parts::setRoutes() {
                  return photos.put(request.matches[1], request.get_header_value("Authorization"), request.body);
              }));
     http.Post("/misbehave", [this](const httplib::Request& request, httplib::Response& response) {
-        takeInstructions(request, response);
+        readInstructions(request, response);
     });
 }
 
-void SuiteServer::Parts::takeInstructions(const httplib::Request& request, httplib::Response& response) {
+void SuiteServer::Parts::readInstructions(const httplib::Request& request, httplib::Response& response) {
     if (request.remote_addr != kLoopback) {
         response.status = 403;
         return;
@@ -138,7 +138,7 @@ void SuiteServer::Parts::takeInstructions(const httplib::Request& request, httpl
     }
 }
 
-void SuiteServer::Parts::setHabits() {
+void SuiteServer::Parts::configure() {
     http.set_socket_options(ownPortOnly);
     http.set_payload_max_length(kLargestRequest);
     http.set_tcp_nodelay(true);
@@ -156,7 +156,7 @@ SuiteServer::SuiteServer(const std::filesystem::path& folder) {
     std::filesystem::remove(folder / "port");
     parts_ = std::make_unique<Parts>(folder);
     parts_->setRoutes();
-    parts_->setHabits();
+    parts_->configure();
 }
 
 SuiteServer::~SuiteServer() = default;

@@ -20,9 +20,9 @@ void must(bool done, const std::string& what) {
     }
 }
 
-class FastOperator {
+class FastDriver {
 public:
-    FastOperator(const std::string& display, const ui_driver::Office& office)
+    FastDriver(const std::string& display, const ui_driver::Office& office)
         : office_(office), probe_(display), terminal_(office, display, "DESK-01") {}
 
     void work(const std::string& number) {
@@ -55,7 +55,7 @@ private:
     void openAndClose(Spot button, const std::string& title, const std::string& key) {
         clickAt(button);
         must(terminal_.waitForWindow(title), "the click that opens " + title);
-        must(ui_driver::eventually([&] { return terminal_.titleInFront() == title; }), "the focus of " + title);
+        must(ui_driver::eventually([&] { return terminal_.frontTitle() == title; }), "the focus of " + title);
         probe_.key(key);
         probe_.waitForColourAt(middle_, colour_);
     }
@@ -90,7 +90,7 @@ private:
     unsigned long colour_ = 0;
 };
 
-int lostIn(int runs, FastOperator& clerk) {
+int lostIn(int runs, FastDriver& clerk) {
     int lost = 0;
     for (int run = 0; run < runs; ++run) {
         try {
@@ -115,7 +115,7 @@ int main(int argc, char* argv[]) {
     const ui_driver::VirtualDisplay display;
     const ui_driver::ServerProcess server(folder + "/server");
     const ui_driver::Office office(folder + "/office", server.port());
-    FastOperator clerk(display.name(), office);
+    FastDriver clerk(display.name(), office);
     const int runs = std::atoi(argv[2]);
     const int lost = lostIn(runs, clerk);
     std::cout << "input runs=" << runs << " lost=" << lost << "\n";

@@ -52,7 +52,7 @@ void write(const fs::path& file, const std::string& text) {
     std::ofstream(file, std::ios::binary) << text;
 }
 
-void killAllOf(const std::string& home) {
+void killProcesses(const std::string& home) {
     const std::string mark = "HOME=" + home + '\0';
     for (const auto& entry : fs::directory_iterator("/proc")) {
         std::ifstream stream(entry.path() / "environ", std::ios::binary);
@@ -83,12 +83,12 @@ InputMethod::InputMethod(InputMethodKind kind, const std::string& display, const
                     {"LANG", "C.UTF-8"},
                     {"QT_IM_MODULE", fcitx ? "fcitx" : "ibus"}};
     writeSettings();
-    outputOf({"setxkbmap", "-display", display, "-layout", "jp"});
+    readOutput({"setxkbmap", "-display", display, "-layout", "jp"});
     startBus();
     fcitx ? startFcitx() : startIbus();
 }
 
-InputMethod::~InputMethod() { killAllOf(home_); }
+InputMethod::~InputMethod() { killProcesses(home_); }
 
 void InputMethod::writeSettings() const {
     std::string bus = kBusSettings;
@@ -109,7 +109,7 @@ void InputMethod::startBus() {
 
 void InputMethod::startFcitx() {
     daemon_ = std::make_unique<Process>(unprivileged({"fcitx5", "--disable=wayland,waylandim"}), environment_);
-    must([&] { return !outputOf(unprivileged({"fcitx5-remote"}), environment_).empty(); }, "fcitx5");
+    must([&] { return !readOutput(unprivileged({"fcitx5-remote"}), environment_).empty(); }, "fcitx5");
 }
 
 void InputMethod::startIbus() {
@@ -118,8 +118,8 @@ void InputMethod::startIbus() {
         environment_);
     must(
         [&] {
-            outputOf(unprivileged({"ibus", "engine", "mozc-jp"}), environment_);
-            return outputOf(unprivileged({"ibus", "engine"}), environment_) == "mozc-jp";
+            readOutput(unprivileged({"ibus", "engine", "mozc-jp"}), environment_);
+            return readOutput(unprivileged({"ibus", "engine"}), environment_) == "mozc-jp";
         },
         "ibus");
 }

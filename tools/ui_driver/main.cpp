@@ -35,8 +35,8 @@ void open(Terminal& terminal, const std::string& argument, const std::filesystem
 }
 
 /// Chooses a photo, from the open dialog to the page that shows it.
-void takePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
-    const std::string photo = office.layPhoto();
+void choosePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
+    const std::string photo = office.copyPhoto();
     terminal.click("btm_PhotoSelect", 0);
     must(terminal.waitForWindow("ファイルを開く"), "the open dialog");
     terminal.shot(pictures / "open_dialog.png");
@@ -62,14 +62,14 @@ void session(Terminal& terminal, const Office& office, const std::string& argume
         goTo(terminal, page, pictures);
         if (page == 2) {
             terminal.enter("txt_Day_Off", "毎週水曜日・年末年始");
-            takePhoto(terminal, office, pictures);
+            choosePhoto(terminal, office, pictures);
         }
     }
     terminal.click("btm_Save");
     must(terminal.waitForNotice(), "the message after the save");
     terminal.shot(pictures / "saved.png");
     terminal.key("Return");
-    must(terminal.noticeGone() && terminal.waitForPage(4), "back on page 4");
+    must(terminal.isNoticeGone() && terminal.waitForPage(4), "back on page 4");
     terminal.click("btm_Back_Menu");
     must(terminal.waitForEnd() == 0, "the program has ended");
 }
@@ -82,13 +82,13 @@ void searchShots(Terminal& terminal, const std::string& button, const std::strin
     terminal.shot(pictures / (name + ".png"));
     terminal.shotOfScreen(pictures / (name + "_waiting.png"));
     terminal.key("Escape");
-    must(terminal.windowGone(title), title + " has ended");
+    must(terminal.isWindowGone(title), title + " has ended");
 }
 
 /// Answers the notice on the screen with its default button and waits for the page.
 void dismiss(Terminal& terminal, int page) {
     terminal.key("Return");
-    must(terminal.noticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
+    must(terminal.isNoticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
 }
 
 void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
@@ -100,7 +100,8 @@ void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
     must(terminal.waitForNotice(), "the refusal of an empty password");
     terminal.shot(pictures / "password_refused.png");
     terminal.key("Return");
-    must(terminal.noticeGone() && terminal.waitForPasswordDialog(), "the password dialog with the focus on the field");
+    must(terminal.isNoticeGone() && terminal.waitForPasswordDialog(),
+         "the password dialog with the focus on the field");
     terminal.shot(pictures / "password_focus.png");
     terminal.key("Escape");
     must(terminal.waitForPage(0), "page 0 after the password dialog");
@@ -154,7 +155,7 @@ void shots(Terminal& terminal, const Office& office, const std::string& argument
         if (page == 2) {
             searchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
             must(terminal.waitForPage(page), "page 2 is back");
-            takePhoto(terminal, office, pictures);
+            choosePhoto(terminal, office, pictures);
         }
     }
     searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
@@ -195,7 +196,7 @@ int main(int argc, char* argv[]) {
     try {
         std::filesystem::create_directories(pictures / "other");
         const ui_driver::VirtualDisplay display;
-        const Office office = Office::standing(argv[2]);
+        const Office office = Office::existing(argv[2]);
         Terminal terminal(office, display.name(), "DESK-01", {{"FONTCONFIG_FILE", FONTS}});
         work->second(terminal, office, argument, pictures);
         return 0;

@@ -30,7 +30,7 @@ constexpr uid_t kNobody = 65534;
     _exit(127);
 }
 
-int codeOf(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status); }
+int toExitCode(int status) { return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status); }
 
 }  // namespace
 
@@ -61,7 +61,7 @@ std::optional<int> Process::wait(std::chrono::milliseconds most) {
     close(end.fd);
     int status = 0;
     if (waitpid(pid_, &status, WNOHANG) == pid_) {
-        ended_ = codeOf(status);
+        ended_ = toExitCode(status);
     }
     return ended_;
 }
@@ -72,7 +72,7 @@ void Process::signal(int number) {
     }
 }
 
-std::string outputOf(const std::vector<std::string>& command, const Environment& extra) {
+std::string readOutput(const std::vector<std::string>& command, const Environment& extra) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         throw std::runtime_error("no pipe");
@@ -109,7 +109,7 @@ std::vector<std::string> unprivileged(const std::vector<std::string>& command) {
 void giveToUnprivileged(const std::filesystem::path& folder) {
     if (geteuid() == 0) {
         const std::string user = std::to_string(kNobody);
-        outputOf({"chown", "-R", user + ":" + user, folder.string()});
+        readOutput({"chown", "-R", user + ":" + user, folder.string()});
     }
 }
 

@@ -33,7 +33,7 @@ private:
 };
 
 /// Runs a program to its end and returns its output without trailing line breaks.
-std::string outputOf(const std::vector<std::string>& command, const Environment& extra = {});
+std::string readOutput(const std::vector<std::string>& command, const Environment& extra = {});
 
 /// Returns a command that runs the given one as an unprivileged user, even if the caller is root.
 std::vector<std::string> unprivileged(const std::vector<std::string>& command);

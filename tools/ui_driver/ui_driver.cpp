@@ -30,7 +30,7 @@ constexpr const char* kNothingCopied = "nothing has been copied";
 
 bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-std::string contentOf(const fs::path& file) {
+std::string readFile(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     std::ostringstream text;
     text << stream.rdbuf();
@@ -70,20 +70,20 @@ bool eventually(const std::function<bool()>& condition) {
 }
 
 VirtualDisplay::VirtualDisplay(const std::string& size) {
-    const fs::path told = fs::temp_directory_path() / ("orv-display-" + std::to_string(getpid()));
+    const fs::path displayFile = fs::temp_directory_path() / ("orv-display-" + std::to_string(getpid()));
     const std::string command =
-        "exec Xvfb -displayfd 3 -screen 0 " + size + "x24 -nolisten tcp -noreset 3>" + told.string();
+        "exec Xvfb -displayfd 3 -screen 0 " + size + "x24 -nolisten tcp -noreset 3>" + displayFile.string();
     server_ = std::make_unique<Process>(std::vector<std::string>{"bash", "-c", command + " 2>/dev/null"});
-    const bool up = eventually([&] { return contentOf(told).ends_with('\n'); });
-    name_ = ":" + contentOf(told);
-    fs::remove(told);
+    const bool up = eventually([&] { return readFile(displayFile).ends_with('\n'); });
+    name_ = ":" + readFile(displayFile);
+    fs::remove(displayFile);
     if (!up) {
         throw std::runtime_error("no virtual display");
     }
     name_.pop_back();
     const Environment here{{"DISPLAY", name_}};
     windowManager_ = std::make_unique<Process>(std::vector<std::string>{"openbox"}, here);
-    if (!eventually([&] { return contains(outputOf({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"}, here), "#"); })) {
+    if (!eventually([&] { return contains(readOutput({"xprop", "-root", "_NET_SUPPORTING_WM_CHECK"}, here), "#"); })) {
         throw std::runtime_error("no window manager");
     }
 }
@@ -93,26 +93,26 @@ ServerProcess::ServerProcess(const fs::path& folder) : folder_(folder) {
     fs::remove(folder_ / "port");
     process_ =
         std::make_unique<Process>(std::vector<std::string>{SUITE_SERVER, "--port", "0", "--folder", folder_.string()});
-    if (!eventually([&] { return !contentOf(folder_ / "port").empty(); })) {
+    if (!eventually([&] { return !readFile(folder_ / "port").empty(); })) {
         throw std::runtime_error("the server did not start");
     }
-    port_ = contentOf(folder_ / "port");
+    port_ = readFile(folder_ / "port");
     while (port_.ends_with('\n')) {
         port_.pop_back();
     }
 }
 
-std::string ServerProcess::log() const { return contentOf(folder_ / "requests.log"); }
+std::string ServerProcess::log() const { return readFile(folder_ / "requests.log"); }
 
 void ServerProcess::misbehave(const std::string& how) const {
-    outputOf({"curl", "-sS", "--data-binary", how, "http://127.0.0.1:" + port_ + "/misbehave"});
+    readOutput({"curl", "-sS", "--data-binary", how, "http://127.0.0.1:" + port_ + "/misbehave"});
 }
 
 Office::Office(fs::path folder, const std::string& port) : folder_(std::move(folder)) {
-    outputOf({MAKE_OFFICE, folder_.string(), PROGRAM, port});
+    readOutput({MAKE_OFFICE, folder_.string(), PROGRAM, port});
 }
 
-std::string Office::ask(const std::string& sql) const { return outputOf({"sqlite3", store().string(), sql}); }
+std::string Office::ask(const std::string& sql) const { return readOutput({"sqlite3", store().string(), sql}); }
 
 void Office::change(const std::string& sql) const { ask(sql); }
 
@@ -120,20 +120,20 @@ std::string Office::errLog() const {
     std::string bytes;
     for (const auto& entry : fs::recursive_directory_iterator(drive() / "ORV")) {
         if (entry.path().string().ends_with("_err.log")) {
-            bytes += contentOf(entry.path());
+            bytes += readFile(entry.path());
         }
     }
     return orv::Cp932().decode(bytes);
 }
 
-std::string Office::layPhoto() const {
+std::string Office::copyPhoto() const {
     const std::string name = "garden.jpg";
     fs::copy_file(kPhoto, drive() / "ORV/PHOTO" / name, fs::copy_options::overwrite_existing);
     return name;
 }
 
 int Office::menuStarts() const {
-    const std::string log = contentOf(drive() / "ORV/LOG/menu_started.log");
+    const std::string log = readFile(drive() / "ORV/LOG/menu_started.log");
     return static_cast<int>(std::count(log.begin(), log.end(), '\n'));
 }
 
@@ -164,7 +164,7 @@ void Terminal::startUnprivileged(const std::string& argument) {
 std::string Terminal::tool(const std::vector<std::string>& arguments) const {
     std::vector<std::string> command{"xdotool"};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    return outputOf(command, environment_);
+    return readOutput(command, environment_);
 }
 
 bool Terminal::findWindow(const std::string& title) {
@@ -182,7 +182,8 @@ bool Terminal::waitForForm(const std::string& form, const std::string& title, bo
     form_ = form;
     const std::string role = "\"" + form + (enabled ? "" : " (disabled)") + "\"";
     return eventually([&] {
-        return findWindow(title) && contains(outputOf({"xprop", "-id", window_, "WM_WINDOW_ROLE"}, environment_), role);
+        return findWindow(title) &&
+               contains(readOutput({"xprop", "-id", window_, "WM_WINDOW_ROLE"}, environment_), role);
     });
 }
 
@@ -197,11 +198,11 @@ bool Terminal::waitForConfirmation() { return waitForForm("frm_ImgCommon", "ç”»å
 
 bool Terminal::waitForNotice() { return waitForWindow(kNoticeTitle); }
 
-bool Terminal::windowGone(const std::string& title) const {
+bool Terminal::isWindowGone(const std::string& title) const {
     return eventually([&] { return tool({"search", "--onlyvisible", "--name", "^" + title + "$"}).empty(); });
 }
 
-bool Terminal::noticeGone() const { return windowGone(kNoticeTitle); }
+bool Terminal::isNoticeGone() const { return isWindowGone(kNoticeTitle); }
 
 int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", window_})); }
 
@@ -218,21 +219,21 @@ void Terminal::minimise() const { tool({"windowminimize", "--sync", window_}); }
 
 int Terminal::coloursShown() const {
     const std::string count =
-        outputOf({"bash", "-c", "import -window " + window_ + " miff:- | identify -format %k -"}, environment_);
+        readOutput({"bash", "-c", "import -window " + window_ + " miff:- | identify -format %k -"}, environment_);
     return count.empty() ? 0 : std::stoi(count);
 }
 
 void Terminal::putOnClipboard(const std::string& text) const {
     const fs::path file = fs::temp_directory_path() / ("orv-clip-" + std::to_string(getpid()));
     std::ofstream(file, std::ios::binary) << text;
-    outputOf({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);
+    readOutput({"bash", "-c", "xclip -selection clipboard -i '" + file.string() + "' >/dev/null 2>&1"}, environment_);
     fs::remove(file);
     if (!eventually([&] { return clipboard() == text; })) {
         throw std::runtime_error("the clipboard does not take a text");
     }
 }
 
-std::string Terminal::clipboard() const { return outputOf({"xclip", "-selection", "clipboard", "-o"}, environment_); }
+std::string Terminal::clipboard() const { return readOutput({"xclip", "-selection", "clipboard", "-o"}, environment_); }
 
 std::string Terminal::copied() {
     putOnClipboard(kNothingCopied);
@@ -276,7 +277,7 @@ Spot Terminal::inWindow(const std::string& control, int index) const {
 }
 
 Spot Terminal::onScreen(const std::string& control, int index) const {
-    const std::string facts = outputOf({"xwininfo", "-id", window_}, environment_);
+    const std::string facts = readOutput({"xwininfo", "-id", window_}, environment_);
     const auto absolute = [&](const std::string& axis) {
         const std::string label = "Absolute upper-left " + axis + ":";
         return std::stoi(facts.substr(facts.find(label) + label.size()));
@@ -311,8 +312,8 @@ void Terminal::typeAscii(const std::string& text) {
 void Terminal::shot(const fs::path& picture) const {
     std::string before;
     const bool still = eventually([&] {
-        outputOf({"import", "-window", window_, picture.string()}, environment_);
-        return std::exchange(before, contentOf(picture)) == before;
+        readOutput({"import", "-window", window_, picture.string()}, environment_);
+        return std::exchange(before, readFile(picture)) == before;
     });
     if (!still) {
         throw std::runtime_error("the window of " + form_ + " is never painted");
@@ -320,7 +321,7 @@ void Terminal::shot(const fs::path& picture) const {
 }
 
 void Terminal::shotOfScreen(const fs::path& picture) const {
-    outputOf({"import", "-window", "root", picture.string()}, environment_);
+    readOutput({"import", "-window", "root", picture.string()}, environment_);
 }
 
 std::optional<int> Terminal::waitForEnd() { return process_->wait(kPatience); }

@@ -48,7 +48,7 @@ class Office {
 public:
     Office(std::filesystem::path folder, const std::string& port);
     /// Returns an office that has been made before.
-    static Office standing(std::filesystem::path folder) { return Office(std::move(folder)); }
+    static Office existing(std::filesystem::path folder) { return Office(std::move(folder)); }
 
     const std::filesystem::path& folder() const { return folder_; }
     std::filesystem::path drive() const { return folder_ / "C"; }
@@ -60,7 +60,7 @@ public:
     std::string errLog() const;
     /// Copies a real photo to the folder where the open dialog begins, and returns its name. The photo is larger than
     /// the limit for registration.
-    std::string layPhoto() const;
+    std::string copyPhoto() const;
     /// Returns the number of times that the menu was started.
     int menuStarts() const;
 
@@ -89,15 +89,15 @@ public:
     [[nodiscard]] bool waitForConfirmation();
     /// Waits for a question or notice of the program.
     [[nodiscard]] bool waitForNotice();
-    [[nodiscard]] bool windowGone(const std::string& title) const;
-    [[nodiscard]] bool noticeGone() const;
+    [[nodiscard]] bool isWindowGone(const std::string& title) const;
+    [[nodiscard]] bool isNoticeGone() const;
     /// Returns the process of the window that was last waited for.
     int windowProcess() const;
     /// Brings that window to the front, even if it is minimised.
     void toFront() const;
     void minimise() const;
     /// Returns the title of the window that has the keyboard focus.
-    std::string titleInFront() const { return tool({"getactivewindow", "getwindowname"}); }
+    std::string frontTitle() const { return tool({"getactivewindow", "getwindowname"}); }
     /// Returns the number of colours that the window shows now. There are few before it has been painted.
     int coloursShown() const;
     /// Returns the text of the notice on the screen.

@@ -1,4 +1,4 @@
-#include "session.h"
+#include "scenario.h"
 
 #include <csignal>
 #include <fstream>
@@ -18,7 +18,7 @@
 namespace crash_test {
 namespace {
 
-class StandingClock : public orv::Clock {
+class FixedClock : public orv::Clock {
 public:
     orv::DateTime now() const override {
         return {.year = 2026, .month = 5, .day = 4, .hour = 9, .minute = 8, .second = 7};
@@ -32,27 +32,27 @@ public:
     std::int32_t LastAnswer() const override { return 0; }
     bool ShowMessage(const std::string& id, const orv::Values& args) override {
         if (id != "LOG00001") {  // concerns the log, not the event
-            told += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
+            messages += "|" + id + (args.empty() ? "" : "," + orv::toText(args.front()));
         }
         return true;
     }
     std::size_t showNotice(const orv::Notice& notice) override {
-        told += "|box," + notice.title;
+        messages += "|box," + notice.title;
         return notice.defaultButton;
     }
     void runModal(orv::Form& form) override { dynamic_cast<orv::frm_ImgCommon&>(form).cmd_Entry.press(); }
 
-    std::string told;
+    std::string messages;
 };
 
 /// True if the messages are only those of a successful event.
-bool wentWell(std::string told) {
+bool wentWell(std::string messages) {
     for (const std::string expected : {"|COS20001", "|COS20002", "|ADD00010", "|COS05574"}) {
-        for (std::size_t at = told.find(expected); at != std::string::npos; at = told.find(expected)) {
-            told.erase(at, expected.size());
+        for (std::size_t at = messages.find(expected); at != std::string::npos; at = messages.find(expected)) {
+            messages.erase(at, expected.size());
         }
     }
-    return told.empty();
+    return messages.empty();
 }
 
 class Session {
@@ -74,12 +74,12 @@ public:
         }
         report_ << "shown|" << orv::page<orv::frm_CompInp0>().txt_Tanto_Name.text();
         for (std::int16_t slot = 0; slot < 2; ++slot) {
-            report_ << "|" << fingerprintOf(native(orv::com().TmpNoTmpFile(slot)));
+            report_ << "|" << fingerprint(native(orv::com().TmpNoTmpFile(slot)));
         }
         report_ << std::endl;
-        untilWell("edit", [this] { edit(); });
-        untilWell("save", [this] { screen().btm_Save.press(); });
-        untilWell("leave", [this] {
+        performTwice("edit", [this] { edit(); });
+        performTwice("save", [this] { screen().btm_Save.press(); });
+        performTwice("leave", [this] {
             if (orv::services().forms->activeForm() != nullptr) {
                 screen().btm_Back_Menu.press();
             }
@@ -92,14 +92,14 @@ private:
     static void turnTo(std::size_t page) { screen().btm_ChangePage[page].press(); }
 
     bool perform(const std::string& name, const std::function<void()>& event) {
-        operator_.told.clear();
+        operator_.messages.clear();
         event();
         orv::services().forms->sweep();
-        report_ << name << operator_.told << std::endl;
+        report_ << name << operator_.messages << std::endl;
         eventIsOver();
-        return wentWell(operator_.told);
+        return wentWell(operator_.messages);
     }
-    void untilWell(const std::string& name, const std::function<void()>& event) {
+    void performTwice(const std::string& name, const std::function<void()>& event) {
         if (!perform(name, event)) {
             perform(name, event);
         }
@@ -124,7 +124,7 @@ private:
     const Scenario& scenario_;
     std::ofstream report_;
     headless::Program program_;
-    StandingClock clock_;
+    FixedClock clock_;
     Operator operator_;
 };
 
@@ -132,7 +132,7 @@ private:
 
 void runScenario(const Scenario& scenario) { Session(scenario).work(); }
 
-std::string fingerprintOf(const std::string& nativePath) {
+std::string fingerprint(const std::string& nativePath) {
     std::ostringstream content;
     content << std::ifstream(nativePath, std::ios::binary).rdbuf();
     const std::string bytes = content.str();

@@ -1,4 +1,4 @@
-#include "trial.h"
+#include "failing_calls.h"
 
 #include <cerrno>
 #include <chrono>
@@ -13,47 +13,47 @@ using Clock = std::chrono::steady_clock;
 constexpr int kLimits = 30;
 
 /// One kind of failure, injected at each of the calls to which it applies.
-struct Way {
+struct CallFailure {
     const char* name;
-    Injection::Way way;
+    Injection::Kind kind;
     Answer answer;
 };
 
-constexpr Way kWays[] = {
-    {"kill", Injection::Way::Kill, 0},
-    {"kill within a writing", Injection::Way::KillHalfway, 0},
-    {"EIO once", Injection::Way::Once, EIO},
-    {"EIO lasting", Injection::Way::Lasting, EIO},
-    {"EACCES once", Injection::Way::Once, EACCES},
-    {"EACCES lasting", Injection::Way::Lasting, EACCES},
-    {"ENOSPC once", Injection::Way::Once, ENOSPC},
-    {"ENOSPC lasting", Injection::Way::Lasting, ENOSPC},
-    {"ENOSPC within a writing", Injection::Way::Halfway, ENOSPC},
-    {"ENOLCK once", Injection::Way::Once, ENOLCK},
-    {"EMFILE once", Injection::Way::Once, EMFILE},
-    {"EMFILE lasting", Injection::Way::Lasting, EMFILE},
-    {"ECONNREFUSED once", Injection::Way::Once, ECONNREFUSED},
-    {"ECONNREFUSED lasting", Injection::Way::Lasting, ECONNREFUSED},
-    {"connection cut", Injection::Way::Cut, 0},
-    {"ETIMEDOUT once", Injection::Way::Once, ETIMEDOUT},
-    {"ETIMEDOUT lasting", Injection::Way::Lasting, ETIMEDOUT},
+constexpr CallFailure kCallFailures[] = {
+    {"kill", Injection::Kind::Kill, 0},
+    {"kill within a writing", Injection::Kind::KillHalfway, 0},
+    {"EIO once", Injection::Kind::Once, EIO},
+    {"EIO lasting", Injection::Kind::Lasting, EIO},
+    {"EACCES once", Injection::Kind::Once, EACCES},
+    {"EACCES lasting", Injection::Kind::Lasting, EACCES},
+    {"ENOSPC once", Injection::Kind::Once, ENOSPC},
+    {"ENOSPC lasting", Injection::Kind::Lasting, ENOSPC},
+    {"ENOSPC within a writing", Injection::Kind::Halfway, ENOSPC},
+    {"ENOLCK once", Injection::Kind::Once, ENOLCK},
+    {"EMFILE once", Injection::Kind::Once, EMFILE},
+    {"EMFILE lasting", Injection::Kind::Lasting, EMFILE},
+    {"ECONNREFUSED once", Injection::Kind::Once, ECONNREFUSED},
+    {"ECONNREFUSED lasting", Injection::Kind::Lasting, ECONNREFUSED},
+    {"connection cut", Injection::Kind::Cut, 0},
+    {"ETIMEDOUT once", Injection::Kind::Once, ETIMEDOUT},
+    {"ETIMEDOUT lasting", Injection::Kind::Lasting, ETIMEDOUT},
 };
 
 }  // namespace
 
-Trial::Trial(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step)
+FailingCalls::FailingCalls(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step)
     : Checker(fixture, server, std::move(store)), step_(step) {}
 
-void Trial::run(const CompanyKind& kind) {
+void FailingCalls::run(const CompanyKind& kind) {
     fixture_.begin(kind);
     learn();
-    for (const Way& way : kWays) {
-        injectEverywhere({way.way, 0, way.answer}, way.name);
+    for (const CallFailure& failure : kCallFailures) {
+        injectEverywhere({failure.kind, 0, failure.answer}, failure.name);
     }
 }
 
 /// False if the scenario has fewer calls.
-bool Trial::injectOnce(const Injection& injection, const std::string& name) {
+bool FailingCalls::injectOnce(const Injection& injection, const std::string& name) {
     point_ = name + " " + std::to_string(injection.at);
     fixture_.comeBack();
     const auto begun = Clock::now();
@@ -73,7 +73,7 @@ bool Trial::injectOnce(const Injection& injection, const std::string& name) {
     return true;
 }
 
-void Trial::injectEverywhere(Injection injection, const std::string& name) {
+void FailingCalls::injectEverywhere(Injection injection, const std::string& name) {
     const auto start = Clock::now();
     const int pointsBefore = points_;
     const int faultsBefore = faults_;

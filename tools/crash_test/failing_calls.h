@@ -5,10 +5,10 @@
 namespace crash_test {
 
 /// Runs a scenario repeatedly, with a failure injected at one call after the other.
-class Trial : public Checker {
+class FailingCalls : public Checker {
 public:
     /// `step` selects every STEP-th call.
-    Trial(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step);
+    FailingCalls(OfficeFixture& fixture, const ui_driver::ServerProcess& server, std::string store, int step);
 
     void run(const CompanyKind& kind);
 

@@ -22,6 +22,6 @@ struct Scenario {
 void runScenario(const Scenario& scenario);
 
 /// Returns a short name for the content of a file.
-std::string fingerprintOf(const std::string& nativePath);
+std::string fingerprint(const std::string& nativePath);
 
 }  // namespace crash_test
