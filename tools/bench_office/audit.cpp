@@ -12,7 +12,7 @@ struct History {
     std::set<int> unsure;
 };
 
-std::map<std::string, History> historiesOf(const std::vector<Entry>& entries) {
+std::map<std::string, History> collectHistories(const std::vector<Entry>& entries) {
     std::map<std::string, History> histories;
     for (const Entry& entry : entries) {
         if (entry.deed == Deed::Saved) {
@@ -58,7 +58,7 @@ void follow(const History& history, int stored, Losses& losses) {
 
 Losses audit(const std::vector<Entry>& entries, const std::map<std::string, int>& stored) {
     Losses losses;
-    for (const auto& [company, history] : historiesOf(entries)) {
+    for (const auto& [company, history] : collectHistories(entries)) {
         const auto found = stored.find(company);
         follow(history, found == stored.end() ? 0 : found->second, losses);
     }

@@ -14,13 +14,13 @@ namespace {
 
 constexpr const char* kModel = "000004601";
 
-std::string contentOf(const fs::path& path) {
+std::string readFile(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// Returns copies of the model's row with their own numbers, without photos, which are not part of the store.
-std::string copiesOf(orv::StoreConnection& store, const std::string& table, int companies) {
+std::string copyRows(orv::StoreConnection& store, const std::string& table, int companies) {
     std::string names;
     std::string values;
     for (const std::string& column : store.columns(table)) {
@@ -41,7 +41,7 @@ Site::Site(fs::path folder, const fs::path& store, int companies) : folder_(std:
     fs::copy_file(store, this->store());
     const auto open = orv::officeStore()(this->store(), orv::StoreAccess::ReadWrite);
     for (const char* table : {"TBL_CUSTOMER_INFO", "TBL_CUSTOMER_ADD", "TBL_CUSTOMER_DATE"}) {
-        open->runScript(copiesOf(*open, table, companies));
+        open->runScript(copyRows(*open, table, companies));
     }
 }
 
@@ -85,7 +85,7 @@ int Site::locks() const {
 void makeSampleFile(const fs::path& file) {
     std::string sql;
     for (const char* name : {"schema", "masters", "companies"}) {
-        sql += contentOf(fs::path(orv::kSampleFolder) / "sql" / (std::string(name) + ".sql"));
+        sql += readFile(fs::path(orv::kSampleFolder) / "sql" / (std::string(name) + ".sql"));
     }
     orv::SqliteDatabase(file.string(), orv::StoreAccess::Create, {}).runScript(sql);
 }

@@ -16,7 +16,7 @@ using namespace bench;
 constexpr int kEvents = 10;
 constexpr int kSaves = 5;
 
-std::string companyOf(int number) { return std::to_string(100000000 + number); }
+std::string companyId(int number) { return std::to_string(100000000 + number); }
 
 struct Shift {
     std::string programFolder;
@@ -34,9 +34,9 @@ void runProgram(const Shift& shift, unsigned seed) {
     std::uniform_int_distribution<int> company(1, shift.companies);
     std::uniform_int_distribution<int> event(1, kEvents);
     Terminal terminal(shift.programFolder, shift.ledger);
-    bool goesOn = terminal.open(companyOf(company(chance)));
+    bool goesOn = terminal.open(companyId(company(chance)));
     for (int next = event(chance); goesOn && next != kEvents && nanosecondsNow() < shift.end; next = event(chance)) {
-        goesOn = act(terminal, next, companyOf(company(chance)));
+        goesOn = act(terminal, next, companyId(company(chance)));
     }
     terminal.leave();
 }

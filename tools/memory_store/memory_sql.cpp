@@ -32,7 +32,7 @@ public:
             {"SELECT", &Statement::select}, {"INSERT", &Statement::insert}, {"UPDATE", &Statement::update},
             {"DELETE", &Statement::erase},  {"CREATE", &Statement::create}, {"DROP", &Statement::drop},
             {"ALTER", &Statement::rename}};
-        const auto kind = kinds.find(upperCase(take()));
+        const auto kind = kinds.find(upperCase(nextWord()));
         if (kind == kinds.end()) {
             refuseWord(words_.front());
         }
@@ -45,7 +45,7 @@ public:
 
 private:
     MemoryTable& table() {
-        const std::string name = take();
+        const std::string name = nextWord();
         const auto found = tables_.find(upperCase(name));
         return found != tables_.end() ? found->second : (refuseWord(name), found->second);
     }
@@ -64,7 +64,7 @@ private:
         std::erase_if(rows, [keep = condition()](const Values& row) { return !keep(row); });
         order(rows);
         if (accept("LIMIT")) {
-            rows.resize(std::min<std::size_t>(rows.size(), std::stoul(take())));
+            rows.resize(std::min<std::size_t>(rows.size(), std::stoul(nextWord())));
         }
         const std::size_t end = std::exchange(at_, items);
         project(rows);
@@ -74,7 +74,7 @@ private:
     std::vector<Values> source() {
         const MemoryTable& first = table();
         lookInto(first);
-        flags_ = flagsOf(first);
+        flags_ = listFlagColumns(first);
         passName("A");
         const bool keepsAll = accept("LEFT");
         return accept("JOIN") ? joined(first, table(), keepsAll) : first.rows;
@@ -87,7 +87,7 @@ private:
     std::vector<Values> joined(const MemoryTable& first, const MemoryTable& second, bool keepsAll) {
         second_ = scope_.size();
         lookInto(second);
-        const auto more = flagsOf(second);
+        const auto more = listFlagColumns(second);
         flags_.insert(flags_.end(), more.begin(), more.end());
         passName("B");
         expect("ON");
@@ -107,7 +107,7 @@ private:
         }
         return rows;
     }
-    static std::vector<bool> flagsOf(const MemoryTable& table) {
+    static std::vector<bool> listFlagColumns(const MemoryTable& table) {
         std::vector<bool> flags;
         for (const MemoryTable::Column& column : table.columns) {
             flags.push_back(column.isFlag);
@@ -120,7 +120,7 @@ private:
         }
         expect("BY");
         std::vector<Cell> keys;
-        list([&] { keys.push_back(isdigit(words_.at(at_)[0]) != 0 ? nthItem(std::stoul(take())) : term()); });
+        list([&] { keys.push_back(isdigit(words_.at(at_)[0]) != 0 ? nthItem(std::stoul(nextWord())) : term()); });
         std::ranges::stable_sort(rows, [&](const Values& left, const Values& right) {
             for (const Cell& key : keys) {
                 if (isBefore(key(left), key(right)) || isBefore(key(right), key(left))) {
@@ -182,7 +182,7 @@ private:
         std::vector<std::size_t> places;
         lookInto(into);
         if (accept("(")) {
-            list([&] { places.push_back(column(take())); });
+            list([&] { places.push_back(column(nextWord())); });
             expect(")");
         }
         if (places.empty()) {
@@ -220,7 +220,7 @@ private:
         expect("SET");
         std::vector<std::pair<std::size_t, Cell>> assignments;
         list([&] {
-            const std::size_t place = column(take());
+            const std::size_t place = column(nextWord());
             expect("=");
             assignments.emplace_back(place, expression());
         });
@@ -262,7 +262,7 @@ private:
     void create() {
         accept("TEMP");
         expect("TABLE");
-        const std::string name = upperCase(take());
+        const std::string name = upperCase(nextWord());
         MemoryTable made;
         if (accept("AS")) {
             accept("SELECT");
@@ -282,13 +282,13 @@ private:
             expect("KEY");
             expect("(");
             list([&] {
-                const std::string key = take();
+                const std::string key = nextWord();
                 std::ranges::find(made.columns, key, &MemoryTable::Column::name)->isKey = true;
             });
             expect(")");
             return;
         }
-        MemoryTable::Column column{take()};
+        MemoryTable::Column column{nextWord()};
         column.isFlag = upperCase(words_.at(at_)) == "BOOLEAN";
         for (; at_ < words_.size() && words_[at_] != "," && words_[at_] != ")"; ++at_) {
             column.isKey = column.isKey || upperCase(words_[at_]) == "PRIMARY";
@@ -297,15 +297,15 @@ private:
     }
     void drop() {
         expect("TABLE");
-        tables_.erase(upperCase(take()));
+        tables_.erase(upperCase(nextWord()));
     }
     void rename() {
         expect("TABLE");
-        const std::string from = upperCase(take());
+        const std::string from = upperCase(nextWord());
         expect("RENAME");
         expect("TO");
         auto node = tables_.extract(from);
-        node.key() = upperCase(take());
+        node.key() = upperCase(nextWord());
         tables_.insert(std::move(node));
     }
 
@@ -316,7 +316,7 @@ private:
 
 }  // namespace
 
-MemoryTable tableOf(const MemoryTables& tables, const std::string& name) {
+MemoryTable findTable(const MemoryTables& tables, const std::string& name) {
     const auto found = tables.find(upperCase(name));
     return found != tables.end() ? found->second : MemoryTable();
 }

@@ -31,7 +31,7 @@ struct MemoryResult {
 };
 
 /// Returns the table with that name, or one without columns.
-MemoryTable tableOf(const MemoryTables& tables, const std::string& name);
+MemoryTable findTable(const MemoryTables& tables, const std::string& name);
 
 /// Runs one statement of the forms that the system and its tests use. `$1` is the first parameter. Throws a
 /// StoreFailure for any other form, an unknown name or a duplicate key. The tables can then be partly changed.

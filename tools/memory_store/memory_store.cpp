@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr StoreRefusal kMissing{"DBFILE01", Failure::FileNotFound, "データベースのファイルが見つかりません。"};
 
 /// Returns the tables of the store with that file. Those of a copied file are copied at first use.
-MemoryTables& tablesOf(const std::string& path) {
+MemoryTables& openTables(const std::string& path) {
     static std::map<std::string, MemoryTables> all;
     if (!fs::exists(path)) {
         std::ofstream(path) << path;
@@ -34,7 +34,7 @@ std::vector<std::string> oneStatement(const std::string& sql) {
     if (sql.find('\0') != std::string::npos) {
         refuse(kBadCharacter);
     }
-    const auto statements = statementsOf(sql);
+    const auto statements = splitStatements(sql);
     if (statements.size() != 1) {
         refuse(statements.empty() ? kNoStatement : kManyStatements);
     }
@@ -78,7 +78,7 @@ public:
     std::vector<std::string> keyColumns(const std::string& table) override { return names(table, true); }
 
     void runScript(const std::string& sql) override {
-        for (const auto& statement : statementsOf(sql)) {
+        for (const auto& statement : splitStatements(sql)) {
             if (statement.size() > 1) {  // BEGIN and COMMIT
                 runStatement(present(), statement, {});
             }
@@ -91,7 +91,7 @@ private:
     MemoryTables& present() { return own_ ? *own_ : tables_; }
     std::vector<std::string> names(const std::string& table, bool keysOnly) {
         std::vector<std::string> found;
-        for (const MemoryTable::Column& column : tableOf(present(), table).columns) {
+        for (const MemoryTable::Column& column : findTable(present(), table).columns) {
             if (column.isKey || !keysOnly) {
                 found.push_back(column.name);
             }
@@ -112,15 +112,15 @@ StoreOpener memoryStore() {
         if (!fs::is_regular_file(nativePath)) {
             refuse(kMissing);
         }
-        return std::make_unique<MemoryStore>(tablesOf(nativePath));
+        return std::make_unique<MemoryStore>(openTables(nativePath));
     };
 }
 
-void runInMemory(const std::string& path, const std::string& sql) { MemoryStore(tablesOf(path)).runScript(sql); }
+void runInMemory(const std::string& path, const std::string& sql) { MemoryStore(openTables(path)).runScript(sql); }
 
 std::vector<std::string> rowsInMemory(const std::string& path, const std::string& select) {
     std::vector<std::string> found;
-    for (const Values& row : runStatement(tablesOf(path), oneStatement(select), {}).rows) {
+    for (const Values& row : runStatement(openTables(path), oneStatement(select), {}).rows) {
         std::string& line = found.emplace_back();
         for (const Value& value : row) {
             line += (&value == &row.front() ? "" : "|") + shown(value);

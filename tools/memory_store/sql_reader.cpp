@@ -34,7 +34,7 @@ std::size_t endOfWord(const std::string& sql, std::size_t from) {
 
 bool isText(const std::string& word) { return word.starts_with('\''); }
 
-std::string contentOf(const std::string& literal) {
+std::string unquote(const std::string& literal) {
     std::string text;
     for (std::size_t at = 1; at + 1 < literal.size(); ++at) {
         text += literal[at];
@@ -54,7 +54,7 @@ std::string plainText(const Value& value) {
     return flag != nullptr ? (*flag ? "1" : "0") : toText(value);
 }
 
-std::vector<std::vector<std::string>> statementsOf(const std::string& sql) {
+std::vector<std::vector<std::string>> splitStatements(const std::string& sql) {
     std::vector<std::vector<std::string>> all(1);
     for (std::size_t at = 0; at < sql.size();) {
         if (sql.compare(at, 2, "--") == 0) {
@@ -91,7 +91,7 @@ std::size_t SqlReader::column(const std::string& name, std::size_t from) const {
 
 SqlReader::Cell SqlReader::name(const std::string& first) {
     const bool isQualified = accept(".");
-    const std::size_t place = isQualified ? column(take(), upperCase(first) == "B" ? second_ : 0) : column(first);
+    const std::size_t place = isQualified ? column(nextWord(), upperCase(first) == "B" ? second_ : 0) : column(first);
     return [place](const Values& row) { return row[place]; };
 }
 
@@ -99,11 +99,11 @@ SqlReader::Cell SqlReader::part(bool hasStart) {
     expect("(");
     const Cell text = expression();
     expect(",");
-    const std::size_t from = hasStart ? std::stoul(take()) - 1 : 0;
+    const std::size_t from = hasStart ? std::stoul(nextWord()) - 1 : 0;
     if (hasStart) {
         expect(",");
     }
-    const std::size_t count = std::stoul(take());
+    const std::size_t count = std::stoul(nextWord());
     expect(")");
     return [=](const Values& row) {
         const Value value = text(row);
@@ -116,14 +116,14 @@ SqlReader::Cell SqlReader::part(bool hasStart) {
 }
 
 SqlReader::Cell SqlReader::term() {
-    const std::string word = take();
+    const std::string word = nextWord();
     const std::string big = upperCase(word);
     if (big == "LEFT" || big == "SUBSTR") {
         return part(big == "SUBSTR");
     }
     const auto constant = [](Value value) { return [value](const Values&) { return value; }; };
     if (isText(word)) {
-        return constant(contentOf(word));
+        return constant(unquote(word));
     }
     if (big == "TRUE" || big == "FALSE") {
         return constant(big == "TRUE");

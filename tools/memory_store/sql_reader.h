@@ -12,7 +12,7 @@ namespace orv {
 std::string plainText(const Value& value);
 
 /// Splits `sql` into statements, and each statement into words, texts and marks.
-std::vector<std::vector<std::string>> statementsOf(const std::string& sql);
+std::vector<std::vector<std::string>> splitStatements(const std::string& sql);
 
 /// Throws a StoreFailure that names the word.
 [[noreturn]] void refuseWord(const std::string& word);
@@ -27,7 +27,7 @@ protected:
     SqlReader(std::vector<std::string> words, const Values& parameters)
         : words_(std::move(words)), parameters_(parameters) {}
 
-    std::string take() { return at_ < words_.size() ? words_[at_++] : std::string(); }
+    std::string nextWord() { return at_ < words_.size() ? words_[at_++] : std::string(); }
     bool accept(const std::string& word);
     void expect(const std::string& word);
     template <typename Item>

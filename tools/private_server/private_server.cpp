@@ -24,7 +24,7 @@ constexpr const char* kOwner = "keeper";
 constexpr ::uid_t kNobody = 65534;
 constexpr int kTries = 3600;  // 50 ms each
 
-std::string contentOf(const fs::path& path) {
+std::string readFile(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -35,15 +35,15 @@ void require(bool fine, const std::string& otherwise) {
     }
 }
 
-pid_t processOf(const fs::path& pidFile) {
-    const std::string digits = contentOf(pidFile);
+pid_t readProcessId(const fs::path& pidFile) {
+    const std::string digits = readFile(pidFile);
     return digits.empty() ? 0 : std::stoi(digits);
 }
 
 /// Returns the server's process and those of its sessions.
 std::vector<pid_t> serverProcesses(const fs::path& folder) {
     std::vector<pid_t> processes;
-    const pid_t server = processOf(folder / "data/postmaster.pid");
+    const pid_t server = readProcessId(folder / "data/postmaster.pid");
     if (server > 0) {
         const std::string id = std::to_string(server);
         std::ifstream children("/proc/" + id + "/task/" + id + "/children");
@@ -73,12 +73,12 @@ int freePort() {
 
 /// Ends the processes of the folder and removes it.
 void cleanUp(const fs::path& folder) {
-    const pid_t pooler = processOf(folder / "pooler.pid");
+    const pid_t pooler = readProcessId(folder / "pooler.pid");
     if (pooler > 0) {
         ::kill(pooler, SIGTERM);
     }
     const fs::path pidFile = folder / "data/postmaster.pid";
-    const pid_t server = processOf(pidFile);
+    const pid_t server = readProcessId(pidFile);
     sendAll(folder, SIGCONT);
     if (server > 0) {
         ::kill(server, SIGQUIT);
@@ -99,12 +99,12 @@ PrivateServer::PrivateServer() {
     std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
         << "listen_addresses = ''\nunix_socket_directories = '" << folder_.string()
         << "'\nfsync = off\nshared_buffers = 16MB\nlog_min_messages = fatal\n";
-    const std::string rules = contentOf(folder_ / "data/pg_hba.conf");
+    const std::string rules = readFile(folder_ / "data/pg_hba.conf");
     std::ofstream(folder_ / "data/pg_hba.conf") << "local all guarded scram-sha-256\n" << rules;
     start();
     sql("postgres", "CREATE DATABASE sample");
     for (const char* name : {"server", "schema", "masters", "companies", "locks", "transmit"}) {
-        sql("sample", contentOf(fs::path(kSampleFolder) / "sql" / (std::string(name) + ".sql")));
+        sql("sample", readFile(fs::path(kSampleFolder) / "sql" / (std::string(name) + ".sql")));
     }
 }
 
@@ -151,7 +151,7 @@ void PrivateServer::run(const std::string& command) const {
     const std::string whole = "cd '" + folder_.string() + "' && PATH=" POSTGRES_FOLDER ":/usr/sbin:$PATH " + user +
                               command + " >command.log 2>&1 </dev/null";
     const bool fine = std::system(whole.c_str()) == 0;  // NOLINT(cert-env33-c)
-    require(fine, command + "\n" + contentOf(folder_ / "command.log"));
+    require(fine, command + "\n" + readFile(folder_ / "command.log"));
 }
 
 std::string PrivateServer::text(const std::string& database) const {
@@ -161,7 +161,7 @@ std::string PrivateServer::text(const std::string& database) const {
 std::string PrivateServer::sql(const std::string& database, const std::string& sql) const {
     std::ofstream(folder_ / "statements.sql") << sql;
     run("psql -X -q -A -t -v ON_ERROR_STOP=1 -f statements.sql -o rows.txt '" + text(database) + "'");
-    return contentOf(folder_ / "rows.txt");
+    return readFile(folder_ / "rows.txt");
 }
 
 std::string PrivateServer::storeFile() {
@@ -183,7 +183,7 @@ void PrivateServer::listen() {
     port_ = freePort();
     std::ofstream(folder_ / "data/postgresql.conf", std::ios::app)
         << "ssl = on\nlisten_addresses = '127.0.0.1'\nport = " << port_ << "\n";
-    const std::string rules = contentOf(folder_ / "data/pg_hba.conf");
+    const std::string rules = readFile(folder_ / "data/pg_hba.conf");
     std::ofstream(folder_ / "data/pg_hba.conf") << "hostnossl all all 127.0.0.1/32 reject\n" << rules;
     start();
 }
