@@ -84,7 +84,7 @@ bool show(int pageNumber, const PageBinding& binding) {
             return false;
         }
         if (!gErrItems.empty()) {
-            tell("ESSX5050", {gErrItems});
+            showMessage("ESSX5050", {gErrItems});
         }
         return true;
     });

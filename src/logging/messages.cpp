@@ -11,11 +11,11 @@ constexpr std::int32_t kPresentStateStays = 1;
 
 }  // namespace
 
-void tell(const std::string& id, const Values& args) { services().message->ShowMessage(id, args); }
+void showMessage(const std::string& id, const Values& args) { services().message->ShowMessage(id, args); }
 
-bool staysAfter(const std::string& id, const Values& args) {
+bool confirm(const std::string& id, const Values& args) {
     services().message->ShowMessage(id, args);
-    return services().message->LastAnswer() == kPresentStateStays;
+    return services().message->LastAnswer() != kPresentStateStays;
 }
 
 bool showOrFail(const std::string& id, const Values& args) {

@@ -7,10 +7,10 @@
 namespace orv {
 
 /// Shows a message. Ignores a failure to show it.
-void tell(const std::string& id, const Values& args = {});
+void showMessage(const std::string& id, const Values& args = {});
 
-/// Asks a question. True if the operator wants to keep the present state.
-[[nodiscard]] bool staysAfter(const std::string& id, const Values& args = {});
+/// Asks a question. False if the operator wants to keep the present state.
+[[nodiscard]] bool confirm(const std::string& id, const Values& args = {});
 
 /// Shows a message. On false the pair holds the service's failure.
 [[nodiscard]] bool showOrFail(const std::string& id, const Values& args);

@@ -119,9 +119,9 @@ bool write(const LogKind& kind, const Values& args, std::optional<Refusal>& refu
     return true;
 }
 
-void tellOnce(const Refusal& refusal) {
+void reportOnce(const Refusal& refusal) {
     if (!std::exchange(theContext.logRefusalShown, true)) {
-        static_cast<void>(caught([&] { tell("LOG00001", {refusal.log, refusal.instead}); }));
+        static_cast<void>(caught([&] { showMessage("LOG00001", {refusal.log, refusal.instead}); }));
     }
 }
 
@@ -147,7 +147,7 @@ bool bas_WriteLog::PF_WriteLog(const std::string& kind, const Values& args) {
         return write(*known, args, refusal);
     });
     if (refusal) {
-        tellOnce(*refusal);
+        reportOnce(*refusal);
     }
     return fine;
 }

@@ -40,7 +40,7 @@ CompanyLock lockCompany(const std::string& userId, const std::string& held) {
     std::string holder;
     switch (PF_DataLockCheck(userId, kLockType, kLockNumber, holder)) {
         case kLockedElsewhere:
-            tell("COS20003", {userId});
+            showMessage("COS20003", {userId});
             return CompanyLock::Refused;
         case kLockedHere:
             return takeLock(userId, held, true);

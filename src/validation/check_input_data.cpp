@@ -36,7 +36,7 @@ void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusa
         refusal.focus->setFault(refusal.text);
     }
     pointerBack();
-    tell("COS19800", {refusal.text});
+    showMessage("COS19800", {refusal.text});
 }
 
 /// Returns the first page that fails, or nothing if all pass.

@@ -14,7 +14,7 @@
 
 namespace orv {
 
-bool wantsToLeave() { return gSaved || !staysAfter("ADD00010"); }
+bool wantsToLeave() { return gSaved || confirm("ADD00010"); }
 
 bool releaseAndStartCaller() {
     StoreSession session;

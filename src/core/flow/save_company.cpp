@@ -199,7 +199,7 @@ bool bas_Main_Companydata::PF_SndCos(PageForm& form, std::string& userId) {
     static_cast<void>(session.close());  // reported through the pair
     services().forms->setPointer(kPointerDefault);
     if (run.sent) {
-        tell("COS05574");
+        showMessage("COS05574");
     }
     disabled.enable();
     return result;

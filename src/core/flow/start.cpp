@@ -65,10 +65,10 @@ bool begin(const std::string& tail) {
     return load() && showFirstPage();
 }
 
-void tellPair() {
+void reportPair() {
     const std::string code = gErrCode;
     const std::string text = gErrMsg;
-    tell("COSERR01", {code, text});
+    showMessage("COSERR01", {code, text});
     logError(code, text);
 }
 
@@ -85,14 +85,14 @@ void bas_Main_Companydata::Main() {
     const std::string& tail = services().commandTail;
     if (trimmed(tail).empty()) {
         setPair({"会社情報起動引数が取得できませんでした。", "EUSR7897"});
-        tellPair();
+        reportPair();
         return;
     }
     if (trapped(kLabel, [&] { return begin(tail); })) {
         return;
     }
     if (!gErrMsg.empty()) {
-        tellPair();
+        reportPair();
     }
     backToCaller();
     clearPair();

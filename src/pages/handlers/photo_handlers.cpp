@@ -95,7 +95,7 @@ std::string pickedFile(const std::string& startFolder) {
     return files.systemPath(*file);
 }
 
-bool shownAsMessage() {
+bool showPair() {
     bool shown = false;
     const auto failure = caught([&] { shown = services().message->ShowMessage("UTERR001", {gErrCode, gErrMsg}); });
     return shown && !failure;
@@ -137,7 +137,7 @@ void pickAndReport(const PhotoSlots& photos, std::size_t slot) {
     }
     if (failure && failure->number() == kCancelled) {
         setPair({"画像選択はキャンセルされました。\r\n" + failure->description(), codeOf(*failure)});
-    } else if (!shownAsMessage()) {
+    } else if (!showPair()) {
         showPlainBox(failure);
     }
     logPair();
@@ -162,14 +162,14 @@ void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std
     photoTrapped("[ PhotoFile_OLEDrop ]", fine,
                  [&] { return take(photos, photos.slots.at(slot), file, com().TmpWorkImgFile(), slotFileOf(slot)); });
     if (!fine) {
-        shownAsMessage();
+        showPair();
         logPair();
     }
 }
 
 void btm_PhotoDel_Click(const PhotoSlots& photos, std::size_t slot) {
     handled("[ CompInp2 btm_PhotoDel_Click ]", [&] {
-        if (staysAfter("IMGMSG01")) {
+        if (!confirm("IMGMSG01")) {
             return true;
         }
         const PhotoControls& controls = photos.slots.at(slot);

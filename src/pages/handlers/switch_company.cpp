@@ -31,8 +31,8 @@ bool isOnScreen(const PageForm& form, const std::string& userId) {
     return userId == tCustomerInfo.USER_ID && form.ready && !gLoadFailure;
 }
 
-bool staysByAnswer(const std::string& wish) {
-    return !gSaving && staysAfter(wish == kNewCompany ? "COS20002" : "COS20001");
+bool isSwitchDeclined(const std::string& wish) {
+    return !gSaving && !confirm(wish == kNewCompany ? "COS20002" : "COS20001");
 }
 
 /// The record keeps the key of the company that is now locked, so that leaving or another switch releases it.
@@ -71,7 +71,7 @@ bool loadAndShow(PageForm& form, const std::string& label, const std::string& wi
 
 bool switchTo(PageForm& form, const std::string& label, const std::string& wish, StoreSession& session) {
     ScopeExit listBack([&] { backToCurrent(form); });
-    if (staysByAnswer(wish)) {
+    if (isSwitchDeclined(wish)) {
         return true;
     }
     gSaved = false;

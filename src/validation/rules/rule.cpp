@@ -18,7 +18,7 @@ bool passes(std::span<const Rule> rules, Refusal& out) {
             out.focus = &rule.focus();
         }
         out.id = rule.id;
-        if (verdict != Verdict::FailsAsTold) {
+        if (verdict != Verdict::FailsWithOwnText) {
             out.text = rule.text;
         }
         if (verdict != Verdict::Noted) {

@@ -10,9 +10,9 @@
 
 namespace orv {
 
-/// Fails: the message is the rule's text. FailsAsTold: the test has written the message. Noted: fills the outputs and
-/// continues with the next rule.
-enum class Verdict : std::uint8_t { Passes, Fails, FailsAsTold, Noted };
+/// Fails: the message is the rule's text. FailsWithOwnText: the test has written the message. Noted: fills the outputs
+/// and continues with the next rule.
+enum class Verdict : std::uint8_t { Passes, Fails, FailsWithOwnText, Noted };
 
 /// The result of a check: the control to correct (null after a run-time failure), the message's id and its text. Texts
 /// of questions that the operator accepted remain here, too.

@@ -48,7 +48,7 @@ Verdict blank(const std::string& value, Refusal&) { return isBlank(value) ? Verd
 Verdict blankNoted(const std::string& value, Refusal&) { return isBlank(value) ? Verdict::Noted : Verdict::Passes; }
 
 Verdict notAdmitted(const std::string& value, Refusal& out) {
-    return PF_CheckString(value, out.text) ? Verdict::Passes : Verdict::FailsAsTold;
+    return PF_CheckString(value, out.text) ? Verdict::Passes : Verdict::FailsWithOwnText;
 }
 
 Verdict noTelNumber(const std::string& value, Refusal& out) {
@@ -62,7 +62,7 @@ Verdict noTelNumber(const std::string& value, Refusal& out) {
         return Verdict::Fails;
     }
     out.text = rejection.text;
-    return Verdict::FailsAsTold;
+    return Verdict::FailsWithOwnText;
 }
 
 Verdict filledNoTelNumber(const std::string& value, Refusal& out) {
@@ -77,7 +77,7 @@ Verdict noMailAddress(const std::string& value, Refusal&) {
 
 Verdict asked(std::string question, Refusal& out) {
     out.text = std::move(question);
-    return staysAfter("COS63212", {out.text}) ? Verdict::Fails : Verdict::Passes;
+    return confirm("COS63212", {out.text}) ? Verdict::Passes : Verdict::Fails;
 }
 
 }  // namespace orv
