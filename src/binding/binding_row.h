@@ -11,13 +11,13 @@
 namespace orv {
 
 /// How the content of a control is converted for the record.
-enum class TakeBack : std::uint8_t { Normalised, NullToStr, AsShown };
+enum class ReadAs : std::uint8_t { Normalised, NullToStr, AsShown };
 
 /// A field and the control that shows it.
 struct BindingRow {
     TextField field;
     ControlRef control;
-    TakeBack takeBack = TakeBack::Normalised;
+    ReadAs readAs = ReadAs::Normalised;
 };
 
 /// One element of an order: the row of a field, or a function for fields that need special handling.
@@ -30,7 +30,7 @@ constexpr Step row(TextField field) { return {field, nullptr}; }
 constexpr Step step(bool (*named)()) { return {nullptr, named}; }
 
 /// Returns the row of the field. Compilation fails if an order names a field without a row.
-constexpr const BindingRow& rowOf(std::span<const BindingRow> rows, TextField field) {
+constexpr const BindingRow& findRow(std::span<const BindingRow> rows, TextField field) {
     for (const BindingRow& candidate : rows) {
         if (candidate.field == field) {
             return candidate;
@@ -45,7 +45,7 @@ constexpr bool namesRowsOnce(std::span<const BindingRow> rows, std::span<const S
         if (place.field == nullptr) {
             continue;
         }
-        static_cast<void>(rowOf(rows, place.field));
+        static_cast<void>(findRow(rows, place.field));
         const auto times =
             std::count_if(order.begin(), order.end(), [&](const Step& other) { return other.field == place.field; });
         if (times != 1) {

@@ -50,10 +50,10 @@ constexpr auto kRows = std::to_array<BindingRow>({
 });
 
 /// True if the computer is at the office's address.
-bool same() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
+bool isSameAddress() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
 
 /// The password can be typed here only for a company without a number.
-bool passwordBlock() {
+bool showPasswordBlock() {
     P& form = page<P>();
     const bool isNew = tCustomerInfo.USER_ID == kNewCompany;
     PF_EnableControl(form.txt_User_Passwd, isNew, kRequiredField);
@@ -61,11 +61,11 @@ bool passwordBlock() {
     return true;
 }
 
-void addressesTyped(P& form) {
+void enableTypedAddresses(P& form) {
     PF_EnableControl(form.txt_Post_Code, true, kRequiredField);
     PF_EnableControl(form.txt_Address, true, kRequiredField);
     form.btm_SearchOfficeAddress.setVisible(false);
-    const bool separate = !same();
+    const bool separate = !isSameAddress();
     PF_EnableControl(form.txt_Pc_Post_Code, separate, kRequiredField);
     PF_EnableControl(form.txt_Pc_Address, separate, kRequiredField);
     form.btm_Pc_SearchOfficeAddress.setVisible(false);
@@ -81,32 +81,32 @@ void dropUncodedAddresses() {
     }
 }
 
-void addressesSearched(P& form) {
+void enableSearchedAddresses(P& form) {
     dropUncodedAddresses();
     for (TextInput* input : {&form.txt_Post_Code, &form.txt_Address, &form.txt_Pc_Post_Code, &form.txt_Pc_Address}) {
         PF_EnableControl(*input, false);
     }
     form.btm_SearchOfficeAddress.setVisible(true);
     form.btm_Pc_SearchOfficeAddress.setVisible(true);
-    form.btm_Pc_SearchOfficeAddress.setEnabled(!same());
+    form.btm_Pc_SearchOfficeAddress.setEnabled(!isSameAddress());
 }
 
-bool addressMode() {
+bool showAddressMode() {
     if (gAddressByMaster) {
-        addressesSearched(page<P>());
+        enableSearchedAddresses(page<P>());
     } else {
-        addressesTyped(page<P>());
+        enableTypedAddresses(page<P>());
     }
     return true;
 }
 
 bool showSameCheck() {
-    PF_SetControlValue(page<P>().chk_EqualData, same() ? "1" : "0");
+    PF_SetControlValue(page<P>().chk_EqualData, isSameAddress() ? "1" : "0");
     return true;
 }
 
 /// If nothing is selected in the list, the record keeps its key.
-bool takeUserId() {
+bool readUserId() {
     const std::string chosen = page<P>().cbo_User_Id.text();
     if (!chosen.empty()) {
         services().stringCheck->Normalize(chosen, tCustomerInfo.USER_ID);
@@ -114,19 +114,19 @@ bool takeUserId() {
     return true;
 }
 
-bool takeSameCheck() {
+bool readSameCheck() {
     tCustomerInfo.SAME_CHECK = page<P>().chk_EqualData.value() == 1 ? "1" : "0";
     return true;
 }
 
 constexpr auto kToPage = std::to_array<Step>({
-    step(passwordBlock),
+    step(showPasswordBlock),
     row(&R::USER_PASSWD),
     row(&R::GROUP_NAME),
     row(&R::COMPANY_NAME),
     row(&R::COMPANY_KANA),
     row(&R::OFFICE_NAME),
-    step(addressMode),
+    step(showAddressMode),
     row(&R::POST_CODE),
     row(&R::ADDRESS),
     row(&R::ADDRESS_NUMBER),
@@ -157,12 +157,12 @@ constexpr auto kToPage = std::to_array<Step>({
 });
 
 constexpr auto kToRecord = std::to_array<Step>({
-    step(takeUserId),         row(&R::USER_PASSWD),     row(&R::GROUP_NAME),        row(&R::COMPANY_NAME),
+    step(readUserId),         row(&R::USER_PASSWD),     row(&R::GROUP_NAME),        row(&R::COMPANY_NAME),
     row(&R::COMPANY_KANA),    row(&R::OFFICE_NAME),     row(&R::POST_CODE),         row(&R::ADDRESS),
     row(&R::ADDRESS_NUMBER),  row(&R::ADDRESS_GOU),     row(&R::ADDRESS_OTHER),     row(&R::ADDRESS_CODE),
     row(&R::AREA_CODE),       row(&R::DAIHYO_NAME),     row(&R::DAIHYO_NAME_KANA),  row(&R::TAKKEN_SYUNIN_NAME),
     row(&R::TANTO_NAME),      row(&R::TEL_NO1),         row(&R::TEL_NO2),           row(&R::FAX_NO),
-    row(&R::MAIL_ADDRESS),    step(takeSameCheck),      row(&R::PC_ADDRESS_NUMBER), row(&R::PC_ADDRESS_GOU),
+    row(&R::MAIL_ADDRESS),    step(readSameCheck),      row(&R::PC_ADDRESS_NUMBER), row(&R::PC_ADDRESS_GOU),
     row(&R::PC_ADDRESS),      row(&R::PC_ADDRESS_CODE), row(&R::PC_POST_CODE),      row(&R::PC_OFFICE_NAME),
     row(&R::PC_TEL_NO2),      row(&R::PC_TEL_NO1),      row(&R::PC_FAX_NO),         row(&R::PC_TANTO_NAME),
     row(&R::PC_MAIL_ADDRESS),

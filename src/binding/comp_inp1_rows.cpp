@@ -20,13 +20,13 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::LICENSE_NO_DAI, on<&P::txt_License_no_Dai>},
     {&R::LICENSE_NO_GO, on<&P::txt_License_No_Go>},
     {&R::GET_LICENSE_NENGOU, on<&P::cbo_Get_License_Nengou>},
-    {&R::GET_LICENSE_DATE_YEAR, on<&P::txt_Get_License_Date, 0>, TakeBack::NullToStr},
-    {&R::GET_LICENSE_DATE_MONTH, on<&P::txt_Get_License_Date, 1>, TakeBack::NullToStr},
-    {&R::GET_LICENSE_DATE_DAY, on<&P::txt_Get_License_Date, 2>, TakeBack::NullToStr},
+    {&R::GET_LICENSE_DATE_YEAR, on<&P::txt_Get_License_Date, 0>, ReadAs::NullToStr},
+    {&R::GET_LICENSE_DATE_MONTH, on<&P::txt_Get_License_Date, 1>, ReadAs::NullToStr},
+    {&R::GET_LICENSE_DATE_DAY, on<&P::txt_Get_License_Date, 2>, ReadAs::NullToStr},
     {&R::VALID_LICENSE_NENGOU, on<&P::cbo_Valid_License_Nengou>},
-    {&R::VALID_LICENSE_DATE_YEAR, on<&P::txt_Valid_License_Date, 0>, TakeBack::NullToStr},
-    {&R::VALID_LICENSE_DATE_MONTH, on<&P::txt_Valid_License_Date, 1>, TakeBack::NullToStr},
-    {&R::VALID_LICENSE_DATE_DAY, on<&P::txt_Valid_License_Date, 2>, TakeBack::NullToStr},
+    {&R::VALID_LICENSE_DATE_YEAR, on<&P::txt_Valid_License_Date, 0>, ReadAs::NullToStr},
+    {&R::VALID_LICENSE_DATE_MONTH, on<&P::txt_Valid_License_Date, 1>, ReadAs::NullToStr},
+    {&R::VALID_LICENSE_DATE_DAY, on<&P::txt_Valid_License_Date, 2>, ReadAs::NullToStr},
     {&R::DANTAI_NAME, on<&P::cbo_Dantai_Name>},
     {&R::OTHER_DANTAI_NAME, on<&P::txt_Other_Dantai_Name>},
 });
@@ -41,12 +41,12 @@ bool choose(ComboBox& combo, const std::string& value) {
     return true;
 }
 
-bool licence() { return choose(page<P>().cbo_License_No, tCustomerInfo.LICENSE_NO); }
-bool startEra() { return choose(page<P>().cbo_Get_License_Nengou, tCustomerInfo.GET_LICENSE_NENGOU); }
-bool endEra() { return choose(page<P>().cbo_Valid_License_Nengou, tCustomerInfo.VALID_LICENSE_NENGOU); }
+bool showLicence() { return choose(page<P>().cbo_License_No, tCustomerInfo.LICENSE_NO); }
+bool showStartEra() { return choose(page<P>().cbo_Get_License_Nengou, tCustomerInfo.GET_LICENSE_NENGOU); }
+bool showEndEra() { return choose(page<P>().cbo_Valid_License_Nengou, tCustomerInfo.VALID_LICENSE_NENGOU); }
 
 /// Old records contain "なし" for no association.
-bool listedAssociation() {
+bool showListedAssociation() {
     const std::string& name = tCustomerInfo.DANTAI_NAME;
     return choose(page<P>().cbo_Dantai_Name, name == "なし" ? std::string() : name);
 }
@@ -71,31 +71,31 @@ bool showCouncils() {
     return true;
 }
 
-bool takeAssociations() {
-    tCustomerInfo.DANTAI_FLG = flagsOf(page<P>().chk_Dantai, kFlags);
+bool readAssociations() {
+    tCustomerInfo.DANTAI_FLG = readFlags(page<P>().chk_Dantai, kFlags);
     return true;
 }
 
-bool takeCouncils() {
-    tCustomerInfo.KOUTORI_FLG = flagsOf(page<P>().chk_Koutori, kFlags);
+bool readCouncils() {
+    tCustomerInfo.KOUTORI_FLG = readFlags(page<P>().chk_Koutori, kFlags);
     return true;
 }
 
 constexpr auto kToPage = std::to_array<Step>({
-    step(licence),
+    step(showLicence),
     row(&R::LICENSE_NO_DAI),
     row(&R::LICENSE_NO_GO),
-    step(startEra),
+    step(showStartEra),
     row(&R::GET_LICENSE_DATE_YEAR),
     row(&R::GET_LICENSE_DATE_MONTH),
     row(&R::GET_LICENSE_DATE_DAY),
-    step(endEra),
+    step(showEndEra),
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
     step(showAssociations),
     row(&R::OTHER_DANTAI_NAME),
-    step(listedAssociation),
+    step(showListedAssociation),
     step(showCouncils),
 });
 
@@ -111,10 +111,10 @@ constexpr auto kToRecord = std::to_array<Step>({
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
-    step(takeAssociations),
+    step(readAssociations),
     row(&R::DANTAI_NAME),
     row(&R::OTHER_DANTAI_NAME),
-    step(takeCouncils),
+    step(readCouncils),
 });
 
 static_assert(namesRowsOnce(kRows, kToPage) && namesRowsOnce(kRows, kToRecord));

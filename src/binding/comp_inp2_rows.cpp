@@ -28,7 +28,7 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::TEIHO_MINUTES, on<&P::txt_Thiho_Minutes>},
     {&R::CAR_TARGET, on<&P::txt_Car_Target>},
     {&R::CAR_MINUTES, on<&P::txt_Car_Minutes>},
-    {&R::CAR_DISTANCE, on<&P::txt_Car_Distance>, TakeBack::NullToStr},
+    {&R::CAR_DISTANCE, on<&P::txt_Car_Distance>, ReadAs::NullToStr},
     {&R::OFFICE_HOURS, on<&P::txt_Office_Hours>},
     {&R::DAY_OFF, on<&P::txt_Day_Off>},
     {&R::COMPANY_COMMENT, on<&P::txt_Company_Comment>},

@@ -21,18 +21,18 @@ bool show(ControlArray<CheckBox, N>& boxes, const std::string& flags) {
 bool showManagementTypes() { return show(page<P>().chk_Management_Type_Flg, tCustomerInfo.MANAGEMENT_TYPE_FLG); }
 bool showBusinessTypes() { return show(page<P>().chk_Business_Type_Flg, tCustomerInfo.BUSINESS_TYPE_FLG); }
 
-bool takeManagementTypes() {
-    tCustomerInfo.MANAGEMENT_TYPE_FLG = flagsOf(page<P>().chk_Management_Type_Flg, kFlags);
+bool readManagementTypes() {
+    tCustomerInfo.MANAGEMENT_TYPE_FLG = readFlags(page<P>().chk_Management_Type_Flg, kFlags);
     return true;
 }
 
-bool takeBusinessTypes() {
-    tCustomerInfo.BUSINESS_TYPE_FLG = flagsOf(page<P>().chk_Business_Type_Flg, kFlags);
+bool readBusinessTypes() {
+    tCustomerInfo.BUSINESS_TYPE_FLG = readFlags(page<P>().chk_Business_Type_Flg, kFlags);
     return true;
 }
 
 constexpr auto kToPage = std::to_array<Step>({step(showManagementTypes), step(showBusinessTypes)});
-constexpr auto kToRecord = std::to_array<Step>({step(takeManagementTypes), step(takeBusinessTypes)});
+constexpr auto kToRecord = std::to_array<Step>({step(readManagementTypes), step(readBusinessTypes)});
 
 }  // namespace
 

@@ -14,7 +14,7 @@ inline bool flagAt(const std::string& flags, std::size_t index) {
 
 /// Returns the flag string of the boxes: "1" for each box that is on, otherwise "0", padded with "0" to `length`.
 template <std::size_t N>
-std::string flagsOf(const ControlArray<CheckBox, N>& boxes, std::size_t length) {
+std::string readFlags(const ControlArray<CheckBox, N>& boxes, std::size_t length) {
     std::string flags;
     for (std::size_t i = 0; i < N; ++i) {
         flags += boxes[i].value() == 1 ? '1' : '0';

@@ -11,7 +11,7 @@ namespace orv {
 namespace {
 
 /// Returns the control's content as text, or null for a number control without a number.
-Value contentOf(const Control& control) {
+Value readContent(const Control& control) {
     switch (control.kind()) {
         case ControlKind::TextInput:
             return static_cast<const TextInput&>(control).text();
@@ -35,34 +35,35 @@ std::string normalised(const std::string& text) {
     return cleaned;
 }
 
-std::string taken(const BindingRow& row) {
-    const Value content = contentOf(row.control());
-    switch (row.takeBack) {
-        case TakeBack::NullToStr:
+std::string readField(const BindingRow& row) {
+    const Value content = readContent(row.control());
+    switch (row.readAs) {
+        case ReadAs::NullToStr:
             return PF_NullToStr(content, "");
-        case TakeBack::AsShown:
+        case ReadAs::AsShown:
             return toText(content);
-        case TakeBack::Normalised:
+        case ReadAs::Normalised:
             break;
     }
     return normalised(toText(content));
 }
 
-bool take(const PageBinding& binding) {
+bool readPage(const PageBinding& binding) {
     for (const Step& place : binding.toRecord) {
         if (place.named != nullptr) {
             if (!place.named()) {
                 return false;
             }
         } else {
-            tCustomerInfo.*place.field = taken(rowOf(binding.rows, place.field));
+            tCustomerInfo.*place.field = readField(findRow(binding.rows, place.field));
         }
     }
     return true;
 }
 
-bool take(int pageNumber, const PageBinding& binding) {
-    return trapped("[ PF_SetData_tCustomerInfo" + std::to_string(pageNumber) + " ] ", [&] { return take(binding); });
+bool readPage(int pageNumber, const PageBinding& binding) {
+    return trapped("[ PF_SetData_tCustomerInfo" + std::to_string(pageNumber) + " ] ",
+                   [&] { return readPage(binding); });
 }
 
 constexpr std::array kRoutines{PF_SetData_tCustomerInfo0, PF_SetData_tCustomerInfo1, PF_SetData_tCustomerInfo2,
@@ -70,11 +71,11 @@ constexpr std::array kRoutines{PF_SetData_tCustomerInfo0, PF_SetData_tCustomerIn
 
 }  // namespace
 
-bool PF_SetData_tCustomerInfo0() { return take(0, kBinding0); }
-bool PF_SetData_tCustomerInfo1() { return take(1, kBinding1); }
-bool PF_SetData_tCustomerInfo2() { return take(2, kBinding2); }
-bool PF_SetData_tCustomerInfo3() { return take(3, kBinding3); }
-bool PF_SetData_tCustomerInfo4() { return take(4, kBinding4); }
+bool PF_SetData_tCustomerInfo0() { return readPage(0, kBinding0); }
+bool PF_SetData_tCustomerInfo1() { return readPage(1, kBinding1); }
+bool PF_SetData_tCustomerInfo2() { return readPage(2, kBinding2); }
+bool PF_SetData_tCustomerInfo3() { return readPage(3, kBinding3); }
+bool PF_SetData_tCustomerInfo4() { return readPage(4, kBinding4); }
 
 bool PF_SetData_tCustomerInfo(const std::string& formName) {
     return trapped("[ PF_SetData_tCustomerInfo ] ", [&] {

@@ -52,7 +52,7 @@ void emptyPage(PageForm& form, const PageBinding& binding) {
     }
 }
 
-void showCompany(PageForm& form) {
+void showCompanyNumber(PageForm& form) {
     form.cbo_User_Id.setVisible(gMultiCompany);
     form.lbl_UserId.setVisible(!gMultiCompany);
     form.lbl_UserId.setCaption(tCustomerInfo.USER_ID);
@@ -62,14 +62,14 @@ void showCompany(PageForm& form) {
 
 bool fill(PageForm& form, const PageBinding& binding) {
     emptyPage(form, binding);
-    showCompany(form);
+    showCompanyNumber(form);
     for (const Step& place : binding.toPage) {
         if (place.named != nullptr) {
             if (!place.named()) {
                 return false;
             }
         } else {
-            PF_SetControlValue(rowOf(binding.rows, place.field).control(), tCustomerInfo.*place.field);
+            PF_SetControlValue(findRow(binding.rows, place.field).control(), tCustomerInfo.*place.field);
         }
     }
     return true;
