@@ -23,7 +23,7 @@ bool exchangeLocks(const std::string& userId, const std::string& held, bool isLe
     return (!isLeft || unlock(userId)) && (held.empty() || unlock(held)) && PF_DataLock(userId, kLockType, kLockNumber);
 }
 
-CompanyLock takeLock(const std::string& userId, const std::string& held, bool isLeft) {
+CompanyLock acquireLock(const std::string& userId, const std::string& held, bool isLeft) {
     if (!claimCompany(userId)) {
         return CompanyLock::Refused;
     }
@@ -43,9 +43,9 @@ CompanyLock lockCompany(const std::string& userId, const std::string& held) {
             showMessage("COS20003", {userId});
             return CompanyLock::Refused;
         case kLockedHere:
-            return takeLock(userId, held, true);
+            return acquireLock(userId, held, true);
         case kNotLocked:
-            return takeLock(userId, held, false);
+            return acquireLock(userId, held, false);
         default:
             return CompanyLock::Failed;
     }

@@ -97,7 +97,7 @@ void readField(const Recordset& row, const FieldInfo& field) {
     }
     for (const PhotoSlot& slot : kPhotoSlots) {
         if (field.text == slot.file) {
-            takeWorkingCopy(slot);
+            makeWorkingCopy(slot);
         }
     }
 }

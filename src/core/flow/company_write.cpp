@@ -36,7 +36,7 @@ std::string displayName(const BindingRow& row) {
 }
 
 /// Returns where the field is shown, or which program sets it.
-std::string placeOf(const FieldInfo& field) {
+std::string describePlace(const FieldInfo& field) {
     for (std::size_t page = 0; page < kBindings.size(); ++page) {
         const auto& rows = kBindings[page]->rows;
         const auto row = std::ranges::find(rows, field.text, &BindingRow::field);
@@ -111,9 +111,9 @@ bool valuesFitStatements(PhotoFields photos) {
     const auto found = std::ranges::find_if(kFields, [&](const FieldInfo& field) {
         return endsLiteral(field) && !(photos == PhotoFields::Chosen && isPhoto(field.text));
     });
-    return found == kFields.end() ||
-           fail("保存できない文字（「'」または NUL）があります。" + placeOf(*found) + "もう一度保存してください。",
-                "SAVE0003");
+    return found == kFields.end() || fail("保存できない文字（「'」または NUL）があります。" + describePlace(*found) +
+                                              "もう一度保存してください。",
+                                          "SAVE0003");
 }
 
 bool bas_Main_Companydata::PF_SetCompanyDataSave(const std::string& targetId) {

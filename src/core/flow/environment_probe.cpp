@@ -31,14 +31,14 @@ void logSysError(const std::string& note = {}) {
 }
 
 /// Stores a measured text in the field, or logs why there is none.
-void take(TextField field, bool ok, const std::string& text, const std::string& note = {}) {
+void storeResult(TextField field, bool ok, const std::string& text, const std::string& note = {}) {
     tCustomerInfo.*field = ok ? text : "";
     if (!ok) {
         logSysError(note);
     }
 }
 
-void operatingSystem() {
+void probeOperatingSystem() {
     constexpr std::array kParts{&R::OS_VER, &R::OS_MAJOR_VER, &R::OS_MINOR_VER, &R::OS_BUILD_VER, &R::CSD_VER};
     std::array<std::string, kParts.size()> facts;
     bool ok = false;
@@ -52,7 +52,7 @@ void operatingSystem() {
 }
 
 /// The setting reports a failure through the pair, which must not change here.
-void connectionType() {
+void probeConnectionType() {
     tCustomerInfo.NET_TYPE.clear();
     if (!PF_GetProFile(com().SysSystemIni(), "NET", "TYPE", tCustomerInfo.NET_TYPE)) {
         logPair();
@@ -60,55 +60,56 @@ void connectionType() {
     }
 }
 
-void ipAddress() {
+void probeIpAddress() {
     std::string address;
     bool ok = false;
     sysInfo().SysGetIpAddress(address, ok);
-    take(&R::IP_ADDRESS, ok, address);
+    storeResult(&R::IP_ADDRESS, ok, address);
 }
 
-void registryText(TextField field, const char* key, const char* name, const char* root, const char* note) {
+void probeRegistryText(TextField field, const char* key, const char* name, const char* root, const char* note) {
     std::string value;
     bool ok = false;
     sysInfo().SysGetRegString(key, name, root, value, ok);
-    take(field, ok, value, note);
+    storeResult(field, ok, value, note);
 }
 
-void installFolder() {
-    registryText(&R::INS_ORV_PATH, "SOFTWARE\\ZENTHA\\ORV", "InstallKey", kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
+void probeInstallFolder() {
+    probeRegistryText(&R::INS_ORV_PATH, "SOFTWARE\\ZENTHA\\ORV", "InstallKey", kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
 }
 
-void diskSpace(TextField field, std::string drive) {
+void probeDiskSpace(TextField field, std::string drive) {
     std::string first;
     std::string second;
     bool ok = false;
     sysInfo().SysGetDiskSpace(drive, first, second, ok);
     const auto size = [](const std::string& bytes) { return PF_GetFileSizeString(toNumber(bytes)); };
-    take(field, ok, ok ? drive + " " + size(first) + "/" + size(second) : std::string());
+    storeResult(field, ok, ok ? drive + " " + size(first) + "/" + size(second) : std::string());
 }
 
-void installDrive() { diskSpace(&R::INS_HD_CAP, PF_LeftB(com().SysSystemIni(), kDriveLength)); }
+void probeInstallDrive() { probeDiskSpace(&R::INS_HD_CAP, PF_LeftB(com().SysSystemIni(), kDriveLength)); }
 
-void systemDrive() { diskSpace(&R::SYS_HD_CAP, PF_LeftB(PF_GetWindowsPath(), kDriveLength)); }
+void probeSystemDrive() { probeDiskSpace(&R::SYS_HD_CAP, PF_LeftB(PF_GetWindowsPath(), kDriveLength)); }
 
-void memory() {
+void probeMemory() {
     std::string megabytes;
     bool ok = false;
     sysInfo().SysGetMemory(megabytes, ok);
-    take(&R::MEMORY, ok, megabytes + "MB");
+    storeResult(&R::MEMORY, ok, megabytes + "MB");
 }
 
-void browser() {
-    registryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", kLocalMachine, "(IEバージョン)");
+void probeBrowser() {
+    probeRegistryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", kLocalMachine, "(IEバージョン)");
 }
 
-void proxy() {
-    registryText(&R::PROXY_INFO, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", "ProxyServer",
-                 kCurrentUser, "(プロキシ設定)");
+void probeProxy() {
+    probeRegistryText(&R::PROXY_INFO, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", "ProxyServer",
+                      kCurrentUser, "(プロキシ設定)");
 }
 
-constexpr std::array kProbes{operatingSystem, connectionType, ipAddress, installFolder, installDrive,
-                             systemDrive,     memory,         browser,   proxy};
+constexpr std::array kProbes{probeOperatingSystem, probeConnectionType, probeIpAddress,
+                             probeInstallFolder,   probeInstallDrive,   probeSystemDrive,
+                             probeMemory,          probeBrowser,        probeProxy};
 
 }  // namespace
 

@@ -16,7 +16,7 @@
 namespace orv {
 namespace {
 
-std::string& fieldOf(const PhotoSlot& slot) { return tCustomerInfo.*slot.file; }
+std::string& photoField(const PhotoSlot& slot) { return tCustomerInfo.*slot.file; }
 
 std::string storedName(const PhotoSlot& slot) {
     return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
@@ -28,7 +28,7 @@ bool isBareName(const std::string& name) {
 }
 
 /// True if the field has the form stored in the column, not that of a path.
-bool namesStored(const PhotoSlot& slot) { return fieldOf(slot) == storedName(slot); }
+bool namesStored(const PhotoSlot& slot) { return photoField(slot) == storedName(slot); }
 
 /// Throws if the setting cannot be read, because its default would lead to another folder.
 std::string readSetting(const std::function<std::string()>& setting) {
@@ -44,14 +44,14 @@ std::string imageFolder(const PhotoSlot& slot) {
     return readSetting([&] { return com().ImgNoFolder(slot.index); });
 }
 
-std::string storedPath(const PhotoSlot& slot) { return imageFolder(slot) + fieldOf(slot); }
+std::string storedPath(const PhotoSlot& slot) { return imageFolder(slot) + photoField(slot); }
 
 std::string workingPath(const PhotoSlot& slot) {
     return readSetting([&] { return com().TmpNoTmpFile(slot.index); });
 }
 
 /// Returns the folder with its separator, or "" for a bare name.
-std::string folderOf(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
+std::string parentFolder(const std::string& path) { return path.substr(0, path.rfind('\\') + 1); }
 
 /// False if the photo has been deleted. Throws if the whole folder is missing (a drive is not connected, a setting is
 /// empty), so that the company keeps its photo. An empty `folder` is not checked.
@@ -72,36 +72,36 @@ void dropPath(const PhotoSlot& slot) {
     std::erase_if(company, [](char c) { return static_cast<unsigned char>(c) < ' '; });
     logError("PHOTO001", "「" + company + "」の登録画像" + std::to_string(slot.index + 1) +
                              "の名前はファイル名ではありません。画像なしとして扱います。");
-    fieldOf(slot).clear();
+    photoField(slot).clear();
 }
 
 void copyOut(const PhotoSlot& slot, const std::string& stored) {
     const std::string working = workingPath(slot);
     services().fileSystem->copy(stored, working);
-    fieldOf(slot) = working;
+    photoField(slot) = working;
 }
 
 /// If the photo cannot be copied, the field becomes the path of the stored file.
 void copyOutOrNameStored(const PhotoSlot& slot) {
     const std::string stored = storedPath(slot);
     if (caught([&] { copyOut(slot, stored); })) {
-        fieldOf(slot) = stored;
+        photoField(slot) = stored;
     }
 }
 
-std::string besideOf(const std::string& stored) { return stored + ".new"; }
+std::string replacementPath(const std::string& stored) { return stored + ".new"; }
 
 /// A run that crashed while replacing a photo leaves the complete new file next to its place, and perhaps no old one.
 void finishReplacing(const std::string& stored) {
     FileSystem& files = *services().fileSystem;
-    const std::string beside = besideOf(stored);
-    if (!files.exists(beside)) {
+    const std::string replacement = replacementPath(stored);
+    if (!files.exists(replacement)) {
         return;
     }
     if (files.exists(stored)) {
-        static_cast<void>(caught([&] { files.remove(beside); }));  // the next replacement overwrites it
+        static_cast<void>(caught([&] { files.remove(replacement); }));  // the next replacement overwrites it
     } else {
-        files.rename(beside, stored);
+        files.rename(replacement, stored);
     }
 }
 
@@ -115,32 +115,32 @@ bool deleteOld(const std::string& stored) {
 
 /// A photo that the operator has not changed is not written again, so it cannot be lost.
 bool holdsAlready(const std::string& stored, const std::string& chosen) {
-    return isInPlace(stored, folderOf(stored)) && services().fileSystem->same(stored, chosen);
+    return isInPlace(stored, parentFolder(stored)) && services().fileSystem->same(stored, chosen);
 }
 
 /// Completes the new file before removing the old one, so that the photo is missing only for the time of a rename.
 bool replaceStored(const std::string& chosen, const std::string& stored) {
     FileSystem& files = *services().fileSystem;
-    const std::string beside = besideOf(stored);
-    files.publish(chosen, beside);
+    const std::string replacement = replacementPath(stored);
+    files.publish(chosen, replacement);
     if (!deleteOld(stored)) {
-        files.remove(beside);
+        files.remove(replacement);
         return false;
     }
-    files.rename(beside, stored);
+    files.rename(replacement, stored);
     return true;
 }
 
 /// True if the field's file exists. A file that the operator chose in another folder can be missing.
 bool isThere(const PhotoSlot& slot, const std::string& chosen) {
     const bool isOurs = namesStored(slot) || chosen == workingPath(slot);
-    return isInPlace(chosen, isOurs ? folderOf(chosen) : "");
+    return isInPlace(chosen, isOurs ? parentFolder(chosen) : "");
 }
 
-bool place(const PhotoSlot& slot) {
-    const std::string chosen = namesStored(slot) ? storedPath(slot) : fieldOf(slot);
+bool storePhoto(const PhotoSlot& slot) {
+    const std::string chosen = namesStored(slot) ? storedPath(slot) : photoField(slot);
     if (chosen.empty() || !isThere(slot, chosen)) {
-        fieldOf(slot).clear();
+        photoField(slot).clear();
         return true;
     }
     if (!isBareName(storedName(slot))) {
@@ -150,17 +150,17 @@ bool place(const PhotoSlot& slot) {
     if (stored != chosen && !holdsAlready(stored, chosen) && !replaceStored(chosen, stored)) {
         return false;
     }
-    fieldOf(slot) = storedName(slot);
+    photoField(slot) = storedName(slot);
     return true;
 }
 
 }  // namespace
 
-void takeWorkingCopy(const PhotoSlot& slot) {
-    if (fieldOf(slot).empty()) {
+void makeWorkingCopy(const PhotoSlot& slot) {
+    if (photoField(slot).empty()) {
         return;
     }
-    if (!isBareName(fieldOf(slot))) {
+    if (!isBareName(photoField(slot))) {
         dropPath(slot);
         return;
     }
@@ -171,7 +171,7 @@ void takeWorkingCopy(const PhotoSlot& slot) {
     if (isInPlace(stored, imageFolder(slot))) {
         copyOut(slot, stored);
     } else {
-        fieldOf(slot).clear();
+        photoField(slot).clear();
     }
 }
 
@@ -195,7 +195,7 @@ void restoreWorkingPaths() {
 bool bas_Main_Companydata::PF_SaveCompanyDataOther() {
     return trapped("[ PF_SaveCompanyDataOther ] ", [] {
         for (const PhotoSlot& slot : kPhotoSlots) {
-            if (!place(slot)) {
+            if (!storePhoto(slot)) {
                 return false;
             }
         }

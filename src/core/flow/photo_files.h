@@ -24,7 +24,7 @@ inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
 /// Called after a load. Makes a working copy of a stored photo and puts its path in the field. Empties the field if the
 /// file is gone, and also, with a log record, if the field is not a bare file name. Throws if the whole folder is
 /// missing.
-void takeWorkingCopy(const PhotoSlot& slot);
+void makeWorkingCopy(const PhotoSlot& slot);
 
 /// Called during a save. Replaces each stored name in a field with the path of a new working copy.
 void renewWorkingCopies();

@@ -78,7 +78,7 @@ void sendCompany(SaveRun& run) {
 }
 
 /// Only a new company takes the server's number, and only a complete one. Any other answer is ignored.
-std::string targetOf(const SaveRun& run) {
+std::string chooseNumber(const SaveRun& run) {
     return isNew() && toCharacters(run.id).size() == kIdLength ? run.id : tCustomerInfo.USER_ID;
 }
 
@@ -91,7 +91,7 @@ bool send(SaveRun& run) {
     }
     services().windows->working(kSaving);
     renewWorkingCopies();
-    run.target = targetOf(run);
+    run.target = chooseNumber(run);
     return run.sent || failFrom(run.service->SendError());
 }
 

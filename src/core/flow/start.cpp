@@ -73,7 +73,7 @@ void reportPair() {
 }
 
 /// If the caller cannot be started either, log it.
-void backToCaller() {
+void returnToCaller() {
     if (const auto failure = caught(startCaller)) {
         logError(failure->number(), failure->description());
     }
@@ -94,7 +94,7 @@ void bas_Main_Companydata::Main() {
     if (!gErrMsg.empty()) {
         reportPair();
     }
-    backToCaller();
+    returnToCaller();
     clearPair();
 }
 
