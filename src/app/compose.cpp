@@ -13,7 +13,7 @@ Composition::Composition(const std::string& programFolder)
     : office_(programFolder),
       programs_(office_.paths),
       siblings_(programs_, watchDescriptor),
-      windows_(layoutOf, forms_),
+      windows_(findLayout, forms_),
       running_(watchDescriptor, installRootOf(programFolder), [this] { windows_.toFront(); }),
       messages_(
           windows_, office_.files, office_.codePage, [] { return com().SysMsgTbl(); },

@@ -36,7 +36,7 @@ TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
     for (int number = 0; number < kPageCount; ++number) all.push_back(&pageAt(number));
     for (const Form* form : all) {
         std::set<const Control*> placed;
-        for (const Placement& place : layoutOf(form->name())) {
+        for (const Placement& place : findLayout(form->name())) {
             const Control* control = form->find(place.control, place.index);
             ASSERT_NE(control, nullptr) << form->name() << " " << place.control << place.index;
             EXPECT_TRUE(placed.insert(control).second) << control->objectName() << " twice";
@@ -51,7 +51,7 @@ TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
 
 TEST_F(Layouts, KeepEveryControlReachableOnEveryScreen) {
     ScreenRoom room;
-    QtWindowSystem screen(layoutOf, forms, [&](const QScreen*, Sizing) { return room; });
+    QtWindowSystem screen(findLayout, forms, [&](const QScreen*, Sizing) { return room; });
     services().windows = &screen;
     qunsetenv("ORV_SCALE");
     for (const QSize pixels :
@@ -70,7 +70,7 @@ TEST_F(Layouts, KeepEveryControlReachableOnEveryScreen) {
                 EXPECT_LE((outside.center() - room.area.center()).manhattanLength(), 2);
                 EXPECT_GT(paneOf(*form)->font().pixelSize() * scale, 8.5) << "smaller text cannot be read";
                 EXPECT_TRUE(QTest::qWaitForWindowActive(&window, kPatience));
-                for (const Placement& place : layoutOf(form->name())) {
+                for (const Placement& place : findLayout(form->name())) {
                     const Control& control = *form->find(place.control, place.index);
                     QWidget& widget = *widgetOf(control);
                     if (control.focusable()) {

@@ -70,7 +70,7 @@ protected:
         settle();
     }
 
-    QtWindowSystem screen{layoutOf, forms};
+    QtWindowSystem screen{findLayout, forms};
 };
 
 }  // namespace orv

@@ -267,7 +267,7 @@ void Terminal::keysAndClick(const std::string& keys, const std::string& control,
 
 Spot Terminal::inWindow(const std::string& control, int index) const {
     const double scale = std::stod(environment_.at("ORV_SCALE"));
-    for (const orv::Placement& place : orv::layoutOf(form_)) {
+    for (const orv::Placement& place : orv::findLayout(form_)) {
         if (place.control == control && place.index == index) {
             return {static_cast<int>(scale * (place.box.x + place.box.width / 2)),
                     static_cast<int>(scale * (place.box.y + place.box.height / 2))};

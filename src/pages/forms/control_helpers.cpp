@@ -49,7 +49,7 @@ void choose(ComboBox& combo, const std::string& raw, const std::string& value) {
     }
 }
 
-bool takesValue(ControlKind kind) { return kind != ControlKind::Button && kind != ControlKind::Image; }
+bool hasValue(ControlKind kind) { return kind != ControlKind::Button && kind != ControlKind::Image; }
 
 void assign(Control& control, const std::string& raw) {
     const std::string value = trimmedRight(raw);
@@ -125,7 +125,7 @@ bool PF_SetControlValue(Control& control, const std::string& value) {
         ++theContext.valuesNotShown;
         return true;
     }
-    if (!takesValue(control.kind())) {
+    if (!hasValue(control.kind())) {
         return false;
     }
     if (!caught([&] { assign(control, value); })) {

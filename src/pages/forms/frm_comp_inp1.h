@@ -7,18 +7,18 @@ namespace orv {
 
 // The list of associations is next to the first box of its array, so its rank is between the first and the second.
 inline constexpr int kTabDantaiName = kTabFields + 1;
-inline constexpr int kTabBehindDantaiName = kTabFields + 2;
+inline constexpr int kTabAfterDantaiName = kTabFields + 2;
 
-constexpr std::array<NumberDesign, 3> licenceDate(std::string_view monthFormat, std::string_view behindTheDay) {
+constexpr std::array<NumberDesign, 3> licenceDate(std::string_view monthFormat, std::string_view afterDay) {
     return {{{.unit = "年", .least = 1, .most = 9999, .format = "####;;;", .back = kRequiredField},
              {.unit = "月", .least = 1, .most = 12, .format = monthFormat, .back = kRequiredField},
-             {.unit = behindTheDay, .least = 1, .most = 31, .format = "##;;;", .back = kRequiredField}}};
+             {.unit = afterDay, .least = 1, .most = 31, .format = "##;;;", .back = kRequiredField}}};
 }
 
 constexpr std::array<CheckDesign, 7> dantaiBoxes() {
     auto boxes = tickBoxes<7>({"", "(社)全日本不動産協会", "(社)不動産協会", "(社)日本住宅建設産業協会",
                                "(社)不動産流通経営協会", "(社)都市開発協会", "その他加盟団体"},
-                              kTabBehindDantaiName);
+                              kTabAfterDantaiName);
     boxes[0].tabRank = kTabFields;
     boxes[0].spokenName = "加盟団体に加盟";
     return boxes;
@@ -26,7 +26,7 @@ constexpr std::array<CheckDesign, 7> dantaiBoxes() {
 
 constexpr std::array<CheckDesign, 9> koutoriBoxes() {
     return tickBoxes<9>({"(社)北海道", "東北", "(社)首都圏", "東海", "北陸", "(社)近畿地方", "中国", "四国", "九州"},
-                        kTabBehindDantaiName);
+                        kTabAfterDantaiName);
 }
 
 /// The broker's licence, the associations and the fair-trade councils.
@@ -50,7 +50,7 @@ struct frm_CompInp1 : PageForm {
     Label lbl_Dantai_Name_Title{*this, "lbl_Dantai_Name_Title", {.caption = "加盟団体："}};
     ControlArray<CheckBox, 7> chk_Dantai{*this, "chk_Dantai", dantaiBoxes()};
     ComboBox cbo_Dantai_Name{*this, "cbo_Dantai_Name", {.tabRank = kTabDantaiName, .spokenName = lbl_Dantai_Name_Title.labelDesign().caption}};
-    TextInput txt_Other_Dantai_Name{*this, "txt_Other_Dantai_Name", {.limit = bytes(60), .ime = Ime::Hiragana, .back = kOptionalField, .tabRank = kTabBehindDantaiName, .spokenName = "名称"}};
+    TextInput txt_Other_Dantai_Name{*this, "txt_Other_Dantai_Name", {.limit = bytes(60), .ime = Ime::Hiragana, .back = kOptionalField, .tabRank = kTabAfterDantaiName, .spokenName = "名称"}};
     ControlArray<CheckBox, 9> chk_Koutori{*this, "chk_Koutori", koutoriBoxes()};
     // clang-format on
 };

@@ -32,14 +32,14 @@ constexpr std::array<MasterList, 5> kLists{{
     {"  SELECT CORP_NAME, CORP_CODE     FROM MST_CORP ORDER BY CORP_CODE ", false, "", true},
 }};
 
-const MasterList* listOf(std::int16_t kind) {
+const MasterList* findList(std::int16_t kind) {
     return kind >= 0 && static_cast<std::size_t>(kind) < kLists.size() ? &kLists[static_cast<std::size_t>(kind)]
                                                                        : nullptr;
 }
 
 /// Returns "" for an unknown kind, which the store then rejects.
-std::string statementOf(std::int16_t kind, const std::string& code) {
-    const MasterList* list = listOf(kind);
+std::string makeStatement(std::int16_t kind, const std::string& code) {
+    const MasterList* list = findList(kind);
     if (list == nullptr) {
         return {};
     }
@@ -47,11 +47,11 @@ std::string statementOf(std::int16_t kind, const std::string& code) {
     return list->narrowed ? text + code + std::string(list->afterCode) : text;
 }
 
-bool takeRows(ComboBox& combo, const Rows& rows, bool addBlank, std::int16_t kind) {
+bool addRows(ComboBox& combo, const Rows& rows, bool addBlank, std::int16_t kind) {
     if (!rows.ok()) {
         return failFrom(services().db->DbError());
     }
-    const MasterList* list = listOf(kind);
+    const MasterList* list = findList(kind);
     if (rows->Eof() && (list == nullptr || !list->mayBeEmpty)) {
         return fail("コンボボックスデータ取得に失敗しました。", "ECBO0001");
     }
@@ -74,8 +74,8 @@ bool PF_MakeComboBox(ComboBox& combo, const std::string& code, bool addBlank, st
     combo.clear();
     bool ignored = false;
     services().db->DbCloseRs(gRs, ignored);
-    Rows rows(statementOf(kind, code));
-    const bool result = trapped("", [&] { return takeRows(combo, rows, addBlank, kind); });
+    Rows rows(makeStatement(kind, code));
+    const bool result = trapped("", [&] { return addRows(combo, rows, addBlank, kind); });
     if (!rows.close()) {
         setPair(services().db->DbError());
     }

@@ -18,12 +18,12 @@ using Pages =
 Pages pages;
 PageWiring wiring;
 
-const auto& tieOf(const frm_CompInp0&) { return wiring.compInp0; }
-const auto& tieOf(const frm_CompInp1&) { return wiring.compInp1; }
-const auto& tieOf(const frm_CompInp2&) { return wiring.compInp2; }
-const auto& tieOf(const frm_CompInp3&) { return wiring.compInp3; }
-const auto& tieOf(const frm_CompInp4&) { return wiring.compInp4; }
-const auto& tieOf(const frm_ChangePassword&) { return wiring.changePassword; }
+const auto& wiringFor(const frm_CompInp0&) { return wiring.compInp0; }
+const auto& wiringFor(const frm_CompInp1&) { return wiring.compInp1; }
+const auto& wiringFor(const frm_CompInp2&) { return wiring.compInp2; }
+const auto& wiringFor(const frm_CompInp3&) { return wiring.compInp3; }
+const auto& wiringFor(const frm_CompInp4&) { return wiring.compInp4; }
+const auto& wiringFor(const frm_ChangePassword&) { return wiring.changePassword; }
 
 template <class F>
 PageForm& asPage() {
@@ -47,7 +47,7 @@ F& page() {
     auto& made = std::get<std::unique_ptr<F>>(pages);
     if (!made) {
         made = std::make_unique<F>();
-        if (const auto& tie = tieOf(*made)) {
+        if (const auto& tie = wiringFor(*made)) {
             tie(*made);
         }
     }

@@ -23,7 +23,7 @@ namespace orv {
 [[nodiscard]] bool P_MakeComboBox_CompInp4();
 
 /// Fills the lists of the page with that number.
-[[nodiscard]] bool makeListsOf(int pageNumber);
+[[nodiscard]] bool fillLists(int pageNumber);
 
 /// Starts a page when it is loaded: position, background, title, lists, data. True if the page is ready. On false the
 /// pair holds the failure.
@@ -41,6 +41,6 @@ void showTitle(PageForm& form);
 [[nodiscard]] bool P_MakeComp4View(frm_CompInp4& form);
 
 /// Draws the page with that number.
-[[nodiscard]] bool makeViewOf(int pageNumber);
+[[nodiscard]] bool drawPage(int pageNumber);
 
 }  // namespace orv

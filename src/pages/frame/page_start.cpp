@@ -69,7 +69,7 @@ bool P_MakeComboBox_CompInp2() { return P_MakeComboBox_CompInpN("[ P_MakeComboBo
 bool P_MakeComboBox_CompInp3() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp3 ]", pageAt(3), {}); }
 bool P_MakeComboBox_CompInp4() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp4 ]", pageAt(4), {}); }
 
-bool makeListsOf(int pageNumber) {
+bool fillLists(int pageNumber) {
     constexpr std::array kRoutines{P_MakeComboBox_CompInp0, P_MakeComboBox_CompInp1, P_MakeComboBox_CompInp2,
                                    P_MakeComboBox_CompInp3, P_MakeComboBox_CompInp4};
     return kRoutines.at(static_cast<std::size_t>(pageNumber))();
@@ -86,11 +86,11 @@ void showTitle(PageForm& form) {
 
 bool startPage(PageForm& form) {
     PS_SetFormCenter(form);
-    if (!makeViewOf(form.number)) {
+    if (!drawPage(form.number)) {
         return false;
     }
     showTitle(form);
-    form.ready = makeListsOf(form.number) && showRecordOn(form.number);
+    form.ready = fillLists(form.number) && showRecordOn(form.number);
     return form.ready;
 }
 

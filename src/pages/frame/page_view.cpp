@@ -124,7 +124,7 @@ bool P_MakeComp2View(frm_CompInp2& form) { return P_MakeCompNView("[ P_MakeComp2
 bool P_MakeComp3View(frm_CompInp3& form) { return P_MakeCompNView("[ P_MakeComp3View ] ", form, kBars3, Legend::No); }
 bool P_MakeComp4View(frm_CompInp4& form) { return P_MakeCompNView("[ P_MakeComp4View ] ", form, kBars4, Legend::No); }
 
-bool makeViewOf(int pageNumber) {
+bool drawPage(int pageNumber) {
     constexpr std::array<bool (*)(), kPageCount> kRoutines{
         [] { return P_MakeComp0View(page<frm_CompInp0>()); }, [] { return P_MakeComp1View(page<frm_CompInp1>()); },
         [] { return P_MakeComp2View(page<frm_CompInp2>()); }, [] { return P_MakeComp3View(page<frm_CompInp3>()); },

@@ -30,15 +30,15 @@ void followLinkName(frm_CompInp2& form, const char* label) {
         kTextReport);
 }
 
-PhotoControls slotOf(frm_CompInp2& form, std::size_t slot) {
+PhotoControls photoControls(frm_CompInp2& form, std::size_t slot) {
     return {.picture = form.pic_PhotoFile[slot],
             .path = form.txt_PhotoFilePath[slot],
             .group = form.cbo_pic_PhotoFile[slot],
             .select = form.btm_PhotoSelect[slot]};
 }
 
-PhotoSlots photosOf(frm_CompInp2& form) {
-    return {.page = form, .work = form.pic_LeadTmp, .slots = {slotOf(form, 0), slotOf(form, 1)}};
+PhotoSlots photoSlots(frm_CompInp2& form) {
+    return {.page = form, .work = form.pic_LeadTmp, .slots = {photoControls(form, 0), photoControls(form, 1)}};
 }
 
 void acceptDrops(frm_CompInp2& form) {
@@ -57,10 +57,10 @@ void leavePage(frm_CompInp2& form) {
 
 void wirePhotos(frm_CompInp2& form) {
     for (std::size_t i = 0; i < form.pic_PhotoFile.size(); ++i) {
-        form.btm_PhotoSelect[i].onClick = [&form, i] { btm_PhotoSelect_Click(photosOf(form), i); };
-        form.btm_PhotoDel[i].onClick = [&form, i] { btm_PhotoDel_Click(photosOf(form), i); };
+        form.btm_PhotoSelect[i].onClick = [&form, i] { btm_PhotoSelect_Click(photoSlots(form), i); };
+        form.btm_PhotoDel[i].onClick = [&form, i] { btm_PhotoDel_Click(photoSlots(form), i); };
         form.pic_PhotoFile[i].onDrop = [&form, i](const std::string& file) {
-            pic_PhotoFile_OLEDrop(photosOf(form), i, file);
+            pic_PhotoFile_OLEDrop(photoSlots(form), i, file);
         };
         form.cbo_pic_PhotoFile[i].onKeyDown = [&form, i](int key) { cbo_pic_PhotoFile_KeyDown(form, i, key); };
     }

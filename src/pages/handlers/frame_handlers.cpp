@@ -27,7 +27,7 @@ bool isMarkedButton(const Control& control) {
 }
 
 /// Returns the name of the control with the focus, or of the form if the page has no field.
-const std::string& subjectOf(const Form& form) {
+const std::string& helpSubject(const Form& form) {
     const Control* active = form.activeControl();
     return active == nullptr || isMarkedButton(*active) ? form.name() : active->name();
 }
@@ -50,7 +50,7 @@ void helpOnF1(const Form& form, int key, std::string_view label) {
     }
     handled(label, [&form] {
         HelpService& help = *services().help;
-        return help.ShowHelp(subjectOf(form), kHelpGroup) || failFrom(help.ErrorInfo());
+        return help.ShowHelp(helpSubject(form), kHelpGroup) || failFrom(help.ErrorInfo());
     });
 }
 

@@ -27,7 +27,7 @@ namespace {
 constexpr const char* kCodePrefix = "IMGERR:";
 constexpr int kCancelled = static_cast<int>(Failure::DialogCancelled);
 
-std::string codeOf(const RunTimeError& failure) { return kCodePrefix + std::to_string(failure.number()); }
+std::string formatCode(const RunTimeError& failure) { return kCodePrefix + std::to_string(failure.number()); }
 
 /// After a failed fitting the working file is invalid. A failure to remove it is not reported, because the fitting's
 /// failure is.
@@ -46,7 +46,7 @@ bool fit(const std::string& file, ImageControl& image, std::string& work) {
 }
 
 /// Disables the page while a picture is fitted, and releases the picture's pixels afterwards.
-bool fitted(const PhotoSlots& photos, const std::string& file, std::string& work) {
+bool fitPhoto(const PhotoSlots& photos, const std::string& file, std::string& work) {
     BusyForm disabled(photos.page);
     services().forms->setPointer(kPointerHourglass);
     const bool fine = fit(file, photos.work, work);
@@ -68,9 +68,9 @@ void keep(const PhotoSlots& photos, const PhotoControls& slot, const std::string
 }
 
 /// Reads `work` and `slotFile` before any other step.
-bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string& file, std::string work,
-          const std::string& slotFile) {
-    if (!fitted(photos, file, work)) {
+bool fitAndShow(const PhotoSlots& photos, const PhotoControls& slot, const std::string& file, std::string work,
+                const std::string& slotFile) {
+    if (!fitPhoto(photos, file, work)) {
         return false;
     }
     if (!work.empty()) {
@@ -80,11 +80,11 @@ bool take(const PhotoSlots& photos, const PhotoControls& slot, const std::string
     return shown.empty() || PF_Thumbnail(slot.picture, shown);
 }
 
-std::string slotFileOf(std::size_t slot) { return com().TmpNoTmpFile(static_cast<std::int16_t>(slot)); }
+std::string slotFilePath(std::size_t slot) { return com().TmpNoTmpFile(static_cast<std::int16_t>(slot)); }
 
 /// Returns the file that the operator chooses; failure 20150 if none. An empty `startFolder` is the operator's own
 /// folder.
-std::string pickedFile(const std::string& startFolder) {
+std::string pickFile(const std::string& startFolder) {
     FileSystem& files = *services().fileSystem;
     const std::string folder = startFolder.empty() ? std::string() : files.nativePath(startFolder);
     const std::optional<std::string> file =
@@ -114,29 +114,29 @@ std::optional<RunTimeError> photoTrapped(const char* label, bool& fine, const st
     clearPair();
     auto failure = caught([&] { fine = body(); });
     if (failure) {
-        fine = fail(label + failure->description(), codeOf(*failure));
+        fine = fail(label + failure->description(), formatCode(*failure));
     }
     return failure;
 }
 
-bool pickAndTake(const PhotoSlots& photos, std::size_t slot) {
+bool pickAndShow(const PhotoSlots& photos, std::size_t slot) {
     const std::string work = com().TmpWorkImgFile();
-    const std::string slotFile = slotFileOf(slot);
+    const std::string slotFile = slotFilePath(slot);
     std::string startFolder;
     if (!PF_GetProFile(com().SysSystemIni(), "UTILTY", "GET_IMG", startFolder)) {
         return false;
     }
-    return take(photos, photos.slots.at(slot), pickedFile(startFolder), work, slotFile);
+    return fitAndShow(photos, photos.slots.at(slot), pickFile(startFolder), work, slotFile);
 }
 
 void pickAndReport(const PhotoSlots& photos, std::size_t slot) {
     bool fine = false;
-    const auto failure = photoTrapped("[ PhotoSelect_Click ]", fine, [&] { return pickAndTake(photos, slot); });
+    const auto failure = photoTrapped("[ PhotoSelect_Click ]", fine, [&] { return pickAndShow(photos, slot); });
     if (fine) {
         return;
     }
     if (failure && failure->number() == kCancelled) {
-        setPair({"画像選択はキャンセルされました。\r\n" + failure->description(), codeOf(*failure)});
+        setPair({"画像選択はキャンセルされました。\r\n" + failure->description(), formatCode(*failure)});
     } else if (!showPair()) {
         showPlainBox(failure);
     }
@@ -159,8 +159,9 @@ void btm_PhotoSelect_Click(const PhotoSlots& photos, std::size_t slot) {
 
 void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std::string& file) {
     bool fine = false;
-    photoTrapped("[ PhotoFile_OLEDrop ]", fine,
-                 [&] { return take(photos, photos.slots.at(slot), file, com().TmpWorkImgFile(), slotFileOf(slot)); });
+    photoTrapped("[ PhotoFile_OLEDrop ]", fine, [&] {
+        return fitAndShow(photos, photos.slots.at(slot), file, com().TmpWorkImgFile(), slotFilePath(slot));
+    });
     if (!fine) {
         showPair();
         logPair();

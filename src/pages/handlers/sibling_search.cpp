@@ -96,7 +96,7 @@ std::string parameters(const SiblingSearch& search) {
     return text + std::to_string(search.button.handle());
 }
 
-SiblingCalls callsOf(const std::shared_ptr<RunningSearch>& running) {
+SiblingCalls makeCalls(const std::shared_ptr<RunningSearch>& running) {
     return {
         .setText = [running](std::uint32_t handle, const std::string& text) { return running->setText(handle, text); },
         .pressKey = [running](std::uint32_t handle, int key) { return running->pressKey(handle, key); },
@@ -109,7 +109,7 @@ void startSearch(Form& form, const SiblingSearch& search) {
     BusyForm disabled(form);
     const auto running = std::make_shared<RunningSearch>(form, search);
     const auto failure =
-        caught([&] { services().siblings->start(search.program + " " + parameters(search), callsOf(running)); });
+        caught([&] { services().siblings->start(search.program + " " + parameters(search), makeCalls(running)); });
     if (failure) {
         disabled.enable();
         throw RunTimeError(*failure);

@@ -18,7 +18,7 @@ namespace {
 
 /// Selects the current company in the list, or nothing if the list does not contain it. Any other selection would give
 /// the record the key of another company.
-void backToCurrent(PageForm& form) {
+void reselectCurrent(PageForm& form) {
     const FlagGuard byCode(form.companySetByCode);
     ComboBox& list = form.cbo_User_Id;
     if (caught([&] { list.setText(tCustomerInfo.USER_ID); })) {
@@ -54,15 +54,15 @@ bool loadCompany(const std::string& label, const std::string& wish) {
 }
 
 /// A page whose start failed needs its lists first. Without them it would return blanks.
-bool showCompany(PageForm& form, const std::string& label, bool listsThere) {
+bool fillPage(PageForm& form, const std::string& label, bool listsThere) {
     showTitle(form);
-    form.ready = trapped(label, [&] { return (listsThere || makeListsOf(form.number)) && showRecordOn(form.number); });
+    form.ready = trapped(label, [&] { return (listsThere || fillLists(form.number)) && showRecordOn(form.number); });
     return form.ready;
 }
 
 bool loadAndShow(PageForm& form, const std::string& label, const std::string& wish) {
     const bool wasReady = std::exchange(form.ready, false);
-    const bool shown = loadCompany(label, wish) && showCompany(form, label, wasReady);
+    const bool shown = loadCompany(label, wish) && fillPage(form, label, wasReady);
     if (!shown) {
         form.failure = {gErrMsg, gErrCode};
     }
@@ -70,7 +70,7 @@ bool loadAndShow(PageForm& form, const std::string& label, const std::string& wi
 }
 
 bool switchTo(PageForm& form, const std::string& label, const std::string& wish, StoreSession& session) {
-    ScopeExit listBack([&] { backToCurrent(form); });
+    ScopeExit listBack([&] { reselectCurrent(form); });
     if (isSwitchDeclined(wish)) {
         return true;
     }

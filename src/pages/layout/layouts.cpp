@@ -31,7 +31,7 @@ const std::map<std::string_view, Placements>& layouts() {
 
 }  // namespace
 
-std::span<const Placement> layoutOf(std::string_view form) {
+std::span<const Placement> findLayout(std::string_view form) {
     const auto found = layouts().find(form);
     return found == layouts().end() ? std::span<const Placement>() : found->second;
 }

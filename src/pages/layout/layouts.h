@@ -8,6 +8,6 @@
 namespace orv {
 
 /// Returns the placements of a form by its name, or none for an unknown form.
-std::span<const Placement> layoutOf(std::string_view form);
+std::span<const Placement> findLayout(std::string_view form);
 
 }  // namespace orv
