@@ -35,7 +35,7 @@ constexpr std::array<LeafletFolder, 4> kByWholeCode{{
 }};
 
 template <std::size_t Count>
-std::string keyOf(const std::array<LeafletFolder, Count>& rows, std::string_view code) {
+std::string findKey(const std::array<LeafletFolder, Count>& rows, std::string_view code) {
     const auto found =
         std::find_if(rows.begin(), rows.end(), [&](const LeafletFolder& row) { return row.code == code; });
     return found == rows.end() ? std::string() : std::string(found->key);
@@ -44,7 +44,7 @@ std::string keyOf(const std::array<LeafletFolder, Count>& rows, std::string_view
 /// Returns "" for a code without a folder of its own.
 std::string leafletKey(const std::string& code) {
     const std::string kind = code.substr(0, 2);
-    return kind == "SH" ? keyOf(kByWholeCode, trimmed(code)) : keyOf(kByFirstTwo, kind);
+    return kind == "SH" ? findKey(kByWholeCode, trimmed(code)) : findKey(kByFirstTwo, kind);
 }
 
 std::string replaced(std::string text, std::string_view from, std::string_view to) {

@@ -83,7 +83,7 @@ struct Filler {
     void operator()(Long field) const { info.*field = toLong(number()); }
 };
 
-std::string sendModeOf(const Value& column) {
+std::string toSendMode(const Value& column) {
     switch (column.isNull() ? 0 : toLong(toText(column))) {
         case 0:
             return "FTP送信方式";
@@ -101,7 +101,7 @@ TransmitInfo profileFrom(const TransmitRecordset* row, const cls_Com& com, const
         const Value value = row == nullptr ? Value() : row->Fields(std::string(column.name));
         std::visit(Filler{settings, column, value, info}, column.field);
     }
-    info.SendMode = row == nullptr ? kMakeFileOnly : sendModeOf(row->Fields("SendMode"));
+    info.SendMode = row == nullptr ? kMakeFileOnly : toSendMode(row->Fields("SendMode"));
     info.PassiveMode = toBoolean(com.ORV_PassiveMode());
     info.FtpTimeOut = toLong(com.ORV_FtpTimeOut());
     info.FtpOverwrite = toBoolean(settings.ORV_FtpOverwrite());

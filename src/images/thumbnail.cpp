@@ -41,7 +41,7 @@ private:
 };
 
 /// Gives the control the picture's proportions temporarily, to calculate the destination from it.
-void takeProportions(ImageControl& image) {
+void keepProportions(ImageControl& image) {
     const double bitmapHeight = image.bitmapHeight();
     const double bitmapWidth = image.bitmapWidth();
     const std::int32_t maxHeight = toLong(image.scaleHeight() * 3.0 / 4.0);
@@ -64,7 +64,7 @@ bool bas_Image::PF_Thumbnail(ImageControl& image, const std::string& file) {
         }
         const Covered covered(image);
         image.load(file, {image.scaleWidth() * kSharpest, image.scaleHeight() * kSharpest});
-        takeProportions(image);
+        keepProportions(image);
         const Box whole{0, 0, image.scaleWidth(), image.scaleHeight()};
         image.setDstRect(whole);
         image.setDstClipRect(whole);

@@ -23,7 +23,7 @@ namespace {
 constexpr std::uint64_t kRasLimit = 102400;
 constexpr std::string_view kLineEnd = "\r\n";
 
-const Values& listOf(const Value& value) {
+const Values& toList(const Value& value) {
     const auto* list = std::get_if<Values>(&value.content());
     if (list == nullptr) {
         throw RunTimeError(Failure::TypeMismatch);
@@ -37,7 +37,7 @@ std::string threeValues(const Values& args) {
 
 std::string oneList(const Values& args) {
     std::string record;
-    for (const Value& element : listOf(args.at(0))) {
+    for (const Value& element : toList(args.at(0))) {
         record += toText(element) + ",";
     }
     return record;
@@ -45,10 +45,10 @@ std::string oneList(const Values& args) {
 
 std::string sixLists(const Values& args) {
     std::string record;
-    for (std::size_t row = 0; row < listOf(args.at(0)).size(); ++row) {
+    for (std::size_t row = 0; row < toList(args.at(0)).size(); ++row) {
         record += formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss") + ",";
         for (std::size_t column = 0; column < 6; ++column) {
-            record += toText(listOf(args.at(column)).at(row)) + ",";
+            record += toText(toList(args.at(column)).at(row)) + ",";
         }
         record += kLineEnd;
     }

@@ -33,7 +33,7 @@ constexpr auto kDescriptions = std::to_array<std::pair<Failure, std::string_view
 
 }  // namespace
 
-std::string_view descriptionOf(Failure failure) {
+std::string_view describe(Failure failure) {
     for (const auto& [known, text] : kDescriptions) {
         if (known == failure) {
             return text;
@@ -42,7 +42,7 @@ std::string_view descriptionOf(Failure failure) {
     return "不明なエラーです。";
 }
 
-RunTimeError::RunTimeError(Failure failure) : RunTimeError(failure, std::string(descriptionOf(failure))) {}
+RunTimeError::RunTimeError(Failure failure) : RunTimeError(failure, std::string(describe(failure))) {}
 
 RunTimeError::RunTimeError(Failure failure, std::string description)
     : RunTimeError(static_cast<int>(failure), std::move(description)) {}

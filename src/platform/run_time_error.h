@@ -34,7 +34,7 @@ enum class Failure : int {
 };
 
 /// Returns the Japanese text for `failure` that the operator reads. Never empty.
-std::string_view descriptionOf(Failure failure);
+std::string_view describe(Failure failure);
 
 /// The only exception of the system: a number and a description in the operator's language. Adapters convert every
 /// failure of their library to it; nothing else crosses an interface.

@@ -15,7 +15,7 @@ struct Lead {
     char32_t least;
 };
 
-Lead leadOf(unsigned char byte) {
+Lead decodeLead(unsigned char byte) {
     if (byte < 0x80) return {1, byte, 0};
     if (byte >= 0xC2 && byte < 0xE0) return {2, byte & 0x1FU, 0x80};
     if (byte >= 0xE0 && byte < 0xF0) return {3, byte & 0x0FU, 0x800};
@@ -25,7 +25,7 @@ Lead leadOf(unsigned char byte) {
 
 /// Returns the first character and its length in bytes.
 std::pair<char32_t, std::size_t> first(std::string_view text) {
-    const Lead lead = leadOf(static_cast<unsigned char>(text.front()));
+    const Lead lead = decodeLead(static_cast<unsigned char>(text.front()));
     if (lead.length == 0 || lead.length > text.size()) {
         return {kNoCharacter, 1};
     }

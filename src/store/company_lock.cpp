@@ -10,10 +10,10 @@ namespace orv {
 namespace {
 
 /// Contains the computer's name as its lock does.
-std::string nameOf(const std::string& userId) { return services().facts->GetComputerName() + "/" + userId; }
+std::string claimName(const std::string& userId) { return services().facts->GetComputerName() + "/" + userId; }
 
 bool claimCompany(const std::string& userId) {
-    return services().running == nullptr || services().running->take(nameOf(userId));
+    return services().running == nullptr || services().running->take(claimName(userId));
 }
 
 bool unlock(const std::string& userId) { return PF_DataUnlock(userId, kLockType, kLockNumber); }
@@ -53,7 +53,7 @@ CompanyLock lockCompany(const std::string& userId, const std::string& held) {
 
 void giveUpCompany(const std::string& userId) {
     if (services().running != nullptr && !userId.empty()) {
-        services().running->leave(nameOf(userId));
+        services().running->leave(claimName(userId));
     }
 }
 

@@ -38,7 +38,7 @@ inline constexpr std::int16_t kCountDate = 12;
                                       const std::string& key3);
 
 /// Queries with the modes 10 to 12.
-[[nodiscard]] inline bool noRowOf(const std::string& userId, std::int16_t mode) {
+[[nodiscard]] inline bool isRowMissing(const std::string& userId, std::int16_t mode) {
     return PF_GetRowCountZero("", userId, mode, "");
 }
 

@@ -21,14 +21,14 @@ std::string present() { return formatMoment(services().clock->now(), "yyyymmdd h
 
 std::string sendFlag() { return toText(Value(tCustomerInfo.SEND_FLAG)); }
 
-const std::string& fieldOf(const Column& column) { return tCustomerInfo.*column.field; }
+const std::string& fieldText(const Column& column) { return tCustomerInfo.*column.field; }
 
 /// Returns the value of a column in an INSERT, with the blanks before it.
 std::string insertedValue(const Column& column) {
     if (column.name == "SEND_FLAG") return " " + sendFlag();
     if (column.name == "INSERT_DATE") return quoted(present());
     if (column.name == "SERVICE_FLG") return quoted(PF_RepeatZero(50));
-    return quoted(fieldOf(column));
+    return quoted(fieldText(column));
 }
 
 std::string insertInto(std::string_view table, std::span<const Column> columns) {
@@ -43,7 +43,7 @@ std::string insertInto(std::string_view table, std::span<const Column> columns) 
 }
 
 std::string assignment(const Column& column) {
-    const std::string value = column.field == nullptr ? sendFlag() : quoted(fieldOf(column));
+    const std::string value = column.field == nullptr ? sendFlag() : quoted(fieldText(column));
     return std::string(kIndent) + std::string(column.name) + "  =" + value;
 }
 

@@ -27,7 +27,7 @@ constexpr auto kChecks = std::to_array<PageCheck>(
 
 void pointerBack() { services().forms->setPointer(kPointerDefault); }
 
-void takeToFault(std::int16_t page, PageForm& currentForm, const Refusal& refusal) {
+void showFault(std::int16_t page, PageForm& currentForm, const Refusal& refusal) {
     if (!PF_Change_Frm_CompInp(page, currentForm)) {
         return;
     }
@@ -55,7 +55,7 @@ bool checkPages(PageForm& currentForm) {
     Refusal refusal;
     const std::optional<std::int16_t> page = failingPage(refusal);
     if (page) {
-        takeToFault(*page, currentForm, refusal);
+        showFault(*page, currentForm, refusal);
     }
     return !page;
 }

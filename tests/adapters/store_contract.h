@@ -83,7 +83,7 @@ TEST_P(StoreContract, TextComesBackAsItWasWritten) {
          {std::string("髙﨑ﾃｽﾄ①～－"), std::string("C:\\ORV\\ \" ; -- /* Left(x, 2) */ 100% _"), std::string(" 前後 "),
           std::string(), std::string("00012"), std::string(60000, 'x')}) {
         EXPECT_EQ(terminal.execute(nameUpdate("000004602", "000004602", text)), 1);
-        EXPECT_EQ(terminal.one(nameOf("000004602")), text);
+        EXPECT_EQ(terminal.one(claimName("000004602")), text);
     }
 }
 
@@ -92,10 +92,10 @@ TEST_P(StoreContract, ARolledBackOrClosedTransactionLeavesNothingAndACommittedOn
     Terminal there(service, path);
     ASSERT_TRUE(here.begin());
     EXPECT_EQ(here.execute(nameUpdate("000004601", "000004601", "その一")), 1);
-    EXPECT_EQ(here.one(nameOf("000004601")), "その一");
-    EXPECT_EQ(there.one(nameOf("000004601")), "あおぞら架空不動産㈱");
+    EXPECT_EQ(here.one(claimName("000004601")), "その一");
+    EXPECT_EQ(there.one(claimName("000004601")), "あおぞら架空不動産㈱");
     EXPECT_TRUE(here.rollback());
-    EXPECT_EQ(here.one(nameOf("000004601")), "あおぞら架空不動産㈱");
+    EXPECT_EQ(here.one(claimName("000004601")), "あおぞら架空不動産㈱");
     ASSERT_TRUE(here.begin());
     EXPECT_EQ(here.execute(nameUpdate("000004601", "000004601", "その二")), 1);
     EXPECT_TRUE(here.commit());
@@ -104,7 +104,7 @@ TEST_P(StoreContract, ARolledBackOrClosedTransactionLeavesNothingAndACommittedOn
     bool ok = false;
     service.DbClose(here.connection, ok);
     EXPECT_TRUE(ok);
-    EXPECT_EQ(there.one(nameOf("000004601")), "その二");
+    EXPECT_EQ(there.one(claimName("000004601")), "その二");
 }
 
 TEST_P(StoreContract, OneStatementOfTheRightKindOrNothing) {

@@ -82,7 +82,7 @@ inline std::string nameUpdate(const std::string& userId, const std::string& newI
            name + "'     where  USER_ID = '" + userId + "'";
 }
 
-inline std::string nameOf(const std::string& userId) {
+inline std::string claimName(const std::string& userId) {
     return "select COMPANY_NAME from TBL_CUSTOMER_INFO where USER_ID = '" + userId + "'";
 }
 

@@ -146,14 +146,14 @@ void feedStatement(const std::string& bytes) {
 /// Tests dates of the pages. A text read as a date is valid, and means the same in Western years.
 void feedEraDate(const std::string& bytes) {
     const EraCalendar calendar;
-    const auto date = calendar.dateOf(bytes);
+    const auto date = calendar.parseDate(bytes);
     if (!date) return;
     const std::chrono::year_month_day day{std::chrono::year{date->year},
                                           std::chrono::month{static_cast<unsigned>(date->month)},
                                           std::chrono::day{static_cast<unsigned>(date->day)}};
     require(day.ok() && date->year >= 100 && date->year <= 9999, "a date is on the calendar");
-    const auto again = calendar.dateOf(formatMoment(*date, "yyyy") + "年" + std::to_string(date->month) + "月" +
-                                       std::to_string(date->day) + "日");
+    const auto again = calendar.parseDate(formatMoment(*date, "yyyy") + "年" + std::to_string(date->month) + "月" +
+                                          std::to_string(date->day) + "日");
     require(again == date, "the same date in western years is the same date");
 }
 

@@ -80,7 +80,7 @@ bool HttpCompanySend::recorded(const std::function<void()>& steps) {
     } catch (const RunTimeError& failure) {
         error_ = {failure.description(), std::to_string(failure.number())};
     } catch (const std::exception&) {
-        error_ = {std::string(descriptionOf(Failure::Internal)), std::to_string(static_cast<int>(Failure::Internal))};
+        error_ = {std::string(describe(Failure::Internal)), std::to_string(static_cast<int>(Failure::Internal))};
     }
     error_.text.insert(0, kWhatIsSafe);
     return false;

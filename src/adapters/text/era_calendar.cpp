@@ -74,7 +74,7 @@ bool exists(const year_month_day& date, const Era* era) {
 
 }  // namespace
 
-std::optional<DateTime> EraCalendar::dateOf(const std::string& text) const {
+std::optional<DateTime> EraCalendar::parseDate(const std::string& text) const {
     std::string_view rest = text;
     const Era* era = tookEra(rest);
     const bool isFirstYear = era != nullptr && took(rest, kFirstYear);

@@ -14,7 +14,7 @@ namespace orv {
 /// to 9999. Only half-width digits are accepted, because the fields of the pages contain no others.
 class EraCalendar : public JapaneseCalendar {
 public:
-    std::optional<DateTime> dateOf(const std::string& text) const override;
+    std::optional<DateTime> parseDate(const std::string& text) const override;
 };
 
 }  // namespace orv

@@ -118,7 +118,7 @@ bool readCompany(const std::string& userId) {
 
 bool fillRecord(const std::string& userId) {
     services().fileSystem->workIn(com().TmpFolder());
-    if (!noRowOf(userId, kCountInfo)) {
+    if (!isRowMissing(userId, kCountInfo)) {
         return readCompany(userId);
     }
     if (userId != kNewCompany) {

@@ -73,7 +73,7 @@ constexpr std::array<SavedTable, 3> kTables{{
 }};
 
 bool makeStatement(const SavedTable& table, const std::string& targetId, std::string& sql) {
-    const bool insert = noRowOf(tCustomerInfo.USER_ID, table.probe) && targetId == kNewCompany;
+    const bool insert = isRowMissing(tCustomerInfo.USER_ID, table.probe) && targetId == kNewCompany;
     return insert ? table.insert(sql) : table.update(sql, targetId);
 }
 

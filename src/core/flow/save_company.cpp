@@ -99,7 +99,7 @@ bool send(SaveRun& run) {
 bool isUnused(const std::string& number, const FailureRecord& taken) {
     clearPair();
     const std::array tables{kCountInfo, kCountAdd, kCountDate};
-    if (std::ranges::all_of(tables, [&](std::int16_t table) { return noRowOf(number, table); })) {
+    if (std::ranges::all_of(tables, [&](std::int16_t table) { return isRowMissing(number, table); })) {
         return true;
     }
     const bool isKnown = gErrMsg.empty() && gErrCode.empty();

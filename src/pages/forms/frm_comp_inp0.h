@@ -15,7 +15,7 @@ struct frm_CompInp0 : PageForm {
     TextInput txt_User_Passwd{*this, "txt_User_Passwd", {.caption = "パスワード：", .mask = "aA#@", .limit = characters(10), .ime = Ime::Disabled, .back = kDisabledField, .enabled = false, .password = true}};
     Button btm_ChangePW{*this, "btm_ChangePW", {.caption = "変更"}};
     Label lbl_Pubish_Number_Title{*this, "lbl_Pubish_Number_Title", {.caption = "契約掲載件数：", .visible = false}};
-    Label lbl_Pubish_Number{*this, "lbl_Pubish_Number", valueOf(lbl_Pubish_Number_Title)};
+    Label lbl_Pubish_Number{*this, "lbl_Pubish_Number", valuePanel(lbl_Pubish_Number_Title)};
 
     TextInput txt_Group_Name{*this, "txt_Group_Name", {.caption = "グループ名：", .refuse = "K", .limit = bytes(40), .ime = Ime::On, .back = kOptionalField}};
     TextInput txt_Company_Name{*this, "txt_Company_Name", {.caption = "会社名：", .refuse = "K", .limit = bytes(60), .ime = Ime::On, .back = kRequiredField}};

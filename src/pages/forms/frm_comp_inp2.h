@@ -26,10 +26,10 @@ struct frm_CompInp2 : PageForm {
 
     // clang-format off
     Label lbl_Railroad_Name_Title{*this, "lbl_Railroad_Name_Title", {.caption = "沿線名称："}};
-    Label lbl_Railroad_Name{*this, "lbl_Railroad_Name", valueOf(lbl_Railroad_Name_Title)};
+    Label lbl_Railroad_Name{*this, "lbl_Railroad_Name", valuePanel(lbl_Railroad_Name_Title)};
     TextInput txt_Railroad_Code{*this, "txt_Railroad_Code", {.back = kOptionalField, .visible = false}};
     Label lbl_Station_Name_Title{*this, "lbl_Station_Name_Title", {.caption = "駅名称："}};
-    Label lbl_Station_Name{*this, "lbl_Station_Name", valueOf(lbl_Station_Name_Title)};
+    Label lbl_Station_Name{*this, "lbl_Station_Name", valuePanel(lbl_Station_Name_Title)};
     TextInput txt_Station_Code{*this, "txt_Station_Code", {.back = kOptionalField, .visible = false}};
     Button btn_SelectRail{*this, "btn_SelectRail", {.caption = "沿線選択"}};
     Button btn_DelRail{*this, "btn_DelRail", {.caption = "消去"}};

@@ -86,7 +86,7 @@ bool fillCompanies(ComboBox& combo) {
     if (!PF_MakeComboBox(combo, "", false, kListCompanies)) {
         return false;
     }
-    if (noRowOf(std::string(kNewCompany), kCountInfo)) {
+    if (isRowMissing(std::string(kNewCompany), kCountInfo)) {
         combo.addItem(std::string(kNewCompany));
     }
     return true;

@@ -38,7 +38,7 @@ private:
 };
 
 /// Returns a panel for the value that `title` names. It is visible if the title is.
-inline LabelDesign valueOf(const Label& title) {
+inline LabelDesign valuePanel(const Label& title) {
     const LabelDesign& design = title.labelDesign();
     return {.look = LabelLook::Panel, .visible = design.visible, .spokenName = design.caption};
 }

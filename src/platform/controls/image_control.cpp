@@ -72,7 +72,7 @@ void ImageControl::scrollBy(int right, int down) {
 }
 
 void ImageControl::drop(const std::string& file) {
-    if (takesDrops()) {
+    if (canDrop()) {
         onDrop.raise(file);
     }
 }

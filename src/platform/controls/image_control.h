@@ -76,7 +76,7 @@ public:
     bool acceptsDrops() const { return acceptsDrops_; }
     void setAcceptsDrops(bool accepts) { acceptsDrops_ = accepts; }
     /// True if a drop would be accepted now. Requires a usable control on an enabled form.
-    bool takesDrops() const { return acceptsDrops_ && usable() && owner().ownerEnabled(); }
+    bool canDrop() const { return acceptsDrops_ && usable() && owner().ownerEnabled(); }
     /// Called when the operator drops a file. Raises drop if drops are accepted.
     void drop(const std::string& file);
 

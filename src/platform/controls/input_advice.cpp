@@ -29,7 +29,7 @@ std::string maskAdvice(const TextDesign& design) {
 }
 
 /// Line breaks and similar characters, which can be pasted, are dropped without a message.
-std::size_t lengthOf(const std::string& text) {
+std::size_t countLength(const std::string& text) {
     const std::u32string characters = toCharacters(text);
     return static_cast<std::size_t>(std::count_if(characters.begin(), characters.end(), [](char32_t character) {
         return character >= 0x20 && (character < 0x7F || character >= 0xA0);
@@ -37,9 +37,9 @@ std::size_t lengthOf(const std::string& text) {
 }
 
 /// True if no character was left out. A conversion changes characters, a rejection removes them.
-bool takesAll(const TextDesign& design, const std::string& kept, const std::string& committed) {
+bool acceptsAll(const TextDesign& design, const std::string& kept, const std::string& committed) {
     const std::string offered = design.ime == Ime::FullKatakana ? toFullKatakana(committed) : committed;
-    return lengthOf(admit(design, kept, committed)) == lengthOf(offered);
+    return countLength(admit(design, kept, committed)) == countLength(offered);
 }
 
 /// Omits a fraction of zero.
@@ -71,10 +71,10 @@ std::string rangeAdvice(const NumberDesign& design) {
 std::string refusalAdvice(const TextDesign& design, const std::string& kept, const std::string& committed) {
     TextDesign unlimited = design;
     unlimited.limit = {};
-    if (!takesAll(unlimited, kept, committed)) {
+    if (!acceptsAll(unlimited, kept, committed)) {
         return maskAdvice(design);
     }
-    return takesAll(design, kept, committed) ? "" : limitAdvice(design);
+    return acceptsAll(design, kept, committed) ? "" : limitAdvice(design);
 }
 
 }  // namespace orv

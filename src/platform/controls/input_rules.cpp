@@ -96,7 +96,7 @@ bool admitted(const TextDesign& design, char32_t character) {
 // The characters that input methods produce for the hyphen key, and the dashes of other texts.
 constexpr std::u32string_view kHyphens = U"\u2010\u2011\u2012\u2013\u2014\u2015\u2212ーｰ";
 
-char32_t halfWidthOf(char32_t character) {
+char32_t toHalfWidthForm(char32_t character) {
     if (kHyphens.find(character) != std::u32string_view::npos) {
         return U'-';
     }
@@ -108,15 +108,15 @@ char32_t halfWidthOf(char32_t character) {
 
 /// Returns the character in the form in which the field accepts it, in half width if the mask requires that. Returns 0
 /// if it is rejected.
-char32_t takenForm(const TextDesign& design, char32_t character) {
+char32_t acceptedForm(const TextDesign& design, char32_t character) {
     if (admitted(design, character)) {
         return character;
     }
-    const char32_t narrow = halfWidthOf(character);
+    const char32_t narrow = toHalfWidthForm(character);
     return !design.mask.empty() && admitted(design, narrow) ? narrow : 0;
 }
 
-std::size_t lengthOf(const Limit& limit, const std::u32string& characters) {
+std::size_t countLength(const Limit& limit, const std::u32string& characters) {
     return limit.unit == Limit::Unit::CodePageBytes ? services().codePage->encode(toUtf8(characters)).size()
                                                     : characters.size();
 }
@@ -146,17 +146,17 @@ std::string admit(const TextDesign& design, const std::string& kept, const std::
         toCharacters(design.ime == Ime::FullKatakana ? toFullKatakana(committed) : committed);
     std::u32string taken;
     for (const char32_t character : offered) {
-        if (const char32_t form = takenForm(design, character)) {
+        if (const char32_t form = acceptedForm(design, character)) {
             taken += form;
         }
     }
     if (design.limit.unit == Limit::Unit::None) {
         return toUtf8(taken);
     }
-    std::size_t length = lengthOf(design.limit, toCharacters(kept));
+    std::size_t length = countLength(design.limit, toCharacters(kept));
     std::size_t fitting = 0;
     for (; fitting < taken.size(); ++fitting) {
-        length += lengthOf(design.limit, taken.substr(fitting, 1));
+        length += countLength(design.limit, taken.substr(fitting, 1));
         if (length > design.limit.most) {
             break;
         }
@@ -187,7 +187,7 @@ std::string toFullKatakana(std::string_view text) {
 
 std::string toHalfWidth(std::string_view text) {
     std::u32string result = toCharacters(text);
-    std::transform(result.begin(), result.end(), result.begin(), halfWidthOf);
+    std::transform(result.begin(), result.end(), result.begin(), toHalfWidthForm);
     return toUtf8(result);
 }
 

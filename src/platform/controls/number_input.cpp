@@ -15,7 +15,7 @@ namespace {
 
 enum Section : std::size_t { Positive, Negative, Zero, NoNumber };
 
-std::string_view sectionOf(std::string_view format, Section section) {
+std::string_view findSection(std::string_view format, Section section) {
     for (std::size_t i = 0; i < section; ++i) {
         format.remove_prefix(std::min(format.find(';'), format.size() - 1) + 1);
         if (format.empty()) {
@@ -63,16 +63,16 @@ std::string formatNumber(const Value& number, std::string_view format) {
         return number.isNull() ? std::string() : toText(number);
     }
     if (number.isNull()) {
-        const std::string_view none = sectionOf(format, NoNumber);
+        const std::string_view none = findSection(format, NoNumber);
         return none.empty() ? std::string() : inSection(0, none);
     }
     const double value = numberIn(number);
     const Section section = value > 0 ? Positive : value < 0 ? Negative : Zero;
-    const std::string_view own = sectionOf(format, section);
+    const std::string_view own = findSection(format, section);
     if (!own.empty()) {
         return inSection(std::fabs(value), own);
     }
-    return (value < 0 ? "-" : "") + inSection(std::fabs(value), sectionOf(format, Positive));
+    return (value < 0 ? "-" : "") + inSection(std::fabs(value), findSection(format, Positive));
 }
 
 NumberInput::NumberInput(ControlOwner& owner, std::string_view name, const NumberDesign& design, int index)

@@ -92,10 +92,10 @@ void Form::focusNext() {
     const std::vector<Control*> order = tabOrder();
     const auto here = std::find(order.begin(), order.end(), active_);
     const auto start = here == order.end() ? order.begin() : here + 1;
-    const auto canStand = [](const Control* control) { return control->focusable(); };
-    auto next = std::find_if(start, order.end(), canStand);
+    const auto canHaveFocus = [](const Control* control) { return control->focusable(); };
+    auto next = std::find_if(start, order.end(), canHaveFocus);
     if (next == order.end()) {
-        next = std::find_if(order.begin(), order.end(), canStand);
+        next = std::find_if(order.begin(), order.end(), canHaveFocus);
     }
     if (next != order.end()) {
         activate(**next);

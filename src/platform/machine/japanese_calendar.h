@@ -13,7 +13,7 @@ class JapaneseCalendar : public Interface {
 public:
     /// Returns the Western date of "平成15年04月01日" or, without an era, "2003年04月01日". Returns nothing if the text
     /// is not a date.
-    virtual std::optional<DateTime> dateOf(const std::string& text) const = 0;
+    virtual std::optional<DateTime> parseDate(const std::string& text) const = 0;
 };
 
 }  // namespace orv

@@ -53,7 +53,7 @@ std::string expiryText() {
 
 /// Returns the day as one number. Failure 13 if the text is not a date.
 std::int32_t dayNumber(const std::string& dateText) {
-    const std::optional<DateTime> date = services().calendar->dateOf(dateText);
+    const std::optional<DateTime> date = services().calendar->parseDate(dateText);
     return toLong(date ? formatMoment(*date, kComparable) : dateText);
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kEarliestStop = 3;
 
 /// Returns the position, counted from 1, or 0 if not found.
-std::size_t placeOf(const std::u32string& text, char32_t character) {
+std::size_t findPosition(const std::u32string& text, char32_t character) {
     const auto found = text.find(character);
     return found == std::u32string::npos ? 0 : found + 1;
 }
@@ -71,7 +71,7 @@ Verdict filledNoTelNumber(const std::string& value, Refusal& out) {
 
 Verdict noMailAddress(const std::string& value, Refusal&) {
     const std::u32string characters = toCharacters(value);
-    const bool isAddress = placeOf(characters, U'.') >= kEarliestStop || placeOf(characters, U'@') >= 1;
+    const bool isAddress = findPosition(characters, U'.') >= kEarliestStop || findPosition(characters, U'@') >= 1;
     return isAddress ? Verdict::Passes : Verdict::Fails;
 }
 

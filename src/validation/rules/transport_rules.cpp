@@ -88,7 +88,7 @@ static_assert(
     }(),
     "a row decides each case");
 
-Fields filledOf(const std::array<const std::string*, kFieldCount>& texts) {
+Fields findFilled(const std::array<const std::string*, kFieldCount>& texts) {
     unsigned fields = 0;
     for (std::size_t i = 0; i < texts.size(); ++i) {
         fields |= texts[i]->empty() ? 0U : 1U << i;
@@ -115,8 +115,8 @@ bool PF_CheckTransport(std::string& RAILROAD_CODE, Control& btn_SelectRail, std:
         clearIf(RAILROAD_CODE, kNoLine);
         clearIf(STATION_CODE, kNoStation);
         const TransportRow& row =
-            *decidingRow(filledOf({&RAILROAD_CODE, &STATION_CODE, &WALK_MINUTES, &BUS_MINUTES, &BUS_ROUTE, &BUSSTOP,
-                                   &TEIHO_MINUTES, &CAR_TARGET, &CAR_MINUTES, &CAR_DISTANCE}));
+            *decidingRow(findFilled({&RAILROAD_CODE, &STATION_CODE, &WALK_MINUTES, &BUS_MINUTES, &BUS_ROUTE, &BUSSTOP,
+                                     &TEIHO_MINUTES, &CAR_TARGET, &CAR_MINUTES, &CAR_DISTANCE}));
         if (!row.text.empty()) {
             // In the order of `At`.
             const std::array<Control*, 9> places{nullptr,         &btn_SelectRail,  &txt_Walk_Minutes,

@@ -63,7 +63,7 @@ TEST_F(ServerStore, AFailedStatementLeavesTheTransactionAsItWas) {
     EXPECT_EQ(lastCode(), "DB23505");
     EXPECT_FALSE(terminal.select("select nonsense"));
     EXPECT_TRUE(terminal.commit());
-    EXPECT_EQ(terminal.one(nameOf("000004601")), "前");
+    EXPECT_EQ(terminal.one(claimName("000004601")), "前");
 }
 
 TEST_F(ServerStore, ARowThatAnotherWritesIsWaitedForAndThenAFailure) {
@@ -82,7 +82,7 @@ TEST_F(ServerStore, ARowThatAnotherWritesIsWaitedForAndThenAFailure) {
     EXPECT_TRUE(here.commit());
     EXPECT_EQ(there.execute(nameUpdate("000004601", "000004601", "あとから")), 1);
     EXPECT_TRUE(there.commit());
-    EXPECT_EQ(here.one(nameOf("000004601")), "あとから");
+    EXPECT_EQ(here.one(claimName("000004601")), "あとから");
 }
 
 TEST_F(ServerStore, WhatTakesTooLongIsEndedByTheServer) {
@@ -98,7 +98,7 @@ TEST_F(ServerStore, WhatTakesTooLongIsEndedByTheServer) {
     }
     EXPECT_FALSE(terminal.commit());
     EXPECT_EQ(busy.DbError().code, "DB25P03");
-    EXPECT_EQ(Terminal(service, path).one(nameOf("000004601")), kOldName);
+    EXPECT_EQ(Terminal(service, path).one(claimName("000004601")), kOldName);
 }
 
 class FrozenServer : public ServerStore {
@@ -121,9 +121,9 @@ TEST_F(FrozenServer, IsAFailureInTimeAndNotAskedAgain) {
     server.thaw();
     EXPECT_TRUE(terminal.rollback()) << "the server undoes it";
     EXPECT_EQ(lastCode(), "DBCONN07") << "the cause stays";
-    EXPECT_FALSE(terminal.select(nameOf("000004601"))) << "the wire is gone";
+    EXPECT_FALSE(terminal.select(claimName("000004601"))) << "the wire is gone";
     Terminal next(service, path);
-    EXPECT_EQ(next.one(nameOf("000004601")), kOldName);
+    EXPECT_EQ(next.one(claimName("000004601")), kOldName);
     EXPECT_EQ(next.execute(nameUpdate("000004601", "000004601", "その後")), 1);
 }
 
@@ -133,7 +133,7 @@ TEST_F(FrozenServer, ACommitWithoutAnAnswerIsSaidToBeUnknown) {
     EXPECT_NE(hasty.DbError().text.find("わからない"), std::string::npos);
     EXPECT_TRUE(terminal.rollback());
     server.thaw();
-    const std::string name = Terminal(service, path).one(nameOf("000004601"));
+    const std::string name = Terminal(service, path).one(claimName("000004601"));
     EXPECT_TRUE(name == "途中" || name == kOldName) << name;
 }
 
@@ -158,12 +158,12 @@ TEST_F(ServerStore, AServerThatStopsTakesAnOpenSaveBackAndWorkGoesOnWhenItIsTher
         EXPECT_TRUE(saving.rollback());
         EXPECT_EQ(lastCode(), code);
         EXPECT_FALSE(committing.commit());
-        EXPECT_FALSE(idle.select(nameOf("000004601")));
+        EXPECT_FALSE(idle.select(claimName("000004601")));
         EXPECT_FALSE(saving.begin());
         server.start();
         Terminal next(service, path);
-        EXPECT_EQ(next.one(nameOf("000004601")), kOldName);
-        EXPECT_NE(next.one(nameOf("000004602")), "消える");
+        EXPECT_EQ(next.one(claimName("000004601")), kOldName);
+        EXPECT_NE(next.one(claimName("000004602")), "消える");
         EXPECT_EQ(next.execute(nameUpdate("000004603", "000004603", mode)), 1);
     }
 }

@@ -9,7 +9,7 @@ namespace {
 
 /// Returns "yyyy/mm/dd", or "" if the text is not a date.
 std::string read(const std::string& text) {
-    const std::optional<DateTime> date = EraCalendar().dateOf(text);
+    const std::optional<DateTime> date = EraCalendar().parseDate(text);
     return date ? formatMoment(*date, "yyyy/mm/dd") : "";
 }
 

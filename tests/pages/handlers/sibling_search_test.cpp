@@ -139,7 +139,7 @@ TEST_P(SiblingSearches, AProgramThatCannotBeStartedLeavesThePageUsable) {
     messages.onShow = [&] { enabledWhenTold = screen().enabled(); };
     button().press();
     EXPECT_TRUE(enabledWhenTold);
-    expectReported("53", GetParam().failure + std::string(descriptionOf(Failure::FileNotFound)));
+    expectReported("53", GetParam().failure + std::string(describe(Failure::FileNotFound)));
     EXPECT_EQ(button().enabled(), !GetParam().closesButton);
     EXPECT_EQ(texts(), before);
 }

@@ -68,7 +68,7 @@ private:
     /// Takes no drop while a dialog or a notice is open or the page is working.
     bool takes(const QDropEvent& event) const {
         const QWidget* modal = QApplication::activeModalWidget();
-        return isEnabled() && image_.takesDrops() && (modal == nullptr || modal == window()) &&
+        return isEnabled() && image_.canDrop() && (modal == nullptr || modal == window()) &&
                !droppedFile(event).isEmpty();
     }
     /// Returns the dropped file. Empty for anything that is not a file, and for several files, because it is not clear
