@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "adapters/qt/application.h"
-#include "adapters/qt/views/screen_room.h"
+#include "adapters/qt/views/screen_space.h"
 #include "sibling_client.h"
 
 namespace search {
@@ -63,7 +63,7 @@ SearchWindow::SearchWindow(const SearchPlan& plan, QList<Row> rows, const QStrin
       choose_(new QPushButton(QStringLiteral("選択"), this)) {
     setWindowTitle(plan.title);
     const QScreen* screen = QGuiApplication::primaryScreen();
-    resize(kSize.boundedTo(orv::screenRoom(screen, orv::Sizing::Free).inside()));
+    resize(kSize.boundedTo(orv::measureScreen(screen, orv::Sizing::Free).inside()));
     fillList();
     layOut();
     text_->installEventFilter(this);

@@ -50,24 +50,24 @@ TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
 }
 
 TEST_F(Layouts, KeepEveryControlReachableOnEveryScreen) {
-    ScreenRoom room;
-    QtWindowSystem screen(findLayout, forms, [&](const QScreen*, Sizing) { return room; });
+    ScreenSpace space;
+    QtWindowSystem screen(findLayout, forms, [&](const QScreen*, Sizing) { return space; });
     services().windows = &screen;
     qunsetenv("ORV_SCALE");
     for (const QSize pixels :
          {QSize(1024, 768), QSize(1366, 768), QSize(1920, 1080), QSize(2560, 1440), QSize(600, 440)}) {
         for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
             const QPoint panel(8, 24);
-            room = {{panel / scale, (pixels - QSize(8, 24)) / scale}, QMargins(4, 28, 4, 4) / scale, scale};
+            space = {{panel / scale, (pixels - QSize(8, 24)) / scale}, QMargins(4, 28, 4, 4) / scale, scale};
             for (Form* form : all()) {
-                SCOPED_TRACE(form->name() + " at " + std::to_string(room.area.width()));
+                SCOPED_TRACE(form->name() + " at " + std::to_string(space.area.width()));
                 form->onLoad = nullptr;
                 forms.show(*form);
                 screen.centre(*form);
                 QWidget& window = *windowOf(*form);
-                const QRect outside = QRect(window.pos(), window.size().grownBy(room.frame));
-                EXPECT_TRUE(room.area.contains(outside));
-                EXPECT_LE((outside.center() - room.area.center()).manhattanLength(), 2);
+                const QRect outside = QRect(window.pos(), window.size().grownBy(space.frame));
+                EXPECT_TRUE(space.area.contains(outside));
+                EXPECT_LE((outside.center() - space.area.center()).manhattanLength(), 2);
                 EXPECT_GT(paneOf(*form)->font().pixelSize() * scale, 8.5) << "smaller text cannot be read";
                 EXPECT_TRUE(QTest::qWaitForWindowActive(&window, kPatience));
                 for (const Placement& place : findLayout(form->name())) {

@@ -63,7 +63,7 @@ QFont japaneseFont() {
     return QFont(QStringLiteral("sans-serif"));
 }
 
-int pixelsOf(const QFont& font) {
+int pixelSize(const QFont& font) {
     return font.pixelSize() > 0
                ? font.pixelSize()
                : qRound(font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / kPointsAnInch);
@@ -71,7 +71,7 @@ int pixelsOf(const QFont& font) {
 
 /// Returns the font for dialogs, menus and tips: as large as the pages' text, or as the desktop's if that is larger.
 QFont textFont() {
-    const int wished = pixelsOf(QApplication::font());
+    const int wished = pixelSize(QApplication::font());
     QApplication::setFont(japaneseFont());
     QFont font = PageScale().font(kTextFont);
     font.setPixelSize(std::max(font.pixelSize(), wished));

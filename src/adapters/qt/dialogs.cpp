@@ -30,7 +30,7 @@
 namespace orv {
 namespace {
 
-QMessageBox::Icon iconOf(Notice::Kind kind) {
+QMessageBox::Icon toIcon(Notice::Kind kind) {
     switch (kind) {
         case Notice::Kind::Warning:
             return QMessageBox::Warning;
@@ -61,13 +61,13 @@ QString withAccessKey(const QString& word) {
 /// Breaks the text into lines itself. Ctrl+C copies the text without these line breaks, to be sent to support.
 class NoticeBox : public QMessageBox {
 public:
-    NoticeBox(const Notice& notice, QWidget* owner, QSize room)
-        : QMessageBox(iconOf(notice.kind), toQt(notice.title), {}, NoButton, owner), text_(toQt(notice.text)) {
+    NoticeBox(const Notice& notice, QWidget* owner, QSize space)
+        : QMessageBox(toIcon(notice.kind), toQt(notice.title), {}, NoButton, owner), text_(toQt(notice.text)) {
         setObjectName(QStringLiteral("notice"));
         // The text comes from outside and must not be interpreted as markup.
         setTextFormat(Qt::PlainText);
         setTextInteractionFlags(Qt::TextSelectableByMouse);
-        setText(brokenIntoLines(text_, widestLine(room), [this](const QString& line) { return widthOf(line); }));
+        setText(brokenIntoLines(text_, widestLine(space), [this](const QString& line) { return measureWidth(line); }));
         keepLines();
     }
 
@@ -81,11 +81,12 @@ protected:
     }
 
 private:
-    int widthOf(const QString& line) const { return fontMetrics().horizontalAdvance(line); }
+    int measureWidth(const QString& line) const { return fontMetrics().horizontalAdvance(line); }
     /// The toolkit cuts text that is wider than its own limit, which depends on the screen.
-    int widestLine(QSize room) const {
-        const int limit = room.width() > kSmallScreen ? std::min(room.width() - kKeptFree, kWidestBox) : room.width();
-        return std::min(widthOf(QString(kLongestLine, u'あ')), limit - kAroundText);
+    int widestLine(QSize space) const {
+        const int limit =
+            space.width() > kSmallScreen ? std::min(space.width() - kKeptFree, kWidestBox) : space.width();
+        return std::min(measureWidth(QString(kLongestLine, u'あ')), limit - kAroundText);
     }
     /// Stops the toolkit from wrapping the lines again at a width that does not grow with the font.
     void keepLines() {
@@ -128,13 +129,13 @@ protected:
     }
 };
 
-QString startOf(const FileQuestion& question) {
+QString startFolder(const FileQuestion& question) {
     const QString folder = toQt(question.folder);
     return !folder.isEmpty() && QDir(folder).exists() ? folder : QDir::homePath();
 }
 
 /// Converts "JPEGファイル|*.jpg" to the toolkit's form "JPEGファイル (*.jpg)".
-QString filterOf(const FileQuestion& question) {
+QString toFilter(const FileQuestion& question) {
     const QStringList parts = toQt(question.filter).split(QLatin1Char('|'));
     return parts.front() + QStringLiteral(" (") + parts.back() + QStringLiteral(")");
 }
@@ -170,10 +171,10 @@ void suggestNoNames(const QFileDialog& dialog) {
     }
 }
 
-/// Enlarges the dialog by the same factor as its text, up to the size of `room`.
-void arrange(QFileDialog& dialog, QSize room) {
+/// Enlarges the dialog by the same factor as its text, up to the size of `space`.
+void arrange(QFileDialog& dialog, QSize space) {
     const QSizeF size = kSize * QFontInfo(dialog.font()).pixelSize() / kDesignFont;
-    dialog.resize(size.toSize().boundedTo(room));
+    dialog.resize(size.toSize().boundedTo(space));
     if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
         arrangeColumns(*list);
     }
@@ -181,11 +182,11 @@ void arrange(QFileDialog& dialog, QSize room) {
 
 }  // namespace
 
-std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room) {
+std::size_t runNotice(const Notice& notice, QWidget* owner, QSize space) {
     if (qApp == nullptr || QGuiApplication::primaryScreen() == nullptr) {
         throw RunTimeError(Failure::Internal, "メッセージを表示できません。");
     }
-    NoticeBox box(notice, owner, room);
+    NoticeBox box(notice, owner, space);
     std::vector<QPushButton*> buttons;
     for (const std::string& word : notice.buttons) {
         QPushButton* button = box.addButton(withAccessKey(toQt(word)), QMessageBox::AcceptRole);
@@ -203,18 +204,18 @@ std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room) {
     return pressed == buttons.end() ? notice.escapeButton : static_cast<std::size_t>(pressed - buttons.begin());
 }
 
-std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize room) {
+std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize space) {
     QFileDialog dialog(owner, toQt(question.title));
     dialog.setObjectName(QStringLiteral("open_file"));
     dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ReadOnly);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setViewMode(QFileDialog::Detail);
-    const QString start = startOf(question);
+    const QString start = startFolder(question);
     dialog.setDirectory(start);
-    dialog.setNameFilter(filterOf(question));
+    dialog.setNameFilter(toFilter(question));
     dialog.setSidebarUrls({QUrl::fromLocalFile(start), QUrl::fromLocalFile(QDir::homePath())});
-    arrange(dialog, room);
+    arrange(dialog, space);
     nameLists(dialog);
     suggestNoNames(dialog);
     const NestedEvents nested;

@@ -10,11 +10,11 @@
 
 namespace orv {
 
-/// Shows the notice, not larger than `room`, and waits. Returns the index of the button that was pressed.
-std::size_t runNotice(const Notice& notice, QWidget* owner, QSize room);
+/// Shows the notice, not larger than `space`, and waits. Returns the index of the button that was pressed.
+std::size_t runNotice(const Notice& notice, QWidget* owner, QSize space);
 
-/// Shows the open dialog above `owner`, which may be null, not larger than `room`, and waits for the file. The operator
-/// cannot rename, delete or create files in it.
-std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize room);
+/// Shows the open dialog above `owner`, which may be null, not larger than `space`, and waits for the file. The
+/// operator cannot rename, delete or create files in it.
+std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize space);
 
 }  // namespace orv

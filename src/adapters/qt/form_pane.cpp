@@ -45,12 +45,12 @@ protected:
     }
 };
 
-bool takesFocus(const Control& control) {
+bool acceptsFocus(const Control& control) {
     return control.kind() != ControlKind::Label && control.kind() != ControlKind::Image;
 }
 
 /// Returns the classic code of a key. 0 for Tab and the modifiers, which are not reported to the form.
-int codeOf(int key) {
+int toKeyCode(int key) {
     switch (key) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -99,7 +99,7 @@ FormPane::FormPane(Form& form, FormHost& forms, std::span<const Placement> layou
     resize(scale_.length(form.scaleWidth()), scale_.length(form.scaleHeight()));
     setFont(scale_.font(kCaptionFont));
     for (Control* control : form.controls()) {
-        seat(*control, layout);
+        addView(*control, layout);
     }
     focusFrame_ = new FocusFrame(this);
     orderTabs();
@@ -116,8 +116,8 @@ void FormPane::leave() {
     form_.observe({});
     form_.observeFocus({});
     form_.observeEnabledLater({});
-    for (const Seat& seat : seats_) {
-        seat.view->release();
+    for (const PlacedView& placed : placed_) {
+        placed.view->release();
     }
     if (TopWindow* top = topWindow()) {
         top->dismiss(*this);
@@ -129,7 +129,7 @@ void FormPane::leave() {
 TopWindow* FormPane::topWindow() const { return dynamic_cast<TopWindow*>(window()); }
 
 /// A control that is not in the layout works without being shown.
-void FormPane::seat(Control& control, std::span<const Placement> layout) {
+void FormPane::addView(Control& control, std::span<const Placement> layout) {
     const auto place = std::find_if(layout.begin(), layout.end(), [&](const Placement& row) {
         return row.control == control.name() && row.index == control.index();
     });
@@ -140,17 +140,17 @@ void FormPane::seat(Control& control, std::span<const Placement> layout) {
     control.setBox(place->box);
     QWidget& widget = view->widget();
     widget.setGeometry(scale_.box(place->box));
-    widget.setFocusPolicy(takesFocus(control) ? Qt::StrongFocus : Qt::NoFocus);
+    widget.setFocusPolicy(acceptsFocus(control) ? Qt::StrongFocus : Qt::NoFocus);
     widget.installEventFilter(this);
     view->refresh();
-    seats_.push_back({std::move(view), place->captionWidth});
+    placed_.push_back({std::move(view), place->captionWidth});
 }
 
 void FormPane::placeAll() {
-    for (const Seat& seat : seats_) {
-        seat.view->widget().setGeometry(scale_.box(seat.view->control().box()));
+    for (const PlacedView& placed : placed_) {
+        placed.view->widget().setGeometry(scale_.box(placed.view->control().box()));
     }
-    if (const ControlView* view = viewOf(focusWidget()); view != nullptr && focusFrame_->isVisible()) {
+    if (const ControlView* view = findView(focusWidget()); view != nullptr && focusFrame_->isVisible()) {
         static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
     }
     update();
@@ -159,8 +159,8 @@ void FormPane::placeAll() {
 void FormPane::orderTabs() {
     QWidget* last = nullptr;
     for (const Control* control : form_.tabOrder()) {
-        ControlView* view = viewOf(*control);
-        if (view == nullptr || !takesFocus(*control)) {
+        ControlView* view = findView(*control);
+        if (view == nullptr || !acceptsFocus(*control)) {
             continue;
         }
         if (last != nullptr) {
@@ -216,7 +216,7 @@ void FormPane::openGate() {
 /// that of a notice when the notice has just been closed. The first focus selects nothing: a key would lose the text of
 /// a page that has just been opened.
 void FormPane::giveFocus(Control& control) {
-    ControlView* view = viewOf(control);
+    ControlView* view = findView(control);
     if (view == nullptr || view->widget().hasFocus()) {
         return;
     }
@@ -230,34 +230,34 @@ void FormPane::giveFocus(Control& control) {
 /// Does not scroll to a field that was clicked, because the page must not move under the mouse.
 void FormPane::focusArrived(ControlView& view, Qt::FocusReason reason) {
     TopWindow* top = topWindow();
-    if (const Seat* seat = seatOf(&view.widget()); top != nullptr && reason != Qt::MouseFocusReason) {
-        top->reveal(partOf(*seat));
+    if (const PlacedView* placed = findPlaced(&view.widget()); top != nullptr && reason != Qt::MouseFocusReason) {
+        top->reveal(placedArea(*placed));
     }
     static_cast<FocusFrame*>(focusFrame_)->around(view.widget());
     form_.focusArrived(view.control());
 }
 
-QRect FormPane::partOf(const Seat& seat) const {
-    const Box& box = seat.view->control().box();
-    const int unit = wordsOf(seat.view->control()).unit.isEmpty() ? 0 : kUnitGap + kUnitWidth;
-    return scale_.box({box.x - seat.captionWidth, box.y, seat.captionWidth + box.width + unit, box.height});
+QRect FormPane::placedArea(const PlacedView& placed) const {
+    const Box& box = placed.view->control().box();
+    const int unit = readWords(placed.view->control()).unit.isEmpty() ? 0 : kUnitGap + kUnitWidth;
+    return scale_.box({box.x - placed.captionWidth, box.y, placed.captionWidth + box.width + unit, box.height});
 }
 
-const FormPane::Seat* FormPane::seatOf(const QObject* widget) const {
-    const auto found =
-        std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->widget() == widget; });
-    return found == seats_.end() ? nullptr : &*found;
+const FormPane::PlacedView* FormPane::findPlaced(const QObject* widget) const {
+    const auto found = std::find_if(placed_.begin(), placed_.end(),
+                                    [&](const PlacedView& placed) { return &placed.view->widget() == widget; });
+    return found == placed_.end() ? nullptr : &*found;
 }
 
-ControlView* FormPane::viewOf(const QObject* widget) const {
-    const Seat* seat = seatOf(widget);
-    return seat == nullptr ? nullptr : seat->view.get();
+ControlView* FormPane::findView(const QObject* widget) const {
+    const PlacedView* placed = findPlaced(widget);
+    return placed == nullptr ? nullptr : placed->view.get();
 }
 
-ControlView* FormPane::viewOf(const Control& control) const {
-    const auto found =
-        std::find_if(seats_.begin(), seats_.end(), [&](const Seat& seat) { return &seat.view->control() == &control; });
-    return found == seats_.end() ? nullptr : found->view.get();
+ControlView* FormPane::findView(const Control& control) const {
+    const auto found = std::find_if(placed_.begin(), placed_.end(),
+                                    [&](const PlacedView& placed) { return &placed.view->control() == &control; });
+    return found == placed_.end() ? nullptr : found->view.get();
 }
 
 void FormPane::showFocus() {
@@ -274,13 +274,13 @@ void FormPane::centre() {
 }
 
 void FormPane::commit() {
-    if (ControlView* view = viewOf(focusWidget())) {
+    if (ControlView* view = findView(focusWidget())) {
         view->commit();
     }
 }
 
 bool FormPane::eventFilter(QObject* watched, QEvent* event) {
-    ControlView* view = left_ ? nullptr : viewOf(watched);
+    ControlView* view = left_ ? nullptr : findView(watched);
     if (view == nullptr) {
         return false;
     }
@@ -307,7 +307,7 @@ bool FormPane::eventFilter(QObject* watched, QEvent* event) {
 
 /// Enter and Space press a button. In all other controls Enter is passed to the form, never to the widget.
 bool FormPane::keyPressed(ControlView& view, const QKeyEvent& event) {
-    const int code = codeOf(event.key());
+    const int code = toKeyCode(event.key());
     if (code == 0) {
         return false;
     }
@@ -335,16 +335,16 @@ void FormPane::paintCaptions(QPainter& painter) const {
     painter.setFont(scale_.font(kCaptionFont));
     painter.setPen(toQt(kPageText));
     painter.translate(0, -textLift(painter.font()));
-    for (const Seat& seat : seats_) {
-        if (!seat.view->control().visible()) {
+    for (const PlacedView& placed : placed_) {
+        if (!placed.view->control().visible()) {
             continue;
         }
-        const ControlWords words = wordsOf(seat.view->control());
-        const Box& box = seat.view->control().box();
-        const QRect front = scale_.box({box.x - seat.captionWidth, box.y, seat.captionWidth, box.height});
+        const ControlWords words = readWords(placed.view->control());
+        const Box& box = placed.view->control().box();
+        const QRect front = scale_.box({box.x - placed.captionWidth, box.y, placed.captionWidth, box.height});
         painter.drawText(front, Qt::AlignRight | Qt::AlignVCenter, words.caption);
-        const QRect behind = scale_.box({box.right() + kUnitGap, box.y, kUnitWidth, box.height});
-        painter.drawText(behind, Qt::AlignLeft | Qt::AlignVCenter, words.unit);
+        const QRect after = scale_.box({box.right() + kUnitGap, box.y, kUnitWidth, box.height});
+        painter.drawText(after, Qt::AlignLeft | Qt::AlignVCenter, words.unit);
     }
 }
 

@@ -43,12 +43,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    struct Seat {
+    struct PlacedView {
         std::unique_ptr<ControlView> view;
         int captionWidth = 0;
     };
 
-    void seat(Control& control, std::span<const Placement> layout);
+    void addView(Control& control, std::span<const Placement> layout);
     void placeAll();
     void orderTabs();
     void refresh();
@@ -58,17 +58,17 @@ private:
     void giveFocus(Control& control);
     void focusArrived(ControlView& view, Qt::FocusReason reason);
     /// Returns the area of a control, its caption and its unit.
-    QRect partOf(const Seat& seat) const;
-    const Seat* seatOf(const QObject* widget) const;
-    ControlView* viewOf(const QObject* widget) const;
-    ControlView* viewOf(const Control& control) const;
+    QRect placedArea(const PlacedView& placed) const;
+    const PlacedView* findPlaced(const QObject* widget) const;
+    ControlView* findView(const QObject* widget) const;
+    ControlView* findView(const Control& control) const;
     bool keyPressed(ControlView& view, const QKeyEvent& event);
     void paintCaptions(QPainter& painter) const;
 
     Form& form_;
     FormHost& forms_;
     PageScale scale_;
-    std::vector<Seat> seats_;
+    std::vector<PlacedView> placed_;
     QWidget* focusFrame_;
     std::unique_ptr<InputGate> gate_;  // while the form is disabled
     bool centred_ = false;

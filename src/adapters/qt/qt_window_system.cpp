@@ -56,12 +56,12 @@ void QtWindowSystem::open(Form& form) {
     if (qApp == nullptr) {
         throw RunTimeError(Failure::Internal, "画面を表示できません。");
     }
-    panes_[&form] = new FormPane(form, forms_, layouts_(form.name()), PageScale(room(Sizing::Fixed)));
+    panes_[&form] = new FormPane(form, forms_, layouts_(form.name()), PageScale(space(Sizing::Fixed)));
 }
 
 /// The form may have unloaded itself while it was loading.
 void QtWindowSystem::show(Form& form) {
-    if (FormPane* pane = paneOf(&form)) {
+    if (FormPane* pane = findPane(&form)) {
         pageWindow().present(*pane);
     }
 }
@@ -72,19 +72,19 @@ TopWindow& QtWindowSystem::pageWindow() {
         window_.release()->deleteLater();
     }
     if (!window_) {
-        window_ = std::make_unique<TopWindow>(roomOf_);
+        window_ = std::make_unique<TopWindow>(measure_);
     }
     return *window_;
 }
 
 void QtWindowSystem::centre(Form& form) {
-    if (FormPane* pane = paneOf(&form)) {
+    if (FormPane* pane = findPane(&form)) {
         pane->centre();
     }
 }
 
 void QtWindowSystem::close(Form& form) {
-    if (FormPane* pane = paneOf(&form)) {
+    if (FormPane* pane = findPane(&form)) {
         panes_.erase(&form);
         pane->leave();
     }
@@ -109,38 +109,38 @@ void QtWindowSystem::tidy() {
 }
 
 void QtWindowSystem::runModal(Form& form) {
-    if (FormPane* pane = paneOf(&form)) {
+    if (FormPane* pane = findPane(&form)) {
         endWork();
         const PlainPointer plain(*this);
-        TopWindow(roomOf_).runModal(*pane);
+        TopWindow(measure_).runModal(*pane);
     }
 }
 
-FormPane* QtWindowSystem::paneOf(const Form* form) const {
+FormPane* QtWindowSystem::findPane(const Form* form) const {
     const auto found = panes_.find(form);
     return found == panes_.end() ? nullptr : found->second;
 }
 
-ScreenRoom QtWindowSystem::room(Sizing sizing) const { return roomOf_(QGuiApplication::primaryScreen(), sizing); }
+ScreenSpace QtWindowSystem::space(Sizing sizing) const { return measure_(QGuiApplication::primaryScreen(), sizing); }
 
 QWidget* QtWindowSystem::activeWindow() const {
-    const FormPane* pane = paneOf(forms_.activeForm());
+    const FormPane* pane = findPane(forms_.activeForm());
     return pane == nullptr ? nullptr : pane->window();
 }
 
 std::size_t QtWindowSystem::showNotice(const Notice& notice) {
     endWork();
     const PlainPointer plain(*this);
-    return runNotice(notice, activeWindow(), room(Sizing::Fixed).inside());
+    return runNotice(notice, activeWindow(), space(Sizing::Fixed).inside());
 }
 
 std::optional<std::string> QtWindowSystem::openFile(const FileQuestion& question) {
     const PlainPointer plain(*this);
-    return runOpenDialog(question, activeWindow(), room(Sizing::Free).inside());
+    return runOpenDialog(question, activeWindow(), space(Sizing::Free).inside());
 }
 
 void QtWindowSystem::commitComposition() {
-    if (FormPane* pane = paneOf(forms_.activeForm())) {
+    if (FormPane* pane = findPane(forms_.activeForm())) {
         pane->commit();
     }
 }
@@ -151,7 +151,7 @@ void QtWindowSystem::working(const std::string& what) {
         return;
     }
     if (!workCover_) {
-        workCover_ = new WorkCover(paneOf(forms_.activeForm()));
+        workCover_ = new WorkCover(findPane(forms_.activeForm()));
         setWhileWaiting([this] { repaint(); });
     }
     workCover_->say(toQt(what));
@@ -170,7 +170,7 @@ void QtWindowSystem::endWork() {
 
 void QtWindowSystem::pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) {
     delete siblingCover_;
-    FormPane* pane = paneOf(&form);
+    FormPane* pane = findPane(&form);
     if (!line.empty() && pane != nullptr) {
         siblingCover_ = new SiblingCover(*pane, toQt(line), std::move(pressed));
     }

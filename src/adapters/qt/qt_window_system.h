@@ -20,8 +20,8 @@ class QtWindowSystem : public WindowSystem {
 public:
     using Layouts = std::function<std::span<const Placement>(std::string_view form)>;
 
-    QtWindowSystem(Layouts layouts, FormHost& forms, RoomOf roomOf = screenRoom)
-        : layouts_(std::move(layouts)), forms_(forms), roomOf_(std::move(roomOf)) {}
+    QtWindowSystem(Layouts layouts, FormHost& forms, MeasureScreen measure = measureScreen)
+        : layouts_(std::move(layouts)), forms_(forms), measure_(std::move(measure)) {}
     ~QtWindowSystem() override;
 
     /// Brings the operator's current window to the front and restores it if it is minimised.
@@ -48,15 +48,15 @@ private:
     void tidy();
     void endWork();
     /// Null for a form that is not loaded.
-    FormPane* paneOf(const Form* form) const;
+    FormPane* findPane(const Form* form) const;
     TopWindow& pageWindow();
-    ScreenRoom room(Sizing sizing) const;
+    ScreenSpace space(Sizing sizing) const;
     /// Returns the window of the active form, or null.
     QWidget* activeWindow() const;
 
     Layouts layouts_;
     FormHost& forms_;
-    RoomOf roomOf_;
+    MeasureScreen measure_;
     std::map<const Form*, FormPane*> panes_;
     /// Shows the forms that are not modal, one at a time.
     std::unique_ptr<TopWindow> window_;

@@ -48,21 +48,23 @@ QStringList splitBy(BreakRule rule, const QString& text) {
 }
 
 /// Splits by the first rule, and parts that are still too wide by the next one.
-QStringList partsOf(const QString& text, int widest, const Width& widthOf, std::span<const BreakRule> rules = kRules) {
+QStringList splitToFit(const QString& text, int widest, const Width& measureWidth,
+                       std::span<const BreakRule> rules = kRules) {
     if (rules.empty()) {
         return {text};
     }
     QStringList parts;
     for (const QString& part : splitBy(rules.front(), text)) {
-        parts << (widthOf(part) > widest ? partsOf(part, widest, widthOf, rules.subspan(1)) : QStringList(part));
+        parts << (measureWidth(part) > widest ? splitToFit(part, widest, measureWidth, rules.subspan(1))
+                                              : QStringList(part));
     }
     return parts;
 }
 
-QStringList filled(const QStringList& parts, int width, const Width& widthOf) {
+QStringList filled(const QStringList& parts, int width, const Width& measureWidth) {
     QStringList lines;
     for (const QString& part : parts) {
-        if (lines.isEmpty() || widthOf(lines.back() + part) > width) {
+        if (lines.isEmpty() || measureWidth(lines.back() + part) > width) {
             lines << part;
         } else {
             lines.back() += part;
@@ -72,24 +74,24 @@ QStringList filled(const QStringList& parts, int width, const Width& widthOf) {
 }
 
 /// Uses the narrowest width that needs no additional line, which makes the lines about equally long.
-QStringList balanced(const QString& paragraph, int widest, const Width& widthOf) {
-    const QStringList parts = partsOf(paragraph, widest, widthOf);
-    const qsizetype fewest = filled(parts, widest, widthOf).size();
+QStringList balanced(const QString& paragraph, int widest, const Width& measureWidth) {
+    const QStringList parts = splitToFit(paragraph, widest, measureWidth);
+    const qsizetype fewest = filled(parts, widest, measureWidth).size();
     int tooNarrow = 0;
     int enough = widest;
     while (enough - tooNarrow > 1) {
         const int middle = (tooNarrow + enough) / 2;
-        (filled(parts, middle, widthOf).size() > fewest ? tooNarrow : enough) = middle;
+        (filled(parts, middle, measureWidth).size() > fewest ? tooNarrow : enough) = middle;
     }
-    return filled(parts, enough, widthOf);
+    return filled(parts, enough, measureWidth);
 }
 
 }  // namespace
 
-QString brokenIntoLines(const QString& text, int widest, const Width& widthOf) {
+QString brokenIntoLines(const QString& text, int widest, const Width& measureWidth) {
     QStringList lines;
     for (const QString& paragraph : text.split(u'\n')) {
-        lines << balanced(paragraph, widest, widthOf);
+        lines << balanced(paragraph, widest, measureWidth);
     }
     return lines.join(u'\n');
 }

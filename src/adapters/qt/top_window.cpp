@@ -18,8 +18,8 @@ constexpr int kRevealMargin = 8;
 
 }  // namespace
 
-TopWindow::TopWindow(RoomOf roomOf)
-    : QWidget(nullptr, Qt::Window), roomOf_(std::move(roomOf)), scroll_(new QScrollArea(this)), sheet_(new QWidget) {
+TopWindow::TopWindow(MeasureScreen measure)
+    : QWidget(nullptr, Qt::Window), measure_(std::move(measure)), scroll_(new QScrollArea(this)), sheet_(new QWidget) {
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setFocusPolicy(Qt::NoFocus);
     scroll_->setWidget(sheet_);
@@ -27,7 +27,7 @@ TopWindow::TopWindow(RoomOf roomOf)
 
 void TopWindow::present(FormPane& pane) {
     if (pane_ != &pane) {
-        takeIn(pane);
+        embed(pane);
     }
     comeToFront();
     show();
@@ -48,7 +48,7 @@ bool TopWindow::eventFilter(QObject* watched, QEvent* event) {
 QAccessible::Role TopWindow::accessibleRole() const { return isModal() ? QAccessible::Dialog : QAccessible::Window; }
 
 /// Removes the focus before the old pane is hidden, because the toolkit would give it to another widget.
-void TopWindow::takeIn(FormPane& pane) {
+void TopWindow::embed(FormPane& pane) {
     FormPane* last = std::exchange(pane_, &pane);
     if (last != nullptr) {
         disconnect(last, nullptr, this, nullptr);
@@ -56,7 +56,7 @@ void TopWindow::takeIn(FormPane& pane) {
             focus->clearFocus();
         }
     }
-    takeSizeOf(pane);
+    adoptSize(pane);
     pane.setParent(sheet_);
     pane.move(0, 0);
     placePane();
@@ -74,16 +74,16 @@ void TopWindow::takeIn(FormPane& pane) {
 }
 
 /// Limits the initial size to that of the screen.
-void TopWindow::takeSizeOf(const FormPane& pane) {
-    const QSize room = roomOf_(screen(), pane.sizing()).inside();
+void TopWindow::adoptSize(const FormPane& pane) {
+    const QSize space = measure_(screen(), pane.sizing()).inside();
     const QSize size = pane.size();
     if (pane.sizing() == Sizing::Free) {
-        resize(size.boundedTo(room));
+        resize(size.boundedTo(space));
         return;
     }
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const QSize bars(size.height() > room.height() ? bar : 0, size.width() > room.width() ? bar : 0);
-    setFixedSize((size + bars).boundedTo(room));
+    const QSize bars(size.height() > space.height() ? bar : 0, size.width() > space.width() ? bar : 0);
+    setFixedSize((size + bars).boundedTo(space));
 }
 
 void TopWindow::placePane() {
@@ -103,7 +103,7 @@ void TopWindow::reveal(const QRect& part) {
 void TopWindow::runModal(FormPane& pane) {
     const QPointer<QWidget> owner = QApplication::activeWindow();
     setWindowModality(Qt::ApplicationModal);
-    takeIn(pane);
+    embed(pane);
     winId();
     if (owner) {
         windowHandle()->setTransientParent(owner->windowHandle());
@@ -141,7 +141,7 @@ void TopWindow::centre() {
     if (pane_ == nullptr) {
         return;
     }
-    move(roomOf_(screen(), pane_->sizing()).middleFor(size()));
+    move(measure_(screen(), pane_->sizing()).middleFor(size()));
     comeToFront();
 }
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 
 #include "adapters/qt/views/accessibility.h"
-#include "adapters/qt/views/screen_room.h"
+#include "adapters/qt/views/screen_space.h"
 
 class QScrollArea;
 
@@ -16,7 +16,7 @@ class FormPane;
 /// per window, and this state must survive a change of page. A form that is larger than the screen is scrolled.
 class TopWindow : public QWidget, public AccessibleRole {
 public:
-    explicit TopWindow(RoomOf roomOf);
+    explicit TopWindow(MeasureScreen measure);
 
     /// Shows the pane instead of the previous one and brings the window to the front.
     void present(FormPane& pane);
@@ -37,12 +37,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void takeIn(FormPane& pane);
-    void takeSizeOf(const FormPane& pane);
+    void embed(FormPane& pane);
+    void adoptSize(const FormPane& pane);
     void placePane();
     void comeToFront();
 
-    RoomOf roomOf_;
+    MeasureScreen measure_;
     QScrollArea* scroll_;
     QWidget* sheet_;  // has the size of the pane
     FormPane* pane_ = nullptr;

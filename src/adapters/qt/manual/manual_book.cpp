@@ -23,7 +23,7 @@ const QColor kTableLine(0xb0, 0xb0, 0xc8);
 const QColor kTableHead(0xdd, 0xdd, 0xff);
 
 /// Removes the differences that a search ignores: full or half width, capital or small letters.
-QString keyOf(const QString& text) { return text.normalized(QString::NormalizationForm_KC).toLower(); }
+QString normalise(const QString& text) { return text.normalized(QString::NormalizationForm_KC).toLower(); }
 
 QUrl placeIn(const QString& file, const QString& anchor) {
     QUrl place(QStringLiteral("manual:/") + file);
@@ -32,7 +32,7 @@ QUrl placeIn(const QString& file, const QString& anchor) {
 }
 
 /// A section without a name is addressed by its number.
-QString anchorOf(const ManualSection& section, qsizetype number) {
+QString makeAnchor(const ManualSection& section, qsizetype number) {
     return section.names.empty() ? QStringLiteral("section%1").arg(number) : toQt(section.names.front());
 }
 
@@ -112,12 +112,12 @@ void ManualBook::add(const ManualPage& page) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() > 0 && next < page.sections.size()) {
             const ManualSection& source = page.sections[next++];
-            const QString anchor = anchorOf(source, sections_.size());
+            const QString anchor = makeAnchor(source, sections_.size());
             nameHeading(block, anchor);
             addSection({placeIn(file, anchor), toQt(source.title), toQt(page.sections.front().title), {}}, source);
         }
         if (next > 0) {
-            sections_.back().key += keyOf(block.text()) + u'\n';
+            sections_.back().key += normalise(block.text()) + u'\n';
         }
     }
     html_[file] = document.toHtml();
@@ -143,7 +143,7 @@ QString ManualBook::titleAt(const QUrl& place) const {
 }
 
 QList<ManualBook::Section> ManualBook::find(const QString& words) const {
-    const QStringList keys = keyOf(words).split(u' ', Qt::SkipEmptyParts);
+    const QStringList keys = normalise(words).split(u' ', Qt::SkipEmptyParts);
     const auto holdsAll = [&](const QString& text) {
         return std::ranges::all_of(keys, [&](const QString& key) { return text.contains(key); });
     };
@@ -151,7 +151,7 @@ QList<ManualBook::Section> ManualBook::find(const QString& words) const {
     if (!keys.isEmpty()) {
         std::ranges::copy_if(sections_, std::back_inserter(hits), [&](const Section& s) { return holdsAll(s.key); });
     }
-    std::stable_partition(hits.begin(), hits.end(), [&](const Section& s) { return holdsAll(keyOf(s.title)); });
+    std::stable_partition(hits.begin(), hits.end(), [&](const Section& s) { return holdsAll(normalise(s.title)); });
     return hits;
 }
 

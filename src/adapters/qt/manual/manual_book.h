@@ -26,7 +26,7 @@ public:
     /// Returns the page as HTML; empty for a file that is not a page.
     QString html(const QUrl& place) const;
     /// Returns the place of the section with that name; empty if there is none.
-    QUrl placeOf(const QString& name) const { return places_.value(name); }
+    QUrl findPlace(const QString& name) const { return places_.value(name); }
     QUrl contents() const;
     /// Returns the title of the section at that place, or of the page.
     QString titleAt(const QUrl& place) const;

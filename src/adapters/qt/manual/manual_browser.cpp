@@ -19,7 +19,7 @@ const QColor kMark(0xff, 0xee, 0x88);
 
 using Marks = QList<QTextEdit::ExtraSelection>;
 
-QTextEdit::ExtraSelection markOf(const QTextCursor& at, bool isWholeLine) {
+QTextEdit::ExtraSelection makeMark(const QTextCursor& at, bool isWholeLine) {
     QTextEdit::ExtraSelection mark;
     mark.cursor = at;
     mark.format.setBackground(isWholeLine ? kHere : kMark);
@@ -43,11 +43,11 @@ void ManualBrowser::doSetSource(const QUrl& place, QTextDocument::ResourceType) 
 
 /// A heading near the end of its page cannot be scrolled to the top, so its position alone does not identify it.
 void ManualBrowser::markHeading(const QString& anchor) {
-    const QTextCursor heading = headingOf(anchor);
-    setExtraSelections(heading.isNull() ? Marks() : Marks{markOf(heading, true)});
+    const QTextCursor heading = findHeading(anchor);
+    setExtraSelections(heading.isNull() ? Marks() : Marks{makeMark(heading, true)});
 }
 
-QTextCursor ManualBrowser::headingOf(const QString& anchor) const {
+QTextCursor ManualBrowser::findHeading(const QString& anchor) const {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         const QTextBlock::iterator first = block.begin();
         if (!first.atEnd() && first.fragment().charFormat().anchorNames().contains(anchor)) {
@@ -66,8 +66,8 @@ QVariant ManualBrowser::picture(const QString& name) const {
     const QImage image(pictureFile_(name));
     const PageScale scale;
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    const int room = width() - 2 * frameWidth() - bar - 2 * qCeil(document()->documentMargin());
-    const int width = std::min(scale.length(image.width()), room);
+    const int space = width() - 2 * frameWidth() - bar - 2 * qCeil(document()->documentMargin());
+    const int width = std::min(scale.length(image.width()), space);
     return image.isNull() || width <= 0 ? QVariant(image)
                                         : QVariant(image.scaledToWidth(width, Qt::SmoothTransformation));
 }
@@ -84,7 +84,7 @@ void ManualBrowser::mark(const QString& words) {
     Marks marks;
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
         for (QTextCursor at = document()->find(word); !at.isNull(); at = document()->find(word, at)) {
-            marks.push_back(markOf(at, false));
+            marks.push_back(makeMark(at, false));
         }
     }
     setExtraSelections(extraSelections() + marks);

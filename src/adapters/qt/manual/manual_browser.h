@@ -29,7 +29,7 @@ private:
     QVariant picture(const QString& name) const;
     void markHeading(const QString& anchor);
     /// Returns a cursor at the heading with that anchor, or a null cursor if there is none.
-    QTextCursor headingOf(const QString& anchor) const;
+    QTextCursor findHeading(const QString& anchor) const;
 
     const ManualBook& book_;
     PictureFile pictureFile_;

@@ -12,7 +12,7 @@
 #include <utility>
 
 #include "adapters/qt/views/page_scale.h"
-#include "adapters/qt/views/screen_room.h"
+#include "adapters/qt/views/screen_space.h"
 
 namespace orv {
 namespace {
@@ -39,7 +39,8 @@ ManualWindow::ManualWindow(ManualBook book, ManualBrowser::PictureFile pictureFi
     const PageScale scale;
     setObjectName(QStringLiteral("manual"));
     setFont(scale.font(kTextFont));
-    resize(QSize(scale.length(kSize.x), scale.length(kSize.y)).boundedTo(screenRoom(screen(), Sizing::Free).inside()));
+    resize(
+        QSize(scale.length(kSize.x), scale.length(kSize.y)).boundedTo(measureScreen(screen(), Sizing::Free).inside()));
     layOut(version);
     tieKeys();
     connect(browser_, &QTextBrowser::sourceChanged, this,
@@ -93,7 +94,7 @@ void ManualWindow::tieKeys() {
 }
 
 bool ManualWindow::open(const QString& name) {
-    const QUrl place = book_.placeOf(name);
+    const QUrl place = book_.findPlace(name);
     if (place.isEmpty()) {
         return false;
     }

@@ -53,7 +53,7 @@ private:
     QAbstractItemView* view() const { return box() == nullptr ? nullptr : box()->view(); }
 };
 
-QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object) {
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     if (dynamic_cast<AccessibleRole*>(object) != nullptr) {
         return new NamedRole(static_cast<QWidget*>(object));
     }
@@ -69,7 +69,7 @@ public:
     QAccessible::Role accessibleRole() const override { return QAccessible::Notification; }
 };
 
-Announcement& announcementOf(QWidget& window) {
+Announcement& findAnnouncement(QWidget& window) {
     for (QObject* child : window.children()) {
         if (auto* announcement = dynamic_cast<Announcement*>(child)) {
             return *announcement;
@@ -80,11 +80,11 @@ Announcement& announcementOf(QWidget& window) {
 
 }  // namespace
 
-void installAccessibility() { QAccessible::installFactory(interfaceOf); }
+void installAccessibility() { QAccessible::installFactory(makeInterface); }
 
 void announce(const QWidget& place, const QString& line) {
     if (QAccessible::isActive()) {
-        Announcement& announcement = announcementOf(*place.window());
+        Announcement& announcement = findAnnouncement(*place.window());
         announcement.setAccessibleName(line);
         QAccessibleEvent appears(&announcement, QAccessible::ObjectShow);
         QAccessible::updateAccessibility(&appears);

@@ -55,7 +55,7 @@ private:
         label_.setFont(scale_.font(caption_.fontSize(), caption_.labelDesign().look == LabelLook::Title));
         label_.setContentsMargins(0, 0, 0, 2 * textLift(label_.font()));
         const QString text = toQt(caption_.caption());
-        const QString spoken = wordsOf(caption_).spoken;
+        const QString spoken = readWords(caption_).spoken;
         label_.setText(text);
         if (caption_.labelDesign().look == LabelLook::Panel) {
             tipIfCut(text, label_.width());

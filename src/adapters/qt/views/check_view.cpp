@@ -48,11 +48,11 @@ private:
         const QStyle& style = *box_.style();
         const int tick = style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &box_) +
                          style.pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &box_);
-        const int room = std::max(1, box_.width() - tick);
+        const int space = std::max(1, box_.width() - tick);
         QFont font = box_.parentWidget()->font();
         const int words = QFontMetrics(font).horizontalAdvance(box_.text());
-        if (words > room) {
-            font.setStretch(std::max(kNarrowest, kPlain * room / words));
+        if (words > space) {
+            font.setStretch(std::max(kNarrowest, kPlain * space / words));
             box_.setFont(font);
         }
     }

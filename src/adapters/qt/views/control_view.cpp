@@ -21,7 +21,7 @@ ControlWords words(std::string_view caption, std::string_view unit, std::string_
 
 ControlWords named(std::string_view spoken) { return {{}, {}, readOut(toQt(spoken))}; }
 
-ControlWords ownWordsOf(const Control& control) {
+ControlWords readOwnWords(const Control& control) {
     switch (control.kind()) {
         case ControlKind::TextInput: {
             const TextDesign& design = static_cast<const TextInput&>(control).textDesign();
@@ -51,8 +51,8 @@ ControlWords ownWordsOf(const Control& control) {
 
 }  // namespace
 
-ControlWords wordsOf(const Control& control) {
-    ControlWords words = ownWordsOf(control);
+ControlWords readWords(const Control& control) {
+    ControlWords words = readOwnWords(control);
     if (!control.block().empty()) {
         words.spoken.prepend(readOut(toQt(control.block())) + QStringLiteral("の"));
     }
@@ -61,7 +61,7 @@ ControlWords wordsOf(const Control& control) {
 
 ControlView::ControlView(Control& control, QWidget* widget) : control_(control), widget_(widget) {
     widget_->setObjectName(toQt(control.objectName()));
-    widget_->setAccessibleName(wordsOf(control).spoken);
+    widget_->setAccessibleName(readWords(control).spoken);
     control_.observe([this] { refresh(); });
 }
 
@@ -84,7 +84,7 @@ void ControlView::refresh() {
 }
 
 QStringList ControlView::description() const {
-    const ControlWords words = wordsOf(control_);
+    const ControlWords words = readWords(control_);
     QStringList sentences;
     if (!control_.fault().empty()) {
         sentences << toQt(control_.fault());
@@ -104,17 +104,17 @@ void ControlView::setFault(const QString& why) {
     }
 }
 
-void ControlView::tipIfCut(const QString& text, int room) const {
-    widget_->setToolTip(widget_->fontMetrics().horizontalAdvance(text) > room ? text : QString());
+void ControlView::tipIfCut(const QString& text, int space) const {
+    widget_->setToolTip(widget_->fontMetrics().horizontalAdvance(text) > space ? text : QString());
 }
 
-void ControlView::paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts) {
+void ControlView::paintWith(QPalette::ColorRole background, std::initializer_list<QPalette::ColorRole> texts) {
     const auto back = control_.backColour();
     if (!back) {
         return;
     }
     QPalette palette = widget_->palette();
-    palette.setColor(ground, toQt(*back));
+    palette.setColor(background, toQt(*back));
     for (const QPalette::ColorRole text : texts) {
         palette.setColor(text, toQt(control_.foreColour()));
         palette.setColor(QPalette::Disabled, text, toQt(kDisabledText));

@@ -17,7 +17,7 @@ struct ControlWords {
     QString spoken;
 };
 
-ControlWords wordsOf(const Control& control);
+ControlWords readWords(const Control& control);
 
 /// Keeps one control and its widget in step. Its only state of its own is unfinished input.
 class ControlView : public QObject {
@@ -45,11 +45,11 @@ protected:
     /// Returns the sentences that assistive technology reads after the name.
     virtual QStringList description() const;
     bool released() const { return released_; }
-    /// Gives the widget a tool tip of `text` if the text is wider than `room`, else none.
-    void tipIfCut(const QString& text, int room) const;
+    /// Gives the widget a tool tip of `text` if the text is wider than `space`, else none.
+    void tipIfCut(const QString& text, int space) const;
     /// Paints the widget's background and all its text in the control's colours. A control without colours of its own
     /// keeps those of the desktop.
-    void paintWith(QPalette::ColorRole ground, std::initializer_list<QPalette::ColorRole> texts);
+    void paintWith(QPalette::ColorRole background, std::initializer_list<QPalette::ColorRole> texts);
 
 private:
     Control& control_;

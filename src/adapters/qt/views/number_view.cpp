@@ -54,7 +54,7 @@ public:
           advice_(*new AdviceBubble(*field, range_, [this](const QString& why) { setFault(why); })) {
         field_.setAlignment(Qt::AlignRight);
         field_.allowInputMethod(false);
-        field_.admitBy([this](const QString&, const QString& offered) { return signsOf(offered); });
+        field_.admitBy([this](const QString&, const QString& offered) { return acceptSigns(offered); });
         field_.count = [this](int step) { countBy(step); };
         field_.focus = [this] { follow(); };
     }
@@ -62,7 +62,7 @@ public:
     void commit() override {
         field_.finishComposition();
         if (field_.isModified()) {
-            take(field_.text());
+            apply(field_.text());
         }
     }
 
@@ -89,14 +89,14 @@ private:
     }
 
     /// Shows the control's value in the field afterwards, whether the text was taken or refused.
-    void take(const QString& text) {
+    void apply(const QString& text) {
         if (!number_.typed(text.toStdString())) {
             advice_.refuseLater(range_);
         }
         showValue();
     }
 
-    QString signsOf(const QString& offered) {
+    QString acceptSigns(const QString& offered) {
         QString signs = numberSigns(offered);
         if (signs.size() != offered.size()) {
             advice_.refuse(range_);
@@ -108,7 +108,7 @@ private:
         commit();
         const NumberDesign& design = number_.numberDesign();
         const double next = number_.value().isNull() ? design.least : toQt(number_.text()).toDouble() + step;
-        take(QString::number(std::clamp(next, design.least, design.most)));
+        apply(QString::number(std::clamp(next, design.least, design.most)));
     }
 
     NumberInput& number_;

@@ -12,9 +12,10 @@ namespace orv {
 namespace {
 
 /// Weakens the text's colour, for disabled text.
-QColor dimmed(const QColor& text, const QColor& ground) {
+QColor dimmed(const QColor& text, const QColor& background) {
     const auto mixed = [](int strong, int weak) { return (strong * 7 + weak * 3) / 10; };
-    return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()), mixed(text.blue(), ground.blue())};
+    return {mixed(text.red(), background.red()), mixed(text.green(), background.green()),
+            mixed(text.blue(), background.blue())};
 }
 
 }  // namespace
@@ -28,8 +29,8 @@ void OfficeStyle::polish(QPalette& palette) {
         {QPalette::Text, QPalette::Base},
         {QPalette::ButtonText, QPalette::Button},
     }};
-    for (const auto& [text, ground] : kPairs) {
-        palette.setColor(QPalette::Disabled, text, dimmed(palette.color(text), palette.color(ground)));
+    for (const auto& [text, background] : kPairs) {
+        palette.setColor(QPalette::Disabled, text, dimmed(palette.color(text), palette.color(background)));
     }
 }
 

@@ -3,7 +3,7 @@
 #include <QFont>
 #include <QRect>
 
-#include "adapters/qt/views/screen_room.h"
+#include "adapters/qt/views/screen_space.h"
 #include "platform/design.h"
 
 namespace orv {
@@ -14,9 +14,9 @@ class PageScale {
 public:
     /// Chooses the scale for the primary screen.
     PageScale();
-    /// Chooses the largest scale up to 2.5 at which a page fits into `room`. A design pixel is at least three quarters
+    /// Chooses the largest scale up to 2.5 at which a page fits into `space`. A design pixel is at least three quarters
     /// of a screen pixel, because smaller text cannot be read. The environment variable ORV_SCALE overrides the choice.
-    explicit PageScale(const ScreenRoom& room);
+    explicit PageScale(const ScreenSpace& space);
 
     double factor() const { return factor_; }
     int length(int design) const { return qRound(design * factor_); }

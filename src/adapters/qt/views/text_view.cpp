@@ -24,7 +24,7 @@ public:
         field_.admitBy([this](const QString& kept, const QString& offered) {
             return released() ? QString() : taken(kept, offered);
         });
-        field_.whenSettled([this] { take(); });
+        field_.whenSettled([this] { apply(); });
     }
 
     void commit() override { field_.finishComposition(); }
@@ -49,7 +49,7 @@ private:
         return toQt(admit(design, kept.toStdString(), offered.toStdString()));
     }
 
-    void take() {
+    void apply() {
         if (!released()) {
             shown_ = field_.text();
             text_.setText(shown_.toStdString());

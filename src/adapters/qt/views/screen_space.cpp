@@ -1,4 +1,4 @@
-#include "adapters/qt/views/screen_room.h"
+#include "adapters/qt/views/screen_space.h"
 
 #include <xcb/xcb.h>
 #include <QGuiApplication>
@@ -127,7 +127,7 @@ QMargins windowFrame(Sizing sizing) {
     return known != frames.end() ? known->second : frames[sizing] = askForFrame(sizing);
 }
 
-ScreenRoom screenRoom(const QScreen* screen, Sizing sizing) {
+ScreenSpace measureScreen(const QScreen* screen, Sizing sizing) {
     if (screen == nullptr) {
         return {};
     }

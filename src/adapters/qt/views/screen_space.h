@@ -16,7 +16,7 @@ namespace orv {
 QMargins windowFrame(Sizing sizing);
 
 /// The part of a screen for windows, and the frame around each window.
-struct ScreenRoom {
+struct ScreenSpace {
     QRect area;
     QMargins frame;
     /// Screen pixels per pixel of the toolkit. More than 1 if the operator has enlarged everything on the desktop.
@@ -32,9 +32,9 @@ struct ScreenRoom {
     }
 };
 
-using RoomOf = std::function<ScreenRoom(const QScreen*, Sizing)>;
+using MeasureScreen = std::function<ScreenSpace(const QScreen*, Sizing)>;
 
 /// Returns the part of the screen that no panel of the desktop occupies; empty without a screen.
-ScreenRoom screenRoom(const QScreen* screen, Sizing sizing);
+ScreenSpace measureScreen(const QScreen* screen, Sizing sizing);
 
 }  // namespace orv
