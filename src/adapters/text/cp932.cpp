@@ -32,7 +32,7 @@ void appendCode(std::string& bytes, unsigned code) {
     bytes += static_cast<char>(code & 0xFFU);
 }
 
-unsigned numberOf(std::string_view bytes) {
+unsigned toNumber(std::string_view bytes) {
     unsigned number = 0;
     for (const char byte : bytes) {
         number = (number << 8U) | static_cast<unsigned char>(byte);
@@ -51,7 +51,7 @@ struct Cp932::Tables {
         std::vector<unsigned> single;
         for (unsigned code = 1; code < 0x100; ++code) {
             if (isLead(code)) {
-                addRow(codesBehind(code));
+                addRow(listCodes(code));
             } else {
                 single.push_back(code);
             }
@@ -64,7 +64,7 @@ struct Cp932::Tables {
     }
 
     /// Returns the code of the character, if the code page contains it.
-    std::optional<unsigned> codeOf(char32_t character) const {
+    std::optional<unsigned> findCode(char32_t character) const {
         if (character >= kCodes || (character != 0 && codes[character] == 0)) {
             return std::nullopt;
         }
@@ -75,7 +75,7 @@ private:
     CodeConversion decoded_{CodeConversion::Direction::Decode};
     CodeConversion encoded_{CodeConversion::Direction::Encode};
 
-    static std::vector<unsigned> codesBehind(unsigned lead) {
+    static std::vector<unsigned> listCodes(unsigned lead) {
         std::vector<unsigned> row;
         for (unsigned trail = 0; trail < 0x100; ++trail) {
             if (isTrail(trail)) {
@@ -103,9 +103,9 @@ private:
 
     /// If several codes have the same character, the system knows which one is written.
     void add(unsigned code, std::string_view utf16) {
-        const unsigned character = numberOf(utf16);
+        const unsigned character = toNumber(utf16);
         characters[code] = static_cast<char16_t>(character);
-        codes[character] = static_cast<std::uint16_t>(codes[character] == 0 ? code : numberOf(encoded_(utf16)));
+        codes[character] = static_cast<std::uint16_t>(codes[character] == 0 ? code : toNumber(encoded_(utf16)));
     }
 };
 
@@ -120,7 +120,7 @@ std::string Cp932::encode(const std::string& text) const {
     std::string bytes;
     bytes.reserve(text.size());
     for (const char32_t character : toCharacters(text)) {
-        appendCode(bytes, tables_.codeOf(character).value_or('?'));
+        appendCode(bytes, tables_.findCode(character).value_or('?'));
     }
     return bytes;
 }
@@ -140,6 +140,6 @@ std::string Cp932::decode(const std::string& bytes) const {
     return toUtf8(characters);
 }
 
-bool Cp932::holds(char32_t character) const { return tables_.codeOf(character).has_value(); }
+bool Cp932::holds(char32_t character) const { return tables_.findCode(character).has_value(); }
 
 }  // namespace orv

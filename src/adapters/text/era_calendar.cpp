@@ -31,7 +31,7 @@ constexpr int kCentury = 100;
 constexpr int kLastYear = 9999;
 
 /// Removes a prefix from the text. False if the text does not begin with it.
-bool took(std::string_view& text, std::string_view prefix) {
+bool removePrefix(std::string_view& text, std::string_view prefix) {
     if (!text.starts_with(prefix)) {
         return false;
     }
@@ -40,7 +40,7 @@ bool took(std::string_view& text, std::string_view prefix) {
 }
 
 /// Removes a number and the sign after it from the text.
-std::optional<int> tookNumber(std::string_view& text, std::size_t mostDigits, std::string_view sign) {
+std::optional<int> removeNumber(std::string_view& text, std::size_t mostDigits, std::string_view sign) {
     const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
     if (digits == 0 || digits > mostDigits || !text.substr(digits).starts_with(sign)) {
         return std::nullopt;
@@ -51,8 +51,8 @@ std::optional<int> tookNumber(std::string_view& text, std::size_t mostDigits, st
     return number;
 }
 
-const Era* tookEra(std::string_view& text) {
-    const auto* era = std::ranges::find_if(kEras, [&](const Era& row) { return took(text, row.word); });
+const Era* removeEra(std::string_view& text) {
+    const auto* era = std::ranges::find_if(kEras, [&](const Era& row) { return removePrefix(text, row.word); });
     return era == kEras.end() ? nullptr : era;
 }
 
@@ -76,11 +76,11 @@ bool exists(const year_month_day& date, const Era* era) {
 
 std::optional<DateTime> EraCalendar::parseDate(const std::string& text) const {
     std::string_view rest = text;
-    const Era* era = tookEra(rest);
-    const bool isFirstYear = era != nullptr && took(rest, kFirstYear);
-    const std::optional<int> year = isFirstYear ? 1 : tookNumber(rest, 4, "年");
-    const std::optional<int> month = tookNumber(rest, 2, "月");
-    const std::optional<int> day = tookNumber(rest, 2, "日");
+    const Era* era = removeEra(rest);
+    const bool isFirstYear = era != nullptr && removePrefix(rest, kFirstYear);
+    const std::optional<int> year = isFirstYear ? 1 : removeNumber(rest, 4, "年");
+    const std::optional<int> month = removeNumber(rest, 2, "月");
+    const std::optional<int> day = removeNumber(rest, 2, "日");
     if (!year || !month || !day || !rest.empty()) {
         return std::nullopt;
     }

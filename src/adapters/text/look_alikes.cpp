@@ -53,7 +53,7 @@ constexpr std::u32string_view kTakesVoice =
     U"かきくけこさしすせそたちつてとはひふへほゝカキクケコサシスセソタチツテトハヒフヘホヽ";
 constexpr std::u32string_view kTakesHalfVoice = U"はひふへほハヒフヘホ";
 
-constexpr bool isOneOf(std::u32string_view set, char32_t character) {
+constexpr bool contains(std::u32string_view set, char32_t character) {
     return set.find(character) != std::u32string_view::npos;
 }
 
@@ -61,7 +61,7 @@ constexpr bool isHalfWidthKana(char32_t character) { return character >= U'ｦ' 
 
 }  // namespace
 
-char32_t lookAlikeOf(char32_t character) {
+char32_t replaceLookAlike(char32_t character) {
     if (character - kFirstRadical < kRadicals.size()) {
         return kRadicals[character - kFirstRadical];
     }
@@ -74,12 +74,12 @@ char32_t voiced(char32_t kana, char32_t mark) {
         return U'ヴ';
     }
     if (mark == kVoiceMark) {
-        return isOneOf(kTakesVoice, kana) ? kana + 1 : 0;
+        return contains(kTakesVoice, kana) ? kana + 1 : 0;
     }
-    return isOneOf(kTakesHalfVoice, kana) ? kana + 2 : 0;
+    return contains(kTakesHalfVoice, kana) ? kana + 2 : 0;
 }
 
-char32_t standingMark(char32_t kana, char32_t mark) {
+char32_t spacingMark(char32_t kana, char32_t mark) {
     const bool voice = mark == kVoiceMark;
     if (isHalfWidthKana(kana)) {
         return voice ? U'ﾞ' : U'ﾟ';

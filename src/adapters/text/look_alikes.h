@@ -4,7 +4,7 @@ namespace orv {
 
 /// Returns the replacement for a character that is missing in the code page and that other systems type for a similar
 /// one. An example is the wave dash for the full-width tilde. Returns the character itself if it has no replacement.
-char32_t lookAlikeOf(char32_t character);
+char32_t replaceLookAlike(char32_t character);
 
 /// The two combining voice marks, which some systems send after their kana instead of one combined character.
 constexpr bool isVoiceMark(char32_t character) { return character == 0x3099 || character == 0x309A; }
@@ -13,6 +13,6 @@ constexpr bool isVoiceMark(char32_t character) { return character == 0x3099 || c
 char32_t voiced(char32_t kana, char32_t mark);
 
 /// Returns the mark as a separate character, in half width after half-width kana.
-char32_t standingMark(char32_t kana, char32_t mark);
+char32_t spacingMark(char32_t kana, char32_t mark);
 
 }  // namespace orv

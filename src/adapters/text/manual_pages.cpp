@@ -29,12 +29,12 @@ std::string_view nameIn(std::string_view line) {
     return line.substr(0, line.size() - std::min(line.size(), kNameEnds.size()));
 }
 
-std::string titleOf(std::string_view heading) {
+std::string headingText(std::string_view heading) {
     heading.remove_prefix(std::min(heading.find_first_not_of("# "), heading.size()));
     return std::string(heading);
 }
 
-ManualPage pageOf(std::string file, std::string_view text) {
+ManualPage parsePage(std::string file, std::string_view text) {
     ManualPage page{.file = std::move(file), .markdown = {}, .sections = {}};
     std::vector<std::string> names;
     while (!text.empty()) {
@@ -44,7 +44,7 @@ ManualPage pageOf(std::string file, std::string_view text) {
             continue;
         }
         if (line.starts_with('#')) {
-            page.sections.push_back({std::exchange(names, {}), titleOf(line)});
+            page.sections.push_back({std::exchange(names, {}), headingText(line)});
         }
         page.markdown.append(line).append("\n");
     }
@@ -68,12 +68,12 @@ std::vector<std::string> linkedPages(std::string_view text) {
 
 std::vector<ManualPage> readManual(const FileSystem& files, const std::string& folder) {
     const std::string contents = files.read(folder + kManualContents, kLongestPage);
-    std::vector<ManualPage> pages{pageOf(kManualContents, contents)};
+    std::vector<ManualPage> pages{parsePage(kManualContents, contents)};
     for (std::string& file : linkedPages(contents)) {
         const bool isKnown = std::ranges::find(pages, file, &ManualPage::file) != pages.end();
         if (!isKnown && files.exists(folder + file)) {
             const std::string text = files.read(folder + file, kLongestPage);
-            pages.push_back(pageOf(std::move(file), text));
+            pages.push_back(parsePage(std::move(file), text));
         }
     }
     return pages;

@@ -62,7 +62,7 @@ constexpr auto kKinds = std::to_array<Word<Kind>>(
 constexpr auto kButtons = std::to_array<Word<Buttons>>({{"OK", Buttons::Ok}, {"YESNO", Buttons::YesNo}});
 
 template <class Meaning, std::size_t N>
-std::optional<Meaning> meaningOf(std::string_view word, const std::array<Word<Meaning>, N>& words) {
+std::optional<Meaning> findMeaning(std::string_view word, const std::array<Word<Meaning>, N>& words) {
     const auto found = std::ranges::find(words, word, &Word<Meaning>::word);
     return found == words.end() ? std::nullopt : std::optional(found->meaning);
 }
@@ -73,7 +73,7 @@ std::string_view trimmed(std::string_view text) {
 }
 
 /// Removes and returns the front of `rest` up to the next separator, or all of it. The separator is removed too.
-std::string_view take(std::string_view& rest, char separator) {
+std::string_view splitOff(std::string_view& rest, char separator) {
     const auto end = std::min(rest.find(separator), rest.size());
     const std::string_view front = rest.substr(0, end);
     rest.remove_prefix(std::min(end + 1, rest.size()));
@@ -97,9 +97,9 @@ std::string unescaped(std::string_view text) {
 }
 
 bool readLine(std::string_view line, Messages& messages) {
-    const std::string_view id = trimmed(take(line, ','));
-    const auto kind = meaningOf(trimmed(take(line, ',')), kKinds);
-    const auto buttons = meaningOf(trimmed(take(line, ',')), kButtons);
+    const std::string_view id = trimmed(splitOff(line, ','));
+    const auto kind = findMeaning(trimmed(splitOff(line, ',')), kKinds);
+    const auto buttons = findMeaning(trimmed(splitOff(line, ',')), kButtons);
     const std::string_view text = trimmed(line);
     if (!isId(id) || !kind || !buttons || text.empty() || text.size() > kLongestText) {
         return false;
@@ -113,7 +113,7 @@ bool readLine(std::string_view line, Messages& messages) {
 MessageFile readMessages(std::string_view content) {
     MessageFile file;
     for (std::size_t number = 1; !content.empty(); ++number) {
-        const std::string_view line = trimmed(take(content, '\n'));
+        const std::string_view line = trimmed(splitOff(content, '\n'));
         if (line.empty() || line.starts_with(';')) {
             continue;
         }

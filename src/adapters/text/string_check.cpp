@@ -40,7 +40,7 @@ struct Parts {
     std::string hyphens;
 };
 
-Parts partsOf(std::string_view text) {
+Parts splitNumber(std::string_view text) {
     Parts parts;
     for (const char character : text) {
         if (character == '-') {
@@ -52,7 +52,7 @@ Parts partsOf(std::string_view text) {
     return parts;
 }
 
-bool canStand(std::string_view hyphens, const TelForm& form) {
+bool isAllowed(std::string_view hyphens, const TelForm& form) {
     if (!hyphens.empty() && form.firstHyphen.find(hyphens.front()) != std::string_view::npos) {
         hyphens.remove_prefix(1);
     }
@@ -92,7 +92,7 @@ bool isInvisible(char32_t character) {
 }
 
 /// Returns the character and its number, or the number alone, so that the operator can find it.
-std::string nameOf(char32_t character) {
+std::string describe(char32_t character) {
     std::array<char, 16> number{};
     std::snprintf(number.data(), number.size(), "U+%04X", static_cast<unsigned>(character));
     if (isInvisible(character)) {
@@ -103,16 +103,16 @@ std::string nameOf(char32_t character) {
 
 /// Returns the record for the first rejected character, if any.
 template <class Refused>
-FailureRecord verdictOn(const std::string& text, const char* code, Refused refused) {
+FailureRecord checkText(const std::string& text, const char* code, Refused refused) {
     const std::u32string characters = toCharacters(text);
     const auto found = std::ranges::find_if(characters, refused);
     if (found == characters.end()) {
         return {};
     }
-    return {nameOf(*found) + "は使用できない文字です。入力し直してください。", code};
+    return {describe(*found) + "は使用できない文字です。入力し直してください。", code};
 }
 
-FailureRecord recordOf(TelFault fault) {
+FailureRecord describeFault(TelFault fault) {
     switch (fault) {
         case TelFault::Empty:
             return {"電話・FAX番号が入力されていません。", ""};
@@ -144,20 +144,20 @@ void appendMark(std::u32string& text, char32_t mark) {
     if (const char32_t joined = voiced(kana, mark); joined != 0) {
         text.back() = joined;
     } else {
-        text += standingMark(kana, mark);
+        text += spacingMark(kana, mark);
     }
 }
 
 }  // namespace
 
-TelFault telFaultOf(std::string_view text) {
+TelFault findTelFault(std::string_view text) {
     if (text.empty()) {
         return TelFault::Empty;
     }
     if (text.find_first_not_of("0123456789-") != std::string_view::npos) {
         return TelFault::Characters;
     }
-    const Parts parts = partsOf(text);
+    const Parts parts = splitNumber(text);
     if (!parts.digits.starts_with('0') || parts.digits.starts_with("00")) {
         return TelFault::Leading;
     }
@@ -166,7 +166,7 @@ TelFault telFaultOf(std::string_view text) {
     if (parts.digits.size() != form->digits) {
         return TelFault::Digits;
     }
-    return canStand(parts.hyphens, *form) ? TelFault::None : TelFault::Hyphens;
+    return isAllowed(parts.hyphens, *form) ? TelFault::None : TelFault::Hyphens;
 }
 
 void StringCheck::Normalize(const std::string& input, std::string& output) {
@@ -178,7 +178,7 @@ void StringCheck::Normalize(const std::string& input, std::string& output) {
         if (isVoiceMark(character)) {
             appendMark(cleaned, character);
         } else {
-            cleaned += lookAlikeOf(character);
+            cleaned += replaceLookAlike(character);
         }
     }
     output = toUtf8(cleaned);
@@ -186,16 +186,16 @@ void StringCheck::Normalize(const std::string& input, std::string& output) {
 
 void StringCheck::CheckTextFirst(const std::string& text, bool& passes) {
     const auto unheld = [this](char32_t character) { return !codePage_.holds(character); };
-    passes = passed(verdictOn(text, "STRCHK01", unheld), rejection_);
+    passes = passed(checkText(text, "STRCHK01", unheld), rejection_);
 }
 
 void StringCheck::CheckTextSecond(const std::string& text, bool& passes) {
     const auto breaking = [](char32_t character) { return character == U'\'' || isInvisible(character); };
-    passes = passed(verdictOn(text, "STRCHK02", breaking), rejection_);
+    passes = passed(checkText(text, "STRCHK02", breaking), rejection_);
 }
 
 void StringCheck::CheckTelNumber(const std::string& text, bool& passes) {
-    passes = passed(recordOf(telFaultOf(text)), rejection_);
+    passes = passed(describeFault(findTelFault(text)), rejection_);
 }
 
 }  // namespace orv

@@ -12,7 +12,7 @@ enum class TelFault { None, Empty, Characters, Leading, Digits, Hyphens };
 
 /// Returns the first fault of a Japanese telephone or fax number in half-width digits. Hyphens are optional, but must
 /// be at the places of its kind of number.
-TelFault telFaultOf(std::string_view text);
+TelFault findTelFault(std::string_view text);
 
 /// The suite's rules for texts that the store and the server accept.
 ///

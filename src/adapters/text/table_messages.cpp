@@ -18,15 +18,15 @@ constexpr std::int32_t kGoOn = 0;
 constexpr std::int32_t kStay = 1;
 
 /// The limits of a text on the screen: for one value, so that it leaves space for the message, and for the whole.
-struct Room {
+struct TextLimit {
     std::size_t characters;
     std::size_t lines;
 };
-constexpr Room kOneValue{800, 15};
-constexpr Room kWhole{2000, 40};
+constexpr TextLimit kOneValue{800, 15};
+constexpr TextLimit kWhole{2000, 40};
 
 /// Replaces Windows line breaks by plain ones and unprintable characters by blanks, and truncates to the limits.
-std::string fitted(const std::string& text, Room room) {
+std::string fitted(const std::string& text, TextLimit limit) {
     std::u32string shown;
     std::size_t lines = 1;
     char32_t before = 0;
@@ -38,7 +38,7 @@ std::string fitted(const std::string& text, Room room) {
             continue;
         }
         lines += lineBreak ? 1 : 0;
-        if (shown.size() == room.characters || lines > room.lines) {
+        if (shown.size() == limit.characters || lines > limit.lines) {
             shown += U'…';
             break;
         }
@@ -69,7 +69,7 @@ std::string joined(const std::vector<std::string>& values) {
     return text;
 }
 
-Notice noticeOf(const Message& message, const std::vector<std::string>& values) {
+Notice makeNotice(const Message& message, const std::vector<std::string>& values) {
     Notice notice{kTitle, fitted(closed(expanded(message.text, values)), kWhole), message.kind};
     if (message.buttons == Message::Buttons::YesNo) {
         notice.buttons = {"はい", "いいえ"};
@@ -104,7 +104,7 @@ bool TableMessages::showUnknown(const std::string& id, const std::vector<std::st
 
 bool TableMessages::show(const Message& message, const std::vector<std::string>& values) {
     try {
-        const std::size_t pressed = windows_.showNotice(noticeOf(message, values));
+        const std::size_t pressed = windows_.showNotice(makeNotice(message, values));
         answer_ = pressed == kGoOn ? kGoOn : kStay;
         failure_ = {};
         return true;
