@@ -81,7 +81,7 @@ private:
     ConnectionPtr connection_;
 };
 
-std::string selectOf(const TableColumns& table, const std::string& userId) {
+std::string makeSelect(const TableColumns& table, const std::string& userId) {
     std::string sql = "SELECT ";
     sql.append(table.columns).append(" FROM ").append(table.name).append(" WHERE USER_ID = '");
     for (const char c : userId) {
@@ -91,24 +91,24 @@ std::string selectOf(const TableColumns& table, const std::string& userId) {
 }
 
 /// Stores return a boolean in different forms: as a boolean, a number or a word.
-bool flagOf(const Value& value) {
+bool toFlag(const Value& value) {
     const std::string text = toText(value);
     return text != "0" && text != "False" && text != "false" && text != "FALSE" && !text.empty();
 }
 
-Document cellOf(std::string_view column, const Value& value) {
+Document toCell(std::string_view column, const Value& value) {
     if (value.isNull()) {
         return nullptr;
     }
     if (column == kFlagColumn) {
-        return flagOf(value);
+        return toFlag(value);
     }
     const auto* number = std::get_if<std::int64_t>(&value.content());
     return number ? Document(*number) : Document(toText(value));
 }
 
-Document rowOf(ReadOnlyVisit& store, const TableColumns& table, const std::string& userId) {
-    const RecordsetPtr rows = store.select(selectOf(table, userId));
+Document readRow(ReadOnlyVisit& store, const TableColumns& table, const std::string& userId) {
+    const RecordsetPtr rows = store.select(makeSelect(table, userId));
     if (rows->RecordCount() != 1) {
         throw RunTimeError(Failure::Internal,
                            "送信する会社のデータが1件ではありません。（" + std::string(table.name) + "）");
@@ -116,7 +116,7 @@ Document rowOf(ReadOnlyVisit& store, const TableColumns& table, const std::strin
     Document row = Document::object();
     std::istringstream names{std::string(table.columns)};
     for (std::string column; std::getline(names >> std::ws, column, ',');) {
-        row[column] = cellOf(column, rows->Fields(column));
+        row[column] = toCell(column, rows->Fields(column));
     }
     return row;
 }
@@ -133,7 +133,7 @@ std::string companyDocument(DbService& db, const std::string& storePath, const s
     ReadOnlyVisit store(db, storePath);
     Document document;
     for (const auto& table : kTables) {
-        document[std::string(table.name)] = rowOf(store, table, userId);
+        document[std::string(table.name)] = readRow(store, table, userId);
     }
     return document.dump(-1, ' ', false, Document::error_handler_t::replace);
 }

@@ -110,7 +110,7 @@ std::string_view reasonIn(std::string_view line) {
 
 /// The last status line counts, because interim ones precede it. Checks for the blank line after the head, because the
 /// library accepts a truncated head.
-std::size_t takeHeader(const char* bytes, std::size_t, std::size_t count, void* data) {
+std::size_t addHeader(const char* bytes, std::size_t, std::size_t count, void* data) {
     auto& arrival = *static_cast<Arrival*>(data);
     arrival.headBytes += count;
     if (arrival.headBytes > kLongestResponse) {
@@ -132,9 +132,9 @@ struct Upload {
     curl_off_t left = -1;
 };
 
-std::size_t giveFile(char* buffer, std::size_t, std::size_t room, void* data) {
+std::size_t giveFile(char* buffer, std::size_t, std::size_t capacity, void* data) {
     auto& upload = *static_cast<Upload*>(data);
-    const auto most = static_cast<std::size_t>(std::min(static_cast<curl_off_t>(room), upload.left));
+    const auto most = static_cast<std::size_t>(std::min(static_cast<curl_off_t>(capacity), upload.left));
     const std::size_t count = std::fread(buffer, 1, most, upload.file);
     upload.left -= static_cast<curl_off_t>(count);
     return count == 0 && upload.left > 0 ? CURL_READFUNC_ABORT : count;
@@ -160,7 +160,7 @@ void setCommon(const Curl& curl, const HttpRequest& request, Arrival& arrival) {
     set(curl, CURLOPT_TCP_KEEPALIVE, 1L);
     set(curl, CURLOPT_WRITEFUNCTION, takeBody);
     set(curl, CURLOPT_WRITEDATA, &arrival);
-    set(curl, CURLOPT_HEADERFUNCTION, takeHeader);
+    set(curl, CURLOPT_HEADERFUNCTION, addHeader);
     set(curl, CURLOPT_HEADERDATA, &arrival);
 }
 

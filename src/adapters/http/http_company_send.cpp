@@ -48,7 +48,7 @@ void requireSettings(const CompanySendSettings& settings) {
     }
 }
 
-milliseconds timeoutOf(const std::string& setting) {
+milliseconds parseTimeout(const std::string& setting) {
     const std::string_view text = trimmed(setting);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -87,7 +87,7 @@ bool HttpCompanySend::recorded(const std::function<void()>& steps) {
 }
 
 HttpResponse HttpCompanySend::exchangeInTime(HttpRequest request) const {
-    request.timeout = timeoutOf(settings_.timeOut());
+    request.timeout = parseTimeout(settings_.timeOut());
     return exchange(request);
 }
 

@@ -41,7 +41,7 @@ Square columnsTransformed(const Square& weights, const Square& samples) {
     return turned;
 }
 
-Square samplesOf(const Bitmap& plane, int across, int down) {
+Square readSamples(const Bitmap& plane, int across, int down) {
     constexpr float kMiddle = 128;
     Square samples{};
     for (int y = 0; y < kBlockSide; ++y) {
@@ -57,14 +57,14 @@ std::int16_t rounded(float value) { return static_cast<std::int16_t>(value + std
 
 }  // namespace
 
-FrequencyPlane frequenciesOf(const Bitmap& samples) {
+FrequencyPlane transform(const Bitmap& samples) {
     static const Square kWeights = transformWeights();
     FrequencyPlane plane{samples.width / kBlockSide, samples.height / kBlockSide, {}};
     plane.frequencies.resize(samples.samples.size());
     auto* target = plane.frequencies.data();
     for (int down = 0; down < plane.blocksDown; ++down) {
         for (int across = 0; across < plane.blocksAcross; ++across) {
-            const Square columns = columnsTransformed(kWeights, samplesOf(samples, across, down));
+            const Square columns = columnsTransformed(kWeights, readSamples(samples, across, down));
             for (const Line& line : columnsTransformed(kWeights, columns)) {
                 for (int i = 0; i < kBlockSide; ++i) {
                     *target++ = rounded(line[i] * kFraction);

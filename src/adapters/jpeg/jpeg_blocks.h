@@ -28,7 +28,7 @@ struct FrequencyPlane {
 };
 
 /// `samples` has one channel, and its sides are whole blocks.
-FrequencyPlane frequenciesOf(const Bitmap& samples);
+FrequencyPlane transform(const Bitmap& samples);
 
 /// Converts frequencies to the stored numbers, by one quantisation table.
 class Quantiser {

@@ -23,7 +23,7 @@ constexpr auto kFatalWarnings = std::to_array<int>({
 JpegGuard::JpegGuard() {
     jpeg_std_error(&errors_);
     errors_.error_exit = leave;
-    errors_.emit_message = judge;
+    errors_.emit_message = handleMessage;
 }
 
 void JpegGuard::watch(j_common_ptr info) {
@@ -38,7 +38,7 @@ void JpegGuard::leaveWith(j_common_ptr info, int libraryMessage) {
 
 void JpegGuard::leave(j_common_ptr info) { std::longjmp(static_cast<JpegGuard*>(info->client_data)->back_, 1); }
 
-void JpegGuard::judge(j_common_ptr info, int level) {
+void JpegGuard::handleMessage(j_common_ptr info, int level) {
     const bool warning = level < 0;
     if (warning && std::ranges::count(kFatalWarnings, info->err->msg_code) != 0) {
         leave(info);

@@ -34,7 +34,7 @@ public:
 
 private:
     [[noreturn]] static void leave(j_common_ptr info);
-    static void judge(j_common_ptr info, int level);
+    static void handleMessage(j_common_ptr info, int level);
     PictureFailure failure() const;
 
     jpeg_error_mgr errors_{};

@@ -26,7 +26,7 @@ Rgb onPaper(const Rgb& ink, unsigned black) {
     return {mixed(ink[0]), mixed(ink[1]), mixed(ink[2])};
 }
 
-Rgb rgbOf(const JpegImage& image, const std::uint8_t* sample) {
+Rgb toRgb(const JpegImage& image, const std::uint8_t* sample) {
     const auto ink = [&image](unsigned value) { return image.adobe ? value : 255 - value; };
     switch (image.colours) {
         case JCS_GRAYSCALE:
@@ -45,12 +45,12 @@ Rgb rgbOf(const JpegImage& image, const std::uint8_t* sample) {
 
 }  // namespace
 
-Pixels argbOf(const JpegImage& image) {
+Pixels toArgb(const JpegImage& image) {
     const Bitmap& bitmap = image.bitmap;
     Pixels pixels{bitmap.width, bitmap.height, {}};
     pixels.argb.reserve(bitmap.samples.size() / bitmap.channels);
     for (std::size_t at = 0; at < bitmap.samples.size(); at += bitmap.channels) {
-        const Rgb rgb = rgbOf(image, &bitmap.samples[at]);
+        const Rgb rgb = toRgb(image, &bitmap.samples[at]);
         pixels.argb.push_back(0xFF000000U | rgb[0] << 16 | rgb[1] << 8 | rgb[2]);
     }
     return pixels;

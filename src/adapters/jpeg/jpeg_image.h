@@ -22,6 +22,6 @@ struct JpegImage {
 };
 
 /// Converts the picture for the screen.
-Pixels argbOf(const JpegImage& image);
+Pixels toArgb(const JpegImage& image);
 
 }  // namespace orv

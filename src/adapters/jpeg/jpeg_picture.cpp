@@ -41,7 +41,7 @@ public:
 
     Pixels scaled(int width, int height) const override {
         requireNoGrowth({width_, height_}, {width, height});
-        return argbOf(uprightAt(width, height));
+        return toArgb(uprightAt(width, height));
     }
 
     void size(int width, int height) override {

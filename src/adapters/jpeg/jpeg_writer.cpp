@@ -77,7 +77,7 @@ void setTables(jpeg_compress_struct& info, int quality) {
 int filledUp(int side, int unit) { return (side + unit - 1) / unit * unit; }
 
 /// Returns one channel, with its last samples repeated up to the edge of the units.
-Bitmap planeOf(const Bitmap& source, std::size_t channel, int unit) {
+Bitmap extractPlane(const Bitmap& source, std::size_t channel, int unit) {
     Bitmap plane = blankBitmap(filledUp(source.width, unit), filledUp(source.height, unit), 1);
     for (int y = 0; y < plane.height; ++y) {
         const std::uint8_t* sample = source.row(std::min(y, source.height - 1)) + channel;
@@ -146,8 +146,8 @@ JpegWriter::JpegWriter(const JpegImage& image)
     const bool halves = halvesColours(colours_);
     for (std::size_t channel = 0; channel < image.bitmap.channels; ++channel) {
         const bool isColour = channel == 1 || channel == 2;
-        const Bitmap plane = planeOf(image.bitmap, channel, halves ? kBlockSide * 2 : kBlockSide);
-        planes_.push_back(frequenciesOf(halves && isColour ? halved(plane) : plane));
+        const Bitmap plane = extractPlane(image.bitmap, channel, halves ? kBlockSide * 2 : kBlockSide);
+        planes_.push_back(transform(halves && isColour ? halved(plane) : plane));
     }
 }
 

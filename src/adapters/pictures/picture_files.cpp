@@ -28,7 +28,7 @@ PictureHeader claimedHeader(const OpenFile& file) {
 }
 
 /// Sides fit 32 bits, so that their product does not overflow.
-PictureHeader headerOf(const OpenFile& file) {
+PictureHeader readHeader(const OpenFile& file) {
     const PictureHeader header = claimedHeader(file);
     if (header.width < 1 || header.height < 1) {
         throw pictureError(PictureFailure::Damaged);
@@ -53,7 +53,7 @@ auto reading(FileSystem& files, const std::string& path, Reading read) {
 
 PictureInfo PictureFiles::info(const std::string& path) const {
     return reading(files_, path, [](const OpenFile& file) {
-        const PictureHeader header = headerOf(file);
+        const PictureHeader header = readHeader(file);
         return PictureInfo{file.size(), static_cast<std::int32_t>(header.width),
                            static_cast<std::int32_t>(header.height), header.bits,
                            static_cast<std::int32_t>(header.format)};
@@ -62,7 +62,7 @@ PictureInfo PictureFiles::info(const std::string& path) const {
 
 std::unique_ptr<Picture> PictureFiles::load(const std::string& path, PictureSize within) const {
     return reading(files_, path, [&](const OpenFile& file) {
-        const PictureHeader header = headerOf(file);
+        const PictureHeader header = readHeader(file);
         const auto load = header.format == PictureFormat::Jpeg ? loadJpeg : loadRaster;
         return load(files_, file, header, within);
     });

@@ -33,7 +33,7 @@ public:
     }
 
     /// Stores the averages of the rows added since the last call.
-    void take(Sample* target) {
+    void finishRow(Sample* target) {
         const std::uint64_t* sum = sums_.data();
         for (int x = 0; x < from_.width; x += side_) {
             const auto count = static_cast<std::uint64_t>(std::min(side_, from_.width - x) * rows_);

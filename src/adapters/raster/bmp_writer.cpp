@@ -23,7 +23,7 @@ void put(Written& bytes, std::size_t number, int length) {
 }
 
 /// Returns the part between the headers and the rows: masks or a colour table.
-Written tableOf(const Raster& raster, int bits) {
+Written writeColours(const Raster& raster, int bits) {
     Written table;
     if (bits == 16) {
         for (const std::uint32_t mask : kMasks) {
@@ -36,7 +36,7 @@ Written tableOf(const Raster& raster, int bits) {
     return table;
 }
 
-Written rowOf(const Raster& raster, const PictureHeader& header, int y) {
+Written writeRow(const Raster& raster, const PictureHeader& header, int y) {
     if (header.indexed) {
         return packedRow(raster, header, y);
     }
@@ -64,7 +64,7 @@ struct StoredRows {
 StoredRows plainRows(const Raster& raster, const PictureHeader& header) {
     StoredRows rows{header.bits == 16 ? kByMasks : 0, {}};
     for (int y = raster.image.height() - 1; y >= 0; --y) {
-        const Written row = rowOf(raster, header, y);
+        const Written row = writeRow(raster, header, y);
         rows.bytes.insert(rows.bytes.end(), row.begin(), row.end());
         rows.bytes.resize((rows.bytes.size() + 3) / 4 * 4);
     }
@@ -117,12 +117,12 @@ void putRuns(Written& bytes, const Written& row) {
     }
 }
 
-StoredRows runsOf(const Raster& raster) {
+StoredRows writeRuns(const Raster& raster) {
     constexpr std::uint32_t kEndOfRow = 0x0000;
     constexpr std::uint32_t kEndOfPicture = 0x0100;
     StoredRows rows{kByRuns, {}};
     for (int y = raster.image.height() - 1; y >= 0; --y) {
-        putRuns(rows.bytes, indicesOf(raster, y));
+        putRuns(rows.bytes, toIndices(raster, y));
         put(rows.bytes, kEndOfRow, 2);
     }
     put(rows.bytes, kEndOfPicture, 2);
@@ -134,7 +134,7 @@ StoredRows smallestRows(const Raster& raster, const PictureHeader& header) {
     if (header.bits != 8) {
         return plain;
     }
-    StoredRows runs = runsOf(raster);
+    StoredRows runs = writeRuns(raster);
     return runs.bytes.size() < plain.bytes.size() ? runs : plain;
 }
 
@@ -144,7 +144,7 @@ Written bmpBytes(const Raster& raster, const PictureHeader& header) {
     if (!isWritable(header.bits)) {
         throw pictureError(PictureFailure::NotWritable);
     }
-    const Written table = tableOf(raster, header.bits);
+    const Written table = writeColours(raster, header.bits);
     const StoredRows rows = smallestRows(raster, header);
     const std::size_t start = kHeaders + table.size();
     Written bytes{'B', 'M'};

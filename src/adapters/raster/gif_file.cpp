@@ -33,7 +33,7 @@ int readFromFile(GifFileType* gif, GifByteType* bytes, int count) {
 }
 
 /// Changes `transparent` only if the extension names a colour.
-void takeExtension(GifFileType* gif, int& transparent) {
+void readExtension(GifFileType* gif, int& transparent) {
     int code = 0;
     GifByteType* block = nullptr;
     require(DGifGetExtension(gif, &code, &block) == GIF_OK);
@@ -53,14 +53,14 @@ int findPicture(GifFileType* gif) {
     while (record != IMAGE_DESC_RECORD_TYPE) {
         require(DGifGetRecordType(gif, &record) == GIF_OK && record != TERMINATE_RECORD_TYPE);
         if (record == EXTENSION_RECORD_TYPE) {
-            takeExtension(gif, transparent);
+            readExtension(gif, transparent);
         }
     }
     require(DGifGetImageDesc(gif) == GIF_OK);
     return transparent;
 }
 
-QList<QRgb> coloursOf(const GifFileType& gif, int transparent) {
+QList<QRgb> readColours(const GifFileType& gif, int transparent) {
     const ColorMapObject* map = gif.Image.ColorMap != nullptr ? gif.Image.ColorMap : gif.SColorMap;
     require(map != nullptr && map->ColorCount > 0);
     QList<QRgb> colours;
@@ -119,7 +119,7 @@ int writeToBytes(GifFileType* gif, const GifByteType* bytes, int count) {
     return count;
 }
 
-std::unique_ptr<ColorMapObject, FreeMap> mapOf(const QList<QRgb>& colours) {
+std::unique_ptr<ColorMapObject, FreeMap> makeColourMap(const QList<QRgb>& colours) {
     const int bits = std::max(1, GifBitSize(static_cast<int>(colours.size())));
     std::unique_ptr<ColorMapObject, FreeMap> map(GifMakeMapObject(1 << bits, nullptr));
     require(map != nullptr);
@@ -144,14 +144,14 @@ void putTransparent(GifFileType* gif, const QList<QRgb>& colours) {
 /// Writes everything up to the end mark, which closing writes.
 void writePicture(GifFileType* gif, const Raster& raster) {
     EGifSetGifVersion(gif, true);
-    const auto map = mapOf(raster.colours);
+    const auto map = makeColourMap(raster.colours);
     const int width = raster.image.width();
     const int height = raster.image.height();
     require(EGifPutScreenDesc(gif, width, height, map->BitsPerPixel, 0, map.get()) == GIF_OK);
     putTransparent(gif, raster.colours);
     require(EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr) == GIF_OK);
     for (int y = 0; y < height; ++y) {
-        auto row = indicesOf(raster, y);
+        auto row = toIndices(raster, y);
         require(EGifPutLine(gif, row.data(), width) == GIF_OK);
     }
 }
@@ -163,10 +163,10 @@ Raster readGif(const OpenFile& file) {
     const Reader gif(DGifOpen(file.fromStart(), readFromFile, &failure));
     require(gif != nullptr);
     const int transparent = findPicture(gif.get());
-    Raster raster{QImage(gif->SWidth, gif->SHeight, QImage::Format_Indexed8), coloursOf(*gif, transparent), {}};
+    Raster raster{QImage(gif->SWidth, gif->SHeight, QImage::Format_Indexed8), readColours(*gif, transparent), {}};
     raster.image.setColorTable(raster.colours);
-    const int ground = transparent >= 0 ? transparent : gif->SBackGroundColor;
-    raster.image.fill(ground < raster.colours.size() ? static_cast<unsigned>(ground) : 0);
+    const int background = transparent >= 0 ? transparent : gif->SBackGroundColor;
+    raster.image.fill(background < raster.colours.size() ? static_cast<unsigned>(background) : 0);
     readRows(gif.get(), raster.image);
     return raster;
 }

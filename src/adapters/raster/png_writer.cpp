@@ -46,7 +46,7 @@ private:
     png_infop info_ = nullptr;
 };
 
-int kindOf(const PictureHeader& header) {
+int colourType(const PictureHeader& header) {
     constexpr std::array kByChannels{PNG_COLOR_TYPE_GRAY, PNG_COLOR_TYPE_GRAY_ALPHA, PNG_COLOR_TYPE_RGB,
                                      PNG_COLOR_TYPE_RGB_ALPHA};
     return header.indexed ? PNG_COLOR_TYPE_PALETTE : kByChannels[static_cast<std::size_t>(header.channels - 1)];
@@ -77,7 +77,7 @@ Written written(const Raster& raster, const PictureHeader& header, int filters) 
         png_set_compression_level(png, kTightest);
         png_set_filter(png, PNG_FILTER_TYPE_BASE, filters);
         png_set_IHDR(png, info, static_cast<png_uint_32>(raster.image.width()),
-                     static_cast<png_uint_32>(raster.image.height()), depthOf(header), kindOf(header),
+                     static_cast<png_uint_32>(raster.image.height()), bitDepth(header), colourType(header),
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         if (header.indexed) {
             setColours(png, info, raster.colours);
@@ -88,7 +88,7 @@ Written written(const Raster& raster, const PictureHeader& header, int filters) 
                          static_cast<png_uint_32>(raster.profile.size()));
         }
         png_write_info(png, info);
-        if (depthOf(header) == 16) {
+        if (bitDepth(header) == 16) {
             png_set_swap(png);
         }
     });

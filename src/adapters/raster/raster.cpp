@@ -9,7 +9,7 @@ namespace {
 
 using Samples = std::vector<std::uint8_t>;
 
-QImage rowOf(const QImage& image, int y) { return image.copy(0, y, image.width(), 1); }
+QImage copyRow(const QImage& image, int y) { return image.copy(0, y, image.width(), 1); }
 
 Samples packed(const Samples& values, int bits) {
     Samples bytes((values.size() * static_cast<std::size_t>(bits) + 7) / 8);
@@ -24,9 +24,9 @@ Samples packed(const Samples& values, int bits) {
 
 /// Converts a premultiplied pixel. If the file has no alpha channel, transparent pixels (a single colour can mark them)
 /// become white.
-std::array<std::uint16_t, 4> samplesOf(QRgba64 pixel, int channels) {
-    const auto ground = static_cast<std::uint16_t>(0xFFFF - pixel.alpha());
-    const auto onWhite = [ground](std::uint16_t value) { return static_cast<std::uint16_t>(value + ground); };
+std::array<std::uint16_t, 4> toSamples(QRgba64 pixel, int channels) {
+    const auto background = static_cast<std::uint16_t>(0xFFFF - pixel.alpha());
+    const auto onWhite = [background](std::uint16_t value) { return static_cast<std::uint16_t>(value + background); };
     const QRgba64 plain = pixel.unpremultiplied();
     switch (channels) {
         case 2:
@@ -40,12 +40,12 @@ std::array<std::uint16_t, 4> samplesOf(QRgba64 pixel, int channels) {
 
 /// Returns samples of 16 bits. Grey pictures have the same value in all three colours.
 std::vector<std::uint16_t> deepRow(const QImage& image, int channels, int y) {
-    const QImage row = rowOf(image, y).convertToFormat(QImage::Format_RGBA64_Premultiplied);
+    const QImage row = copyRow(image, y).convertToFormat(QImage::Format_RGBA64_Premultiplied);
     std::vector<std::uint16_t> samples;
     samples.reserve(static_cast<std::size_t>(row.width()) * static_cast<std::size_t>(channels));
     for (const QRgba64 pixel :
          std::span(reinterpret_cast<const QRgba64*>(row.constScanLine(0)), static_cast<std::size_t>(row.width()))) {
-        const auto all = samplesOf(pixel, channels);
+        const auto all = toSamples(pixel, channels);
         samples.insert(samples.end(), all.begin(), all.begin() + channels);
     }
     return samples;
@@ -53,15 +53,15 @@ std::vector<std::uint16_t> deepRow(const QImage& image, int channels, int y) {
 
 }  // namespace
 
-Samples indicesOf(const Raster& raster, int y) {
-    const QImage row = rowOf(raster.image, y).convertToFormat(QImage::Format_Indexed8, raster.colours);
+Samples toIndices(const Raster& raster, int y) {
+    const QImage row = copyRow(raster.image, y).convertToFormat(QImage::Format_Indexed8, raster.colours);
     return {row.constScanLine(0), row.constScanLine(0) + row.width()};
 }
 
 Samples packedRow(const Raster& raster, const PictureHeader& header, int y) {
-    const int depth = depthOf(header);
+    const int depth = bitDepth(header);
     if (header.indexed) {
-        return packed(indicesOf(raster, y), depth);
+        return packed(toIndices(raster, y), depth);
     }
     const auto deep = deepRow(raster.image, header.channels, y);
     if (depth == 16) {

@@ -20,10 +20,10 @@ struct Raster {
 };
 
 /// Returns the bits of one sample.
-constexpr int depthOf(const PictureHeader& header) { return header.bits / header.channels; }
+constexpr int bitDepth(const PictureHeader& header) { return header.bits / header.channels; }
 
 /// Returns one row's indices into the colour table, one byte each.
-std::vector<std::uint8_t> indicesOf(const Raster& raster, int y);
+std::vector<std::uint8_t> toIndices(const Raster& raster, int y);
 
 /// Returns one row in the form of `header`: indices, grey, grey and alpha, RGB or RGBA. 16-bit samples have the
 /// machine's byte order. Samples smaller than a byte are packed, the first in the highest bits.

@@ -42,11 +42,11 @@ QImage blankImage(PictureSize size, QImage::Format format) {
 }
 
 /// Handles one row at a time, so that no second copy of a large picture is needed.
-template <typename Sample, typename Take>
-void eachRow(const QImage& source, Take take) {
+template <typename Sample, typename Visit>
+void eachRow(const QImage& source, Visit visit) {
     for (int y = 0; y < source.height(); ++y) {
         const QImage row = source.copy(0, y, source.width(), 1).convertToFormat(kFormat<Sample>);
-        take(reinterpret_cast<const Sample*>(row.constScanLine(0)));
+        visit(reinterpret_cast<const Sample*>(row.constScanLine(0)));
         whileWaiting();
     }
 }
@@ -69,7 +69,7 @@ QImage averagedAs(const QImage& source, int side) {
     eachRow<Sample>(source, [&](const Sample* row) {
         reducer.add(row);
         if (++y % side == 0 || y == source.height()) {
-            reducer.take(reinterpret_cast<Sample*>(target.scanLine((y - 1) / side)));
+            reducer.finishRow(reinterpret_cast<Sample*>(target.scanLine((y - 1) / side)));
         }
     });
     return target;
@@ -102,14 +102,15 @@ QImage upright(QImage stored, int orientation) {
 }
 
 /// Draws on a white background.
-Pixels argbOf(const QImage& image) {
+Pixels toArgb(const QImage& image) {
     Pixels pixels{image.width(), image.height(), {}};
     for (int y = 0; y < image.height(); ++y) {
         const QImage row = image.copy(0, y, image.width(), 1).convertToFormat(QImage::Format_ARGB32_Premultiplied);
         for (const QRgb pixel :
              std::span(reinterpret_cast<const QRgb*>(row.constScanLine(0)), static_cast<std::size_t>(row.width()))) {
-            const int ground = 255 - qAlpha(pixel);
-            pixels.argb.push_back(qRgb(qRed(pixel) + ground, qGreen(pixel) + ground, qBlue(pixel) + ground));
+            const int background = 255 - qAlpha(pixel);
+            pixels.argb.push_back(
+                qRgb(qRed(pixel) + background, qGreen(pixel) + background, qBlue(pixel) + background));
         }
     }
     return pixels;
@@ -138,7 +139,7 @@ public:
 
     Pixels scaled(int width, int height) const override {
         requireNoGrowth(own(), {width, height});
-        return argbOf(resampled(raster_.image, width, height));
+        return toArgb(resampled(raster_.image, width, height));
     }
 
     void size(int width, int height) override {

@@ -53,7 +53,7 @@ PictureHeader gifHeader(const OpenFile&, Bytes first) {
     return {PictureFormat::Gif, smallNumber(first, 6), smallNumber(first, 8), (first[10] & 7) + 1, 1, true};
 }
 
-PictureHeader tiffHeaderOf(const OpenFile& file, Bytes) { return tiffHeader(file); }
+PictureHeader readTiffHeader(const OpenFile& file, Bytes) { return tiffHeader(file); }
 
 struct Kind {
     std::string_view mark;
@@ -65,8 +65,8 @@ constexpr auto kKinds = std::to_array<Kind>({
     {"BM"sv, bmpHeader},
     {"GIF87a"sv, gifHeader},
     {"GIF89a"sv, gifHeader},
-    {"II*\0"sv, tiffHeaderOf},
-    {"MM\0*"sv, tiffHeaderOf},
+    {"II*\0"sv, readTiffHeader},
+    {"MM\0*"sv, readTiffHeader},
 });
 
 /// Reads PNG and BMP.

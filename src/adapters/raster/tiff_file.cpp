@@ -56,14 +56,14 @@ Tiff opened(const OpenFile& file) {
 }
 
 template <typename Number>
-Number numberOf(const Tiff& tiff, std::uint32_t tag) {
+Number readNumber(const Tiff& tiff, std::uint32_t tag) {
     Number number{};
     TIFFGetFieldDefaulted(tiff.get(), tag, &number);
     return number;
 }
 
 /// Returns colours of 8 bits each, whatever depth the file has.
-QList<QRgb> coloursOf(const Tiff& tiff, int bits) {
+QList<QRgb> readColours(const Tiff& tiff, int bits) {
     std::uint16_t* red = nullptr;
     std::uint16_t* green = nullptr;
     std::uint16_t* blue = nullptr;
@@ -75,7 +75,7 @@ QList<QRgb> coloursOf(const Tiff& tiff, int bits) {
     return colours;
 }
 
-QByteArray profileOf(const Tiff& tiff) {
+QByteArray readProfile(const Tiff& tiff) {
     std::uint32_t length = 0;
     void* bytes = nullptr;
     if (TIFFGetField(tiff.get(), TIFFTAG_ICCPROFILE, &length, &bytes) != 1) {
@@ -86,7 +86,7 @@ QByteArray profileOf(const Tiff& tiff) {
 
 /// Print colours, and colours that no screen has, cannot be written back from the decoded picture.
 bool isWritable(const Raster& raster, const PictureHeader& header) {
-    const int depth = depthOf(header);
+    const int depth = bitDepth(header);
     const bool own = raster.plainColours && header.channels <= 4 &&
                      (depth == 8 || depth == 16 || (header.channels == 1 && depth < 8));
     return own && header.bits == depth * header.channels && (depth & (depth - 1)) == 0;
@@ -94,8 +94,8 @@ bool isWritable(const Raster& raster, const PictureHeader& header) {
 
 /// True if the library can convert the samples to 8 bits. Deeper ones would lose precision.
 bool hasPlainColours(const Tiff& tiff, const PictureHeader& header) {
-    const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
-    return depthOf(header) <= 8 && (photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR);
+    const auto photometric = readNumber<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+    return bitDepth(header) <= 8 && (photometric <= PHOTOMETRIC_PALETTE || photometric == PHOTOMETRIC_YCBCR);
 }
 
 /// A memory layout of rows that equals the one in the file.
@@ -115,11 +115,11 @@ constexpr auto kRowKinds = std::to_array<RowKind>({
 /// Returns Format_Invalid if the file has other rows, or none.
 QImage::Format rowFormat(const Tiff& tiff, const PictureHeader& header) {
     const bool rows = TIFFIsTiled(tiff.get()) == 0 &&
-                      numberOf<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG &&
-                      numberOf<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT;
-    const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+                      readNumber<std::uint16_t>(tiff, TIFFTAG_PLANARCONFIG) == PLANARCONFIG_CONTIG &&
+                      readNumber<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT) == SAMPLEFORMAT_UINT;
+    const auto photometric = readNumber<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
     const auto kind = std::ranges::find_if(kRowKinds, [&](const RowKind& one) {
-        return one.photometric == photometric && one.channels == header.channels && one.depth == depthOf(header);
+        return one.photometric == photometric && one.channels == header.channels && one.depth == bitDepth(header);
     });
     return rows && kind != kRowKinds.end() ? kind->format : QImage::Format_Invalid;
 }
@@ -167,7 +167,7 @@ QImage readByLibrary(const Tiff& tiff, PictureSize stored, int orientation) {
 
 void setKind(const Tiff& tiff, const PictureHeader& header, const Raster& raster) {
     const bool alpha = header.channels == 2 || header.channels == 4;
-    const int depth = depthOf(header);
+    const int depth = bitDepth(header);
     TIFFSetField(tiff.get(), TIFFTAG_SAMPLESPERPIXEL, header.channels);
     TIFFSetField(tiff.get(), TIFFTAG_BITSPERSAMPLE, depth);
     TIFFSetField(tiff.get(), TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
@@ -209,14 +209,14 @@ void setColours(const Tiff& tiff, const QList<QRgb>& colours, int bits) {
 
 PictureHeader tiffHeader(const OpenFile& file) {
     const Tiff tiff = opened(file);
-    const int channels = numberOf<std::uint16_t>(tiff, TIFFTAG_SAMPLESPERPIXEL);
-    const int depth = numberOf<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE);
+    const int channels = readNumber<std::uint16_t>(tiff, TIFFTAG_SAMPLESPERPIXEL);
+    const int depth = readNumber<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE);
     require(channels > 0 && depth > 0 && depth <= 64);
-    const auto photometric = numberOf<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
-    const int asked = numberOf<std::uint16_t>(tiff, TIFFTAG_ORIENTATION);
+    const auto photometric = readNumber<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC);
+    const int asked = readNumber<std::uint16_t>(tiff, TIFFTAG_ORIENTATION);
     const int orientation = asked >= 1 && asked <= 8 ? asked : 1;
-    const auto width = numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH);
-    const auto height = numberOf<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH);
+    const auto width = readNumber<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH);
+    const auto height = readNumber<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH);
     const bool swap = swapsSides(orientation);
     return {PictureFormat::Tiff,
             swap ? height : width,
@@ -234,7 +234,7 @@ Raster readTiff(const OpenFile& file, const PictureHeader& header) {
     const QImage::Format format = rowFormat(tiff, header);
     const bool inRows = format != QImage::Format_Invalid;
     QImage image = inRows ? readRows(tiff, header, stored, format) : readByLibrary(tiff, stored, header.orientation);
-    return {std::move(image), header.indexed ? coloursOf(tiff, depthOf(header)) : QList<QRgb>(), profileOf(tiff),
+    return {std::move(image), header.indexed ? readColours(tiff, bitDepth(header)) : QList<QRgb>(), readProfile(tiff),
             inRows || hasPlainColours(tiff, header)};
 }
 

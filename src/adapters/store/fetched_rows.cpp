@@ -28,7 +28,7 @@ void FetchedRows::MoveNext() {
 
 void FetchedRows::MoveLast() { cursor_ = rows() == 0 ? 0 : rows() - 1; }
 
-Value FetchedRows::Fields(const std::string& name) const { return Fields(static_cast<int>(columnOf(name))); }
+Value FetchedRows::Fields(const std::string& name) const { return Fields(static_cast<int>(findColumn(name))); }
 
 Value FetchedRows::Fields(int index) const {
     if (index < 0 || static_cast<std::size_t>(index) >= columns_.size()) {
@@ -40,7 +40,7 @@ Value FetchedRows::Fields(int index) const {
     return cells_[cursor_ * columns_.size() + static_cast<std::size_t>(index)];
 }
 
-std::size_t FetchedRows::columnOf(const std::string& name) const {
+std::size_t FetchedRows::findColumn(const std::string& name) const {
     std::string_view wanted = name;
     const auto isWanted = [&](const std::string& column) { return equalWithoutCase(column, wanted); };
     const bool qualified = equalWithoutCase(wanted.substr(0, kFirstTable.size()), kFirstTable);

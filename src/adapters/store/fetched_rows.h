@@ -32,7 +32,7 @@ public:
 
 private:
     std::size_t rows() const { return columns_.empty() ? 0 : cells_.size() / columns_.size(); }
-    std::size_t columnOf(const std::string& name) const;
+    std::size_t findColumn(const std::string& name) const;
 
     std::vector<std::string> columns_;
     std::deque<Value> cells_;  // grows without moving its elements
