@@ -43,7 +43,7 @@ public:
         : root_(fs::canonical(folder)), paths_(root_, root_ + "/C/ORV/BIN"), files_(paths_) {
         const std::string registry = readWholeFile(root_ + "/registry.txt", kLargestText);
         settings_ = RegistryText(registry)
-                        .valueOf("HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV", "InstallKey")
+                        .findValue("HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV", "InstallKey")
                         .value_or("C:\\ORV") +
                     "\\SYS\\system.ini";
     }
@@ -60,7 +60,7 @@ public:
     /// Reads the end of a file that other users can have put there, so no link is followed.
     std::string endOfLog(const std::string& path) const {
         const FileStream stream = files_.open(path);
-        std::fseek(stream.get(), -static_cast<long>(std::min<std::uint64_t>(files_.sizeOf(path), kLargestText)),
+        std::fseek(stream.get(), -static_cast<long>(std::min<std::uint64_t>(files_.fileSize(path), kLargestText)),
                    SEEK_END);
         std::string bytes(kLargestText, '\0');
         bytes.resize(std::fread(bytes.data(), 1, bytes.size(), stream.get()));

@@ -14,7 +14,7 @@ Composition::Composition(const std::string& programFolder)
       programs_(office_.paths),
       siblings_(programs_, watchDescriptor),
       windows_(findLayout, forms_),
-      running_(watchDescriptor, installRootOf(programFolder), [this] { windows_.toFront(); }),
+      running_(watchDescriptor, findInstallRoot(programFolder), [this] { windows_.toFront(); }),
       messages_(
           windows_, office_.files, office_.codePage, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),

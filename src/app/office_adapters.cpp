@@ -20,7 +20,7 @@ CompanySendSettings sendSettings() {
 }  // namespace
 
 OfficeAdapters::OfficeAdapters(const std::string& programFolder)
-    : paths(installRootOf(programFolder), programFolder),
+    : paths(findInstallRoot(programFolder), programFolder),
       files(paths),
       fileService(files),
       profiles(files, codePage, facts),

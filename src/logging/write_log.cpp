@@ -58,7 +58,7 @@ std::string sixLists(const Values& args) {
 /// Renames "ras.log" to "rasbk.log" in the same folder and overwrites the older backup.
 void rotate(const std::string& path) {
     FileSystem& files = *services().fileSystem;
-    if (!files.exists(path) || files.sizeOf(path) <= kRasLimit) {
+    if (!files.exists(path) || files.fileSize(path) <= kRasLimit) {
         return;
     }
     const std::size_t split = path.rfind('\\') + 1;

@@ -23,7 +23,7 @@ class ProfileReader;
 class ProgramStarter;
 class Registry;
 class RunningPrograms;
-class SiblingDesk;
+class SiblingPrograms;
 class StringCheckService;
 class SysInfoService;
 class TransmitEngine;
@@ -45,7 +45,7 @@ struct Services {
     ProfileReader* profiles = nullptr;
     Registry* registry = nullptr;
     ProgramStarter* programs = nullptr;
-    SiblingDesk* siblings = nullptr;
+    SiblingPrograms* siblings = nullptr;
     MachineFacts* facts = nullptr;
     Clock* clock = nullptr;
     CodePage* codePage = nullptr;

@@ -13,7 +13,7 @@ namespace {
 std::string claimName(const std::string& userId) { return services().facts->GetComputerName() + "/" + userId; }
 
 bool claimCompany(const std::string& userId) {
-    return services().running == nullptr || services().running->take(claimName(userId));
+    return services().running == nullptr || services().running->claim(claimName(userId));
 }
 
 bool unlock(const std::string& userId) { return PF_DataUnlock(userId, kLockType, kLockNumber); }

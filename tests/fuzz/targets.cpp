@@ -219,7 +219,7 @@ public:
             .gone = [] {}};
         for (std::size_t at = 0; at < said.size() && siblings.listenedTo();) {
             const std::string line = said.substr(at, said.find('\n', at) - at);
-            static_cast<void>(obey(line, calls));
+            static_cast<void>(handleLine(line, calls));
             at += line.size() + 1;
         }
         siblings.end();

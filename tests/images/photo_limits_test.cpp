@@ -18,7 +18,7 @@ TEST_P(PhotoLimits, AFileNeverGrowsAsTheFactorRises) {
     std::vector<std::uint64_t> sizes;
     for (int factor = kSmallestFile; factor >= kBestQuality; --factor) {
         image.save(kWork, 1, 24, factor);
-        sizes.push_back(files.sizeOf(kWork));
+        sizes.push_back(files.fileSize(kWork));
     }
     EXPECT_LT(sizes.front(), sizes.back());
     EXPECT_TRUE(std::ranges::is_sorted(sizes));

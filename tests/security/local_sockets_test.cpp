@@ -57,7 +57,7 @@ TEST(RunningSockets, AnotherUserNeitherBringsAWindowToTheFrontNorKeepsOneFromOpe
             return std::shared_ptr<void>();
         },
         "local-sockets-test-" + std::to_string(::getpid()), [&] { ++calls; });
-    ASSERT_TRUE(names.take("000004601"));
+    ASSERT_TRUE(names.claim("000004601"));
     sockaddr_un address{};
     socklen_t size = sizeof address;
     auto* const place = reinterpret_cast<sockaddr*>(&address);
@@ -71,7 +71,7 @@ TEST(RunningSockets, AnotherUserNeitherBringsAWindowToTheFrontNorKeepsOneFromOpe
     ASSERT_EQ(::setresuid(-1, kAnotherUser, 0), 0);
     const bool isHeld = ::bind(holder.number(), place, size) == 0 && ::listen(holder.number(), 1) == 0;
     ASSERT_EQ(::setresuid(-1, 0, 0), 0);
-    EXPECT_TRUE(isHeld && names.take("000004601"));
+    EXPECT_TRUE(isHeld && names.claim("000004601"));
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/machine/program_starter.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/company_send_service.h"
 
@@ -25,7 +25,7 @@ public:
 };
 
 /// Starts nothing; the test acts as the program. If `failure` is set, a start fails with it.
-class ScriptedSibling : public SiblingDesk {
+class ScriptedSibling : public SiblingPrograms {
 public:
     std::vector<std::string> commandLines;
     std::optional<Failure> failure;

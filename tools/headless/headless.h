@@ -6,7 +6,7 @@
 #include "app/office_adapters.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/program_starter.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 #include "platform/machine/window_system.h"
 #include "platform/suite/message_service.h"
 
@@ -30,7 +30,7 @@ public:
 };
 
 /// Starts neither the menu nor a search program.
-class NoPrograms : public orv::ProgramStarter, public orv::SiblingDesk {
+class NoPrograms : public orv::ProgramStarter, public orv::SiblingPrograms {
 public:
     void start(const std::string&) override {}
     void start(const std::string&, orv::SiblingCalls) override {}

@@ -29,7 +29,7 @@ Descriptor stepInto(int folder, const std::string& name) {
     return next;
 }
 
-Descriptor folderOf(const NativePath& path) {
+Descriptor parentFolder(const NativePath& path) {
     Descriptor folder(::open(path.base.empty() ? "/" : path.base.c_str(), kFolderOnly));
     if (!folder) {
         raiseErrno(errno == ENOENT ? ENOTDIR : errno);
@@ -45,7 +45,7 @@ Descriptor folderOf(const NativePath& path) {
 }  // namespace
 
 FilePlace::FilePlace(const NativePath& path)
-    : FilePlace(std::make_shared<const Descriptor>(folderOf(path)), path.below.substr(path.below.rfind('/') + 1)) {}
+    : FilePlace(std::make_shared<const Descriptor>(parentFolder(path)), path.below.substr(path.below.rfind('/') + 1)) {}
 
 FilePlace::FilePlace(std::shared_ptr<const Descriptor> folder, std::string name)
     : folder_(std::move(folder)), name_(std::move(name)) {}

@@ -70,7 +70,7 @@ std::string followNative(const std::string& path) {
     if (built == std::string::npos || isThere(path)) {
         return path;
     }
-    return follow(path.substr(0, built), namesOf(std::string_view(path).substr(built)));
+    return follow(path.substr(0, built), splitPath(std::string_view(path).substr(built)));
 }
 
 std::string withoutTrailingSlash(const std::string& folder) {
@@ -126,7 +126,7 @@ std::string InstallPaths::withPlace(const std::string& path) const {
 
 std::string InstallPaths::onDrive(char letter, std::string_view path) const {
     const char drive = foldAscii(letter);
-    Names names = namesOf(path);
+    Names names = splitPath(path);
     names.insert(names.begin(), std::string_view(&drive, 1));
     return follow(root_, names);
 }
@@ -152,7 +152,7 @@ std::string runningProgramFolder() {
     return program.parent_path().string();
 }
 
-std::string installRootOf(const std::string& nativeProgramFolder) {
+std::string findInstallRoot(const std::string& nativeProgramFolder) {
     const std::filesystem::path programFolder = withoutTrailingSlash(nativeProgramFolder);
     for (auto folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
         const std::string name = folder.filename().string();

@@ -50,6 +50,6 @@ std::string runningProgramFolder();
 /// The root of the install that a program's folder belongs to. The nearest folder upwards with one capital letter as
 /// its name is the drive, and the root is what holds it; where there is none, the root is what holds the program's
 /// folder.
-std::string installRootOf(const std::string& nativeProgramFolder);
+std::string findInstallRoot(const std::string& nativeProgramFolder);
 
 }  // namespace orv

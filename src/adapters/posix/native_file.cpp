@@ -38,12 +38,14 @@ constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
 
 constexpr mode_t kOwnerOnly = 0600;
 constexpr mode_t kReadAndWrite = 0666;
-constexpr std::string_view kBesideBegin = ".orv-";
-constexpr std::string_view kBesideEnd = ".tmp";
+constexpr std::string_view kReplacementBegin = ".orv-";
+constexpr std::string_view kReplacementEnd = ".tmp";
 constexpr std::string_view kLinkText =
     "ファイルまたはそのフォルダーがリンクになっているため、開けません。リンクではなく実物を置いてください。";
 
-std::string folderOf(const std::string& nativePath) { return std::filesystem::path(nativePath).parent_path().string(); }
+std::string parentFolder(const std::string& nativePath) {
+    return std::filesystem::path(nativePath).parent_path().string();
+}
 
 Descriptor openFollowing(const std::string& path, int flags) {
     // Without waiting: opening a pipe that nobody writes to must not hang the program.
@@ -56,12 +58,12 @@ Descriptor openFollowing(const std::string& path, int flags) {
 }
 
 /// The name is short and its own, so that a target with the longest of names can have a file beside it.
-FilePlace freePlaceBeside(const FilePlace& target) {
+FilePlace freeReplacementPlace(const FilePlace& target) {
     static std::atomic<unsigned> count{0};
     struct stat facts {};
     for (;;) {
-        const FilePlace place = target.sibling(std::string(kBesideBegin) + std::to_string(::getpid()) + "-" +
-                                               std::to_string(++count) + std::string(kBesideEnd));
+        const FilePlace place = target.sibling(std::string(kReplacementBegin) + std::to_string(::getpid()) + "-" +
+                                               std::to_string(++count) + std::string(kReplacementEnd));
         if (!place.look(facts)) {
             return place;
         }
@@ -78,7 +80,7 @@ void removeUnlessHeld(const FilePlace& place) {
 
 void removeLeftovers(const FilePlace& target) {
     forEachName(target.folder(), [&](const std::string& name) {
-        if (name.starts_with(kBesideBegin) && name.ends_with(kBesideEnd)) {
+        if (name.starts_with(kReplacementBegin) && name.ends_with(kReplacementEnd)) {
             removeUnlessHeld(target.sibling(name));
         }
     });
@@ -86,11 +88,11 @@ void removeLeftovers(const FilePlace& target) {
 
 /// A new file that is held from now on. Between its making and its locking another run may have taken it for a
 /// leftover; then the next one is made.
-std::unique_ptr<NativeFile> makeBeside(const FilePlace& target, FilePlace& place) {
+std::unique_ptr<NativeFile> makeReplacement(const FilePlace& target, FilePlace& place) {
     removeLeftovers(target);
     Descriptor file;
     do {
-        place = freePlaceBeside(target);
+        place = freeReplacementPlace(target);
         file = place.open(O_WRONLY | O_CREAT | O_EXCL, kOwnerOnly);
     } while (!waitForLock(file));
     return std::make_unique<NativeFile>(std::move(file));
@@ -107,7 +109,7 @@ bool swapNames(const FilePlace& place, const FilePlace& target) {
 }  // namespace
 
 void raiseErrno(int error, const std::string& nativePath) {
-    raiseErrno(error == ENOENT && ::access(folderOf(nativePath).c_str(), F_OK) != 0 ? ENOTDIR : error);
+    raiseErrno(error == ENOENT && ::access(parentFolder(nativePath).c_str(), F_OK) != 0 ? ENOTDIR : error);
 }
 
 void raiseErrno(int error) {
@@ -178,7 +180,7 @@ bool NativeFile::endsInALine() const {
     return facts_.st_size > 0 && ::pread(descriptor_.number(), &last, 1, facts_.st_size - 1) == 1 && last != '\n';
 }
 
-void NativeFile::takeRightsOf(int folder) const {
+void NativeFile::copyRightsFrom(int folder) const {
     static_cast<void>(::fchmod(descriptor_.number(), sharedRights(folder)));
 }
 
@@ -213,21 +215,21 @@ void forEachName(int folder, const std::function<void(const std::string& name)>&
     }
 }
 
-FileBeside::FileBeside(FilePlace target)
-    : target_(std::move(target)), place_(target_), file_(makeBeside(target_, place_)) {}
+ReplacementFile::ReplacementFile(FilePlace target)
+    : target_(std::move(target)), place_(target_), file_(makeReplacement(target_, place_)) {}
 
-FileBeside::~FileBeside() {
+ReplacementFile::~ReplacementFile() {
     if (!placed_) {
         static_cast<void>(place_.unlink());
     }
 }
 
-void FileBeside::place() {
+void ReplacementFile::place() {
     file_->sync();
     rename();
 }
 
-void FileBeside::placeUnsynced() {
+void ReplacementFile::placeUnsynced() {
     if (!swapNames(place_, target_)) {
         rename();
         return;
@@ -236,7 +238,7 @@ void FileBeside::placeUnsynced() {
     placed_ = true;
 }
 
-void FileBeside::rename() {
+void ReplacementFile::rename() {
     if (::renameat(place_.folder(), place_.name(), target_.folder(), target_.name()) != 0) {
         raiseErrno(errno);
     }

@@ -32,7 +32,7 @@ public:
     /// One write at the end. A write that stopped half-way is taken back and is a failure.
     void append(std::string_view bytes) const;
     /// Gives a file that this run has made the permissions of the folder that it is in.
-    void takeRightsOf(int folder) const;
+    void copyRightsFrom(int folder) const;
     /// Whether something stands behind its last line end.
     bool endsInALine() const;
     void sync() const;
@@ -55,12 +55,12 @@ void forEachName(int folder, const std::function<void(const std::string& name)>&
 
 /// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless
 /// it was placed; those that runs which died have left in the folder are removed by the next one made there.
-class FileBeside {
+class ReplacementFile {
 public:
-    explicit FileBeside(FilePlace target);
-    FileBeside(const FileBeside&) = delete;
-    FileBeside& operator=(const FileBeside&) = delete;
-    ~FileBeside();
+    explicit ReplacementFile(FilePlace target);
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+    ~ReplacementFile();
 
     const NativeFile& file() const { return *file_; }
     /// The bytes are on the disk before the name is.

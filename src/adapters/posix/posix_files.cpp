@@ -68,7 +68,7 @@ int renameToFreeName(const FilePlace& from, const FilePlace& to) {
 }
 
 /// Who may write a log need not be able to read it.
-Descriptor standingLog(const FilePlace& place) {
+Descriptor existingLog(const FilePlace& place) {
     Descriptor log = place.tryOpen(O_RDWR | O_APPEND);
     return log || errno != EACCES ? std::move(log) : place.tryOpen(O_WRONLY | O_APPEND);
 }
@@ -84,15 +84,15 @@ NativeFile withOneName(Descriptor opened) {
 /// Several users write one log. Only the one that creates it sets its permissions.
 NativeFile openLog(const FilePlace& place) {
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
-        if (Descriptor standing = standingLog(place)) {
-            return withOneName(std::move(standing));
+        if (Descriptor existing = existingLog(place)) {
+            return withOneName(std::move(existing));
         }
         if (errno != ENOENT) {
             raiseErrno(errno);
         }
         if (Descriptor made = place.tryOpen(O_RDWR | O_APPEND | O_CREAT | O_EXCL, sharedRights(place.folder()))) {
             NativeFile log(std::move(made));
-            log.takeRightsOf(place.folder());
+            log.copyRightsFrom(place.folder());
             return log;
         }
         if (errno != EEXIST) {
@@ -121,13 +121,13 @@ void PosixFiles::workIn(const std::string& folder) {
     }
 }
 
-WorkFolder* PosixFiles::workFolderOf(const std::string& path) const {
+WorkFolder* PosixFiles::findWorkFolder(const std::string& path) const {
     const auto found = work_.find(upperAscii(path.substr(0, nameBegin(path))));
     return found == work_.end() || path.ends_with('\\') ? nullptr : &found->second;
 }
 
 FilePlace PosixFiles::place(const std::string& path) const {
-    WorkFolder* const own = workFolderOf(path);
+    WorkFolder* const own = findWorkFolder(path);
     return own != nullptr ? own->place(path.substr(nameBegin(path))) : FilePlace(paths_.split(path));
 }
 
@@ -143,7 +143,7 @@ Descriptor PosixFiles::opened(const std::string& path) const {
 }
 
 bool PosixFiles::look(const std::string& path, struct stat& facts) const {
-    if (WorkFolder* const own = workFolderOf(path)) {
+    if (WorkFolder* const own = findWorkFolder(path)) {
         errno = ENOENT;
         return *own && own->place(path.substr(nameBegin(path))).look(facts);
     }
@@ -173,7 +173,7 @@ bool PosixFiles::isOfType(const std::string& path, unsigned type) const {
     return false;
 }
 
-std::uint64_t PosixFiles::sizeOf(const std::string& path) const {
+std::uint64_t PosixFiles::fileSize(const std::string& path) const {
     struct stat facts {};
     if (!look(path, facts)) {
         raiseErrno(errno, nativePath(path));
@@ -215,21 +215,21 @@ bool PosixFiles::same(const std::string& a, const std::string& b) const {
 void PosixFiles::copy(const std::string& from, const std::string& to) {
     const NativeFile source(opened(from));
     const FilePlace target = place(to);
-    struct stat standing {};
-    if (target.look(standing)) {
-        if (sameFile(standing, source.facts())) {
+    struct stat existing {};
+    if (target.look(existing)) {
+        if (sameFile(existing, source.facts())) {
             return;
         }
-        if (!S_ISREG(standing.st_mode) && !S_ISLNK(standing.st_mode)) {
+        if (!S_ISREG(existing.st_mode) && !S_ISLNK(existing.st_mode)) {
             throw RunTimeError(Failure::PathFileAccess);
         }
         if (same(from, to)) {
             return;
         }
     }
-    FileBeside copied(target);
+    ReplacementFile copied(target);
     copyBytes(source, copied.file());
-    if (workFolderOf(to) == nullptr) {
+    if (findWorkFolder(to) == nullptr) {
         copied.place();
     } else {
         copied.placeUnsynced();
@@ -239,14 +239,14 @@ void PosixFiles::copy(const std::string& from, const std::string& to) {
 void PosixFiles::publish(const std::string& from, const std::string& to) {
     const NativeFile source(opened(from));
     const FilePlace target = place(to);
-    FileBeside copied(target);
+    ReplacementFile copied(target);
     copyBytes(source, copied.file());
-    copied.file().takeRightsOf(target.folder());
+    copied.file().copyRightsFrom(target.folder());
     copied.place();
 }
 
 void PosixFiles::write(const std::string& path, std::span<const std::uint8_t> bytes) {
-    FileBeside written(place(path));
+    ReplacementFile written(place(path));
     written.file().writeAll({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     written.placeUnsynced();
 }
@@ -288,13 +288,13 @@ std::string PosixFiles::privateFolder() {
 }
 
 std::string PosixFiles::nativePath(const std::string& path) const {
-    WorkFolder* const own = workFolderOf(path);
+    WorkFolder* const own = findWorkFolder(path);
     return own != nullptr && *own ? own->nativePath(path.substr(nameBegin(path))) : paths_.toNative(path);
 }
 
 std::string PosixFiles::systemPath(const std::string& nativePath) const {
     const std::string path = paths_.toSystem(nativePath);
-    return workFolderOf(path) != nullptr ? nativePath : path;
+    return findWorkFolder(path) != nullptr ? nativePath : path;
 }
 
 }  // namespace orv

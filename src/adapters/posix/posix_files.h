@@ -19,7 +19,7 @@ public:
 
     bool exists(const std::string& path) const override;
     bool folderExists(const std::string& path) const override;
-    std::uint64_t sizeOf(const std::string& path) const override;
+    std::uint64_t fileSize(const std::string& path) const override;
     bool canOpen(const std::string& path) const override;
     /// A target that is the file itself, or holds the same bytes already, stays as it is.
     void copy(const std::string& from, const std::string& to) override;
@@ -41,7 +41,7 @@ public:
 
 private:
     bool isOfType(const std::string& path, unsigned type) const;
-    WorkFolder* workFolderOf(const std::string& path) const;
+    WorkFolder* findWorkFolder(const std::string& path) const;
     FilePlace place(const std::string& path) const;
     Descriptor opened(const std::string& path) const;
     bool look(const std::string& path, struct stat& facts) const;

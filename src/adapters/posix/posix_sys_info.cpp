@@ -35,7 +35,7 @@ std::string distributionName() {
     return {};
 }
 
-std::string textOf(const sockaddr& address) {
+std::string formatAddress(const sockaddr& address) {
     std::array<char, INET6_ADDRSTRLEN> text{};
     const void* bytes = address.sa_family == AF_INET
                             ? static_cast<const void*>(&reinterpret_cast<const sockaddr_in&>(address).sin_addr)
@@ -109,7 +109,7 @@ std::vector<NetAddress> PosixSysInfo::measureAddresses() const {
     std::vector<NetAddress> addresses;
     for (const ifaddrs* at = list; at != nullptr; at = at->ifa_next) {
         if (at->ifa_addr != nullptr && (at->ifa_addr->sa_family == AF_INET || at->ifa_addr->sa_family == AF_INET6)) {
-            addresses.push_back({textOf(*at->ifa_addr), (at->ifa_flags & IFF_UP) != 0,
+            addresses.push_back({formatAddress(*at->ifa_addr), (at->ifa_flags & IFF_UP) != 0,
                                  (at->ifa_flags & IFF_LOOPBACK) != 0, at->ifa_addr->sa_family == AF_INET});
         }
     }

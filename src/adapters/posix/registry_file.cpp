@@ -28,7 +28,7 @@ constexpr auto kHives = std::to_array<std::pair<Registry::Handle, std::string_vi
     {-2147483647, "HKEY_CURRENT_USER"},
 });
 
-std::int32_t codeOf(const RunTimeError& error) {
+std::int32_t toRegistryCode(const RunTimeError& error) {
     switch (static_cast<Failure>(error.number())) {
         case Failure::FileNotFound:
             return kNotFound;
@@ -46,16 +46,16 @@ std::int32_t coded(Body body) {
     try {
         return body();
     } catch (const RunTimeError& error) {
-        return codeOf(error);
+        return toRegistryCode(error);
     }
 }
 
 /// A file that is not there yet is an empty registry for the one who writes.
-RegistryText textForWriting(const std::string& nativePath) {
+RegistryText readForWriting(const std::string& nativePath) {
     try {
         return RegistryText(readWholeFile(nativePath, kLargestFile));
     } catch (const RunTimeError& error) {
-        if (codeOf(error) != kNotFound) {
+        if (toRegistryCode(error) != kNotFound) {
             throw;
         }
         return RegistryText("");
@@ -63,21 +63,21 @@ RegistryText textForWriting(const std::string& nativePath) {
 }
 
 void write(const std::string& nativePath, const RegistryText& text) {
-    FileBeside file{FilePlace(chosenPath(nativePath))};
+    ReplacementFile file{FilePlace(chosenPath(nativePath))};
     file.file().writeAll(text.text());
     file.place();
 }
 
-bool standsOnALine(std::string_view text) { return text.find_first_of("\r\n") == std::string_view::npos; }
+bool isSingleLine(std::string_view text) { return text.find_first_of("\r\n") == std::string_view::npos; }
 
 bool isValueName(std::string_view name) {
-    return standsOnALine(name) && name.find('=') == std::string_view::npos && !name.starts_with(';') &&
+    return isSingleLine(name) && name.find('=') == std::string_view::npos && !name.starts_with(';') &&
            !name.starts_with('[') && name == trimBlanks(name);
 }
 
 }  // namespace
 
-std::optional<std::string> RegistryFile::nameOf(Handle key) const {
+std::optional<std::string> RegistryFile::findName(Handle key) const {
     for (const auto& [handle, name] : kHives) {
         if (handle == key) {
             return std::string(name);
@@ -88,7 +88,7 @@ std::optional<std::string> RegistryFile::nameOf(Handle key) const {
 }
 
 std::optional<std::string> RegistryFile::nameBelow(Handle hive, const std::string& subKey) const {
-    auto name = nameOf(hive);
+    auto name = findName(hive);
     const std::string_view below = upToNul(subKey);
     if (name && !below.empty()) {
         *name += "\\";
@@ -121,12 +121,12 @@ std::int32_t RegistryFile::RegOpenKeyEx(Handle hive, const std::string& subKey, 
 }
 
 std::int32_t RegistryFile::RegQueryValueEx(Handle key, const std::string& name, std::string& value, std::int32_t size) {
-    const auto keyName = nameOf(key);
+    const auto keyName = findName(key);
     if (!keyName) {
         return kNoHandle;
     }
     return coded([&] {
-        const auto found = RegistryText(readWholeFile(nativePath_, kLargestFile)).valueOf(*keyName, upToNul(name));
+        const auto found = RegistryText(readWholeFile(nativePath_, kLargestFile)).findValue(*keyName, upToNul(name));
         if (!found) {
             return kNotFound;
         }
@@ -141,17 +141,17 @@ std::int32_t RegistryFile::RegQueryValueEx(Handle key, const std::string& name, 
 
 std::int32_t RegistryFile::RegSetValueEx(Handle key, const std::string& name, std::int32_t, const std::string& value,
                                          std::int32_t) {
-    const auto keyName = nameOf(key);
+    const auto keyName = findName(key);
     if (!keyName) {
         return kNoHandle;
     }
     const auto valueName = upToNul(name);
     const auto text = upToNul(value);
-    if (!isValueName(valueName) || !standsOnALine(text)) {
+    if (!isValueName(valueName) || !isSingleLine(text)) {
         return kBadParameter;
     }
     return coded([&] {
-        auto registry = textForWriting(nativePath_);
+        auto registry = readForWriting(nativePath_);
         registry.setValue(*keyName, valueName, text);
         write(nativePath_, registry);
         return kDone;
@@ -164,11 +164,11 @@ std::int32_t RegistryFile::RegCreateKeyEx(Handle hive, const std::string& subKey
     if (!name) {
         return kNoHandle;
     }
-    if (!standsOnALine(*name)) {
+    if (!isSingleLine(*name)) {
         return kBadParameter;
     }
     return coded([&] {
-        auto registry = textForWriting(nativePath_);
+        auto registry = readForWriting(nativePath_);
         if (!registry.hasKey(*name)) {
             registry.addKey(*name);
             write(nativePath_, registry);

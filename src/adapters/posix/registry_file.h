@@ -34,7 +34,7 @@ public:
     std::int32_t RegCloseKey(Handle key) override;
 
 private:
-    std::optional<std::string> nameOf(Handle key) const;
+    std::optional<std::string> findName(Handle key) const;
     std::optional<std::string> nameBelow(Handle hive, const std::string& subKey) const;
     Handle handleFor(std::string name);
 

@@ -21,7 +21,7 @@ struct Address {
 
 /// An address is short and a name may be of any length, so the address holds its hash. A zero byte in front
 /// means that there is no file.
-Address addressOf(const std::string& place, const std::string& name) {
+Address makeAddress(const std::string& place, const std::string& name) {
     const std::string text = "orv-" + std::to_string(::geteuid()) + "-" +
                              std::to_string(std::hash<std::string>()(place)) + "-" +
                              std::to_string(std::hash<std::string>()(name));
@@ -34,21 +34,21 @@ Address addressOf(const std::string& place, const std::string& name) {
 Descriptor localSocket() { return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)); }
 
 /// Connecting is the whole message. It arrives also while the other run is busy.
-bool callTo(const Address& address) {
+bool notifyOwner(const Address& address) {
     const Descriptor peer = localSocket();
     return peer && ::connect(peer.number(), address.get(), address.length) == 0 && isOfThisUser(peer);
 }
 
 }  // namespace
 
-bool RunningSockets::take(const std::string& name) {
-    const Address address = addressOf(place_, name);
+bool RunningSockets::claim(const std::string& name) {
+    const Address address = makeAddress(place_, name);
     if (held_.contains(name)) {
         return true;
     }
     Descriptor listener = localSocket();
     if (!listener || ::bind(listener.number(), address.get(), address.length) != 0) {
-        return !callTo(address);
+        return !notifyOwner(address);
     }
     ::listen(listener.number(), kMostWaiting);
     const int number = listener.number();

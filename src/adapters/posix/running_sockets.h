@@ -20,7 +20,7 @@ public:
         : watch_(std::move(watch)), place_(std::move(place)), called_(std::move(called)) {}
 
     /// A name that another user's run holds counts as free: its window can't come to this user's front.
-    bool take(const std::string& name) override;
+    bool claim(const std::string& name) override;
     void leave(const std::string& name) override { held_.erase(name); }
 
 private:

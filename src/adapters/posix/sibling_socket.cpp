@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "adapters/posix/sibling_visit.h"
+#include "adapters/posix/sibling_session.h"
 
 namespace orv {
 
@@ -13,20 +13,20 @@ SiblingSocket::~SiblingSocket() { dismiss(); }
 
 void SiblingSocket::start(const std::string& commandLine, SiblingCalls calls) {
     dismiss();
-    const auto visit = std::make_shared<SiblingVisit>(std::move(calls));
-    visit->begin(programs_, commandLine, watch_);
-    visit_ = visit;
+    const auto session = std::make_shared<SiblingSession>(std::move(calls));
+    session->begin(programs_, commandLine, watch_);
+    session_ = session;
 }
 
 void SiblingSocket::toFront() {
-    if (visit_) {
-        visit_->say("FRONT\n");
+    if (session_) {
+        session_->send("FRONT\n");
     }
 }
 
 void SiblingSocket::dismiss() {
-    if (const auto visit = std::exchange(visit_, nullptr)) {
-        visit->end();
+    if (const auto session = std::exchange(session_, nullptr)) {
+        session->end();
     }
 }
 

@@ -5,11 +5,11 @@
 #include <string>
 
 #include "adapters/posix/posix_starter.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 
 namespace orv {
 
-class SiblingVisit;
+class SiblingSession;
 
 /// The environment variable in which a sibling program finds the path of its socket.
 inline constexpr const char* kSiblingSocketVariable = "ORV_SIBLING_SOCKET";
@@ -18,7 +18,7 @@ inline constexpr const char* kSiblingSocketVariable = "ORV_SIBLING_SOCKET";
 /// obeyed (sibling_words.h) and answered by "OK" or "NG". A line "FRONT" asks the program to bring its window to the
 /// front. The program is gone when it closes the connection, sends a
 /// line of more than 4096 bytes, or, not connected, has ended with all that it has started.
-class SiblingSocket : public SiblingDesk {
+class SiblingSocket : public SiblingPrograms {
 public:
     /// Calls `readable` from the event loop whenever the descriptor can be read, until the result is released.
     using Watch = std::function<std::shared_ptr<void>(int descriptor, std::function<void()> readable)>;
@@ -34,7 +34,7 @@ public:
 private:
     const PosixStarter& programs_;
     Watch watch_;
-    std::shared_ptr<SiblingVisit> visit_;
+    std::shared_ptr<SiblingSession> session_;
 };
 
 }  // namespace orv

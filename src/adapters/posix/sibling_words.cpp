@@ -22,7 +22,7 @@ std::optional<Number> numberIn(std::string_view word) {
 
 }  // namespace
 
-bool obey(std::string_view line, const SiblingCalls& calls) {
+bool handleLine(std::string_view line, const SiblingCalls& calls) {
     const std::string_view verb = nextWord(line);
     const auto handle = numberIn<std::uint32_t>(nextWord(line));
     if (!handle) {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 
 namespace orv {
 
@@ -10,6 +10,6 @@ namespace orv {
 ///   TEXT handle text    the text, which may be empty, is for that control
 ///   KEY handle code     that key is pressed on that control
 /// Handles and codes are decimal. False: the line is no such line, or was refused.
-[[nodiscard]] bool obey(std::string_view line, const SiblingCalls& calls);
+[[nodiscard]] bool handleLine(std::string_view line, const SiblingCalls& calls);
 
 }  // namespace orv

@@ -54,7 +54,7 @@ using SystemRuns = RunningSockets;
 
 /// Returns the registry of an install, found by the folder of the running program.
 inline SystemRegistry systemRegistry(const std::string& programFolder, const CodePage& codePage) {
-    return {installRootOf(programFolder) + "/registry.txt", codePage};
+    return {findInstallRoot(programFolder) + "/registry.txt", codePage};
 }
 
 }  // namespace orv

@@ -133,7 +133,7 @@ std::string runningProgramFolder() {
     return parentOf(fromWide(path));
 }
 
-std::string installRootOf(const std::string&) { return {}; }
+std::string findInstallRoot(const std::string&) { return {}; }
 
 std::wstring longPath(const std::string& nativePath) {
     const std::string native = hasDrive(nativePath) || namesServer(nativePath) ? normal(nativePath) : nativePath;

@@ -40,7 +40,7 @@ private:
 std::string runningProgramFolder();
 
 /// Returns "": on this system, drives are drives.
-std::string installRootOf(const std::string& nativeProgramFolder);
+std::string findInstallRoot(const std::string& nativeProgramFolder);
 
 /// Returns the path for the system's own calls. They accept it in any length and do not reinterpret its names.
 std::wstring longPath(const std::string& nativePath);

@@ -12,7 +12,7 @@ std::wstring eventName(const std::string& place, const std::string& name) {
 }  // namespace
 
 /// If the name cannot be reserved at all, the run continues without it.
-bool RunningEvents::take(const std::string& name) {
+bool RunningEvents::claim(const std::string& name) {
     if (held_.contains(name)) {
         return true;
     }

@@ -21,7 +21,7 @@ public:
     RunningEvents(HandleWatch watch, std::string place, std::function<void()> called)
         : watch_(std::move(watch)), place_(std::move(place)), called_(std::move(called)) {}
 
-    bool take(const std::string& name) override;
+    bool claim(const std::string& name) override;
     void leave(const std::string& name) override { held_.erase(name); }
 
 private:

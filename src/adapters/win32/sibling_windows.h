@@ -5,7 +5,7 @@
 #include "adapters/win32/control_windows.h"
 #include "adapters/win32/running_events.h"
 #include "adapters/win32/win32_starter.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 
 namespace orv {
 
@@ -15,7 +15,7 @@ inline constexpr const wchar_t* kSiblingDismissed = L"OrvSiblingDismissed";
 
 /// Receives a sibling program's results through the windows of the controls. The program has ended when its process
 /// has.
-class SiblingWindows : public SiblingDesk {
+class SiblingWindows : public SiblingPrograms {
 public:
     /// While in scope, the handles of all controls are those of windows.
     SiblingWindows(const Win32Starter& programs, HandleWatch watch);

@@ -11,7 +11,7 @@
 #include "pages/frame/page_frame.h"
 #include "platform/controls/captions.h"
 #include "platform/forms/form_host.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 #include "platform/scope.h"
 #include "platform/services.h"
 #include "platform/suite/help_service.h"

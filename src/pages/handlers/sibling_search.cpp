@@ -9,7 +9,7 @@
 #include "platform/controls/input_rules.h"
 #include "platform/forms/busy_form.h"
 #include "platform/forms/form_host.h"
-#include "platform/machine/sibling_desk.h"
+#include "platform/machine/sibling_programs.h"
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"

@@ -24,7 +24,7 @@ public:
     virtual bool exists(const std::string& path) const = 0;
     /// The same for a folder.
     virtual bool folderExists(const std::string& path) const = 0;
-    virtual std::uint64_t sizeOf(const std::string& path) const = 0;
+    virtual std::uint64_t fileSize(const std::string& path) const = 0;
     /// True if the file can be opened for reading. Never throws.
     virtual bool canOpen(const std::string& path) const = 0;
     /// Opens the file for reading. Like every operation below except `read`, this follows no link, because other users

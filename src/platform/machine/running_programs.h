@@ -10,7 +10,7 @@ namespace orv {
 class RunningPrograms : public Interface {
 public:
     /// False if another run holds the name; its window then comes to the front. A run that has ended holds no names.
-    [[nodiscard]] virtual bool take(const std::string& name) = 0;
+    [[nodiscard]] virtual bool claim(const std::string& name) = 0;
     virtual void leave(const std::string& name) = 0;
 };
 

@@ -27,20 +27,20 @@ TEST(RunningPrograms, AHeldNameCallsItsHolderAndIsFreeWhenTheHolderHasGone) {
     auto first = std::make_unique<OneRun>(place);
     OneRun second(place);
     OneRun elsewhere(place + "x");
-    EXPECT_TRUE(first->names.take("DESK-01/000004601"));
-    EXPECT_TRUE(first->names.take("DESK-01/000004601")) << "its own";
-    EXPECT_FALSE(second.names.take("DESK-01/000004601"));
+    EXPECT_TRUE(first->names.claim("DESK-01/000004601"));
+    EXPECT_TRUE(first->names.claim("DESK-01/000004601")) << "its own";
+    EXPECT_FALSE(second.names.claim("DESK-01/000004601"));
     first->arrivals.front()();
     EXPECT_EQ(first->calls, 1);
-    EXPECT_TRUE(elsewhere.names.take("DESK-01/000004601"));
-    EXPECT_TRUE(second.names.take(std::string(1000, 'x')));
+    EXPECT_TRUE(elsewhere.names.claim("DESK-01/000004601"));
+    EXPECT_TRUE(second.names.claim(std::string(1000, 'x')));
 
     first->names.leave("DESK-01/000004601");
-    EXPECT_TRUE(second.names.take("DESK-01/000004601"));
+    EXPECT_TRUE(second.names.claim("DESK-01/000004601"));
     second.names.leave("DESK-01/000004601");
-    EXPECT_TRUE(first->names.take("DESK-01/000004601"));
+    EXPECT_TRUE(first->names.claim("DESK-01/000004601"));
     first.reset();
-    EXPECT_TRUE(second.names.take("DESK-01/000004601")) << "a run that has ended holds nothing";
+    EXPECT_TRUE(second.names.claim("DESK-01/000004601")) << "a run that has ended holds nothing";
 }
 
 }  // namespace

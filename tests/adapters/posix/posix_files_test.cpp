@@ -52,7 +52,7 @@ TEST_F(PosixFilesTest, FailedCopyLeavesEverythingAsItWas) {
 }
 
 TEST_F(PosixFilesTest, AFileThatALivingRunWritesIsNotALeftover) {
-    const FileBeside living{FilePlace(chosenPath(office.root() + "/C/D/other.txt"))};
+    const ReplacementFile living{FilePlace(chosenPath(office.root() + "/C/D/other.txt"))};
     living.file().writeAll("being written");
     files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
     EXPECT_EQ(office.countIn("C/D"), 4);

@@ -91,7 +91,7 @@ protected:
     }
     ~SiblingSocketTest() override {
         office.write("end", "");
-        desk.dismiss();
+        socket.dismiss();
         EXPECT_EQ(leftovers(), 0);
         ::unsetenv("XDG_RUNTIME_DIR");
         ::unsetenv(kSiblingSocketVariable);
@@ -104,7 +104,7 @@ protected:
                                    "\nprintf %s \"$ORV_SIBLING_SOCKET\" > new\nmv new path\n"
                                    "while [ -e ../${PWD##*/} ] && [ ! -e end ]; do sleep 0.01; done\n";
         ::chmod(office.write("C/ORV/BIN/KELT_ADD.EXE", script).c_str(), 0755);
-        desk.start("KELT_ADD.EXE 1,2", calls());
+        socket.start("KELT_ADD.EXE 1,2", calls());
         EXPECT_TRUE(loop.until([&] { return office.has("path"); }));
         return office.bytesOf("path");
     }
@@ -117,7 +117,7 @@ protected:
                 .pressKey =
                     [this](std::uint32_t handle, int key) {
                         happened += "K" + std::to_string(handle) + "," + std::to_string(key);
-                        desk.dismiss();
+                        socket.dismiss();
                         return true;
                     },
                 .gone = [this] { happened += "gone"; }};
@@ -135,7 +135,7 @@ protected:
     TempOffice runtime;
     PosixStarter programs{office.paths()};
     PolledWatches loop;
-    SiblingSocket desk{programs, loop.watch()};
+    SiblingSocket socket{programs, loop.watch()};
     std::string happened;
 };
 

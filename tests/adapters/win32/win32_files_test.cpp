@@ -82,7 +82,7 @@ TEST_F(Win32FilesTest, APhotoOrLogWithASecondNameIsRefused) {
 }
 
 TEST_F(Win32FilesTest, OnRealDrivesAFileThatTheOperatorChoosesIsNotAWorkingFile) {
-    const DrivePaths drives(installRootOf(""), office.root() + "/C/ORV/BIN");
+    const DrivePaths drives(findInstallRoot(""), office.root() + "/C/ORV/BIN");
     Win32Files real{drives};
     const std::string folder = drives.toNative(office.root() + "/C/D/");
     EXPECT_EQ(real.programFolder(), drives.toNative(office.root() + "/C/ORV/BIN"));

@@ -41,7 +41,7 @@ TEST_F(Switch, MovesLockRecordAndPage) {
 }
 
 struct SecondRun : RunningPrograms {
-    bool take(const std::string& name) override { return !name.ends_with(kOther); }
+    bool claim(const std::string& name) override { return !name.ends_with(kOther); }
     void leave(const std::string&) override {}
 };
 

@@ -1,4 +1,4 @@
-#include "adapters/posix/sibling_visit.h"
+#include "adapters/posix/sibling_session.h"
 
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -27,99 +27,99 @@ Pipe makePipe() {
     return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
-bool mayComeAgain(ssize_t count) { return count < 0 && (errno == EAGAIN || errno == EINTR); }
+bool isTemporary(ssize_t count) { return count < 0 && (errno == EAGAIN || errno == EINTR); }
 
 }  // namespace
 
 /// The program holds the write end of a pipe to which nobody writes: the other end can be read when the last holder has
 /// ended.
-void SiblingVisit::begin(const PosixStarter& programs, const std::string& commandLine,
-                         const SiblingSocket::Watch& watch) {
+void SiblingSession::begin(const PosixStarter& programs, const std::string& commandLine,
+                           const SiblingSocket::Watch& watch) {
     watch_ = watch;
     socket_ = std::make_unique<PrivateSocket>();
     Pipe life = makePipe();
     programs.startWith(commandLine, {.environment = {kSiblingSocketVariable + ("=" + socket_->path())},
                                      .lifeLine = life.writeEnd.number()});
-    life_.descriptor = std::move(life.readEnd);
-    life_.watch = watched(life_.descriptor, &SiblingVisit::lifeEnded);
-    knocks_ = watched(socket_->listener(), &SiblingVisit::knocked);
+    lifeLine_.descriptor = std::move(life.readEnd);
+    lifeLine_.watch = watched(lifeLine_.descriptor, &SiblingSession::endLife);
+    listening_ = watched(socket_->listener(), &SiblingSession::acceptConnection);
 }
 
-void SiblingVisit::end() {
+void SiblingSession::end() {
     over_ = true;
     connection_.close();
-    life_.close();
-    knocks_.reset();
+    lifeLine_.close();
+    listening_.reset();
     socket_.reset();
 }
 
 /// A call that has begun keeps the visit until it returns.
-std::shared_ptr<void> SiblingVisit::watched(const Descriptor& descriptor, void (SiblingVisit::*act)()) {
+std::shared_ptr<void> SiblingSession::watched(const Descriptor& descriptor, void (SiblingSession::*act)()) {
     return watch_(descriptor.number(), [weak = weak_from_this(), act] {
-        const auto visit = weak.lock();
-        if (visit && !visit->over_) {
-            (*visit.*act)();
+        const auto session = weak.lock();
+        if (session && !session->over_) {
+            (*session.*act)();
         }
     });
 }
 
 /// Whoever knocks beside the one who has come in is shown out.
-void SiblingVisit::knocked() {
-    Descriptor visitor = socket_->accept();
-    if (visitor && !connection_.descriptor) {
-        connection_.descriptor = std::move(visitor);
-        connection_.watch = watched(connection_.descriptor, &SiblingVisit::spoke);
+void SiblingSession::acceptConnection() {
+    Descriptor peer = socket_->accept();
+    if (peer && !connection_.descriptor) {
+        connection_.descriptor = std::move(peer);
+        connection_.watch = watched(connection_.descriptor, &SiblingSession::receive);
     }
 }
 
 /// What a program that has ended had still to say waits at the socket.
-void SiblingVisit::lifeEnded() {
-    life_.close();
+void SiblingSession::endLife() {
+    lifeLine_.close();
     if (!connection_.descriptor) {
-        knocked();
+        acceptConnection();
     }
     if (!connection_.descriptor) {
         leave();
     }
 }
 
-void SiblingVisit::spoke() {
+void SiblingSession::receive() {
     std::array<char, kLongestLine> bytes{};
     const ssize_t count = ::read(connection_.descriptor.number(), bytes.data(), bytes.size());
-    if (mayComeAgain(count)) {
+    if (isTemporary(count)) {
         return;
     }
     if (count <= 0) {
         leave();
         return;
     }
-    heard_.append(bytes.data(), static_cast<std::size_t>(count));
-    obeyLines();
+    received_.append(bytes.data(), static_cast<std::size_t>(count));
+    handleLines();
 }
 
-void SiblingVisit::obeyLines() {
+void SiblingSession::handleLines() {
     while (!over_) {
-        const std::size_t end = heard_.find('\n');
-        if (std::min(end, heard_.size()) > kLongestLine) {
+        const std::size_t end = received_.find('\n');
+        if (std::min(end, received_.size()) > kLongestLine) {
             leave();
         } else if (end == std::string::npos) {
             return;
         } else {
-            const std::string line = heard_.substr(0, end);
-            heard_.erase(0, end + 1);
-            say(obey(line, calls_) ? "OK\n" : "NG\n");
+            const std::string line = received_.substr(0, end);
+            received_.erase(0, end + 1);
+            send(handleLine(line, calls_) ? "OK\n" : "NG\n");
         }
     }
 }
 
 /// A program that has stopped reading must not stop this one.
-void SiblingVisit::say(std::string_view line) const {
+void SiblingSession::send(std::string_view line) const {
     if (!over_ && connection_.descriptor) {
         ::send(connection_.descriptor.number(), line.data(), line.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     }
 }
 
-void SiblingVisit::leave() {
+void SiblingSession::leave() {
     end();
     calls_.gone();
 }

@@ -11,13 +11,13 @@ namespace orv {
 
 /// One sibling program, from its start until it is gone or dismissed. While one of its calls runs it may be dismissed,
 /// and events may be raised again inside.
-class SiblingVisit : public std::enable_shared_from_this<SiblingVisit> {
+class SiblingSession : public std::enable_shared_from_this<SiblingSession> {
 public:
-    explicit SiblingVisit(SiblingCalls calls) : calls_(std::move(calls)) {}
+    explicit SiblingSession(SiblingCalls calls) : calls_(std::move(calls)) {}
 
     void begin(const PosixStarter& programs, const std::string& commandLine, const SiblingSocket::Watch& watch);
     /// Nothing while the program is not connected.
-    void say(std::string_view line) const;
+    void send(std::string_view line) const;
     /// Closes everything; nothing is called any more.
     void end();
 
@@ -32,20 +32,20 @@ private:
         }
     };
 
-    std::shared_ptr<void> watched(const Descriptor& descriptor, void (SiblingVisit::*act)());
-    void knocked();
-    void lifeEnded();
-    void spoke();
-    void obeyLines();
+    std::shared_ptr<void> watched(const Descriptor& descriptor, void (SiblingSession::*act)());
+    void acceptConnection();
+    void endLife();
+    void receive();
+    void handleLines();
     void leave();
 
     SiblingCalls calls_;
     SiblingSocket::Watch watch_;
     std::unique_ptr<PrivateSocket> socket_;
-    std::shared_ptr<void> knocks_;
-    Watched life_;
+    std::shared_ptr<void> listening_;
+    Watched lifeLine_;
     Watched connection_;
-    std::string heard_;
+    std::string received_;
     bool over_ = false;
 };
 

@@ -19,7 +19,7 @@ struct SiblingCalls {
 };
 
 /// Starts programs of the suite that work for a page and send their results to its controls.
-class SiblingDesk : public Interface {
+class SiblingPrograms : public Interface {
 public:
     /// Runs a command line with a normal window and does not wait. Accepts messages from this program only, until it
     /// ends or is dismissed. Failure 53 if it cannot be started; no call follows then.
