@@ -22,7 +22,7 @@ std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess 
     return officeStore()(path, access);
 }
 
-bool isEmbedded(const std::string& path) { return storeKindOf(path) == StoreKind::Embedded; }
+bool isEmbedded(const std::string& path) { return detectStoreKind(path) == StoreKind::Embedded; }
 
 bool stands(const std::string& path) {
     std::error_code error;

@@ -8,7 +8,7 @@ namespace orv {
 
 StoreOpener officeStore() {
     return [embedded = sqliteStore(), server = postgresStore()](const std::string& nativePath, StoreAccess access) {
-        const bool isServer = storeKindOf(nativePath) == StoreKind::Server;
+        const bool isServer = detectStoreKind(nativePath) == StoreKind::Server;
         return (isServer ? server : embedded)(nativePath, access);
     };
 }

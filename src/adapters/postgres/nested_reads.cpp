@@ -24,7 +24,7 @@ bool isWordCharacter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool isOneOf(std::span<const std::string_view> words, std::string_view word) {
+bool contains(std::span<const std::string_view> words, std::string_view word) {
     return std::ranges::any_of(words, [&](std::string_view each) { return equalWithoutCase(each, word); });
 }
 
@@ -36,11 +36,11 @@ public:
     void run() {
         while (skipBlanks()) {
             if (isWordCharacter(rest_.front())) {
-                takeWord();
+                readWord();
             } else if (rest_.front() == '\'') {
-                takeLiteral();
+                readLiteral();
             } else {
-                takeSign();
+                readSign();
             }
         }
     }
@@ -51,26 +51,26 @@ private:
         return !rest_.empty();
     }
 
-    void takeWord() {
+    void readWord() {
         const auto end = std::ranges::find_if_not(rest_, isWordCharacter);
         const std::string_view word = rest_.substr(0, static_cast<std::size_t>(end - rest_.begin()));
         rest_.remove_prefix(word.size());
         const bool isPlainFrom = equalWithoutCase(word, "from") && equalWithoutCase(before_, "delete");
-        require(isPlainFrom || !isOneOf(kReadingWords, word));
+        require(isPlainFrom || !contains(kReadingWords, word));
         require(!rest_.starts_with('\''));  // E'...': what ends such a literal is another matter
         const bool opensBracket = skipBlanks() && rest_.front() == '(';
-        require(!opensBracket || equalWithoutCase(before_, "into") || isOneOf(kBracketWords, word));
+        require(!opensBracket || equalWithoutCase(before_, "into") || contains(kBracketWords, word));
         before_ = word;
     }
 
     /// A doubled apostrophe reads here as two literals side by side, which comes to the same.
-    void takeLiteral() {
+    void readLiteral() {
         const std::size_t end = rest_.find('\'', 1);
         rest_.remove_prefix(std::min(end, rest_.size() - 1) + 1);
     }
 
     /// Comments, quoted names and dollar quotes hide what follows; `$1` is a parameter.
-    void takeSign() {
+    void readSign() {
         const bool isParameter = rest_.front() == '$' && rest_.size() > 1 && isDigit(rest_[1]);
         require(isParameter || (rest_.front() != '$' && rest_.front() != '"'));
         require(!rest_.starts_with("--") && !rest_.starts_with("/*"));

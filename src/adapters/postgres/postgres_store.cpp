@@ -105,13 +105,13 @@ void requireStatement(std::string_view sql, std::span<const std::string_view> wo
 }
 
 template <typename Number>
-Value numberOf(std::string_view text) {
+Value parseNumber(std::string_view text) {
     Number number{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && end == text.data() + text.size() ? Value(number) : Value(std::string(text));
 }
 
-Value valueOf(const PGresult* result, int row, int column) {
+Value readValue(const PGresult* result, int row, int column) {
     if (pq().getisnull(result, row, column) != 0) {
         return {};
     }
@@ -122,16 +122,16 @@ Value valueOf(const PGresult* result, int row, int column) {
         return text == "t";
     }
     if (std::ranges::find(kWholeNumbers, type) != kWholeNumbers.end()) {
-        return numberOf<std::int64_t>(text);
+        return parseNumber<std::int64_t>(text);
     }
     if (std::ranges::find(kBrokenNumbers, type) != kBrokenNumbers.end()) {
-        return numberOf<double>(text);
+        return parseNumber<double>(text);
     }
     return std::string(text);
 }
 
 /// A null takes four bytes of the answer and many times that in memory.
-RecordsetPtr rowsOf(const PGresult* result, std::size_t most) {
+RecordsetPtr readRows(const PGresult* result, std::size_t most) {
     const auto values = static_cast<std::size_t>(pq().ntuples(result)) * static_cast<std::size_t>(pq().nfields(result));
     if (values > most / sizeof(Value)) {
         refuse(kAnswerTooLong);
@@ -143,7 +143,7 @@ RecordsetPtr rowsOf(const PGresult* result, std::size_t most) {
     auto rows = std::make_unique<FetchedRows>(std::move(names));
     for (int row = 0; row < pq().ntuples(result); ++row) {
         for (int column = 0; column < pq().nfields(result); ++column) {
-            rows->add(valueOf(result, row, column));
+            rows->add(readValue(result, row, column));
         }
     }
     return rows;
@@ -182,7 +182,7 @@ public:
         const ServerResult result = link_.ask(sql, parameters);
         static_cast<void>(link_.askAll(isInside ? kUndoInside : "ROLLBACK"));
         require(result, PGRES_TUPLES_OK, kNoSelect);
-        return rowsOf(result.get(), mostBytes_);
+        return readRows(result.get(), mostBytes_);
     }
 
     std::int32_t change(const std::string& sql, const Values& parameters) override {

@@ -93,9 +93,9 @@ ServerResult ServerLink::answer(bool sent) {
     }
     if (pq().status(connection_.get()) != CONNECTION_OK) {
         // A failure with the server's state in it says more than the cut that follows it.
-        const bool isTold = kept != nullptr && pq().resultErrorField(kept.get(), PG_DIAG_SQLSTATE) != nullptr;
+        const bool isReported = kept != nullptr && pq().resultErrorField(kept.get(), PG_DIAG_SQLSTATE) != nullptr;
         cut(kCut);
-        return isTold ? std::move(kept) : nullptr;
+        return isReported ? std::move(kept) : nullptr;
     }
     return kept;
 }
@@ -104,7 +104,7 @@ bool ServerLink::flushed(Clock::time_point deadline) {
     PGconn* connection = connection_.get();
     int left = pq().flush(connection);
     while (left == 1) {
-        if (!waitForWire(connection, POLLIN | POLLOUT, deadline)) {
+        if (!waitForSocket(connection, POLLIN | POLLOUT, deadline)) {
             cut(kSilent);
             return false;
         }
@@ -116,9 +116,9 @@ bool ServerLink::flushed(Clock::time_point deadline) {
 /// The next result of the answer; null behind the last one, and where the wire was cut.
 ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && pq().isBusy(connection_.get()) != 0) {
-        if (!waitForWire(connection_.get(), POLLIN, deadline)) {
+        if (!waitForSocket(connection_.get(), POLLIN, deadline)) {
             cut(kSilent);
-        } else if (!takeInput()) {
+        } else if (!receiveInput()) {
             break;
         }
     }
@@ -126,7 +126,7 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
 }
 
 /// False where the wire is gone.
-bool ServerLink::takeInput() {
+bool ServerLink::receiveInput() {
     bool isOpen = false;
     received_.count(connection_.get(), [&] { isOpen = pq().consumeInput(connection_.get()) != 0; });
     if (received_.areTooMany()) {

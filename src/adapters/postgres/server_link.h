@@ -49,7 +49,7 @@ private:
     ServerResult answer(bool sent);
     bool flushed(Clock::time_point deadline);
     ServerResult nextResult(Clock::time_point deadline);
-    bool takeInput();
+    bool receiveInput();
     void cut(const StoreRefusal& why);
 
     ServerConnection connection_;

@@ -70,7 +70,7 @@ bool letIn(PGconn* connection, Clock::time_point deadline) {
     ReceivedBytes received(kMostWhenOpening);
     PostgresPollingStatusType next = PGRES_POLLING_WRITING;
     while (pq().status(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
-        if (!waitForWire(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
+        if (!waitForSocket(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
             return false;
         }
         received.count(connection, [&] { next = pq().connectPoll(connection); });
@@ -81,7 +81,7 @@ bool letIn(PGconn* connection, Clock::time_point deadline) {
     return true;
 }
 
-StoreFailure failureOf(const StoreRefusal& refusal) {
+StoreFailure toFailure(const StoreRefusal& refusal) {
     return {refusal.number, std::string(refusal.code), std::string(refusal.text)};
 }
 
@@ -95,7 +95,7 @@ public:
 
     ServerConnection run() {
         settings_ = settled(settings_);
-        const long seconds = std::strtol(valueOf(settings_, "connect_timeout").c_str(), nullptr, 10);
+        const long seconds = std::strtol(findSetting(settings_, "connect_timeout").c_str(), nullptr, 10);
         patience_ = seconds > 0 ? std::chrono::seconds(seconds) : patience_;
         const std::vector<ServerSettings> hosts = eachHost();
         for (std::size_t host = 0; host < hosts.size(); ++host) {
@@ -111,7 +111,7 @@ public:
                 throw failure;
             }
         }
-        throw failureOf(kNotInTime);
+        throw toFailure(kNotInTime);
     }
 
     /// When the host that is being tried has had its time.
@@ -121,20 +121,20 @@ private:
     void allow() { deadline_.store(Clock::now() + patience_); }
 
     static StoreFailure whyNot(PGconn* connection, bool isInTime) {
-        return !isInTime                                       ? failureOf(kNotInTime)
-               : pq().connectionNeedsPassword(connection) != 0 ? failureOf(kNeedsPassword)
+        return !isInTime                                       ? toFailure(kNotInTime)
+               : pq().connectionNeedsPassword(connection) != 0 ? toFailure(kNeedsPassword)
                                                                : openingFailure(pq().errorMessage(connection));
     }
 
     /// The settings for each host alone. A standby that is only preferred is looked for on all of them first.
     std::vector<ServerSettings> eachHost() const {
-        const auto names = listed(valueOf(settings_, "host"));
-        const auto addresses = listed(valueOf(settings_, "hostaddr"));
+        const auto names = listed(findSetting(settings_, "host"));
+        const auto addresses = listed(findSetting(settings_, "hostaddr"));
         std::vector<ServerSettings> hosts;
         for (std::size_t place = 0; place < std::max(names.size(), addresses.size()); ++place) {
             hosts.push_back(hostAt(place));
         }
-        if (valueOf(settings_, "target_session_attrs") == "prefer-standby") {
+        if (findSetting(settings_, "target_session_attrs") == "prefer-standby") {
             std::vector<ServerSettings> anyOf = hosts;
             std::ranges::for_each(hosts, [](ServerSettings& host) { host["target_session_attrs"] = "standby"; });
             std::ranges::for_each(anyOf, [](ServerSettings& host) { host["target_session_attrs"] = "any"; });
@@ -146,7 +146,7 @@ private:
     ServerSettings hostAt(std::size_t place) const {
         ServerSettings host = settings_;
         for (const char* name : {"host", "hostaddr", "port"}) {
-            const std::vector<std::string> values = listed(valueOf(settings_, name));
+            const std::vector<std::string> values = listed(findSetting(settings_, name));
             host[name] = values[std::min(place, values.size() - 1)];  // one port stands for all
         }
         return host;
@@ -159,7 +159,7 @@ private:
 
 }  // namespace
 
-bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
+bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
     while (true) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         if (left.count() <= 0) {

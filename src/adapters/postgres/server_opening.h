@@ -9,7 +9,7 @@
 namespace orv {
 
 /// Waits until something happens to the wire, of the kinds that `poll` knows. False when the time is over.
-bool waitForWire(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
+bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
 
 /// Counts the bytes that the client library takes from a connection. The library keeps an answer whole, however long it
 /// becomes, and does not report how much it has taken.

@@ -114,7 +114,7 @@ ServerConnection probe(ServerSettings settings) {
     return startConnection(settings);
 }
 
-ServerSettings settingsOf(PGconn* connection) {
+ServerSettings readSettings(PGconn* connection) {
     const std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)> options(pq().conninfo(connection),
                                                                                pq().conninfoFree);
     ServerSettings all;
@@ -135,20 +135,20 @@ bool isPlainFile(std::string_view key) {
 }
 
 bool isLocal(const ServerSettings& host) {
-    const std::string name = valueOf(host, "host");
-    return valueOf(host, "hostaddr").empty() && (name.empty() || name.front() == '/' || name.front() == '@');
+    const std::string name = findSetting(host, "host");
+    return findSetting(host, "hostaddr").empty() && (name.empty() || name.front() == '/' || name.front() == '@');
 }
 
 /// A password of a service or the environment is for any server, unlike those of `.pgpass`, which name theirs. So is
 /// each password that the user lets go without a proof.
 bool isForAnyServer(const ServerSettings& settings) {
-    return !valueOf(settings, "password").empty() || valueOf(settings, "channel_binding") == "disable";
+    return !findSetting(settings, "password").empty() || findSetting(settings, "channel_binding") == "disable";
 }
 
 /// `named` is a text that others may have written. It must not choose who gets such a password.
 void refuseOtherDestination(const ServerSettings& named, const ServerSettings& all) {
     for (const std::string_view name : kDestination) {
-        if (isForAnyServer(all) && !valueOf(named, name).empty()) {
+        if (isForAnyServer(all) && !findSetting(named, name).empty()) {
             refuse(kNotTheirPassword, name);
         }
     }
@@ -178,7 +178,7 @@ ServerSettings readServerText(const std::string& nativePath) {
 
 void ConnectionCloser::operator()(pg_conn* connection) const noexcept { pq().finish(connection); }
 
-std::string valueOf(const ServerSettings& settings, std::string_view name) {
+std::string findSetting(const ServerSettings& settings, std::string_view name) {
     const auto found = settings.find(name);
     return found == settings.end() ? std::string() : found->second;
 }
@@ -203,25 +203,25 @@ ServerConnection startConnection(const ServerSettings& settings) {
 
 ServerSettings settled(const ServerSettings& named) {
     const ServerConnection connection = probe(named);
-    ServerSettings all = settingsOf(connection.get());
+    ServerSettings all = readSettings(connection.get());
     if (all.erase(kProbe) == 0) {
         throw openingFailure(pq().errorMessage(connection.get()));  // such as a service that is nowhere
     }
-    if (!isPlainFile(valueOf(all, "sslkey"))) {
+    if (!isPlainFile(findSetting(all, "sslkey"))) {
         refuse(kKeyByEngine);
     }
     refuseOtherDestination(named, all);
-    if (valueOf(all, "sslmode") == kUnsaid && !named.contains("sslmode")) {
+    if (findSetting(all, "sslmode") == kUnsaid && !named.contains("sslmode")) {
         all["sslmode"] = kStrictMode;
     }
-    if (std::ranges::find(kOldProtocols, valueOf(all, "ssl_min_protocol_version")) != kOldProtocols.end()) {
+    if (std::ranges::find(kOldProtocols, findSetting(all, "ssl_min_protocol_version")) != kOldProtocols.end()) {
         all["ssl_min_protocol_version"] = "TLSv1.2";
     }
     return all;
 }
 
 ServerSettings secured(ServerSettings host) {
-    const bool isUnsaid = valueOf(host, "channel_binding") == kUnsaid;
+    const bool isUnsaid = findSetting(host, "channel_binding") == kUnsaid;
     if (isUnsaid && !isLocal(host) && *pq().pass(probe(host).get()) != '\0') {
         host["channel_binding"] = "require";
     }

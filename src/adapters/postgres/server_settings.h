@@ -24,7 +24,7 @@ struct ConnectionCloser {
 using ServerConnection = std::unique_ptr<pg_conn, ConnectionCloser>;
 
 /// Empty for a setting that is not made.
-std::string valueOf(const ServerSettings& settings, std::string_view name);
+std::string findSetting(const ServerSettings& settings, std::string_view name);
 
 /// Begins a connection with these settings and texts in UTF-8. Never null.
 ServerConnection startConnection(const ServerSettings& settings);

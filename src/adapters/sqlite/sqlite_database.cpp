@@ -124,8 +124,8 @@ bool readsOtherRows(CallState& state, int action, const char* table) {
 /// What a trigger of the store does is not of the statement.
 int authorize(void* data, int action, const char* name, const char*, const char*, const char* trigger) {
     auto& state = *static_cast<CallState*>(data);
-    const bool isBeside = state.isChange && trigger == nullptr && readsOtherRows(state, action, name);
-    return isBeside || isSetting(action, name) ? SQLITE_DENY : SQLITE_OK;
+    const bool isForeignRead = state.isChange && trigger == nullptr && readsOtherRows(state, action, name);
+    return isForeignRead || isSetting(action, name) ? SQLITE_DENY : SQLITE_OK;
 }
 
 /// A text or a blob; the engine wants to be asked for the bytes first and for their number then.

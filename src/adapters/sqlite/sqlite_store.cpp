@@ -39,7 +39,7 @@ struct Columns {
     std::vector<bool> isFlag;
 };
 
-std::size_t sizeOf(const Value& value) {
+std::size_t byteSize(const Value& value) {
     const auto* text = std::get_if<std::string>(&value.content());
     return sizeof(Value) + (text == nullptr ? 0 : text->size());
 }
@@ -52,7 +52,7 @@ RecordsetPtr fetchAll(SqliteStatement& statement, std::size_t most) {
     for (; hasRow; hasRow = statement.step()) {
         for (int column = 0; const bool isFlag : columns.isFlag) {
             Value value = statement.value(column++);
-            const std::size_t size = sizeOf(value);
+            const std::size_t size = byteSize(value);
             if (size > most) {
                 refuse(kAnswerTooLong);
             }

@@ -92,7 +92,7 @@ bool namesServer(std::string_view start) {
 
 }  // namespace
 
-StoreKind storeKindOf(const std::string& nativePath) {
+StoreKind detectStoreKind(const std::string& nativePath) {
     refuseUnlessFile(nativePath);
     const std::string start = firstBytes(nativePath);
     if (start.empty()) {
@@ -116,7 +116,7 @@ bool isJetFile(const std::string& nativePath) {
 }
 
 void requireStoreKind(const std::string& nativePath, StoreKind kind) {
-    if (storeKindOf(nativePath) != kind) {
+    if (detectStoreKind(nativePath) != kind) {
         refuse(kOtherKind);
     }
 }
