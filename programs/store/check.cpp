@@ -81,25 +81,25 @@ public:
     }
 
     StoreReport run() {
-        asked("damage", [&] {
+        runCheck("damage", [&] {
             for (const std::string& damage : store_.damages()) {
                 found("damage", damage);
             }
         });
-        asked("objects", [&] { listForeignObjects(); });
+        runCheck("objects", [&] { listForeignObjects(); });
         for (std::size_t table = 0; table < kOfficeTables.size(); ++table) {
-            asked(kOfficeTables[table], [&] { readTable(kOfficeTables[table], columns_[table]); });
+            runCheck(kOfficeTables[table], [&] { readTable(kOfficeTables[table], columns_[table]); });
         }
         for (const Question& question : questions()) {
-            asked(question.what, [&] {
+            runCheck(question.what, [&] {
                 for (const std::string& what : firstTexts(store_.select(question.sql, {}))) {
                     found(what, question.what);
                 }
             });
         }
-        asked("locks", [&] { listLocks(store_, report_); });
-        tellOpenRights(path_, !isEmbedded(path_),
-                       [&](const std::string& path, const std::string& what) { found(path, what); });
+        runCheck("locks", [&] { listLocks(store_, report_); });
+        reportOpenRights(path_, !isEmbedded(path_),
+                         [&](const std::string& path, const std::string& what) { found(path, what); });
         return std::move(report_);
     }
 
@@ -112,7 +112,7 @@ private:
 
     /// Reports a failed question as a finding and continues.
     template <typename Ask>
-    void asked(const std::string& what, Ask ask) {
+    void runCheck(const std::string& what, Ask ask) {
         try {
             ask();
         } catch (const StoreFailure& failure) {

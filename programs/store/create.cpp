@@ -15,12 +15,12 @@ void createOnServer(const std::string& path) {
 }  // namespace
 
 StoreReport createStore(const Options& options) {
-    const bool onServer = stands(options.store) && !isEmbedded(options.store);
+    const bool onServer = storeExists(options.store) && !isEmbedded(options.store);
     if (onServer) {
         createOnServer(options.store);
     } else {
-        makeWhole(options.store, "", [](const std::string& beside) {
-            makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
+        makeWhole(options.store, "", [](const std::string& newFile) {
+            makeSqliteFile(newFile, std::string(kSchemaSql).append(kMastersSql));
         });
     }
     StoreReport report;

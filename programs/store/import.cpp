@@ -9,9 +9,9 @@ namespace {
 /// The engine that wrote the file keeps a second one next to it while a program has it open.
 void requireAtRest(const std::string& path) {
     for (const char* ending : {".ldb", ".LDB"}) {
-        const std::string beside = std::filesystem::path(path).replace_extension(ending);
-        if (stands(beside)) {
-            throw KeeperFailure(beside +
+        const std::string lockFile = std::filesystem::path(path).replace_extension(ending);
+        if (storeExists(lockFile)) {
+            throw KeeperFailure(lockFile +
                                 " shows that the file is in use: close the old programs, or remove it when "
                                 "none of them runs");
         }
@@ -25,13 +25,13 @@ std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
     requireAtRest(options.store);
     progress(options, options.store + ": reading");
     const JetFile file = readJetFile(options.store, {kOfficeTables.begin(), kOfficeTables.end()});
-    return officeTablesOf(file, options, report);
+    return makeOfficeTables(file, options, report);
 }
 
 void fillNewFile(const std::vector<WholeTable>& tables, const Options& options, StoreReport& report) {
-    makeWhole(options.other, "", [&](const std::string& beside) {
-        makeSqliteFile(beside, std::string(kSchemaSql).append(kMastersSql));
-        writeTables(tables, *openStore(beside, StoreAccess::OwnFile), telling(options, report));
+    makeWhole(options.other, "", [&](const std::string& newFile) {
+        makeSqliteFile(newFile, std::string(kSchemaSql).append(kMastersSql));
+        writeTables(tables, *openStore(newFile, StoreAccess::OwnFile), makeReporter(options, report));
     });
 }
 
@@ -42,7 +42,7 @@ StoreReport importJet(const Options& options) {
     report.facts = {{"source", options.store},
                     {"found", nlohmann::ordered_json::array()},
                     {"findings", nlohmann::ordered_json::array()}};
-    const bool fillsStore = !options.other.empty() && stands(options.other);
+    const bool fillsStore = !options.other.empty() && storeExists(options.other);
     if (fillsStore) {
         requireMayFill(options.other, options);
     }
@@ -52,7 +52,7 @@ StoreReport importJet(const Options& options) {
     }
     report.facts["target"] = options.other;
     if (fillsStore) {
-        writeTables(tables, *openStore(options.other), telling(options, report));
+        writeTables(tables, *openStore(options.other), makeReporter(options, report));
     } else {
         fillNewFile(tables, options, report);
     }

@@ -162,7 +162,7 @@ public:
 
     JetFile file() {
         while (next()) {
-            take();
+            handleFrame();
         }
         if (kind_ != JetFrame::End) {
             throw KeeperFailure("damaged: reading it broke off");
@@ -184,7 +184,7 @@ private:
         return content_.size() == length && kind_ != JetFrame::End;
     }
 
-    void take() {
+    void handleFrame() {
         switch (kind_) {
             case JetFrame::Version:
                 file_.version = firstByte();
@@ -193,7 +193,7 @@ private:
                 file_.tables.push_back({.name = std::string(content_), .columns = {}, .rows = {}});
                 break;
             case JetFrame::Rows:
-                std::from_chars(content_.data(), content_.data() + content_.size(), table().told);
+                std::from_chars(content_.data(), content_.data() + content_.size(), table().statedRows);
                 break;
             case JetFrame::Column:
                 table().columns.push_back({std::string(content_.substr(1)), static_cast<JetType>(firstByte())});
@@ -202,13 +202,13 @@ private:
                 table().rows.emplace_back();
                 break;
             case JetFrame::Null:
-                takeCell(JetCell::State::Null);
+                addCell(JetCell::State::Null);
                 break;
             case JetFrame::Bytes:
-                takeCell(JetCell::State::Held);
+                addCell(JetCell::State::Held);
                 break;
             case JetFrame::Unread:
-                takeCell(JetCell::State::Unread);
+                addCell(JetCell::State::Unread);
                 ++table().broken;
                 break;
             case JetFrame::Broken:
@@ -221,7 +221,7 @@ private:
     }
 
     JetTable& table() { return file_.tables.at(file_.tables.size() - 1); }
-    void takeCell(JetCell::State state) {
+    void addCell(JetCell::State state) {
         table().rows.at(table().rows.size() - 1).push_back({state, std::string(content_)});
     }
     char firstByte() const { return std::string(content_).at(0); }

@@ -35,8 +35,8 @@ struct JetTable {
     std::string name;
     std::vector<JetColumn> columns;
     std::vector<std::vector<JetCell>> rows;
-    std::size_t told = 0;    // the table's own row count; too small after a crash
-    std::size_t broken = 0;  // values, rows and pages that cannot be read
+    std::size_t statedRows = 0;  // the table's own row count; too small after a crash
+    std::size_t broken = 0;      // values, rows and pages that cannot be read
 };
 
 struct JetFile {

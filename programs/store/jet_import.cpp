@@ -36,7 +36,7 @@ public:
     /// Returns nothing for a missing table, or one without the columns that its rows need.
     std::vector<WholeTable> run() {
         if (source_ == nullptr) {
-            tell("", "no such table; the store keeps its rows");
+            addNote("", "no such table; the store keeps its rows");
             return {};
         }
         requireWhole();
@@ -48,7 +48,7 @@ public:
             table.columns.push_back(match.column.name);
         }
         for (std::size_t row = 0; row < source_->rows.size(); ++row) {
-            takeRow(row, table.rows);
+            importRow(row, table.rows);
         }
         const std::size_t refused = source_->rows.size() - table.rows.size();
         report_.facts["found"].push_back({{"name", name_}, {"rows", source_->rows.size()}, {"refused", refused}});
@@ -71,7 +71,7 @@ private:
         std::string refused;  // the reason for leaving the row out, or empty
     };
 
-    void tell(const std::string& row, const std::string& what) {
+    void addNote(const std::string& row, const std::string& what) {
         report_.ending = Ending::Findings;
         report_.facts["findings"].push_back({{"table", name_}, {"row", row}, {"what", what}});
         report_.say(name_ + (row.empty() ? "" : " " + row) + ": " + what);
@@ -79,16 +79,16 @@ private:
 
     void requireWhole() {
         const std::size_t held = source_->rows.size();
-        if (source_->broken == 0 && held >= source_->told) {
+        if (source_->broken == 0 && held >= source_->statedRows) {
             return;
         }
-        const std::string what = "damaged: " + std::to_string(held) + " of " + std::to_string(source_->told) +
+        const std::string what = "damaged: " + std::to_string(held) + " of " + std::to_string(source_->statedRows) +
                                  " rows can be read, " + std::to_string(source_->broken) +
                                  " values, rows or pages can't";
         if (!options_.salvage) {
             throw KeeperFailure(name_ + ": " + what + "; --salvage imports the readable part");
         }
-        tell("", what);
+        addNote("", what);
     }
 
     bool matchColumns() {
@@ -99,39 +99,39 @@ private:
                 matches_.push_back({column, &*found, static_cast<std::size_t>(found - source_->columns.begin())});
             } else if (std::ranges::find(kNumbered, column.name) != kNumbered.end()) {
                 matches_.push_back({column, nullptr, 0});
-                tell("", "no column " + column.name + "; the rows are numbered");
+                addNote("", "no column " + column.name + "; the rows are numbered");
             } else if (column.isRequired) {
-                tell("", "no column " + column.name + ", which each row needs; the store keeps its rows");
+                addNote("", "no column " + column.name + ", which each row needs; the store keeps its rows");
                 return false;
             } else {
-                tell("", "no column " + column.name + "; left empty");
+                addNote("", "no column " + column.name + "; left empty");
             }
         }
-        tellUnknownColumns();
+        reportUnknownColumns();
         return true;
     }
 
-    void tellUnknownColumns() {
+    void reportUnknownColumns() {
         for (const JetColumn& there : source_->columns) {
             const auto isIt = [&](const OfficeColumn& column) { return equalWithoutCase(column.name, there.name); };
             if (std::ranges::none_of(wanted_, isIt)) {
-                tell("", "the store has no column " + there.name + "; not imported");
+                addNote("", "the store has no column " + there.name + "; not imported");
             }
         }
     }
 
-    void takeRow(std::size_t number, std::vector<Values>& rows) {
+    void importRow(std::size_t number, std::vector<Values>& rows) {
         TakenRow row = rowAt(number);
         if (row.refused.empty() && !row.key.empty() && !keys_.insert(row.key).second) {
             row.refused = "its key exists already";
         }
         const std::string label = "row " + std::to_string(number + 1) + (row.key.empty() ? "" : " (" + row.key + ")");
         if (!row.refused.empty()) {
-            tell(label, "refused: " + row.refused);
+            addNote(label, "refused: " + row.refused);
             return;
         }
         for (const std::string& note : row.notes) {
-            tell(label, note);
+            addNote(label, note);
         }
         rows.push_back(std::move(row.values));
     }
@@ -139,40 +139,40 @@ private:
     TakenRow rowAt(std::size_t number) const {
         TakenRow row;
         for (const Match& match : matches_) {
-            TakenValue taken = valueOf(match, number);
+            ConvertedValue converted = convertValue(match, number);
             if (match.column.isKey) {
-                row.key += (row.key.empty() ? "" : "/") + (taken.value.isNull() ? "" : toText(taken.value));
+                row.key += (row.key.empty() ? "" : "/") + (converted.value.isNull() ? "" : toText(converted.value));
             }
             if (row.refused.empty()) {
-                row.refused = whyRefused(match.column, taken);
+                row.refused = whyRefused(match.column, converted);
             }
-            if (!taken.noted.empty()) {
-                row.notes.push_back(match.column.name + " " + taken.noted);
+            if (!converted.noted.empty()) {
+                row.notes.push_back(match.column.name + " " + converted.noted);
             }
-            row.values.push_back(std::move(taken.value));
+            row.values.push_back(std::move(converted.value));
         }
         return row;
     }
 
-    TakenValue valueOf(const Match& match, std::size_t row) const {
+    ConvertedValue convertValue(const Match& match, std::size_t row) const {
         if (match.from != nullptr) {
-            return values_.take(source_->rows[row].at(match.place), match.from->type, match.column);
+            return values_.convert(source_->rows[row].at(match.place), match.from->type, match.column);
         }
         const std::string digits = std::to_string(row + 1);
         const std::size_t zeros = kCodeLength - std::min<std::size_t>(digits.size(), kCodeLength);
         return {.value = std::string(zeros, '0') + digits, .refused = {}, .noted = {}};
     }
 
-    static std::string whyRefused(const OfficeColumn& column, TakenValue& taken) {
-        if (!taken.refused.empty()) {
-            return column.name + " " + taken.refused;
+    static std::string whyRefused(const OfficeColumn& column, ConvertedValue& converted) {
+        if (!converted.refused.empty()) {
+            return column.name + " " + converted.refused;
         }
-        const bool isEmpty = taken.value.isNull() || (column.isKey && taken.value == Value(""));
+        const bool isEmpty = converted.value.isNull() || (column.isKey && converted.value == Value(""));
         if (isEmpty && column.isRequired) {
             return column.name + " is empty";
         }
-        if (taken.value.isNull() && column.kind == ColumnKind::Flag) {
-            taken.value = false;
+        if (converted.value.isNull() && column.kind == ColumnKind::Flag) {
+            converted.value = false;
         }
         return {};
     }
@@ -190,7 +190,7 @@ private:
 
 }  // namespace
 
-std::vector<WholeTable> officeTablesOf(const JetFile& file, const Options& options, StoreReport& report) {
+std::vector<WholeTable> makeOfficeTables(const JetFile& file, const Options& options, StoreReport& report) {
     std::vector<WholeTable> tables;
     const std::vector<std::vector<OfficeColumn>> columns = officeColumns();
     for (std::size_t i = 0; i < kOfficeTables.size(); ++i) {

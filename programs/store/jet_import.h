@@ -9,6 +9,6 @@ namespace orv {
 
 /// Converts the tables of an older install to those of the store, and reports omissions and changes with their cause. A
 /// row is imported completely or not at all. Fails if the file is not an office's.
-std::vector<WholeTable> officeTablesOf(const JetFile& file, const Options& options, StoreReport& report);
+std::vector<WholeTable> makeOfficeTables(const JetFile& file, const Options& options, StoreReport& report);
 
 }  // namespace orv

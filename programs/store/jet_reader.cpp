@@ -187,7 +187,7 @@ private:
         }
         std::array<char, MDB_BIND_SIZE> buffer{};
         memcpy(buffer.data(), field.value, kLongHead);
-        const auto told =
+        const auto statedLength =
             static_cast<std::size_t>(static_cast<std::uint32_t>(mdb_get_int32(field.value, 0)) & kLengthMask);
         column.bind_ptr = buffer.data();
         column.cur_value_start = field.start;
@@ -195,10 +195,10 @@ private:
         std::size_t length = 0;
         const std::unique_ptr<void, Closer> whole(mdb_ole_read_full(file_, &column, &length));
         column.bind_ptr = nullptr;
-        if (length < told) {
+        if (length < statedLength) {
             sender_.send(JetFrame::Unread);
         } else {
-            sender_.send(JetFrame::Bytes, {static_cast<const char*>(whole.get()), told});
+            sender_.send(JetFrame::Bytes, {static_cast<const char*>(whole.get()), statedLength});
         }
     }
 

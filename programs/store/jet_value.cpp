@@ -22,7 +22,7 @@ constexpr double kLargest = std::numeric_limits<std::int32_t>::max();
 bool isText(JetType type) { return type == JetType::Text || type == JetType::Memo; }
 
 template <typename Number>
-std::optional<double> numberIn(const std::string& bytes) {
+std::optional<double> readNumber(const std::string& bytes) {
     Number number{};
     if (bytes.size() != sizeof number) {
         return std::nullopt;
@@ -31,17 +31,17 @@ std::optional<double> numberIn(const std::string& bytes) {
     return static_cast<double>(number);
 }
 
-std::optional<double> numberOf(const std::string& bytes, JetType type) {
+std::optional<double> decodeNumber(const std::string& bytes, JetType type) {
     switch (type) {
         case JetType::Flag:
         case JetType::Byte:
-            return numberIn<std::uint8_t>(bytes);
+            return readNumber<std::uint8_t>(bytes);
         case JetType::Int:
-            return numberIn<std::int16_t>(bytes);
+            return readNumber<std::int16_t>(bytes);
         case JetType::Long:
-            return numberIn<std::int32_t>(bytes);
+            return readNumber<std::int32_t>(bytes);
         case JetType::Double:
-            return numberIn<double>(bytes);
+            return readNumber<double>(bytes);
         default:
             return std::nullopt;
     }
@@ -95,14 +95,14 @@ std::u32string fromUtf16(std::string_view bytes) {
     return characters;
 }
 
-TakenValue refused(std::string why) { return {.value = {}, .refused = std::move(why), .noted = {}}; }
+ConvertedValue refused(std::string why) { return {.value = {}, .refused = std::move(why), .noted = {}}; }
 
 }  // namespace
 
-TakenValue JetValues::take(const JetCell& cell, JetType type, const OfficeColumn& column) const {
+ConvertedValue JetValues::convert(const JetCell& cell, JetType type, const OfficeColumn& column) const {
     if (cell.state == JetCell::State::Unread) {
         return column.isRequired ? refused("can't be read")
-                                 : TakenValue{.value = {}, .refused = {}, .noted = "can't be read: left empty"};
+                                 : ConvertedValue{.value = {}, .refused = {}, .noted = "can't be read: left empty"};
     }
     if (cell.state == JetCell::State::Null) {
         return {};
@@ -110,14 +110,14 @@ TakenValue JetValues::take(const JetCell& cell, JetType type, const OfficeColumn
     if (column.kind == ColumnKind::Text) {
         return text(cell, type, column);
     }
-    TakenValue taken = number(cell, type);
-    if (taken.refused.empty() && column.kind == ColumnKind::Flag) {
-        taken.value = taken.value != Value(0);
+    ConvertedValue converted = number(cell, type);
+    if (converted.refused.empty() && column.kind == ColumnKind::Flag) {
+        converted.value = converted.value != Value(0);
     }
-    return taken;
+    return converted;
 }
 
-JetText JetValues::textOf(const std::string& bytes) const {
+JetText JetValues::decodeText(const std::string& bytes) const {
     std::u32string characters = version_ == 3 ? toCharacters(codePage_.decode(bytes)) : fromUtf16(expanded(bytes));
     std::ranges::replace(characters, U'\0', kReplacement);  // not possible in any store
     JetText text{.text = toUtf8(characters), .isWhole = characters.find(kReplacement) == std::u32string::npos};
@@ -127,26 +127,28 @@ JetText JetValues::textOf(const std::string& bytes) const {
     return text;
 }
 
-TakenValue JetValues::text(const JetCell& cell, JetType type, const OfficeColumn& column) const {
+ConvertedValue JetValues::text(const JetCell& cell, JetType type, const OfficeColumn& column) const {
     if (!isText(type)) {
-        const std::optional<double> number = type == JetType::Double ? std::nullopt : numberOf(cell.bytes, type);
-        return number
-                   ? TakenValue{.value = std::to_string(static_cast<std::int64_t>(*number)), .refused = {}, .noted = {}}
-                   : refused("has a type other than text");
+        const std::optional<double> number = type == JetType::Double ? std::nullopt : decodeNumber(cell.bytes, type);
+        return number ? ConvertedValue{.value = std::to_string(static_cast<std::int64_t>(*number)),
+                                       .refused = {},
+                                       .noted = {}}
+                      : refused("has a type other than text");
     }
-    const JetText whole = textOf(cell.bytes);
-    TakenValue taken{.value = whole.text, .refused = {}, .noted = {}};
+    const JetText whole = decodeText(cell.bytes);
+    ConvertedValue converted{.value = whole.text, .refused = {}, .noted = {}};
     if (!whole.isWhole) {
-        taken.noted = "contains an invalid character; imported with a replacement";
+        converted.noted = "contains an invalid character; imported with a replacement";
     } else if (column.longest > 0 && codePage_.encode(whole.text).size() > column.longest) {
-        taken.noted = "is longer than the " + std::to_string(column.longest) + " bytes of its field; imported in full";
+        converted.noted =
+            "is longer than the " + std::to_string(column.longest) + " bytes of its field; imported in full";
     }
-    return taken;
+    return converted;
 }
 
-TakenValue JetValues::number(const JetCell& cell, JetType type) const {
+ConvertedValue JetValues::number(const JetCell& cell, JetType type) const {
     const std::optional<double> number =
-        isText(type) ? numberWritten(textOf(cell.bytes).text) : numberOf(cell.bytes, type);
+        isText(type) ? numberWritten(decodeText(cell.bytes).text) : decodeNumber(cell.bytes, type);
     if (!number || *number != std::floor(*number)) {
         return refused("is not an integer");
     }

@@ -9,7 +9,7 @@
 namespace orv {
 
 /// A value to be stored in a column.
-struct TakenValue {
+struct ConvertedValue {
     Value value;
     std::string refused;  // the reason for rejecting the value and its row
     std::string noted;    // a remark for the user about an accepted value
@@ -25,12 +25,12 @@ class JetValues {
 public:
     JetValues(int version, const CodePage& codePage) : version_(version), codePage_(codePage) {}
 
-    TakenValue take(const JetCell& cell, JetType type, const OfficeColumn& column) const;
+    ConvertedValue convert(const JetCell& cell, JetType type, const OfficeColumn& column) const;
 
 private:
-    JetText textOf(const std::string& bytes) const;
-    TakenValue text(const JetCell& cell, JetType type, const OfficeColumn& column) const;
-    TakenValue number(const JetCell& cell, JetType type) const;
+    JetText decodeText(const std::string& bytes) const;
+    ConvertedValue text(const JetCell& cell, JetType type, const OfficeColumn& column) const;
+    ConvertedValue number(const JetCell& cell, JetType type) const;
 
     int version_;
     const CodePage& codePage_;

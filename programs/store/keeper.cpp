@@ -10,7 +10,7 @@
 namespace orv {
 namespace fs = std::filesystem;
 
-std::string codeOf(const std::exception& failure) {
+std::string errorCode(const std::exception& failure) {
     if (const auto* ofStore = dynamic_cast<const StoreFailure*>(&failure)) {
         return ofStore->code();
     }
@@ -24,7 +24,7 @@ std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess 
 
 bool isEmbedded(const std::string& path) { return detectStoreKind(path) == StoreKind::Embedded; }
 
-bool stands(const std::string& path) {
+bool storeExists(const std::string& path) {
     std::error_code error;
     return fs::symlink_status(path, error).type() != fs::file_type::not_found;
 }
@@ -41,15 +41,15 @@ void requireMayFill(const std::string& target, const Options& options) {
     }
 }
 
-void makeWhole(const std::string& path, const std::string& rightsOf,
-               const std::function<void(const std::string& beside)>& make) {
-    if (stands(path)) {
+void makeWhole(const std::string& path, const std::string& rightsFrom,
+               const std::function<void(const std::string& newFile)>& make) {
+    if (storeExists(path)) {
         throw KeeperFailure(path + ": the file exists already");
     }
     const fs::path parent = fs::path(path).parent_path();
     const PrivateFolder folder(parent);
     make(folder.file());
-    folder.publish(path, rightsLike(rightsOf.empty() ? parent : fs::path(rightsOf)));
+    folder.publish(path, rightsLike(rightsFrom.empty() ? parent : fs::path(rightsFrom)));
 }
 
 bool agreed(const Options& options, const std::string& question) {

@@ -52,12 +52,12 @@ StoreReport runNightly(const Options& options);
 StoreReport writeSupportFile(const Options& options);
 
 /// Returns the code that the program logs for the failure, or "" if it has none.
-std::string codeOf(const std::exception& failure);
+std::string errorCode(const std::exception& failure);
 
 /// Opens a store of either kind.
 std::unique_ptr<StoreConnection> openStore(const std::string& path, StoreAccess access = StoreAccess::ReadWrite);
 bool isEmbedded(const std::string& path);
-bool stands(const std::string& path);
+bool storeExists(const std::string& path);
 
 /// Returns the number of rows.
 std::int64_t count(StoreConnection& store, const std::string& table);
@@ -69,10 +69,10 @@ void listLocks(StoreConnection& store, StoreReport& report);
 void requireMayFill(const std::string& target, const Options& options);
 
 /// Creates a file in a private folder next to its place and moves it there when it is complete. It gets the permissions
-/// of the file `rightsOf`, or those of its folder if that is empty. A file created at the place meanwhile is not
+/// of the file `rightsFrom`, or those of its folder if that is empty. A file created at the place meanwhile is not
 /// replaced.
-void makeWhole(const std::string& path, const std::string& rightsOf,
-               const std::function<void(const std::string& beside)>& make);
+void makeWhole(const std::string& path, const std::string& rightsFrom,
+               const std::function<void(const std::string& newFile)>& make);
 
 /// Asks the person at the terminal. False if there is none.
 bool agreed(const Options& options, const std::string& question);

@@ -7,7 +7,7 @@ namespace orv {
 namespace {
 
 /// Returns the whole hours since a lock's time, in the local time that the terminals write, or "" if it is not a time.
-std::string ageOf(const std::string& since) {
+std::string formatAge(const std::string& since) {
     std::tm time{};
     time.tm_isdst = -1;
     if (std::sscanf(since.c_str(), "%4d/%2d/%2d %2d:%2d:%2d", &time.tm_year, &time.tm_mon, &time.tm_mday, &time.tm_hour,
@@ -29,7 +29,7 @@ void listLocks(StoreConnection& store, StoreReport& report) {
         const std::string user = toText(rows->Fields(0));
         const std::string computer = toText(rows->Fields(1));
         const std::string since = rows->Fields(2).isNull() ? "" : toText(rows->Fields(2));
-        const std::string age = ageOf(since);
+        const std::string age = formatAge(since);
         locks.push_back({{"company", user}, {"computer", computer}, {"since", since}, {"hours", age}});
         report.say("lock: " + user + " by " + computer + " since " + since +
                    (age.empty() ? "" : ", " + age + " hours"));

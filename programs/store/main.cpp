@@ -102,7 +102,7 @@ void add(CLI::App& app, const Argument& argument, std::string& value) {
     }
 }
 
-bool takes(const Command& command, const Flag& flag) {
+bool accepts(const Command& command, const Flag& flag) {
     return flag.value == &Options::json ||
            std::ranges::any_of(command.flags, [&](std::string_view name) { return name == flag.name; });
 }
@@ -112,7 +112,7 @@ void add(CLI::App& app, const Command& command, Options& options, const Command*
     add(*sub, command.store, options.store);
     add(*sub, command.other, options.other);
     for (const Flag& flag : kFlags) {
-        if (takes(command, flag)) {
+        if (accepts(command, flag)) {
             sub->add_flag(flag.name, options.*flag.value, flag.text);
         }
     }
@@ -139,7 +139,7 @@ int run(const Command& command, const Options& options) {
     try {
         return print(command.run(options), options);
     } catch (const std::exception& failure) {
-        return failed(options, failure.what(), codeOf(failure));
+        return failed(options, failure.what(), errorCode(failure));
     }
 }
 

@@ -19,20 +19,20 @@ void requireSound(const std::string& copy, const std::string& path) {
 }
 
 void copyInto(StoreConnection& from, StoreConnection& to, const Options& options, StoreReport& report) {
-    copyTables(from, to, telling(options, report));
+    copyTables(from, to, makeReporter(options, report));
 }
 
 void copyIntoNewFile(StoreConnection& from, const std::string& file, const Options& options, StoreReport& report) {
-    makeWhole(file, "", [&](const std::string& beside) {
-        makeSqliteFile(beside, std::string(kSchemaSql));
-        copyInto(from, *openStore(beside, StoreAccess::OwnFile), options, report);
+    makeWhole(file, "", [&](const std::string& newFile) {
+        makeSqliteFile(newFile, std::string(kSchemaSql));
+        copyInto(from, *openStore(newFile, StoreAccess::OwnFile), options, report);
     });
 }
 
 /// Copies all rows of an embedded store, including other programs' tables, and nothing that could run.
-void copyRows(const std::string& from, const std::string& beside) {
-    copySqliteRows(from, beside);
-    requireSound(beside, from);
+void copyRows(const std::string& from, const std::string& newFile) {
+    copySqliteRows(from, newFile);
+    requireSound(newFile, from);
 }
 
 }  // namespace
@@ -41,7 +41,7 @@ StoreReport backUpStore(const Options& options) {
     StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}};
     if (isEmbedded(options.store)) {
-        makeWhole(options.other, options.store, [&](const std::string& beside) { copyRows(options.store, beside); });
+        makeWhole(options.other, options.store, [&](const std::string& newFile) { copyRows(options.store, newFile); });
     } else {
         copyIntoNewFile(SourceStore(options.store).get(), options.other, options, report);
     }
@@ -58,9 +58,9 @@ StoreReport restoreStore(const Options& options) {
     copyRows(options.other, own.file());
     StoreReport report;
     report.facts = {{"store", options.store}, {"backup", options.other}, {"restored", true}};
-    if (!stands(options.store)) {
+    if (!storeExists(options.store)) {
         makeWhole(options.store, "",
-                  [&](const std::string& beside) { restoreSqliteFile(own.file(), beside, StoreAccess::OwnFile); });
+                  [&](const std::string& newFile) { restoreSqliteFile(own.file(), newFile, StoreAccess::OwnFile); });
     } else if (!agreed(options, "The content of " + options.store + " will be replaced. Restore?")) {
         report.facts["restored"] = false;
         report.say("nothing restored");
@@ -79,7 +79,7 @@ StoreReport copyStore(const Options& options) {
     StoreReport report;
     report.facts = {{"source", options.store}, {"target", options.other}};
     const SourceStore source(options.store);
-    if (!stands(options.other)) {
+    if (!storeExists(options.other)) {
         copyIntoNewFile(source.get(), options.other, options, report);
         return report;
     }

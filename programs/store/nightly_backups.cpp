@@ -19,7 +19,7 @@ constexpr std::size_t kLongestName = 80;
 constexpr std::size_t kDays = 7;
 constexpr std::size_t kWeeks = 4;
 
-local_seconds momentOf(int year, unsigned month, unsigned day, int hour, int minute, int second) {
+local_seconds toMoment(int year, unsigned month, unsigned day, int hour, int minute, int second) {
     return local_days(std::chrono::year(year) / std::chrono::month(month) / std::chrono::day(day)) +
            std::chrono::hours(hour) + std::chrono::minutes(minute) + std::chrono::seconds(second);
 }
@@ -30,14 +30,14 @@ std::optional<local_seconds> timeIn(const std::string& name) {
     if (std::sscanf(name.c_str(), "orv-%4d%2u%2u-%2d%2d%2d", &year, &month, &day, &hour, &minute, &second) != 6) {
         return std::nullopt;
     }
-    const local_seconds time = momentOf(year, month, day, hour, minute, second);
+    const local_seconds time = toMoment(year, month, day, hour, minute, second);
     return nightlyName(time) == name ? std::optional(time) : std::nullopt;
 }
 
-local_days dayOf(const NightlyBackup& backup) { return std::chrono::floor<std::chrono::days>(backup.time); }
+local_days toDay(const NightlyBackup& backup) { return std::chrono::floor<std::chrono::days>(backup.time); }
 
 /// Counts from the week of 1 January 1970, a Thursday.
-long weekOf(const NightlyBackup& backup) { return (dayOf(backup).time_since_epoch().count() + 3) / 7; }
+long toWeek(const NightlyBackup& backup) { return (toDay(backup).time_since_epoch().count() + 3) / 7; }
 
 }  // namespace
 
@@ -52,7 +52,7 @@ local_seconds localNow() {
     const std::time_t now = std::time(nullptr);
     std::tm time{};
     ::localtime_r(&now, &time);
-    return momentOf(time.tm_year + 1900, static_cast<unsigned>(time.tm_mon) + 1, static_cast<unsigned>(time.tm_mday),
+    return toMoment(time.tm_year + 1900, static_cast<unsigned>(time.tm_mon) + 1, static_cast<unsigned>(time.tm_mday),
                     time.tm_hour, time.tm_min, time.tm_sec);
 }
 
@@ -88,16 +88,16 @@ std::vector<NightlyBackup> outdated(const std::vector<NightlyBackup>& newestFirs
     std::vector<NightlyBackup> older;
     std::set<local_days> days;
     for (const NightlyBackup& backup : newestFirst) {
-        if (!days.contains(dayOf(backup)) && days.size() == kDays) {
+        if (!days.contains(toDay(backup)) && days.size() == kDays) {
             older.push_back(backup);
-        } else if (!days.insert(dayOf(backup)).second) {
+        } else if (!days.insert(toDay(backup)).second) {
             old.push_back(backup);
         }
     }
     std::set<long> weeks;
     for (std::size_t at = 0; at < older.size(); ++at) {
-        const long week = weekOf(older[at]);
-        const bool isFirst = at + 1 == older.size() || weekOf(older[at + 1]) != week;
+        const long week = toWeek(older[at]);
+        const bool isFirst = at + 1 == older.size() || toWeek(older[at + 1]) != week;
         if (!isFirst || weeks.size() == kWeeks) {
             old.push_back(older[at]);
         } else {

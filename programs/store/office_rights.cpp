@@ -103,7 +103,7 @@ private:
 bool isNamed(const fs::path& path, std::string_view name) { return equalWithoutCase(path.filename().string(), name); }
 
 /// Returns the folder with that name in upper or lower case.
-fs::path partOf(const fs::path& install, std::string_view name) {
+fs::path findPart(const fs::path& install, std::string_view name) {
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(install, error)) {
         if (isNamed(entry.path(), name)) {
@@ -122,7 +122,7 @@ void lookAtOffice(const fs::path& install, const Found& found) {
         look.at(path, kForPrograms);
     }
     for (const Part& part : kParts) {
-        if (const fs::path folder = partOf(install, part.folder); !folder.empty()) {
+        if (const fs::path folder = findPart(install, part.folder); !folder.empty()) {
             look.through(folder, part.rules);
         }
     }
@@ -130,11 +130,11 @@ void lookAtOffice(const fs::path& install, const Found& found) {
 
 }  // namespace
 
-void tellOpenRights(const fs::path& store, bool isServerText, const Found& found) {
+void reportOpenRights(const fs::path& store, bool isServerText, const Found& found) {
     std::error_code error;
     const fs::path place = fs::canonical(store, error);
     const fs::path install = place.parent_path().parent_path();
-    if (isNamed(place.parent_path(), "MDB") && !partOf(install, "BIN").empty()) {
+    if (isNamed(place.parent_path(), "MDB") && !findPart(install, "BIN").empty()) {
         lookAtOffice(install, found);
     } else {
         Look(place, found).at(place, isServerText ? kForText : kForData);

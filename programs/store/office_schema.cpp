@@ -11,7 +11,7 @@ namespace orv {
 namespace {
 
 /// Parses "    NAME  TYPE NOT NULL PRIMARY KEY, -- 9: a remark".
-OfficeColumn columnOf(const std::string& line) {
+OfficeColumn parseColumn(const std::string& line) {
     OfficeColumn column;
     std::string type;
     std::istringstream(line) >> column.name >> type;
@@ -28,7 +28,7 @@ OfficeColumn columnOf(const std::string& line) {
 }
 
 /// Without the semicolon.
-std::string definitionOf(const std::string& table) {
+std::string findDefinition(const std::string& table) {
     const std::string_view rest = kSchemaSql.substr(kSchemaSql.find("CREATE TABLE " + table + " ("));
     return std::string(rest.substr(0, rest.find(";\n")));
 }
@@ -44,8 +44,8 @@ std::string compact(const std::string& sql) {
     return all;
 }
 
-std::vector<OfficeColumn> columnsOf(const std::string& table) {
-    std::istringstream lines(definitionOf(table));
+std::vector<OfficeColumn> listColumns(const std::string& table) {
+    std::istringstream lines(findDefinition(table));
     std::vector<OfficeColumn> columns;
     std::string line;
     for (std::getline(lines, line); std::getline(lines, line) && line != ")";) {
@@ -54,7 +54,7 @@ std::vector<OfficeColumn> columnsOf(const std::string& table) {
                 column.isKey = column.isKey || line.find(column.name) != std::string::npos;
             }
         } else {
-            columns.push_back(columnOf(line));
+            columns.push_back(parseColumn(line));
         }
     }
     return columns;
@@ -65,14 +65,15 @@ std::vector<OfficeColumn> columnsOf(const std::string& table) {
 std::vector<std::vector<OfficeColumn>> officeColumns() {
     std::vector<std::vector<OfficeColumn>> all;
     for (const char* table : kOfficeTables) {
-        all.push_back(columnsOf(table));
+        all.push_back(listColumns(table));
     }
     return all;
 }
 
 bool isOfficeDefinition(const std::string& sql) {
-    return std::ranges::any_of(
-        kOfficeTables, [&](const char* table) { return equalWithoutCase(compact(definitionOf(table)), compact(sql)); });
+    return std::ranges::any_of(kOfficeTables, [&](const char* table) {
+        return equalWithoutCase(compact(findDefinition(table)), compact(sql));
+    });
 }
 
 }  // namespace orv

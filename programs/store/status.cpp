@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 /// A younger backup shows that last night's run worked, or that of the night before a day off.
 constexpr std::chrono::hours kLongestAge(48);
 
-std::int64_t sizeOf(StoreConnection& store, const std::string& path) {
+std::int64_t readSize(StoreConnection& store, const std::string& path) {
     if (isEmbedded(path)) {
         return static_cast<std::int64_t>(fs::file_size(path));
     }
@@ -22,7 +22,7 @@ std::int64_t sizeOf(StoreConnection& store, const std::string& path) {
 void addStore(const Options& options, StoreReport& report) {
     const SourceStore source(options.store);
     const std::string kind = isEmbedded(options.store) ? "file" : "server";
-    const std::int64_t size = sizeOf(source.get(), options.store);
+    const std::int64_t size = readSize(source.get(), options.store);
     const std::int64_t companies = count(source.get(), "TBL_CUSTOMER_INFO");
     report.facts = {
         {"version", kVersion}, {"store", options.store}, {"kind", kind}, {"bytes", size}, {"companies", companies}};

@@ -155,7 +155,7 @@ public:
         try {
             text = read();
         } catch (const std::exception& failure) {
-            text = "not available [" + codeOf(failure) + "]\n";
+            text = "not available [" + errorCode(failure) + "]\n";
         }
         archive_.add("orv-support/" + name, text);
     }

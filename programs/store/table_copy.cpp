@@ -19,7 +19,7 @@ std::string joined(const std::vector<std::string>& names) {
 }
 
 /// Returns a row as a text; different rows have different texts.
-std::string lineOf(const Values& row) {
+std::string formatLine(const Values& row) {
     std::string line;
     for (const Value& value : row) {
         const std::string text = value.isNull() ? "" : toText(value);
@@ -28,7 +28,8 @@ std::string lineOf(const Values& row) {
     return line;
 }
 
-std::vector<Values> rowsOf(StoreConnection& store, const std::string& table, const std::vector<std::string>& columns) {
+std::vector<Values> readRows(StoreConnection& store, const std::string& table,
+                             const std::vector<std::string>& columns) {
     const RecordsetPtr found = store.select("SELECT " + joined(columns) + " FROM " + table, {});
     std::vector<Values> rows;
     for (; !found->Eof(); found->MoveNext()) {
@@ -41,14 +42,14 @@ std::vector<Values> rowsOf(StoreConnection& store, const std::string& table, con
 }
 
 /// Returns the rows as texts, sorted, because two engines can return different orders.
-std::vector<std::string> linesOf(const std::vector<Values>& rows) {
+std::vector<std::string> formatLines(const std::vector<Values>& rows) {
     std::vector<std::string> lines;
-    std::ranges::transform(rows, std::back_inserter(lines), lineOf);
+    std::ranges::transform(rows, std::back_inserter(lines), formatLine);
     std::ranges::sort(lines);
     return lines;
 }
 
-std::string checksumOf(const std::vector<std::string>& lines) {
+std::string computeChecksum(const std::vector<std::string>& lines) {
     std::uint64_t sum = 14695981039346656037U;  // FNV-1a
     for (const std::string& line : lines) {
         for (const char c : line) {
@@ -82,7 +83,7 @@ std::vector<WholeTable> readAll(StoreConnection& from, StoreConnection& to) {
     from.beginSnapshot();
     for (const char* name : kOfficeTables) {
         std::vector<std::string> columns = sharedColumns(from, to, name);
-        std::vector<Values> rows = rowsOf(from, name, columns);
+        std::vector<Values> rows = readRows(from, name, columns);
         tables.push_back({name, std::move(columns), std::move(rows)});
     }
     from.rollBack();
@@ -99,16 +100,16 @@ CopiedTable write(const WholeTable& table, StoreConnection& to) {
     for (const Values& row : table.rows) {
         to.change(insert, row);
     }
-    const std::vector<std::string> lines = linesOf(table.rows);
-    if (linesOf(rowsOf(to, table.name, table.columns)) != lines) {
+    const std::vector<std::string> lines = formatLines(table.rows);
+    if (formatLines(readRows(to, table.name, table.columns)) != lines) {
         throw KeeperFailure(table.name + ": the copy differs from the source");
     }
-    return {table.name, table.rows.size(), checksumOf(lines)};
+    return {table.name, table.rows.size(), computeChecksum(lines)};
 }
 
 }  // namespace
 
-std::function<void(const CopiedTable&)> telling(const Options& options, StoreReport& report) {
+std::function<void(const CopiedTable&)> makeReporter(const Options& options, StoreReport& report) {
     return [&options, &report](const CopiedTable& table) {
         progress(options, table.name + ": " + std::to_string(table.rows) + " rows");
         report.facts["tables"].push_back({{"name", table.name}, {"rows", table.rows}, {"checksum", table.checksum}});

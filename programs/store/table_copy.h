@@ -30,7 +30,7 @@ struct CopiedTable {
 };
 
 /// Returns a function that reports each table as it is copied.
-std::function<void(const CopiedTable&)> telling(const Options& options, StoreReport& report);
+std::function<void(const CopiedTable&)> makeReporter(const Options& options, StoreReport& report);
 
 /// Replaces the office's tables of `to` by a snapshot of those of `from`, in one transaction. Reads them back before
 /// the commit. If a value differs, the copy fails and changes nothing.
