@@ -40,14 +40,14 @@ TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
     startOn(0);
     inDialog([&] {
         EXPECT_EQ(focused(), "txt_Password(0)");
-        EXPECT_EQ(windowOf(dialog())->windowTitle(), "パスワード変更[*]");
+        EXPECT_EQ(findWindow(dialog())->windowTitle(), "パスワード変更[*]");
         EXPECT_EQ(dialog().canvas().back(), kPageBack);
         ASSERT_EQ(dialog().canvas().shapes().size(), 1U);
         const auto& edge = std::get<DrawnBox>(dialog().canvas().shapes().front());
         EXPECT_EQ(edge.box, (Box{0, 0, dialog().scaleWidth(), dialog().scaleHeight()}));
         EXPECT_FALSE(edge.filled);
         for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_EQ(widgetOf<QLineEdit>(dialog().txt_Password[i])->echoMode(), QLineEdit::Password);
+            EXPECT_EQ(findWidget<QLineEdit>(dialog().txt_Password[i])->echoMode(), QLineEdit::Password);
         }
         typeThree("mihon01", "himitsu1", "himitsu1");
         press(Qt::Key_Backtab, Qt::ShiftModifier);

@@ -63,7 +63,7 @@ TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
     EXPECT_EQ(info("GET_LICENSE_NENGOU"), "西暦") << "the entry above 令和";
     EXPECT_EQ(add("DAY_OFF || substr(MANAGEMENT_TYPE_FLG, 1, 4) || substr(BUSINESS_TYPE_FLG, 12, 1)"), "水曜日11111");
     press(Qt::Key_1, Qt::AltModifier);
-    EXPECT_EQ(widgetOf<QLineEdit>(*screen().activeControl())->selectedText(), "") << "the next key would replace it";
+    EXPECT_EQ(findWidget<QLineEdit>(*screen().activeControl())->selectedText(), "") << "the next key would replace it";
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(shownIds().size(), 2U);
     EXPECT_EQ(focused(), "txt_Group_Name") << "the shortcut does not keep the focus";

@@ -64,15 +64,15 @@ TEST_F(Layouts, KeepEveryControlReachableOnEveryScreen) {
                 form->onLoad = nullptr;
                 forms.show(*form);
                 screen.centre(*form);
-                QWidget& window = *windowOf(*form);
+                QWidget& window = *findWindow(*form);
                 const QRect outside = QRect(window.pos(), window.size().grownBy(space.frame));
                 EXPECT_TRUE(space.area.contains(outside));
                 EXPECT_LE((outside.center() - space.area.center()).manhattanLength(), 2);
-                EXPECT_GT(paneOf(*form)->font().pixelSize() * scale, 8.5) << "smaller text cannot be read";
+                EXPECT_GT(findPane(*form)->font().pixelSize() * scale, 8.5) << "smaller text cannot be read";
                 EXPECT_TRUE(QTest::qWaitForWindowActive(&window, kPatience));
                 for (const Placement& place : findLayout(form->name())) {
                     const Control& control = *form->find(place.control, place.index);
-                    QWidget& widget = *widgetOf(control);
+                    QWidget& widget = *findWidget(control);
                     if (control.focusable()) {
                         widget.setFocus(Qt::TabFocusReason);
                     } else {

@@ -49,7 +49,7 @@ TEST_F(Handlers, AKeyOnASearchButtonGoesOnBehindItAndDoesNothingMore) {
     for (const auto& [number, button, next] :
          {std::tuple{0, "btm_SearchOfficeAddress", "txt_Address_number"}, {2, "btn_SelectRail", "txt_Walk_Minutes"}}) {
         startOn(number);
-        widgetOf(*screen().find(button))->setFocus();
+        findWidget(*screen().find(button))->setFocus();
         press(Qt::Key_Down);
         EXPECT_EQ(focused(), next);
         leave();

@@ -1,5 +1,5 @@
 #include "adapters/store/transmit_tables.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -113,13 +113,13 @@ TEST_F(TransmitProfile, ARowIsFoundByItsKeyAndNoneIsNotTheEnd) {
     EXPECT_FALSE(table->Eof());
     ASSERT_FALSE(table->NoMatch());
     EXPECT_EQ(table->Fields("definitionFileNAME"), Value("C:\\ORV\\DAT\\BUKKEN.DEF"));
-    EXPECT_EQ(failureOf([&] { table->Fields("NoSuchColumn"); }), 9);
+    EXPECT_EQ(catchFailure([&] { table->Fields("NoSuchColumn"); }), 9);
     for (const Values& keys :
          {Values{3, "000004601"}, Values{1, "' or 1=1"}, Values{1, Value()}, Values{"x", "000004601"}}) {
         table->Seek("=", keys);
         EXPECT_TRUE(table->NoMatch());
         EXPECT_FALSE(table->Eof());
-        EXPECT_EQ(failureOf([&] { table->Fields("DataMax"); }), 5);
+        EXPECT_EQ(catchFailure([&] { table->Fields("DataMax"); }), 5);
     }
 }
 

@@ -114,7 +114,7 @@ void read(const std::string& path, const std::string& target) {
 /// Tests pictures: header, decoding, resizing and saving. Any input is a picture or a failure with a text.
 void feedPicture(const std::string& bytes) {
     try {
-        read(machine().kept(bytes), machine().pathOf("saved"));
+        read(machine().kept(bytes), machine().pathTo("saved"));
     } catch (const RunTimeError& error) {
         require(!error.description().empty(), "a failure has a text");
     }
@@ -168,7 +168,7 @@ std::unique_ptr<OfficeRun> theOffice;
 /// Returns a target's office, shared by all its inputs. Only one exists at a time, and the previous one is destroyed
 /// first.
 template <class Office>
-Office& officeOf() {
+Office& sharedOffice() {
     if (dynamic_cast<Office*>(theOffice.get()) == nullptr) {
         theOffice.reset();
         theOffice = std::make_unique<Office>();
@@ -201,7 +201,7 @@ private:
 /// Tests the argument string. A page or a message is shown, and the store's tables are unchanged.
 void feedArgument(const std::string& bytes) {
     // Longer ones are only slower, because their statement is rejected as well.
-    if (bytes.size() <= 4096) officeOf<Starts>().runWith(bytes);
+    if (bytes.size() <= 4096) sharedOffice<Starts>().runWith(bytes);
 }
 
 class Searches : public OfficeRun {
@@ -244,7 +244,7 @@ private:
 
 /// Tests the lines that a search program sends to a waiting page. The handles of the fields are written as 1 to 3, that
 /// of the button as 4.
-void feedSibling(const std::string& bytes) { officeOf<Searches>().hear(bytes); }
+void feedSibling(const std::string& bytes) { sharedOffice<Searches>().hear(bytes); }
 
 std::vector<std::string> pictureSeeds() {
     std::vector<std::string> seeds;

@@ -13,7 +13,7 @@ namespace {
 
 class Logging : public SystemTest {
 protected:
-    std::string textOf(const std::string& file) const { return codePage.decode(bytesOf(file)); }
+    std::string readText(const std::string& file) const { return codePage.decode(readBytes(file)); }
 };
 
 TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
@@ -36,10 +36,10 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
               "2026/05/04 09:08:07,a,a,a,a,a,a,\r\n2026/05/04 09:08:07,b,b,b,b,b,b,\r\n\r\n"},
          }) {
         EXPECT_TRUE(PF_WriteLog(row.kind, row.args)) << row.kind << gErrMsg;
-        EXPECT_EQ(textOf("C:\\ORV\\LOG\\" + row.file), row.record) << row.kind;
+        EXPECT_EQ(readText("C:\\ORV\\LOG\\" + row.file), row.record) << row.kind;
     }
     EXPECT_TRUE(PF_WriteLog("SND", {Value(Values{})}));
-    EXPECT_TRUE(textOf(com().LogSndFile()).ends_with(",\r\n\r\n")) << "an empty list is an empty record";
+    EXPECT_TRUE(readText(com().LogSndFile()).ends_with(",\r\n\r\n")) << "an empty list is an empty record";
     EXPECT_FALSE(PF_WriteLog("ABC", {}));
     EXPECT_EQ(gErrMsg + gErrCode, "[ PF_WriteLog ] 指定されたタイプは有りません。ECOM4001");
     EXPECT_FALSE(PF_WriteLog("SND", {"no list"}));
@@ -52,14 +52,14 @@ TEST_F(Logging, RotatesAboveTheLimitOnly) {
     const std::string atLimit = std::string(102398, 'x') + "\r\n";
     writeFile(files.nativePath(file), atLimit);
     EXPECT_TRUE(PF_WriteLog("RAS", {"a", "b", "c"}));
-    EXPECT_EQ(bytesOf(file), atLimit + "a,b,c\r\n");
+    EXPECT_EQ(readBytes(file), atLimit + "a,b,c\r\n");
     EXPECT_FALSE(files.exists(backup));
 
     writeFile(files.nativePath(file), atLimit + "x");
     writeFile(files.nativePath(backup), "the backup before");
     EXPECT_TRUE(PF_WriteLog("RAS", {"d", "e", "f"}));
-    EXPECT_EQ(bytesOf(file), "d,e,f\r\n");
-    EXPECT_EQ(bytesOf(backup), atLimit + "x");
+    EXPECT_EQ(readBytes(file), "d,e,f\r\n");
+    EXPECT_EQ(readBytes(backup), atLimit + "x");
 }
 
 TEST_F(Logging, APathThatFailsToBeToldDoesNotRunInARound) {

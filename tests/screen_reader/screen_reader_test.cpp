@@ -24,15 +24,15 @@ class ScreenReader : public EndToEnd {
 protected:
     ScreenReader() {
         EXPECT_TRUE(eventually([&] { return fs::exists(folder_ / "bus"); })) << "the session bus";
-        const std::string listen = "exec " + readerOf("announcements") + " >" + announcements_.string();
+        const std::string listen = "exec " + readScreen("announcements") + " >" + announcements_.string();
         listener_ = std::make_unique<Process>(std::vector<std::string>{"bash", "-c", listen}, environment_);
         expectAnnounced("listening");
     }
 
-    static std::string readerOf(const std::string& what) {
+    static std::string readScreen(const std::string& what) {
         return "/usr/bin/python3 " + (kHere / "reader.py ").string() + what;
     }
-    std::string window() const { return readOutput({"bash", "-c", "exec " + readerOf("window")}, environment_); }
+    std::string window() const { return readOutput({"bash", "-c", "exec " + readScreen("window")}, environment_); }
     /// Checks that the active window is read as the table says, and that no two of its inputs have the same name.
     void expectRead(const std::string& name) const {
         const std::string wanted = expected(name);

@@ -14,7 +14,7 @@
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pixels/picture_failure.h"
 #include "adapters/raster/raster_formats.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/made_pictures.h"
 
 namespace orv::test {
@@ -38,15 +38,15 @@ constexpr double kLarger = 1;
 #endif
 
 /// Reads header and picture in a separate process, so that a hang or a crash ends only that process.
-Cost costOf(const PictureFiles& pictures, const std::string& path) {
+Cost measureCost(const PictureFiles& pictures, const std::string& path) {
     std::array<int, 2> wire{};
     EXPECT_EQ(pipe(wire.data()), 0);
     const pid_t child = fork();
     if (child == 0) {
         EXPECT_EQ(setrlimit(RLIMIT_CPU, &kWork), 0);
         alarm(kStandstill);
-        const int header = failureOf([&] { (void)pictures.info(path); });
-        const int whole = failureOf([&] { (void)pictures.load(path, {640, 480}); });
+        const int header = catchFailure([&] { (void)pictures.info(path); });
+        const int whole = catchFailure([&] { (void)pictures.load(path, {640, 480}); });
         const int told = header == 0 || header == whole ? whole : -1;
         _exit(write(wire[1], &told, sizeof told) == sizeof told ? 0 : 1);
     }
@@ -70,7 +70,7 @@ ByteVector withManyPasses(ByteVector jpeg) {
 }
 
 /// Returns 100 million black pixels.
-QImage bombOf(QImage::Format pixels) {
+QImage makeBomb(QImage::Format pixels) {
     QImage large(10000, 10000, pixels);
     large.fill(0);
     return large;
@@ -98,8 +98,8 @@ std::string tiledBomb(const std::string& path) {
 class HostilePicturesTest : public testing::Test {
 protected:
     std::string keep(const ByteVector& bytes) { return folder.keep(std::to_string(++kept_), bytes); }
-    int loadOf(const std::string& path) const {
-        return failureOf([&] { (void)pictures.load(path); });
+    int measureLoad(const std::string& path) const {
+        return catchFailure([&] { (void)pictures.load(path); });
     }
 
     PictureFolder folder;
@@ -125,12 +125,12 @@ TEST_F(HostilePicturesTest, FailWhereverTheyAreCutShort) {
         {"gif", madeGif(100, 80), 4},
     };
     for (const auto& one : cases) {
-        ASSERT_EQ(loadOf(folder.keep("whole", one.bytes)), 0) << one.name;
+        ASSERT_EQ(measureLoad(folder.keep("whole", one.bytes)), 0) << one.name;
         const std::size_t last = one.bytes.size() - one.tail - 1;
         for (const std::size_t length :
              {std::size_t{8}, std::size_t{31}, std::size_t{70}, last / 4, last / 2, last * 9 / 10, last - 1, last}) {
             const ByteVector start(one.bytes.begin(), one.bytes.begin() + static_cast<std::ptrdiff_t>(length));
-            EXPECT_NE(loadOf(folder.keep("cut", start)), 0) << one.name << " cut at " << length;
+            EXPECT_NE(measureLoad(folder.keep("cut", start)), 0) << one.name << " cut at " << length;
         }
     }
 }
@@ -146,10 +146,10 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
     grey.fill(7);
     const ByteVector tiff = tiffBytes({grey, {}, {}}, {PictureFormat::Tiff, 64, 48, 8, 1});
     const ByteVector tiffBomb =
-        tiffBytes({bombOf(QImage::Format_Grayscale8), {}, {}}, {PictureFormat::Tiff, 10000, 10000, 8, 1});
-    const std::string pngBomb = folder.pathOf("colours.png");
-    ASSERT_TRUE(bombOf(QImage::Format_RGB32).save(QString::fromStdString(pngBomb), nullptr, 85));
-    const std::string fifo = folder.pathOf("fifo");
+        tiffBytes({makeBomb(QImage::Format_Grayscale8), {}, {}}, {PictureFormat::Tiff, 10000, 10000, 8, 1});
+    const std::string pngBomb = folder.pathTo("colours.png");
+    ASSERT_TRUE(makeBomb(QImage::Format_RGB32).save(QString::fromStdString(pngBomb), nullptr, 85));
+    const std::string fifo = folder.pathTo("fifo");
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
     const std::string huge = keep(jpeg);
     std::filesystem::resize_file(huge, 500'000'001);
@@ -184,22 +184,22 @@ TEST_F(HostilePicturesTest, AreReadOrNamedAtABoundedCost) {
         {"gif with a code beyond its table", keep(changed(gif, 57, {0xFF})), Damaged},
         {"tiff of 10000 x 10000", keep(sized(10000)), Damaged},
         {"tiff that claims 60000 x 60000", keep(sized(60000)), TooManyPixels},
-        {"a folder", folder.pathOf(""), NotAFile},
+        {"a folder", folder.pathTo(""), NotAFile},
         {"a named pipe", fifo, NotAFile},
         {"beyond a named pipe", fifo + "/beyond", PictureFailure{76}},
         {"no name", "", PictureFailure{52}},
-        {"no file", folder.pathOf("gone"), PictureFailure{53}},
+        {"no file", folder.pathTo("gone"), PictureFailure{53}},
         {"half a gigabyte", huge, FileTooLarge},
         // These pictures are valid and are read. The limit on pixels limits their cost.
         {"png of 100 million pixels", pngBomb, kRead},
-        {"gif of 100 million pixels", keep(gifBytes({bombOf(QImage::Format_Indexed8), {0xFF000000U, 0xFFFFFFFFU}, {}})),
-         kRead},
+        {"gif of 100 million pixels",
+         keep(gifBytes({makeBomb(QImage::Format_Indexed8), {0xFF000000U, 0xFFFFFFFFU}, {}})), kRead},
         {"tiff of 100 million pixels", keep(tiffBomb), kRead},
         {"the same in tiles", tiledBomb(keep({})), kRead},
         {"the same turned", keep(withTiffNumber(tiffBomb, 0x16, 0x12, 6)), kRead},
     };
     for (const auto& one : cases) {
-        const Cost cost = costOf(pictures, one.path);
+        const Cost cost = measureCost(pictures, one.path);
         EXPECT_EQ(cost.failure, static_cast<int>(one.failure)) << one.name;
         EXPECT_LT(cost.megabytes, kMegabytes * kLarger) << one.name;
     }

@@ -20,7 +20,7 @@ namespace orv {
 namespace {
 
 /// How a process that is locked up ends when it does this; 0: as if nothing were the matter.
-int endingOf(const std::function<void()>& act, int output) {
+int runToEnd(const std::function<void()>& act, int output) {
     const ::pid_t child = ::fork();
     if (child == 0) {
         const bool isLocked = lockUp(output);
@@ -53,11 +53,11 @@ TEST(ImportJail, TheReaderCanDoNothingButReadAndAnswer) {
              Case{"rename", [&] { ::rename(folder.file("file").c_str(), folder.file("gone").c_str()); }},
              Case{"be looked into", [] { ::prctl(PR_SET_DUMPABLE, 1); }},
          }) {
-        EXPECT_EQ(endingOf(row.act, output), SIGSYS) << row.what;
+        EXPECT_EQ(runToEnd(row.act, output), SIGSYS) << row.what;
     }
-    EXPECT_EQ(folder.bytesOf("file"), "x");
+    EXPECT_EQ(folder.readBytes("file"), "x");
     char byte = 0;
-    EXPECT_EQ(endingOf(
+    EXPECT_EQ(runToEnd(
                   [&] {
                       const std::string much(10'000'000, 'x');
                       static_cast<void>(!::pread(file, &byte, 1, 0));

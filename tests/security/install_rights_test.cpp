@@ -17,8 +17,8 @@ TEST(InstallRights, AreTheSameWhateverTheUmask) {
                                     " && find . -mindepth 1 -printf '%m %P\\n' | sort -k 2 >../" + umask + ".list";
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
-    const std::string list = folder.bytesOf("000.list");
-    EXPECT_EQ(list, folder.bytesOf("077.list"));
+    const std::string list = folder.readBytes("000.list");
+    EXPECT_EQ(list, folder.readBytes("077.list"));
     for (const char* line : {"755 bin/orv_store\n", "755 share/orv/office/C/ORV/BIN/KELT_COS.EXE\n",
                              "755 share/orv/office/C/ORV/SYS\n", "644 share/orv/office/C/ORV/SYS/system.ini\n"}) {
         EXPECT_NE(list.find(line), std::string::npos) << line << list;

@@ -20,8 +20,8 @@ protected:
     }
     ~PlantedLogs() override { ::unsetenv("XDG_STATE_HOME"); }
 
-    fs::perms rightsOf(const fs::path& file) { return fs::status(file).permissions(); }
-    std::string kept() { return state.has("orv") ? codePage.decode(state.bytesOf("orv/260504_err.log")) : ""; }
+    fs::perms readRights(const fs::path& file) { return fs::status(file).permissions(); }
+    std::string kept() { return state.has("orv") ? codePage.decode(state.readBytes("orv/260504_err.log")) : ""; }
 
     TempFolder state;
     const fs::path folder = office.root() + "/C/ORV/LOG/ERR";
@@ -50,19 +50,19 @@ TEST_F(PlantedLogs, NothingButAPlainFileOfOneNameIsWritten) {
         logError("1", what);
         logError("2", what);
         EXPECT_EQ(readFile(owned), kPrivate) << what;
-        EXPECT_EQ(rightsOf(owned), fs::perms{0600}) << what;
+        EXPECT_EQ(readRights(owned), fs::perms{0600}) << what;
         EXPECT_EQ(office.folder.countIn("home"), 1) << what;
         EXPECT_TRUE(kept().ends_with(record("1", what) + record("2", what))) << what << ": " << kept();
         expectShown("LOG00001", {com().LogErrFile(), state.file("orv") + "\\260504_err.log"});
     }
-    EXPECT_EQ(rightsOf(state.path() / "orv"), fs::perms{0700});
+    EXPECT_EQ(readRights(state.path() / "orv"), fs::perms{0700});
 }
 
 TEST_F(PlantedLogs, TheRightsOfALogThatIsThereStayAsTheyAre) {
     writeFile(log, "");
     fs::permissions(log, fs::perms{0620});
     logError("1", "text");
-    EXPECT_EQ(rightsOf(log), fs::perms{0620});
+    EXPECT_EQ(readRights(log), fs::perms{0620});
     EXPECT_EQ(readFile(log).size(), record("1", "text").size());
 }
 
@@ -78,7 +78,7 @@ TEST_F(PlantedLogs, AnotherClerksLogIsWrittenWhereItMayBeAndElseReplaced) {
         EXPECT_EQ(asAnotherUser([] { return PF_WriteLog("ERR", {"", "2", ""}); }), 1);
         EXPECT_EQ(readFile(log), first + ",2,\r\n") << rights;
         EXPECT_EQ(kept(), isWritten ? "" : ",2,\r\n") << rights;
-        EXPECT_EQ(rightsOf(log), fs::perms{rights});
+        EXPECT_EQ(readRights(log), fs::perms{rights});
     }
 }
 

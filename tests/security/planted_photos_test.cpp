@@ -4,7 +4,7 @@
 
 #include "another_user.h"
 #include "core/flow/photo_files.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -114,7 +114,7 @@ TEST_F(PhotoFolders, ALinkAtTheNameOfANewFileLeadsNowhere) {
                            img / (name + std::to_string(number) + ".tmp"));
     }
     files.publish("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg", kStored);
-    EXPECT_EQ(bytesOf(kStored), bytesOf("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
+    EXPECT_EQ(readBytes(kStored), readBytes("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
     EXPECT_EQ(readFile(owned), kPrivate);
     EXPECT_EQ(office.folder.countIn("home"), 1);
 }
@@ -159,7 +159,7 @@ TEST_F(PhotoFolders, ARowCanNotFinishOrDropThePhotoOfAnotherCompany) {
 
 /// Two runs on one computer; an attacker who swaps the folder of a run goes the same way.
 TEST_F(PhotoFolders, WhatIsDoneInTmpDoesNotReachTheWorkingCopy) {
-    const std::string own = bytesOf(kStored);
+    const std::string own = readBytes(kStored);
     startOn(2);
     PosixFiles otherRun(paths);
     otherRun.workIn(com().TmpFolder());
@@ -171,26 +171,27 @@ TEST_F(PhotoFolders, WhatIsDoneInTmpDoesNotReachTheWorkingCopy) {
     writeFile(folder / "TmpImg_1", "the attacker's");
     save();
     expectShown("COS05574", {});
-    EXPECT_EQ(bytesOf(kStored), own);
-    EXPECT_NE(bytesOf("C:\\ORV\\PHOTO.jpg"), own) << "the other run had another photo";
+    EXPECT_EQ(readBytes(kStored), own);
+    EXPECT_NE(readBytes("C:\\ORV\\PHOTO.jpg"), own) << "the other run had another photo";
 }
 
 TEST_F(PhotoFolders, TheNextStartRemovesWhatDeadRunsLeftAndNothingElse) {
     start();
     const fs::path living = fs::path(files.nativePath(kWorking)).parent_path();
-    const auto leaveBehind = [&] {
+    const auto leaveFile = [&] {
         PosixFiles run(paths);
         run.workIn("C:\\ORV\\TMP\\");
         run.copy(kStored, kWorking);
     };
-    leaveBehind();
+    leaveFile();
     fs::create_directories(tmp / ".orv-run-of the clerk/notes");
     EXPECT_EQ(runFolders(), 3);
-    leaveBehind();
+    leaveFile();
     EXPECT_EQ(runFolders(), 3) << "the first has gone";
     EXPECT_TRUE(fs::exists(living / "TmpImg_1") && fs::exists(tmp / ".orv-run-of the clerk/notes"));
     fs::remove_all(living);
-    EXPECT_EQ(failureOf([&] { files.copy(kStored, kWorking); }), 0) << "somebody has cleaned up TMP: a new one is made";
+    EXPECT_EQ(catchFailure([&] { files.copy(kStored, kWorking); }), 0)
+        << "somebody has cleaned up TMP: a new one is made";
 }
 
 TEST_F(PhotoFolders, AnotherUserNeitherReadsNorRemovesAWorkingCopy) {

@@ -8,7 +8,7 @@ namespace orv {
 
 /// The code of the failure of the call; empty without one. `words` becomes its text.
 template <typename Call>
-std::string codeOf(Call call, std::string* words = nullptr) {
+std::string catchCode(Call call, std::string* words = nullptr) {
     try {
         call();
         return "";

@@ -27,13 +27,13 @@ protected:
             all, [](const auto& file) { return file.first == "in" || file.first == "out" || file.first == "err"; });
         return all;
     }
-    std::string codeOfOpening() const {
-        return codeOf([&] { officeStore()(office, StoreAccess::ReadWrite); });
+    std::string catchOpening() const {
+        return catchCode([&] { officeStore()(office, StoreAccess::ReadWrite); });
     }
     void setMode(const std::string& name, ::mode_t mode) const {
         ASSERT_EQ(::chmod(folder.file(name).c_str(), mode), 0) << name;
     }
-    ::mode_t modeOf(const std::string& name) const {
+    ::mode_t readMode(const std::string& name) const {
         struct stat facts {};
         return ::lstat(folder.file(name).c_str(), &facts) == 0 ? facts.st_mode & 07777U : 07777U;
     }
@@ -67,7 +67,7 @@ TEST_F(StoreFiles, AForeignJournalDeletesNothing) {
         writeFile(office, good);
         writeFile(folder.file("office-journal"), forged);
         const auto code = [&] { return json(arguments)["failure"]["code"].get<std::string>(); };
-        EXPECT_EQ(arguments.empty() ? codeOfOpening() : code(), "DBFILE10") << arguments;
+        EXPECT_EQ(arguments.empty() ? catchOpening() : code(), "DBFILE10") << arguments;
         EXPECT_EQ(readFile(folder.file("letter")), "mine") << arguments;
         EXPECT_FALSE(folder.has("copy") || folder.has("other")) << arguments;
     }
@@ -76,12 +76,12 @@ TEST_F(StoreFiles, AForeignJournalDeletesNothing) {
     writeFile(folder.file("office-journal"), own);
     EXPECT_EQ(json("check office")["tables"]["TBL_CUSTOMER_INFO"], 6);
     EXPECT_EQ(readFile(folder.file("office-journal")), own);
-    EXPECT_EQ(codeOfOpening(), "");
+    EXPECT_EQ(catchOpening(), "");
     EXPECT_FALSE(folder.has("office-journal"));
     // A second name of a file of the user's, which the engine would write into.
     for (const std::string name : {"office-journal", "office-wal", "office-shm"}) {
         fs::create_hard_link(folder.file("letter"), folder.file(name));
-        EXPECT_EQ(codeOfOpening(), "DBFILE10") << name;
+        EXPECT_EQ(catchOpening(), "DBFILE10") << name;
         EXPECT_EQ(readFile(folder.file("letter")), "mine") << name;
         fs::remove(folder.file(name));
         runSql(office, "PRAGMA journal_mode = WAL");
@@ -154,7 +154,7 @@ TEST_F(StoreFiles, AreCopiedAsTheyAreAtOneMomentWhileATerminalWrites) {
                 continue;  // the log never rested
             }
             ASSERT_EQ(run.ending, 0) << run.err;
-            EXPECT_EQ(rowsOf(folder.file(name), "SELECT DISTINCT GROUP_NAME - SAVE FROM TBL_CUSTOMER_INFO, LAST"),
+            EXPECT_EQ(readRows(folder.file(name), "SELECT DISTINCT GROUP_NAME - SAVE FROM TBL_CUSTOMER_INFO, LAST"),
                       std::vector<std::string>{"0"})
                 << name;
             fs::remove(folder.file(name));
@@ -185,7 +185,7 @@ TEST_F(StoreFiles, WhatHoldsPasswordsIsNotForEverybody) {
                                                                      {"copy office copy", "copy", 0640},
                                                                      {"import old.mdb home", "home", 0640}}) {
         EXPECT_LT(tool(arguments, "umask 0; ").ending, 2) << arguments;
-        EXPECT_EQ(modeOf(made), mode) << arguments;
+        EXPECT_EQ(readMode(made), mode) << arguments;
     }
 }
 
@@ -194,7 +194,7 @@ TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {
     runSql(other, "CREATE VIEW MINE AS SELECT 1");
     const std::string before = readFile(other);
     fs::create_symlink(other, folder.file("link"));
-    EXPECT_EQ(codeOf([&] { copySqliteRows(office, folder.file("link")); }), "DB14");
+    EXPECT_EQ(catchCode([&] { copySqliteRows(office, folder.file("link")); }), "DB14");
     EXPECT_EQ(readFile(other), before);
     if (!canBeAnotherUser()) {
         GTEST_SKIP() << "no second user here: only root can plant what another user cannot remove";

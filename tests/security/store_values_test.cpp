@@ -42,9 +42,9 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
                   update("', OFFICE_NAME = B.USER_PASSWD from TBL_CUSTOMER_INFO AS B where B.USER_ID = '000004602' --"),
                   "insert into TBL_CUSTOMER_DATE (USER_ID) select USER_PASSWD from TBL_CUSTOMER_INFO",
                   "delete from TBL_LOCK where USER_ID in (select " + other + ")"})) {
-            EXPECT_EQ(codeOf([&] { store->change(sql, {}); }), code) << sql;
+            EXPECT_EQ(catchCode([&] { store->change(sql, {}); }), code) << sql;
         }
-        EXPECT_EQ(codeOf([&] {
+        EXPECT_EQ(catchCode([&] {
                       store->change(update("(select 1) from -- /* $$ \" E\\"), {});
                       store->change("update TBL_LOCK set LOCAL_INFO = $1 where Left(USER_ID, 2) in ('00')", {"select"});
                       store->change("insert into TBL_CUSTOMER_DATE (USER_ID) values ('000004699')", {});
@@ -54,13 +54,13 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
             << "what a literal holds is only text";
     }
     const auto embedded = officeStore()(file, StoreAccess::ReadWrite);
-    EXPECT_EQ(codeOf([&] { embedded->change(update("'||('x' in TBL_CUSTOMER_DATE)||'"), {}); }), "DB23");
+    EXPECT_EQ(catchCode([&] { embedded->change(update("'||('x' in TBL_CUSTOMER_DATE)||'"), {}); }), "DB23");
     // What another engine would take apart in another way.
     const auto store = officeStore()(folder.file("server"), StoreAccess::ReadWrite);
     for (const std::string value : {"'||E'\\'||(select USER_PASSWD from TBL_CUSTOMER_INFO limit 1)||'", "'||$a$'$a$||'",
                                     "'/*'*/||'", "'--'\n||'", "'||query_to_xml('x', true, true, '')||'",
                                     "'||\"query_to_xml\"('x', true, true, '')||'", "'||(table TBL_LOCK)||'"}) {
-        EXPECT_EQ(codeOf([&] { store->change(update(value), {}); }), "DBSQL06") << value;
+        EXPECT_EQ(catchCode([&] { store->change(update(value), {}); }), "DBSQL06") << value;
     }
 }
 
@@ -100,7 +100,7 @@ TEST_F(BothStores, NoAnswerIsEndless) {
     const auto store = sqliteStore({.statement = milliseconds(300), .answer = 40000})(file, StoreAccess::ReadWrite);
     const auto expect = [](StoreConnection& asked, const std::vector<std::pair<std::string, std::string>>& cases) {
         for (const auto& [sql, code] : cases) {
-            EXPECT_EQ(codeOf([&] { asked.select("select " + sql, {}); }), code) << sql;
+            EXPECT_EQ(catchCode([&] { asked.select("select " + sql, {}); }), code) << sql;
         }
     };
     expect(*store, {{"* from ENDLESS", "DB9"},
@@ -109,12 +109,12 @@ TEST_F(BothStores, NoAnswerIsEndless) {
                     {"* from UNSAFE", "DB1"},
                     {"hex(zeroblob(9000000))", "DB18"},
                     {"GROUP_NAME from TBL_CUSTOMER_INFO limit 1", ""}});
-    EXPECT_EQ(codeOf([&] { store->change("update TBL_LOCK set LOCAL_INFO = 'x'", {}); }), "DB9");
+    EXPECT_EQ(catchCode([&] { store->change("update TBL_LOCK set LOCAL_INFO = 'x'", {}); }), "DB9");
 
     const std::string tree = folder.file("tree");
     runSql(tree, "PRAGMA page_size = 512; CREATE TABLE A (X)");
     writeFile(tree, endlessTree(readFile(tree)));
-    EXPECT_EQ(codeOf([&] { sqliteStore({.statement = milliseconds(300)})(tree, StoreAccess::ReadWrite); }), "DB9");
+    EXPECT_EQ(catchCode([&] { sqliteStore({.statement = milliseconds(300)})(tree, StoreAccess::ReadWrite); }), "DB9");
 
     ServerLimits limits;
     limits.patience.bytes = 100000;

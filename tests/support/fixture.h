@@ -144,7 +144,7 @@ protected:
     /// Changes the store without the program.
     void sql(const std::string& text) { runSql(office.store(), text); }
     /// Returns the rows of a select without the program, columns joined with "|".
-    Texts rows(const std::string& select) { return rowsOf(office.store(), select); }
+    Texts rows(const std::string& select) { return readRows(office.store(), select); }
     std::string one(const std::string& select) {
         const Texts found = rows(select);
         return found.size() == 1 ? found.front() : std::to_string(found.size()) + " rows";
@@ -200,7 +200,7 @@ protected:
         EXPECT_TRUE(log().ends_with(record(code, text))) << log();
         EXPECT_EQ(gErrMsg + gErrCode, "");
     }
-    std::string bytesOf(const std::string& path) const { return files.read(path, 1 << 20); }
+    std::string readBytes(const std::string& path) const { return files.read(path, 1 << 20); }
 
     OfficeCopy office;
     Cp932 codePage;

@@ -5,7 +5,7 @@
 #include "adapters/text/cp932.h"
 #include "platform/forms/form_host.h"
 #include "platform/services.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/fake_windows.h"
 
 namespace orv {

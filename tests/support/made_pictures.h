@@ -59,7 +59,7 @@ ByteVector withJpegSize(ByteVector jpeg, int width, int height);
 /// A folder that uses the machine's own paths.
 class PictureFolder : public NativeFiles {
 public:
-    std::string pathOf(const std::string& name) const { return folder_.file(name); }
+    std::string pathTo(const std::string& name) const { return folder_.file(name); }
     std::string keep(const std::string& name, const ByteVector& bytes) const {
         return folder_.write(name, {bytes.begin(), bytes.end()});
     }

@@ -7,7 +7,7 @@ StoreOpener testStore() { return memoryStore(); }
 
 void runSql(const std::string& path, const std::string& sql) { runInMemory(path, sql); }
 
-std::vector<std::string> rowsOf(const std::string& path, const std::string& select) {
+std::vector<std::string> readRows(const std::string& path, const std::string& select) {
     return rowsInMemory(path, select);
 }
 

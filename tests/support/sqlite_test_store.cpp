@@ -19,9 +19,9 @@ int takeRow(void* list, int count, char** values, char**) {
 
 StoreOpener testStore() { return sqliteStore({.busy = std::chrono::minutes(3)}); }
 
-void runSql(const std::string& path, const std::string& sql) { rowsOf(path, sql); }
+void runSql(const std::string& path, const std::string& sql) { readRows(path, sql); }
 
-std::vector<std::string> rowsOf(const std::string& path, const std::string& select) {
+std::vector<std::string> readRows(const std::string& path, const std::string& select) {
     std::vector<std::string> found;
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);

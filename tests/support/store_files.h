@@ -17,7 +17,7 @@ StoreOpener testStore();
 /// Runs `sql` on the file with the engine itself, without the adapter. Creates a missing file.
 void runSql(const std::string& path, const std::string& sql);
 /// Returns the rows of a select, also without the adapter, columns joined with "|".
-std::vector<std::string> rowsOf(const std::string& path, const std::string& select);
+std::vector<std::string> readRows(const std::string& path, const std::string& select);
 
 inline void runSampleFile(const std::string& path, const std::string& name) {
     const std::string sql = readFile(std::filesystem::path(kSampleFolder) / "sql" / name);

@@ -60,7 +60,7 @@ public:
         writeFile(file(place), bytes);
         return file(place);
     }
-    std::string bytesOf(const std::string& place) const { return readFile(file(place)); }
+    std::string readBytes(const std::string& place) const { return readFile(file(place)); }
     bool has(const std::string& place) const { return std::filesystem::exists(path_ / filePath(place)); }
     /// Returns the number of names in a folder, including hidden ones.
     std::ptrdiff_t countIn(const std::string& place) const {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/system/system_adapters.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/temp_folder.h"
 
 namespace orv {

@@ -14,18 +14,18 @@ namespace orv {
 constexpr int kPatience = 180'000;
 
 /// Returns the pane that shows the form.
-inline QWidget* paneOf(const Form& form) {
+inline QWidget* findPane(const Form& form) {
     for (QWidget* pane : QApplication::allWidgets()) {
         if (pane->objectName() == toQt(form.name()) && pane->isVisible()) return pane;
     }
     throw std::runtime_error(form.name() + " is not on the screen");
 }
 
-inline QWidget* windowOf(const Form& form) { return paneOf(form)->window(); }
+inline QWidget* findWindow(const Form& form) { return findPane(form)->window(); }
 
 template <class W = QWidget>
-W* widgetOf(const Control& control) {
-    const QWidget* pane = paneOf(dynamic_cast<const Form&>(control.owner()));
+W* findWidget(const Control& control) {
+    const QWidget* pane = findPane(dynamic_cast<const Form&>(control.owner()));
     if (auto* widget = dynamic_cast<W*>(pane->findChild<QWidget*>(toQt(control.objectName())))) return widget;
     throw std::runtime_error(control.objectName() + " has no such widget");
 }

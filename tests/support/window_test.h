@@ -37,7 +37,7 @@ protected:
 
     /// Clicks as the operator can, which is not before the window is active.
     static void click(const Control& control) {
-        auto* widget = widgetOf(control);
+        auto* widget = findWidget(control);
         widget->window()->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(widget->window(), kPatience));
         QTest::mouseClick(widget, Qt::LeftButton);
@@ -62,7 +62,7 @@ protected:
     }
     static void typeKeys(const std::string& ascii) { QTest::keyClicks(keyboard(), toQt(ascii)); }
     static void pick(const ComboBox& list, const std::string& entry) {
-        auto* box = widgetOf<QComboBox>(list);
+        auto* box = findWidget<QComboBox>(list);
         box->setFocus();
         box->showPopup();
         box->view()->setCurrentIndex(box->model()->index(box->findText(toQt(entry)), 0));

@@ -1,6 +1,6 @@
 #include "transmission/image_upload.h"
 
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/fixture.h"
 
 namespace orv {
@@ -84,7 +84,7 @@ TEST_F(ImageUpload, NamesOfFiles) {
         EXPECT_EQ(PF_StripQuotes(text), bare);
     }
     for (const char* tooShort : {"", " ", "a", "写", "\""}) {
-        EXPECT_EQ(failureOf([&] { PF_StripQuotes(tooShort); }), 5) << tooShort;
+        EXPECT_EQ(catchFailure([&] { PF_StripQuotes(tooShort); }), 5) << tooShort;
     }
     for (const auto& [path, name] :
          {std::pair{"C:\\a\\b.jpg", "b.jpg"}, {"C:b.jpg", "b.jpg"}, {"b.jpg", "b.jpg"}, {"C:\\a\\", ""}}) {

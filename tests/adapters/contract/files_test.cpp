@@ -32,7 +32,7 @@ TEST_F(FilesContract, ReadsUpToTheLimit) {
     for (const char* none : {"C:\\D\\no", "C:\\NO\\a.txt", "C:\\D\\a.txt\\b", ""}) {
         EXPECT_FALSE(files.exists(none) || files.folderExists(none) || files.canOpen(none)) << none;
     }
-    EXPECT_EQ(failureOf([&] { (void)files.read("C:\\D\\a.txt", 4); }), 7);
+    EXPECT_EQ(catchFailure([&] { (void)files.read("C:\\D\\a.txt", 4); }), 7);
     EXPECT_EQ(files.sizeOf("C:\\D\\a.txt"), 5U);
 }
 
@@ -40,9 +40,9 @@ TEST_F(FilesContract, CopiesWholeFiles) {
     const std::string large(300'000, 'x');
     office.write("C/D/large", large);
     files.copy("C:\\D\\large", "C:\\D\\" + std::string(255, 'n'));
-    EXPECT_EQ(office.bytesOf("C/D/" + std::string(255, 'n')), large);
+    EXPECT_EQ(office.readBytes("C/D/" + std::string(255, 'n')), large);
     files.copy("C:\\D\\a.txt", "C:\\D\\B.TXT");
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "alpha");
+    EXPECT_EQ(office.readBytes("C/D/b.txt"), "alpha");
 }
 
 TEST_F(FilesContract, FindsAFileByAnyFormOfItsPath) {
@@ -73,15 +73,15 @@ TEST_F(FilesContract, CopyOfTheSameBytesWritesNothing) {
     EXPECT_EQ(std::filesystem::last_write_time(twin), longAgo);
     office.write("C/D/a.txt", "alphb");
     files.copy("C:\\D\\a.txt", "C:\\D\\twin");
-    EXPECT_EQ(office.bytesOf("C/D/twin"), "alphb");
+    EXPECT_EQ(office.readBytes("C/D/twin"), "alphb");
 }
 
 TEST_F(FilesContract, PutsAWholeFileInPlace) {
     files.publish("C:\\D\\a.txt", "C:\\D\\B.txt");
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "alpha");
+    EXPECT_EQ(office.readBytes("C/D/b.txt"), "alpha");
     const std::string bytes = "gamma";
     files.write("C:\\D\\b.txt", {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), bytes);
+    EXPECT_EQ(office.readBytes("C/D/b.txt"), bytes);
     EXPECT_TRUE(files.same("C:\\D\\b.txt", "C:\\D\\B.TXT") && !files.same("C:\\D\\a.txt", "C:\\D\\b.txt"));
     EXPECT_EQ(office.countIn("C/D"), 2);
 }
@@ -91,7 +91,7 @@ TEST_F(FilesContract, TheNextCopyRemovesTheFilesOfACrashedRunAndNoOthers) {
     office.write("C/D/.orv-notes", "of the clerk");
     files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
     EXPECT_FALSE(office.has("C/D/.orv-1-1.tmp"));
-    EXPECT_EQ(office.bytesOf("C/D/.orv-notes"), "of the clerk");
+    EXPECT_EQ(office.readBytes("C/D/.orv-notes"), "of the clerk");
     EXPECT_EQ(office.countIn("C/D"), 3);
 }
 
@@ -107,7 +107,7 @@ TEST_F(FilesContract, WorkingFilesAreThoseOfOneRun) {
     EXPECT_EQ(files.read(files.systemPath(office.paths().toNative("C:\\T\\x")), 9), "shared");
     files.rename("C:\\T\\x", "C:\\T\\y");
     EXPECT_TRUE(files.exists("C:\\T\\y") && !files.exists("C:\\T\\x") && second.exists("C:\\T\\x"));
-    EXPECT_EQ(office.bytesOf("C/T/x"), "shared");
+    EXPECT_EQ(office.readBytes("C/T/x"), "shared");
     EXPECT_EQ(office.countIn("C/T"), 3);
     {
         SystemFiles ended{office.paths()};
@@ -123,20 +123,20 @@ TEST_F(FilesContract, WorkingFilesAreThoseOfOneRun) {
 TEST_F(FilesContract, AppendsWholeRecordsOrNothing) {
     files.append("C:\\D\\log.txt", "one\r\n");
     files.append("C:\\D\\LOG.txt", "two\r\n");
-    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\ntwo\r\n");
-    EXPECT_EQ(failureOf([&] { files.append("C:\\NO\\log.txt", "x"); }), 76);
+    EXPECT_EQ(office.readBytes("C/D/log.txt"), "one\r\ntwo\r\n");
+    EXPECT_EQ(catchFailure([&] { files.append("C:\\NO\\log.txt", "x"); }), 76);
     EXPECT_FALSE(office.has("C/NO"));
     office.write("C/D/log.txt", "one\r\nhal");
     files.append("C:\\D\\log.txt", "two\r\n");
-    EXPECT_EQ(office.bytesOf("C/D/log.txt"), "one\r\nhal\r\ntwo\r\n") << "after a run that crashed within its record";
+    EXPECT_EQ(office.readBytes("C/D/log.txt"), "one\r\nhal\r\ntwo\r\n") << "after a run that crashed within its record";
 }
 
 TEST_F(FilesContract, RenamesOnlyToAFreeName) {
-    EXPECT_EQ(failureOf([&] { files.rename("C:\\D\\a.txt", "C:\\D\\b.txt"); }), 58);
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "beta");
+    EXPECT_EQ(catchFailure([&] { files.rename("C:\\D\\a.txt", "C:\\D\\b.txt"); }), 58);
+    EXPECT_EQ(office.readBytes("C/D/b.txt"), "beta");
     files.remove("C:\\D\\B.txt");
     files.rename("C:\\D\\A.txt", "C:\\D\\b.txt");
-    EXPECT_EQ(office.bytesOf("C/D/b.txt"), "alpha");
+    EXPECT_EQ(office.readBytes("C/D/b.txt"), "alpha");
     EXPECT_FALSE(office.has("C/D/a.txt"));
 }
 
@@ -145,13 +145,13 @@ TEST_F(FilesContract, EveryFailureHasItsNumber) {
     const std::map<std::string, int> reads{
         {"C:\\D\\no", 53}, {"C:\\NO\\a.txt", 76}, {"C:\\D", 75}, {tooLong, 52}, {"", 52}};
     for (const auto& [path, number] : reads) {
-        EXPECT_EQ(failureOf([&] { (void)files.read(path, 9); }), number) << path;
+        EXPECT_EQ(catchFailure([&] { (void)files.read(path, 9); }), number) << path;
     }
     for (const auto& [to, number] : {std::pair{"C:\\D", 75}, {"C:\\NO\\b.txt", 76}}) {
-        EXPECT_EQ(failureOf([&, target = to] { files.copy("C:\\D\\a.txt", target); }), number) << to;
+        EXPECT_EQ(catchFailure([&, target = to] { files.copy("C:\\D\\a.txt", target); }), number) << to;
     }
-    EXPECT_EQ(failureOf([&] { files.remove("C:\\D\\no"); }), 53);
-    EXPECT_EQ(failureOf([&] { files.rename("C:\\D\\no", "C:\\D\\new"); }), 53);
+    EXPECT_EQ(catchFailure([&] { files.remove("C:\\D\\no"); }), 53);
+    EXPECT_EQ(catchFailure([&] { files.rename("C:\\D\\no", "C:\\D\\new"); }), 53);
     EXPECT_EQ(office.countIn("C/D"), 2);
 }
 

@@ -19,7 +19,7 @@ protected:
     std::string output(const std::string& folder) const {
         using namespace std::chrono_literals;
         for (int tries = 0; tries < 18000 && !office.has(folder + "/out"); ++tries) std::this_thread::sleep_for(10ms);
-        const std::string bytes = office.bytesOf(folder + "/out");
+        const std::string bytes = office.readBytes(folder + "/out");
         std::filesystem::remove(office.file(folder + "/out"));
         return bytes;
     }
@@ -51,7 +51,7 @@ TEST_F(StarterContract, AProgramThatCannotStartIsFailure53) {
     for (const std::string& commandLine :
          {std::string(), std::string("\"\""), std::string("NO.EXE"), std::string("C:\\NO\\A.EXE COS"),
           std::string("NOPROG"), std::string("C:\\"), std::string(100'000, 'x')}) {
-        EXPECT_EQ(failureOf([&] { starter.start(commandLine); }), 53) << commandLine.substr(0, 80);
+        EXPECT_EQ(catchFailure([&] { starter.start(commandLine); }), 53) << commandLine.substr(0, 80);
     }
 }
 

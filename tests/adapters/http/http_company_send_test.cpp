@@ -22,8 +22,8 @@ class HttpCompanySendTest : public testing::Test {
 protected:
     void run(const std::string& sql) const { runSql(storeFile, sql); }
     /// The columns of a table that are sent. The dates but for their key are another program's.
-    std::vector<std::string> columnsOf(const std::string& table) {
-        std::vector<std::string> columns = rowsOf(storeFile, "SELECT name FROM pragma_table_info('" + table + "')");
+    std::vector<std::string> listColumns(const std::string& table) {
+        std::vector<std::string> columns = readRows(storeFile, "SELECT name FROM pragma_table_info('" + table + "')");
         columns.resize(table == "TBL_CUSTOMER_DATE" ? 1 : columns.size());
         return columns;
     }
@@ -78,7 +78,7 @@ TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
     json expected;
     for (const std::string table : kTables) {
         // Every column contains its own name, so that all cells differ.
-        for (const std::string& column : columnsOf(table)) {
+        for (const std::string& column : listColumns(table)) {
             expected[table][column] = column == "USER_ID" ? "000004601" : column;
             run("UPDATE " + table + " SET " + column + " = '" + expected[table][column].get<std::string>() +
                 "' WHERE USER_ID = '000004601'");

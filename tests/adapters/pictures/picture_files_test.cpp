@@ -71,7 +71,7 @@ TEST_F(PictureFilesTest, TurnsAPhotoUprightAsItsExifSays) {
 TEST_F(PictureFilesTest, LaysTransparentPlacesOnWhite) {
     QImage image(1, 1, QImage::Format_ARGB32);
     image.fill(qRgba(0, 0, 0, 128));
-    const std::string path = folder_.pathOf("a.png");
+    const std::string path = folder_.pathTo("a.png");
     ASSERT_TRUE(image.save(QString::fromStdString(path), "png"));
     EXPECT_EQ(pictures_.info(path).bits, 32);
     EXPECT_EQ(pictures_.load(path)->scaled(1, 1).argb, std::vector<std::uint32_t>{0xFF7F7F7FU});
@@ -85,8 +85,8 @@ TEST_F(PictureFilesTest, LetsTheWindowsBePaintedWhileItWorks) {
         setWhileWaiting({});
         return done;
     };
-    ASSERT_TRUE(madeImage(64, 48).save(QString::fromStdString(folder_.pathOf("a.png")), "png"));
-    for (const std::string& path : {folder_.keep("a.jpg", madeJpeg({})), folder_.pathOf("a.png")}) {
+    ASSERT_TRUE(madeImage(64, 48).save(QString::fromStdString(folder_.pathTo("a.png")), "png"));
+    for (const std::string& path : {folder_.keep("a.jpg", madeJpeg({})), folder_.pathTo("a.png")}) {
         std::unique_ptr<Picture> picture;
         EXPECT_TRUE(painted([&] { picture = pictures_.load(path, {8, 6}); })) << path;
         EXPECT_TRUE(painted([&] { picture->size(8, 6); })) << path;

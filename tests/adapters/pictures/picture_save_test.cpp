@@ -7,7 +7,7 @@
 #include "adapters/pixels/picture_failure.h"
 #include "adapters/pixels/quality_map.h"
 #include "adapters/raster/raster_formats.h"
-#include "support/failure_of.h"
+#include "support/catch_failure.h"
 #include "support/made_pictures.h"
 
 namespace orv::test {
@@ -25,9 +25,9 @@ protected:
         picture->save(target(), info.format, info.bits, 2);
         return pictures_.load(target());
     }
-    std::string target() const { return folder_.pathOf("saved"); }
+    std::string target() const { return folder_.pathTo("saved"); }
     std::string keptByQt(const QImage& image, const char* format) const {
-        const std::string path = folder_.pathOf(std::to_string(image.format()) + "." + format);
+        const std::string path = folder_.pathTo(std::to_string(image.format()) + "." + format);
         EXPECT_TRUE(image.save(QString::fromStdString(path), format));
         return path;
     }
@@ -145,7 +145,7 @@ TEST_F(PictureSaveTest, EachSaveTakesThePlaceOfTheOneBefore) {
     }
     EXPECT_GT(sizes[0], sizes[1]);
     EXPECT_EQ(sizes[0], sizes[2]);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {}), 2) << "something is left";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathTo("")), {}), 2) << "something is left";
 }
 
 TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {
@@ -156,7 +156,8 @@ TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {
         EXPECT_EQ(readFile(target()), readFile(path)) << channels;
     }
     const auto picture = pictures_.load(folder_.keep("deep.tif", deepTiff(QImage::Format_RGBA64, 4)));
-    EXPECT_EQ(failureOf([&] { picture->save(target(), kTiff, 64, 2); }), static_cast<int>(PictureFailure::NotWritable));
+    EXPECT_EQ(catchFailure([&] { picture->save(target(), kTiff, 64, 2); }),
+              static_cast<int>(PictureFailure::NotWritable));
 }
 
 TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
@@ -166,11 +167,11 @@ TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
     const auto reduced = pictures_.load(path, {64, 48});
     const std::string standing = folder_.keep("standing", {1, 2, 3});
     const auto invalid = static_cast<int>(Failure::InvalidCall);
-    EXPECT_EQ(failureOf([&] { picture->save(standing, kJpeg, 24, 1); }), invalid);
-    EXPECT_EQ(failureOf([&] { reduced->save(standing, kJpeg, 24, 2); }), invalid);
-    EXPECT_NE(failureOf([&] { picture->save(folder_.pathOf("none/a.jpg"), kJpeg, 24, 2); }), 0);
+    EXPECT_EQ(catchFailure([&] { picture->save(standing, kJpeg, 24, 1); }), invalid);
+    EXPECT_EQ(catchFailure([&] { reduced->save(standing, kJpeg, 24, 2); }), invalid);
+    EXPECT_NE(catchFailure([&] { picture->save(folder_.pathTo("none/a.jpg"), kJpeg, 24, 2); }), 0);
     EXPECT_EQ(std::filesystem::file_size(standing), 3U);
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathOf("")), {}), 2) << "something is left";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathTo("")), {}), 2) << "something is left";
 }
 
 }  // namespace

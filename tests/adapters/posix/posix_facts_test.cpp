@@ -47,7 +47,7 @@ TEST(InstallPaths, FindsTheNativePlace) {
         {"/C/ORV/BIN/new.txt", {"new.txt"}},
         {"/C/ORV/Sys", {"\\ORV\\sys"}},
     };
-    EXPECT_EQ(failureOf([&] { (void)office.paths().toNative(""); }), 52);
+    EXPECT_EQ(catchFailure([&] { (void)office.paths().toNative(""); }), 52);
     for (const auto& [expected, paths] : cases) {
         for (const std::string& path : paths) {
             EXPECT_EQ(office.paths().toNative(path), office.root() + expected) << path;

@@ -26,7 +26,7 @@ protected:
     std::string output() const {
         using namespace std::chrono_literals;
         for (int tries = 0; tries < 18000 && !office.has("out"); ++tries) std::this_thread::sleep_for(10ms);
-        const std::string bytes = office.bytesOf("out");
+        const std::string bytes = office.readBytes("out");
         std::filesystem::remove(office.root() + "/out");
         return bytes;
     }
@@ -57,7 +57,7 @@ TEST_F(PosixStarterTest, WhatCannotRunIsFailure53) {
     const std::string commandLines[] = {"",         "\"\"",    "NO.EXE", "C:\\NO\\A.EXE COS",
                                         "NORIGHTS", "NOSHELL", "C:\\",   std::string(100'000, 'x')};
     for (const auto& commandLine : commandLines) {
-        EXPECT_EQ(failureOf([&] { starter.start(commandLine); }), 53) << commandLine.substr(0, 80);
+        EXPECT_EQ(catchFailure([&] { starter.start(commandLine); }), 53) << commandLine.substr(0, 80);
     }
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
 }

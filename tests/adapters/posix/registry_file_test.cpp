@@ -74,11 +74,11 @@ TEST_F(RegistryFileTest, WritesOneLineAndKeepsAllOthers) {
     };
     EXPECT_EQ(set("Software\\Zentha\\Orv", "installkey", "D:\\店"), 0);
     replace("InstallKey = C:\\ORV \r\n", "installkey=D:\\店\r\n");
-    EXPECT_EQ(office.bytesOf("registry.txt"), expected);
+    EXPECT_EQ(office.readBytes("registry.txt"), expected);
 
     EXPECT_EQ(set("SOFTWARE\\ZENTHA\\ORV", "New", " x "), 0);
     replace("@=default\r\n", "@=default\r\nNew=\" x \"\r\n");
-    EXPECT_EQ(office.bytesOf("registry.txt"), expected);
+    EXPECT_EQ(office.readBytes("registry.txt"), expected);
     EXPECT_EQ(query("SOFTWARE\\ZENTHA\\ORV", "New"), "= x ");
 }
 

@@ -106,7 +106,7 @@ protected:
         ::chmod(office.write("C/ORV/BIN/KELT_ADD.EXE", script).c_str(), 0755);
         socket.start("KELT_ADD.EXE 1,2", calls());
         EXPECT_TRUE(loop.until([&] { return office.has("path"); }));
-        return office.bytesOf("path");
+        return office.readBytes("path");
     }
     SiblingCalls calls() {
         return {.setText =

@@ -86,11 +86,11 @@ TEST_F(EntryTest, AnOpenCompositionIsTakenBeforeAnythingElse) {
     };
     page.name.onKeyDown = [&](int) { seen = page.name.text(); };
     const std::map<std::string, std::function<void()>> ends{
-        {"tab", [&] { QTest::keyClick(widgetOf(page.name), Qt::Key_Tab); }},
-        {"button", [&] { QTest::mouseClick(widgetOf(page.save), Qt::LeftButton); }},
-        {"access key", [&] { pressAccessKey(widgetOf(page.name)); }},
-        {"enter", [&] { QTest::keyClick(widgetOf(page.name), Qt::Key_Return); }},
-        {"close box", [&] { windowOf(page)->close(); }},
+        {"tab", [&] { QTest::keyClick(findWidget(page.name), Qt::Key_Tab); }},
+        {"button", [&] { QTest::mouseClick(findWidget(page.save), Qt::LeftButton); }},
+        {"access key", [&] { pressAccessKey(findWidget(page.name)); }},
+        {"enter", [&] { QTest::keyClick(findWidget(page.name), Qt::Key_Return); }},
+        {"close box", [&] { findWindow(page)->close(); }},
     };
     for (const auto& [end, leave] : ends) {
         SCOPED_TRACE(end);
@@ -99,18 +99,18 @@ TEST_F(EntryTest, AnOpenCompositionIsTakenBeforeAnythingElse) {
         compose(*enter(page.name), "かいしゃｱ");
         leave();
         EXPECT_EQ(seen, "かいしゃ");
-        EXPECT_EQ(lineOf(page.name)->text(), "かいしゃ");
+        EXPECT_EQ(findLine(page.name)->text(), "かいしゃ");
     }
 }
 
 TEST_F(EntryTest, WhatTheSystemSetsIsNotLimited) {
     const std::string longText(40000, 'x');
     page.code.setText(longText);
-    EXPECT_EQ(lineOf(page.code)->text().size(), 40000);
+    EXPECT_EQ(findLine(page.code)->text().size(), 40000);
     byKeys(*enter(page.code), "1");
     EXPECT_EQ(page.code.text(), longText);
     page.secret.setText("abc");
-    EXPECT_EQ(lineOf(page.secret)->displayText(), "***");
+    EXPECT_EQ(findLine(page.secret)->displayText(), "***");
 }
 
 TEST_F(EntryTest, ARefusalIsExplainedUntilTheNextKey) {
@@ -146,8 +146,8 @@ TEST_F(EntryTest, ATipGivesTheLimitAndATextThatIsLongerThanItsField) {
              {&page.kana, longText + "\n全角5文字（10バイト）までです。"},
              {&page.code, "4文字までです。"},
              {&page.year, "1～9999の数を入力してください。"}}) {
-        QHelpEvent pause(QEvent::ToolTip, {}, lineOf(*control)->mapToGlobal(QPoint()));
-        QApplication::sendEvent(lineOf(*control), &pause);
+        QHelpEvent pause(QEvent::ToolTip, {}, findLine(*control)->mapToGlobal(QPoint()));
+        QApplication::sendEvent(findLine(*control), &pause);
         EXPECT_EQ(QToolTip::text().toStdString(), tip);
     }
 }
@@ -195,7 +195,7 @@ TEST_F(EntryTest, InputMethodsAreToldWhereTheyCanCompose) {
         {&page.code, false}, {&page.name, true}, {&page.secret, false}, {&page.year, false}};
     for (const auto& [control, expected] : allowed) {
         QInputMethodQueryEvent query(Qt::ImEnabled);
-        QApplication::sendEvent(widgetOf(*control), &query);
+        QApplication::sendEvent(findWidget(*control), &query);
         EXPECT_EQ(query.value(Qt::ImEnabled).toBool(), expected) << control->name();
     }
 }

@@ -45,14 +45,14 @@ TEST_F(FormPaneTest, ADisabledFormTakesNothing) {
     page.open.setFocus();
     page.setEnabled(false);
     for (const Control* control : {static_cast<const Control*>(&page.save), static_cast<const Control*>(&page.tick)}) {
-        QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                          widgetOf(*control)->geometry().center());
+        QTest::mouseClick(findWindow(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          findWidget(*control)->geometry().center());
     }
-    QTest::keyClicks(lineOf(page.open), "abc");
-    compose(*lineOf(page.open), "", "あ");
-    windowOf(page)->close();
-    pressAccessKey(windowOf(page));
-    QTest::keyClick(windowOf(page), Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClicks(findLine(page.open), "abc");
+    compose(*findLine(page.open), "", "あ");
+    findWindow(page)->close();
+    pressAccessKey(findWindow(page));
+    QTest::keyClick(findWindow(page), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(clicks, 0);
     EXPECT_EQ(refused, 1);
     EXPECT_EQ(page.tick.value(), 0);
@@ -74,10 +74,10 @@ TEST_F(FormPaneTest, AButtonDisabledDuringItsClickKeepsTheFocus) {
         windows.showNotice({.title = "題", .text = "文"});
         page.save.setEnabled(again);
     };
-    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    QTest::mouseClick(findWidget(page.save), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == "btm_Save"; }, kPatience));
     again = false;
-    QTest::keyClick(windowOf(page), Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(findWindow(page), Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return focused() == "txt_Code"; }, kPatience)) << "it can't have it any more";
 }
 
@@ -85,13 +85,13 @@ TEST_F(FormPaneTest, OneWindowShowsOneFormAfterTheOther) {
     SamplePage next("next");
     next.setCaption("次");
     show(page);
-    const QWindow* window = windowOf(page)->windowHandle();
+    const QWindow* window = findWindow(page)->windowHandle();
     forms.show(next);
     [[maybe_unused]] const bool gone = forms.unload(page, UnloadMode::Code);
-    EXPECT_EQ(windowOf(next)->windowHandle(), window);
-    EXPECT_EQ(windowOf(next)->windowTitle(), "次[*]");
+    EXPECT_EQ(findWindow(next)->windowHandle(), window);
+    EXPECT_EQ(findWindow(next)->windowTitle(), "次[*]");
     EXPECT_EQ(focused(), "txt_Code");
-    EXPECT_TRUE(widgetOf(next.code)->hasFocus());
+    EXPECT_TRUE(findWidget(next.code)->hasFocus());
 }
 
 struct PaintSpy : QObject {
@@ -109,8 +109,8 @@ TEST_F(FormPaneTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
     page.save.onClick = [&] { ++clicks; };
     const auto clickIsDue = [&] {
         QTimer::singleShot(0, qApp, [this] {
-            QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                              widgetOf(page.save)->geometry().center());
+            QTest::mouseClick(findWindow(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                              findWidget(page.save)->geometry().center());
         });
     };
     clickIsDue();
@@ -119,8 +119,8 @@ TEST_F(FormPaneTest, InputThatCameWhileTheFormWasDisabledIsDropped) {
 
     page.setEnabled(false);
     clickIsDue();
-    widgetOf(page.save)->update();
-    PaintSpy painted(*widgetOf(page.save));
+    findWidget(page.save)->update();
+    PaintSpy painted(*findWidget(page.save));
     page.setEnabled(true);
     EXPECT_EQ(painted.count, 0) << "an input to it would be dropped as well";
     settle();
@@ -138,7 +138,7 @@ TEST_F(FormPaneTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
     EXPECT_TRUE(page.enabled());
     EXPECT_FALSE(handled);
     settle();
-    QTest::keyClicks(lineOf(page.open), "a");
+    QTest::keyClicks(findLine(page.open), "a");
     EXPECT_EQ(page.open.text(), "a");
 }
 
@@ -171,7 +171,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
         if (withForm) show(page);
         for (const auto& [act, answer] : acts) {
             meanwhile([&](QWidget& box) {
-                EXPECT_EQ(box.parentWidget(), withForm ? windowOf(page) : nullptr);
+                EXPECT_EQ(box.parentWidget(), withForm ? findWindow(page) : nullptr);
                 EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
                 EXPECT_LT(box.findChild<QWidget*>("notice_0")->x(), box.findChild<QWidget*>("notice_1")->x());
                 act(box);
@@ -185,7 +185,7 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
     SamplePage page;
     place(page);
     QTimer::singleShot(0, qApp, [&] {
-        const QPointer<QWidget> pane = paneOf(page);
+        const QPointer<QWidget> pane = findPane(page);
         EXPECT_TRUE(forms.unload(page, UnloadMode::Code));
         settle();
         EXPECT_TRUE(pane.isNull());
@@ -195,7 +195,7 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
 }
 
 /// A full-width character counts as two.
-int widthOf(const QString& line) {
+int measureWidth(const QString& line) {
     int width = 0;
     for (const QChar sign : line) {
         width += sign.unicode() < 0x100 ? 1 : 2;
@@ -214,7 +214,7 @@ TEST(TextLines, BreakAfterClausesThenPhrasesAndInsideAWordAtLast) {
         {"", ""},
     };
     for (const auto& [text, lines] : cases) {
-        EXPECT_EQ(brokenIntoLines(text, 30, widthOf), lines) << text.toStdString();
+        EXPECT_EQ(brokenIntoLines(text, 30, measureWidth), lines) << text.toStdString();
     }
 }
 
@@ -227,7 +227,7 @@ TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
     show(page);
     enter(page.name);
     windows.working("保存しています…");
-    const auto* cover = windowOf(page)->findChild<QWidget*>("work");
+    const auto* cover = findWindow(page)->findChild<QWidget*>("work");
     EXPECT_FALSE(cover->isVisible()) << "a short work is not worth a flicker";
     EXPECT_TRUE(QTest::qWaitFor(
         [&] {
@@ -236,17 +236,17 @@ TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
         },
         60'000));
     EXPECT_EQ(cover->findChild<QLabel*>()->text(), "保存しています…");
-    QTest::mouseClick(windowOf(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                      widgetOf(page.save)->geometry().center());
-    QTest::keyClick(windowOf(page)->windowHandle(), Qt::Key_S, Qt::ControlModifier);
-    windowOf(page)->window()->close();
+    QTest::mouseClick(findWindow(page)->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      findWidget(page.save)->geometry().center());
+    QTest::keyClick(findWindow(page)->windowHandle(), Qt::Key_S, Qt::ControlModifier);
+    findWindow(page)->window()->close();
     QEvent otherWindow(QEvent::ActivationChange);
-    QApplication::sendEvent(windowOf(page)->window(), &otherWindow);
+    QApplication::sendEvent(findWindow(page)->window(), &otherWindow);
     windows.working("");
     settle();
-    EXPECT_EQ(windowOf(page)->findChild<QWidget*>("work"), nullptr);
+    EXPECT_EQ(findWindow(page)->findChild<QWidget*>("work"), nullptr);
     EXPECT_EQ(clicks, 0);
-    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    QTest::mouseClick(findWidget(page.save), Qt::LeftButton);
     EXPECT_GT(clicks, 0);
 }
 
@@ -272,9 +272,9 @@ TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
         windows.showNotice({.title = "題", .text = "文"});
         EXPECT_TRUE(alive);
     };
-    QTest::mouseClick(widgetOf(page.save), Qt::LeftButton);
+    QTest::mouseClick(findWidget(page.save), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !alive; }, kPatience));
-    EXPECT_NE(windowOf(next), nullptr);
+    EXPECT_NE(findWindow(next), nullptr);
 }
 
 }  // namespace

@@ -89,16 +89,16 @@ protected:
     void show(Form& form) {
         place(form);
         forms.show(form);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(windowOf(form), kPatience));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(findWindow(form), kPatience));
     }
 
-    QLineEdit* lineOf(const Control& control) const { return widgetOf<QLineEdit>(control); }
+    QLineEdit* findLine(const Control& control) const { return findWidget<QLineEdit>(control); }
 
     /// Moves the focus to the control as the operator does.
     QLineEdit* enter(const Control& control) const {
-        QTest::mouseClick(widgetOf(control), Qt::LeftButton);
-        EXPECT_TRUE(widgetOf(control)->hasFocus());
-        return lineOf(control);
+        QTest::mouseClick(findWidget(control), Qt::LeftButton);
+        EXPECT_TRUE(findWidget(control)->hasFocus());
+        return findLine(control);
     }
 
     /// Presses the button's access key anywhere on the form. The click is raised when the button is released.

@@ -20,8 +20,8 @@ protected:
         show(page);
     }
 
-    QColor colourOf(const Control& control, QPoint fromRightBottom) const {
-        const QImage image = widgetOf(control)->grab().toImage();
+    QColor colourAt(const Control& control, QPoint fromRightBottom) const {
+        const QImage image = findWidget(control)->grab().toImage();
         return image.pixelColor(image.width() - fromRightBottom.x(), image.height() - fromRightBottom.y());
     }
 
@@ -30,7 +30,7 @@ protected:
 };
 
 TEST_F(ViewsTest, ChoosingRaisesTheChoiceOnce) {
-    auto* box = widgetOf<QComboBox>(page.list);
+    auto* box = findWidget<QComboBox>(page.list);
     enter(page.open);
     box->setFocus();
     QTest::keyClick(box, Qt::Key_Down);
@@ -53,7 +53,7 @@ TEST_F(ViewsTest, ChoosingRaisesTheChoiceOnce) {
 }
 
 TEST_F(ViewsTest, EnterAndTheWheelOpenAndChooseNothing) {
-    auto* box = widgetOf<QComboBox>(page.list);
+    auto* box = findWidget<QComboBox>(page.list);
     box->setFocus();
     int key = 0;
     page.list.onKeyDown = [&](int code) { key = code; };
@@ -72,13 +72,13 @@ TEST_F(ViewsTest, ColoursReachTheScreen) {
             control->setBackColour(Colour{0xddddff});
             control->setEnabled(enabled);
             const QPoint place(control == &page.list ? 60 : 8, 10);
-            EXPECT_EQ(colourOf(*control, place).name(), "#ffdddd") << control->name() << enabled;
+            EXPECT_EQ(colourAt(*control, place).name(), "#ffdddd") << control->name() << enabled;
         }
         control->setEnabled(true);
     }
     page.tick.setForeColour(Colour{0xffffff});
-    EXPECT_EQ(widgetOf(page.tick)->palette().color(QPalette::WindowText), QColor(Qt::white));
-    EXPECT_NE(colourOf(page.panel, {8, 10}), QColor(Qt::white)) << "it can't be entered";
+    EXPECT_EQ(findWidget(page.tick)->palette().color(QPalette::WindowText), QColor(Qt::white));
+    EXPECT_NE(colourAt(page.panel, {8, 10}), QColor(Qt::white)) << "it can't be entered";
 }
 
 TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
@@ -111,7 +111,7 @@ TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
                 }
                 for (const bool enabled : {true, false, true}) {
                     control->setEnabled(enabled);
-                    EXPECT_TRUE(control == &page.photo || contrastOf(*widgetOf(*control)) > 128)
+                    EXPECT_TRUE(control == &page.photo || contrastOf(*findWidget(*control)) > 128)
                         << control->name() << given << desktop.name().toStdString() << enabled;
                 }
             }
@@ -125,22 +125,22 @@ TEST_F(ViewsTest, APictureIsPaintedAtItsDestinationAndCutAndAgainAsItWas) {
     services().pictures = &pictures;
     page.photo.setDstRect({10, 4, 20, 10});
     page.photo.setDstClipRect({10, 4, 15, 10});
-    const QColor empty = widgetOf(page.photo)->grab().toImage().pixelColor(20, 10);
+    const QColor empty = findWidget(page.photo)->grab().toImage().pixelColor(20, 10);
     page.photo.load("a.jpg");
-    const QImage image = widgetOf(page.photo)->grab().toImage();
+    const QImage image = findWidget(page.photo)->grab().toImage();
     EXPECT_EQ(image.pixelColor(12, 8), QColor(Qt::red));
     EXPECT_EQ(image.pixelColor(23, 8), QColor(Qt::blue));
     EXPECT_EQ(image.pixelColor(27, 8), empty);
     const std::vector<std::uint32_t> inItsPlace(200, 0xff00ff00U);
-    EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), image) << inItsPlace.size() << " pixels later";
+    EXPECT_EQ(findWidget(page.photo)->grab().toImage(), image) << inItsPlace.size() << " pixels later";
     page.photo.setBackErase(false);
-    EXPECT_EQ(widgetOf(page.photo)->grab().toImage(), image);
+    EXPECT_EQ(findWidget(page.photo)->grab().toImage(), image);
     page.photo.setDstRect({0, 0, 300, 20});
     page.photo.setDstClipRect({0, 0, 120, 20});
     for (const auto& [scrolls, shown] : {std::pair{false, Qt::red}, {true, Qt::blue}}) {
         page.photo.setAutoScroll(scrolls);
         page.photo.scrollBy(1000, 1000);
-        EXPECT_EQ(widgetOf(page.photo)->grab().toImage().pixelColor(38, 10), QColor(shown));
+        EXPECT_EQ(findWidget(page.photo)->grab().toImage().pixelColor(38, 10), QColor(shown));
     }
 }
 
@@ -152,11 +152,11 @@ TEST_F(ViewsTest, AFileIsDroppedOnAPictureThatTakesOne) {
         data.setUrls(urls);
         QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
         enter.setDropAction(Qt::MoveAction);
-        QApplication::sendEvent(widgetOf(page.photo), &enter);
+        QApplication::sendEvent(findWidget(page.photo), &enter);
         QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         if (enter.isAccepted()) {
             EXPECT_EQ(enter.dropAction(), Qt::CopyAction) << "the source keeps its file";
-            QApplication::sendEvent(widgetOf(page.photo), &event);
+            QApplication::sendEvent(findWidget(page.photo), &event);
         }
         EXPECT_EQ(dropped, "") << "the other program must not wait for it";
         settle();

@@ -34,7 +34,7 @@ public:
 class TableMessagesTest : public testing::Test {
 protected:
     TableMessagesTest() { writeFile(path_, "; leer\r\n"); }
-    std::string textOf(const std::string& id, const Values& args) {
+    std::string readText(const std::string& id, const Values& args) {
         EXPECT_TRUE(messages_.ShowMessage(id, args)) << id;
         return windows_.shown.text;
     }
@@ -51,9 +51,9 @@ protected:
 };
 
 TEST_F(TableMessagesTest, PutsTheValuesInTheirPlaces) {
-    EXPECT_EQ(textOf("CHECK003", {"新しいパスワード", 5, 10}),
+    EXPECT_EQ(readText("CHECK003", {"新しいパスワード", 5, 10}),
               "新しいパスワードは、半角で5文字以上10文字以内で入力してください。");
-    EXPECT_EQ(textOf("COS63212", {"甲\r\n乙"}),
+    EXPECT_EQ(readText("COS63212", {"甲\r\n乙"}),
               "甲\n乙\n\n「はい」を押すと、このままの内容で続けます。\n「いいえ」を押すと、入力に戻ります。");
 }
 
@@ -80,17 +80,17 @@ TEST_F(TableMessagesTest, AnswersOneForTheButtonThatKeepsThings) {
 TEST_F(TableMessagesTest, ReadsTheTableAtTheFirstMessageOnly) {
     writeFile(path_,
               page_.encode("COS05574,WARN,OK,できました,本当に\r\nquatsch\r\n\r\nNEW00001,ASK,YESNO,%1？\r\n!\r\n"));
-    EXPECT_EQ(textOf("COS05574", {}), "できました,本当に");
+    EXPECT_EQ(readText("COS05574", {}), "できました,本当に");
     EXPECT_EQ(windows_.shown.kind, Notice::Kind::Warning);
     writeFile(path_, "");
-    EXPECT_EQ(textOf("NEW00001", {"何"}), "何？");
+    EXPECT_EQ(readText("NEW00001", {"何"}), "何？");
     EXPECT_EQ(logged_, std::vector<std::string>{"MSGTBL01 メッセージテーブルに読めない行が2行あります。" + path_ +
                                                 " の2行目から"});
 }
 
 TEST_F(TableMessagesTest, SpeaksWithoutATable) {
     path_ = folder_.file("none");
-    EXPECT_EQ(textOf("COS05574", {}), MessageTable().messages().at("COS05574").text);
+    EXPECT_EQ(readText("COS05574", {}), MessageTable().messages().at("COS05574").text);
     ASSERT_EQ(logged_.size(), 1U);
     EXPECT_TRUE(logged_.front().starts_with("53 ")) << logged_.front();
 }
@@ -104,14 +104,14 @@ TEST_F(TableMessagesTest, FailsOnlyWhenNoWindowCanBeShown) {
 
 TEST_F(TableMessagesTest, TakesAnyValueAndKeepsItOnTheScreen) {
     const auto shown = [this](Value value) {
-        return textOf("CHECK001", {std::move(value)}).substr(std::string("入力内容を確認してください。\n\n").size());
+        return readText("CHECK001", {std::move(value)}).substr(std::string("入力内容を確認してください。\n\n").size());
     };
     EXPECT_EQ(shown("a\r\nb\rc\nd\te\x01"), "a\nb\nc\nd e");
     EXPECT_EQ(shown("\xFFx"), "\uFFFDx");
-    EXPECT_EQ(textOf("CHECK001", {Value{}}), "入力内容を確認してください。");
+    EXPECT_EQ(readText("CHECK001", {Value{}}), "入力内容を確認してください。");
 
     EXPECT_EQ(shown(std::string(802, 'x')), std::string(800, 'x') + "…");
-    const std::string cut = textOf("COS63212", {std::string(100, '\n') + "x"});
+    const std::string cut = readText("COS63212", {std::string(100, '\n') + "x"});
     EXPECT_LE(std::ranges::count(cut, '\n'), 20);
     EXPECT_TRUE(cut.ends_with("入力に戻ります。"));
 }

@@ -12,7 +12,7 @@
 namespace orv {
 namespace {
 
-HWND windowOf(std::uint32_t handle) {
+HWND findWindow(std::uint32_t handle) {
     return reinterpret_cast<HWND>(static_cast<std::intptr_t>(static_cast<std::int32_t>(handle)));
 }
 
@@ -49,11 +49,12 @@ protected:
 TEST_F(ControlWindowsTest, TextsAndKeysReachTheControls) {
     const std::string bytes = Cp932().encode("港区ｱ");
     whileAnotherProgram([&] {
-        EXPECT_EQ(::SendMessageW(windowOf(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"東京都 港区")), TRUE);
-        if (::GetACP() == 932) ::SendMessageA(windowOf(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(bytes.c_str()));
-        ::SendMessageW(windowOf(field), WM_SETTEXT, 0, 0);
-        ::SendMessageW(windowOf(button), WM_KEYDOWN, VK_RETURN, 0);
-        ::PostMessageW(windowOf(button), WM_KEYDOWN, VK_SPACE, 0);
+        EXPECT_EQ(::SendMessageW(findWindow(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"東京都 港区")), TRUE);
+        if (::GetACP() == 932)
+            ::SendMessageA(findWindow(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(bytes.c_str()));
+        ::SendMessageW(findWindow(field), WM_SETTEXT, 0, 0);
+        ::SendMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
+        ::PostMessageW(findWindow(button), WM_KEYDOWN, VK_SPACE, 0);
     });
     EXPECT_EQ(happened, std::string("T[東京都 港区]") + (::GetACP() == 932 ? "T[港区ｱ]" : "") + "T[]K13K32");
 }
@@ -62,9 +63,9 @@ TEST_F(ControlWindowsTest, AReleasedControlOrAnEndedSearchReceivesNothing) {
     controls.release(field);
     controls.onKey = nullptr;
     whileAnotherProgram([&] {
-        EXPECT_EQ(::IsWindow(windowOf(field)), FALSE);
-        EXPECT_EQ(::SendMessageW(windowOf(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"x")), 0);
-        ::SendMessageW(windowOf(button), WM_KEYDOWN, VK_RETURN, 0);
+        EXPECT_EQ(::IsWindow(findWindow(field)), FALSE);
+        EXPECT_EQ(::SendMessageW(findWindow(field), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"x")), 0);
+        ::SendMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
     });
     EXPECT_EQ(happened, "");
 }
@@ -91,12 +92,12 @@ TEST_F(ControlWindowsTest, TheLastMessageOfAProgramThatHasEndedCounts) {
                                                 return true;
                                             },
                                         .gone = [this] { happened += "gone"; }});
-        if (finished) ::PostMessageW(windowOf(button), WM_KEYDOWN, VK_RETURN, 0);
+        if (finished) ::PostMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
         ended();
-        ::SendMessageW(windowOf(button), WM_KEYDOWN, VK_RETURN, 0);
+        ::SendMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
         EXPECT_EQ(happened, finished ? "K13" : "gone");
     }
-    EXPECT_EQ(failureOf([&] { desk.start("NO.EXE", {}); }), 53);
+    EXPECT_EQ(catchFailure([&] { desk.start("NO.EXE", {}); }), 53);
 }
 
 }  // namespace

@@ -39,13 +39,13 @@ TEST_F(Win32FilesTest, WaitsForAProgramThatHoldsAFileButNotForLong) {
             scanner = Win32Handle();
         });
         files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
-        EXPECT_EQ(office.bytesOf("C/D/b.txt"), office.bytesOf("C/D/a.txt")) << place;
+        EXPECT_EQ(office.readBytes("C/D/b.txt"), office.readBytes("C/D/a.txt")) << place;
         office.write("C/D/a.txt", "gamma");
     }
     const Win32Handle scanner = held("C/D/b.txt");
-    const int refused = failureOf([&] { files.publish("C:\\D\\a.txt", "C:\\D\\b.txt"); });
+    const int refused = catchFailure([&] { files.publish("C:\\D\\a.txt", "C:\\D\\b.txt"); });
     EXPECT_TRUE(refused == 70 || refused == 75) << refused;
-    EXPECT_EQ(failureOf([&] { (void)files.read("C:\\D\\b.txt", 9); }), 70);
+    EXPECT_EQ(catchFailure([&] { (void)files.read("C:\\D\\b.txt", 9); }), 70);
     EXPECT_EQ(office.countIn("C/D"), 2) << "nothing is left next to it";
 }
 
@@ -60,7 +60,7 @@ TEST_F(Win32FilesTest, AFileThatALivingRunWritesIsNotALeftover) {
 TEST_F(Win32FilesTest, NamesThatTheSystemWouldReinterpret) {
     for (const char* path : {"C:\\D\\a.txt:stream", "C:\\D\\a.txt::$DATA"}) {
         EXPECT_FALSE(files.exists(path)) << path;
-        EXPECT_EQ(failureOf([&] { (void)files.read(path, 9); }), 52) << path;
+        EXPECT_EQ(catchFailure([&] { (void)files.read(path, 9); }), 52) << path;
     }
     for (const char* path : {"C:\\D\\NUL", "C:\\D\\CON", "NUL", "C:\\D\\a.txt."})
         EXPECT_FALSE(files.exists(path)) << path;
@@ -75,10 +75,10 @@ TEST_F(Win32FilesTest, APhotoOrLogWithASecondNameIsRefused) {
     ASSERT_NE(
         ::CreateHardLinkW(toWide(office.file("C/D/twin")).c_str(), toWide(office.file("C/D/a.txt")).c_str(), nullptr),
         0);
-    EXPECT_EQ(failureOf([&] { (void)files.open("C:\\D\\a.txt"); }), 75);
-    EXPECT_EQ(failureOf([&] { files.append("C:\\D\\twin", "x"); }), 75);
+    EXPECT_EQ(catchFailure([&] { (void)files.open("C:\\D\\a.txt"); }), 75);
+    EXPECT_EQ(catchFailure([&] { files.append("C:\\D\\twin", "x"); }), 75);
     files.copy("C:\\D\\b.txt", "C:\\D\\twin");
-    EXPECT_EQ(office.bytesOf("C/D/a.txt"), "alpha") << "a copy replaces the name and not the content";
+    EXPECT_EQ(office.readBytes("C/D/a.txt"), "alpha") << "a copy replaces the name and not the content";
 }
 
 TEST_F(Win32FilesTest, OnRealDrivesAFileThatTheOperatorChoosesIsNotAWorkingFile) {

@@ -119,7 +119,7 @@ TEST_F(Load, PhotosGetWorkingCopies) {
     load();
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "C:\\ORV\\TMP\\TmpImg_1");
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE2, "C:\\ORV\\TMP\\TmpImg_2");
-    EXPECT_EQ(bytesOf(tCustomerInfo.PHOTO_FILE2), bytesOf("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
+    EXPECT_EQ(readBytes(tCustomerInfo.PHOTO_FILE2), readBytes("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg"));
     files.remove("C:\\ORV\\IMG\\1\\000004601COS00000000_01.jpg");
     load();
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, "") << "the stored file is gone";

@@ -23,7 +23,7 @@ protected:
         server.id = "000004700";
     }
     /// Returns the number of rows of the company in each table.
-    std::string rowsOf(const std::string& userId) {
+    std::string readRows(const std::string& userId) {
         std::string counts;
         for (const std::string table : kTables) {
             counts += one("select count(*) from " + table + " where USER_ID = '" + userId + "'");
@@ -34,14 +34,14 @@ protected:
 
 TEST_F(NewCompany, IsInsertedSentNumberedAndMoved) {
     server.meanwhile = [&] {
-        EXPECT_EQ(rowsOf(kMarker), "111");
+        EXPECT_EQ(readRows(kMarker), "111");
         EXPECT_EQ(info("PWD_CHG_FLG || '|' || UPDATE_DATE || '|' || INSERT_DATE", kMarker), "2||20260504 09:08:07");
         EXPECT_EQ(info("SERVICE_FLG", kMarker), std::string(50, '0')) << "whatever the record holds";
     };
     save();
     expectShown("COS05574", {});
     EXPECT_EQ(server.sent, Texts{kMarker});
-    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "000111");
+    EXPECT_EQ(readRows(kMarker) + readRows("000004700"), "000111");
     EXPECT_EQ(info("PWD_CHG_FLG || '|' || UPDATE_DATE", "000004700"), "1|20260504 09:08:07");
     EXPECT_EQ(tCustomerInfo.USER_ID, "000004700");
     EXPECT_EQ(form().cbo_User_Id.text() + form().lbl_UserId.caption(), "000004700000004700");
@@ -55,7 +55,7 @@ TEST_F(NewCompany, IsInsertedSentNumberedAndMoved) {
     server.meanwhile = {};
     save();
     EXPECT_EQ(info("COMPANY_NAME", "000004700"), "次の変更");
-    EXPECT_EQ(rowsOf("000004700"), "111");
+    EXPECT_EQ(readRows("000004700"), "111");
 }
 
 TEST_F(NewCompany, AnAnswerOfAnotherLengthIsPassedOver) {
@@ -63,7 +63,7 @@ TEST_F(NewCompany, AnAnswerOfAnotherLengthIsPassedOver) {
         server.id = id;
         save();
         expectShown("COS05574", {});
-        EXPECT_EQ(rowsOf(kMarker), "111") << id;
+        EXPECT_EQ(readRows(kMarker), "111") << id;
         EXPECT_EQ(form().cbo_User_Id.text(), kMarker);
         EXPECT_EQ(locks(), Texts{"--------- DESK01"});
         EXPECT_TRUE(gSaved);
@@ -76,7 +76,7 @@ TEST_F(NewCompany, AFailedSendLeavesOneRowInEachTableHoweverOftenItIsTried) {
     save();
     save();
     EXPECT_EQ(shownIds(), (Texts{"COSERR01", "COSERR01"}));
-    EXPECT_EQ(rowsOf(kMarker), "111");
+    EXPECT_EQ(readRows(kMarker), "111");
     EXPECT_EQ(info("PWD_CHG_FLG", kMarker), "2");
     EXPECT_EQ(form().cbo_User_Id.text(), kMarker);
     int markers = 0;
@@ -86,7 +86,7 @@ TEST_F(NewCompany, AFailedSendLeavesOneRowInEachTableHoweverOftenItIsTried) {
     EXPECT_EQ(markers, 1);
     server.takes = true;
     save();
-    EXPECT_EQ(rowsOf(kMarker) + rowsOf("000004700"), "000111");
+    EXPECT_EQ(readRows(kMarker) + readRows("000004700"), "000111");
 }
 
 TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
@@ -101,7 +101,7 @@ TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
     choose("000004700");
     save();
     EXPECT_EQ(messages.shown.back().id, "COS05574");
-    EXPECT_EQ(rowsOf("000004700"), "111");
+    EXPECT_EQ(readRows("000004700"), "111");
 }
 
 TEST_F(NewCompany, ANumberThatTheStoreKnowsLeavesItOnItsMarker) {
@@ -112,7 +112,7 @@ TEST_F(NewCompany, ANumberThatTheStoreKnowsLeavesItOnItsMarker) {
         EXPECT_EQ(shownIds(), (Texts{"COS05574", "COSERR01"}));
         EXPECT_EQ(messages.shown.back().args.at(0), Value("SAVE0002"));
         EXPECT_NE(toText(messages.shown.back().args.at(1)).find(taken), std::string::npos);
-        EXPECT_EQ(rowsOf(kMarker) + info("PWD_CHG_FLG", kMarker), "1112");
+        EXPECT_EQ(readRows(kMarker) + info("PWD_CHG_FLG", kMarker), "1112");
         EXPECT_EQ(form().cbo_User_Id.text() + form().txt_Company_Name.text(), "---------あおぞら架空不動産㈱");
         EXPECT_EQ(locks(), Texts{"--------- DESK01"});
         messages.shown.clear();
@@ -120,7 +120,7 @@ TEST_F(NewCompany, ANumberThatTheStoreKnowsLeavesItOnItsMarker) {
     EXPECT_EQ(info("COMPANY_NAME", "000004602"), "㈲さくら見本管理");
     server.id = "000004700";
     save();
-    EXPECT_EQ(rowsOf("000004700") + form().cbo_User_Id.text(), "111000004700");
+    EXPECT_EQ(readRows("000004700") + form().cbo_User_Id.text(), "111000004700");
 }
 
 TEST_F(NewCompany, TheSavesOwnFailureIsReportedThoughTheSwitchToTheNumberFailsToo) {
@@ -137,7 +137,7 @@ TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
     // The second write's transaction is committed although its answer is lost.
     store.fail(Call::Execute, "UPDATE TBL_CUSTOMER_DATE");
     save();
-    ASSERT_EQ(rowsOf(kMarker), "111");
+    ASSERT_EQ(readRows(kMarker), "111");
     renumber(kMarker, "000004700");
     messages.shown.clear();
     store.fail(Call::Select, "SELECT COUNT(*)     FROM TBL_CUSTOMER_INFO");
@@ -148,7 +148,7 @@ TEST_F(NewCompany, ASecondWriteThatWasDoneThoughItFailedMakesNoSecondCompany) {
     choose("000004700");
     save();
     EXPECT_EQ(messages.shown.back().id, "COS05574");
-    EXPECT_EQ(rowsOf("000004700") + rowsOf(kMarker), "111000");
+    EXPECT_EQ(readRows("000004700") + readRows(kMarker), "111000");
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ protected:
     }
     TextInput& path(std::size_t slot) { return page<frm_CompInp2>().txt_PhotoFilePath[slot]; }
     std::string columns() { return add("PHOTO_FILE1 || '|' || PHOTO_FILE2"); }
-    unsigned rightsOf(const std::string& file) {
+    unsigned readRights(const std::string& file) {
         return static_cast<unsigned>(std::filesystem::status(files.nativePath(file)).permissions());
     }
     std::size_t filesIn(const std::string& folder) {
@@ -37,18 +37,18 @@ TEST_F(SavePhotos, AChosenPhotoTakesThePlaceOfTheStoredOne) {
     tCustomerInfo.SEND_FLAG = true;
     server.takes = false;
     save();
-    EXPECT_EQ(bytesOf(kStored1), "new photo");
+    EXPECT_EQ(readBytes(kStored1), "new photo");
     EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE1, kWorking1);
-    EXPECT_EQ(bytesOf(kWorking1), "new photo");
-    EXPECT_EQ(rightsOf(kStored1), 0644U) << "as the folder has them";
-    EXPECT_EQ(rightsOf(kWorking1), 0600U);
+    EXPECT_EQ(readBytes(kWorking1), "new photo");
+    EXPECT_EQ(readRights(kStored1), 0644U) << "as the folder has them";
+    EXPECT_EQ(readRights(kWorking1), 0600U);
     EXPECT_EQ(add("SEND_FLAG"), "1") << "until it has been sent";
     server.takes = true;
     save();
     EXPECT_EQ(add("SEND_FLAG"), "0");
     EXPECT_EQ(filesIn("C:\\ORV\\IMG\\1"), 2u) << "this company's and another's; nothing else";
-    EXPECT_EQ(bytesOf(kChosen), "new photo");
+    EXPECT_EQ(readBytes(kChosen), "new photo");
 }
 
 TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
@@ -59,7 +59,7 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
 }
 
 TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
-    const std::string before = bytesOf(kStored1);
+    const std::string before = readBytes(kStored1);
     files.refuse(kStored1, Failure::PermissionDenied);
     save();
     expectShown("COS05574", {});  // an unchanged photo is not written
@@ -71,18 +71,18 @@ TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
         files.refuse(refused, Failure::PermissionDenied);
         save();
         expectReported("70", text);
-        EXPECT_EQ(bytesOf(kStored1), before);
+        EXPECT_EQ(readBytes(kStored1), before);
         EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, std::string(kChosen) + kWorking2);
         files.allowAll();
         EXPECT_FALSE(files.exists(std::string(kStored1) + ".new")) << "nothing remains next to it";
     }
     save();
-    EXPECT_EQ(bytesOf(kStored1), "new photo");
+    EXPECT_EQ(readBytes(kStored1), "new photo");
 }
 
 /// The test's files keep the run's folder open, so that moving TMP away changes nothing.
 TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
-    const std::string photo = bytesOf(kStored1);
+    const std::string photo = readBytes(kStored1);
     for (const std::string stored : {kStored1, kStored2}) {
         // An unchanged photo is neither deleted nor copied.
         files.refuse(stored, Failure::PermissionDenied);
@@ -119,7 +119,7 @@ TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
             save();
             EXPECT_EQ(messages.shown.back().id, "COS05574");
             EXPECT_EQ(columns(), "000004601COS00000000_01.jpg|000004601COS00000000_02.jpg");
-            EXPECT_EQ(bytesOf(tCustomerInfo.PHOTO_FILE1), photo);
+            EXPECT_EQ(readBytes(tCustomerInfo.PHOTO_FILE1), photo);
         }
     }
 }

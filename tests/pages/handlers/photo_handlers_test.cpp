@@ -24,7 +24,7 @@ protected:
     }
     void expectSlotAsItWas() {
         EXPECT_EQ(form.txt_PhotoFilePath[0].text(), kSlotFiles[0]);
-        EXPECT_EQ(bytesOf(kSlotFiles[0]), slotBytes) << "the working copy";
+        EXPECT_EQ(readBytes(kSlotFiles[0]), slotBytes) << "the working copy";
         EXPECT_FALSE(tCustomerInfo.SEND_FLAG);
     }
     void expectReady() {
@@ -36,7 +36,7 @@ protected:
     }
 
     frm_CompInp2& form;
-    std::string slotBytes = bytesOf(kSlotFiles[0]);
+    std::string slotBytes = readBytes(kSlotFiles[0]);
 };
 
 TEST_F(PhotoSlotsTest, APictureInsideTheLimitsGoesIn) {
@@ -46,7 +46,7 @@ TEST_F(PhotoSlotsTest, APictureInsideTheLimitsGoesIn) {
         form.txt_PhotoFilePath[slot].setText("");
         pictures.script.loaded.clear();
         slot == 0 ? select(slot) : drop(slot, source);
-        EXPECT_EQ(bytesOf(kSlotFiles[slot]), "a picture");
+        EXPECT_EQ(readBytes(kSlotFiles[slot]), "a picture");
         EXPECT_EQ(form.txt_PhotoFilePath[slot].text(), kSlotFiles[slot]);
         EXPECT_TRUE(tCustomerInfo.SEND_FLAG);
         EXPECT_EQ(form.activeControl(), focused) << "not on the button, which had not the focus";
@@ -90,7 +90,7 @@ TEST_F(PhotoSlotsTest, WhileAPictureIsFittedThePageTakesNothing) {
     select();
     EXPECT_EQ(windows.repaints, 8);
     EXPECT_EQ(windows.questions.size(), 1U);
-    EXPECT_EQ(bytesOf(kSlotFiles[0]), "factor 85");
+    EXPECT_EQ(readBytes(kSlotFiles[0]), "factor 85");
     EXPECT_EQ(form.activeControl(), &form.btm_PhotoSelect[0]);
     expectReady();
 }

@@ -5,7 +5,7 @@
 namespace orv {
 namespace {
 
-std::string textOf(const Control& control) {
+std::string readText(const Control& control) {
     return control.kind() == ControlKind::Label ? dynamic_cast<const Label&>(control).caption()
                                                 : dynamic_cast<const TextInput&>(control).text();
 }
@@ -70,7 +70,7 @@ protected:
     }
     Texts texts() {
         Texts all;
-        for (const Control* control : filled()) all.push_back(textOf(*control));
+        for (const Control* control : filled()) all.push_back(readText(*control));
         return all;
     }
     void answerAll() {

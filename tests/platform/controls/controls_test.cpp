@@ -118,9 +118,9 @@ TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
     list.addItem("賃貸");
     list.setListIndex(0);
     list.onClick = count;
-    EXPECT_EQ(failureOf([&] { list.setText("売買"); }), kNotInList);
-    EXPECT_EQ(failureOf([&] { list.setListIndex(1); }), kInvalidValue);
-    EXPECT_EQ(failureOf([&] { list.setListIndex(-2); }), kInvalidValue);
+    EXPECT_EQ(catchFailure([&] { list.setText("売買"); }), kNotInList);
+    EXPECT_EQ(catchFailure([&] { list.setListIndex(1); }), kInvalidValue);
+    EXPECT_EQ(catchFailure([&] { list.setListIndex(-2); }), kInvalidValue);
     EXPECT_EQ(list.listIndex(), 0);
     EXPECT_EQ(list.list(1), "") << "one past the end is read by the page fill";
     EXPECT_EQ(raised, 0);

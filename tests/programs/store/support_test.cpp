@@ -27,7 +27,7 @@ protected:
         runSampleFile(folder.file("srv/C/ORV/MDB/TRANSMIT.MDB"), "transmit.sql");
         folder.write("srv/registry.txt", readFile(std::filesystem::path(kSampleFolder) / "registry.txt") +
                                              "ProxyServer=clerk:s3cret18@proxy.example:8080\n");
-        folder.write("srv/C/ORV/SYS/system.ini", folder.bytesOf("srv/C/ORV/SYS/system.ini") + kSettings);
+        folder.write("srv/C/ORV/SYS/system.ini", folder.readBytes("srv/C/ORV/SYS/system.ini") + kSettings);
         folder.write("srv/C/ORV/LOG/ERR/261125_err.log", Cp932().encode(kLog));
         folder.write("srv/C/ORV/BIN/KELT_COS.EXE", std::string("\x7f"
                                                                "ELF ORV_VERSION=9.8.7\0 4",
@@ -56,10 +56,10 @@ protected:
 /// Returns the values of a table, except those too short to be recognised.
 std::vector<std::string> valuesIn(const std::string& path, const std::string& table) {
     std::vector<std::string> all;
-    for (const std::string& column : rowsOf(path, "SELECT name FROM pragma_table_info('" + table + "')")) {
+    for (const std::string& column : readRows(path, "SELECT name FROM pragma_table_info('" + table + "')")) {
         const std::string select = "SELECT DISTINCT " + column + " FROM " + table + " WHERE length(hex(" + column +
                                    ")) >= 12 AND '" + column + "' NOT LIKE 'USER%ID'";
-        for (const std::string& value : rowsOf(path, select)) all.push_back(value);
+        for (const std::string& value : readRows(path, select)) all.push_back(value);
     }
     return all;
 }

@@ -33,7 +33,7 @@ std::string question(const std::string& association, std::size_t council) {
 }
 
 /// 中国 and 四国, the seventh and the eighth, focus each other's box.
-std::size_t elementOf(std::size_t council) { return council == 7 ? 7 : council == 8 ? 6 : council - 1; }
+std::size_t findElement(std::size_t council) { return council == 7 ? 7 : council == 8 ? 6 : council - 1; }
 
 class AssociationRules : public RulesTest {
 protected:
@@ -51,7 +51,7 @@ protected:
         tCustomerInfo.KOUTORI_FLG[council - 1] = '0';
         EXPECT_FALSE(check({1}));
         EXPECT_EQ(questions(), std::vector{question(association, council)});
-        expectRefused(page<frm_CompInp1>().chk_Koutori[elementOf(council)], "公正取引協議会");
+        expectRefused(page<frm_CompInp1>().chk_Koutori[findElement(council)], "公正取引協議会");
         EXPECT_TRUE(check({0}));
         EXPECT_EQ(questions(), std::vector{question(association, council)});
         EXPECT_EQ(out.text, question(association, council)) << "the text remains";

@@ -150,7 +150,7 @@ void PrintTo(const Family& family, std::ostream* out) { *out << family.name; }
 
 class RefusedSave : public SystemTest, public testing::WithParamInterface<Family> {
 protected:
-    std::string textOf(const Broken& broken) {
+    std::string readText(const Broken& broken) {
         if (!broken.text.empty()) return broken.text;
         for (const auto check :
              {&StringCheck::CheckTextFirst, &StringCheck::CheckTextSecond, &StringCheck::CheckTelNumber}) {
@@ -165,7 +165,7 @@ protected:
         messages.answers = {1};
         save();
         ASSERT_FALSE(messages.shown.empty());
-        EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COS19800", {textOf(broken)}}));
+        EXPECT_EQ(messages.shown.back(), (RecordedMessages::Shown{"COS19800", {readText(broken)}}));
         EXPECT_EQ(screen().number, GetParam().page);
         ASSERT_NE(screen().activeControl(), nullptr);
         EXPECT_EQ(screen().activeControl()->objectName(), fault.focus);

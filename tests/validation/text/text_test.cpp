@@ -29,13 +29,13 @@ TEST(Conversions, WholeNumbersRoundAHalfToTheEvenNeighbour) {
 
 TEST(Conversions, WhatDoesNotConvertIsARunTimeFailure) {
     for (const char* text : {"", " ", "abc", "1a", "1 2", "--1", "+-1", "0x10", "inf", "nan", "１", "1,000"}) {
-        EXPECT_EQ(failureOf([&] { return toLong(text); }), 13) << text;
+        EXPECT_EQ(catchFailure([&] { return toLong(text); }), 13) << text;
         EXPECT_FALSE(isNumeric(text)) << text;
     }
-    EXPECT_EQ(failureOf([] { return toLong("2147483648"); }), 6);
-    EXPECT_EQ(failureOf([] { return toLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
-    EXPECT_EQ(failureOf([] { return toInteger(32767.5); }), 6);
-    EXPECT_EQ(failureOf([] { return toInteger(-32769); }), 6);
+    EXPECT_EQ(catchFailure([] { return toLong("2147483648"); }), 6);
+    EXPECT_EQ(catchFailure([] { return toLong(std::numeric_limits<double>::quiet_NaN()); }), 6);
+    EXPECT_EQ(catchFailure([] { return toInteger(32767.5); }), 6);
+    EXPECT_EQ(catchFailure([] { return toInteger(-32769); }), 6);
 }
 
 TEST(Conversions, Booleans) {
@@ -46,9 +46,9 @@ TEST(Conversions, Booleans) {
         EXPECT_FALSE(toBoolean(value)) << toText(value);
     }
     for (const Value& value : {Value(""), Value("yes"), Value(Values{})}) {
-        EXPECT_EQ(failureOf([&] { return toBoolean(value); }), 13);
+        EXPECT_EQ(catchFailure([&] { return toBoolean(value); }), 13);
     }
-    EXPECT_EQ(failureOf([] { return toBoolean(Value()); }), 94);
+    EXPECT_EQ(catchFailure([] { return toBoolean(Value()); }), 94);
 }
 
 using TextBytes = FormTest;

@@ -6,7 +6,7 @@ namespace orv {
 
 /// Returns the number of the run-time failure that `body` throws, or 0.
 template <class Body>
-int failureOf(const Body& body) {
+int catchFailure(const Body& body) {
     try {
         body();
     } catch (const RunTimeError& failure) {
