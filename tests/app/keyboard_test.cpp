@@ -34,7 +34,7 @@ protected:
         return way;
     }
     /// Returns the focusable controls in Tab order, from the initial focus of a page up to Save.
-    std::vector<std::string> standing() {
+    std::vector<std::string> expectedOrder() {
         static constexpr std::array kStarts{"txt_Group_Name", "cbo_License_No", "txt_Walk_Minutes",
                                             "chk_Management_Type_Flg(0)", "btm_ChangePage(4)"};
         std::vector<std::string> names;
@@ -52,7 +52,7 @@ TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
     startOn(0);
     for (int number = 0; number < kPageCount; ++number) {
         ASSERT_EQ(screen().number, number);
-        EXPECT_EQ(goThrough(), standing()) << number;
+        EXPECT_EQ(goThrough(), expectedOrder()) << number;
         if (number + 1 < kPageCount) press(Qt::Key_PageDown, Qt::ControlModifier);
     }
     EXPECT_EQ(focused(), "btm_Save");

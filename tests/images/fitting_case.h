@@ -23,7 +23,7 @@ protected:
         settings.set("IMG", "LONG_H", height);
         settings.set("IMG", "MAXSIZE", size);
     }
-    bool standsInWork() const { return files.exists(kWork); }
+    bool hasWorkingFile() const { return files.exists(kWork); }
     static std::string pair() { return gErrCode + " " + gErrMsg; }
 
     TempFolder folder;

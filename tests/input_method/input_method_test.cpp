@@ -103,8 +103,8 @@ TEST_P(Composing, WhatIsOnTheScreenIsStored) {
 /// Clicks directly after the last key, on a field above, because the candidates cover those below. `./dev compose RUNS`
 /// repeats it that often.
 TEST_P(Composing, TheNextFieldTakesNothingOfTheLast) {
-    const char* told = std::getenv("ORV_COMPOSE_RUNS");
-    const int runs = told == nullptr ? 5 : std::atoi(told);
+    const char* wanted = std::getenv("ORV_COMPOSE_RUNS");
+    const int runs = wanted == nullptr ? 5 : std::atoi(wanted);
     int wrong = 0;
     for (int run = 0; run < runs; ++run) {
         terminal.click("txt_Office_Name");

@@ -47,8 +47,8 @@ Cost measureCost(const PictureFiles& pictures, const std::string& path) {
         alarm(kStandstill);
         const int header = catchFailure([&] { (void)pictures.info(path); });
         const int whole = catchFailure([&] { (void)pictures.load(path, {640, 480}); });
-        const int told = header == 0 || header == whole ? whole : -1;
-        _exit(write(wire[1], &told, sizeof told) == sizeof told ? 0 : 1);
+        const int result = header == 0 || header == whole ? whole : -1;
+        _exit(write(wire[1], &result, sizeof result) == sizeof result ? 0 : 1);
     }
     close(wire[1]);
     Cost cost;

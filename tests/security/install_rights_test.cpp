@@ -75,10 +75,10 @@ TEST_F(OfficeRights, TheCheckSaysWhatOfAnOfficeIsTooOpen) {
         cases.push_back({base + "BIN/KELT_COS.EXE", "chown 65534", "belongs to another user"});
         cases.push_back({base + "IMG/1/a.jpg", "chgrp 0", "is open to another group"});
     }
-    for (const auto& [path, open, told] : cases) {
+    for (const auto& [path, open, expected] : cases) {
         const std::string place = folder.file(path);
         ASSERT_EQ(open.empty() ? addToAccessList(place) : std::system((open + " '" + place + "'").c_str()), 0) << path;
-        EXPECT_NE(report("").find(place + ": " + told), std::string::npos) << report("");
+        EXPECT_NE(report("").find(place + ": " + expected), std::string::npos) << report("");
         close();
     }
 }

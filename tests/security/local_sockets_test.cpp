@@ -29,7 +29,7 @@ TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut)
             ASSERT_EQ(::setresuid(-1, 0, 0), 0);
             EXPECT_EQ(stranger.connected(), isOpen);
             loop.settle();
-            EXPECT_TRUE(stranger.heard().ends_with("|"));
+            EXPECT_TRUE(stranger.received().ends_with("|"));
         }
         ASSERT_EQ(::chmod(path.substr(0, path.rfind('/')).c_str(), 0777) + ::chmod(path.c_str(), 0777), 0);
     }
@@ -38,7 +38,7 @@ TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut)
     EXPECT_TRUE(waitFor("T1[a]"));
     const Client second(path);
     loop.settle();
-    EXPECT_TRUE(second.heard().ends_with("|"));
+    EXPECT_TRUE(second.received().ends_with("|"));
     visitor.say("KEY 2 13\n");
     EXPECT_TRUE(waitFor("T1[a]K2,13"));
 }

@@ -38,7 +38,7 @@ protected:
         return ::lstat(folder.file(name).c_str(), &facts) == 0 ? facts.st_mode & 07777U : 07777U;
     }
     /// Whether the check of the store says so.
-    bool isTold(const std::string& store, const std::string& what) const {
+    bool isReported(const std::string& store, const std::string& what) const {
         return matches(tool("check " + store), what);
     }
 };
@@ -231,23 +231,23 @@ TEST_F(StoreFiles, WhatIsNoRowOfTheOfficeIsToldAndOnlyRowsAreBackedUp) {
     const std::string foreign = " that the schema does not have";
     for (const char* what : {"SPY: trigger", "LOOK: view", "SEARCH: virtual table", "OTHERS: table", "QUICK: index",
                              "TBL_LOCK.ROOM: column"}) {
-        EXPECT_TRUE(isTold("office", what + foreign)) << what;
+        EXPECT_TRUE(isReported("office", what + foreign)) << what;
     }
-    EXPECT_TRUE(isTold("office", "MST_CORP: is not defined as in the schema"));
-    EXPECT_FALSE(isTold("office", "MST_TIKU: is not defined"));
+    EXPECT_TRUE(isReported("office", "MST_CORP: is not defined as in the schema"));
+    EXPECT_FALSE(isReported("office", "MST_TIKU: is not defined"));
     for (const char* what : {"spy: trigger", "spy: function", "look: view", "others: table", "late: rule",
                              "c: constraint", "sum: computed column", "quick: index", "word: type", "numbers: sequence",
                              "tiku_name: computed default", "TBL_LOCK.room: column"}) {
-        EXPECT_TRUE(isTold("spied", what + foreign)) << what;
+        EXPECT_TRUE(isReported("spied", what + foreign)) << what;
     }
     ASSERT_EQ(tool("backup office bak").ending, 0);
     writeFile(folder.file("handed"), readFile(office));
     ASSERT_EQ(tool("restore back handed").ending, 0);
     for (const char* copy : {"bak", "back"}) {
         for (const char* what : {"SPY:", "LOOK:", "SEARCH:"}) {
-            EXPECT_FALSE(isTold(copy, what)) << copy;
+            EXPECT_FALSE(isReported(copy, what)) << copy;
         }
-        EXPECT_TRUE(isTold(copy, "OTHERS: table")) << "rows are kept, whoever put them there";
+        EXPECT_TRUE(isReported(copy, "OTHERS: table")) << "rows are kept, whoever put them there";
     }
 }
 

@@ -98,7 +98,7 @@ TEST_F(StoreText, ThatLeadsElsewhereGetsNoPassword) {
                                 "\ndbname=sample\nuser=asked\npassword=right\n";
     writeFile(folder.file("services"), "[office]\n" + service + "[free]\n" + service + "channel_binding=disable\n");
     const std::string own = "passfile=" + folder.file("passwords") + root;
-    for (const auto& [words, code, told] : std::vector<std::tuple<std::string, std::string, std::string>>{
+    for (const auto& [words, code, expected] : std::vector<std::tuple<std::string, std::string, std::string>>{
              {text("localhost", "proved") + own, "", ""},
              {text("localhost", "asked") + own, "DBCONN02", "channel binding"},
              {text("store.example.jp", "asked") + "hostaddr=127.0.0.1 sslmode=disable " + own, "DBCONN02",
@@ -110,7 +110,7 @@ TEST_F(StoreText, ThatLeadsElsewhereGetsNoPassword) {
              {"service=office sslrootcert=" + file("stranger.pem"), "DBFILE08", "sslrootcert"}}) {
         std::string shown;
         EXPECT_EQ(catchTextCode(words, &shown), code) << words << shown;
-        EXPECT_NE(shown.find(told), std::string::npos) << words << shown;
+        EXPECT_NE(shown.find(expected), std::string::npos) << words << shown;
     }
     writeFile(file("data/pg_hba.conf"), rules);
 }

@@ -49,7 +49,7 @@ public:
     std::vector<std::string> statements;
     int open = 0;
 
-    FailureRecord DbError() const override { return injected_ ? told_ : real_.DbError(); }
+    FailureRecord DbError() const override { return injected_ ? reported_ : real_.DbError(); }
     void DbReset() override {
         injected_ = false;
         real_.DbReset();
@@ -83,7 +83,7 @@ public:
     }
     void DbRollback(ConnectionPtr& connection, bool& ok) override {
         alsoWhenHit(Call::Rollback, ok, [&] { real_.DbRollback(connection, ok); });
-        told_ = ok ? told_ : ofRollback;
+        reported_ = ok ? reported_ : ofRollback;
     }
     void DbCommit(ConnectionPtr& connection, bool& ok) override {
         unlessHit(Call::Commit, "", ok, [&] { real_.DbCommit(connection, ok); });
@@ -111,7 +111,7 @@ private:
         }
         if (failing && raised) throw RunTimeError(*raised);
         injected_ = injected_ || failing;
-        told_ = failing ? failure() : told_;
+        reported_ = failing ? failure() : reported_;
         return failing;
     }
     void unlessHit(Call call, const std::string& text, bool& ok, const std::function<void()>& real) {
@@ -130,7 +130,7 @@ private:
     DbService& real_;
     std::vector<Fault> faults_;
     bool injected_ = false;
-    FailureRecord told_ = failure();
+    FailureRecord reported_ = failure();
 };
 
 /// Real files. Paths that a test rejects cannot be copied to or removed, and hidden ones cannot be checked.

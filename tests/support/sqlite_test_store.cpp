@@ -6,7 +6,7 @@
 namespace orv {
 namespace {
 
-int takeRow(void* list, int count, char** values, char**) {
+int addRow(void* list, int count, char** values, char**) {
     std::string row;
     for (int i = 0; i < count; ++i) {
         row += std::string(i > 0 ? "|" : "") + (values[i] != nullptr ? values[i] : "NULL");
@@ -26,7 +26,7 @@ std::vector<std::string> readRows(const std::string& path, const std::string& se
     sqlite3* database = nullptr;
     EXPECT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
     sqlite3_busy_timeout(database, 180'000);
-    EXPECT_EQ(sqlite3_exec(database, select.c_str(), takeRow, &found, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+    EXPECT_EQ(sqlite3_exec(database, select.c_str(), addRow, &found, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
     sqlite3_close(database);
     return found;
 }

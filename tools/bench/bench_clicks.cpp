@@ -88,7 +88,7 @@ public:
             wait("000004601");
         }
     }
-    void takePhotos() {
+    void choosePhotos() {
         goTo(2);
         for (int i = 0; i < kDialogs; ++i) {
             openDialog();
@@ -152,7 +152,7 @@ void measure(const std::string& folder, const std::string& photo, const std::str
     clerk.switchCompanies();
     clerk.typeKeys();
     clerk.save();
-    clerk.takePhotos();
+    clerk.choosePhotos();
     for (const auto& [figure, times] : clerk.times()) {
         std::printf("clicks scale=%s companies=%d %s median=%.1f p95=%.1f unit=ms runs=%zu\n", scale.c_str(), companies,
                     figure.c_str(), median(times), percentile95(times), times.size());

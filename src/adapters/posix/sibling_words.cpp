@@ -14,7 +14,7 @@ std::string_view nextWord(std::string_view& line) {
 }
 
 template <class Number>
-std::optional<Number> numberIn(std::string_view word) {
+std::optional<Number> parseNumber(std::string_view word) {
     Number number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
     return error == std::errc() && end == word.data() + word.size() ? std::optional(number) : std::nullopt;
@@ -24,14 +24,14 @@ std::optional<Number> numberIn(std::string_view word) {
 
 bool handleLine(std::string_view line, const SiblingCalls& calls) {
     const std::string_view verb = nextWord(line);
-    const auto handle = numberIn<std::uint32_t>(nextWord(line));
+    const auto handle = parseNumber<std::uint32_t>(nextWord(line));
     if (!handle) {
         return false;
     }
     if (verb == "TEXT") {
         return calls.setText(*handle, std::string(line));
     }
-    const auto key = numberIn<std::uint8_t>(line);
+    const auto key = parseNumber<std::uint8_t>(line);
     return verb == "KEY" && key && calls.pressKey(*handle, *key);
 }
 

@@ -20,7 +20,7 @@ constexpr StoreRefusal kCut{"DBCONN06", Failure::ConnectionFailed,
 constexpr StoreRefusal kSilent{"DBCONN07", Failure::TimedOut,
                                "データベースのサーバーから応答がありません。書き込み中の内容は取り消されます。"};
 
-struct TextOf {
+struct ToText {
     std::optional<std::string> operator()(Null) const { return std::nullopt; }
     std::optional<std::string> operator()(const Values&) const { throw RunTimeError(Failure::InvalidCall); }
     std::optional<std::string> operator()(const DateTime&) const { throw RunTimeError(Failure::InvalidCall); }
@@ -59,7 +59,7 @@ ServerResult ServerLink::ask(const std::string& sql, const Values& parameters) {
     std::vector<std::optional<std::string>> texts;
     std::vector<const char*> values;
     for (const Value& parameter : parameters) {
-        texts.push_back(std::visit(TextOf(), parameter.content()));
+        texts.push_back(std::visit(ToText(), parameter.content()));
     }
     for (const std::optional<std::string>& text : texts) {
         values.push_back(text ? text->c_str() : nullptr);

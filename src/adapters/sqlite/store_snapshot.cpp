@@ -87,7 +87,7 @@ using EngineFilePtr = std::unique_ptr<EngineFile>;
 using Copies = std::array<EngineFilePtr, kParts.size()>;
 
 /// A sparse file can claim more than the disk has.
-void requireRoom(std::int64_t bytes, const std::string& file) {
+void requireSpace(std::int64_t bytes, const std::string& file) {
     std::error_code error;
     const std::uintmax_t free = fs::space(fs::path(file).parent_path(), error).available;
     if (!error && bytes > 0 && static_cast<std::uintmax_t>(bytes) + kSpare > free) {
@@ -99,7 +99,7 @@ void requireRoom(std::int64_t bytes, const std::string& file) {
 bool bringUpToDate(const EngineFile& from, const EngineFile& to) {
     const std::int64_t size = from.size();
     const std::int64_t before = to.size();
-    requireRoom(size - before, to.path());
+    requireSpace(size - before, to.path());
     to.resize(size);
     bool isSame = size == before;
     std::vector<char> wanted;

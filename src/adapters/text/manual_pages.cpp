@@ -13,7 +13,7 @@ constexpr std::string_view kNameEnds = "\"></a>";
 constexpr std::string_view kLinkBegins = "](";
 constexpr std::string_view kPageEnds = ".md";
 
-std::string_view takeLine(std::string_view& text) {
+std::string_view removeLine(std::string_view& text) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     const std::string_view line = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
@@ -38,7 +38,7 @@ ManualPage parsePage(std::string file, std::string_view text) {
     ManualPage page{.file = std::move(file), .markdown = {}, .sections = {}};
     std::vector<std::string> names;
     while (!text.empty()) {
-        const std::string_view line = takeLine(text);
+        const std::string_view line = removeLine(text);
         if (const std::string_view name = nameIn(line); !name.empty()) {
             names.emplace_back(name);
             continue;

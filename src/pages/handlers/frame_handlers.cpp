@@ -34,7 +34,7 @@ const std::string& helpSubject(const Form& form) {
 
 /// Does nothing if the save has moved to another page. If the company received its number, switches to it without
 /// asking.
-void showCompany(PageForm& form, const std::string& userId) {
+void switchToNewNumber(PageForm& form, const std::string& userId) {
     if (!userId.empty() && form.activeControl() != nullptr) {
         form.cbo_User_Id.setText(userId);
     }
@@ -59,12 +59,12 @@ void btm_Save_Click(PageForm& form) {
     handled(label(form, "btm_Save_Click"), [&] {
         std::string userId;
         if (PF_SndCos(form, userId)) {
-            showCompany(form, userId);
+            switchToNewNumber(form, userId);
             return true;
         }
         // Reports the save's own failure, even if the switch to the new number changes the pair.
         const PairKeeper own;
-        static_cast<void>(caught([&] { showCompany(form, userId); }));
+        static_cast<void>(caught([&] { switchToNewNumber(form, userId); }));
         return false;
     });
 }

@@ -165,12 +165,12 @@ TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
     const std::string path = folder_.keep("a.jpg", madeJpeg({.width = 640, .height = 480}));
     const auto picture = pictures_.load(path);
     const auto reduced = pictures_.load(path, {64, 48});
-    const std::string standing = folder_.keep("standing", {1, 2, 3});
+    const std::string existing = folder_.keep("standing", {1, 2, 3});
     const auto invalid = static_cast<int>(Failure::InvalidCall);
-    EXPECT_EQ(catchFailure([&] { picture->save(standing, kJpeg, 24, 1); }), invalid);
-    EXPECT_EQ(catchFailure([&] { reduced->save(standing, kJpeg, 24, 2); }), invalid);
+    EXPECT_EQ(catchFailure([&] { picture->save(existing, kJpeg, 24, 1); }), invalid);
+    EXPECT_EQ(catchFailure([&] { reduced->save(existing, kJpeg, 24, 2); }), invalid);
     EXPECT_NE(catchFailure([&] { picture->save(folder_.pathTo("none/a.jpg"), kJpeg, 24, 2); }), 0);
-    EXPECT_EQ(std::filesystem::file_size(standing), 3U);
+    EXPECT_EQ(std::filesystem::file_size(existing), 3U);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pathTo("")), {}), 2) << "something is left";
 }
 

@@ -67,7 +67,7 @@ public:
                   static_cast<ssize_t>(bytes.size()));
     }
     /// Returns the answers until now; "|" is a closed connection.
-    std::string heard() const {
+    std::string received() const {
         std::string all;
         std::array<char, 4096> bytes{};
         ssize_t count = 0;
@@ -127,8 +127,8 @@ protected:
         return loop.until([&] { return happened == all; });
     }
     bool waitForAnswer(const Client& client, const std::string& all) {
-        std::string heard;
-        return loop.until([&] { return (heard += client.heard()) == all; });
+        std::string received;
+        return loop.until([&] { return (received += client.received()) == all; });
     }
 
     TempOffice office;

@@ -31,7 +31,7 @@ TEST_F(SiblingSocketTest, ObeysLines) {
     EXPECT_TRUE(waitFor("T1[東]T2[b]K3,13"));
     loop.settle();
     EXPECT_EQ(happened, "T1[東]T2[b]K3,13") << "the key was the last word";
-    EXPECT_TRUE(client.heard().ends_with("|"));
+    EXPECT_TRUE(client.received().ends_with("|"));
 }
 
 TEST_F(SiblingSocketTest, AProgramThatEndsIsGoneOnce) {
@@ -55,7 +55,7 @@ TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
     const std::string later = start();
     EXPECT_NE(later, path);
     EXPECT_EQ(leftovers(), 1);
-    EXPECT_TRUE(early.heard().ends_with("|"));
+    EXPECT_TRUE(early.received().ends_with("|"));
     EXPECT_FALSE(Client(path).connected());
     const Client now(later);
     now.say("KEY 2 13\n");

@@ -88,7 +88,7 @@ TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
     page.year.setText("8888");
     page.distance.setText("88.8");
     page.list.setListIndex(0);
-    const auto contrastOf = [](QWidget& widget) {
+    const auto measureContrast = [](QWidget& widget) {
         const QImage image = widget.grab(widget.rect().adjusted(4, 4, -4, -4)).toImage();
         int darkest = 255;
         int lightest = 0;
@@ -111,7 +111,7 @@ TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
                 }
                 for (const bool enabled : {true, false, true}) {
                     control->setEnabled(enabled);
-                    EXPECT_TRUE(control == &page.photo || contrastOf(*findWidget(*control)) > 128)
+                    EXPECT_TRUE(control == &page.photo || measureContrast(*findWidget(*control)) > 128)
                         << control->name() << given << desktop.name().toStdString() << enabled;
                 }
             }

@@ -143,7 +143,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
             expectShown("UTERR001", {c.code, text});
             EXPECT_TRUE(log().ends_with(record(c.code, text))) << log();
             EXPECT_EQ(pair(), c.code + " " + text) << "these handlers leave the pair";
-            EXPECT_EQ(standsInWork(), c.prefixed) << "no partial picture remains";
+            EXPECT_EQ(hasWorkingFile(), c.prefixed) << "no partial picture remains";
             expectSlotAsItWas();
             expectReady();
         }

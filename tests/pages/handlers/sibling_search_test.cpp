@@ -135,10 +135,10 @@ TEST_P(SiblingSearches, APageThatGoesIsNotFoundAnyMore) {
 
 TEST_P(SiblingSearches, AProgramThatCannotBeStartedLeavesThePageUsable) {
     siblings.failure = Failure::FileNotFound;
-    bool enabledWhenTold = false;
-    messages.onShow = [&] { enabledWhenTold = screen().enabled(); };
+    bool enabledWhenShown = false;
+    messages.onShow = [&] { enabledWhenShown = screen().enabled(); };
     button().press();
-    EXPECT_TRUE(enabledWhenTold);
+    EXPECT_TRUE(enabledWhenShown);
     expectReported("53", GetParam().failure + std::string(describe(Failure::FileNotFound)));
     EXPECT_EQ(button().enabled(), !GetParam().closesButton);
     EXPECT_EQ(texts(), before);

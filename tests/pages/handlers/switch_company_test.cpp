@@ -154,10 +154,10 @@ TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
         bySave() ? save() : choose(kOther);
         store.mend();
         EXPECT_EQ(shownIds(), bySave() ? (Texts{"COS63212", "COS05574", "COSERR01"}) : (Texts{"COS20001", "COSERR01"}));
-        const std::string told = toText(messages.shown.back().args.at(1));
-        EXPECT_TRUE(told.ends_with(step.text)) << told;
-        EXPECT_EQ(step.raised, told.starts_with("[ CompInp" + std::to_string(number()) + " cbo_User_Id_Click ]"));
-        EXPECT_TRUE(log().ends_with(record(toText(messages.shown.back().args.at(0)), told)));
+        const std::string expected = toText(messages.shown.back().args.at(1));
+        EXPECT_TRUE(expected.ends_with(step.text)) << expected;
+        EXPECT_EQ(step.raised, expected.starts_with("[ CompInp" + std::to_string(number()) + " cbo_User_Id_Click ]"));
+        EXPECT_TRUE(log().ends_with(record(toText(messages.shown.back().args.at(0)), expected)));
         expectEnd(step.back);
         EXPECT_EQ(locks(), held(step.holdsOld, step.holdsNew));
         if (!step.back) {
@@ -193,19 +193,19 @@ TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {
     const Texts before = everything();
     choose("000004605");
     EXPECT_EQ(shownIds(), (Texts{"COS20001", "COSERR01"}));
-    const Values told{"94", "[ PF_SetCompanyDataStructureChng ] 値のない項目を値として使いました。"};
-    EXPECT_EQ(messages.shown.back().args, told);
+    const Values expected{"94", "[ PF_SetCompanyDataStructureChng ] 値のない項目を値として使いました。"};
+    EXPECT_EQ(messages.shown.back().args, expected);
     EXPECT_EQ(screen().cbo_User_Id.text(), "000004605") << "the list is not put back";
     EXPECT_EQ(locks(), Texts{"000004605 DESK01"});
 
     for (int page = 0; page < kPageCount; ++page) {
         messages.shown.clear();
         save();
-        expectShown("COSERR01", told);
+        expectShown("COSERR01", expected);
         turnTo(page);
         messages.shown.clear();
         save();
-        expectShown("COSERR01", told);
+        expectShown("COSERR01", expected);
     }
     EXPECT_EQ(everything(), before);
     EXPECT_TRUE(server.sent.empty());

@@ -31,8 +31,8 @@ void AdviceBubble::refuse(const QString& why) {
     announce(field_, why);
     // A place outside the rectangle makes the toolkit show the same text anew. Otherwise a bubble that is already
     // visible would still disappear, because of the key that has led to this refusal.
-    const QRect besidePlace(1, 0, field_.width(), field_.height());
-    QToolTip::showText(field_.mapToGlobal(QPoint(0, field_.height() / 2)), why, &field_, besidePlace, kShownFor);
+    const QRect nextToPlace(1, 0, field_.width(), field_.height());
+    QToolTip::showText(field_.mapToGlobal(QPoint(0, field_.height() / 2)), why, &field_, nextToPlace, kShownFor);
 }
 
 void AdviceBubble::refuseLater(const QString& why) {
