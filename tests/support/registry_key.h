@@ -40,7 +40,7 @@ public:
     std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
         const RegistryText text(readFile(file_));
         machine_.clear();
-        if (const auto folder = text.valueOf("HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV", "InstallKey")) {
+        if (const auto folder = text.findValue("HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV", "InstallKey")) {
             const std::wstring value = toWide(*folder);
             ::RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ZENTHA\\ORV", L"InstallKey", REG_SZ, value.c_str(),
                               static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));

@@ -62,12 +62,12 @@ void WrongAnswers::tryOne(const Wrong& wrong) {
         fault("an event takes " + std::to_string(std::chrono::duration<double>(slowest_).count()) + " s");
     }
     checkAlive(outcome);
-    checkTold(wrong);
+    checkMessage(wrong);
     checkNumber();
 }
 
 /// A failed photo does not stop a save.
-void WrongAnswers::checkTold(const Wrong& wrong) {
+void WrongAnswers::checkMessage(const Wrong& wrong) {
     const std::string line = savedLine(fixture_.report());
     if (wrong.code == nullptr ? line != kSuccess : !line.starts_with(kFailed + std::string(wrong.code))) {
         fault("is not reported correctly: " + line);

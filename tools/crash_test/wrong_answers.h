@@ -18,7 +18,7 @@ private:
 
     void afterEvent(const std::string& line) override;
     void tryOne(const Wrong& wrong);
-    void checkTold(const Wrong& wrong);
+    void checkMessage(const Wrong& wrong);
     void checkNumber();
 };
 

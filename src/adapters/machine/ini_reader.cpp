@@ -48,7 +48,7 @@ bool sameName(Text a, Text b) {
 }
 
 /// The next line without its end, taken off `rest`. Of CR LF an empty line is left, which means nothing.
-Text takeLine(Text& rest) {
+Text removeLine(Text& rest) {
     const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; });
     const Text line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
@@ -58,9 +58,9 @@ Text takeLine(Text& rest) {
 bool isHeader(Text line) { return line.starts_with('['); }
 
 /// Returns the lines after the header of the first section with that name.
-Text linesBehindHeader(Text rest, Text section) {
+Text findSection(Text rest, Text section) {
     while (!rest.empty()) {
-        const Text line = takeLine(rest);
+        const Text line = removeLine(rest);
         if (!isHeader(line)) {
             continue;
         }
@@ -73,9 +73,9 @@ Text linesBehindHeader(Text rest, Text section) {
 }
 
 /// The value of the first line with that key before the next header.
-Text valueOf(Text rest, Text key) {
+Text findValue(Text rest, Text key) {
     while (!rest.empty()) {
-        const Text line = takeLine(rest);
+        const Text line = removeLine(rest);
         if (isHeader(line)) {
             break;
         }
@@ -105,7 +105,7 @@ Text cut(Text value, std::size_t limit) {
 
 std::string IniReader::GetPrivateProfileString(const std::string& section, const std::string& key,
                                                const std::string& file) const {
-    const std::string path = placeOf(std::string(upToNul(file)));
+    const std::string path = resolvePath(std::string(upToNul(file)));
     if (!files_.exists(path)) {
         return {};
     }
@@ -114,11 +114,11 @@ std::string IniReader::GetPrivateProfileString(const std::string& section, const
     const std::string bytes = files_.read(path, kLargestFile);
     Text text = bytes;
     text.remove_prefix(text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
-    const Text value = valueOf(linesBehindHeader(text, sectionBytes), keyBytes);
+    const Text value = findValue(findSection(text, sectionBytes), keyBytes);
     return codePage_.decode(std::string(cut(withoutQuotes(value), kLongestValue)));
 }
 
-std::string IniReader::placeOf(const std::string& file) const {
+std::string IniReader::resolvePath(const std::string& file) const {
     const bool bare = file.find_first_of("\\/:") == std::string::npos;
     return bare && !file.empty() ? facts_.GetWindowsDirectory() + "\\" + file : file;
 }

@@ -18,7 +18,7 @@ public:
                                         const std::string& file) const override;
 
 private:
-    std::string placeOf(const std::string& file) const;
+    std::string resolvePath(const std::string& file) const;
 
     const FileSystem& files_;
     const CodePage& codePage_;

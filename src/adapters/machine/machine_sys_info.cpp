@@ -12,7 +12,7 @@ constexpr std::int32_t kValueBuffer = 1024;
 constexpr std::uint64_t kMegabyte = std::uint64_t{1} << 20;
 
 /// Returns 0 for the best. Link-local addresses (169.254., fe80:) mean that no network gave one.
-int rankOf(const NetAddress& address) {
+int rankAddress(const NetAddress& address) {
     const bool linkOnly = address.text.starts_with("169.254.") || address.text.starts_with("fe80:");
     return (linkOnly ? 2 : 0) + (address.isIpv4 ? 0 : 1);
 }
@@ -30,7 +30,7 @@ std::string chooseAddress(const std::vector<NetAddress>& addresses) {
     const NetAddress* best = nullptr;
     for (const auto& address : addresses) {
         const bool usable = address.isUp && !address.isLoopback && !address.text.empty();
-        if (usable && (best == nullptr || rankOf(address) < rankOf(*best))) {
+        if (usable && (best == nullptr || rankAddress(address) < rankAddress(*best))) {
             best = &address;
         }
     }

@@ -4,7 +4,7 @@
 
 namespace orv {
 
-std::vector<std::string_view> namesOf(std::string_view path) {
+std::vector<std::string_view> splitPath(std::string_view path) {
     std::vector<std::string_view> names;
     while (!path.empty()) {
         const auto end = std::min(path.find_first_of("\\/"), path.size());

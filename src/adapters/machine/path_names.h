@@ -12,6 +12,6 @@ constexpr bool isDriveLetter(char c) { return foldAscii(c) >= 'A' && foldAscii(c
 constexpr bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isDriveLetter(path[0]); }
 
 /// Returns the names of a path after "." and ".." are resolved. A ".." at the top is dropped.
-std::vector<std::string_view> namesOf(std::string_view path);
+std::vector<std::string_view> splitPath(std::string_view path);
 
 }  // namespace orv

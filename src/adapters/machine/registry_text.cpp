@@ -78,7 +78,7 @@ void RegistryText::addKey(std::string_view key) {
     lines_.push_back("[" + std::string(key) + "]\n");
 }
 
-RegistryText::Place RegistryText::placeOf(std::string_view key, std::string_view name) const {
+RegistryText::Place RegistryText::findPlace(std::string_view key, std::string_view name) const {
     bool inKey = false;
     std::size_t free = lines_.size();
     for (std::size_t at = 0; at < lines_.size(); ++at) {
@@ -95,8 +95,8 @@ RegistryText::Place RegistryText::placeOf(std::string_view key, std::string_view
     return {free, false};
 }
 
-std::optional<std::string> RegistryText::valueOf(std::string_view key, std::string_view name) const {
-    const Place place = placeOf(key, name);
+std::optional<std::string> RegistryText::findValue(std::string_view key, std::string_view name) const {
+    const Place place = findPlace(key, name);
     if (!place.found) {
         return std::nullopt;
     }
@@ -108,7 +108,7 @@ void RegistryText::setValue(std::string_view key, std::string_view name, std::st
     if (!hasSection(key)) {
         addKey(key);
     }
-    const Place place = placeOf(key, name);
+    const Place place = findPlace(key, name);
     const bool dos = place.line > 0 && lines_[place.line - 1].ends_with("\r\n");
     std::string line = std::string(shownName(name)) + "=" + written(value) + (dos ? "\r\n" : "\n");
     if (place.found) {

@@ -16,7 +16,7 @@ public:
     /// A key is there when it, or one below it, has a section.
     bool hasKey(std::string_view key) const;
     void addKey(std::string_view key);
-    std::optional<std::string> valueOf(std::string_view key, std::string_view name) const;
+    std::optional<std::string> findValue(std::string_view key, std::string_view name) const;
     void setValue(std::string_view key, std::string_view name, std::string_view value);
     std::string text() const;
 
@@ -28,7 +28,7 @@ private:
         bool found;
     };
     /// The line that holds the value, or the line before which it belongs.
-    Place placeOf(std::string_view key, std::string_view name) const;
+    Place findPlace(std::string_view key, std::string_view name) const;
 
     std::vector<std::string> lines_;
 };

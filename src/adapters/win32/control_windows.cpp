@@ -11,9 +11,9 @@ namespace {
 constexpr const wchar_t* kClass = L"OrvControl";
 
 /// The system guarantees that the handle of a window fits into 32 bits.
-std::uint32_t numberOf(HWND window) { return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(window)); }
+std::uint32_t toNumber(HWND window) { return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(window)); }
 
-HWND windowOf(std::uint32_t handle) {
+HWND findWindow(std::uint32_t handle) {
     return reinterpret_cast<HWND>(static_cast<std::intptr_t>(static_cast<std::int32_t>(handle)));
 }
 
@@ -26,7 +26,7 @@ ControlWindows::~ControlWindows() {
 }
 
 /// A window of a wide class: the system converts the text of a program that uses the code page.
-std::uint32_t ControlWindows::take() {
+std::uint32_t ControlWindows::allocate() {
     WNDCLASSEXW shape{};
     shape.cbSize = sizeof shape;
     shape.lpfnWndProc = &ControlWindows::receive;
@@ -40,12 +40,12 @@ std::uint32_t ControlWindows::take() {
     }
     ::SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     windows_.insert(window);
-    return numberOf(window);
+    return toNumber(window);
 }
 
 void ControlWindows::release(std::uint32_t handle) {
-    if (windows_.erase(windowOf(handle)) > 0) {
-        ::DestroyWindow(windowOf(handle));
+    if (windows_.erase(findWindow(handle)) > 0) {
+        ::DestroyWindow(findWindow(handle));
     }
 }
 
@@ -74,12 +74,12 @@ LRESULT CALLBACK ControlWindows::receive(HWND window, UINT message, WPARAM first
 /// A call can replace the receivers.
 bool ControlWindows::text(HWND window, const wchar_t* text) const {
     const auto receiver = onText;
-    return receiver && receiver(numberOf(window), text != nullptr ? fromWide(text) : std::string());
+    return receiver && receiver(toNumber(window), text != nullptr ? fromWide(text) : std::string());
 }
 
 bool ControlWindows::key(HWND window, int key) const {
     const auto receiver = onKey;
-    return receiver && receiver(numberOf(window), key);
+    return receiver && receiver(toNumber(window), key);
 }
 
 }  // namespace orv

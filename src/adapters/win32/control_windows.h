@@ -17,7 +17,7 @@ public:
     ~ControlWindows() override;
 
     /// Throws failure 7 if the system has no window left.
-    std::uint32_t take() override;
+    std::uint32_t allocate() override;
     void release(std::uint32_t handle) override;
 
     /// The receivers of the messages. False: the message is refused. Without a receiver it is ignored.

@@ -37,12 +37,12 @@ std::string onServer(std::string_view path) {
         place += "\\" + std::string(path.substr(0, end));
         path.remove_prefix(end);
     }
-    return joined(std::move(place), namesOf(path));
+    return joined(std::move(place), splitPath(path));
 }
 
 /// The drive's folder itself keeps its separator: "C:" alone is the drive's current folder.
 std::string onDrive(char letter, std::string_view path) {
-    const std::string place = joined(std::string(1, foldAscii(letter)) + ":", namesOf(path));
+    const std::string place = joined(std::string(1, foldAscii(letter)) + ":", splitPath(path));
     return place.size() == 2 ? place + "\\" : place;
 }
 
@@ -51,7 +51,7 @@ bool isFolder(const std::string& nativePath) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-std::string parentOf(const std::string& nativePath) {
+std::string parentPath(const std::string& nativePath) {
     const auto end = nativePath.rfind('\\');
     return end == std::string::npos ? nativePath : nativePath.substr(0, end);
 }
@@ -68,14 +68,14 @@ std::string normal(const std::string& path) {
 DrivePaths::DrivePaths(const std::string& root, const std::string& programFolder)
     : root_(normal(root)),
       programFolder_(toSystem(normal(programFolder))),
-      installFolder_(root_.empty() ? parentOf(programFolder_) : root_) {}
+      installFolder_(root_.empty() ? parentPath(programFolder_) : root_) {}
 
 std::string DrivePaths::toNative(const std::string& path) const {
     if (path.empty() || path.find('\0') != std::string::npos) {
         throw RunTimeError(Failure::BadFileName);
     }
     const std::string native = absolute(path.starts_with(kExact) ? path.substr(kExact.size()) : path);
-    const std::vector<std::string_view> names = namesOf(native);
+    const std::vector<std::string_view> names = splitPath(native);
     const bool isTooLong = std::ranges::any_of(names, [](auto name) { return toWide(name).size() > kLongestName; });
     if (isTooLong || native.find(':', 2) != std::string::npos) {
         throw RunTimeError(Failure::BadFileName);
@@ -101,7 +101,7 @@ std::string DrivePaths::inRoot(const std::string& nativePath) const {
     if (isNative || !isFolder(root_ + "\\" + nativePath[0])) {
         return nativePath;
     }
-    return joined(root_ + "\\" + nativePath[0], namesOf(std::string_view(nativePath).substr(2)));
+    return joined(root_ + "\\" + nativePath[0], splitPath(std::string_view(nativePath).substr(2)));
 }
 
 std::string DrivePaths::exact(const std::string& nativePath) { return std::string(kExact) + nativePath; }
@@ -130,7 +130,7 @@ std::string runningProgramFolder() {
         throw RunTimeError(Failure::PathNotFound);
     }
     path.resize(length);
-    return parentOf(fromWide(path));
+    return parentPath(fromWide(path));
 }
 
 std::string findInstallRoot(const std::string&) { return {}; }

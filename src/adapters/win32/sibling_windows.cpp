@@ -20,7 +20,7 @@ BOOL CALLBACK actIfOfProcess(HWND window, LPARAM argument) {
     return TRUE;
 }
 
-void forEachWindowOf(HANDLE process, std::function<void(HWND)> act) {
+void forEachWindow(HANDLE process, std::function<void(HWND)> act) {
     WindowSearch search{::GetProcessId(process), std::move(act)};
     ::EnumWindows(&actIfOfProcess, reinterpret_cast<LPARAM>(&search));
 }
@@ -48,7 +48,7 @@ void SiblingWindows::start(const std::string& commandLine, SiblingCalls calls) {
 
 void SiblingWindows::toFront() {
     if (process_) {
-        forEachWindowOf(process_.get(), [](HWND window) {
+        forEachWindow(process_.get(), [](HWND window) {
             if (::IsIconic(window) != 0) {
                 ::ShowWindow(window, SW_RESTORE);
             }
@@ -64,7 +64,7 @@ void SiblingWindows::dismiss() {
     end_.reset();
     if (const Win32Handle process = std::exchange(process_, Win32Handle())) {
         const UINT dismissed = ::RegisterWindowMessageW(kSiblingDismissed);
-        forEachWindowOf(process.get(), [dismissed](HWND window) { ::PostMessageW(window, dismissed, 0, 0); });
+        forEachWindow(process.get(), [dismissed](HWND window) { ::PostMessageW(window, dismissed, 0, 0); });
     }
 }
 

@@ -93,13 +93,13 @@ void Win32Files::workIn(const std::string& folder) {
     }
 }
 
-RunFolder* Win32Files::runFolderOf(const std::string& path) const {
+RunFolder* Win32Files::findRunFolder(const std::string& path) const {
     const auto found = runs_.find(upperCase(path.substr(0, nameBegin(path))));
     return found == runs_.end() || path.ends_with('\\') ? nullptr : &found->second;
 }
 
 HeldPlace Win32Files::place(const std::string& path) const {
-    RunFolder* const own = runFolderOf(path);
+    RunFolder* const own = findRunFolder(path);
     return own != nullptr ? own->place(path.substr(nameBegin(path))) : HeldPlace(paths_, paths_.toNative(path));
 }
 
@@ -111,9 +111,9 @@ Win32File Win32Files::opened(const std::string& path) const {
 }
 
 /// Returns INVALID_FILE_ATTRIBUTES if nothing is there. Throws if it cannot be determined.
-DWORD Win32Files::attributesOf(const std::string& path) const {
+DWORD Win32Files::readAttributes(const std::string& path) const {
     try {
-        RunFolder* const own = runFolderOf(path);
+        RunFolder* const own = findRunFolder(path);
         if (own != nullptr && !own->isMade()) {
             return INVALID_FILE_ATTRIBUTES;
         }
@@ -131,19 +131,19 @@ DWORD Win32Files::attributesOf(const std::string& path) const {
 }
 
 bool Win32Files::exists(const std::string& path) const {
-    const DWORD attributes = attributesOf(path);
+    const DWORD attributes = readAttributes(path);
     return attributes != INVALID_FILE_ATTRIBUTES &&
            (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE)) == 0;
 }
 
 bool Win32Files::folderExists(const std::string& path) const {
-    const DWORD attributes = attributesOf(path);
+    const DWORD attributes = readAttributes(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-std::uint64_t Win32Files::sizeOf(const std::string& path) const {
+std::uint64_t Win32Files::fileSize(const std::string& path) const {
     const Win32Handle file =
-        openNative(nativePath(path), {.access = FILE_READ_ATTRIBUTES, .followsLinks = runFolderOf(path) == nullptr});
+        openNative(nativePath(path), {.access = FILE_READ_ATTRIBUTES, .followsLinks = findRunFolder(path) == nullptr});
     if (!file) {
         raiseLastError();
     }
@@ -201,7 +201,7 @@ void Win32Files::copy(const std::string& from, const std::string& to) {
     }
     FileNextTo copied(target, FileAccess::Private);
     copyBytes(source, copied.file());
-    if (runFolderOf(to) == nullptr) {
+    if (findRunFolder(to) == nullptr) {
         copied.place();
     } else {
         copied.placeUnflushed();
@@ -260,13 +260,13 @@ std::string Win32Files::privateFolder() {
 }
 
 std::string Win32Files::nativePath(const std::string& path) const {
-    RunFolder* const own = runFolderOf(path);
+    RunFolder* const own = findRunFolder(path);
     return own != nullptr && own->isMade() ? own->nativePath(path.substr(nameBegin(path))) : paths_.toNative(path);
 }
 
 std::string Win32Files::systemPath(const std::string& nativePath) const {
     const std::string path = paths_.toSystem(nativePath);
-    if (runFolderOf(path) == nullptr) {
+    if (findRunFolder(path) == nullptr) {
         return path;
     }
     return path == nativePath ? DrivePaths::exact(nativePath) : nativePath;

@@ -18,7 +18,7 @@ public:
 
     bool exists(const std::string& path) const override;
     bool folderExists(const std::string& path) const override;
-    std::uint64_t sizeOf(const std::string& path) const override;
+    std::uint64_t fileSize(const std::string& path) const override;
     bool canOpen(const std::string& path) const override;
     /// A target that is the file itself, or already has the same bytes, is not changed.
     void copy(const std::string& from, const std::string& to) override;
@@ -39,10 +39,10 @@ public:
     std::string systemPath(const std::string& nativePath) const override;
 
 private:
-    RunFolder* runFolderOf(const std::string& path) const;
+    RunFolder* findRunFolder(const std::string& path) const;
     HeldPlace place(const std::string& path) const;
     Win32File opened(const std::string& path) const;
-    DWORD attributesOf(const std::string& path) const;
+    DWORD readAttributes(const std::string& path) const;
 
     const DrivePaths& paths_;
     /// By the folder's path in capitals.

@@ -15,7 +15,7 @@ namespace {
 HKEY systemHandle(Registry::Handle hive) { return reinterpret_cast<HKEY>(static_cast<std::intptr_t>(hive)); }
 
 /// The views in which a hive has different keys.
-std::vector<REGSAM> viewsOf(HKEY hive) {
+std::vector<REGSAM> listViews(HKEY hive) {
     return hive == HKEY_LOCAL_MACHINE ? std::vector<REGSAM>{KEY_WOW64_64KEY, KEY_WOW64_32KEY} : std::vector<REGSAM>{0};
 }
 
@@ -34,7 +34,7 @@ std::string valueText(DWORD type, const std::vector<unsigned char>& bytes, const
     return fromWide(wide.substr(0, wide.find(L'\0')));
 }
 
-std::vector<unsigned char> bytesOf(std::int32_t type, const std::string& value, const CodePage& codePage,
+std::vector<unsigned char> toBytes(std::int32_t type, const std::string& value, const CodePage& codePage,
                                    std::int32_t byteCount) {
     if (isText(static_cast<DWORD>(type))) {
         const std::wstring wide = wideName(value);
@@ -65,7 +65,7 @@ std::int32_t Win32Registry::RegOpenKeyEx(Handle hive, const std::string& subKey,
     key = 0;
     Views views;
     LSTATUS last = ERROR_SUCCESS;
-    for (const REGSAM view : viewsOf(systemHandle(hive))) {
+    for (const REGSAM view : listViews(systemHandle(hive))) {
         HKEY opened = nullptr;
         const LSTATUS result = ::RegOpenKeyExW(systemHandle(hive), wideName(subKey).c_str(), 0,
                                                static_cast<REGSAM>(access) | view, &opened);
@@ -126,7 +126,7 @@ std::int32_t Win32Registry::RegSetValueEx(Handle key, const std::string& name, s
     if (found == open_.end()) {
         return ERROR_INVALID_HANDLE;
     }
-    const std::vector<unsigned char> bytes = bytesOf(type, value, codePage_, byteCount);
+    const std::vector<unsigned char> bytes = toBytes(type, value, codePage_, byteCount);
     return ::RegSetValueExW(found->second.front(), wideName(name).c_str(), 0, static_cast<DWORD>(type), bytes.data(),
                             static_cast<DWORD>(bytes.size()));
 }
@@ -137,9 +137,9 @@ std::int32_t Win32Registry::RegCreateKeyEx(Handle hive, const std::string& subKe
         return ERROR_SUCCESS;
     }
     HKEY created = nullptr;
-    const LSTATUS result =
-        ::RegCreateKeyExW(systemHandle(hive), wideName(subKey).c_str(), 0, nullptr, 0,
-                          static_cast<REGSAM>(access) | viewsOf(systemHandle(hive)).back(), nullptr, &created, nullptr);
+    const LSTATUS result = ::RegCreateKeyExW(systemHandle(hive), wideName(subKey).c_str(), 0, nullptr, 0,
+                                             static_cast<REGSAM>(access) | listViews(systemHandle(hive)).back(),
+                                             nullptr, &created, nullptr);
     key = result == ERROR_SUCCESS ? handleFor({created}) : 0;
     return result;
 }

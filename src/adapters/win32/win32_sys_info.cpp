@@ -41,7 +41,7 @@ std::string productName(DWORD build) {
     return build >= kFirstBuildOf11 && ten != std::string::npos ? name.replace(ten, 10, "Windows 11") : name;
 }
 
-std::string textOf(const sockaddr& address) {
+std::string formatAddress(const sockaddr& address) {
     std::array<wchar_t, INET6_ADDRSTRLEN> text{};
     const void* bytes = address.sa_family == AF_INET
                             ? static_cast<const void*>(&reinterpret_cast<const sockaddr_in&>(address).sin_addr)
@@ -102,7 +102,7 @@ std::vector<NetAddress> Win32SysInfo::measureAddresses() const {
     std::vector<NetAddress> addresses;
     for (; adapter != nullptr; adapter = adapter->Next) {
         for (const auto* at = adapter->FirstUnicastAddress; at != nullptr; at = at->Next) {
-            addresses.push_back({.text = textOf(*at->Address.lpSockaddr),
+            addresses.push_back({.text = formatAddress(*at->Address.lpSockaddr),
                                  .isUp = adapter->OperStatus == IfOperStatusUp,
                                  .isLoopback = adapter->IfType == IF_TYPE_SOFTWARE_LOOPBACK,
                                  .isIpv4 = at->Address.lpSockaddr->sa_family == AF_INET});

@@ -19,7 +19,7 @@ Control::~Control() {
 }
 
 std::uint32_t Control::handle() const {
-    handle_ = handle_ != 0 ? handle_ : controlHandles().take();
+    handle_ = handle_ != 0 ? handle_ : controlHandles().allocate();
     return handle_;
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 class CountedHandles : public ControlHandles {
 public:
-    std::uint32_t take() override { return ++last_; }
+    std::uint32_t allocate() override { return ++last_; }
 
 private:
     std::uint32_t last_ = 0;

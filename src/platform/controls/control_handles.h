@@ -10,7 +10,7 @@ namespace orv {
 class ControlHandles : public Interface {
 public:
     /// Returns a number above 0 that no other control has.
-    virtual std::uint32_t take() = 0;
+    virtual std::uint32_t allocate() = 0;
     /// The control no longer exists.
     virtual void release(std::uint32_t /*handle*/) {}
 };

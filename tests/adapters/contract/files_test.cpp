@@ -33,7 +33,7 @@ TEST_F(FilesContract, ReadsUpToTheLimit) {
         EXPECT_FALSE(files.exists(none) || files.folderExists(none) || files.canOpen(none)) << none;
     }
     EXPECT_EQ(catchFailure([&] { (void)files.read("C:\\D\\a.txt", 4); }), 7);
-    EXPECT_EQ(files.sizeOf("C:\\D\\a.txt"), 5U);
+    EXPECT_EQ(files.fileSize("C:\\D\\a.txt"), 5U);
 }
 
 TEST_F(FilesContract, CopiesWholeFiles) {

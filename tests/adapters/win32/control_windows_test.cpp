@@ -41,8 +41,8 @@ protected:
     }
 
     ControlWindows controls;
-    std::uint32_t field = controls.take();
-    std::uint32_t button = controls.take();
+    std::uint32_t field = controls.allocate();
+    std::uint32_t button = controls.allocate();
     std::string happened;
 };
 
@@ -75,29 +75,29 @@ TEST_F(ControlWindowsTest, TheLastMessageOfAProgramThatHasEndedCounts) {
     const TempOffice office;
     const Win32Starter starter(office.paths());
     std::function<void()> ended;
-    SiblingWindows desk(starter, [&ended](HANDLE process, std::function<void()> signalled) {
+    SiblingWindows windows(starter, [&ended](HANDLE process, std::function<void()> signalled) {
         EXPECT_EQ(::WaitForSingleObject(process, 180'000), WAIT_OBJECT_0);
         ended = std::move(signalled);
         return std::shared_ptr<void>();
     });
-    button = controlHandles().take();
+    button = controlHandles().allocate();
     std::filesystem::copy_file(ECHO_PROGRAM, office.file("C/ORV/BIN/KELT_ADD.EXE"));
     for (const bool finished : {true, false}) {
         happened.clear();
-        desk.start("KELT_ADD.EXE 1,2", {.setText = [](auto, const auto&) { return false; },
-                                        .pressKey =
-                                            [&](std::uint32_t, int key) {
-                                                happened += "K" + std::to_string(key);
-                                                desk.dismiss();
-                                                return true;
-                                            },
-                                        .gone = [this] { happened += "gone"; }});
+        windows.start("KELT_ADD.EXE 1,2", {.setText = [](auto, const auto&) { return false; },
+                                           .pressKey =
+                                               [&](std::uint32_t, int key) {
+                                                   happened += "K" + std::to_string(key);
+                                                   windows.dismiss();
+                                                   return true;
+                                               },
+                                           .gone = [this] { happened += "gone"; }});
         if (finished) ::PostMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
         ended();
         ::SendMessageW(findWindow(button), WM_KEYDOWN, VK_RETURN, 0);
         EXPECT_EQ(happened, finished ? "K13" : "gone");
     }
-    EXPECT_EQ(catchFailure([&] { desk.start("NO.EXE", {}); }), 53);
+    EXPECT_EQ(catchFailure([&] { windows.start("NO.EXE", {}); }), 53);
 }
 
 }  // namespace

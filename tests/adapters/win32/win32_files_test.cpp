@@ -94,7 +94,7 @@ TEST_F(Win32FilesTest, OnRealDrivesAFileThatTheOperatorChoosesIsNotAWorkingFile)
 }
 
 /// Returns the number of entries of a file's access list, and in `isProtected` if it inherits none.
-int entriesOf(const std::string& path, bool& isProtected) {
+int listEntries(const std::string& path, bool& isProtected) {
     PACL list = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     std::wstring wide = longPath(path);
@@ -114,9 +114,9 @@ TEST_F(Win32FilesTest, PrivateFilesHaveAnAccessListOfTheirOwn) {
     files.publish("C:\\D\\a.txt", "C:\\ORV\\x");
     files.copy("C:\\D\\a.txt", "C:\\ORV\\y");
     bool isProtected = false;
-    const int ofFolder = entriesOf(office.paths().toNative("C:\\ORV"), isProtected);
-    EXPECT_EQ(entriesOf(files.nativePath("C:\\ORV\\x"), isProtected), ofFolder);
-    const int ofCopy = entriesOf(files.nativePath("C:\\ORV\\y"), isProtected);
+    const int ofFolder = listEntries(office.paths().toNative("C:\\ORV"), isProtected);
+    EXPECT_EQ(listEntries(files.nativePath("C:\\ORV\\x"), isProtected), ofFolder);
+    const int ofCopy = listEntries(files.nativePath("C:\\ORV\\y"), isProtected);
     EXPECT_NE(ofCopy, ofFolder) << "protected: " << isProtected;
     EXPECT_LE(ofCopy, 2) << "this user and the system";
     EXPECT_FALSE(files.privateFolder().empty());
