@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// Keys and names of machines compare without regard to the case of ASCII letters, whatever the locale.
+/// Folds the case of ASCII letters. Keys and names of machines are compared in this way, whatever the locale.
 constexpr char foldAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 inline std::string upperAscii(std::string text) {
@@ -19,7 +19,7 @@ inline bool sameFolded(std::string_view a, std::string_view b) {
                       [](char x, char y) { return foldAscii(x) == foldAscii(y); });
 }
 
-/// Without blanks and tabs at both ends.
+/// Returns the text without blanks and tabs at both ends.
 inline std::string_view trimBlanks(std::string_view text) {
     const auto first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) {
@@ -28,7 +28,7 @@ inline std::string_view trimBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-/// A text as a C function takes it: up to its first NUL.
+/// Returns the text as a C function reads it: up to the first NUL.
 inline std::string_view upToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 }  // namespace orv

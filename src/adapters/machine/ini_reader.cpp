@@ -19,10 +19,10 @@ bool isLeadByte(char c) {
     return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
 }
 
-/// The bytes of the character that begins at `at`.
+/// Returns the number of bytes of the character that begins at `at`.
 std::size_t widthAt(Text text, std::size_t at) { return isLeadByte(text[at]) && at + 1 < text.size() ? 2 : 1; }
 
-/// The place of a single-byte character, or npos.
+/// Returns the position of a single-byte character, or npos.
 std::size_t findCharacter(Text text, char wanted) {
     for (std::size_t at = 0; at < text.size(); at += widthAt(text, at)) {
         if (text[at] == wanted) {
@@ -47,7 +47,7 @@ bool sameName(Text a, Text b) {
     return true;
 }
 
-/// The next line without its end, taken off `rest`. Of CR LF an empty line is left, which means nothing.
+/// Removes the next line from `rest` and returns it without its end. CR LF leaves an empty line, which has no meaning.
 Text removeLine(Text& rest) {
     const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; });
     const Text line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
@@ -72,7 +72,7 @@ Text findSection(Text rest, Text section) {
     return {};
 }
 
-/// The value of the first line with that key before the next header.
+/// Returns the value of the first line with that key before the next header.
 Text findValue(Text rest, Text key) {
     while (!rest.empty()) {
         const Text line = removeLine(rest);
@@ -92,7 +92,7 @@ Text withoutQuotes(Text value) {
     return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-/// As many whole characters as fit.
+/// Returns as many whole characters as fit.
 Text cut(Text value, std::size_t limit) {
     std::size_t end = 0;
     while (end < value.size() && end + widthAt(value, end) <= limit) {

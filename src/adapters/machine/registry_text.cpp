@@ -13,7 +13,7 @@ using Text = std::string_view;
 constexpr Text kByteOrderMark = "\xEF\xBB\xBF";
 constexpr Text kDefaultValueName = "@";
 
-/// A line as a person reads it: without its end and the blanks around.
+/// Returns a line without its end and without blanks at both ends.
 Text bare(Text line) {
     line = line.substr(0, std::min(line.find_last_not_of("\r\n") + 1, line.size()));
     line.remove_prefix(line.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
@@ -39,7 +39,7 @@ std::optional<std::pair<Text, Text>> entryIn(const std::string& line) {
 
 bool isQuoted(Text value) { return value.size() >= 2 && value.front() == '"' && value.back() == '"'; }
 
-/// Quotes where the reader would take something off the value.
+/// Adds quotes if the reader would otherwise remove a part of the value.
 std::string written(Text value) {
     const bool plain = value == trimBlanks(value) && !isQuoted(value);
     return plain ? std::string(value) : "\"" + std::string(value) + "\"";

@@ -7,13 +7,13 @@
 
 namespace orv {
 
-/// The text of a registry file, taken apart into its lines and put together again. Every line that is not asked to
-/// change stays to the byte. Names are found without regard to ASCII case.
+/// The text of a registry file as lines. Lines that are not changed keep every byte. Names are found without regard to
+/// ASCII case.
 class RegistryText {
 public:
     explicit RegistryText(std::string_view text);
 
-    /// A key is there when it, or one below it, has a section.
+    /// True if the key, or one below it, has a section.
     bool hasKey(std::string_view key) const;
     void addKey(std::string_view key);
     std::optional<std::string> findValue(std::string_view key, std::string_view name) const;
@@ -27,7 +27,7 @@ private:
         std::size_t line;
         bool found;
     };
-    /// The line that holds the value, or the line before which it belongs.
+    /// Returns the line of the value, or the line before which a new one belongs.
     Place findPlace(std::string_view key, std::string_view name) const;
 
     std::vector<std::string> lines_;

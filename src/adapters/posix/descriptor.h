@@ -8,7 +8,7 @@
 
 namespace orv {
 
-/// An open descriptor of the system, closed when it goes; -1 for none.
+/// Owns an open file descriptor and closes it when destroyed. -1 means none.
 class Descriptor : NonCopyable {
 public:
     explicit Descriptor(int number = -1) : number_(number) {}
@@ -23,7 +23,7 @@ public:
         }
     }
 
-    /// Its owner is somebody else from now on.
+    /// Gives up ownership. The caller must close the descriptor.
     int release() { return std::exchange(number_, -1); }
     int number() const { return number_; }
     explicit operator bool() const { return number_ >= 0; }

@@ -19,7 +19,7 @@ bool isLink(int folder, const std::string& name) {
     return ::fstatat(folder, name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(facts.st_mode);
 }
 
-/// For a link the kernel reports that it is not a folder.
+/// The kernel reports a link as "not a folder".
 Descriptor stepInto(int folder, const std::string& name) {
     Descriptor next(::openat(folder, name.c_str(), kFolderOnly | O_NOFOLLOW));
     if (!next) {
@@ -59,7 +59,7 @@ Descriptor FilePlace::open(int flags, mode_t rights) const {
 }
 
 Descriptor FilePlace::tryOpen(int flags, mode_t rights) const {
-    // Without waiting: opening a pipe that nobody writes to must not hang the program.
+    // Does not wait. Otherwise opening a pipe without a writer would hang the program.
     constexpr int kAlways = O_NOFOLLOW | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     return Descriptor(::openat(folder(), name(), flags | kAlways, rights));
 }

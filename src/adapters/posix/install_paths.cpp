@@ -24,8 +24,8 @@ bool isThere(const std::string& nativePath) {
     return ::lstat(nativePath.c_str(), &facts) == 0;
 }
 
-/// The entry of `folder` that is `name` in another case; of several the first in byte order, so that it is always the
-/// same one. Empty: there is none.
+/// Returns the entry of `folder` that equals `name` in another case, or "". Of several it is the first in byte order,
+/// so that the result is always the same.
 std::string inOtherCase(const std::string& folder, std::string_view name) {
     std::string found;
     const std::string wanted = upperCase(name);
@@ -46,7 +46,7 @@ std::string asSpelled(std::string place, const Names& names) {
     return place;
 }
 
-/// Most paths are spelled as they stand, which takes one look instead of one a folder.
+/// Most paths have the right spelling. Then one access is enough instead of one per folder.
 std::string follow(std::string place, const Names& names) {
     if (std::string spelled = asSpelled(place, names); isThere(spelled)) {
         return spelled;
@@ -64,7 +64,7 @@ std::string follow(std::string place, const Names& names) {
     return place.empty() ? "/" : place;
 }
 
-/// A native path that code of the system has built on with backslashes is walked like its own from there on.
+/// A native path to which the system's code has appended names with backslashes is resolved by case from there on.
 std::string followNative(const std::string& path) {
     const std::size_t built = path.find('\\');
     if (built == std::string::npos || isThere(path)) {
@@ -110,7 +110,7 @@ NativePath InstallPaths::split(const std::string& path) const {
     return {native.substr(0, end), native.substr(std::min(end + 1, native.size()))};
 }
 
-/// With a drive, or native.
+/// Returns a path with a drive, or a native one.
 std::string InstallPaths::withPlace(const std::string& path) const {
     if (path.empty() || path.find('\0') != std::string::npos) {
         throw RunTimeError(Failure::BadFileName);

@@ -48,7 +48,7 @@ std::string parentFolder(const std::string& nativePath) {
 }
 
 Descriptor openFollowing(const std::string& path, int flags) {
-    // Without waiting: opening a pipe that nobody writes to must not hang the program.
+    // Does not wait. Otherwise opening a pipe without a writer would hang the program.
     constexpr int kAlways = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     Descriptor opened(::open(path.c_str(), flags | kAlways));
     if (!opened) {
@@ -57,7 +57,7 @@ Descriptor openFollowing(const std::string& path, int flags) {
     return opened;
 }
 
-/// The name is short and its own, so that a target with the longest of names can have a file beside it.
+/// The name is short and independent of the target's, which can already have the maximum length.
 FilePlace freeReplacementPlace(const FilePlace& target) {
     static std::atomic<unsigned> count{0};
     struct stat facts {};
@@ -70,7 +70,7 @@ FilePlace freeReplacementPlace(const FilePlace& target) {
     }
 }
 
-/// A run that lives holds the lock of its file, on whichever computer it runs.
+/// A run holds the lock of its file as long as it exists, on whichever computer it runs.
 void removeUnlessHeld(const FilePlace& place) {
     const Descriptor file = place.tryOpen(O_WRONLY);
     if (file && tryLock(file)) {
@@ -86,8 +86,8 @@ void removeLeftovers(const FilePlace& target) {
     });
 }
 
-/// A new file that is held from now on. Between its making and its locking another run may have taken it for a
-/// leftover; then the next one is made.
+/// Returns a new, locked file. Before it was locked, another run may have removed it as a leftover. Then another one is
+/// created.
 std::unique_ptr<NativeFile> makeReplacement(const FilePlace& target, FilePlace& place) {
     removeLeftovers(target);
     Descriptor file;
@@ -98,8 +98,8 @@ std::unique_ptr<NativeFile> makeReplacement(const FilePlace& target, FilePlace& 
     return std::make_unique<NativeFile>(std::move(file));
 }
 
-/// Taking the name of a file makes file systems write the new one to the disk at once; two that swap their names stay
-/// in memory. False when nothing has happened: there is no file to swap with, or no such way here.
+/// Replacing an existing file makes some file systems write the new one to the disk at once. Swapping the two names
+/// does not. False if nothing was done, because there is no file to swap with or the file system does not support it.
 bool swapNames(const FilePlace& place, const FilePlace& target) {
     struct stat facts {};
     return target.look(facts) && S_ISREG(facts.st_mode) &&
@@ -165,7 +165,7 @@ void NativeFile::append(std::string_view bytes) const {
     if (static_cast<std::size_t>(count) == bytes.size()) {
         return;
     }
-    // Only while nothing of another program stands behind the half record.
+    // Only if no other program has written after the incomplete record.
     const off_t end = ::lseek(descriptor_.number(), 0, SEEK_CUR);
     struct stat now {};
     if (::fstat(descriptor_.number(), &now) == 0 && now.st_size == end &&
@@ -193,7 +193,7 @@ void NativeFile::sync() const {
 bool tryLock(const Descriptor& file) { return ::flock(file.number(), LOCK_EX | LOCK_NB) == 0; }
 
 bool waitForLock(const Descriptor& file) {
-    // Where the file system has no locks, nobody can take this file for a leftover either.
+    // If the file system has no locks, no other run can treat this file as a leftover either.
     static_cast<void>(::flock(file.number(), LOCK_EX));
     struct stat now {};
     return ::fstat(file.number(), &now) != 0 || now.st_nlink > 0;

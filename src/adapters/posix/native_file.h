@@ -13,27 +13,28 @@
 
 namespace orv {
 
-/// The one place where an errno becomes a RunTimeError.
+/// Throws the RunTimeError for an errno. No other function converts errno values.
 [[noreturn]] void raiseErrno(int error);
-/// The same; tells a missing folder from a missing file.
+/// Like the other overload, but distinguishes a missing folder from a missing file.
 [[noreturn]] void raiseErrno(int error, const std::string& nativePath);
 
-/// An open regular file, closed when it goes. Anything else (a folder, a pipe, a device) is failure 75 at once.
+/// An open regular file, closed when destroyed. Failure 75 for anything else (a folder, a pipe, a device).
 class NativeFile {
 public:
     explicit NativeFile(Descriptor opened);
-    /// `flags` as of open(2). Links are followed: for files that only the keeper of the install or the system writes.
+    /// `flags` are those of open(2). Links are followed, so this is for files that only the administrator or the system
+    /// writes.
     NativeFile(const std::string& path, int flags);
 
     const struct stat& facts() const { return facts_; }
-    /// The next bytes into `buffer`; 0 at the end.
+    /// Reads the next bytes into `buffer`. Returns 0 at the end.
     std::size_t read(char* buffer, std::size_t size) const;
     void writeAll(std::string_view bytes) const;
-    /// One write at the end. A write that stopped half-way is taken back and is a failure.
+    /// Writes at the end of the file in one call. If only a part could be written, removes it and throws.
     void append(std::string_view bytes) const;
-    /// Gives a file that this run has made the permissions of the folder that it is in.
+    /// Gives a file that this run has created the permissions of its folder.
     void copyRightsFrom(int folder) const;
-    /// Whether something stands behind its last line end.
+    /// True if text follows the last line end.
     bool endsInALine() const;
     void sync() const;
 
@@ -42,19 +43,20 @@ private:
     struct stat facts_ {};
 };
 
-/// Takes the file's lock for as long as the file is open; false when another run has it, or it can't be had.
+/// Locks the file until it is closed. False if another run has locked it or the lock fails.
 bool tryLock(const Descriptor& file);
-/// Waits for the lock. False when the file has lost its name meanwhile.
+/// Waits for the lock. False if the file has lost its name meanwhile.
 bool waitForLock(const Descriptor& file);
 
-/// The permissions that a shared file in that folder has: who may read or write the folder may do so with the file.
+/// Returns the permissions of a shared file in that folder. A user who can read or write the folder can do the same
+/// with the file.
 mode_t sharedRights(int folder);
 
-/// Calls `act` with each name in the folder, in no order; with none when the folder can't be read.
+/// Calls `act` with each name in the folder, in any order. Calls nothing if the folder cannot be read.
 void forEachName(int folder, const std::function<void(const std::string& name)>& act);
 
-/// A file of this user alone that grows beside its target and takes its place by one rename. It removes itself unless
-/// it was placed; those that runs which died have left in the folder are removed by the next one made there.
+/// A file of this user alone that is written next to its target and then renamed over it. It is removed unless it was
+/// placed. Creating one also removes those that crashed runs have left in the folder.
 class ReplacementFile {
 public:
     explicit ReplacementFile(FilePlace target);
@@ -63,9 +65,10 @@ public:
     ~ReplacementFile();
 
     const NativeFile& file() const { return *file_; }
-    /// The bytes are on the disk before the name is.
+    /// Writes the bytes to the disk before the rename.
     void place();
-    /// For a file that is made again when it is lost: whole to every program, but nothing is waited for.
+    /// Does not wait for the disk. For a file that can be created again if it is lost. Other programs still see it
+    /// complete.
     void placeUnsynced();
 
 private:
@@ -77,7 +80,7 @@ private:
     bool placed_ = false;
 };
 
-/// The whole file; longer than `limit` is failure 7.
+/// Returns the whole file. Failure 7 if it is longer than `limit`.
 std::string readWholeFile(const std::string& nativePath, std::size_t limit);
 
 }  // namespace orv

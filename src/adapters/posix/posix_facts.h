@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// The name comes from the host, or from the environment variable ORV_COMPUTER_NAME where an office names its terminals
-/// itself (or runs two of them on one machine). The Windows folder is C:\WINDOWS of the install.
+/// The computer's name is the host name. If the environment variable ORV_COMPUTER_NAME is set, it is used instead, so
+/// that an office can name its terminals or run two on one machine. The Windows folder is C:\WINDOWS of the install.
 class PosixFacts : public MachineFacts {
 public:
     std::string GetComputerName() const override;

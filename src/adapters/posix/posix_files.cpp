@@ -53,7 +53,7 @@ bool saysNothingIsThere(int error) {
     return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG || error == ELOOP || error == EINVAL;
 }
 
-/// 0, or -1 with errno. Not every file system can refuse an existing target by itself.
+/// Returns 0, or -1 with errno. Not every file system can refuse an existing target by itself.
 int renameToFreeName(const FilePlace& from, const FilePlace& to) {
     const int result = ::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_NOREPLACE);
     if (result == 0 || (errno != EINVAL && errno != ENOSYS)) {
@@ -67,7 +67,7 @@ int renameToFreeName(const FilePlace& from, const FilePlace& to) {
     return ::renameat(from.folder(), from.name(), to.folder(), to.name());
 }
 
-/// Who may write a log need not be able to read it.
+/// A user who can write a log need not be able to read it.
 Descriptor existingLog(const FilePlace& place) {
     Descriptor log = place.tryOpen(O_RDWR | O_APPEND);
     return log || errno != EACCES ? std::move(log) : place.tryOpen(O_WRONLY | O_APPEND);
@@ -81,7 +81,7 @@ NativeFile withOneName(Descriptor opened) {
     return file;
 }
 
-/// Several users write one log. Only the one that creates it sets its permissions.
+/// Several users write one log. Only the user who creates it sets its permissions.
 NativeFile openLog(const FilePlace& place) {
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
         if (Descriptor existing = existingLog(place)) {
@@ -131,7 +131,7 @@ FilePlace PosixFiles::place(const std::string& path) const {
     return own != nullptr ? own->place(path.substr(nameBegin(path))) : FilePlace(paths_.split(path));
 }
 
-/// A file that the operator has chosen may have any number of names.
+/// A file that the operator has chosen can have any number of names.
 Descriptor PosixFiles::opened(const std::string& path) const {
     Descriptor file = place(path).open(O_RDONLY);
     struct stat facts {};
@@ -154,7 +154,7 @@ bool PosixFiles::exists(const std::string& path) const { return isOfType(path, S
 
 bool PosixFiles::folderExists(const std::string& path) const { return isOfType(path, S_IFDIR); }
 
-/// False as well if nothing is there.
+/// Also false if the file does not exist.
 bool PosixFiles::isOfType(const std::string& path, unsigned type) const {
     struct stat facts {};
     try {
@@ -211,7 +211,7 @@ bool PosixFiles::same(const std::string& a, const std::string& b) const {
     }
 }
 
-/// Does not wait for the disk for a working file, which exists only during the run.
+/// Does not wait for the disk for a working file, which is needed only during the run.
 void PosixFiles::copy(const std::string& from, const std::string& to) {
     const NativeFile source(opened(from));
     const FilePlace target = place(to);
@@ -272,7 +272,7 @@ std::string PosixFiles::read(const std::string& path, std::size_t limit) const {
     return readWholeFile(nativePath(path), limit);
 }
 
-/// A folder of that name that is open to others is closed to them: it is the program's own.
+/// If the folder exists and is open to other users, its permissions are restricted, because it belongs to this program.
 std::string PosixFiles::privateFolder() {
     const std::string folder = stateFolder() + "/orv";
     std::error_code failure;

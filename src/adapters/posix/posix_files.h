@@ -11,8 +11,9 @@
 
 namespace orv {
 
-/// Files of an install. Only regular files count: a folder, a pipe or a device is never read or written. A photo or log
-/// of the office has one name only: of several, each could be put there by somebody to whom the file is not open.
+/// Files of an install. Only regular files are read or written, never a folder, a pipe or a device. A photo or log of
+/// the office must have only one name. With several, another user could have linked a file that is not open to that
+/// user.
 class PosixFiles : public FileSystem {
 public:
     explicit PosixFiles(const InstallPaths& paths) : paths_(paths) {}
@@ -21,19 +22,19 @@ public:
     bool folderExists(const std::string& path) const override;
     std::uint64_t fileSize(const std::string& path) const override;
     bool canOpen(const std::string& path) const override;
-    /// A target that is the file itself, or holds the same bytes already, stays as it is.
+    /// Changes nothing if the target is the file itself or already has the same bytes.
     void copy(const std::string& from, const std::string& to) override;
     FileStream open(const std::string& path) const override;
     bool same(const std::string& a, const std::string& b) const override;
     void publish(const std::string& from, const std::string& to) override;
     void write(const std::string& path, std::span<const std::uint8_t> bytes) override;
     void remove(const std::string& path) override;
-    /// A target that is there is failure 58.
+    /// Failure 58 if the target exists.
     void rename(const std::string& from, const std::string& to) override;
     void append(const std::string& path, const std::string& record) override;
     std::string read(const std::string& path, std::size_t limit) const override;
     void workIn(const std::string& folder) override;
-    /// "orv" in the state folder of the user (XDG_STATE_HOME, or ~/.local/state).
+    /// Returns "orv" in the user's state folder (XDG_STATE_HOME or ~/.local/state).
     std::string privateFolder() override;
     std::string programFolder() const override { return paths_.programFolder(); }
     std::string nativePath(const std::string& path) const override;
@@ -47,7 +48,7 @@ private:
     bool look(const std::string& path, struct stat& facts) const;
 
     const InstallPaths& paths_;
-    /// By the folder's path in capitals.
+    /// The key is the folder's path in capitals.
     mutable std::map<std::string, WorkFolder> work_;
 };
 

@@ -42,13 +42,13 @@ bool isRegular(const std::string& nativePath) {
     return ::stat(nativePath.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
-/// Tells the one who waits at the pipe why the program does not run.
+/// Writes the reason to the pipe, at whose other end the parent waits.
 [[noreturn]] void giveUp(int pipeEnd, int error) {
     [[maybe_unused]] const ssize_t count = ::write(pipeEnd, &error, sizeof error);
     ::_exit(127);
 }
 
-/// Everything that exec needs, ready before the fork.
+/// Everything that exec needs, prepared before the fork.
 struct Start {
     const char* program;
     char* const* arguments;
@@ -56,7 +56,7 @@ struct Start {
     int lifeLine;
 };
 
-/// In the child: only what may be called between fork and exec.
+/// Runs in the child. Only functions that are allowed between fork and exec can be called.
 [[noreturn]] void become(const Start& start, int pipeEnd) {
     sigset_t none;
     ::sigemptyset(&none);
@@ -74,7 +74,7 @@ struct Start {
     giveUp(pipeEnd, errno);
 }
 
-/// A child that leaves at once, so that its own child belongs to nobody and never becomes a zombie of ours.
+/// Runs in a child that exits at once, so that its own child has no parent here and never becomes a zombie.
 [[noreturn]] void leaveGrandchild(const Start& start, int pipeEnd) {
     ::setsid();
     const pid_t grandchild = ::fork();
@@ -87,7 +87,7 @@ struct Start {
     ::_exit(0);
 }
 
-/// Whether the program runs: the pipe closes without a word when exec has worked.
+/// True if the program runs: after a successful exec the pipe closes without a message.
 bool isSilent(int pipeEnd) {
     int error = 0;
     ssize_t count = 0;
@@ -114,7 +114,7 @@ bool launch(const Start& start) {
     return runs;
 }
 
-/// This program's environment with some values of its own in it.
+/// Returns this program's environment with some values replaced.
 std::vector<std::string> environmentWith(const std::vector<std::string>& own) {
     std::vector<std::string> all = own;
     for (char** entry = environ; *entry != nullptr; ++entry) {
@@ -127,7 +127,7 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& own) {
     return all;
 }
 
-/// As exec takes them: pointers into `words`, with a null at the end.
+/// Returns pointers into `words` and a null at the end, as exec requires.
 std::vector<char*> pointersTo(std::vector<std::string>& words) {
     std::vector<char*> pointers;
     for (auto& word : words) {

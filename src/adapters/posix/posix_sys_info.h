@@ -10,9 +10,9 @@
 
 namespace orv {
 
-/// The OS name is the distribution's own. Both version numbers and the build are the first three numbers of the
-/// kernel's release, and the service-pack text is the whole release. Of a disk the first figure is the space free for
-/// this user, the second the capacity, both of the file system that contains the drive's folder.
+/// The OS name is the distribution's. The two version numbers and the build number are the first three numbers of the
+/// kernel's release; the service-pack text is the whole release. The figures of a disk are the space available to this
+/// user and the whole size. Both are those of the file system that contains the drive's folder.
 class PosixSysInfo : public MachineSysInfo {
 public:
     PosixSysInfo(Registry& registry, const InstallPaths& paths) : MachineSysInfo(registry), paths_(paths) {}
@@ -27,10 +27,10 @@ private:
     const InstallPaths& paths_;
 };
 
-/// One value of a file of NAME=value lines, its quotes taken off; empty where the name is absent.
+/// Returns a value from a file of NAME=value lines, without its quotes. Empty if the name is missing.
 std::string osReleaseValue(std::string_view text, std::string_view name);
 
-/// The first three numbers of a kernel's release; what is missing is "0".
+/// Returns the first three numbers of a kernel's release. A missing number is "0".
 std::array<std::string, 3> releaseNumbers(std::string_view release);
 
 }  // namespace orv

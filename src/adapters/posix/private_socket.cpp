@@ -16,13 +16,13 @@ constexpr int kMostWaiting = 4;
 constexpr std::string_view kFolderPattern = "/orv-siblings-XXXXXX";
 constexpr std::string_view kSocketName = "/line";
 
-/// The other program may stand in another folder, and a socket's address is short.
+/// The path must be absolute, because the other program can run in another folder. A socket's address is also short.
 bool fits(std::string_view place) {
     return place.starts_with('/') &&
            place.size() + kFolderPattern.size() + kSocketName.size() < sizeof(sockaddr_un::sun_path);
 }
 
-/// A folder of mode 0700 with a name of its own; empty when it can't be made.
+/// Creates a folder of mode 0700 with a unique name. Returns "" if that fails.
 std::string freshFolder() {
     const char* session = std::getenv("XDG_RUNTIME_DIR");
     for (const std::string place : {session != nullptr ? session : "", "/tmp"}) {

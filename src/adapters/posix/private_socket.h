@@ -9,25 +9,25 @@ namespace orv {
 /// True if the process at the other end of a local socket belongs to this user.
 bool isOfThisUser(const Descriptor& peer);
 
-/// The next connection to a listening local socket. None if nobody connects or if another user does. Never waits, also
-/// not when the connection is read.
+/// Returns the next connection to a listening local socket. Returns none if there is none or if it is another user's.
+/// Never waits; reading the connection does not wait either.
 Descriptor acceptOwnUser(int listener);
 
-/// A local socket to which only programs of this user come, in a folder that only this user may enter. Both go with the
-/// object.
+/// A local socket for programs of this user only, in a folder that only this user can enter. Both are removed when the
+/// object is destroyed.
 class PrivateSocket {
 public:
-    /// In the session's own folder of the user (XDG_RUNTIME_DIR), or else in /tmp. Failure 57 when it can't be made.
+    /// Uses the user's session folder (XDG_RUNTIME_DIR), or else /tmp. Failure 57 if the socket cannot be created.
     PrivateSocket();
     PrivateSocket(const PrivateSocket&) = delete;
     PrivateSocket& operator=(const PrivateSocket&) = delete;
     ~PrivateSocket();
 
     const std::string& path() const { return path_; }
-    /// Can be read when somebody knocks.
+    /// Becomes readable when a program connects.
     const Descriptor& listener() const { return listener_; }
-    /// The next who knocks; none when nobody does, or somebody who is not of this user. Never waits, neither here nor
-    /// when the result is read.
+    /// Returns the next connection. Returns none if there is none or if it is another user's. Never waits; reading the
+    /// result does not wait either.
     Descriptor accept() const;
 
 private:

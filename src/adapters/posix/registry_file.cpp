@@ -50,7 +50,7 @@ std::int32_t coded(Body body) {
     }
 }
 
-/// A file that is not there yet is an empty registry for the one who writes.
+/// A missing file is written like an empty registry.
 RegistryText readForWriting(const std::string& nativePath) {
     try {
         return RegistryText(readWholeFile(nativePath, kLargestFile));

@@ -15,12 +15,19 @@ namespace orv {
 ///     [HKEY_LOCAL_MACHINE\SOFTWARE\ZENTHA\ORV]
 ///     InstallKey=C:\ORV
 ///
-/// Names without regard to ASCII case; of a name that stands twice the first counts; "@" is a key's default value;
-/// blanks around a value go, unless it stands in double quotes. The file is read at each call, and written whole beside
-/// itself and put in place by one rename. The type of a value is not kept.
+/// Names are compared without regard to ASCII case. If a name occurs twice, the first one is used. "@" is a key's
+/// default value. Blanks around a value are removed unless it is in double quotes. The file is read at each call. It is
+/// written completely to a new file, which then replaces the old one by a rename. The type of a value is not stored.
 ///
-/// Codes: 0 done, 2 no such file, key or value, 3 no such folder, 5 no access (or a file that can't be read as one), 6
-/// no such handle, 87 a name or value that can't stand on a line, 112 disk full, 234 a value longer than the buffer.
+/// Codes:
+///   0    done
+///   2    no such file, key or value
+///   3    no such folder
+///   5    no access, or the file cannot be read
+///   6    no such handle
+///   87   a name or value that does not fit on a line
+///   112  disk full
+///   234  a value longer than the buffer
 class RegistryFile : public Registry {
 public:
     RegistryFile(std::string nativePath, const CodePage& codePage)

@@ -19,8 +19,8 @@ struct Address {
     const sockaddr* get() const { return reinterpret_cast<const sockaddr*>(&socket); }
 };
 
-/// An address is short and a name may be of any length, so the address holds its hash. A zero byte in front
-/// means that there is no file.
+/// An address has a limited length and a name does not, so the address contains a hash of the name. An initial zero
+/// byte means that there is no file.
 Address makeAddress(const std::string& place, const std::string& name) {
     const std::string text = "orv-" + std::to_string(::geteuid()) + "-" +
                              std::to_string(std::hash<std::string>()(place)) + "-" +
@@ -33,7 +33,7 @@ Address makeAddress(const std::string& place, const std::string& name) {
 
 Descriptor localSocket() { return Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)); }
 
-/// Connecting is the whole message. It arrives also while the other run is busy.
+/// The connection itself is the message. It arrives even if the other run is busy.
 bool notifyOwner(const Address& address) {
     const Descriptor peer = localSocket();
     return peer && ::connect(peer.number(), address.get(), address.length) == 0 && isOfThisUser(peer);

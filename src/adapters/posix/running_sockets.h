@@ -11,20 +11,20 @@
 
 namespace orv {
 
-/// Holds each name as the address of a local socket without a file, which the system frees when the process ends. A
-/// connection to it means: come to the front.
+/// Uses each name as the address of a local socket without a file, which the system releases when the process ends. A
+/// connection to it asks the run to bring its window to the front.
 class RunningSockets : public RunningPrograms {
 public:
-    /// `place`: only runs for the same place share names. `called`: another run wants this one in front.
+    /// Only runs with the same `place` share names. `called` runs when another run asks for this one's window.
     RunningSockets(SiblingSocket::Watch watch, std::string place, std::function<void()> called)
         : watch_(std::move(watch)), place_(std::move(place)), called_(std::move(called)) {}
 
-    /// A name that another user's run holds counts as free: its window can't come to this user's front.
+    /// A name held by another user's run counts as free, because its window cannot be brought to this user's front.
     bool claim(const std::string& name) override;
     void leave(const std::string& name) override { held_.erase(name); }
 
 private:
-    /// The watch goes first.
+    /// Declared in this order, so that the watch is destroyed first.
     struct Held {
         Descriptor listener;
         std::shared_ptr<void> watch;

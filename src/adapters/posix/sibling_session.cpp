@@ -31,8 +31,8 @@ bool isTemporary(ssize_t count) { return count < 0 && (errno == EAGAIN || errno 
 
 }  // namespace
 
-/// The program holds the write end of a pipe to which nobody writes: the other end can be read when the last holder has
-/// ended.
+/// The program holds the write end of a pipe to which nothing is written. The read end becomes readable when the last
+/// holder has ended.
 void SiblingSession::begin(const PosixStarter& programs, const std::string& commandLine,
                            const SiblingSocket::Watch& watch) {
     watch_ = watch;
@@ -53,7 +53,7 @@ void SiblingSession::end() {
     socket_.reset();
 }
 
-/// A call that has begun keeps the visit until it returns.
+/// Keeps the session alive until a call that has begun returns.
 std::shared_ptr<void> SiblingSession::watched(const Descriptor& descriptor, void (SiblingSession::*act)()) {
     return watch_(descriptor.number(), [weak = weak_from_this(), act] {
         const auto session = weak.lock();
@@ -63,7 +63,7 @@ std::shared_ptr<void> SiblingSession::watched(const Descriptor& descriptor, void
     });
 }
 
-/// Whoever knocks beside the one who has come in is shown out.
+/// A second connection is closed at once.
 void SiblingSession::acceptConnection() {
     Descriptor peer = socket_->accept();
     if (peer && !connection_.descriptor) {
@@ -72,7 +72,7 @@ void SiblingSession::acceptConnection() {
     }
 }
 
-/// What a program that has ended had still to say waits at the socket.
+/// Messages that an ended program has sent can still be waiting at the socket.
 void SiblingSession::endLife() {
     lifeLine_.close();
     if (!connection_.descriptor) {
@@ -112,7 +112,7 @@ void SiblingSession::handleLines() {
     }
 }
 
-/// A program that has stopped reading must not stop this one.
+/// Never waits, because the program may have stopped reading.
 void SiblingSession::send(std::string_view line) const {
     if (!over_ && connection_.descriptor) {
         ::send(connection_.descriptor.number(), line.data(), line.size(), MSG_NOSIGNAL | MSG_DONTWAIT);

@@ -9,20 +9,20 @@
 
 namespace orv {
 
-/// One sibling program, from its start until it is gone or dismissed. While one of its calls runs it may be dismissed,
-/// and events may be raised again inside.
+/// One sibling program, from its start until it has ended or is dismissed. It can be dismissed within one of its calls,
+/// and events can be raised again inside a call.
 class SiblingSession : public std::enable_shared_from_this<SiblingSession> {
 public:
     explicit SiblingSession(SiblingCalls calls) : calls_(std::move(calls)) {}
 
     void begin(const PosixStarter& programs, const std::string& commandLine, const SiblingSocket::Watch& watch);
-    /// Nothing while the program is not connected.
+    /// Does nothing if the program is not connected.
     void send(std::string_view line) const;
-    /// Closes everything; nothing is called any more.
+    /// Closes everything. Nothing is called afterwards.
     void end();
 
 private:
-    /// An open descriptor and its watch. The watch goes first.
+    /// An open descriptor and its watch. The watch is released first.
     struct Watched {
         Descriptor descriptor;
         std::shared_ptr<void> watch;

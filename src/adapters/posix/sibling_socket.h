@@ -14,10 +14,10 @@ class SiblingSession;
 /// The environment variable in which a sibling program finds the path of its socket.
 inline constexpr const char* kSiblingSocketVariable = "ORV_SIBLING_SOCKET";
 
-/// Hears a sibling program by a local socket of its own, which takes one connection. Each line of that, ended by LF, is
-/// obeyed (sibling_words.h) and answered by "OK" or "NG". A line "FRONT" asks the program to bring its window to the
-/// front. The program is gone when it closes the connection, sends a
-/// line of more than 4096 bytes, or, not connected, has ended with all that it has started.
+/// Receives the messages of a sibling program through a local socket of its own, which accepts one connection. Each
+/// line ends with LF. It is handled (sibling_words.h) and answered by "OK" or "NG". A line "FRONT" asks the program to
+/// bring its window to the front. The program counts as ended when it closes the connection or sends a line of more
+/// than 4096 bytes. Without a connection, it counts as ended when it and all its children have ended.
 class SiblingSocket : public SiblingPrograms {
 public:
     /// Calls `readable` from the event loop whenever the descriptor can be read, until the result is released.
@@ -26,7 +26,7 @@ public:
     SiblingSocket(const PosixStarter& programs, Watch watch);
     ~SiblingSocket() override;
 
-    /// Also failure 57 when no socket can be made.
+    /// Also failure 57 if no socket can be created.
     void start(const std::string& commandLine, SiblingCalls calls) override;
     void toFront() override;
     void dismiss() override;

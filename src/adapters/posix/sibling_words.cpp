@@ -6,7 +6,7 @@
 namespace orv {
 namespace {
 
-/// What stands in front of the first blank; it and the blank leave `line`.
+/// Removes the text before the first blank, and the blank, from `line` and returns the text.
 std::string_view nextWord(std::string_view& line) {
     const std::string_view word = line.substr(0, line.find(' '));
     line.remove_prefix(std::min(word.size() + 1, line.size()));

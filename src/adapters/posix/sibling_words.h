@@ -6,10 +6,10 @@
 
 namespace orv {
 
-/// Does what a sibling program's line, without its line break, says:
-///   TEXT handle text    the text, which may be empty, is for that control
-///   KEY handle code     that key is pressed on that control
-/// Handles and codes are decimal. False: the line is no such line, or was refused.
+/// Handles a line of a sibling program, given without its line break:
+///   TEXT handle text    sets the text, which can be empty, of that control
+///   KEY handle code     presses that key on that control
+/// Handles and codes are decimal. False if the line has another form or was rejected.
 [[nodiscard]] bool handleLine(std::string_view line, const SiblingCalls& calls);
 
 }  // namespace orv

@@ -22,7 +22,7 @@ constexpr const char* kLock = "lock";
 constexpr const char* kNotPrivate =
     "作業用フォルダーを利用者専用にできません。設定「TMP」のフォルダーがあるディスクを確認してください。";
 
-/// Somebody else could have put another folder in its place before it was opened.
+/// Another user could have put another folder in its place before it was opened.
 bool isOfThisUserAlone(const Descriptor& folder) {
     struct stat facts {};
     return ::fstat(folder.number(), &facts) == 0 && facts.st_uid == ::geteuid() && (facts.st_mode & kOthers) == 0;
@@ -38,7 +38,7 @@ std::string freshName() {
     return std::string(kBegin) + std::to_string(random()) + "-" + std::to_string(random());
 }
 
-/// The lock goes last, so that a removal that is cut short is taken up by the next one.
+/// Removes the lock last, so that the next run continues an interrupted removal.
 void removeContents(const FilePlace& lock) {
     forEachName(lock.folder(), [&](const std::string& name) {
         if (name != kLock) {
@@ -48,7 +48,7 @@ void removeContents(const FilePlace& lock) {
     static_cast<void>(lock.unlink());
 }
 
-/// A folder without a lock is none of a run, or of one that had just made it: it goes only when it is empty.
+/// A folder without a lock does not belong to a run, or its run has just created it. It is removed only if it is empty.
 void removeUnlessHeld(const FilePlace& place) {
     const auto folder = std::make_shared<const Descriptor>(place.tryOpen(O_RDONLY | O_DIRECTORY));
     if (!*folder || !isOfThisUserAlone(*folder)) {
@@ -91,7 +91,7 @@ std::string WorkFolder::nativePath(const std::string& name) const {
     return any.substr(0, any.rfind('/') + 1) + name_ + "/" + name;
 }
 
-/// Somebody who can write the shared folder can take each name, and remove each folder that is still empty.
+/// A user who can write the shared folder can occupy any name and remove any folder that is still empty.
 void WorkFolder::make() {
     const FilePlace shared(shared_);
     for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
@@ -103,7 +103,8 @@ void WorkFolder::make() {
     throw RunTimeError(Failure::PathFileAccess, kNotPrivate);
 }
 
-/// False: the name is taken, or somebody has removed the fresh folder, such as a run that took it for a dead one's.
+/// False if the name is occupied or the new folder was removed meanwhile, for example by a run that treated it as a
+/// leftover.
 bool WorkFolder::tryToMake(const FilePlace& place) {
     if (::mkdirat(place.folder(), place.name(), kFolderOwnerOnly) != 0 && errno != EEXIST) {
         raiseErrno(errno);

@@ -8,21 +8,21 @@
 
 namespace orv {
 
-/// The working files of this run, inside a folder that several runs and users share. They are in a folder of their own
-/// that only this user may enter, held open and locked until the run ends. The files stay; the next run of the user
+/// The working files of this run, in a folder shared by several runs and users. They are in a folder of their own that
+/// only this user can enter. It is held open and locked until the run ends. The files remain; the user's next run
 /// removes them.
 class WorkFolder {
 public:
-    /// `shared`: any place in the shared folder.
+    /// `shared` is any place in the shared folder.
     explicit WorkFolder(NativePath shared) : shared_(std::move(shared)) {}
 
-    /// Removes the folders of this user's runs that have ended. Never raises.
+    /// Removes the folders of this user's ended runs. Never throws.
     void removeDead() const;
-    /// The place of a working file. The first call makes the folder; failure 75 when it would not be private.
+    /// Returns the place of a working file. The first call creates the folder. Failure 75 if it would not be private.
     FilePlace place(const std::string& name);
-    /// Whether the folder has been made.
+    /// True if the folder has been created.
     explicit operator bool() const { return folder_ != nullptr; }
-    /// Of a working file, when the folder has been made.
+    /// Returns the path of a working file. The folder must have been created.
     std::string nativePath(const std::string& name) const;
 
 private:
