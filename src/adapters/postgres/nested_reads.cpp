@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto kReadingWords =
     std::to_array<std::string_view>({"select", "table", "from", "using", "returning", "with", "execute"});
-// What may stand before a bracket and calls nothing but `Left`.
+// The words that can precede a bracket without calling a function, except `Left`.
 constexpr auto kBracketWords =
     std::to_array<std::string_view>({"values", "where", "set", "and", "or", "not", "in", "left"});
 constexpr std::string_view kBlanks = " \t\r\n\f";
@@ -28,7 +28,7 @@ bool contains(std::span<const std::string_view> words, std::string_view word) {
     return std::ranges::any_of(words, [&](std::string_view each) { return equalWithoutCase(each, word); });
 }
 
-/// Walks over a statement, word by word.
+/// Reads a statement word by word.
 class Walk {
 public:
     explicit Walk(std::string_view rest) : rest_(rest) {}
@@ -57,19 +57,19 @@ private:
         rest_.remove_prefix(word.size());
         const bool isPlainFrom = equalWithoutCase(word, "from") && equalWithoutCase(before_, "delete");
         require(isPlainFrom || !contains(kReadingWords, word));
-        require(!rest_.starts_with('\''));  // E'...': what ends such a literal is another matter
+        require(!rest_.starts_with('\''));  // E'...' has other rules for its end
         const bool opensBracket = skipBlanks() && rest_.front() == '(';
         require(!opensBracket || equalWithoutCase(before_, "into") || contains(kBracketWords, word));
         before_ = word;
     }
 
-    /// A doubled apostrophe reads here as two literals side by side, which comes to the same.
+    /// A doubled apostrophe is read as two adjacent literals, with the same result.
     void readLiteral() {
         const std::size_t end = rest_.find('\'', 1);
         rest_.remove_prefix(std::min(end, rest_.size() - 1) + 1);
     }
 
-    /// Comments, quoted names and dollar quotes hide what follows; `$1` is a parameter.
+    /// Comments, quoted names and dollar quotes can hide text. `$1` is a parameter.
     void readSign() {
         const bool isParameter = rest_.front() == '$' && rest_.size() > 1 && isDigit(rest_[1]);
         require(isParameter || (rest_.front() != '$' && rest_.front() != '"'));

@@ -15,7 +15,7 @@ struct ServerState {
     std::string_view text;
 };
 
-// A row stands for all states that begin as it does; the first that fits counts.
+// A row applies to all states that begin with its text. The first such row is used.
 constexpr auto kStates = std::to_array<ServerState>({
     {"08", Failure::ConnectionFailed, Detail::Shown, "データベースのサーバーとの通信に失敗しました。"},
     {"22001", Failure::Overflow, Detail::Shown, "データが長すぎて、データベースの項目に入りません。"},
@@ -83,7 +83,8 @@ StoreFailure serverFailure(std::string_view state, std::string_view detail) {
 }
 
 StoreFailure openingFailure(std::string_view words) {
-    // "...FATAL:  3D000: database "orv" does not exist"; of several hosts or attempts the last one counts.
+    // The text is "...FATAL:  3D000: database "orv" does not exist". After several hosts or attempts, the last one is
+    // used.
     constexpr std::string_view sign = ":  ";
     for (std::size_t at = words.rfind(sign); at != std::string_view::npos; at = words.substr(0, at).rfind(sign)) {
         const std::string_view rest = words.substr(at + sign.size());

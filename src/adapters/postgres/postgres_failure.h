@@ -6,11 +6,12 @@
 
 namespace orv {
 
-/// The failure for one of the server's five-character states, which stands in its code. `detail`, the server's own
-/// words, is added where the statement or the settings are to blame.
+/// Returns the failure for a state of the server, which has five characters and becomes part of the code. Adds
+/// `detail`, the server's own text, if the statement or the settings are wrong.
 StoreFailure serverFailure(std::string_view state, std::string_view detail);
 
-/// The failure of an opening, from the client library's words with the server's state in them, where it got so far.
+/// Returns the failure of an attempt to connect. `words` is the client library's text, with the server's state if the
+/// server answered.
 StoreFailure openingFailure(std::string_view words);
 
 }  // namespace orv

@@ -4,11 +4,11 @@
 
 namespace orv {
 
-/// The functions of libpq that the store on a server needs. The library brings some thirty others with it. Linked, they
-/// would all be loaded before the first page appears, also where the store is a file; so they are loaded when the first
-/// connection is made.
+/// The functions of libpq that the store on a server needs. The library depends on some thirty others. If it were
+/// linked, all of them would be loaded before the first page appears, even if the store is a file. So it is loaded with
+/// the first connection.
 struct PostgresLibrary {
-    /// The address of a function; becomes a pointer to it.
+    /// The address of a function; converts to a pointer to it.
     struct Function {
         void* address = nullptr;
         template <class Signature>
@@ -16,7 +16,7 @@ struct PostgresLibrary {
             return reinterpret_cast<Signature*>(address);
         }
     };
-    /// Failure 51 when the machine has no such library or the library has no such function.
+    /// Failure 51 if the machine does not have the library or the library does not have the function.
     static Function function(const char* name);
 
     decltype(&PQclear) clear = function("PQclear");
@@ -56,7 +56,7 @@ struct PostgresLibrary {
     decltype(&PQtransactionStatus) transactionStatus = function("PQtransactionStatus");
 };
 
-/// Loaded by the first call.
+/// Loads the library at the first call.
 const PostgresLibrary& pq();
 
 }  // namespace orv

@@ -25,7 +25,7 @@ constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr auto kReadingWords = std::to_array<std::string_view>({"select", "with", "values"});
 constexpr auto kChangingWords = std::to_array<std::string_view>({"insert", "update", "delete"});
 
-// A read is undone at its end: nothing that it did beside reading, such as a changed setting, stays.
+// A read is rolled back at its end, so that side effects, such as a changed setting, do not remain.
 constexpr const char* kReadInside = "SAVEPOINT orv_call; SET LOCAL transaction_read_only = on";
 constexpr const char* kChangeInside = "SAVEPOINT orv_call";
 constexpr const char* kUndoInside = "ROLLBACK TO SAVEPOINT orv_call; RELEASE SAVEPOINT orv_call";
@@ -39,8 +39,8 @@ constexpr const char* kKeyColumns =
     " WHERE i.indrelid = to_regclass($1) AND i.indisprimary AND a.attrelid = i.indrelid AND a.attnum = k.number"
     " ORDER BY k.place";
 
-// Objects in the schemas in which names are looked up, except those of extensions. A default that calls a function, an
-// index and a type can run code, as a trigger can.
+// Objects in the schemas in which names are looked up, except those of extensions. Like a trigger, a default that calls
+// a function, an index and a type can run code.
 constexpr const char* kObjects =
     "WITH own AS (SELECT oid FROM pg_namespace WHERE nspname = ANY (current_schemas(false))),"
     " extra AS (SELECT objid FROM pg_depend WHERE deptype = 'e'),"
@@ -68,7 +68,7 @@ constexpr const char* kObjects =
     " UNION SELECT 'computed default', attname FROM columns WHERE attgenerated = '' AND strpos(value, '(') > 0"
     ") AS objects ORDER BY 1, 2";
 
-// The server's numbers of its types that are no texts here.
+// The server's numbers of the types that are not read as texts.
 constexpr Oid kBool = 16;
 constexpr auto kWholeNumbers = std::to_array<Oid>({20, 21, 23});
 constexpr auto kBrokenNumbers = std::to_array<Oid>({700, 701, 1700});
@@ -83,7 +83,7 @@ std::string_view withoutLast(std::string_view text, std::string_view unwanted) {
     return text.substr(0, text.find_last_not_of(unwanted) + 1);
 }
 
-/// The server takes one statement a message with parameters and refuses more; it overlooks empty ones behind it.
+/// With parameters, the server accepts one statement per message and rejects more. It ignores empty ones after it.
 void requireStatement(std::string_view sql, std::span<const std::string_view> words, const StoreRefusal& otherwise) {
     if (sql.find('\0') != std::string_view::npos) {
         refuse(kBadCharacter);
@@ -219,7 +219,7 @@ public:
         }
     }
 
-    /// On a wire that is cut meanwhile the server does it by itself.
+    /// If the connection is lost, the server rolls back by itself.
     void rollBack() override {
         if (inTransaction()) {
             static_cast<void>(link_.askAll("ROLLBACK"));
@@ -241,7 +241,7 @@ public:
 private:
     void command(const std::string& sql) { require(link_.askAll(sql), PGRES_COMMAND_OK, kNoTransaction); }
 
-    /// Throws what kept a message from ending as it should.
+    /// Throws the reason if the message did not end as required.
     void require(const ServerResult& result, int wanted, const StoreRefusal& otherwise) const {
         if (result == nullptr) {
             refuse(link_.whyCut());

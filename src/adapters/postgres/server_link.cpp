@@ -92,7 +92,7 @@ ServerResult ServerLink::answer(bool sent) {
         }
     }
     if (pq().status(connection_.get()) != CONNECTION_OK) {
-        // A failure with the server's state in it says more than the cut that follows it.
+        // A failure with the server's state has more information than the lost connection after it.
         const bool isReported = kept != nullptr && pq().resultErrorField(kept.get(), PG_DIAG_SQLSTATE) != nullptr;
         cut(kCut);
         return isReported ? std::move(kept) : nullptr;
@@ -113,7 +113,7 @@ bool ServerLink::flushed(Clock::time_point deadline) {
     return left == 0;
 }
 
-/// The next result of the answer; null behind the last one, and where the wire was cut.
+/// Returns the next result of the answer. Null after the last one, and if the connection is lost.
 ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && pq().isBusy(connection_.get()) != 0) {
         if (!waitForSocket(connection_.get(), POLLIN, deadline)) {
@@ -125,7 +125,7 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     return ServerResult(connection_ == nullptr ? nullptr : pq().getResult(connection_.get()));
 }
 
-/// False where the wire is gone.
+/// False if the connection is lost.
 bool ServerLink::receiveInput() {
     bool isOpen = false;
     received_.count(connection_.get(), [&] { isOpen = pq().consumeInput(connection_.get()) != 0; });

@@ -17,30 +17,31 @@ struct ResultClearer {
 };
 using ServerResult = std::unique_ptr<pg_result, ResultClearer>;
 
-/// How long the server is waited for, and how much is taken from it.
+/// How long the program waits for the server, and how much it accepts.
 struct ServerPatience {
-    /// For one host to let us in, where the settings do not say (`connect_timeout`).
+    /// For one host to accept the connection, unless the settings say otherwise (`connect_timeout`).
     std::chrono::milliseconds connect{5000};
-    /// For an answer, whatever the server does or does not do.
+    /// For an answer, regardless of the server's behaviour.
     std::chrono::milliseconds answer{10000};
-    /// Of one answer.
+    /// Limit of one answer.
     std::size_t bytes = std::size_t{64} << 20U;
 };
 
-/// The wire to a server: messages with a time limit. Nothing here waits for ever, not even for a server that stands
-/// still in the middle of a message.
+/// A connection to a server that sends messages with a time limit. No call waits forever, even if the server stops in
+/// the middle of a message.
 class ServerLink {
 public:
-    /// Failure: a StoreFailure that tells what kept the server from letting us in.
+    /// Throws a StoreFailure with the reason why the server did not accept the connection.
     ServerLink(const ServerSettings& settings, const ServerPatience& patience);
 
-    /// Sends one message and waits for its end: one statement with parameters, or several without. The last result, or
-    /// the first that failed. Null: the wire is cut, and `whyCut` tells by whom; the server rolls back what was open.
+    /// Sends one message and waits for its end: one statement with parameters, or several without. Returns the last
+    /// result, or the first that failed. Null if the connection is lost; `whyCut` has the reason. The server then rolls
+    /// back the open transaction.
     ServerResult ask(const std::string& sql, const Values& parameters);
     ServerResult askAll(const std::string& sql);
 
     const StoreRefusal& whyCut() const noexcept { return *whyCut_; }
-    /// A transaction is open on the server; false on a cut wire.
+    /// True if a transaction is open on the server. False if the connection is lost.
     bool inTransaction() const;
 
 private:
@@ -54,7 +55,7 @@ private:
 
     ServerConnection connection_;
     ServerPatience patience_;
-    ReceivedBytes received_;  // of the answer that is coming
+    ReceivedBytes received_;  // of the current answer
     const StoreRefusal* whyCut_;
 };
 

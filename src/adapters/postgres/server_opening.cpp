@@ -33,21 +33,21 @@ constexpr StoreRefusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
                                       "データベースのサーバーがパスワードを求めています。"
                                       "利用者ごとのパスワードファイル（.pgpass）に書いてください。"};
 
-// With these a list of hosts goes on to the next one; what a server has decided stands for all of them.
+// After these failures the next host is tried. Any other answer applies to all hosts.
 constexpr auto kTryNext = std::to_array<std::string_view>({"DBCONN02", "DB57P03"});
 
-// A host that is gone is noticed by the network itself, where the settings do not say otherwise.
+// The network itself detects an unreachable host, unless the settings say otherwise.
 const ServerSettings kNetworkDefaults = {{"fallback_application_name", "company_information"},
                                          {"keepalives_idle", "5"},
                                          {"keepalives_interval", "2"},
                                          {"keepalives_count", "3"},
                                          {"tcp_user_timeout", "10000"}};
 
-/// Nothing has gone out yet when this returns.
+/// Nothing has been sent when this returns.
 ServerConnection start(ServerSettings settings) {
     settings.insert(kNetworkDefaults.begin(), kNetworkDefaults.end());
     ServerConnection connection = startConnection(settings);
-    pq().setErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // the server's state is in its words then
+    pq().setErrorVerbosity(connection.get(), PQERRORS_VERBOSE);  // adds the server's state to its text
     return connection;
 }
 
@@ -59,13 +59,13 @@ std::vector<std::string> listed(const std::string& text) {
     return parts;
 }
 
-/// The bytes that have come and that nobody has read.
+/// Returns the number of bytes that have arrived and have not been read.
 std::size_t waitingIn(PGconn* connection) {
     int bytes = 0;
     return ::ioctl(pq().socket(connection), FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
 }
 
-/// False when the host was not done in time; else it has let us in or said why not.
+/// False if the host was not ready in time. Otherwise it has accepted the connection or reported why not.
 bool letIn(PGconn* connection, Clock::time_point deadline) {
     ReceivedBytes received(kMostWhenOpening);
     PostgresPollingStatusType next = PGRES_POLLING_WRITING;
@@ -85,7 +85,7 @@ StoreFailure toFailure(const StoreRefusal& refusal) {
     return {refusal.number, std::string(refusal.code), std::string(refusal.text)};
 }
 
-/// The hosts one after the other. The library itself would give its first host all the time that there is.
+/// Tries the hosts one after the other. The library itself would give its first host all the time.
 class Opening {
 public:
     Opening(ServerSettings settings, std::chrono::milliseconds patience)
@@ -114,7 +114,7 @@ public:
         throw toFailure(kNotInTime);
     }
 
-    /// When the host that is being tried has had its time.
+    /// Returns the time limit of the host that is being tried.
     Clock::time_point deadline() const { return deadline_.load(); }
 
 private:
@@ -126,7 +126,8 @@ private:
                                                                : openingFailure(pq().errorMessage(connection));
     }
 
-    /// The settings for each host alone. A standby that is only preferred is looked for on all of them first.
+    /// Returns the settings for each host separately. If a standby is only preferred, it is searched on all hosts
+    /// first.
     std::vector<ServerSettings> eachHost() const {
         const auto names = listed(findSetting(settings_, "host"));
         const auto addresses = listed(findSetting(settings_, "hostaddr"));
@@ -147,7 +148,7 @@ private:
         ServerSettings host = settings_;
         for (const char* name : {"host", "hostaddr", "port"}) {
             const std::vector<std::string> values = listed(findSetting(settings_, name));
-            host[name] = values[std::min(place, values.size() - 1)];  // one port stands for all
+            host[name] = values[std::min(place, values.size() - 1)];  // a single port is for all hosts
         }
         return host;
     }
@@ -175,7 +176,7 @@ bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock:
 }
 
 void ReceivedBytes::count(pg_conn* connection, const std::function<void()>& read) {
-    constexpr std::size_t kAtLeast = 8192;  // that the library takes at a time, where so much has come
+    constexpr std::size_t kAtLeast = 8192;  // bytes that the library reads at a time, if available
     const std::size_t before = waitingIn(connection);
     read();
     const std::size_t taken = before - std::min(before, waitingIn(connection));
@@ -183,7 +184,8 @@ void ReceivedBytes::count(pg_conn* connection, const std::function<void()>& read
 }
 
 ServerConnection openServer(const ServerSettings& settings, std::chrono::milliseconds patience) {
-    // Looking up a name can't be broken off. Who does it is left to itself then, and closes what it still opens.
+    // A name lookup cannot be interrupted. After the time limit, its thread continues alone and closes any connection
+    // that it still opens.
     const auto opening = std::make_shared<Opening>(settings, patience);
     std::packaged_task<ServerConnection()> task([opening] { return opening->run(); });
     std::future<ServerConnection> opened = task.get_future();

@@ -8,16 +8,16 @@
 
 namespace orv {
 
-/// Waits until something happens to the wire, of the kinds that `poll` knows. False when the time is over.
+/// Waits for events of `poll` on the connection. False if the time is over.
 bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
 
-/// Counts the bytes that the client library takes from a connection. The library keeps an answer whole, however long it
-/// becomes, and does not report how much it has taken.
+/// Counts the bytes that the client library reads from a connection. The library stores a whole answer, however long,
+/// and does not report how much it has read.
 class ReceivedBytes {
 public:
     explicit ReceivedBytes(std::size_t most) : most_(most) {}
 
-    /// Counts those that `read` takes.
+    /// Counts the bytes that `read` reads.
     void count(pg_conn* connection, const std::function<void()>& read);
     bool areTooMany() const { return received_ > most_; }
 
@@ -26,10 +26,10 @@ private:
     std::size_t received_ = 0;
 };
 
-/// Opens a connection to the first of the hosts that lets us in and is what `target_session_attrs` asks for. Each host
-/// has `patience`, or the `connect_timeout` of the settings, also where looking up its name stands still.
-/// Failure: a StoreFailure that tells what kept the last host from letting us in. A host that sends more than 1 MB
-/// before it lets us in is refused.
+/// Connects to the first host that accepts the connection and is of the kind required by `target_session_attrs`. The
+/// time limit of each host is `patience`, or `connect_timeout` of the settings. It includes the lookup of its name.
+/// Throws a StoreFailure with the reason why the last host did not accept the connection. A host that sends more than 1
+/// MB before that is rejected.
 ServerConnection openServer(const ServerSettings& settings, std::chrono::milliseconds patience);
 
 }  // namespace orv

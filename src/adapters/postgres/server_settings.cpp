@@ -28,11 +28,11 @@ constexpr StoreRefusal kForbidden{"DBFILE08", Failure::InvalidCall,
                                   "データベースのサーバーを示すファイルに、使えない設定が書かれています。"};
 constexpr std::size_t kLongest = 4096;
 
-// The text is a file of the office, which others may have written, and the client library does what it says with the
-// permissions of the user who opens the store. Not here, among others: `options` (settings of the server's session),
-// `sslcrldir`, `gsslib`, and what a newer library may learn, such as writing down the keys of a connection.
+// The text is a file of the office that others may have written. The client library obeys it with the permissions of
+// the user who opens the store. Among others, these are excluded: `options` (settings of the server's session),
+// `sslcrldir` and `gsslib`. So are settings of newer libraries, such as one that writes a connection's keys to a file.
 constexpr auto kAllowed = std::to_array<std::string_view>({
-    // Where the server is. `service` names a section of the user's own file or the machine's.
+    // The server's location. `service` names a section of the user's own file or the machine's.
     "host",
     "hostaddr",
     "port",
@@ -40,12 +40,13 @@ constexpr auto kAllowed = std::to_array<std::string_view>({
     "user",
     "service",
     "target_session_attrs",
-    // Names of files that are read: as passwords only by lines that begin with this very server, as PEM otherwise.
+    // Names of files that are read. In a password file only lines that begin with this very server are used; the others
+    // must be PEM.
     "passfile",
     "sslrootcert",
     "sslcert",
-    "sslkey",  // no library by the name of a key: server_settings.cpp
-    // A mode below verify-full is the office's own decision; where it says nothing, it is verify-full.
+    "sslkey",  // only a file, see isPlainFile
+    // A mode below verify-full is the office's own decision. The default is verify-full.
     "sslmode",
     // Numbers, and a name for the server's list of sessions.
     "connect_timeout",
@@ -76,7 +77,7 @@ std::string connectionText(const std::string& nativePath) {
         }
     }
     if (!text.empty()) {
-        text.pop_back();  // behind an address a blank would count
+        text.pop_back();  // a blank after an address would be a part of it
     }
     return text;
 }
@@ -98,14 +99,15 @@ constexpr StoreRefusal kNotTheirPassword{"DBFILE08", Failure::InvalidCall,
                                          "サービスや環境変数のパスワードは、データベースのサーバーを示すファイルが指す"
                                          "相手には渡しません。サーバーの設定もサービスに書いてください。"};
 
-// The value that the library has for both where nobody says anything.
+// The library's own default for both settings.
 constexpr std::string_view kUnsaid = "prefer";
 constexpr const char* kStrictMode = "verify-full";
 constexpr auto kOldProtocols = std::to_array<std::string_view>({"", "TLSv1", "TLSv1.1"});
-// What decides who gets a password. Not all of it can be checked: a certificate is only as good as `sslrootcert`.
+// Settings that decide which server gets a password. Not all of it can be checked: a certificate is only as good as
+// `sslrootcert`.
 constexpr auto kDestination = std::to_array<std::string_view>({"host", "hostaddr", "port", "sslmode", "sslrootcert"});
 
-// With a value that it does not know, the library collects all settings and ends before it looks for a host.
+// With an unknown value for this setting, the library collects all settings and stops before it looks up a host.
 constexpr const char* kProbe = "ssl_max_protocol_version";
 constexpr const char* kProbeValue = "none";
 
@@ -126,7 +128,7 @@ ServerSettings readSettings(PGconn* connection) {
     return all;
 }
 
-/// "name:key" is a key of the engine `name`, which can be the path of a library; "C:\\key" is a file.
+/// "name:key" is a key of the engine `name`, which can be the path of a library. "C:\\key" is a file.
 bool isPlainFile(std::string_view key) {
     const std::size_t colon = key.find(':');
     const bool isDrive = colon == 1 && std::isalpha(static_cast<unsigned char>(key[0])) != 0 && key.size() > 2 &&
@@ -139,13 +141,13 @@ bool isLocal(const ServerSettings& host) {
     return findSetting(host, "hostaddr").empty() && (name.empty() || name.front() == '/' || name.front() == '@');
 }
 
-/// A password of a service or the environment is for any server, unlike those of `.pgpass`, which name theirs. So is
-/// each password that the user lets go without a proof.
+/// A password of a service or the environment is for any server. Those of `.pgpass` name their server. A password that
+/// the user allows to be sent without a proof also counts as one for any server.
 bool isForAnyServer(const ServerSettings& settings) {
     return !findSetting(settings, "password").empty() || findSetting(settings, "channel_binding") == "disable";
 }
 
-/// `named` is a text that others may have written. It must not choose who gets such a password.
+/// `named` is a text that others may have written. It must not choose the server that gets such a password.
 void refuseOtherDestination(const ServerSettings& named, const ServerSettings& all) {
     for (const std::string_view name : kDestination) {
         if (isForAnyServer(all) && !findSetting(named, name).empty()) {
@@ -164,7 +166,7 @@ ServerSettings readServerText(const std::string& nativePath) {
         if (option->val == nullptr) {
             continue;
         }
-        // The library marks so what must not be shown on a screen.
+        // The library marks settings that must not be displayed in this way.
         if (*option->dispchar == '*') {
             refuse(kPassword);
         }
@@ -205,7 +207,7 @@ ServerSettings settled(const ServerSettings& named) {
     const ServerConnection connection = probe(named);
     ServerSettings all = readSettings(connection.get());
     if (all.erase(kProbe) == 0) {
-        throw openingFailure(pq().errorMessage(connection.get()));  // such as a service that is nowhere
+        throw openingFailure(pq().errorMessage(connection.get()));  // such as an unknown service
     }
     if (!isPlainFile(findSetting(all, "sslkey"))) {
         refuse(kKeyByEngine);
