@@ -17,9 +17,9 @@ constexpr StoreRefusal kForeignJournal{"DBFILE10", Failure::PathFileAccess,
 
 constexpr int kKinds = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_SUPER_JOURNAL | SQLITE_OPEN_WAL;
 constexpr auto kJournalEndings = std::to_array<std::string_view>({"-journal", "-wal"});
-constexpr const char* kIndexEnding = "-shm";  // of a write-ahead log; the system opens it past this layer
+constexpr const char* kIndexEnding = "-shm";  // of a write-ahead log; the engine opens it without this layer
 
-// A journal that ends so names a super-journal, by which several databases are written at once. This program never
+// A journal with this end names a super-journal, by which several databases are written together. This program never
 // does that.
 constexpr std::string_view kSuperSign = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
 

@@ -6,10 +6,10 @@
 
 namespace orv {
 
-/// The files that the engine may open and delete for one store: the database and its own journals. A journal in a
-/// folder of the office can be anybody's, and the engine would follow the names in it to other files and delete those.
+/// Restricts the files that the engine opens and deletes for one store to the database and its own journals. Any user
+/// can put a journal into a folder of the office, and the engine would delete the other files that it names.
 ///
-/// Registered under a name of its own while in scope; the database that uses it must be closed before.
+/// Registered under its own name while in scope. The database that uses it must be closed first.
 class GuardedVfs : private sqlite3_vfs {
 public:
     GuardedVfs();

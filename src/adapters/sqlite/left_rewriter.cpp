@@ -14,7 +14,7 @@ bool isWordCharacter(char c) {
            static_cast<unsigned char>(c) >= 0x80;
 }
 
-/// Up to and with `end`; to the end of the text where it never comes.
+/// Returns the position after `end`, or the end of the text if `end` does not follow.
 std::size_t through(std::string_view text, std::string_view end, std::size_t from) {
     const std::size_t at = text.find(end, from);
     return at == std::string_view::npos ? text.size() : at + end.size();
@@ -24,8 +24,8 @@ std::size_t wordLength(std::string_view text) {
     return static_cast<std::size_t>(std::ranges::find_if_not(text, isWordCharacter) - text.begin());
 }
 
-/// The length of the token at the start of `text`, never 0. A doubled quotation mark inside a literal reads here as two
-/// literals side by side, which comes to the same.
+/// Returns the length of the token at the start of `text`, which is never 0. A doubled quotation mark inside a literal
+/// is read as two adjacent literals, with the same result.
 std::size_t tokenLength(std::string_view text) {
     const char first = text.front();
     if (text.starts_with("--")) {

@@ -5,8 +5,8 @@
 
 namespace orv {
 
-/// `sql` with the name of each call `Left(...)` put between double quotes. LEFT is a keyword of the engine's joins, so
-/// that it takes a function of this name only when quoted. Literals, quoted names and comments stay as they are.
+/// Returns `sql` with the name of each call `Left(...)` in double quotes. LEFT is a keyword of the engine's joins, so
+/// that it accepts a function of this name only in quotes. Literals, quoted names and comments do not change.
 std::string quoteLeftCalls(std::string_view sql);
 
 }  // namespace orv

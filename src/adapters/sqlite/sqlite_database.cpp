@@ -17,15 +17,15 @@
 namespace orv {
 namespace {
 
-// The folder is flushed too when the journal goes, so that a power cut cannot bring the journal, and with it the state
-// before the commit, back.
+// Also flushes the folder when the journal is deleted. Otherwise a power failure could restore the journal, and with it
+// the state before the commit.
 constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
 constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
 constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr std::chrono::milliseconds kPause{1};
 constexpr int kLongestValue = 16 << 20;
-constexpr int kStepsBetween = 100;  // of the engine, some microseconds; some milliseconds each on the longest values
-// A view of another program may use it.
+constexpr int kStepsBetween = 100;  // of the engine: microseconds, or milliseconds for the longest values
+// Views of other programs can use it.
 constexpr int kLeftTraits = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 struct Opening {
@@ -42,7 +42,7 @@ constexpr auto kOpenings = std::to_array<Opening>({
     {StoreAccess::OwnCopy, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_URI, true},
 });
 
-/// The address by which the engine takes no locks and looks for no journal.
+/// Returns the address with which the engine takes no locks and looks for no journal.
 std::string immutable(const std::string& path) {
     std::string address = "file:";
     for (const char c : path) {
@@ -52,7 +52,7 @@ std::string immutable(const std::string& path) {
     return address + "?immutable=1";
 }
 
-/// Another program may have put anything into a text column, while everything behind the store relies on UTF-8.
+/// Another program can have stored any bytes in a text column, while all callers of the store rely on UTF-8.
 std::string repairedUtf8(std::string_view bytes) {
     const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     return std::ranges::all_of(bytes, isAscii) ? std::string(bytes) : toUtf8(toCharacters(bytes));
@@ -69,7 +69,7 @@ void refuseUnlessOk(sqlite3* database, int result) {
     }
 }
 
-/// The first characters of a text, all of one that is shorter; null of null.
+/// Returns the first characters of a text, or the whole text if it is shorter. Null for null.
 void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(arguments[0]));
     if (bytes == nullptr || sqlite3_value_type(arguments[1]) == SQLITE_NULL) {
@@ -85,8 +85,9 @@ void left(sqlite3_context* context, int, sqlite3_value** arguments) {
     sqlite3_result_text(context, start.data(), static_cast<int>(start.size()), SQLITE_TRANSIENT);
 }
 
-/// The engine asks this before each new try, and gives up on 0. The engine's own pauses grow to a tenth of a second,
-/// which is many times what a save takes: the file would lie idle while all wait, and whoever came last be first.
+/// Called by the engine before each new attempt; 0 ends them. The engine's own pauses increase to a tenth of a second,
+/// many times the duration of a save. The file would be idle while all wait, and the last to arrive would be the first
+/// to continue.
 int waitAgain(void* data, int tries) {
     auto& state = *static_cast<CallState*>(data);
     const auto now = CallState::Clock::now();
@@ -101,10 +102,10 @@ int waitAgain(void* data, int tries) {
     return 1;
 }
 
-/// The engine ends its statement on anything but 0.
+/// The engine ends its statement for any value but 0.
 int isOverTime(void* data) { return CallState::Clock::now() > static_cast<CallState*>(data)->deadline ? 1 : 0; }
 
-/// Asking for a table's columns, or whether the file is whole, is no setting.
+/// Reading a table's columns, or checking the file, is not a setting.
 bool isSetting(int action, const char* name) {
     const bool asks =
         action == SQLITE_PRAGMA && (equalWithoutCase(name, "table_info") || equalWithoutCase(name, "integrity_check"));
@@ -121,14 +122,14 @@ bool readsOtherRows(CallState& state, int action, const char* table) {
     return action == SQLITE_SELECT || (namesTable && state.table != table);
 }
 
-/// What a trigger of the store does is not of the statement.
+/// The actions of a trigger in the store are not those of the statement.
 int authorize(void* data, int action, const char* name, const char*, const char*, const char* trigger) {
     auto& state = *static_cast<CallState*>(data);
     const bool isForeignRead = state.isChange && trigger == nullptr && readsOtherRows(state, action, name);
     return isForeignRead || isSetting(action, name) ? SQLITE_DENY : SQLITE_OK;
 }
 
-/// A text or a blob; the engine wants to be asked for the bytes first and for their number then.
+/// A text or a blob. The engine requires that the bytes are read before their number.
 Value textValue(sqlite3_stmt* row, int column, int type) {
     const void* bytes = type == SQLITE_BLOB ? sqlite3_column_blob(row, column) : sqlite3_column_text(row, column);
     const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
@@ -169,7 +170,7 @@ SqliteDatabase::SqliteDatabase(const std::string& nativePath, StoreAccess access
 SqliteDatabase::~SqliteDatabase() = default;
 
 void SqliteDatabase::open(const std::string& nativePath, StoreAccess access) {
-    // One thread works with a connection, so that no call has to lock it.
+    // Each connection is used by one thread only, so no call has to lock it.
     constexpr int kAlways = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
     const Opening& opening = *std::ranges::find(kOpenings, access, &Opening::access);
     const std::string place = opening.isImmutable ? immutable(nativePath) : nativePath;
@@ -178,12 +179,12 @@ void SqliteDatabase::open(const std::string& nativePath, StoreAccess access) {
     handle_.reset(opened);
     refuseUnlessOk(opened, result);
     harden();
-    allow(limits_.statement);  // a damaged tree of pages can lead the reading of the schema in circles
+    allow(limits_.statement);  // a damaged tree of pages can make the schema endless
     SqliteStatement(*this, kFullDurability).step();
     SqliteStatement(*this, kReadSchema).step();
 }
 
-/// Nothing that is stored in the file can make the engine do more than read and write rows.
+/// Prevents content of the file from making the engine do more than read and write rows.
 void SqliteDatabase::harden() const {
     sqlite3* const database = handle();
     refuseUnlessOk(database, sqlite3_busy_handler(database, waitAgain, state_.get()));
@@ -277,7 +278,7 @@ std::int32_t SqliteStatement::run() {
     const std::int64_t before = sqlite3_total_changes64(database_);
     while (step()) {
     }
-    // A statement that changes no rows, such as CREATE, leaves the engine's count of the statement before it.
+    // A statement that changes no rows, such as CREATE, does not reset the engine's count of the previous statement.
     if (sqlite3_total_changes64(database_) == before) {
         return 0;
     }

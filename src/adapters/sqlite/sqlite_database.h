@@ -15,19 +15,19 @@ namespace orv {
 
 class GuardedVfs;
 
-/// How much of a store is waited for and taken.
+/// Limits of time and size for a store.
 struct SqliteLimits {
-    /// For a store that another process holds.
+    /// For a store that another process has locked.
     std::chrono::milliseconds busy{5000};
-    /// For one statement: a view or a trigger of the store can be an endless one.
+    /// For one statement, because a view or a trigger of the store can be endless.
     std::chrono::milliseconds statement{10000};
-    /// The same for a script, and for a statement that reads every page of the store.
+    /// For a script, and for a statement that reads every page of the store.
     std::chrono::milliseconds check{600000};
     /// Bytes of one answer.
     std::size_t answer = std::size_t{64} << 20U;
 };
 
-/// What the engine's callbacks work on.
+/// The state that the engine's callbacks use.
 struct CallState {
     using Clock = std::chrono::steady_clock;
 
@@ -39,32 +39,31 @@ struct CallState {
 };
 
 /// One open database file. Every failure is a StoreFailure.
-/// Commits are fully durable: a rollback journal, the file, the journal and the folder flushed. A file that another
-/// program has turned to write-ahead logging is used as it is and stays so.
+/// Commits are fully durable: with a rollback journal, and with the file, the journal and the folder flushed. A file
+/// that another program has switched to write-ahead logging keeps that mode.
 class SqliteDatabase {
 public:
-    /// Opens an existing database (or makes an empty one), rolls back what a killed writer left in its journal, and
-    /// reads its schema. A file that cannot be written opens all the same; each change then fails.
-    /// Failure "DBFILE10": the journal names other files, which the engine would delete, or is a second name of one.
+    /// Opens an existing database (or creates an empty one) and reads the schema. Rolls back the changes that a killed
+    /// writer has left in its journal. A read-only file is opened too, and each change then fails.
+    /// Failure "DBFILE10" if the journal names other files, which the engine would delete, or is a second name of one.
     SqliteDatabase(const std::string& nativePath, StoreAccess access, const SqliteLimits& limits);
     ~SqliteDatabase();
 
-    /// From now on no statement may change settings or reach for another file, and no change may also read other
-    /// rows: a value that ends its literal could fetch another company's data.
+    /// From now on a statement must not change settings or access another file, and a change must not also read other
+    /// rows. Otherwise a value that ends its literal could fetch another company's data.
     void refuseSettings();
-    /// Starts the time that the next statement has.
+    /// Starts the time limit of the next statement.
     void allow(std::chrono::milliseconds time) const;
-    /// Tells whether the next statement is to be one that changes the store.
+    /// Sets whether the next statement must be one that changes the store.
     void expectChange(bool isChange) const;
     bool inTransaction() const;
-    /// Ends the transaction, if one is open; a failure only where it is still open then. What a failing disk keeps from
-    /// being put back stays in the journal, and the next opening puts it back.
+    /// Rolls back an open transaction. Fails only if it is still open afterwards. If a failing disk prevents the
+    /// restoring of some pages, they remain in the journal, and the next opening restores them.
     void rollBack();
     void runScript(const std::string& sql);
-    /// Puts everything that is in this database, as it is now, in the place of what `target` holds: all or nothing.
+    /// Replaces the whole content of `target` by the current content of this database, all or nothing.
     void copyTo(const SqliteDatabase& target) const;
-    /// Takes what has no rows of its own out of the schema: triggers, views and virtual tables. For a file that nobody
-    /// else has open.
+    /// Removes triggers, views and virtual tables from the schema. For a file that no other process has open.
     void dropPrograms();
     const SqliteLimits& limits() const noexcept { return limits_; }
     sqlite3* handle() const noexcept { return handle_.get(); }
@@ -85,27 +84,27 @@ private:
 /// One statement of an open database, which must outlive it.
 class SqliteStatement {
 public:
-    /// Blanks and one semicolon may stand behind the statement. Any other text there is refused, and so is a text with
-    /// no statement or with a NUL in it: nothing of it is run.
+    /// Blanks and one semicolon can follow the statement. Any other text after it is rejected, and so is a text without
+    /// a statement or with a NUL. Nothing of a rejected text is run.
     SqliteStatement(const SqliteDatabase& database, const std::string& sql);
 
-    /// Gives the parameter at `place`, from 1, its value: a text, a number, a boolean or null.
+    /// Sets the parameter at `place`, counted from 1. The value is a text, a number, a boolean or null.
     void bind(int place, const Value& value);
-    /// Goes on to the next row; false behind the last.
+    /// Moves to the next row. False after the last one.
     bool step();
-    /// Runs a change to its end. The rows that it inserted, deleted or matched.
+    /// Runs a change to its end. Returns the number of rows that it inserted, deleted or matched.
     std::int32_t run();
 
-    /// Yields rows and changes nothing.
+    /// True if it returns rows and changes nothing.
     bool isSelect() const;
-    /// Yields no rows and changes the store.
+    /// True if it returns no rows and changes the store.
     bool isChange() const;
 
     int columnCount() const;
     std::string columnName(int column) const;
-    /// Whether the column was declared as a boolean.
+    /// True if the column was declared as a boolean.
     bool isFlag(int column) const;
-    /// The value of the row under the cursor. A boolean comes back as a number here, a blob as its bytes.
+    /// Returns a value of the current row. A boolean is returned as a number, a blob as its bytes.
     Value value(int column) const;
 
 private:

@@ -5,7 +5,7 @@
 
 namespace orv {
 
-/// The gateway over SQLite files only.
+/// A database service for SQLite files only.
 class SqliteDbService : public StoreService {
 public:
     explicit SqliteDbService(const FileSystem& files, const SqliteLimits& limits = {})

@@ -17,7 +17,7 @@ struct EngineResult {
     std::string_view text;
 };
 
-// An extended number is looked for first, then its primary one.
+// Extended result numbers are searched first, then primary ones.
 constexpr auto kResults = std::to_array<EngineResult>({
     {SQLITE_BUSY, Failure::PermissionDenied, Detail::Hidden,
      "データベースがほかの端末またはプログラムで使用中です。しばらくしてから、もう一度実行してください。"},

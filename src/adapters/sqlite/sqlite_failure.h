@@ -6,8 +6,8 @@
 
 namespace orv {
 
-/// The failure for SQLite's result number, which stands in its code. `detail`, SQLite's own words, is added where the
-/// statement is to blame.
+/// Returns the failure for SQLite's result number, which is a part of the code. Adds `detail`, SQLite's own text, if
+/// the statement is wrong.
 StoreFailure sqliteFailure(int result, std::string_view detail);
 
 }  // namespace orv

@@ -13,7 +13,7 @@ void makeSqliteFile(const std::string& nativePath, const std::string& sql) {
 void snapshotSqliteFile(const std::string& from, const std::string& to) {
     const SqliteLimits limits;
     copyStoreFiles(from, to, limits.busy);
-    // Opening undoes an interrupted write. This completes those of a write-ahead log.
+    // Opening the file undoes an interrupted write. This completes the writes of a write-ahead log.
     SqliteDatabase(to, StoreAccess::OwnFile, limits).runScript("PRAGMA journal_mode = DELETE");
 }
 

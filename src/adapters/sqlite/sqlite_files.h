@@ -6,9 +6,9 @@
 
 namespace orv {
 
-// Operations of the store's keeper on whole files. Every failure is a StoreFailure.
+// Operations on whole store files for the administrator. Every failure is a StoreFailure.
 
-/// Makes a store of the empty file `nativePath`, or of none, and runs the statements of `sql` in it.
+/// Creates a store in `nativePath`, which must be missing or empty, and runs the statements of `sql` in it.
 void makeSqliteFile(const std::string& nativePath, const std::string& sql);
 
 /// Copies the store `from`, as it is at one moment, into the caller's own empty file `to`. Terminals can be working in

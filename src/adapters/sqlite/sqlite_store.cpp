@@ -45,7 +45,7 @@ std::size_t byteSize(const Value& value) {
 }
 
 RecordsetPtr fetchAll(SqliteStatement& statement, std::size_t most) {
-    // The columns are asked for behind the first step: it may have compiled the statement anew.
+    // Reads the columns after the first step, which may have compiled the statement again.
     bool hasRow = statement.step();
     const Columns columns(statement);
     auto rows = std::make_unique<FetchedRows>(columns.names);
@@ -94,7 +94,7 @@ public:
     void begin() override { command("BEGIN IMMEDIATE"); }
     void beginSnapshot() override {
         command("BEGIN");
-        command("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read fixes what is seen
+        command("SELECT 1 FROM sqlite_schema LIMIT 1");  // the first read fixes the snapshot
     }
     void commit() override { command("COMMIT"); }
     void rollBack() override { database_.rollBack(); }

@@ -25,7 +25,7 @@ constexpr std::chrono::milliseconds kPause{1};
 constexpr std::int64_t kBlock = 1 << 16;
 constexpr std::uintmax_t kSpare = std::uintmax_t{64} << 20U;  // left on the disk for other programs
 
-/// A file of a store and the kind that the engine has for it.
+/// A file of a store, and the engine's kind of it.
 struct Part {
     const char* ending;
     int kind;
@@ -43,7 +43,7 @@ void refuseUnlessOk(int result) {
     }
 }
 
-/// A file opened as the engine opens it, with its rules for links and its locks.
+/// A file that is opened like the engine opens it, with its rules for links and its locks.
 class EngineFile {
 public:
     EngineFile(sqlite3_vfs& vfs, std::string path, int flags)
