@@ -12,7 +12,7 @@ constexpr uid_t kAnotherUser = 65534;
 /// Only root can act as two users.
 inline bool canBeAnotherUser() { return ::geteuid() == 0; }
 
-/// What `act` returns in a process of another user; -1 when it does not end by itself.
+/// Runs `act` in a process of another user and returns its result. Returns -1 if the process is killed.
 inline int asAnotherUser(const std::function<bool()>& act) {
     const pid_t child = ::fork();
     if (child == 0) {

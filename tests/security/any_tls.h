@@ -7,7 +7,7 @@
 
 namespace orv {
 
-/// A variable of the environment while in scope.
+/// An environment variable that is set while in scope.
 class Variable {
 public:
     Variable(const char* name, const std::string& value) : name_(name) { ::setenv(name, value.c_str(), 1); }
@@ -19,7 +19,7 @@ private:
     const char* name_;
 };
 
-/// The system's own settings reject old TLS. In these tests everything can speak it, so that only the program rejects
+/// The system's own settings reject old TLS. In these tests every program accepts it, so that only this program rejects
 /// it. The TLS library reads the settings once, before the first test.
 inline const struct AnyTls {
     const TempFolder folder;

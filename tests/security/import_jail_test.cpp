@@ -19,7 +19,7 @@
 namespace orv {
 namespace {
 
-/// How a process that is locked up ends when it does this; 0: as if nothing were the matter.
+/// Returns the signal that ends a jailed process after `act`, or 0 if it is not ended.
 int runToEnd(const std::function<void()>& act, int output) {
     const ::pid_t child = ::fork();
     if (child == 0) {
@@ -71,7 +71,7 @@ TEST(ImportJail, TheReaderCanDoNothingButReadAndAnswer) {
 
 TEST(ImportJail, AReaderThatStandsStillIsEnded) {
     const TempFolder folder;
-    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);  // nobody will ever write into it
+    ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);  // has no writer
     EXPECT_THROW(readJetFile(folder.file("pipe"), {"T"}, std::chrono::milliseconds(100)), KeeperFailure);
 }
 

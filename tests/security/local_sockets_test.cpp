@@ -21,7 +21,7 @@ TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut)
     struct stat facts {};
     ASSERT_EQ(::stat(path.substr(0, path.rfind('/')).c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777U, 0700U) << "only this user comes to the socket";
-    // Root comes as another user too: kept off by the folder, and without it by the name.
+    // Another user is rejected by the folder's permissions, or by the user id if the folder is open.
     for (const bool isOpen : {false, true}) {
         if (::geteuid() == 0) {
             ASSERT_EQ(::setresuid(-1, 65534, 0), 0);

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPrivate = "alias ls=ls\n";
 
-/// A log folder that everybody in the office can write.
+/// A log folder that all users of the office can write.
 class PlantedLogs : public SystemTest {
 protected:
     PlantedLogs() {

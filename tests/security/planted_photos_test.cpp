@@ -21,7 +21,7 @@ class PhotoFolders : public SystemTest {
 protected:
     PhotoFolders() { settings.set("NET", "TRANSFERTYPE", "HTTP"); }
 
-    /// A working day with this company. A start that fails ends it.
+    /// Runs a working day with this company. A failed start ends it.
     void openAndSave(const std::function<void()>& atWork = [] {}) {
         start();
         if (forms.activeForm() != nullptr) {
@@ -41,10 +41,10 @@ protected:
 
 struct Plant {
     const char* what;
-    /// Made before the start, a link to the private file; or one instead of a folder.
+    /// A link to the private file, or a link in place of a folder, created before the start.
     const char* before = nullptr;
     const char* folder = nullptr;
-    /// Made when the company is on the screen, and whether the operator chooses it.
+    /// The same, created while the company is on the screen. `chosen`: the operator chooses it.
     const char* atWork = nullptr;
     bool chosen = false;
     bool hardLink = false;
@@ -56,7 +56,7 @@ protected:
         fs::remove(place);
         GetParam().hardLink ? fs::create_hard_link(owned, place) : fs::create_symlink(owned, place);
     }
-    /// Whether a copy of the private file is where others can read it, or it was sent.
+    /// True if a copy of the private file is readable by others or was sent.
     bool isOut() {
         bool found = false;
         for (const auto& entry : fs::recursive_directory_iterator(orv / "IMG")) {
@@ -119,7 +119,7 @@ TEST_F(PhotoFolders, ALinkAtTheNameOfANewFileLeadsNowhere) {
     EXPECT_EQ(office.folder.countIn("home"), 1);
 }
 
-/// A row that names something else than a file in the folder of the photos.
+/// A row whose photo name is not a file in the folder of the photos.
 TEST_F(PhotoFolders, ANameThatIsAPathIsAPhotoThatIsGone) {
     const std::string settingsBytes = readFile(orv / "SYS/system.ini");
     writeFile(orv / "SYS/system.ini.new", "left by another program");
@@ -157,7 +157,7 @@ TEST_F(PhotoFolders, ARowCanNotFinishOrDropThePhotoOfAnotherCompany) {
     EXPECT_TRUE(fs::exists(other));
 }
 
-/// Two runs on one computer; an attacker who swaps the folder of a run goes the same way.
+/// Two runs on one computer. An attacker who exchanges the folder of a run uses the same way.
 TEST_F(PhotoFolders, WhatIsDoneInTmpDoesNotReachTheWorkingCopy) {
     const std::string own = readBytes(kStored);
     startOn(2);

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-/// The code of the failure of the call; empty without one. `words` becomes its text.
+/// Returns the code of the call's failure, or "". `words` becomes its text.
 template <typename Call>
 std::string catchCode(Call call, std::string* words = nullptr) {
     try {

@@ -20,7 +20,7 @@ constexpr const char* kNobody = "setpriv --reuid=65534 --regid=65534 --clear-gro
 
 class StoreFiles : public StoreTool {
 protected:
-    /// Excludes the files through which the tool is worked.
+    /// Excludes the files with which the tool is operated.
     std::map<std::string, std::string> files() const {
         auto all = folder.contents();
         std::erase_if(
@@ -37,7 +37,7 @@ protected:
         struct stat facts {};
         return ::lstat(folder.file(name).c_str(), &facts) == 0 ? facts.st_mode & 07777U : 07777U;
     }
-    /// Whether the check of the store says so.
+    /// True if the check of the store reports it.
     bool isReported(const std::string& store, const std::string& what) const {
         return matches(tool("check " + store), what);
     }
@@ -48,7 +48,7 @@ std::string bigEndian(std::uint32_t number) {
     return {byte(24), byte(16), byte(8), byte(0)};
 }
 
-/// What a killed writer would leave, with nothing in it to put back but the name of a super-journal.
+/// The journal of a killed writer that contains no pages, only the name of a super-journal.
 std::string journalNaming(const std::string& super, std::uint32_t pages) {
     const std::string sign = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
     std::string head = sign + bigEndian(0) + bigEndian(0) + bigEndian(pages) + bigEndian(512) + bigEndian(4096);
@@ -71,14 +71,14 @@ TEST_F(StoreFiles, AForeignJournalDeletesNothing) {
         EXPECT_EQ(readFile(folder.file("letter")), "mine") << arguments;
         EXPECT_FALSE(folder.has("copy") || folder.has("other")) << arguments;
     }
-    // A journal of the store's own is undone, but not next to the store if it is only read.
+    // The store's own journal is rolled back, but not next to a store that is only read.
     const std::string own = forged.substr(0, 512);
     writeFile(folder.file("office-journal"), own);
     EXPECT_EQ(json("check office")["tables"]["TBL_CUSTOMER_INFO"], 6);
     EXPECT_EQ(readFile(folder.file("office-journal")), own);
     EXPECT_EQ(catchOpening(), "");
     EXPECT_FALSE(folder.has("office-journal"));
-    // A second name of a file of the user's, which the engine would write into.
+    // A second name of a user's file, into which the engine would write.
     for (const std::string name : {"office-journal", "office-wal", "office-shm"}) {
         fs::create_hard_link(folder.file("letter"), folder.file(name));
         EXPECT_EQ(catchOpening(), "DBFILE10") << name;
@@ -199,7 +199,7 @@ TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {
     if (!canBeAnotherUser()) {
         GTEST_SKIP() << "no second user here: only root can plant what another user cannot remove";
     }
-    // In a folder where nobody can remove what others have made.
+    // A folder in which a user cannot remove the files of others.
     ASSERT_EQ(::chmod(folder.path().c_str(), 01777), 0);
     setMode("office", 0644);
     writeFile(folder.file("letter"), "");
@@ -279,7 +279,7 @@ TEST_F(StoreFiles, NoOtherProcessOfTheUserLooksIntoTheToolOrTheProgram) {
     }
     ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
     setMode("office", 0666);
-    // Both wait for an answer meanwhile. The owner of its files in /proc may look into a process.
+    // Both are waiting for an answer meanwhile. The owner of a process's files in /proc can read its memory.
     for (const auto& [command, name] : {std::pair("'" STORE_TOOL "' unlock office FRONT-PC02", "orv_store"),
                                         {"QT_QPA_PLATFORM=offscreen '" PROGRAM "'", "company_informa"}}) {
         const std::string commands = "cd '" + folder.path().string() + "' && rm -f answer && mkfifo answer && (env " +

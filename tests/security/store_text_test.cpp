@@ -15,14 +15,14 @@
 namespace orv {
 namespace {
 
-/// The code of the failure with which the store that `text` names opens; empty where it opens.
+/// Opens the store that `text` names and returns the failure's code, or "".
 std::string catchTextCode(const std::string& text, std::string* words = nullptr) {
     const TempFolder folder;
     writeFile(folder.file("store"), text);
     return catchCode([&] { officeStore()(folder.file("store"), StoreAccess::ReadWrite); }, words);
 }
 
-/// A server that speaks TLS, and what is needed to reach it.
+/// A server with TLS, and the settings needed to connect to it.
 class StoreText : public ::testing::Test {
 protected:
     static PrivateServer& server() {
@@ -83,7 +83,7 @@ TEST_F(StoreText, ThatSaysNothingOfTlsGetsTheRightServerOrNone) {
     EXPECT_EQ(catchTextCode(text("127.0.0.1")), "") << "the user's own environment decides too";
 }
 
-/// The text is somebody else's here, the password the user's own.
+/// In this test the text is an attacker's and the password the user's.
 TEST_F(StoreText, ThatLeadsElsewhereGetsNoPassword) {
     server().sql("postgres",
                  "DROP ROLE IF EXISTS proved, asked; CREATE ROLE proved LOGIN PASSWORD 'right';"
@@ -135,7 +135,7 @@ TEST_F(StoreText, ThatNamesAServerOfOldTlsOrNoneOpensNothing) {
     }
 }
 
-/// Lets everybody in and never stops telling settings.
+/// Accepts every connection and sends settings without end.
 TEST_F(StoreText, AGreetingThatDoesNotEndIsCutOff) {
     const Descriptor listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in address{.sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};

@@ -55,7 +55,7 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
     }
     const auto embedded = officeStore()(file, StoreAccess::ReadWrite);
     EXPECT_EQ(catchCode([&] { embedded->change(update("'||('x' in TBL_CUSTOMER_DATE)||'"), {}); }), "DB23");
-    // What another engine would take apart in another way.
+    // Texts that another engine would parse in another way.
     const auto store = officeStore()(folder.file("server"), StoreAccess::ReadWrite);
     for (const std::string value : {"'||E'\\'||(select USER_PASSWD from TBL_CUSTOMER_INFO limit 1)||'", "'||$a$'$a$||'",
                                     "'/*'*/||'", "'--'\n||'", "'||query_to_xml('x', true, true, '')||'",
@@ -64,7 +64,7 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
     }
 }
 
-/// A store whose table of contents is a tree in which each of 15 levels leads 30 times to the next one.
+/// A store whose schema is a tree of 15 levels, each of which refers 30 times to the next one.
 std::string endlessTree(const std::string& store) {
     constexpr std::size_t kPage = 512;
     constexpr char kLast = 18;
