@@ -63,7 +63,7 @@ TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndTellsNoPassword) {
+TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndShowsNoPassword) {
     struct Case {
         const char *present, *wanted, *again;
         RecordedMessages::Shown shown;

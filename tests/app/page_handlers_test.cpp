@@ -45,7 +45,7 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
     }
 }
 
-TEST_F(Handlers, AKeyOnASearchButtonGoesOnBehindItAndDoesNothingMore) {
+TEST_F(Handlers, AKeyOnASearchButtonOnlyMovesToTheNextField) {
     for (const auto& [number, button, next] :
          {std::tuple{0, "btm_SearchOfficeAddress", "txt_Address_number"}, {2, "btn_SelectRail", "txt_Walk_Minutes"}}) {
         startOn(number);

@@ -30,7 +30,7 @@ protected:
     }
 };
 
-TEST_F(Binding, EveryPageGivesBackWhatItWasGiven) {
+TEST_F(Binding, EveryPageReturnsTheRecordItWasFilledWith) {
     startFull();
     const CompanyRecord before = tCustomerInfo;
     for (int page : {1, 2, 3, 4, 0}) {
@@ -69,7 +69,7 @@ TEST_F(Binding, EachControlGoesIntoItsOwnField) {
     }
 }
 
-TEST_F(Binding, WhatASearchHasFoundIsCleanedToo) {
+TEST_F(Binding, AFoundTextIsNormalisedToo) {
     startOn(2);
     page<frm_CompInp2>().lbl_Railroad_Name.setCaption("線'");
     page<frm_CompInp2>().lbl_Station_Name.setCaption("駅'");
@@ -116,7 +116,7 @@ TEST_F(Binding, OnlyTheNamedPageWritesAndOnlyWhenItIsReady) {
     EXPECT_EQ(tCustomerInfo.LICENSE_NO, "東京都知事");
 }
 
-TEST_F(Binding, RefusedValuesAreToldTogetherAndTheRestIsFilled) {
+TEST_F(Binding, RejectedValuesAreReportedTogetherAndTheOthersAreFilled) {
     sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x', VALID_LICENSE_DATE_MONTH = '13', "
         "VALID_LICENSE_DATE_DAY = '1e9', OTHER_DANTAI_NAME = '家主会' where USER_ID = '000004601'");
     start();

@@ -74,7 +74,7 @@ TEST_F(Settings, ABackslashIsAddedByTheLastByte) {
     }
 }
 
-TEST_F(Settings, TheInstallFolderComesFromTheRegistryOrIsBesideTheProgram) {
+TEST_F(Settings, TheInstallFolderIsInTheRegistryOrNextToTheProgram) {
     for (const auto& [folder, file] : {std::pair{"C:\\Z", "C:\\Z\\SYS\\system.ini"}, {"Z:\\", "Z:\\SYS\\system.ini"}}) {
         dropSharedSettings();
         registryIs(std::string("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=") + folder);

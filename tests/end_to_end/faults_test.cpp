@@ -106,7 +106,7 @@ const std::vector<StartFault> kStartFaults{
 
 class AtTheStart : public Faults, public ::testing::WithParamInterface<StartFault> {};
 
-TEST_P(AtTheStart, TheOperatorIsToldAndTheMenuComesBack) {
+TEST_P(AtTheStart, TheFailureIsReportedAndTheMenuIsStarted) {
     const StartFault& fault = GetParam();
     fault.damage(*office_);
     const std::string before = fs::is_regular_file(office_->store()) ? store() : "";

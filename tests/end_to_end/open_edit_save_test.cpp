@@ -134,7 +134,7 @@ TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
 
 using TwoTerminals = EndToEnd;
 
-TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunLocksNobodyOut) {
+TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunDoesNotLockOthersOut) {
     Terminal first = opened();
     Terminal second = makeTerminal("DESK-02");
     second.start("000004601,1,0");

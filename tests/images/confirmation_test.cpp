@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(Confirmation, TellsTheFiguresOfBothPicturesToTheLetter) {
+TEST_F(Confirmation, ShowsTheExactFiguresOfBothPictures) {
     during([](frm_ImgCommon& form) {
         EXPECT_EQ(form.caption(), "画像変換確認");
         EXPECT_EQ(form.lbl_ImgCommonTitle.caption(),

@@ -87,7 +87,7 @@ protected:
     int page_ = 0;
 };
 
-TEST_P(Composing, WhatIsOnTheScreenIsStored) {
+TEST_P(Composing, TheScreenIsStored) {
     const std::string ticked = field("KOUTORI_FLG");
     for (const Entry& entry : kEntries) {
         SCOPED_TRACE(entry.what);

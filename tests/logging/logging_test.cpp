@@ -62,7 +62,7 @@ TEST_F(Logging, RotatesAboveTheLimitOnly) {
     EXPECT_EQ(readBytes(backup), atLimit + "x");
 }
 
-TEST_F(Logging, APathThatFailsToBeToldDoesNotRunInARound) {
+TEST_F(Logging, AFailedReportOfAPathDoesNotRecurse) {
     logFiles().err = [path = com().LogErrFile()] {
         logError("5", "the path's own failure");
         return path;
@@ -72,7 +72,7 @@ TEST_F(Logging, APathThatFailsToBeToldDoesNotRunInARound) {
     EXPECT_EQ(log(), record("1", "a") + record("2", "b"));
 }
 
-TEST_F(Logging, ASettingThatCannotBeReadFailsWhatSucceeded) {
+TEST_F(Logging, AnUnreadableSettingFailsASuccessfulBody) {
     settings.refuse("IMG", "LONG_W");
     for (const auto& [result, code] : {std::pair{true, "75"}, {false, "C1"}}) {
         const bool fine = trapped("", [result] {
@@ -100,7 +100,7 @@ TEST_F(Logging, EveryExceptionIsARunTimeFailure) {
     }
 }
 
-TEST_F(Logging, WithoutTheMessageServiceAPlainBoxTells) {
+TEST_F(Logging, WithoutTheMessageServiceAPlainBoxIsShown) {
     messages.refusal = FailureRecord{"no window", "W1"};
     handled("[ X ]", [] { return fail("text", "C1"); });
     messages.failure = Failure::Internal;

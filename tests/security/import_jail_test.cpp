@@ -69,7 +69,7 @@ TEST(ImportJail, TheReaderCanDoNothingButReadAndAnswer) {
     ::close(output);
 }
 
-TEST(ImportJail, AReaderThatStandsStillIsEnded) {
+TEST(ImportJail, AStalledReaderIsEnded) {
     const TempFolder folder;
     ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);  // has no writer
     EXPECT_THROW(readJetFile(folder.file("pipe"), {"T"}, std::chrono::milliseconds(100)), KeeperFailure);

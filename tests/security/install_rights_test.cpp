@@ -9,7 +9,7 @@
 namespace orv {
 namespace {
 
-TEST(InstallRights, AreTheSameWhateverTheUmask) {
+TEST(InstallRights, AreTheSameForAnyUmask) {
     const TempFolder folder;
     for (const std::string umask : {"000", "077"}) {
         const std::string target = "'" + folder.file(umask) + "'";
@@ -37,7 +37,7 @@ int addToAccessList(const std::string& path) {
 
 using OfficeRights = StoreTool;
 
-TEST_F(OfficeRights, TheCheckSaysWhatOfAnOfficeIsTooOpen) {
+TEST_F(OfficeRights, TheCheckReportsPermissionsThatAreTooOpen) {
     const std::string base = "srv/C/ORV/";
     const std::string store = base + "MDB/ORVESTATE.MDB";
     for (const char* name : {"BIN/KELT_COS.EXE", "SYS/system.ini", "HLP/help.hlp", "MDB/other", "IMG/1/a.jpg",

@@ -16,7 +16,7 @@ TEST_F(SiblingSocketTest, ALineThatIsTooLongOrNeverEndsIsGone) {
     }
 }
 
-TEST_F(SiblingSocketTest, WhoeverComesBesideTheVisitorOrIsAnotherUserIsShownOut) {
+TEST_F(SiblingSocketTest, ASecondConnectionAndAnotherUserAreClosed) {
     const std::string path = start();
     struct stat facts {};
     ASSERT_EQ(::stat(path.substr(0, path.rfind('/')).c_str(), &facts), 0);

@@ -158,7 +158,7 @@ TEST_F(PhotoFolders, ARowCanNotFinishOrDropThePhotoOfAnotherCompany) {
 }
 
 /// Two runs on one computer. An attacker who exchanges the folder of a run uses the same way.
-TEST_F(PhotoFolders, WhatIsDoneInTmpDoesNotReachTheWorkingCopy) {
+TEST_F(PhotoFolders, ChangesInTmpDoNotReachTheWorkingCopy) {
     const std::string own = readBytes(kStored);
     startOn(2);
     PosixFiles otherRun(paths);
@@ -175,7 +175,7 @@ TEST_F(PhotoFolders, WhatIsDoneInTmpDoesNotReachTheWorkingCopy) {
     EXPECT_NE(readBytes("C:\\ORV\\PHOTO.jpg"), own) << "the other run had another photo";
 }
 
-TEST_F(PhotoFolders, TheNextStartRemovesWhatDeadRunsLeftAndNothingElse) {
+TEST_F(PhotoFolders, TheNextStartRemovesOnlyTheFilesOfDeadRuns) {
     start();
     const fs::path living = fs::path(files.nativePath(kWorking)).parent_path();
     const auto leaveFile = [&] {

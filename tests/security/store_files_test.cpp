@@ -171,7 +171,7 @@ TEST_F(StoreFiles, AStoreThatClaimsMoreThanTheDiskHasIsNotCopied) {
     }
 }
 
-TEST_F(StoreFiles, WhatHoldsPasswordsIsNotForEverybody) {
+TEST_F(StoreFiles, FilesWithPasswordsAreNotPublic) {
     onServer("served", "sample");
     makeJet(4);
     fs::create_directory(folder.file("group"));
@@ -212,7 +212,7 @@ TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {
     EXPECT_EQ(json("check new")["tables"]["TBL_CUSTOMER_INFO"], 6);
 }
 
-TEST_F(StoreFiles, WhatIsNoRowOfTheOfficeIsToldAndOnlyRowsAreBackedUp) {
+TEST_F(StoreFiles, ForeignObjectsAreReportedAndOnlyRowsAreBackedUp) {
     runSql(office,
            "CREATE TRIGGER SPY AFTER UPDATE ON TBL_CUSTOMER_INFO BEGIN SELECT 1; END;"
            "CREATE VIEW LOOK AS SELECT 1; CREATE VIRTUAL TABLE SEARCH USING fts5(T);"

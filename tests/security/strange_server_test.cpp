@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kFine = "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n";
 
-TEST(StrangeServer, AnAnswerThatIsNotWholeIsAFailureWhateverItsStatus) {
+TEST(StrangeServer, AnIncompleteAnswerIsAFailureForAnyStatus) {
     std::string manyHeaders;
     while (manyHeaders.size() < 2'000'000) {
         manyHeaders += "X: " + std::string(1000, 'x') + "\r\n";
@@ -63,7 +63,7 @@ TEST(StrangeServer, AnIdThatIsAPathOrAPieceOfAStatementIsNone) {
     EXPECT_EQ(idInAnswer(R"({"id":)" + std::string(500'000, '{')), std::nullopt);
 }
 
-TEST(StrangeServer, ACertificateThatNobodyVouchesForAndOldTlsAreRefusedBeforeAnythingIsSent) {
+TEST(StrangeServer, AnUntrustedCertificateAndOldTlsAreRejectedBeforeAnythingIsSent) {
     EVP_PKEY* key = EVP_EC_gen("P-256");
     X509* certificate = X509_new();
     X509_gmtime_adj(X509_getm_notBefore(certificate), -3600);

@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-TEST(Words, WhatComesFromOutsideIsOneLineOfCharactersThatCanBeSeen) {
+TEST(Words, AForeignTextIsOneLineOfVisibleCharacters) {
     struct Case {
         std::string words, shown;
     };

@@ -88,7 +88,7 @@ TEST_F(Probe, EveryModeToTheBlank) {
     }
 }
 
-TEST_F(Probe, AFailureLooksLikeARowAndIsToldByThePair) {
+TEST_F(Probe, AFailureLooksLikeARowAndIsReportedByThePair) {
     store.fail(FailingStore::Call::Select);
     EXPECT_FALSE(PF_GetRowCountZero("", "000009999", kCountInfo, ""));
     EXPECT_EQ(gErrMsg + gErrCode, "ストアの故障DB:77");

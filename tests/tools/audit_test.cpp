@@ -18,7 +18,7 @@ struct Case {
     int stored, lost, raced;
 };
 
-TEST(Audit, TellsLostUpdatesFromThoseThatTheLockAccepts) {
+TEST(Audit, DistinguishesLostUpdatesFromThoseThatTheLockAccepts) {
     const Case cases[] = {
         {"each builds on the one before", {saved(1, 10, 0), saved(2, 20, 0), saved(3, 40, 30)}, 3, 0, 0},
         {"the ledgers come terminal by terminal", {saved(3, 40, 30), saved(1, 10, 0), saved(2, 20, 0)}, 3, 0, 0},

@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(ImageUpload, WhatIsThereGoesTheFirstPhotoFirst) {
+TEST_F(ImageUpload, ExistingPhotosAreSentInOrder) {
     PF_ImageDataTransfer();
     ASSERT_EQ(filesSent(), (Names{kFirst, kSecond}));
     EXPECT_EQ(http.sent[0].url, "http://img.test/davroot/000004601COS00000000_01.jpg");
@@ -67,7 +67,7 @@ TEST_F(ImageUpload, AStatusOf400OrMoreIsAFailure) {
     EXPECT_EQ(log(), record("400", "[ RH_ImageDataTransfr ] Reason") + record("503", "[ RH_ImageDataTransfr ] Reason"));
 }
 
-TEST_F(ImageUpload, WithoutItsFormNothingIsSentAndTheLogTellsIt) {
+TEST_F(ImageUpload, WithoutItsFormNothingIsSentAndTheLogSaysSo) {
     dropSendForm();
     RH_ImageDataTransfr(kFirst);
     EXPECT_EQ(log(), record("91", "[ RH_ImageDataTransfr ] 操作の対象がありません。"));

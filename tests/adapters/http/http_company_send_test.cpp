@@ -54,7 +54,7 @@ protected:
     std::string id = "before";
 };
 
-TEST_F(HttpCompanySendTest, AMissingSettingIsToldBeforeAnythingIsAsked) {
+TEST_F(HttpCompanySendTest, AMissingSettingIsReportedBeforeAnyRequest) {
     for (const auto& [setting, code] : std::vector<std::pair<std::string*, const char*>>{
              {&url, "SEND0001"}, {&cusSendService, "SEND0002"}, {&sendCus, "SEND0003"}, {&timeOut, "SEND0004"}}) {
         const std::string before = std::exchange(*setting, " ");
@@ -116,7 +116,7 @@ TEST_F(HttpCompanySendTest, ANewCompanyGetsItsNumber) {
     EXPECT_EQ(kept("000005001")["TBL_CUSTOMER_DATE"]["USER_ID"], "000005001");
 }
 
-TEST_F(HttpCompanySendTest, WhatTheStoreCannotGiveIsNotSent) {
+TEST_F(HttpCompanySendTest, AnUnreadableCompanyIsNotSent) {
     EXPECT_FALSE(sendCompany("000009999"));
     EXPECT_NE(send.SendError().text.find("TBL_CUSTOMER_INFO"), std::string::npos);
     run("DELETE FROM TBL_CUSTOMER_DATE");

@@ -160,7 +160,7 @@ TEST_F(PictureSaveTest, ADeepTiffKeepsAllBits) {
               static_cast<int>(PictureFailure::NotWritable));
 }
 
-TEST_F(PictureSaveTest, RefusesWhatItCanNotDoAndLeavesTheFileAlone) {
+TEST_F(PictureSaveTest, RefusesUnsupportedRequestsAndLeavesTheFileUnchanged) {
     constexpr auto kJpeg = static_cast<std::int32_t>(PictureFormat::Jpeg);
     const std::string path = folder_.keep("a.jpg", madeJpeg({.width = 640, .height = 480}));
     const auto picture = pictures_.load(path);

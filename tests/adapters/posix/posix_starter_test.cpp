@@ -51,7 +51,7 @@ TEST_F(PosixStarterTest, PartsTheCommandLine) {
     }
 }
 
-TEST_F(PosixStarterTest, WhatCannotRunIsFailure53) {
+TEST_F(PosixStarterTest, AnUnusableProgramIsFailure53) {
     ::chmod(office.write("C/ORV/BIN/NOSHELL.EXE", "#!/no/such/shell\n").c_str(), 0755);
     office.write("C/ORV/BIN/NORIGHTS.EXE", "#!/bin/sh\n");
     const std::string commandLines[] = {"",         "\"\"",    "NO.EXE", "C:\\NO\\A.EXE COS",

@@ -46,7 +46,7 @@ TEST_F(SiblingSocketTest, AProgramThatEndsIsGoneOnce) {
     EXPECT_FALSE(Client(path).connected());
 }
 
-TEST_F(SiblingSocketTest, AnEarlierProgramIsNotHeardAnyMore) {
+TEST_F(SiblingSocketTest, AnEarlierProgramIsIgnored) {
     const std::string path = start();
     const Client early(path);
     early.say("TEXT 1 a\n");

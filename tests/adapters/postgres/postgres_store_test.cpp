@@ -35,7 +35,7 @@ protected:
     std::string lastCode() const { return service.DbError().code; }
 };
 
-TEST_F(ServerStore, AReadChangesNothingAndNothingButTheTransactionIsLeftBehind) {
+TEST_F(ServerStore, AReadChangesNothingAndLeavesOnlyTheTransaction) {
     Terminal terminal(service, path);
     for (const bool inside : {false, true}) {
         ASSERT_TRUE(!inside || terminal.begin());
@@ -85,7 +85,7 @@ TEST_F(ServerStore, ARowThatAnotherWritesIsWaitedForAndThenAFailure) {
     EXPECT_EQ(here.one(claimName("000004601")), "あとから");
 }
 
-TEST_F(ServerStore, WhatTakesTooLongIsEndedByTheServer) {
+TEST_F(ServerStore, AStatementThatTakesTooLongIsEndedByTheServer) {
     StoreService hasty{nativePaths(), postgresStore(butFor([](ServerLimits& limits) { limits.statement = 5s; }))};
     EXPECT_FALSE(Terminal(hasty, path).select("select pg_sleep(600)"));
     EXPECT_EQ(hasty.DbError().code, "DB57014");

@@ -31,7 +31,7 @@ protected:
     const TempFolder folder;
 };
 
-TEST_F(ServerNetwork, WhatKeepsAnOpeningFromWorkingIsTold) {
+TEST_F(ServerNetwork, TheReasonOfAFailedOpeningIsReported) {
     PrivateServer& server = sharedServer();
     server.sql("postgres",
                "DROP DATABASE IF EXISTS raw; CREATE DATABASE raw ENCODING 'SQL_ASCII' TEMPLATE template0;"
@@ -76,7 +76,7 @@ TEST_F(ServerNetwork, OfSeveralHostsTheFirstThatAnswersInTimeIsUsed) {
     sharedServer().thaw();
 }
 
-TEST_F(ServerNetwork, AStandbyIsPassedOverReadOrRefusedAsTheTextSays) {
+TEST_F(ServerNetwork, AStandbyIsSkippedReadOrRefusedAsTheTextSays) {
     PrivateServer& server = sharedServer();
     const std::string database = std::filesystem::path(server.storeFile()).filename();
     server.sql(database,

@@ -103,7 +103,7 @@ TEST_F(EntryTest, AnOpenCompositionIsTakenBeforeAnythingElse) {
     }
 }
 
-TEST_F(EntryTest, WhatTheSystemSetsIsNotLimited) {
+TEST_F(EntryTest, AssignmentsByTheSystemAreNotLimited) {
     const std::string longText(40000, 'x');
     page.code.setText(longText);
     EXPECT_EQ(findLine(page.code)->text().size(), 40000);
@@ -190,7 +190,7 @@ TEST_F(EntryTest, ANumberTakesItsOpenComposition) {
     EXPECT_EQ(page.year.text(), "12");
 }
 
-TEST_F(EntryTest, InputMethodsAreToldWhereTheyCanCompose) {
+TEST_F(EntryTest, InputMethodsLearnWhereTheyCanCompose) {
     const std::map<const Control*, bool> allowed{
         {&page.code, false}, {&page.name, true}, {&page.secret, false}, {&page.year, false}};
     for (const auto& [control, expected] : allowed) {

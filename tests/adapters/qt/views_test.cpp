@@ -81,7 +81,7 @@ TEST_F(ViewsTest, ColoursReachTheScreen) {
     EXPECT_NE(colourAt(page.panel, {8, 10}), QColor(Qt::white)) << "it can't be entered";
 }
 
-TEST_F(ViewsTest, EveryTextCanBeReadWhateverTheColoursOfTheDesktop) {
+TEST_F(ViewsTest, EveryTextIsLegibleInAllColoursOfTheDesktop) {
     for (TextInput* input : {&page.code, &page.name, &page.kana, &page.open, &page.secret}) {
         input->setText(input == &page.code ? "88" : "あア");
     }

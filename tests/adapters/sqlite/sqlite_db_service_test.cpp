@@ -29,7 +29,7 @@ protected:
     SqliteDbService service{nativePaths(), kShortWait};
 };
 
-TEST_F(SqliteStore, ABooleanColumnGivesBooleansWhateverStandsForTrue) {
+TEST_F(SqliteStore, ABooleanColumnGivesBooleansForAnyNumber) {
     for (const auto& [stored, expected] :
          {std::pair{"1", Value(true)}, {"-1", Value(true)}, {"0", Value(false)}, {"'text'", Value("text")}}) {
         runSql(path, std::string("UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = ") + stored);
@@ -54,7 +54,7 @@ TEST_F(SqliteStore, AReaderDelaysACommitThatSucceedsLater) {
 }
 
 /// The crash test (tools/crash_test) checks that a failed call in a save leaves no partial data.
-TEST_F(SqliteStore, AFullDiskIsToldAndTheRollbackDoesNotHideIt) {
+TEST_F(SqliteStore, AFullDiskIsReportedAndTheRollbackDoesNotHideIt) {
     // The file has no space for the journal, or space for the journal but not for the rows.
     for (const rlim_t limit : {rlim_t{0}, rlim_t{std::filesystem::file_size(path)}}) {
         service.DbReset();

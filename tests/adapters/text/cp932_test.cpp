@@ -36,7 +36,7 @@ TEST(Cp932, GoesThereAndBack) {
     }
 }
 
-TEST(Cp932, WritesOneQuestionMarkForWhatItLacks) {
+TEST(Cp932, WritesOneQuestionMarkForAMissingCharacter) {
     const Cp932 page;
     for (const std::string_view text : {"〜", "−", "¥", "é", "𠮷", "\uE758", "\u00A0", "\xFF"}) {
         EXPECT_EQ(page.encode(std::string(text)), "?") << text;
@@ -58,7 +58,7 @@ TEST(Cp932, NeverStopsAtBadBytes) {
 
 // 128 characters of ASCII, 63 of half-width katakana, 5 bytes that Windows adds. 6,879 of the standard rows, 74 of the
 // first maker's rows, 373 of the second maker's, and 1,880 user-defined.
-TEST(Cp932, HoldsWhatComesBackAndNothingElse) {
+TEST(Cp932, HoldsOnlyCharactersThatConvertBack) {
     const Cp932 page;
     int held = 0;
     for (char32_t character = 0; character < 0x110000; ++character) {

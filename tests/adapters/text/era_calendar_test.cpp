@@ -34,7 +34,7 @@ TEST(EraCalendar, ADateAfterItsErasEndCountsOn) {
     EXPECT_EQ(read("令和7982年01月01日"), "");
 }
 
-TEST(EraCalendar, WhatIsNoDateIsNotRead) {
+TEST(EraCalendar, AnInvalidDateIsNotRead) {
     for (const char* text : {"2026年02月29日", "2100年02月29日", "2026年13月01日", "2026年00月01日", "令和00年01月01日",
                              "慶応04年10月23日", "元年05月01日", "10000年01月01日", "2026年001月01日", "2026年04月",
                              "2026年04月01日 ", "-5年04月01日", "２０２６年０４月０１日", "2026/04/01", "年月日", ""}) {

@@ -32,7 +32,7 @@ protected:
     StringCheck check_{page_};
 };
 
-TEST_F(StringCheckTest, CleansWhatStoreAndCodePageCannotTake) {
+TEST_F(StringCheckTest, ReplacesCharactersThatStoreOrCodePageCannotHold) {
     constexpr auto kCases = std::to_array<std::pair<std::string_view, std::string_view>>(
         {{"O'Hara''s", "O’Hara’’s"},
          {"〜−‖—", "～－∥―"},

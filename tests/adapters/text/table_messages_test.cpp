@@ -150,7 +150,7 @@ TEST(MessageTable, SkipsABadLineAndReadsOn) {
     }
 }
 
-TEST(MessageTable, IsWhatTheSampleOfficeShips) {
+TEST(MessageTable, EqualsTheFileOfTheSampleOffice) {
     const std::string bytes = readFile(kSampleFolder + "/C/ORV/SYS/MSG.TBL");
     const Cp932 page;
     const std::string content = page.decode(bytes);

@@ -140,7 +140,7 @@ TEST_F(Load, ACompanyThatIsNotThereOrNotWhole) {
     EXPECT_EQ(locks(), Texts{});
 }
 
-TEST_F(Load, MeasuresInOrderAndWhatFailsLeavesABlankAndALogLine) {
+TEST_F(Load, MeasuresInOrderAndAFailureLeavesABlankAndALogRecord) {
     load();
     EXPECT_EQ(environment(), (Texts{"OS名", "6", "1", "7601", "SP1", "LAN", "192.168.0.9", "C:\\ 12.5GB/74.5GB",
                                     "C:\\ 12.5GB/74.5GB", "C:\\ORV", "2048MB", "11.0", "proxy:8080"}));

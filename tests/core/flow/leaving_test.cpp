@@ -45,7 +45,7 @@ TEST_P(Leaving, AFailureOfTheStoreKeepsThePageAndCanBeTriedAgain) {
     EXPECT_EQ(std::ranges::count(windows.calls, "close frm_CompInp" + std::to_string(page())), 1);
 }
 
-TEST_P(Leaving, ACallerThatCannotBeStartedIsTold) {
+TEST_P(Leaving, ACallerThatCannotBeStartedIsReported) {
     startOn(page());
     gSaved = true;
     programs.failure = Failure::FileNotFound;

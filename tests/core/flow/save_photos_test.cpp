@@ -58,7 +58,7 @@ TEST_F(SavePhotos, APhotoWhoseFileHasGoneIsDropped) {
     EXPECT_EQ(columns(), "|000004601COS00000000_02.jpg");
 }
 
-TEST_F(SavePhotos, WhatCannotBePlacedLosesNoPhoto) {
+TEST_F(SavePhotos, AFailedReplacementLosesNoPhoto) {
     const std::string before = readBytes(kStored1);
     files.refuse(kStored1, Failure::PermissionDenied);
     save();

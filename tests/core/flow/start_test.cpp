@@ -9,7 +9,7 @@ constexpr const char* kMenu = "C:\\ORV\\BIN\\KELT_MENU.EXE COS";
 
 using Start = SystemTest;
 
-TEST_F(Start, WhatTheFlagsMean) {
+TEST_F(Start, FlagsOfAnArgument) {
     struct Case {
         std::string tail;
         bool multi, master;
@@ -30,7 +30,7 @@ TEST_F(Start, WhatTheFlagsMean) {
     EXPECT_EQ(shownIds(), Texts{});
 }
 
-TEST_F(Start, AMalformedArgumentIsToldAndTheCallerComesBack) {
+TEST_F(Start, AMalformedArgumentIsReportedAndTheCallerIsStarted) {
     struct Case {
         std::string tail, userId, text, code;
     };

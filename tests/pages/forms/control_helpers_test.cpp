@@ -11,7 +11,7 @@ protected:
     ComboBox& list = page<frm_CompInp1>().cbo_License_No;
 };
 
-TEST_F(Helpers, AListTakesWhatItHolds) {
+TEST_F(Helpers, AListAcceptsItsOwnItems) {
     list.addItems({"甲", "乙", "丙"});
     for (const auto& [value, shown, refused] : std::to_array<std::array<const char*, 3>>({{"乙  ", "乙", ""},
                                                                                           {"丁", "乙", ""},

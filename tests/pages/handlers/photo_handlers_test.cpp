@@ -151,7 +151,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
 }
 
 /// If no message can be shown, a plain box shows the button's failure, and the log has that of the drop.
-TEST_F(PhotoSlotsTest, WhatNoMessageCanTell) {
+TEST_F(PhotoSlotsTest, FailuresWithoutAMessage) {
     messages.failure = Failure::Internal;
     files.refuse(kSlotFiles[0], Failure::DiskFull);
     drop(0, source);

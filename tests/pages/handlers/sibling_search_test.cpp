@@ -106,7 +106,7 @@ TEST_P(SiblingSearches, StartsItsProgramWaitsAndPutsEverythingInAtOnceByTheKey) 
     EXPECT_FALSE(siblings.listenedTo());
 }
 
-TEST_P(SiblingSearches, RefusesWhatIsNotForThePage) {
+TEST_P(SiblingSearches, RefusesMessagesForOtherControls) {
     button().press();
     const std::uint32_t field = filled()[0]->handle();
     EXPECT_FALSE(siblings.setText(0, "x"));

@@ -140,7 +140,7 @@ protected:
     }
 };
 
-TEST_P(SwitchFrom, AStepThatFailsLeavesWhatItFound) {
+TEST_P(SwitchFrom, AFailedStepChangesNothing) {
     for (const Step& step : kSteps) {
         SCOPED_TRACE(step.name);
         startThere();
@@ -188,7 +188,7 @@ INSTANTIATE_TEST_SUITE_P(Pages, SwitchFrom, testing::Combine(testing::Range(0, 5
 /// A failed load, on each page.
 class BrokenSwitch : public Switch, public testing::WithParamInterface<int> {};
 
-TEST_P(BrokenSwitch, ChangesNothingInTheStoreWhateverIsPressedAfterwards) {
+TEST_P(BrokenSwitch, ChangesNothingInTheStoreForAnyButtonAfterwards) {
     startOn(GetParam());
     const Texts before = everything();
     choose("000004605");

@@ -37,7 +37,7 @@ constexpr auto kClasses = std::to_array<ClassRow>({
     {"Ｋ", "ァアンヴヶー・ヽヾ", "ｱあ漢、"},
 });
 
-TEST_F(InputRules, ClassesHoldWhatTheyAreNamedFor) {
+TEST_F(InputRules, ClassesContainTheCharactersOfTheirNames) {
     for (const ClassRow& row : kClasses) {
         for (const char32_t character : toCharacters(row.held)) {
             EXPECT_TRUE(maskHolds(row.sign, character)) << row.sign << " " << toUtf8({&character, 1});
@@ -54,7 +54,7 @@ struct EntryRow {
     std::string advice = {};
 };
 
-TEST_F(InputRules, WhatIsEnteredIsFilteredAndThenCut) {
+TEST_F(InputRules, InputIsFilteredAndThenCut) {
     const std::array<EntryRow, 14> rows{{
         {{}, "", "何でもabcｱ ''", "何でもabcｱ ''"},
         {{}, "", "line\r\nbreak\tand\x7f", "linebreakand"},
@@ -113,7 +113,7 @@ TEST_F(Controls, ListChoosesByPlaceAndByText) {
     EXPECT_EQ(raised, 4) << "nor does a disabled list";
 }
 
-TEST_F(Controls, ListRefusesWhatItDoesNotHoldAndKeepsItsChoice) {
+TEST_F(Controls, ListRejectsOtherItemsAndKeepsItsSelection) {
     ComboBox list{form, "cbo", {}};
     list.addItem("賃貸");
     list.setListIndex(0);
@@ -151,7 +151,7 @@ TEST_F(Controls, AFormThatItsOwnLoadUnloadsIsNotShown) {
               (std::vector<std::string>{"open frm_Test", "close frm_Test", "open frm_Test", "close frm_Test"}));
 }
 
-TEST_F(Controls, TheViewIsToldOfEveryAssignment) {
+TEST_F(Controls, TheViewIsNotifiedOfEveryAssignment) {
     BlankPictures pictures;
     services().pictures = &pictures;
     Label label{form, "lbl", {}};

@@ -25,7 +25,7 @@ TEST_F(StoreImport, AnOlderInstallMovesInUnchanged) {
     }
 }
 
-TEST_F(StoreImport, WhatDoesNotFitIsToldAndTheRestIsTaken) {
+TEST_F(StoreImport, UnsuitableValuesAreReportedAndTheOthersImported) {
     runSql(
         office,
         "DROP TABLE MST_CORP; ALTER TABLE TBL_CUSTOMER_ADD DROP COLUMN CPU; ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT;"

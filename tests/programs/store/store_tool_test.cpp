@@ -3,7 +3,7 @@
 namespace orv {
 namespace {
 
-TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
+TEST_F(StoreTool, WrongUseIsReportedAndEndsWithTwo) {
     for (const char* arguments : {"", "nonsense", "create", "check", "check office other", "unlock office",
                                   "copy office", "check office --colour", "backup office", "import", "import a b c"}) {
         const Outcome run = tool(arguments);
@@ -19,7 +19,7 @@ TEST_F(StoreTool, WrongUseIsToldAndEndsWithTwo) {
     }
 }
 
-TEST_F(StoreTool, WhatIsNoStoreFailsInEveryCommandAndChangesNothing) {
+TEST_F(StoreTool, AFileThatIsNotAStoreFailsInEveryCommand) {
     writeFile(folder.file("letter"), "Dear all,\n");
     writeFile(folder.file("empty"), "");
     writeFile(folder.file("dead"), "host=" + folder.file("nowhere") + " dbname=x\n");
@@ -67,7 +67,7 @@ TEST_F(StoreTool, ANewStoreHasItsTablesAndListsAndNoCompany) {
         << "all of it or nothing";
 }
 
-TEST_F(StoreTool, TheCheckFindsWhatIsWrong) {
+TEST_F(StoreTool, TheCheckFindsEveryFault) {
     EXPECT_EQ(tool("check office").ending, 1) << "one company of the sample has no row in TBL_CUSTOMER_ADD";
     EXPECT_TRUE(matches(tool("check office"), "lock: 000004606 by FRONT-PC02 since 2026/11/02 09:14:37, "));
     const std::string faults =
@@ -141,7 +141,7 @@ TEST_F(StoreTool, AnOfficeMovesToAServerAndBackUnchanged) {
     EXPECT_EQ(json("copy moved again")["tables"], there["tables"]);
 }
 
-TEST_F(StoreTool, ABackupBringsBackWhatWasThere) {
+TEST_F(StoreTool, ABackupRestoresTheContent) {
     onServer("served", "sample");
     for (const std::string store : {"office", "served"}) {
         const auto before = json("check " + store);

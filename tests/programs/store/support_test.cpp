@@ -64,7 +64,7 @@ std::vector<std::string> valuesIn(const std::string& path, const std::string& ta
     return all;
 }
 
-TEST_F(Support, TheFileHasWhatHelpsAndNoSecret) {
+TEST_F(Support, TheFileContainsTheDiagnosisAndNoSecret) {
     const std::string all = collected("out.tar.gz");
     EXPECT_EQ(std::filesystem::status(folder.file("out.tar.gz")).permissions(), std::filesystem::perms(0600));
     for (const char* part :

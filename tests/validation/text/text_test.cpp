@@ -27,7 +27,7 @@ TEST(Conversions, WholeNumbersRoundAHalfToTheEvenNeighbour) {
     EXPECT_EQ(toInteger(32767.4), 32767);
 }
 
-TEST(Conversions, WhatDoesNotConvertIsARunTimeFailure) {
+TEST(Conversions, AnInvalidConversionIsARunTimeFailure) {
     for (const char* text : {"", " ", "abc", "1a", "1 2", "--1", "+-1", "0x10", "inf", "nan", "１", "1,000"}) {
         EXPECT_EQ(catchFailure([&] { return toLong(text); }), 13) << text;
         EXPECT_FALSE(isNumeric(text)) << text;
@@ -67,7 +67,7 @@ TEST_F(TextBytes, CutsFromEitherEnd) {
 }
 
 /// 表 is 0x95 0x5C; 0x5C alone is the backslash.
-TEST_F(TextBytes, AHalfCharacterIsConvertedAsItStands) {
+TEST_F(TextBytes, AHalfCharacterIsConvertedUnchanged) {
     EXPECT_EQ(PF_RightB("表", 1), "\\");
     EXPECT_EQ(PF_MidB("表a", 2, 0), "\\a");
     EXPECT_EQ(PF_LenB(PF_LeftB("a表", 2)), 3);
