@@ -34,7 +34,7 @@ orv_add_tests(window_tests app orv_app orv_pages_layout orv_adapters_qt orv_adap
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_ui_driver private_server GTest::gtest_main)
 orv_add_tests(input_method_tests input_method orv_ui_driver GTest::gtest_main)
-orv_add_tests(screen_reader_tests screen_reader orv_ui_driver GTest::gtest_main)
+orv_add_tests(screen_reader_tests screen_reader orv_ui_driver orv_version GTest::gtest_main)
 target_compile_definitions(screen_reader_tests PRIVATE SCREEN_READER="${CMAKE_CURRENT_SOURCE_DIR}/screen_reader")
 
 # Compares the pictures of the documents with the program. Skipped where letters look different.

@@ -16,7 +16,7 @@ namespace orv {
 /// The whole system in its real windows, worked by key and mouse events. Messages are recorded, not shown.
 class WindowTest : public SystemTest {
 protected:
-    WindowTest() { services().windows = &screen; }
+    WindowTest() { services().windows = &windowSystem; }
     ~WindowTest() override {
         PF_Form_Clean();
         settle();
@@ -70,7 +70,7 @@ protected:
         settle();
     }
 
-    QtWindowSystem screen{findLayout, forms};
+    QtWindowSystem windowSystem{findLayout, forms};
 };
 
 }  // namespace orv
