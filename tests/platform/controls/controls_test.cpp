@@ -131,12 +131,13 @@ TEST_F(Controls, ANumberIsShownAsItsFormatSays) {
         Value number;
         const char *format, *shown;
     };
-    for (const Case& c :
-         {Case{0.0, "##.#;;", ""}, Case{5.0, "##.#;;", "5"}, Case{0.5, "##.#;;", ".5"}, Case{99.9, "##.#;;", "99.9"},
-          Case{{}, "##.#;;", ""}, Case{0.0, "#0.#;;;0", "0"}, Case{0.5, "#0.#;;;0", "0.5"}, Case{{}, "#0.#;;;0", "0"},
-          Case{2030, "####;;;", "2030"}, Case{{}, "####;;;", ""}, Case{12, "##", "12"}, Case{123, "##", "123"},
-          Case{-2, "#;;", "-2"}, Case{-2, "#;0.0;", "2.0"}, Case{0, "#;#;00", "00"}, Case{3, "000.0#", "003.0"},
-          Case{1.5, "", "1.5"}, Case{{}, "", ""}}) {
+    for (const Case& c : {Case{0.0, "##.#;;", ""},      Case{5.0, "##.#;;", "5"},  Case{0.5, "##.#;;", ".5"},
+                          Case{99.9, "##.#;;", "99.9"}, Case{{}, "##.#;;", ""},    Case{0.0, "#0.#;;;0", "0"},
+                          Case{0.5, "#0.#;;;0", "0.5"}, Case{{}, "#0.#;;;0", "0"}, Case{2030, "####;;;", "2030"},
+                          Case{{}, "####;;;", ""},      Case{12, "##", "12"},      Case{123, "##", "123"},
+                          Case{-2, "#;;", "-2"},        Case{-2, "#;0.0;", "2.0"}, Case{0, "#;#;00", "00"},
+                          Case{3, "000.0#", "003.0"},   Case{1.5, "", "1.5"},      Case{{}, "", ""},
+                          Case{1e15, "", "1e+15"},      Case{1e-5, "", "1e-05"}}) {
         EXPECT_EQ(formatNumber(c.number, c.format), c.shown) << c.format;
     }
 }
@@ -190,6 +191,18 @@ TEST_F(Controls, TheViewIsNotifiedOfEveryAssignment) {
     image.setAutoRepaint(false);
     image.setDstRect({0, 0, 1, 1});
     EXPECT_EQ(raised, 0) << "until it is repainted again";
+    int changes = 0;
+    number.onChange = [&] { ++changes; };
+    number.setText("3");
+    number.setText("3.0");
+    EXPECT_EQ(changes, 1) << "the same number is no change";
+    image.setAutoScroll(true);
+    image.setDstRect({0, 0, image.width() + 3, image.height() + 3});
+    for (const auto& [by, left] : {std::pair{9, -3}, {-9, 0}}) {
+        image.scrollBy(by, by);
+        EXPECT_EQ(image.scrolledRect().x, left);
+        EXPECT_EQ(image.scrolledRect().y, left);
+    }
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ranges>
 
 #include "support/fixture.h"
@@ -169,6 +170,8 @@ protected:
         EXPECT_EQ(screen().number, GetParam().page);
         ASSERT_NE(screen().activeControl(), nullptr);
         EXPECT_EQ(screen().activeControl()->objectName(), fault.focus);
+        EXPECT_TRUE(std::ranges::any_of(screen().controls(),
+                                        [&](const Control* control) { return control->fault() == readText(broken); }));
         EXPECT_EQ(gErrMsg, "");
         turnTo(4);
     }
