@@ -19,8 +19,8 @@ TEST(InstallRights, AreTheSameForAnyUmask) {
     }
     const std::string list = folder.readBytes("000.list");
     EXPECT_EQ(list, folder.readBytes("077.list"));
-    for (const char* line : {"755 bin/orv_store\n", "755 share/orv/office/C/ORV/BIN/KELT_COS.EXE\n",
-                             "755 share/orv/office/C/ORV/SYS\n", "644 share/orv/office/C/ORV/SYS/system.ini\n"}) {
+    for (const char* line : {"755 bin/orv-office\n", "755 lib/orv/office/C/ORV/BIN/KELT_COS.EXE\n",
+                             "755 lib/orv/office/C/ORV/SYS\n", "644 lib/orv/office/C/ORV/SYS/system.ini\n"}) {
         EXPECT_NE(list.find(line), std::string::npos) << line << list;
     }
 }
