@@ -3,6 +3,7 @@
 
 include(GNUInstallDirs)
 set(office lib/orv/office)
+set(documents ${CMAKE_INSTALL_DATADIR}/doc/company-information)
 
 # Sets the same permissions whatever the umask and the permissions of the source are.
 set(readable OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
@@ -11,9 +12,9 @@ set(explicit FILE_PERMISSIONS ${readable} DIRECTORY_PERMISSIONS ${enterable})
 
 # New parent folders would get the umask's permissions; existing ones keep theirs.
 install(CODE "
-foreach(folder ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATADIR}/orv
+foreach(folder ${CMAKE_INSTALL_BINDIR} ${CMAKE_INSTALL_DATADIR} ${CMAKE_INSTALL_DATADIR}/doc ${CMAKE_INSTALL_DATADIR}/orv
                ${CMAKE_INSTALL_MANDIR} ${CMAKE_INSTALL_MANDIR}/man1 ${CMAKE_INSTALL_MANDIR}/ja ${CMAKE_INSTALL_MANDIR}/ja/man1
-               lib lib/systemd lib/systemd/system lib/orv ${office})
+               lib lib/systemd lib/systemd/system lib/orv ${office} ${documents})
   set(place \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/\${folder}\")
   if(NOT EXISTS \"\${place}\")
     file(MAKE_DIRECTORY \"\${place}\")
@@ -36,6 +37,8 @@ foreach(page orv_store.1 orv-office.1)
   orv_install_packed(${CMAKE_SOURCE_DIR}/docs/man/${page} ${CMAKE_INSTALL_MANDIR}/man1 ${page})
   orv_install_packed(${CMAKE_SOURCE_DIR}/docs/man/ja/${page} ${CMAKE_INSTALL_MANDIR}/ja/man1 ${page})
 endforeach()
+orv_install_packed(${CMAKE_SOURCE_DIR}/CHANGELOG.md ${documents} changelog)
+include(cmake/package.cmake)
 add_custom_target(packed_texts ALL DEPENDS ${packed_texts})
 
 install(TARGETS store_tool)
@@ -53,3 +56,5 @@ install(DIRECTORY sample/search/ DESTINATION ${office}/C/ORV/BIN/DAT ${explicit}
 install(PROGRAMS $<TARGET_FILE:company_information> DESTINATION ${office}/C/ORV/BIN RENAME KELT_COS.EXE)
 install(TARGETS address_search line_search DESTINATION ${office}/C/ORV/BIN)
 
+install(FILES packaging/copyright DESTINATION ${documents})
+install(DIRECTORY docs/ DESTINATION ${documents} ${explicit} FILES_MATCHING PATTERN *.md PATTERN *.png PATTERN man EXCLUDE)

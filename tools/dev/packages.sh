@@ -12,6 +12,7 @@ PACKAGES=(
     libxtst-dev libxdamage-dev
     sqlite3 xvfb openbox xdotool xclip x11-utils imagemagick curl
     clang-format clang-tidy
+    lintian debootstrap
 )
 
 missingPackages() {
