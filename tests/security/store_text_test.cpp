@@ -135,30 +135,42 @@ TEST_F(StoreText, ThatNamesAServerOfOldTlsOrNoneOpensNothing) {
     }
 }
 
-/// Accepts every connection and sends settings without end.
-TEST_F(StoreText, AGreetingThatDoesNotEndIsCutOff) {
+/// Accepts every user with `greeting`, and then repeats `more` without end. Returns the bytes that were sent.
+std::size_t sendUntilRejected(const std::string& greeting, const std::string& more) {
     const Descriptor listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_in address{.sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
     socklen_t size = sizeof address;
     auto* const place = reinterpret_cast<sockaddr*>(&address);
-    ASSERT_EQ(::bind(listener.number(), place, size) + ::listen(listener.number(), 1), 0);
-    ASSERT_EQ(::getsockname(listener.number(), place, &size), 0);
+    EXPECT_EQ(::bind(listener.number(), place, size) + ::listen(listener.number(), 1), 0);
+    EXPECT_EQ(::getsockname(listener.number(), place, &size), 0);
     std::size_t sent = 0;
     std::thread server([&] {
         const Descriptor peer(::accept(listener.number(), nullptr, nullptr));
-        std::string bytes("R\0\0\0\x08\0\0\0\0", 9);
-        for (ssize_t count = 0; count >= 0 && sent < 200'000'000; sent += static_cast<std::size_t>(count)) {
-            count = ::send(peer.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
-            bytes = std::string("S\0\0\x75\x30", 5) + std::to_string(sent) + std::string(1, '\0');
-            bytes.resize(30'000, 'x');
-            bytes += '\0';
+        const auto send = [&](const std::string& bytes) {
+            return ::send(peer.number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        };
+        for (ssize_t count = send(greeting); count >= 0 && sent < 400'000'000; count = send(more)) {
+            sent += static_cast<std::size_t>(count);
         }
     });
-    EXPECT_EQ(
-        catchTextCode("sslmode=disable user=u hostaddr=127.0.0.1 port=" + std::to_string(ntohs(address.sin_port))),
-        "DBSQL07");
+    const TempFolder folder;
+    writeFile(folder.file("store"),
+              "sslmode=disable user=u hostaddr=127.0.0.1 port=" + std::to_string(ntohs(address.sin_port)));
+    EXPECT_EQ(catchCode([&] { officeStore()(folder.file("store"), StoreAccess::ReadWrite)->select("select 1", {}); }),
+              "DBSQL07");
     server.join();
-    EXPECT_LT(sent, 200'000'000U);
+    return sent;
+}
+
+TEST_F(StoreText, AnEndlessAnswerIsCutOff) {
+    const std::string letIn("R\0\0\0\x08\0\0\0\0", 9);
+    const std::string ready = letIn + std::string("K\0\0\0\x0c\0\0\0\0\0\0\0\0Z\0\0\0\x05I", 19);
+    const std::string claim("\x60\0\0\0", 4);  // 1.6 GB
+    const std::string setting = std::string("S\0\0\x75\x30NAME\0", 10) + std::string(29'990, 'x') + '\0';
+    const std::string bytes(1 << 20, 'x');
+    EXPECT_LT(sendUntilRejected(letIn, setting), 100'000'000U) << "settings before it lets the user in";
+    EXPECT_LT(sendUntilRejected(letIn + "N" + claim, bytes), 100'000'000U) << "one notice";
+    EXPECT_LT(sendUntilRejected(ready + "D" + claim, bytes), 100'000'000U) << "one row";
 }
 
 }  // namespace

@@ -116,7 +116,9 @@ bool ServerLink::flushed(Clock::time_point deadline) {
 /// Returns the next result of the answer. Null after the last one, and if the connection is lost.
 ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && pq().isBusy(connection_.get()) != 0) {
-        if (!waitForSocket(connection_.get(), POLLIN, deadline)) {
+        if (received_.areTooMany()) {
+            cut(kAnswerTooLong);
+        } else if (!waitForSocket(connection_.get(), POLLIN, deadline)) {
             cut(kSilent);
         } else if (!receiveInput()) {
             break;

@@ -3,12 +3,14 @@
 #include <libpq-fe.h>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdlib>
+#include <fstream>
 #include <future>
 #include <iterator>
 #include <string>
@@ -27,6 +29,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t kMostWhenOpening = std::size_t{1} << 20U;
+constexpr std::size_t kMemoryOfOthers = std::size_t{256} << 20U;  // new threads and windows, meanwhile
 
 constexpr StoreRefusal kNotInTime{"DBCONN03", Failure::TimedOut, "データベースのサーバーが接続に応答しません。"};
 constexpr StoreRefusal kNeedsPassword{"DBCONN04", Failure::PermissionDenied,
@@ -63,6 +66,13 @@ std::vector<std::string> listed(const std::string& text) {
 std::size_t waitingIn(PGconn* connection) {
     int bytes = 0;
     return ::ioctl(pq().socket(connection), FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
+}
+
+/// Returns the bytes of memory that this process has reserved, or 0 if the system does not say.
+std::size_t reservedMemory() {
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    return pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
 }
 
 /// False if the host was not ready in time. Otherwise it has accepted the connection or reported why not.
@@ -174,6 +184,11 @@ bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock:
         whileWaiting();
     }
 }
+
+ReceivedBytes::ReceivedBytes(std::size_t most)
+    : most_(most), mostMemory_(reservedMemory() + 2 * most + kMemoryOfOthers) {}
+
+bool ReceivedBytes::areTooMany() const { return received_ > most_ || reservedMemory() > mostMemory_; }
 
 void ReceivedBytes::count(pg_conn* connection, const std::function<void()>& read) {
     constexpr std::size_t kAtLeast = 8192;  // bytes that the library reads at a time, if available

@@ -12,17 +12,20 @@ namespace orv {
 bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
 
 /// Counts the bytes that the client library reads from a connection. The library stores a whole answer, however long,
-/// and does not report how much it has read.
+/// and does not report how much it has read. It reserves memory for all of a message as soon as it knows the length,
+/// and one call then reads as much as a fast server sends. So the memory is limited too.
 class ReceivedBytes {
 public:
-    explicit ReceivedBytes(std::size_t most) : most_(most) {}
+    explicit ReceivedBytes(std::size_t most);
 
     /// Counts the bytes that `read` reads.
     void count(pg_conn* connection, const std::function<void()>& read);
-    bool areTooMany() const { return received_ > most_; }
+    /// True if more has come, or if memory is reserved for several times as much.
+    bool areTooMany() const;
 
 private:
     std::size_t most_;
+    std::size_t mostMemory_;  // of this process
     std::size_t received_ = 0;
 };
 
