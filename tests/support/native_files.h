@@ -11,7 +11,7 @@ public:
 
 private:
     static const SystemPaths& noInstall() {
-        static const SystemPaths paths(findInstallRoot("/no install"), "/no install");
+        static const SystemPaths paths(findInstallRoot("/no install/C"), "/no install");
         return paths;
     }
 };
