@@ -1,5 +1,6 @@
 // Works the program with a real input method. After a save the store must contain the text on the screen.
 #include <cstdlib>
+#include <utility>
 
 #include "end_to_end/end_to_end.h"
 #include "input_method.h"
@@ -22,6 +23,8 @@ struct Entry {
     Field next;
     const char* shown;
     const char* column;
+    /// Pressed when the text that the keys have entered is selected.
+    const char* keysOnSelection = "";
 };
 
 constexpr Field kSave{"btm_Save"};
@@ -30,7 +33,7 @@ constexpr Field kSave{"btm_Save"};
 const Entry kEntries[]{
     {"the next field ends a composition", 0, {"txt_Company_Name"}, "ctrl+a k a i s h a", {"txt_Group_Name"}, "かいしゃ", "COMPANY_NAME"},
     {"and takes none of it", 0, {"txt_Group_Name"}, "", {}, "あ", "GROUP_NAME"},
-    {"reconversion", 0, {"txt_Office_Name"}, "ctrl+a k a i s h a space Return ctrl+a Henkan F7 Return", {}, "カイシャ", "OFFICE_NAME"},
+    {"reconversion", 0, {"txt_Office_Name"}, "ctrl+a k a i s h a space Return", {}, "カイシャ", "OFFICE_NAME", "Henkan F7 Return"},
     {"rejected input removes nothing", 0, {"txt_Address_Other"}, "ctrl+a k a i F8 Return", {}, "あおぞら見本ビル２階", "ADDRESS_OTHER"},
     {"undo", 0, {"txt_Daihyo_Name"}, "ctrl+a a Return ctrl+z", {}, "見本　太郎", "DAIHYO_NAME"},
     {"katakana", 0, {"txt_Daihyo_Name_Kana"}, "ctrl+a m i h o n n Return", {}, "ミホン", "DAIHYO_NAME_KANA"},
@@ -79,6 +82,10 @@ protected:
         if (entry.next.control == kSave.control) {
             answer(terminal, page_);
         }
+        if (entry.keysOnSelection[0] != 0) {
+            terminal.textOnScreen(entry.field.control, entry.field.index);
+            terminal.key(entry.keysOnSelection);
+        }
         EXPECT_EQ(terminal.textOnScreen(entry.field.control, entry.field.index), entry.shown);
     }
 
@@ -98,6 +105,19 @@ TEST_P(Composing, TheScreenIsStored) {
     }
     EXPECT_EQ(field("KOUTORI_FLG || substr(DANTAI_FLG, 7, 1)"), ticked + "1");
     EXPECT_EQ(office_->errLog(), "");
+}
+
+/// The program reads all keys of a case at once. Each case starts with the text of the last one, selected.
+TEST_P(Composing, KeysKeepTheirOrderWhenTheProgramIsBusy) {
+    const std::pair<const char*, const char*> cases[]{{"k a i Return ctrl+a k y o u k a i space Return", "協会"},
+                                                      {"a Return ctrl+z", "協会"},
+                                                      {"k a k u u Return Home a Return End i Return", "あかくうい"},
+                                                      {"k a k u u Return Return", "かくう"}};
+    for (const auto& [keys, shown] : cases) {
+        terminal.textOnScreen("txt_Office_Name");
+        terminal.keysWhileStopped(keys);
+        EXPECT_EQ(terminal.textOnScreen("txt_Office_Name"), shown) << keys;
+    }
 }
 
 /// Clicks directly after the last key, on a field above, because the candidates cover those below. `./dev compose RUNS`

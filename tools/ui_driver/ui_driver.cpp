@@ -303,6 +303,12 @@ void Terminal::key(const std::string& keys) {
     tool(keyCommand(keys));
 }
 
+void Terminal::keysWhileStopped(const std::string& keys) {
+    process_->signal(SIGSTOP);
+    key(keys);
+    process_->signal(SIGCONT);
+}
+
 void Terminal::typeAscii(const std::string& text) {
     waitForFocus();
     tool({"type", "--delay", "15", text});

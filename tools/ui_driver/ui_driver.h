@@ -117,6 +117,8 @@ public:
     void enter(const std::string& control, const std::string& text);
     /// Presses keys one after the other. Their names are separated by blanks.
     void key(const std::string& keys);
+    /// Presses keys while the program is stopped, so that it then reads all of them at once.
+    void keysWhileStopped(const std::string& keys);
     void typeAscii(const std::string& text);
     void shot(const std::filesystem::path& picture) const;
     /// Takes a picture of the whole display.

@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <thread>
 
+#include "adapters/qt/input_order.h"
 #include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/office_style.h"
 #include "adapters/qt/views/page_scale.h"
@@ -131,6 +132,7 @@ Application::Application(const char* programName)
     // parallel. The thread reads the environment: adding a variable meanwhile can crash it.
     const std::jthread fonts([] { FcInit(); });
     application_ = makeToolkit(count_, arguments_.data());
+    inputOrder_ = std::make_unique<InputOrder>();
     words_ = japaneseWords();
     useOwnIcons();
     installAccessibility();

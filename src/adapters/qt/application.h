@@ -12,6 +12,8 @@ class QTranslator;
 
 namespace orv {
 
+class InputOrder;
+
 /// The toolkit, set up identically on every machine. It does not receive the command line.
 class Application : NonCopyable {
 public:
@@ -29,6 +31,7 @@ private:
     std::array<char*, 4> arguments_;
     int count_;
     std::unique_ptr<QApplication> application_;
+    std::unique_ptr<InputOrder> inputOrder_;
     std::unique_ptr<QTranslator> words_;
 };
 
