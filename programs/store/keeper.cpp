@@ -56,7 +56,7 @@ bool agreed(const Options& options, const std::string& question) {
     if (options.yes) {
         return true;
     }
-    std::cerr << question << " [y/N] " << std::flush;
+    std::cerr << printable(question) << " [y/N] " << std::flush;
     std::string answer;
     return std::getline(std::cin, answer) && (answer == "y" || answer == "Y" || answer == "yes");
 }

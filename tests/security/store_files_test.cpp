@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include <atomic>
+#include <csignal>
 #include <numeric>
 #include <thread>
 
@@ -187,6 +188,18 @@ TEST_F(StoreFiles, FilesWithPasswordsAreNotPublic) {
         EXPECT_LT(tool(arguments, "umask 0; ").ending, 2) << arguments;
         EXPECT_EQ(readMode(made), mode) << arguments;
     }
+    // A run that ends in the middle shows the permissions while a file is written.
+    EXPECT_EQ(tool("backup office cut", "umask 0; ulimit -c 0; ulimit -f 16; ").ending, 128 + SIGXFSZ);
+    int left = 0;
+    for (const auto& entry : fs::directory_iterator(folder.path())) {
+        const std::string name = entry.path().filename();
+        if (name.starts_with(".orv_store-")) {
+            ++left;
+            EXPECT_EQ(modeOf(name), 0700U);
+            EXPECT_EQ(modeOf(name + "/store"), 0600U);
+        }
+    }
+    EXPECT_EQ(left, 1);
 }
 
 TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "adapters/posix/descriptor.h"
+#include "adapters/postgres/postgres_store.h"
 #include "any_tls.h"
 #include "app/office_store.h"
 #include "private_server.h"
@@ -156,7 +157,11 @@ std::size_t sendUntilRejected(const std::string& greeting, const std::string& mo
     const TempFolder folder;
     writeFile(folder.file("store"),
               "sslmode=disable user=u hostaddr=127.0.0.1 port=" + std::to_string(ntohs(address.sin_port)));
-    EXPECT_EQ(catchCode([&] { officeStore()(folder.file("store"), StoreAccess::ReadWrite)->select("select 1", {}); }),
+    ServerLimits patient;
+    patient.patience.connect = patient.patience.answer = std::chrono::minutes(3);
+    EXPECT_EQ(catchCode([&] {
+                  postgresStore(patient)(folder.file("store"), StoreAccess::ReadWrite)->select("select 1", {});
+              }),
               "DBSQL07");
     server.join();
     return sent;

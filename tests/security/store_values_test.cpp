@@ -45,6 +45,10 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
             EXPECT_EQ(catchCode([&] { store->change(sql, {}); }), code) << sql;
         }
         EXPECT_EQ(catchCode([&] {
+                      store->change(update("'; delete from TBL_LOCK; update TBL_LOCK set LOCAL_INFO = '"), {});
+                  }),
+                  code == std::string("DB23") ? "DBSQL03" : "DB42601");
+        EXPECT_EQ(catchCode([&] {
                       store->change(update("(select 1) from -- /* $$ \" E\\"), {});
                       store->change("update TBL_LOCK set LOCAL_INFO = $1 where Left(USER_ID, 2) in ('00')", {"select"});
                       store->change("insert into TBL_CUSTOMER_DATE (USER_ID) values ('000004699')", {});
