@@ -195,8 +195,8 @@ TEST_F(StoreFiles, FilesWithPasswordsAreNotPublic) {
         const std::string name = entry.path().filename();
         if (name.starts_with(".orv_store-")) {
             ++left;
-            EXPECT_EQ(modeOf(name), 0700U);
-            EXPECT_EQ(modeOf(name + "/store"), 0600U);
+            EXPECT_EQ(readMode(name), 0700U);
+            EXPECT_EQ(readMode(name + "/store"), 0600U);
         }
     }
     EXPECT_EQ(left, 1);

@@ -12,8 +12,8 @@ namespace orv {
 bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
 
 /// Counts the bytes that the client library reads from a connection. The library stores a whole answer, however long,
-/// and does not report how much it has read. It reserves memory for all of a message as soon as it knows the length,
-/// and one call then reads as much as a fast server sends. So the memory is limited too.
+/// and does not report how much it has read. As soon as it knows the length of a message, it reserves memory for all of
+/// it. One call then reads as much as a fast server sends. So the memory is limited too.
 class ReceivedBytes {
 public:
     explicit ReceivedBytes(std::size_t most);
