@@ -59,9 +59,6 @@ struct Services {
     FormHost* forms = nullptr;
 };
 
-inline Services& services() {
-    static Services theServices;
-    return theServices;
-}
+Services& services();
 
 }  // namespace orv
