@@ -32,9 +32,6 @@ PageCover::PageCover(QWidget* page, Bar bar)
               page == nullptr ? Qt::Dialog | Qt::FramelessWindowHint : Qt::WindowFlags()),
       bar_(bar) {
     hide();
-    if (page != nullptr) {
-        setGeometry(page->window()->rect());
-    }
 }
 
 void PageCover::makePanel() {
@@ -67,7 +64,11 @@ Qt::Alignment PageCover::placeOfPanel() const {
     return Qt::AlignHCenter | (bar_ == Bar::Moving ? Qt::AlignVCenter : Qt::AlignBottom);
 }
 
+/// Covers the page only now, because the toolkit paints the area of a deleted child even if it was never visible.
 void PageCover::appear() {
+    if (!isWindow()) {
+        setGeometry(parentWidget()->rect());
+    }
     makePanel();
     raise();
     show();
