@@ -1,9 +1,9 @@
-#include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
 #include "adapters/store/store_failure.h"
 #include "keeper.h"
 #include "office_rights.h"
 #include "office_schema.h"
+#include "platform/ascii.h"
 #include "source_store.h"
 #include "table_copy.h"
 

@@ -5,10 +5,10 @@
 #include <iterator>
 #include <set>
 
-#include "adapters/store/ascii_fold.h"
 #include "adapters/text/cp932.h"
 #include "jet_value.h"
 #include "office_schema.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

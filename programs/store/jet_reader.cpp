@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

@@ -6,7 +6,7 @@
 #include <array>
 #include <span>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

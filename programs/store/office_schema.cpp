@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 #include "store_sql.h"
 #include "table_copy.h"
 

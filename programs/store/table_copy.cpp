@@ -5,7 +5,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

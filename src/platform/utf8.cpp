@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdint>
 
+#include "platform/ascii.h"
+
 namespace orv {
 namespace {
 
@@ -68,10 +70,6 @@ char32_t capital(char32_t character) {
     return row == kLetters.end() ? character : character - row->distance;
 }
 
-char asciiCapital(char byte) {
-    return byte >= 'a' && byte <= 'z' ? static_cast<char>(capital(static_cast<char32_t>(byte))) : byte;
-}
-
 }  // namespace
 
 std::u32string toCharacters(std::string_view text) {
@@ -118,9 +116,7 @@ std::string firstCharacters(std::string_view text, std::size_t count) {
 std::string upperCase(std::string_view text) {
     std::u32string characters = toCharacters(text);
     if (toUtf8(characters) != text) {
-        std::string bytes(text);
-        std::ranges::transform(bytes, bytes.begin(), asciiCapital);
-        return bytes;
+        return upperAscii(std::string(text));
     }
     std::ranges::transform(characters, characters.begin(), capital);
     return toUtf8(characters);

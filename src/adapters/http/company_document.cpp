@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/scope.h"
 #include "platform/suite/db_service.h"
@@ -122,10 +123,7 @@ Document readRow(ReadOnlyVisit& store, const TableColumns& table, const std::str
 }
 
 /// The id becomes part of statements, of file names and of an argument string.
-bool isPlain(std::string_view id) {
-    return std::ranges::all_of(
-        id, [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); });
-}
+bool isPlain(std::string_view id) { return std::ranges::all_of(id, isAsciiAlphanumeric); }
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 
 #include "adapters/http/curl_library.h"
 #include "adapters/words/printable.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/scope.h"
 #include "platform/waiting.h"
@@ -77,11 +78,9 @@ void set(const Curl& curl, CURLoption option, T value) {
 }
 
 /// Without a scheme the library would guess one, and send the credentials to any host that a wrong setting names.
-void requireScheme(std::string url) {
-    url.resize(std::min<std::size_t>(url.size(), 8));
-    std::ranges::transform(url, url.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    if (!url.starts_with("http://") && !url.starts_with("https://")) {
+void requireScheme(std::string_view url) {
+    const std::string_view scheme = url.substr(0, url.find("//"));
+    if (scheme.size() == url.size() || !(equalWithoutCase(scheme, "http:") || equalWithoutCase(scheme, "https:"))) {
         raise(CURLE_URL_MALFORMAT);
     }
 }

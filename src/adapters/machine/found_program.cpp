@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "adapters/machine/ascii.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

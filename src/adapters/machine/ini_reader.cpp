@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "adapters/machine/ascii.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -40,7 +40,7 @@ bool sameName(Text a, Text b) {
         width = widthAt(a, at);
         const Text left = a.substr(at, width);
         const Text right = b.substr(at, width);
-        if (width == 2 ? left != right : !sameFolded(left, right)) {
+        if (width == 2 ? left != right : !equalWithoutCase(left, right)) {
             return false;
         }
     }

@@ -3,13 +3,11 @@
 #include <string_view>
 #include <vector>
 
-#include "adapters/machine/ascii.h"
+#include "platform/ascii.h"
 
 namespace orv {
 
-constexpr bool isDriveLetter(char c) { return foldAscii(c) >= 'A' && foldAscii(c) <= 'Z'; }
-
-constexpr bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isDriveLetter(path[0]); }
+constexpr bool hasDrive(std::string_view path) { return path.size() >= 2 && path[1] == ':' && isAsciiLetter(path[0]); }
 
 /// Returns the names of a path after "." and ".." are resolved. A ".." at the top is dropped.
 std::vector<std::string_view> splitPath(std::string_view path);

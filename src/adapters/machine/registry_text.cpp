@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/machine/ascii.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -61,13 +61,13 @@ bool RegistryText::hasKey(std::string_view key) const {
     return std::any_of(lines_.begin(), lines_.end(), [&](const std::string& line) {
         const auto found = keyIn(line).value_or(Text());
         const bool below = found.size() > key.size() && found[key.size()] == '\\';
-        return sameFolded(found, key) || (below && sameFolded(found.substr(0, key.size()), key));
+        return equalWithoutCase(found, key) || (below && equalWithoutCase(found.substr(0, key.size()), key));
     });
 }
 
 bool RegistryText::hasSection(std::string_view key) const {
     return std::any_of(lines_.begin(), lines_.end(),
-                       [&](const std::string& line) { return sameFolded(keyIn(line).value_or(Text()), key); });
+                       [&](const std::string& line) { return equalWithoutCase(keyIn(line).value_or(Text()), key); });
 }
 
 void RegistryText::addKey(std::string_view key) {
@@ -83,10 +83,10 @@ RegistryText::Place RegistryText::findPlace(std::string_view key, std::string_vi
     std::size_t free = lines_.size();
     for (std::size_t at = 0; at < lines_.size(); ++at) {
         if (const auto header = keyIn(lines_[at])) {
-            inKey = sameFolded(*header, key);
+            inKey = equalWithoutCase(*header, key);
             free = inKey ? at + 1 : free;
         } else if (const auto entry = entryIn(lines_[at]); inKey && entry) {
-            if (sameFolded(entry->first, shownName(name))) {
+            if (equalWithoutCase(entry->first, shownName(name))) {
                 return {at, true};
             }
             free = at + 1;

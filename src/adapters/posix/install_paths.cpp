@@ -125,7 +125,7 @@ std::string InstallPaths::withPlace(const std::string& path) const {
 }
 
 std::string InstallPaths::onDrive(char letter, std::string_view path) const {
-    const char drive = foldAscii(letter);
+    const char drive = upperAscii(letter);
     Names names = splitPath(path);
     names.insert(names.begin(), std::string_view(&drive, 1));
     return follow(root_, names);

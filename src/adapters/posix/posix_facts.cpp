@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "adapters/machine/ascii.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

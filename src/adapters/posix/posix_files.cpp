@@ -14,8 +14,8 @@
 #include <system_error>
 #include <utility>
 
-#include "adapters/machine/ascii.h"
 #include "adapters/posix/native_file.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

@@ -12,8 +12,8 @@
 #include <memory>
 #include <optional>
 
-#include "adapters/machine/ascii.h"
 #include "adapters/posix/native_file.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
-#include "adapters/machine/ascii.h"
 #include "adapters/machine/registry_text.h"
 #include "adapters/posix/native_file.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

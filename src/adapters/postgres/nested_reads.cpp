@@ -4,8 +4,8 @@
 #include <array>
 #include <span>
 
-#include "adapters/store/ascii_fold.h"
 #include "adapters/store/store_failure.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -17,12 +17,7 @@ constexpr auto kBracketWords =
     std::to_array<std::string_view>({"values", "where", "set", "and", "or", "not", "in", "left"});
 constexpr std::string_view kBlanks = " \t\r\n\f";
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-bool isWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || isDigit(c) || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
+bool isWordCharacter(char c) { return isAsciiAlphanumeric(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80; }
 
 bool contains(std::span<const std::string_view> words, std::string_view word) {
     return std::ranges::any_of(words, [&](std::string_view each) { return equalWithoutCase(each, word); });
@@ -71,7 +66,7 @@ private:
 
     /// Comments, quoted names and dollar quotes can hide text. `$1` is a parameter.
     void readSign() {
-        const bool isParameter = rest_.front() == '$' && rest_.size() > 1 && isDigit(rest_[1]);
+        const bool isParameter = rest_.front() == '$' && rest_.size() > 1 && isAsciiDigit(rest_[1]);
         require(isParameter || (rest_.front() != '$' && rest_.front() != '"'));
         require(!rest_.starts_with("--") && !rest_.starts_with("/*"));
         rest_.remove_prefix(1);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/ascii.h"
+
 namespace orv {
 namespace {
 
@@ -66,7 +68,7 @@ constexpr std::string_view kStrangeState = "XXXXX";  // replaces anything that i
 
 bool isState(std::string_view text) {
     return text.size() == kStateLength &&
-           std::ranges::all_of(text, [](char c) { return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z'); });
+           std::ranges::all_of(text, [](char c) { return isAsciiDigit(c) || isAsciiCapital(c); });
 }
 
 std::string_view firstLine(std::string_view text) { return text.substr(0, text.find('\n')); }

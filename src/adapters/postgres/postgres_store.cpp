@@ -11,8 +11,8 @@
 #include "adapters/postgres/nested_reads.h"
 #include "adapters/postgres/postgres_failure.h"
 #include "adapters/postgres/postgres_library.h"
-#include "adapters/store/ascii_fold.h"
 #include "adapters/store/fetched_rows.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -75,8 +75,7 @@ constexpr auto kBrokenNumbers = std::to_array<Oid>({700, 701, 1700});
 
 std::string_view firstWord(std::string_view sql) {
     sql.remove_prefix(std::min(sql.find_first_not_of(kBlanks), sql.size()));
-    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isLetter) - sql.begin()));
+    return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isAsciiLetter) - sql.begin()));
 }
 
 std::string_view withoutLast(std::string_view text, std::string_view unwanted) {

@@ -3,7 +3,6 @@
 #include <libpq-fe.h>
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <fstream>
 #include <memory>
 #include <string_view>
@@ -13,6 +12,7 @@
 #include "adapters/postgres/postgres_library.h"
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
+#include "platform/ascii.h"
 #include "platform/file_path.h"
 #include "platform/run_time_error.h"
 
@@ -131,8 +131,8 @@ ServerSettings readSettings(PGconn* connection) {
 /// "name:key" is a key of the engine `name`, which can be the path of a library. "C:\\key" is a file.
 bool isPlainFile(std::string_view key) {
     const std::size_t colon = key.find(':');
-    const bool isDrive = colon == 1 && std::isalpha(static_cast<unsigned char>(key[0])) != 0 && key.size() > 2 &&
-                         (key[2] == '\\' || key[2] == '/') && key.find(':', 2) == std::string_view::npos;
+    const bool isDrive = colon == 1 && isAsciiLetter(key[0]) && key.size() > 2 && (key[2] == '\\' || key[2] == '/') &&
+                         key.find(':', 2) == std::string_view::npos;
     return colon == std::string_view::npos || isDrive;
 }
 

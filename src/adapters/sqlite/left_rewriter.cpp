@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -10,8 +10,7 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n\f";
 
 bool isWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '$' ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return isAsciiAlphanumeric(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
 
 /// Returns the position after `end`, or the end of the text if `end` does not follow.

@@ -10,7 +10,7 @@
 
 #include "adapters/sqlite/guarded_vfs.h"
 #include "adapters/sqlite/sqlite_failure.h"
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 #include "platform/utf8.h"
 #include "platform/waiting.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "adapters/store/ascii_fold.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

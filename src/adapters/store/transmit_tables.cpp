@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -28,9 +29,7 @@ StoreConnection& usable(const SharedStore& store) {
 
 /// Checks a name that is used unquoted in a statement, because engines fold the case of quoted names differently.
 const std::string& plainName(const std::string& name) {
-    const auto isPlain = [](char c) {
-        return c == '_' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    };
+    const auto isPlain = [](char c) { return c == '_' || isAsciiAlphanumeric(c); };
     require(!name.empty() && std::ranges::all_of(name, isPlain), Failure::InvalidCall);
     return name;
 }

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/ascii.h"
+
 namespace orv {
 namespace {
 
@@ -81,9 +83,7 @@ std::string_view splitOff(std::string_view& rest, char separator) {
 }
 
 bool isId(std::string_view text) {
-    return !text.empty() && text.size() <= kLongestId && std::ranges::all_of(text, [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-    });
+    return !text.empty() && text.size() <= kLongestId && std::ranges::all_of(text, isAsciiAlphanumeric);
 }
 
 std::string unescaped(std::string_view text) {

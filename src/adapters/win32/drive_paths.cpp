@@ -42,7 +42,7 @@ std::string onServer(std::string_view path) {
 
 /// The drive's folder itself keeps its separator: "C:" alone is the drive's current folder.
 std::string onDrive(char letter, std::string_view path) {
-    const std::string place = joined(std::string(1, foldAscii(letter)) + ":", splitPath(path));
+    const std::string place = joined(std::string(1, upperAscii(letter)) + ":", splitPath(path));
     return place.size() == 2 ? place + "\\" : place;
 }
 
@@ -111,7 +111,7 @@ std::string DrivePaths::toSystem(const std::string& nativePath) const {
     const std::string drive = root_ + "\\";
     const std::string_view rest = std::string_view(native).substr(std::min(drive.size(), native.size()));
     const bool onADrive = !root_.empty() && sameName(native.substr(0, drive.size()), drive) && !rest.empty() &&
-                          isDriveLetter(rest[0]) && (rest.size() == 1 || rest[1] == '\\');
+                          isAsciiLetter(rest[0]) && (rest.size() == 1 || rest[1] == '\\');
     return onADrive ? onDrive(rest[0], rest.substr(1)) : native;
 }
 

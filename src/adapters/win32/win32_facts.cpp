@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "adapters/machine/ascii.h"
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/windows_api.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

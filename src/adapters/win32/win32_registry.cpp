@@ -5,8 +5,8 @@
 #include <cstring>
 #include <utility>
 
-#include "adapters/machine/ascii.h"
 #include "adapters/win32/wide_text.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

@@ -1,12 +1,10 @@
 #include "pages/forms/control_helpers.h"
 
-#include <algorithm>
-#include <cctype>
-
 #include "config/settings.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "pages/forms/colours.h"
+#include "platform/ascii.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/forms/form_host.h"
@@ -20,12 +18,6 @@ inline namespace bas_FromCommon {
 namespace {
 
 constexpr const char* kNoName = "[P_ChgControl]にて判断できない項目";
-
-std::string upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
-    return text;
-}
 
 /// False also if the file cannot be checked.
 bool fieldNamesInPlace() {
@@ -106,7 +98,7 @@ void enableField(Field& input, bool enable, std::optional<Colour> colour) {
 }  // namespace
 
 std::string P_ChgControl(std::string& control) {
-    if (upper(control) == upper("cbo_Property_Type_Code")) {
+    if (equalWithoutCase(control, "cbo_Property_Type_Code")) {
         control = "txt_Property_Type_Code";
     }
     std::string entry;

@@ -13,6 +13,7 @@
 #include "pages/forms/page_set.h"
 #include "pages/handlers/frame_handlers.h"
 #include "pages/handlers/sibling_search.h"
+#include "platform/ascii.h"
 #include "platform/forms/form_host.h"
 #include "platform/scope.h"
 #include "platform/services.h"
@@ -78,7 +79,7 @@ void txt_Address_Code_Change(frm_CompInp0& form) {
 void hyphenate(TextInput& postCode, const char* label) {
     handled(label, [&] {
         const std::string& text = postCode.text();
-        const bool digits = std::ranges::all_of(text, [](char sign) { return sign >= '0' && sign <= '9'; });
+        const bool digits = std::ranges::all_of(text, isAsciiDigit);
         if (digits && text.size() == kPostCodeDigits) {
             postCode.setText(text.substr(0, kPostCodeFront) + "-" + text.substr(kPostCodeFront));
         }

@@ -1,10 +1,9 @@
 #include "validation/text/conversions.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <limits>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/value.h"
 #include "validation/text/blanks.h"
@@ -19,12 +18,6 @@ Whole toWhole(double number) {
         throw RunTimeError(Failure::Overflow);
     }
     return static_cast<Whole>(rounded);
-}
-
-bool sameWord(std::string_view text, std::string_view word) {
-    return std::equal(text.begin(), text.end(), word.begin(), word.end(), [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-    });
 }
 
 }  // namespace
@@ -45,8 +38,8 @@ std::int16_t toInteger(double number) { return toWhole<std::int16_t>(number); }
 
 bool toBoolean(const Value& value) {
     const std::string word = trimmed(toText(value));
-    if (sameWord(word, "true")) return true;
-    if (sameWord(word, "false")) return false;
+    if (equalWithoutCase(word, "true")) return true;
+    if (equalWithoutCase(word, "false")) return false;
     return toNumber(word) != 0;
 }
 

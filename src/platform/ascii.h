@@ -1,0 +1,39 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace orv {
+
+// Letters and digits of ASCII, independent of the locale. No other byte counts as one or changes.
+
+constexpr bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isAsciiCapital(char c) { return c >= 'A' && c <= 'Z'; }
+constexpr char upperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr bool isAsciiLetter(char c) { return isAsciiCapital(upperAscii(c)); }
+constexpr bool isAsciiAlphanumeric(char c) { return isAsciiLetter(c) || isAsciiDigit(c); }
+
+inline std::string upperAscii(std::string text) {
+    std::ranges::transform(text, text.begin(), [](char c) { return upperAscii(c); });
+    return text;
+}
+
+/// Compares names: letters in either case, all other bytes exactly.
+inline bool equalWithoutCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, [](char x, char y) { return upperAscii(x) == upperAscii(y); });
+}
+
+/// Returns the text without blanks and tabs at both ends.
+inline std::string_view trimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+/// Returns the text as a C function reads it: up to the first NUL.
+inline std::string_view upToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+}  // namespace orv
