@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "known_settings.h"
+#include "platform/ascii.h"
 #include "table_copy.h"
 
 namespace orv {
@@ -43,17 +44,12 @@ std::string redactedLine(const std::string& line) {
                                                         : key + "=" + withoutCredentials(line.substr(equals + 1));
 }
 
-std::string trimmed(const std::string& line) {
-    const std::size_t first = line.find_first_not_of(" \t\r");
-    return first == std::string::npos ? "" : line.substr(first, line.find_last_not_of(" \t\r") - first + 1);
-}
-
 /// Calls `act` with each line, without the blanks around it.
 template <typename Act>
 void forEachLine(const std::string& text, Act act) {
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        act(trimmed(line));
+        act(std::string(trimmed(line, " \t\r")));
     }
 }
 

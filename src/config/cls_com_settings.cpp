@@ -5,12 +5,12 @@
 #include "config/cls_com.h"
 #include "config/settings.h"
 #include "logging/setting_trap.h"
+#include "platform/ascii.h"
 #include "platform/machine/clock.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "platform/value.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 
 namespace orv {
@@ -69,7 +69,9 @@ std::string cls_Com::SysMsgTbl() const {
     return setting([] { return P_AddBackslash(services().fileSystem->programFolder()) + "..\\SYS\\MSG.TBL"; });
 }
 
-std::string cls_Com::IniMinorVer() const { return treated("VERSION", "MINOR", trimmed); }
+std::string cls_Com::IniMinorVer() const {
+    return treated("VERSION", "MINOR", [](const std::string& edition) { return std::string(trimmed(edition)); });
+}
 
 std::string cls_Com::MinorVer() const {
     VimblFolder();  // the value is not used, but callers rely on a failure of this setting being logged

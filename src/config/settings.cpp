@@ -1,10 +1,10 @@
 #include "config/settings.h"
 
-#include <algorithm>
 #include <memory>
 
 #include "core/record/globals.h"
 #include "logging/trap.h"
+#include "platform/ascii.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/services.h"
 #include "validation/text/text_bytes.h"
@@ -51,7 +51,7 @@ bool PF_GetProFile(const std::string& file, const std::string& section, const st
     return trapped("[ PF_GetProFile ] ", [&] {
         const std::string read = services().profiles->GetPrivateProfileString(section, key, file);
         // Only a quoted value still has blanks. Leading ones are dropped; trailing ones are kept, as they always were.
-        value = read.substr(std::min(read.find_first_not_of(' '), read.size()));
+        value = trimmedLeft(read);
         return true;
     });
 }

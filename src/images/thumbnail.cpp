@@ -1,10 +1,10 @@
 #include "images/thumbnail.h"
 
 #include "logging/trap.h"
+#include "platform/ascii.h"
 #include "platform/machine/file_system.h"
 #include "platform/scope.h"
 #include "platform/services.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 
 namespace orv {

@@ -6,7 +6,7 @@
 
 namespace orv {
 
-// Letters and digits of ASCII, independent of the locale. No other byte counts as one or changes.
+// Letters, digits and blanks of ASCII, independent of the locale. No other byte counts as one or changes.
 
 constexpr bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isAsciiCapital(char c) { return c >= 'A' && c <= 'Z'; }
@@ -24,13 +24,21 @@ inline bool equalWithoutCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, [](char x, char y) { return upperAscii(x) == upperAscii(y); });
 }
 
-/// Returns the text without blanks and tabs at both ends.
-inline std::string_view trimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+inline constexpr std::string_view kBlanksAndTabs = " \t";
+
+/// Returns the text without the characters of `blanks` at its start.
+constexpr std::string_view trimmedLeft(std::string_view text, std::string_view blanks = " ") {
+    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
+}
+
+/// Returns the text without the characters of `blanks` at its end.
+constexpr std::string_view trimmedRight(std::string_view text, std::string_view blanks = " ") {
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+/// Returns the text without the characters of `blanks` at both ends.
+constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = " ") {
+    return trimmedRight(trimmedLeft(text, blanks), blanks);
 }
 
 /// Returns the text as a C function reads it: up to the first NUL.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -42,12 +43,8 @@ struct ToText {
 }  // namespace
 
 std::optional<double> readNumber(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return std::nullopt;
-    }
-    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-    if (text.front() == '+') {
+    text = trimmed(text);
+    if (text.starts_with('+')) {
         text.remove_prefix(1);
         if (text.starts_with('-')) {
             return std::nullopt;

@@ -6,12 +6,12 @@
 
 #include "logging/error_pair.h"
 #include "logging/trap.h"
+#include "platform/ascii.h"
 #include "platform/machine/clock.h"
 #include "platform/machine/machine_facts.h"
 #include "platform/services.h"
 #include "store/rows.h"
 #include "store/store_session.h"
-#include "validation/text/blanks.h"
 
 namespace orv {
 namespace {
@@ -20,7 +20,7 @@ namespace {
 std::string PF_GetLocalInfo() {
     std::string name = services().facts->GetComputerName();
     std::erase(name, '\0');
-    return trimmed(name);
+    return std::string(trimmed(name));
 }
 
 /// Empty if there was no failure.

@@ -7,9 +7,9 @@
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
-#include "validation/text/blanks.h"
 
 namespace orv {
 namespace {

@@ -9,12 +9,12 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
+#include "platform/ascii.h"
 #include "platform/machine/file_system.h"
 #include "platform/machine/window_system.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
 
 namespace orv {
@@ -78,7 +78,7 @@ bool PF_FileCanOpen(const std::string& file) {
 }
 
 std::string PF_StripQuotes(const std::string& text) {
-    const std::string name = trimmed(text);
+    const std::string name(trimmed(text));
     if (toCharacters(name).size() < 2) {
         throw RunTimeError(Failure::InvalidCall);
     }

@@ -7,6 +7,7 @@
 
 #include "adapters/http/company_document.h"
 #include "adapters/http/curl_session.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -35,21 +36,16 @@ constexpr auto kRequired = std::to_array<RequiredSetting>({
     {&CompanySendSettings::sendCus, "会社情報の送信先（SENDCUS）が設定されていません。", "SEND0003"},
 });
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == text.npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 void requireSettings(const CompanySendSettings& settings) {
     for (const auto& setting : kRequired) {
-        if (trimmed((settings.*setting.value)()).empty()) {
+        if (trimmed((settings.*setting.value)(), kBlanksAndTabs).empty()) {
             throw Refused{{setting.text, setting.code}};
         }
     }
 }
 
 milliseconds parseTimeout(const std::string& setting) {
-    const std::string_view text = trimmed(setting);
+    const std::string_view text = trimmed(setting, kBlanksAndTabs);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool whole = error == std::errc{} && end == text.data() + text.size();

@@ -24,7 +24,7 @@ std::optional<std::string> programFile(std::string_view name, const FileLookup& 
 }  // namespace
 
 std::optional<FoundProgram> findProgram(std::string_view commandLine, const FileLookup& lookUp) {
-    const std::string_view line = trimBlanks(upToNul(commandLine));
+    const std::string_view line = trimmed(upToNul(commandLine), kBlanksAndTabs);
     if (line.starts_with('"')) {
         const std::size_t end = std::min(line.find('"', 1), line.size());
         const auto program = programFile(line.substr(1, end - 1), lookUp);

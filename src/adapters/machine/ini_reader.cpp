@@ -52,7 +52,7 @@ Text removeLine(Text& rest) {
     const auto end = std::find_if(rest.begin(), rest.end(), [](char c) { return c == '\n' || c == '\r'; });
     const Text line = rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    return trimBlanks(line);
+    return trimmed(line, kBlanksAndTabs);
 }
 
 bool isHeader(Text line) { return line.starts_with('['); }
@@ -65,7 +65,7 @@ Text findSection(Text rest, Text section) {
             continue;
         }
         const Text name = line.substr(1);
-        if (sameName(trimBlanks(name.substr(0, findCharacter(name, ']'))), section)) {
+        if (sameName(trimmed(name.substr(0, findCharacter(name, ']')), kBlanksAndTabs), section)) {
             return rest;
         }
     }
@@ -80,8 +80,8 @@ Text findValue(Text rest, Text key) {
             break;
         }
         const std::size_t equals = line.starts_with(';') ? Text::npos : findCharacter(line, '=');
-        if (equals != Text::npos && sameName(trimBlanks(line.substr(0, equals)), key)) {
-            return trimBlanks(line.substr(equals + 1));
+        if (equals != Text::npos && sameName(trimmed(line.substr(0, equals), kBlanksAndTabs), key)) {
+            return trimmed(line.substr(equals + 1), kBlanksAndTabs);
         }
     }
     return {};
@@ -109,8 +109,8 @@ std::string IniReader::GetPrivateProfileString(const std::string& section, const
     if (!files_.exists(path)) {
         return {};
     }
-    const std::string sectionBytes = codePage_.encode(std::string(trimBlanks(upToNul(section))));
-    const std::string keyBytes = codePage_.encode(std::string(trimBlanks(upToNul(key))));
+    const std::string sectionBytes = codePage_.encode(std::string(trimmed(upToNul(section), kBlanksAndTabs)));
+    const std::string keyBytes = codePage_.encode(std::string(trimmed(upToNul(key), kBlanksAndTabs)));
     const std::string bytes = files_.read(path, kLargestFile);
     Text text = bytes;
     text.remove_prefix(text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);

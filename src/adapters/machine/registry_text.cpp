@@ -15,9 +15,9 @@ constexpr Text kDefaultValueName = "@";
 
 /// Returns a line without its end and without blanks at both ends.
 Text bare(Text line) {
-    line = line.substr(0, std::min(line.find_last_not_of("\r\n") + 1, line.size()));
+    line = trimmedRight(line, "\r\n");
     line.remove_prefix(line.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
-    return trimBlanks(line);
+    return trimmed(line, kBlanksAndTabs);
 }
 
 std::optional<Text> keyIn(const std::string& line) {
@@ -25,7 +25,7 @@ std::optional<Text> keyIn(const std::string& line) {
     if (!text.starts_with('[') || !text.ends_with(']')) {
         return std::nullopt;
     }
-    return trimBlanks(text.substr(1, text.size() - 2));
+    return trimmed(text.substr(1, text.size() - 2), kBlanksAndTabs);
 }
 
 std::optional<std::pair<Text, Text>> entryIn(const std::string& line) {
@@ -34,14 +34,14 @@ std::optional<std::pair<Text, Text>> entryIn(const std::string& line) {
     if (equals == Text::npos || text.starts_with(';')) {
         return std::nullopt;
     }
-    return std::pair(trimBlanks(text.substr(0, equals)), trimBlanks(text.substr(equals + 1)));
+    return std::pair(trimmed(text.substr(0, equals), kBlanksAndTabs), trimmed(text.substr(equals + 1), kBlanksAndTabs));
 }
 
 bool isQuoted(Text value) { return value.size() >= 2 && value.front() == '"' && value.back() == '"'; }
 
 /// Adds quotes if the reader would otherwise remove a part of the value.
 std::string written(Text value) {
-    const bool plain = value == trimBlanks(value) && !isQuoted(value);
+    const bool plain = value == trimmed(value, kBlanksAndTabs) && !isQuoted(value);
     return plain ? std::string(value) : "\"" + std::string(value) + "\"";
 }
 

@@ -20,7 +20,7 @@ std::string hostName() {
 
 std::string PosixFacts::GetComputerName() const {
     const char* given = std::getenv("ORV_COMPUTER_NAME");
-    const std::string name(trimBlanks(given != nullptr ? given : ""));
+    const std::string name(trimmed(given != nullptr ? given : "", kBlanksAndTabs));
     return upperAscii(name.empty() ? hostName() : name);
 }
 

@@ -72,7 +72,7 @@ bool isSingleLine(std::string_view text) { return text.find_first_of("\r\n") == 
 
 bool isValueName(std::string_view name) {
     return isSingleLine(name) && name.find('=') == std::string_view::npos && !name.starts_with(';') &&
-           !name.starts_with('[') && name == trimBlanks(name);
+           !name.starts_with('[') && name == trimmed(name, kBlanksAndTabs);
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ public:
 
 private:
     bool skipBlanks() {
-        rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+        rest_ = trimmedLeft(rest_, kBlanks);
         return !rest_.empty();
     }
 

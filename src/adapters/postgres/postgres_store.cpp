@@ -74,12 +74,8 @@ constexpr auto kWholeNumbers = std::to_array<Oid>({20, 21, 23});
 constexpr auto kBrokenNumbers = std::to_array<Oid>({700, 701, 1700});
 
 std::string_view firstWord(std::string_view sql) {
-    sql.remove_prefix(std::min(sql.find_first_not_of(kBlanks), sql.size()));
-    return sql.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(sql, isAsciiLetter) - sql.begin()));
-}
-
-std::string_view withoutLast(std::string_view text, std::string_view unwanted) {
-    return text.substr(0, text.find_last_not_of(unwanted) + 1);
+    const std::string_view text = trimmedLeft(sql, kBlanks);
+    return {text.begin(), std::ranges::find_if_not(text, isAsciiLetter)};
 }
 
 /// With parameters, the server accepts one statement per message and rejects more. It ignores empty ones after it.
@@ -87,10 +83,10 @@ void requireStatement(std::string_view sql, std::span<const std::string_view> wo
     if (sql.find('\0') != std::string_view::npos) {
         refuse(kBadCharacter);
     }
-    std::string_view rest = withoutLast(sql, kBlanks);
+    std::string_view rest = trimmedRight(sql, kBlanks);
     if (rest.ends_with(';')) {
         rest.remove_suffix(1);
-        if (withoutLast(rest, kBlanks).ends_with(';')) {
+        if (trimmedRight(rest, kBlanks).ends_with(';')) {
             refuse(kManyStatements);
         }
     }

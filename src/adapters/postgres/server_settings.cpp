@@ -68,9 +68,9 @@ std::string connectionText(const std::string& nativePath) {
         if (text.empty() && line.starts_with(kByteOrderMark)) {
             line.erase(0, kByteOrderMark.size());
         }
-        const std::size_t first = line.find_first_not_of(" \t\r");
-        if (first != std::string::npos && line[first] != '#') {
-            text += line.substr(first, line.find_last_not_of(" \t\r") + 1 - first) + " ";
+        const std::string_view setting = trimmed(line, " \t\r");
+        if (!setting.empty() && !setting.starts_with('#')) {
+            text.append(setting) += ' ';
         }
         if (text.size() > kLongest) {
             refuse(kFaulty);

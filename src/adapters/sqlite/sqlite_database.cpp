@@ -257,7 +257,7 @@ SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::stri
     if (prepared == nullptr) {
         refuse(kNoStatement);
     }
-    if (std::string_view(rest).find_first_not_of(kBlanks) != std::string_view::npos) {
+    if (!trimmedLeft(rest, kBlanks).empty()) {
         refuse(kManyStatements);
     }
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "adapters/store/store_failure.h"
+#include "platform/ascii.h"
 #include "platform/file_path.h"
 
 namespace orv {
@@ -76,7 +77,7 @@ bool namesServer(std::string_view start) {
         start.remove_prefix(kByteOrderMark.size());
     }
     while (true) {
-        start.remove_prefix(std::min(start.find_first_not_of(kBlanks), start.size()));
+        start = trimmedLeft(start, kBlanks);
         if (!start.starts_with('#')) {
             break;
         }

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/ascii.h"
+
 namespace orv {
 namespace {
 
@@ -29,10 +31,7 @@ std::string_view nameIn(std::string_view line) {
     return line.substr(0, line.size() - std::min(line.size(), kNameEnds.size()));
 }
 
-std::string headingText(std::string_view heading) {
-    heading.remove_prefix(std::min(heading.find_first_not_of("# "), heading.size()));
-    return std::string(heading);
-}
+std::string headingText(std::string_view heading) { return std::string(trimmedLeft(heading, "# ")); }
 
 ManualPage parsePage(std::string file, std::string_view text) {
     ManualPage page{.file = std::move(file), .markdown = {}, .sections = {}};

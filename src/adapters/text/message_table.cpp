@@ -69,11 +69,6 @@ std::optional<Meaning> findMeaning(std::string_view word, const std::array<Word<
     return found == words.end() ? std::nullopt : std::optional(found->meaning);
 }
 
-std::string_view trimmed(std::string_view text) {
-    const auto begin = std::min(text.find_first_not_of(kBlanks), text.size());
-    return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
 /// Removes and returns the front of `rest` up to the next separator, or all of it. The separator is removed too.
 std::string_view splitOff(std::string_view& rest, char separator) {
     const auto end = std::min(rest.find(separator), rest.size());
@@ -97,10 +92,10 @@ std::string unescaped(std::string_view text) {
 }
 
 bool readLine(std::string_view line, Messages& messages) {
-    const std::string_view id = trimmed(splitOff(line, ','));
-    const auto kind = findMeaning(trimmed(splitOff(line, ',')), kKinds);
-    const auto buttons = findMeaning(trimmed(splitOff(line, ',')), kButtons);
-    const std::string_view text = trimmed(line);
+    const std::string_view id = trimmed(splitOff(line, ','), kBlanks);
+    const auto kind = findMeaning(trimmed(splitOff(line, ','), kBlanks), kKinds);
+    const auto buttons = findMeaning(trimmed(splitOff(line, ','), kBlanks), kButtons);
+    const std::string_view text = trimmed(line, kBlanks);
     if (!isId(id) || !kind || !buttons || text.empty() || text.size() > kLongestText) {
         return false;
     }
@@ -113,7 +108,7 @@ bool readLine(std::string_view line, Messages& messages) {
 MessageFile readMessages(std::string_view content) {
     MessageFile file;
     for (std::size_t number = 1; !content.empty(); ++number) {
-        const std::string_view line = trimmed(splitOff(content, '\n'));
+        const std::string_view line = trimmed(splitOff(content, '\n'), kBlanks);
         if (line.empty() || line.starts_with(';')) {
             continue;
         }

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "adapters/words/printable.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 
@@ -52,8 +53,7 @@ std::string closed(std::string text) {
     for (auto hole = text.find("\n\n\n"); hole != std::string::npos; hole = text.find("\n\n\n", hole)) {
         text.erase(hole, 1);
     }
-    const auto begin = std::min(text.find_first_not_of(" \n"), text.size());
-    return text.substr(begin, text.find_last_not_of(" \n") + 1 - begin);
+    return std::string(trimmed(text, " \n"));
 }
 
 std::string shownText(const Value& value) {

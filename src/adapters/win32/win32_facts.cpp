@@ -19,7 +19,7 @@ std::string nameOfComputer() {
 
 std::string Win32Facts::GetComputerName() const {
     const std::string given = environmentValue(L"ORV_COMPUTER_NAME");
-    const std::string name(trimBlanks(given));
+    const std::string name(trimmed(given, kBlanksAndTabs));
     return upperAscii(name.empty() ? nameOfComputer() : name);
 }
 

@@ -10,6 +10,7 @@
 #include "logging/messages.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
+#include "platform/ascii.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"

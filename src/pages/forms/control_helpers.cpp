@@ -11,7 +11,6 @@
 #include "platform/machine/file_system.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
-#include "validation/text/blanks.h"
 
 namespace orv {
 inline namespace bas_FromCommon {
@@ -44,7 +43,7 @@ void choose(ComboBox& combo, const std::string& raw, const std::string& value) {
 bool hasValue(ControlKind kind) { return kind != ControlKind::Button && kind != ControlKind::Image; }
 
 void assign(Control& control, const std::string& raw) {
-    const std::string value = trimmedRight(raw);
+    const std::string value(trimmedRight(raw));
     switch (control.kind()) {
         case ControlKind::ComboBox:
             choose(static_cast<ComboBox&>(control), raw, value);

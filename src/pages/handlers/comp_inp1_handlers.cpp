@@ -5,7 +5,7 @@
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/form_helpers.h"
 #include "pages/handlers/frame_handlers.h"
-#include "validation/text/blanks.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {

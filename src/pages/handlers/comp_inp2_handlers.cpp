@@ -6,7 +6,7 @@
 #include "pages/handlers/frame_handlers.h"
 #include "pages/handlers/photo_handlers.h"
 #include "pages/handlers/sibling_search.h"
-#include "validation/text/blanks.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -19,7 +19,7 @@ void followLinkName(frm_CompInp2& form, const char* label) {
         label,
         [&] {
             const bool named = !trimmed(form.txt_Company_URL_Comment.text()).empty();
-            const std::string address = trimmed(form.txt_Company_URL.text());
+            const std::string_view address = trimmed(form.txt_Company_URL.text());
             if (named && address.empty()) {
                 form.txt_Company_URL.setText(kPrefix);
             } else if (!named && address == kPrefix) {

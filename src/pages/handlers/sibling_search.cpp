@@ -6,6 +6,7 @@
 
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
+#include "platform/ascii.h"
 #include "platform/controls/input_rules.h"
 #include "platform/forms/busy_form.h"
 #include "platform/forms/form_host.h"
@@ -13,7 +14,6 @@
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
 #include "platform/utf8.h"
-#include "validation/text/blanks.h"
 
 namespace orv {
 namespace {
@@ -88,7 +88,7 @@ private:
 std::string parameters(const SiblingSearch& search) {
     std::string text;
     for (const TextInput* input : search.known) {
-        text += trimmed(input->text()) + ",";
+        text.append(trimmed(input->text())) += ",";
     }
     for (const Control* control : search.filled) {
         text += std::to_string(control->handle()) + ",";

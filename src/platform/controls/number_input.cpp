@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "platform/ascii.h"
 #include "platform/controls/input_rules.h"
 #include "platform/run_time_error.h"
 #include "platform/value.h"
@@ -88,7 +89,7 @@ std::string NumberInput::shown(bool hasFocus) const {
 
 void NumberInput::setText(const std::string& text) {
     Value next;
-    if (text.find_first_not_of(' ') != std::string::npos) {
+    if (!trimmed(text).empty()) {
         const std::optional<double> number = readNumber(text);
         if (!number) {
             throw RunTimeError(Failure::TypeMismatch);
@@ -110,7 +111,7 @@ void NumberInput::setText(const std::string& text) {
 bool NumberInput::typed(const std::string& text) {
     const std::string narrow = toHalfWidth(text);
     const std::optional<double> number = readNumber(narrow);
-    const bool blank = narrow.find_first_not_of(' ') == std::string::npos;
+    const bool blank = trimmed(narrow).empty();
     if (!blank && (!number || *number < design_.least || *number > design_.most)) {
         changed();
         return false;

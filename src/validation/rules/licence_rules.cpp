@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "core/record/globals.h"
+#include "platform/ascii.h"
 #include "platform/machine/clock.h"
 #include "platform/machine/japanese_calendar.h"
 #include "platform/services.h"
@@ -28,7 +29,7 @@ constexpr std::string_view kComparable = "yyyymmdd";
 constexpr double kMostOfADate = 9999;
 
 bool unlicensed() {
-    const std::string kind = trimmed(tCustomerInfo.LICENSE_NO);
+    const std::string_view kind = trimmed(tCustomerInfo.LICENSE_NO);
     return kind == "貸主" || kind == "無し";
 }
 

@@ -1,21 +1,13 @@
 #include "validation/text/blanks.h"
 
+#include "platform/ascii.h"
+
 namespace orv {
 namespace {
 
 constexpr std::string_view kIdeographicBlank = "\u3000";
 
 }  // namespace
-
-std::string trimmedRight(std::string_view text) {
-    const auto last = text.find_last_not_of(' ');
-    return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
-}
-
-std::string trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    return first == std::string_view::npos ? std::string() : trimmedRight(text.substr(first));
-}
 
 bool isBlank(std::string_view text) {
     while (!text.empty()) {
@@ -31,7 +23,7 @@ bool isBlank(std::string_view text) {
 }
 
 std::string PF_NullToStr(const Value& value, const std::string& fallback) {
-    return value.isNull() ? fallback : trimmedRight(toText(value));
+    return value.isNull() ? fallback : std::string(trimmedRight(toText(value)));
 }
 
 }  // namespace orv

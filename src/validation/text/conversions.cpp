@@ -6,7 +6,6 @@
 #include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/value.h"
-#include "validation/text/blanks.h"
 
 namespace orv {
 namespace {
@@ -37,7 +36,8 @@ std::int32_t toLong(double number) { return toWhole<std::int32_t>(number); }
 std::int16_t toInteger(double number) { return toWhole<std::int16_t>(number); }
 
 bool toBoolean(const Value& value) {
-    const std::string word = trimmed(toText(value));
+    const std::string text = toText(value);
+    const std::string_view word = trimmed(text);
     if (equalWithoutCase(word, "true")) return true;
     if (equalWithoutCase(word, "false")) return false;
     return toNumber(word) != 0;
