@@ -6,6 +6,12 @@
 
 namespace orv {
 
+/// Returns the text without the byte order mark that some editors put at its start.
+constexpr std::string_view withoutByteOrderMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    return text.substr(text.starts_with(kMark) ? kMark.size() : 0);
+}
+
 /// Returns the characters of a UTF-8 text. A byte that is not UTF-8 becomes U+FFFD.
 std::u32string toCharacters(std::string_view text);
 

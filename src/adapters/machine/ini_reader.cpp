@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/ascii.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
@@ -12,15 +13,11 @@ using Text = std::string_view;
 
 constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 constexpr std::size_t kLongestValue = 511;
-constexpr Text kByteOrderMark = "\xEF\xBB\xBF";
-
-bool isLeadByte(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-}
 
 /// Returns the number of bytes of the character that begins at `at`.
-std::size_t widthAt(Text text, std::size_t at) { return isLeadByte(text[at]) && at + 1 < text.size() ? 2 : 1; }
+std::size_t widthAt(Text text, std::size_t at) {
+    return CodePage::isLeadByte(text[at]) && at + 1 < text.size() ? 2 : 1;
+}
 
 /// Returns the position of a single-byte character, or npos.
 std::size_t findCharacter(Text text, char wanted) {
@@ -112,9 +109,7 @@ std::string IniReader::GetPrivateProfileString(const std::string& section, const
     const std::string sectionBytes = codePage_.encode(std::string(trimmed(upToNul(section), kBlanksAndTabs)));
     const std::string keyBytes = codePage_.encode(std::string(trimmed(upToNul(key), kBlanksAndTabs)));
     const std::string bytes = files_.read(path, kLargestFile);
-    Text text = bytes;
-    text.remove_prefix(text.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
-    const Text value = findValue(findSection(text, sectionBytes), keyBytes);
+    const Text value = findValue(findSection(withoutByteOrderMark(bytes), sectionBytes), keyBytes);
     return codePage_.decode(std::string(cut(withoutQuotes(value), kLongestValue)));
 }
 

@@ -4,21 +4,17 @@
 #include <utility>
 
 #include "platform/ascii.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
 
 using Text = std::string_view;
 
-constexpr Text kByteOrderMark = "\xEF\xBB\xBF";
 constexpr Text kDefaultValueName = "@";
 
 /// Returns a line without its end and without blanks at both ends.
-Text bare(Text line) {
-    line = trimmedRight(line, "\r\n");
-    line.remove_prefix(line.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
-    return trimmed(line, kBlanksAndTabs);
-}
+Text bare(Text line) { return trimmed(withoutByteOrderMark(trimmedRight(line, "\r\n")), kBlanksAndTabs); }
 
 std::optional<Text> keyIn(const std::string& line) {
     const Text text = bare(line);

@@ -15,6 +15,7 @@
 #include "platform/ascii.h"
 #include "platform/file_path.h"
 #include "platform/run_time_error.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
@@ -57,7 +58,6 @@ constexpr auto kAllowed = std::to_array<std::string_view>({
     "tcp_user_timeout",
     "application_name",
 });
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 using OptionsPtr = std::unique_ptr<PQconninfoOption, decltype(&PQconninfoFree)>;
 
@@ -65,10 +65,7 @@ std::string connectionText(const std::string& nativePath) {
     std::ifstream file(filePath(nativePath), std::ios::binary);
     std::string text;
     for (std::string line; std::getline(file, line);) {
-        if (text.empty() && line.starts_with(kByteOrderMark)) {
-            line.erase(0, kByteOrderMark.size());
-        }
-        const std::string_view setting = trimmed(line, " \t\r");
+        const std::string_view setting = trimmed(text.empty() ? withoutByteOrderMark(line) : line, " \t\r");
         if (!setting.empty() && !setting.starts_with('#')) {
             text.append(setting) += ' ';
         }

@@ -9,6 +9,7 @@
 #include "adapters/store/store_failure.h"
 #include "platform/ascii.h"
 #include "platform/file_path.h"
+#include "platform/utf8.h"
 
 namespace orv {
 namespace {
@@ -34,7 +35,6 @@ constexpr std::string_view kSqliteSign{"SQLite format 3\0", 16};
 constexpr std::size_t kLookedAt = 4096;
 constexpr std::size_t kJetSignAt = 4;
 constexpr auto kJetSigns = std::to_array<std::string_view>({"Standard Jet DB", "Standard ACE DB"});
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kKeywordLetters = "abcdefghijklmnopqrstuvwxyz_";
 
@@ -73,9 +73,7 @@ bool isJet(std::string_view start) {
 
 /// True if the first line with content begins with a keyword and an equals sign, or is an address.
 bool namesServer(std::string_view start) {
-    if (start.starts_with(kByteOrderMark)) {
-        start.remove_prefix(kByteOrderMark.size());
-    }
+    start = withoutByteOrderMark(start);
     while (true) {
         start = trimmedLeft(start, kBlanks);
         if (!start.starts_with('#')) {

@@ -1,5 +1,6 @@
 #include "adapters/text/code_conversion.h"
 
+#include "platform/machine/code_page.h"
 #include "platform/run_time_error.h"
 
 #ifdef _WIN32
@@ -19,8 +20,6 @@ constexpr const char* kNoTables = "文字コード CP932 の変換表があり�
 #ifdef _WIN32
 
 constexpr UINT kCodePage = 932;
-
-bool isLead(char byte) { return ::IsDBCSLeadByteEx(kCodePage, static_cast<BYTE>(byte)) != 0; }
 
 /// Writes the two bytes of the character. False if there is no such code.
 bool decodeOne(std::string_view code, char* out) {
@@ -64,7 +63,7 @@ std::string_view CodeConversion::operator()(std::string_view bytes) {
     std::size_t filled = 0;
     while (!bytes.empty()) {
         const bool decodes = direction_ == Direction::Decode;
-        const std::size_t width = decodes && !isLead(bytes[0]) ? 1 : 2;
+        const std::size_t width = decodes && !CodePage::isLeadByte(bytes[0]) ? 1 : 2;
         char* const out = converted_.data() + filled;
         const int count = decodes ? decodeOne(bytes.substr(0, width), out) * 2 : encodeOne(bytes.substr(0, width), out);
         if (count == 0) {

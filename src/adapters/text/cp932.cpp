@@ -21,7 +21,6 @@ constexpr unsigned kCodes = 0x10000;
 constexpr auto kSingleBytes = std::to_array<std::pair<std::uint16_t, char16_t>>(
     {{0x80, 0x0080}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}});
 
-constexpr bool isLead(unsigned byte) { return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC); }
 constexpr bool isTrail(unsigned byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
 
 /// Appends the bytes of a code: one below 0x100, otherwise lead and trail.
@@ -50,7 +49,7 @@ struct Cp932::Tables {
     Tables() {
         std::vector<unsigned> single;
         for (unsigned code = 1; code < 0x100; ++code) {
-            if (isLead(code)) {
+            if (isLeadByte(static_cast<char>(code))) {
                 addRow(listCodes(code));
             } else {
                 single.push_back(code);
@@ -130,7 +129,7 @@ std::string Cp932::decode(const std::string& bytes) const {
     characters.reserve(bytes.size());
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         unsigned code = static_cast<unsigned char>(bytes[i]);
-        if (isLead(code) && i + 1 < bytes.size() && isTrail(static_cast<unsigned char>(bytes[i + 1]))) {
+        if (isLeadByte(bytes[i]) && i + 1 < bytes.size() && isTrail(static_cast<unsigned char>(bytes[i + 1]))) {
             ++i;
             code = (code << 8U) | static_cast<unsigned char>(bytes[i]);
         }
