@@ -55,9 +55,8 @@ bool isSameAddress() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
 /// The password can be typed here only for a company without a number.
 bool showPasswordBlock() {
     P& form = page<P>();
-    const bool isNew = tCustomerInfo.USER_ID == kNewCompany;
-    PF_EnableControl(form.txt_User_Passwd, isNew, kRequiredField);
-    form.btm_ChangePW.setVisible(!isNew);
+    PF_EnableControl(form.txt_User_Passwd, isNew(), kRequiredField);
+    form.btm_ChangePW.setVisible(!isNew());
     return true;
 }
 

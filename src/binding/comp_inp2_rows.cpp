@@ -60,7 +60,7 @@ bool showPhoto2() { return showPhoto(1, tCustomerInfo.PHOTO_GRP2, tCustomerInfo.
 /// Only companies with a number from the server can have photos.
 bool photoSlots() {
     P& form = page<P>();
-    const bool numbered = tCustomerInfo.USER_ID != kNewCompany;
+    const bool numbered = !isNew();
     form.lbl_ImgMsg.setVisible(!numbered);
     for (std::size_t i = 0; i < form.cbo_pic_PhotoFile.size(); ++i) {
         form.cbo_pic_PhotoFile[i].setEnabled(numbered);

@@ -27,7 +27,6 @@ namespace {
 
 using R = CompanyRecord;
 
-constexpr std::size_t kAreaLength = 5;
 /// In this edition the association of this index is always set.
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kAssociationPlace = 3;
@@ -69,9 +68,9 @@ void beginNewCompany() {
     applyAssociationRule();
 }
 
-void deriveArea() {
+void completeAreaCode() {
     if (trimmed(tCustomerInfo.AREA_CODE).empty() && !trimmed(tCustomerInfo.ADDRESS_CODE).empty()) {
-        tCustomerInfo.AREA_CODE = firstCharacters(tCustomerInfo.ADDRESS_CODE, kAreaLength);
+        tCustomerInfo.AREA_CODE = deriveAreaCode(tCustomerInfo.ADDRESS_CODE);
     }
 }
 
@@ -92,7 +91,7 @@ void readField(const Recordset& row, const FieldInfo& field) {
     }
     readText(row, field);
     if (field.text == &R::AREA_CODE) {
-        deriveArea();
+        completeAreaCode();
     } else if (field.text == &R::DANTAI_FLG) {
         applyAssociationRule();
     }

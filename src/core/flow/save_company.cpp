@@ -43,8 +43,6 @@ struct SaveRun {
     std::string target = {};
 };
 
-bool isNew() { return tCustomerInfo.USER_ID == kNewCompany; }
-
 void prepareSending(SaveRun& run) {
     run.service->SendPrepare(run.prepared);
     if (!run.prepared) {

@@ -46,6 +46,24 @@ inline constexpr auto kFields = std::to_array<FieldInfo>({
 /// The key of a company that has no number from the server yet.
 inline constexpr std::string_view kNewCompany = "---------";
 
+/// True if the company of the record has no number from the server yet.
+bool isNew();
+
+/// True for the kinds of `LICENSE_NO` without a licence. Its number and dates must then be empty.
+constexpr bool isWithoutLicence(std::string_view kind) { return kind == "無し" || kind == "貸主"; }
+
+/// The entry for the western calendar in the lists of eras.
+inline constexpr std::string_view kWesternCalendar = "西暦";
+
+/// Begins the address of a home page. A page writes it to an empty address when a link name is typed; alone it counts
+/// as empty.
+inline constexpr std::string_view kUrlPrefix = "http://";
+
+inline constexpr std::int32_t kAreaLength = 5;
+
+/// Returns the area code at the start of an address code.
+std::string deriveAreaCode(std::string_view addressCode);
+
 inline namespace bas_Main_Companydata {
 
 /// Resets every field to its cleared value except `CSD_VER`, which the next probe overwrites.

@@ -17,14 +17,12 @@
 #include "platform/forms/form_host.h"
 #include "platform/scope.h"
 #include "platform/services.h"
-#include "platform/utf8.h"
 #include "store/rows.h"
 #include "store/store_session.h"
 
 namespace orv {
 namespace {
 
-constexpr std::size_t kAreaLength = 5;
 constexpr std::size_t kPostCodeDigits = 7;
 constexpr std::size_t kPostCodeFront = 3;
 
@@ -71,7 +69,7 @@ void openSite(frm_CompInp0& form) {
 
 void txt_Address_Code_Change(frm_CompInp0& form) {
     handled("[ CompInp0 txt_Address_Code_Change ]", [&] {
-        form.txt_Area_Code.setText(firstCharacters(form.txt_Address_Code.text(), kAreaLength));
+        form.txt_Area_Code.setText(deriveAreaCode(form.txt_Address_Code.text()));
         return true;
     });
 }

@@ -1,6 +1,7 @@
 #include "pages/handlers/page_handlers.h"
 
 #include "config/settings.h"
+#include "core/record/company_record.h"
 #include "logging/handled.h"
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/form_helpers.h"
@@ -15,13 +16,12 @@ constexpr int kOtherAssociation = 6;
 /// In this edition the association of this box is always set.
 constexpr const char* kAssociationEdition = "3";
 constexpr std::size_t kEditionAssociation = 3;
-constexpr const char* kWesternCalendar = "西暦";
 
 void openLicence(frm_CompInp1& form, bool open) {
     PF_EnableControl(form.txt_License_no_Dai, open, kRequiredField);
     PF_EnableControl(form.txt_License_No_Go, open, kRequiredField);
-    PF_EnableCombo(form.cbo_Get_License_Nengou, open, kRequiredField, kWesternCalendar);
-    PF_EnableCombo(form.cbo_Valid_License_Nengou, open, kRequiredField, kWesternCalendar);
+    PF_EnableCombo(form.cbo_Get_License_Nengou, open, kRequiredField, std::string(kWesternCalendar));
+    PF_EnableCombo(form.cbo_Valid_License_Nengou, open, kRequiredField, std::string(kWesternCalendar));
     for (auto* date : {&form.txt_Get_License_Date, &form.txt_Valid_License_Date}) {
         for (std::size_t i = 0; i < date->size(); ++i) {
             PF_EnableNumber((*date)[i], open, kRequiredField);
@@ -56,8 +56,7 @@ bool keepEditionAssociation(frm_CompInp1& form) {
 
 void cbo_License_No_Click(frm_CompInp1& form) {
     handled("[ CompInp1 cbo_License_No_Click ]", [&] {
-        const std::string kind = form.cbo_License_No.text();
-        openLicence(form, kind != "無し" && kind != "貸主");
+        openLicence(form, !isWithoutLicence(form.cbo_License_No.text()));
         return true;
     });
 }

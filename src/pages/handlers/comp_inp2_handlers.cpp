@@ -1,6 +1,7 @@
 #include "pages/handlers/page_handlers.h"
 
 #include "config/settings.h"
+#include "core/record/company_record.h"
 #include "logging/handled.h"
 #include "pages/forms/form_helpers.h"
 #include "pages/handlers/frame_handlers.h"
@@ -11,7 +12,6 @@
 namespace orv {
 namespace {
 
-constexpr const char* kPrefix = "http://";
 constexpr Report kTextReport{.id = "UTERR001", .keepPair = true};
 
 void followLinkName(frm_CompInp2& form, const char* label) {
@@ -21,8 +21,8 @@ void followLinkName(frm_CompInp2& form, const char* label) {
             const bool named = !trimmed(form.txt_Company_URL_Comment.text()).empty();
             const std::string_view address = trimmed(form.txt_Company_URL.text());
             if (named && address.empty()) {
-                form.txt_Company_URL.setText(kPrefix);
-            } else if (!named && address == kPrefix) {
+                form.txt_Company_URL.setText(std::string(kUrlPrefix));
+            } else if (!named && address == kUrlPrefix) {
                 form.txt_Company_URL.setText("");
             }
             return true;

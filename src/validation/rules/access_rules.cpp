@@ -12,11 +12,7 @@ using P = frm_CompInp2;
 template <auto Member, int Index = -1>
 constexpr ControlRef on = of<P, Member, Index>;
 
-/// The page writes this prefix to an empty address when a link name is typed.
-constexpr std::string_view kUrlPrefix = "http://";
-
-bool unnumbered() { return tCustomerInfo.USER_ID == kNewCompany; }
-bool numbered() { return !unnumbered(); }
+bool isNumbered() { return !isNew(); }
 
 bool transportPasses(Refusal& out) {
     R& record = tCustomerInfo;
@@ -35,7 +31,6 @@ bool transportPasses(Refusal& out) {
     return false;
 }
 
-/// An address that is only the preset prefix counts as empty.
 void dropBarePrefix() {
     if (tCustomerInfo.COMPANY_URL == kUrlPrefix) {
         tCustomerInfo.COMPANY_URL.clear();
@@ -73,10 +68,10 @@ constexpr auto kTexts = std::to_array<Rule>({
 constexpr auto kPairs = std::to_array<Rule>({
     {nullptr, &R::COMPANY_URL, onlyOneFilled<&R::COMPANY_URL_COMMENT>, on<&P::txt_Company_URL>, "リンク名称とURLは双方の入力が必要です。"},
     {nullptr, &R::COMPANY_URL, withoutPrefix, on<&P::txt_Company_URL>, "ホームページURL"},
-    {numbered, &R::PHOTO_GRP1, onlyOneFilled<&R::PHOTO_FILE1>, on<&P::cbo_pic_PhotoFile, 0>, "画像種類と画像ファイルは双方の登録が必要です。"},
-    {numbered, &R::PHOTO_GRP2, onlyOneFilled<&R::PHOTO_FILE2>, on<&P::cbo_pic_PhotoFile, 1>, "画像種類と画像ファイルは双方の登録が必要です。"},
-    {unnumbered, &R::PHOTO_FILE1, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
-    {unnumbered, &R::PHOTO_FILE2, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
+    {isNumbered, &R::PHOTO_GRP1, onlyOneFilled<&R::PHOTO_FILE1>, on<&P::cbo_pic_PhotoFile, 0>, "画像種類と画像ファイルは双方の登録が必要です。"},
+    {isNumbered, &R::PHOTO_GRP2, onlyOneFilled<&R::PHOTO_FILE2>, on<&P::cbo_pic_PhotoFile, 1>, "画像種類と画像ファイルは双方の登録が必要です。"},
+    {isNew, &R::PHOTO_FILE1, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
+    {isNew, &R::PHOTO_FILE2, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
 });
 // clang-format on
 

@@ -16,9 +16,7 @@ constexpr ControlRef on = of<P, Member>;
 
 constexpr std::int32_t kPostCode = 8;
 constexpr std::int32_t kAddressCode = 11;
-constexpr std::int32_t kAreaCode = 5;
 
-bool newCompany() { return tCustomerInfo.USER_ID == kNewCompany; }
 bool addressTyped() { return !gAddressByMaster; }
 bool addressSearched() { return gAddressByMaster; }
 bool siteIsOffice() { return toBoolean(tCustomerInfo.SAME_CHECK); }
@@ -35,7 +33,7 @@ Verdict incompleteTyped(const std::string& address, Refusal&) {
 /// The search fills all four fields together.
 Verdict incompleteSearched(const std::string& address, Refusal&) {
     return failsIf(PF_LenB(tCustomerInfo.ADDRESS_CODE) != kAddressCode ||
-                   PF_LenB(tCustomerInfo.POST_CODE) != kPostCode || PF_LenB(tCustomerInfo.AREA_CODE) != kAreaCode ||
+                   PF_LenB(tCustomerInfo.POST_CODE) != kPostCode || PF_LenB(tCustomerInfo.AREA_CODE) != kAreaLength ||
                    isBlank(address));
 }
 
@@ -65,7 +63,7 @@ Verdict siteFilled(const std::string&, Refusal&) {
 constexpr auto kRules = std::to_array<Rule>({
     {nullptr, &R::USER_ID, bytesOutside<9>, on<&P::cbo_User_Id>, "ユーザＩＤが不正です。"},
     {nullptr, &R::USER_ID, notAdmitted, on<&P::cbo_User_Id>},
-    {newCompany, &R::USER_PASSWD, bytesOutside<5, 10>, on<&P::txt_User_Passwd>, "パスワードが不正です。"},
+    {isNew, &R::USER_PASSWD, bytesOutside<5, 10>, on<&P::txt_User_Passwd>, "パスワードが不正です。"},
     {nullptr, &R::COMPANY_NAME, notAdmitted, on<&P::txt_Company_Name>},
     {nullptr, &R::COMPANY_NAME, blank, on<&P::txt_Company_Name>, "会社名が未入力です。"},
     {nullptr, &R::COMPANY_KANA, notAdmitted, on<&P::txt_Company_Kana>},

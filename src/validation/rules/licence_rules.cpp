@@ -24,15 +24,10 @@ using P = frm_CompInp1;
 template <auto Member, int Index = -1>
 constexpr ControlRef on = of<P, Member, Index>;
 
-constexpr std::string_view kWestern = "西暦";
 constexpr std::string_view kComparable = "yyyymmdd";
 constexpr double kMostOfADate = 9999;
 
-bool unlicensed() {
-    const std::string_view kind = trimmed(tCustomerInfo.LICENSE_NO);
-    return kind == "貸主" || kind == "無し";
-}
-
+bool unlicensed() { return isWithoutLicence(trimmed(tCustomerInfo.LICENSE_NO)); }
 bool licensed() { return !unlicensed(); }
 
 /// Pads to two digits. A text that is not a number of a date is unchanged, so that the date cannot be read.
@@ -47,7 +42,7 @@ std::string twoDigits(const std::string& text) {
 
 std::string expiryText() {
     const R& record = tCustomerInfo;
-    const std::string era = record.VALID_LICENSE_NENGOU == kWestern ? "" : record.VALID_LICENSE_NENGOU;
+    const std::string era = record.VALID_LICENSE_NENGOU == kWesternCalendar ? "" : record.VALID_LICENSE_NENGOU;
     return era + twoDigits(record.VALID_LICENSE_DATE_YEAR) + "年" + twoDigits(record.VALID_LICENSE_DATE_MONTH) + "月" +
            twoDigits(record.VALID_LICENSE_DATE_DAY) + "日";
 }
