@@ -29,8 +29,6 @@ namespace orv {
 namespace {
 
 constexpr std::size_t kIdLength = 9;
-constexpr const char* kPasswordChanged = "2";
-constexpr const char* kPasswordSent = "1";
 constexpr const char* kSaving = "保存しています…";
 
 /// State that the steps of one save share.

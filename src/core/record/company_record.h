@@ -49,6 +49,14 @@ inline constexpr std::string_view kNewCompany = "---------";
 /// True if the company of the record has no number from the server yet.
 bool isNew();
 
+// The password's length in bytes of the code page.
+inline constexpr std::int32_t kShortestPassword = 5;
+inline constexpr std::int32_t kLongestPassword = 10;
+
+// Values of `PWD_CHG_FLG`, which says whether the server has the password.
+inline constexpr const char* kPasswordSent = "1";
+inline constexpr const char* kPasswordChanged = "2";
+
 /// True for the kinds of `LICENSE_NO` without a licence. Its number and dates must then be empty.
 constexpr bool isWithoutLicence(std::string_view kind) { return kind == "無し" || kind == "貸主"; }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "core/record/company_record.h"
 #include "pages/forms/colours.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/text_input.h"
@@ -14,7 +15,7 @@ inline constexpr Point kChangePasswordSize{380, 170};
 /// Returns a field whose name is the label before it.
 inline TextDesign passwordField(const Label& label) {
     return {.mask = "aA#@",
-            .limit = characters(10),
+            .limit = characters(kLongestPassword),
             .ime = Ime::Disabled,
             .back = kRequiredField,
             .password = true,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/record/company_record.h"
 #include "pages/forms/page_form.h"
 
 namespace orv {
@@ -12,7 +13,7 @@ struct frm_CompInp0 : PageForm {
 
     // Each control is one line: its name, captions, accepted input and initial state.
     // clang-format off
-    TextInput txt_User_Passwd{*this, "txt_User_Passwd", {.caption = "パスワード：", .mask = "aA#@", .limit = characters(10), .ime = Ime::Disabled, .back = kDisabledField, .enabled = false, .password = true}};
+    TextInput txt_User_Passwd{*this, "txt_User_Passwd", {.caption = "パスワード：", .mask = "aA#@", .limit = characters(kLongestPassword), .ime = Ime::Disabled, .back = kDisabledField, .enabled = false, .password = true}};
     Button btm_ChangePW{*this, "btm_ChangePW", {.caption = "変更"}};
     Label lbl_Pubish_Number_Title{*this, "lbl_Pubish_Number_Title", {.caption = "契約掲載件数：", .visible = false}};
     Label lbl_Pubish_Number{*this, "lbl_Pubish_Number", valuePanel(lbl_Pubish_Number_Title)};

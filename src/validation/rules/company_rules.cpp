@@ -63,7 +63,7 @@ Verdict siteFilled(const std::string&, Refusal&) {
 constexpr auto kRules = std::to_array<Rule>({
     {nullptr, &R::USER_ID, bytesOutside<9>, on<&P::cbo_User_Id>, "ユーザＩＤが不正です。"},
     {nullptr, &R::USER_ID, notAdmitted, on<&P::cbo_User_Id>},
-    {isNew, &R::USER_PASSWD, bytesOutside<5, 10>, on<&P::txt_User_Passwd>, "パスワードが不正です。"},
+    {isNew, &R::USER_PASSWD, bytesOutside<kShortestPassword, kLongestPassword>, on<&P::txt_User_Passwd>, "パスワードが不正です。"},
     {nullptr, &R::COMPANY_NAME, notAdmitted, on<&P::txt_Company_Name>},
     {nullptr, &R::COMPANY_NAME, blank, on<&P::txt_Company_Name>, "会社名が未入力です。"},
     {nullptr, &R::COMPANY_KANA, notAdmitted, on<&P::txt_Company_Kana>},

@@ -14,8 +14,6 @@ namespace orv {
 namespace {
 
 constexpr const char* kLineBreak = "\r\n";
-constexpr int kLeast = 5;
-constexpr int kMost = 10;
 
 enum Field : std::size_t { Present, Wanted, Again };
 
@@ -27,7 +25,7 @@ struct Fault {
 
 bool lengthIsRight(const std::string& password) {
     const std::int32_t length = PF_LenB(password);
-    return length >= kLeast && length <= kMost;
+    return length >= kShortestPassword && length <= kLongestPassword;
 }
 
 std::optional<Fault> faultIn(const frm_ChangePassword& dialog) {
@@ -42,7 +40,7 @@ std::optional<Fault> faultIn(const frm_ChangePassword& dialog) {
         return Fault{"CHECK002", {present, "保存されているパスワード", kLineBreak}, Present};
     }
     if (!lengthIsRight(text(Wanted))) {
-        return Fault{"CHECK003", {wanted, kLeast, kMost}, Wanted};
+        return Fault{"CHECK003", {wanted, kShortestPassword, kLongestPassword}, Wanted};
     }
     if (text(Wanted) != text(Again)) {
         return Fault{"CHECK002", {wanted, again, kLineBreak}, Again};
@@ -78,7 +76,7 @@ bool PF_CheckPwd() {
             return refuse(*fault, dialog);
         }
         tCustomerInfo.USER_PASSWD = dialog.txt_Password[Wanted].text();
-        tCustomerInfo.PWD_CHG_FLG = "2";
+        tCustomerInfo.PWD_CHG_FLG = kPasswordChanged;
         closeStore();
         return true;
     });
