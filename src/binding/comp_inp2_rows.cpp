@@ -34,14 +34,16 @@ constexpr auto kRows = std::to_array<BindingRow>({
     {&R::COMPANY_COMMENT, on<&P::txt_Company_Comment>},
     {&R::COMPANY_URL_COMMENT, on<&P::txt_Company_URL_Comment>},
     {&R::COMPANY_URL, on<&P::txt_Company_URL>},
-    {&R::PHOTO_GRP1, on<&P::cbo_pic_PhotoFile, 0>},
-    {&R::PHOTO_GRP2, on<&P::cbo_pic_PhotoFile, 1>},
-    {&R::PHOTO_FILE1, on<&P::txt_PhotoFilePath, 0>},
-    {&R::PHOTO_FILE2, on<&P::txt_PhotoFilePath, 1>},
+    {kPhotoSlots[0].group, on<&P::cbo_pic_PhotoFile, 0>},
+    {kPhotoSlots[1].group, on<&P::cbo_pic_PhotoFile, 1>},
+    {kPhotoSlots[0].file, on<&P::txt_PhotoFilePath, 0>},
+    {kPhotoSlots[1].file, on<&P::txt_PhotoFilePath, 1>},
 });
 
-bool showPhoto(std::size_t slot, const std::string& group, const std::string& file) {
+bool showPhoto(std::size_t slot) {
     P& form = page<P>();
+    const std::string& group = tCustomerInfo.*kPhotoSlots[slot].group;
+    const std::string& file = tCustomerInfo.*kPhotoSlots[slot].file;
     if (group.empty()) {
         form.cbo_pic_PhotoFile[slot].setListIndex(0);
     } else {
@@ -54,8 +56,8 @@ bool showPhoto(std::size_t slot, const std::string& group, const std::string& fi
     return PF_Thumbnail(form.pic_PhotoFile[slot], file);
 }
 
-bool showPhoto1() { return showPhoto(0, tCustomerInfo.PHOTO_GRP1, tCustomerInfo.PHOTO_FILE1); }
-bool showPhoto2() { return showPhoto(1, tCustomerInfo.PHOTO_GRP2, tCustomerInfo.PHOTO_FILE2); }
+bool showPhoto1() { return showPhoto(0); }
+bool showPhoto2() { return showPhoto(1); }
 
 /// Only companies with a number from the server can have photos.
 bool photoSlots() {

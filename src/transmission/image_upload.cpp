@@ -1,6 +1,5 @@
 #include "transmission/image_upload.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -27,9 +26,6 @@ constexpr const char* kPassword = "Xk9TRbmW2";
 constexpr std::int32_t kIdle = 0;
 constexpr std::int32_t kFirstFailureStatus = 400;
 
-/// The photo field of each slot, from slot 0.
-constexpr std::array<TextField, 2> kPhotos{&CompanyRecord::PHOTO_FILE1, &CompanyRecord::PHOTO_FILE2};
-
 HttpControl& httpControl() {
     if (!sendForm().Http1) {
         throw RunTimeError(Failure::ObjectNotSet);
@@ -37,8 +33,8 @@ HttpControl& httpControl() {
     return *sendForm().Http1;
 }
 
-std::string sendingPhoto(std::size_t slot) {
-    return "写真を送信しています（" + std::to_string(slot + 1) + "/" + std::to_string(kPhotos.size()) + "）…";
+std::string sendingPhoto(const PhotoSlot& slot) {
+    return "写真を送信しています（" + std::to_string(slot.index + 1) + "/" + std::to_string(kPhotoSlots.size()) + "）…";
 }
 
 void request(HttpControl& http, const std::string& file, const std::string& name) {
@@ -93,12 +89,12 @@ std::string PF_BaseName(const std::string& path) {
 
 void PF_ImageDataTransfer() {
     const bool isFtp = multiCom().ORV_IMAGE_TRANSFER_TYPE() == "FTP";
-    for (std::size_t slot = 0; slot < kPhotos.size(); ++slot) {
-        const std::string& photo = tCustomerInfo.*kPhotos[slot];
+    for (const PhotoSlot& slot : kPhotoSlots) {
+        const std::string& photo = tCustomerInfo.*slot.file;
         if (photo.empty()) {
             continue;
         }
-        const std::string path = com().ImgNoFolder(static_cast<std::int16_t>(slot)) + photo;
+        const std::string path = com().ImgNoFolder(slot.index) + photo;
         if (PF_FileCanOpen(path) && !isFtp) {
             services().windows->working(sendingPhoto(slot));
             RH_ImageDataTransfr(path);

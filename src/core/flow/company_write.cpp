@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "binding/page_bindings.h"
-#include "core/flow/photo_files.h"
 #include "core/record/globals.h"
 #include "logging/error_pair.h"
 #include "logging/trap.h"

@@ -19,7 +19,7 @@ namespace {
 std::string& photoField(const PhotoSlot& slot) { return tCustomerInfo.*slot.file; }
 
 std::string storedName(const PhotoSlot& slot) {
-    return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.suffix);
+    return tCustomerInfo.USER_ID + "COS00000000_" + std::string(slot.fileEnd);
 }
 
 /// True for a file name without a folder. A row can contain any text, and a path would lead out of the photo folder.

@@ -1,25 +1,8 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "core/record/company_record.h"
 
 namespace orv {
-
-/// One of the two photos of a company.
-struct PhotoSlot {
-    std::int16_t index;
-    TextField file;
-    std::string_view suffix;
-};
-
-inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
-    {0, &CompanyRecord::PHOTO_FILE1, "01.jpg"},
-    {1, &CompanyRecord::PHOTO_FILE2, "02.jpg"},
-}};
 
 /// Called after a load. Makes a working copy of a stored photo and puts its path in the field. Empties the field if the
 /// file is gone, and also, with a log record, if the field is not a bare file name. Throws if the whole folder is

@@ -72,6 +72,19 @@ inline constexpr std::int32_t kAreaLength = 5;
 /// Returns the area code at the start of an address code.
 std::string deriveAreaCode(std::string_view addressCode);
 
+/// One of the company's photos: its slot on the page, its fields, and the end of its stored file's name.
+struct PhotoSlot {
+    std::int16_t index;
+    TextField group;
+    TextField file;
+    std::string_view fileEnd;
+};
+
+inline constexpr std::array<PhotoSlot, 2> kPhotoSlots{{
+    {0, &CompanyRecord::PHOTO_GRP1, &CompanyRecord::PHOTO_FILE1, "01.jpg"},
+    {1, &CompanyRecord::PHOTO_GRP2, &CompanyRecord::PHOTO_FILE2, "02.jpg"},
+}};
+
 inline namespace bas_Main_Companydata {
 
 /// Resets every field to its cleared value except `CSD_VER`, which the next probe overwrites.

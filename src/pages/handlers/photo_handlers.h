@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "core/record/company_record.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/image_control.h"
@@ -25,7 +26,7 @@ struct PhotoSlots {
     Form& page;
     /// Used to fit pictures.
     ImageControl& work;
-    std::array<PhotoControls, 2> slots;
+    std::array<PhotoControls, kPhotoSlots.size()> slots;
 };
 
 // An accepted picture goes to the slot's working copy, which the page shows and the next save stores. A rejection, a
