@@ -45,6 +45,11 @@ std::string P_AddBackslash(const std::string& path) {
     return path + "\\";
 }
 
+std::optional<std::size_t> findEditionAssociation() {
+    constexpr std::size_t kAssociation = 3;
+    return com().MinorVer() == "3" ? std::optional(kAssociation) : std::nullopt;
+}
+
 inline namespace bas_Profile {
 
 bool PF_GetProFile(const std::string& file, const std::string& section, const std::string& key, std::string& value) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "config/cls_com.h"
@@ -19,6 +20,9 @@ void dropSharedSettings();
 /// Returns `path` with a trailing "\", or "" for an empty path. Checks the last byte in the code page. A folder whose
 /// last character ends in that byte therefore gets no separator, which existing installs rely on.
 std::string P_AddBackslash(const std::string& path);
+
+/// Returns the index of the association to which every company of this edition belongs, or nothing in other editions.
+std::optional<std::size_t> findEditionAssociation();
 
 inline namespace bas_Profile {
 

@@ -1,6 +1,7 @@
 #include "core/flow/company_load.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "config/settings.h"
 #include "core/flow/environment_probe.h"
@@ -27,10 +28,6 @@ namespace {
 
 using R = CompanyRecord;
 
-/// In this edition the association of this index is always set.
-constexpr const char* kAssociationEdition = "3";
-constexpr std::size_t kAssociationPlace = 3;
-
 /// The pair is blank after a refusal, which the operator has already seen.
 bool lockForStart(const std::string& userId) {
     const CompanyLock lock = lockCompany(userId);
@@ -41,13 +38,14 @@ bool lockForStart(const std::string& userId) {
     return lock == CompanyLock::Taken || lock == CompanyLock::TakenOver;
 }
 
-/// A flag string that is too short is extended.
+/// Ticks the association of the edition. A flag string that is too short is extended.
 void applyAssociationRule() {
-    if (com().MinorVer() != kAssociationEdition) {
+    const std::optional<std::size_t> association = findEditionAssociation();
+    if (!association) {
         return;
     }
     std::u32string flags = toCharacters(tCustomerInfo.DANTAI_FLG);
-    flags.replace(std::min(kAssociationPlace, flags.size()), 1, U"1");
+    flags.replace(std::min(*association, flags.size()), 1, U"1");
     tCustomerInfo.DANTAI_FLG = toUtf8(flags);
 }
 

@@ -13,9 +13,6 @@ namespace {
 
 constexpr int kListedAssociation = 0;
 constexpr int kOtherAssociation = 6;
-/// In this edition the association of this box is always set.
-constexpr const char* kAssociationEdition = "3";
-constexpr std::size_t kEditionAssociation = 3;
 
 void openLicence(frm_CompInp1& form, bool open) {
     PF_EnableControl(form.txt_License_no_Dai, open, kRequiredField);
@@ -46,8 +43,8 @@ void tickOtherAssociation(frm_CompInp1& form, const char* label) {
 }
 
 bool keepEditionAssociation(frm_CompInp1& form) {
-    if (com().MinorVer() == kAssociationEdition) {
-        form.chk_Dantai[kEditionAssociation].setEnabled(false);
+    if (const auto association = findEditionAssociation()) {
+        form.chk_Dantai[*association].setEnabled(false);
     }
     return true;
 }
