@@ -12,8 +12,25 @@ struct Colour {
     friend bool operator==(const Colour&, const Colour&) = default;
 };
 
-/// The background of a field that must be filled in. Assistive technology reads such a field as required.
+// The background of fields. Assistive technology reads a field with the first one as required.
 inline constexpr Colour kRequiredField{0xddddff};
+inline constexpr Colour kOptionalField{0xffffff};
+inline constexpr Colour kDisabledField{0xe0e0e0};
+
+// Check boxes.
+inline constexpr Colour kTickOff{0xffdddd};
+inline constexpr Colour kTickOffText{0x000000};
+inline constexpr Colour kTickOn{0xff8080};
+inline constexpr Colour kTickOnText{0xffffff};
+
+// The page and the drawing below its controls. The page's own button and the edge of a picture have the colour of a
+// bar, with the text of a heading.
+inline constexpr Colour kPageBack{0xfff6f6};
+inline constexpr Colour kGroupBox{0xffdddd};
+inline constexpr Colour kBand{0xcc6666};
+inline constexpr Colour kBar{0x996666};
+inline constexpr Colour kNoticeBar{0xff8080};
+inline constexpr Colour kHeading{0xffffff};
 
 /// A point in design pixels. A page is 794 by 572 of them; the view scales them to the screen.
 struct Point {

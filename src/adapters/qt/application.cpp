@@ -23,6 +23,7 @@
 #include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/office_style.h"
 #include "adapters/qt/views/page_scale.h"
+#include "adapters/qt/views/qt_text.h"
 
 namespace orv {
 namespace {
@@ -33,7 +34,7 @@ constexpr double kPointsAnInch = 72;
 
 /// Returns a light palette with the style's colours for disabled text.
 QPalette calmPalette() {
-    QPalette palette(QColor(0xf0, 0xf0, 0xf4), QColor(0xf6, 0xf6, 0xff));
+    QPalette palette(QColor(0xf0, 0xf0, 0xf4), toQt(kPageBack));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
         palette.setColor(role, Qt::black);
     }

@@ -1,7 +1,7 @@
 #include "pages/forms/form_helpers.h"
 
 #include "logging/handled.h"
-#include "pages/forms/colours.h"
+#include "platform/design.h"
 #include "platform/machine/window_system.h"
 #include "platform/services.h"
 

@@ -3,9 +3,9 @@
 #include <array>
 
 #include "core/record/company_record.h"
-#include "pages/forms/colours.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/text_input.h"
+#include "platform/design.h"
 #include "platform/forms/form.h"
 
 namespace orv {

@@ -4,13 +4,13 @@
 #include <string>
 #include <string_view>
 
-#include "pages/forms/colours.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"
 #include "platform/controls/image_control.h"
 #include "platform/controls/number_input.h"
 #include "platform/controls/text_input.h"
+#include "platform/design.h"
 #include "platform/forms/form.h"
 #include "platform/suite/failure_record.h"
 

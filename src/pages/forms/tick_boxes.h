@@ -3,8 +3,8 @@
 #include <array>
 #include <string_view>
 
-#include "pages/forms/colours.h"
 #include "platform/controls/check_box.h"
+#include "platform/design.h"
 
 namespace orv {
 

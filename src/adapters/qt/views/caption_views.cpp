@@ -11,11 +11,7 @@
 namespace orv {
 namespace {
 
-constexpr Colour kMarkedPage{0x996666};
-constexpr Colour kPageButton{0xfff6f6};
 constexpr Colour kActionButton{0xe8f4ff};
-constexpr Colour kWhite{0xffffff};
-constexpr Colour kValueGround{0xfff6f6};
 constexpr Colour kValueEdge{0xc4b8b8};
 constexpr int kButtonFont = 9;
 
@@ -27,7 +23,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override {
         QPainter painter(this);
-        painter.fillRect(rect(), toQt(kValueGround));
+        painter.fillRect(rect(), toQt(kPageBack));
         painter.setPen(toQt(kValueEdge));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         painter.end();
@@ -46,7 +42,7 @@ public:
             label_.setMargin(scale.length(2));
         }
         QPalette palette = label_.palette();
-        palette.setColor(QPalette::WindowText, toQt(look == LabelLook::Title ? kWhite : kPageText));
+        palette.setColor(QPalette::WindowText, toQt(look == LabelLook::Title ? kHeading : kPageText));
         label_.setPalette(palette);
     }
 
@@ -108,8 +104,8 @@ private:
         const bool page = button_.buttonDesign().look == ButtonLook::Page;
         const bool marked = button_.marked();
         QPalette palette = push_.palette();
-        palette.setColor(QPalette::Button, toQt(marked ? kMarkedPage : page ? kPageButton : kActionButton));
-        palette.setColor(QPalette::ButtonText, toQt(marked ? kWhite : kPageText));
+        palette.setColor(QPalette::Button, toQt(marked ? kBar : page ? kPageBack : kActionButton));
+        palette.setColor(QPalette::ButtonText, toQt(marked ? kHeading : kPageText));
         push_.setPalette(palette);
     }
 

@@ -17,7 +17,6 @@ namespace orv {
 namespace {
 
 constexpr Colour kEmpty{0xf4f4f4};
-constexpr Colour kEdge{0x996666};
 // One notch of the wheel, 120 units, scrolls 30 design pixels.
 constexpr int kWheelStep = 4;
 
@@ -55,7 +54,7 @@ protected:
             paintPicture(painter);
         }
         painter.setClipping(false);
-        painter.setPen(toQt(kEdge));
+        painter.setPen(toQt(kBar));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 
