@@ -12,6 +12,7 @@
 #include "adapters/text/cp932.h"
 #include "archive_file.h"
 #include "keeper.h"
+#include "platform/machine/registry.h"
 #include "private_folder.h"
 #include "redaction.h"
 #include "version.h"
@@ -43,7 +44,7 @@ public:
         : root_(fs::canonical(folder)), paths_(root_, root_ + "/C/ORV/BIN"), files_(paths_) {
         const std::string registry = readWholeFile(root_ + "/registry.txt", kLargestText);
         settings_ = RegistryText(registry)
-                        .findValue("HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV", "InstallKey")
+                        .findValue("HKEY_LOCAL_MACHINE\\" + std::string(kInstallKey), kInstallValue)
                         .value_or("C:\\ORV") +
                     "\\SYS\\system.ini";
     }

@@ -14,11 +14,6 @@
 namespace orv {
 namespace {
 
-constexpr const char* kInstallKey = "SOFTWARE\\ZENTHA\\ORV";
-constexpr const char* kInstallValue = "InstallKey";
-/// HKEY_LOCAL_MACHINE in the decimal form that the routines exchange.
-constexpr const char* kLocalMachine = "-2147483646";
-
 constexpr std::int32_t kQueryValue = 1;
 constexpr std::int32_t kSetValueAndCreate = 6;
 constexpr std::int32_t kOpenForWriting = 131078;
@@ -53,6 +48,14 @@ std::int32_t wideByteCount(const std::string& text) {
         count += character > 0xFFFF ? 4 : 2;
     }
     return count;
+}
+
+/// Returns the folder of the install from the registry, or nothing if it cannot be read.
+std::optional<std::string> readInstallFolder(const cls_Com& settings) {
+    std::string folder;
+    const std::string hive = std::to_string(Registry::kLocalMachine);
+    const bool found = settings.P_GetRegQueryString(kInstallKey, kInstallValue, hive, folder);
+    return found ? std::optional(folder) : std::nullopt;
 }
 
 std::string programFolder() { return P_AddBackslash(services().fileSystem->programFolder()); }
@@ -106,9 +109,8 @@ std::int32_t cls_Com::fOpenRegSubKey(std::int32_t hive, const std::string& subKe
 bool cls_Com::P_ResolveIniPath(std::string& path) const {
     return trapped("[ P_ResolveIniPath ] ", [&] {
         if (systemIni_.empty()) {
-            std::string install;
-            const bool installed = P_GetRegQueryString(kInstallKey, kInstallValue, kLocalMachine, install);
-            systemIni_ = (installed ? P_AddBackslash(install) + "SYS\\" : programFolder() + "..\\SYS\\") + "system.ini";
+            const std::optional<std::string> install = readInstallFolder(*this);
+            systemIni_ = (install ? P_AddBackslash(*install) : programFolder() + "..\\") + "SYS\\system.ini";
         }
         path = systemIni_;
         return true;
@@ -117,9 +119,8 @@ bool cls_Com::P_ResolveIniPath(std::string& path) const {
 
 std::string cls_Com::P_GetInstallFolderPath() const {
     return setting([&] {
-        std::string install;
-        const bool installed = P_GetRegQueryString(kInstallKey, kInstallValue, kLocalMachine, install);
-        return installed ? install : programFolder();
+        const std::optional<std::string> install = readInstallFolder(*this);
+        return install ? *install : programFolder();
     });
 }
 

@@ -24,8 +24,8 @@ constexpr std::int32_t kDiskFull = 112;
 constexpr std::int32_t kMoreData = 234;
 
 constexpr auto kHives = std::to_array<std::pair<Registry::Handle, std::string_view>>({
-    {-2147483646, "HKEY_LOCAL_MACHINE"},
-    {-2147483647, "HKEY_CURRENT_USER"},
+    {Registry::kLocalMachine, "HKEY_LOCAL_MACHINE"},
+    {Registry::kCurrentUser, "HKEY_CURRENT_USER"},
 });
 
 std::int32_t toRegistryCode(const RunTimeError& error) {

@@ -9,6 +9,7 @@
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "platform/machine/machine_facts.h"
+#include "platform/machine/registry.h"
 #include "platform/services.h"
 #include "platform/suite/sys_info_service.h"
 #include "validation/text/conversions.h"
@@ -19,8 +20,6 @@ namespace {
 
 using R = CompanyRecord;
 
-constexpr const char* kLocalMachine = "-2147483646";
-constexpr const char* kCurrentUser = "-2147483647";
 constexpr std::int32_t kDriveLength = 3;
 
 SysInfoService& sysInfo() { return *services().sysInfo; }
@@ -67,15 +66,15 @@ void probeIpAddress() {
     storeResult(&R::IP_ADDRESS, ok, address);
 }
 
-void probeRegistryText(TextField field, const char* key, const char* name, const char* root, const char* note) {
+void probeRegistryText(TextField field, const char* key, const char* name, Registry::Handle hive, const char* note) {
     std::string value;
     bool ok = false;
-    sysInfo().SysGetRegString(key, name, root, value, ok);
+    sysInfo().SysGetRegString(key, name, std::to_string(hive), value, ok);
     storeResult(field, ok, value, note);
 }
 
 void probeInstallFolder() {
-    probeRegistryText(&R::INS_ORV_PATH, "SOFTWARE\\ZENTHA\\ORV", "InstallKey", kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
+    probeRegistryText(&R::INS_ORV_PATH, kInstallKey, kInstallValue, Registry::kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
 }
 
 void probeDiskSpace(TextField field, std::string drive) {
@@ -99,12 +98,13 @@ void probeMemory() {
 }
 
 void probeBrowser() {
-    probeRegistryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", kLocalMachine, "(IEバージョン)");
+    probeRegistryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", Registry::kLocalMachine,
+                      "(IEバージョン)");
 }
 
 void probeProxy() {
     probeRegistryText(&R::PROXY_INFO, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", "ProxyServer",
-                      kCurrentUser, "(プロキシ設定)");
+                      Registry::kCurrentUser, "(プロキシ設定)");
 }
 
 constexpr std::array kProbes{probeOperatingSystem, probeConnectionType, probeIpAddress,
