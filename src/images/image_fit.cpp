@@ -44,8 +44,8 @@ private:
 /// Returns the smallest factor at which the file fits. The size falls as the factor rises. The search is for the factor
 /// plus one, so that the steps are even. `size` is that of the smallest file.
 int smallestFitting(const Saver& saver, double limit, std::int32_t size) {
-    int place = kSmallestFile + 1;
-    for (int step = (kSmallestFile + 1) / 2; step >= 1; step /= 2) {
+    int place = kSmallestQuality + 1;
+    for (int step = (kSmallestQuality + 1) / 2; step >= 1; step /= 2) {
         place = size > limit ? place + step : place - step;
         if (place == kBestQuality) {
             place = kBestQuality + 1;
@@ -64,7 +64,7 @@ bool lowerQuality(ImageControl& image, bool& changed) {
     }
     changed = true;
     const Saver saver(image);
-    const std::int32_t smallest = saver.measured(kSmallestFile);
+    const std::int32_t smallest = saver.measured(kSmallestQuality);
     if (smallest > limit) {
         return fail("ファイルサイズが大きすぎて保存できません。", "IMGERR:01");
     }

@@ -16,7 +16,7 @@ TEST_P(PhotoLimits, AFileNeverGrowsAsTheFactorRises) {
     image.load(std::string("/usr/share/backgrounds/mate/nature/") + GetParam() + ".jpg", {side, side});
     image.size(side, side * 3 / 4);
     std::vector<std::uint64_t> sizes;
-    for (int factor = kSmallestFile; factor >= kBestQuality; --factor) {
+    for (int factor = kSmallestQuality; factor >= kBestQuality; --factor) {
         image.save(kWork, 1, 24, factor);
         sizes.push_back(files.fileSize(kWork));
     }
@@ -51,7 +51,7 @@ protected:
 TEST_F(QualitySearch, TriesByHalvesAndNeverTheFactor1) {
     EXPECT_EQ(tried(86), (std::vector<int>{255, 127, 63, 95, 79, 87, 83, 85, 86, 86}));
     EXPECT_EQ(tried(2), (std::vector<int>{255, 127, 63, 31, 15, 7, 3, 2, 2, 2}));
-    for (int first = kBestQuality; first <= kSmallestFile; ++first) {
+    for (int first = kBestQuality; first <= kSmallestQuality; ++first) {
         EXPECT_EQ(tried(first).back(), first);
         EXPECT_EQ(pictures.script.factors.size(), 10U) << first;
     }

@@ -8,7 +8,6 @@
 #include <set>
 
 #include "adapters/pictures/picture_files.h"
-#include "adapters/pixels/quality_map.h"
 #include "adapters/posix/posix_files.h"
 #include "bench.h"
 

@@ -7,7 +7,7 @@
 #include <span>
 
 #include "adapters/jpeg/jpeg_guard.h"
-#include "adapters/pixels/quality_map.h"
+#include "adapters/jpeg/quality_map.h"
 #include "platform/scope.h"
 
 namespace orv {

@@ -14,7 +14,7 @@ class JpegWriter {
 public:
     explicit JpegWriter(const JpegImage& image);
 
-    /// Returns the whole file, valid until the next call. `quality` is 2 (best) to 255 (smallest).
+    /// Returns the whole file, valid until the next call.
     const std::vector<std::uint8_t>& written(int quality);
 
 private:

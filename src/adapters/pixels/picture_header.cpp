@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "adapters/pixels/picture_failure.h"
-#include "adapters/pixels/quality_map.h"
 
 namespace orv {
 namespace {

@@ -38,8 +38,8 @@ public:
     void load(const std::string& file, PictureSize within = {});
     /// Resizes the loaded picture, in pixels. Throws failure 91 if nothing is loaded.
     void size(int width, int height);
-    /// Writes the loaded picture to `file`, with a format and depth from `getFileInfo`. `quality` is 2 (best picture)
-    /// to 255 (smallest file). Throws failure 91 if nothing is loaded.
+    /// Writes the loaded picture to `file`, with a format and depth from `getFileInfo`. `quality` is from
+    /// `kBestQuality` to `kSmallestQuality`. Throws failure 91 if nothing is loaded.
     void save(const std::string& file, std::int32_t format, std::int32_t bits, int quality) const;
     /// Removes the picture.
     void clear();

@@ -30,6 +30,10 @@ struct PictureSize {
     int height = 0;
 };
 
+// The limits of the quality factor of JPEG files: the best picture and the smallest file. Factor 1 is never used.
+inline constexpr int kBestQuality = 2;
+inline constexpr int kSmallestQuality = 255;
+
 /// One loaded picture. It no longer needs its file.
 class Picture : public Interface {
 public:
@@ -40,8 +44,8 @@ public:
     /// Resizes the picture itself and discards the original. Sides start at 1; enlarging is possible.
     virtual void size(int width, int height) = 0;
     /// Writes the picture to `path`, completely or not at all. Fails for any `format` other than the picture's own.
-    /// Ignores `bits` and keeps the depth. `quality` is 2 (best) to 255 (smallest) for JPEG. The other formats are
-    /// lossless and as small as possible.
+    /// Ignores `bits` and keeps the depth. `quality` is `kBestQuality` to `kSmallestQuality` for JPEG. The other
+    /// formats are lossless and as small as possible.
     virtual void save(const std::string& path, std::int32_t format, std::int32_t bits, int quality) const = 0;
 };
 

@@ -3,9 +3,9 @@
 #include <QColor>
 #include <QImage>
 
+#include "adapters/jpeg/quality_map.h"
 #include "adapters/pictures/picture_files.h"
 #include "adapters/pixels/picture_failure.h"
-#include "adapters/pixels/quality_map.h"
 #include "adapters/raster/raster_formats.h"
 #include "support/catch_failure.h"
 #include "support/made_pictures.h"

@@ -4,10 +4,9 @@
 #include <cstddef>
 #include <vector>
 
-namespace orv {
+#include "platform/machine/picture_library.h"
 
-inline constexpr int kBestQuality = 2;
-inline constexpr int kSmallestQuality = 255;
+namespace orv {
 
 /// Entries of a table, the lowest frequency first.
 inline constexpr std::size_t kTableEntries = 64;

@@ -1,4 +1,4 @@
-#include "adapters/pixels/quality_map.h"
+#include "adapters/jpeg/quality_map.h"
 
 #include <algorithm>
 #include <cmath>
