@@ -10,6 +10,7 @@
 #include "platform/machine/clock.h"
 #include "platform/machine/machine_facts.h"
 #include "platform/services.h"
+#include "platform/suite/sql_text.h"
 #include "store/rows.h"
 #include "store/store_session.h"
 
@@ -46,27 +47,19 @@ bool withLocalName(std::string_view label, const std::function<LockFailure(const
     return !failure || fail(std::string(label) + failure->text, failure->code);
 }
 
-/// A computer's name can contain an apostrophe.
-std::string quoted(const std::string& name) {
-    std::string text = "'";
-    for (const char character : name) {
-        text.append(character == '\'' ? 2 : 1, character);
-    }
-    return text + "'";
-}
-
 std::string firstTwo(const std::string& typeCode) { return typeCode.substr(0, 2); }
 
 std::string selectHolder(const std::string& userId, const std::string& typeCode, const std::string& propertyNo) {
-    return "select LOCAL_INFO   from TBL_LOCK  where USER_ID = '" + userId + "'   and Left(PROPERTY_TYPE_CODE, 2) = '" +
-           firstTwo(typeCode) + "'   and PROPERTY_NO = '" + propertyNo + "'";
+    return "select LOCAL_INFO   from TBL_LOCK  where USER_ID = " + rawSqlText(userId) +
+           "   and Left(PROPERTY_TYPE_CODE, 2) = " + rawSqlText(firstTwo(typeCode)) +
+           "   and PROPERTY_NO = " + rawSqlText(propertyNo);
 }
 
 std::string deleteLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
                        const std::string& localName) {
-    return "delete from TBL_LOCK       where USER_ID = '" + userId + "'         and left(PROPERTY_TYPE_CODE,2) = '" +
-           firstTwo(typeCode) + "'         and PROPERTY_NO = '" + propertyNo +
-           "'         and LOCAL_INFO = " + quoted(localName);
+    return "delete from TBL_LOCK       where USER_ID = " + rawSqlText(userId) +
+           "         and left(PROPERTY_TYPE_CODE,2) = " + rawSqlText(firstTwo(typeCode)) +
+           "         and PROPERTY_NO = " + rawSqlText(propertyNo) + "         and LOCAL_INFO = " + sqlText(localName);
 }
 
 std::string insertLock(const std::string& userId, const std::string& typeCode, const std::string& propertyNo,
@@ -80,10 +73,10 @@ std::string insertLock(const std::string& userId, const std::string& typeCode, c
         "            INSERT_DATE "
         "   ) values (";
     for (const std::string& value : {userId, typeCode, propertyNo}) {
-        sql += "            '" + value + "',";
+        sql += "            " + rawSqlText(value) + ",";
     }
-    sql += "            " + quoted(localName) + ", ";
-    sql += "            '" + formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss") + "' ";
+    sql += "            " + sqlText(localName) + ", ";
+    sql += "            " + rawSqlText(formatMoment(services().clock->now(), "yyyy/mm/dd hh:nn:ss")) + " ";
     return sql + "            )";
 }
 

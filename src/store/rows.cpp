@@ -10,6 +10,7 @@
 #include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/services.h"
+#include "platform/suite/sql_text.h"
 
 namespace orv {
 namespace {
@@ -37,12 +38,13 @@ std::string countStatement(const std::string& key2, const std::string& userId, s
     if (row == kModes.end()) {
         return {};
     }
-    std::string sql = "  SELECT COUNT(*)     FROM " + std::string(row->table) + "    WHERE USER_ID = '" + userId + "' ";
+    std::string sql =
+        "  SELECT COUNT(*)     FROM " + std::string(row->table) + "    WHERE USER_ID = " + rawSqlText(userId) + " ";
     if (!row->key2Column.empty()) {
-        sql += "     AND " + std::string(row->key2Column) + " = '" + key2 + "' ";
+        sql += "     AND " + std::string(row->key2Column) + " = " + rawSqlText(key2) + " ";
     }
     if (row->excludesKey3 && !trimmed(key3).empty()) {
-        sql += " AND PROPERTY_NO <> '" + key3 + "'";
+        sql += " AND PROPERTY_NO <> " + rawSqlText(key3);
     }
     return sql;
 }

@@ -7,6 +7,7 @@
 #include "logging/trap.h"
 #include "platform/machine/clock.h"
 #include "platform/services.h"
+#include "platform/suite/sql_text.h"
 #include "platform/value.h"
 #include "store/statement_columns.h"
 
@@ -14,8 +15,6 @@ namespace orv {
 namespace {
 
 constexpr std::string_view kIndent = "            ";
-
-std::string quoted(std::string_view value) { return "'" + std::string(value) + "'"; }
 
 std::string present() { return formatMoment(services().clock->now(), "yyyymmdd hh:nn:ss"); }
 
@@ -26,9 +25,9 @@ const std::string& fieldText(const Column& column) { return tCustomerInfo.*colum
 /// Returns the value of a column in an INSERT, with the blanks before it.
 std::string insertedValue(const Column& column) {
     if (column.name == "SEND_FLAG") return " " + sendFlag();
-    if (column.name == "INSERT_DATE") return quoted(present());
-    if (column.name == "SERVICE_FLG") return quoted(PF_RepeatZero(50));
-    return quoted(fieldText(column));
+    if (column.name == "INSERT_DATE") return rawSqlText(present());
+    if (column.name == "SERVICE_FLG") return rawSqlText(PF_RepeatZero(50));
+    return rawSqlText(fieldText(column));
 }
 
 std::string insertInto(std::string_view table, std::span<const Column> columns) {
@@ -43,11 +42,13 @@ std::string insertInto(std::string_view table, std::span<const Column> columns) 
 }
 
 std::string assignment(const Column& column) {
-    const std::string value = column.field == nullptr ? sendFlag() : quoted(fieldText(column));
+    const std::string value = column.field == nullptr ? sendFlag() : rawSqlText(fieldText(column));
     return std::string(kIndent) + std::string(column.name) + "  =" + value;
 }
 
-std::string assignKey(const std::string& newUserId) { return std::string(kIndent) + "USER_ID  =" + quoted(newUserId); }
+std::string assignKey(const std::string& newUserId) {
+    return std::string(kIndent) + "USER_ID  =" + rawSqlText(newUserId);
+}
 
 bool made(std::string_view label, std::string& sql, const std::function<std::string()>& text) {
     sql.clear();
@@ -69,9 +70,9 @@ std::string updateInfo(const std::string& newUserId) {
     for (const Column& column : infoPageColumns()) {
         sql += assignment(column) + ",";
     }
-    sql += std::string(kIndent) + "UPDATE_DATE =" + quoted(present()) + ",";
-    sql += std::string(kIndent) + "PWD_CHG_FLG =" + quoted(tCustomerInfo.PWD_CHG_FLG);
-    return sql + "     where  USER_ID = " + quoted(tCustomerInfo.USER_ID);
+    sql += std::string(kIndent) + "UPDATE_DATE =" + rawSqlText(present()) + ",";
+    sql += std::string(kIndent) + "PWD_CHG_FLG =" + rawSqlText(tCustomerInfo.PWD_CHG_FLG);
+    return sql + "     where  USER_ID = " + rawSqlText(tCustomerInfo.USER_ID);
 }
 
 std::string updateAdd(const std::string& newUserId) {
@@ -79,7 +80,7 @@ std::string updateAdd(const std::string& newUserId) {
     for (const Column& column : std::span(kAddColumns).subspan(1)) {
         sql += "," + assignment(column);
     }
-    return sql + "     WHERE  USER_ID = " + quoted(tCustomerInfo.USER_ID);
+    return sql + "     WHERE  USER_ID = " + rawSqlText(tCustomerInfo.USER_ID);
 }
 
 }  // namespace
@@ -100,7 +101,7 @@ bool bas_Main_Companydata::P_MakeInsertSQL_Date(std::string& sql) {
 bool bas_Main_Companydata::P_MakeUpdateSQL_Date(std::string& sql, const std::string& newUserId) {
     return made("[ P_MakeUpdateSQL_Date ] ", sql, [&] {
         return "UPDATE TBL_CUSTOMER_DATE        SET " + assignKey(newUserId) +
-               "     WHERE  USER_ID = " + quoted(tCustomerInfo.USER_ID);
+               "     WHERE  USER_ID = " + rawSqlText(tCustomerInfo.USER_ID);
     });
 }
 
@@ -119,7 +120,7 @@ std::string bas_Main_Companydata::PF_RepeatZero(std::int16_t count) {
 std::string companyJoin(const std::string& userId) {
     return "   select *     from TBL_CUSTOMER_INFO AS A LEFT JOIN TBL_CUSTOMER_ADD AS B "
            "       ON A.USER_ID = B.USER_ID    where A.USER_ID = " +
-           quoted(userId);
+           rawSqlText(userId);
 }
 
 }  // namespace orv

@@ -9,6 +9,7 @@
 #include "platform/run_time_error.h"
 #include "platform/scope.h"
 #include "platform/suite/db_service.h"
+#include "platform/suite/sql_text.h"
 
 namespace orv {
 namespace {
@@ -84,11 +85,8 @@ private:
 
 std::string makeSelect(const TableColumns& table, const std::string& userId) {
     std::string sql = "SELECT ";
-    sql.append(table.columns).append(" FROM ").append(table.name).append(" WHERE USER_ID = '");
-    for (const char c : userId) {
-        sql.append(c == '\'' ? 2 : 1, c);
-    }
-    return sql + "'";
+    sql.append(table.columns).append(" FROM ").append(table.name).append(" WHERE USER_ID = ");
+    return sql + sqlText(userId);
 }
 
 /// Stores return a boolean in different forms: as a boolean, a number or a word.

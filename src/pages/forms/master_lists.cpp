@@ -8,6 +8,7 @@
 #include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "platform/services.h"
+#include "platform/suite/sql_text.h"
 #include "store/rows.h"
 
 namespace orv {
@@ -23,10 +24,10 @@ struct MasterList {
 };
 
 constexpr std::array<MasterList, 5> kLists{{
-    {"  SELECT ITEM_NAME     FROM MST_OTHERS    WHERE TYPE_CODE = '", true,
-     "'      AND DEL_FLAG = FALSE ORDER BY SORT_KEY", false},
-    {"  SELECT PROPERTY_TYPE_NAME     FROM MST_PROPERTY_TYPE    WHERE Left(PROPERTY_TYPE_CODE,2) = '", true,
-     "'      AND DEL_FLAG = FALSE ORDER BY SORT_KEY", false},
+    {"  SELECT ITEM_NAME     FROM MST_OTHERS    WHERE TYPE_CODE = ", true,
+     "      AND DEL_FLAG = FALSE ORDER BY SORT_KEY", false},
+    {"  SELECT PROPERTY_TYPE_NAME     FROM MST_PROPERTY_TYPE    WHERE Left(PROPERTY_TYPE_CODE,2) = ", true,
+     "      AND DEL_FLAG = FALSE ORDER BY SORT_KEY", false},
     {"  SELECT USER_ID     FROM TBL_CUSTOMER_INFO ORDER BY USER_ID", false, "", true},
     {"  SELECT TIKU_NAME     FROM MST_TIKU    WHERE DEL_FLG = FALSE ORDER BY SORT_KEY", false, "", false},
     {"  SELECT CORP_NAME, CORP_CODE     FROM MST_CORP ORDER BY CORP_CODE ", false, "", true},
@@ -44,7 +45,7 @@ std::string makeStatement(std::int16_t kind, const std::string& code) {
         return {};
     }
     const std::string text(list->beforeCode);
-    return list->narrowed ? text + code + std::string(list->afterCode) : text;
+    return list->narrowed ? text + rawSqlText(code) + std::string(list->afterCode) : text;
 }
 
 bool addRows(ComboBox& combo, const Rows& rows, bool addBlank, std::int16_t kind) {

@@ -17,6 +17,7 @@
 #include "platform/forms/form_host.h"
 #include "platform/scope.h"
 #include "platform/services.h"
+#include "platform/suite/sql_text.h"
 #include "store/rows.h"
 #include "store/store_session.h"
 
@@ -114,8 +115,8 @@ bool showPublishNumber(frm_CompInp0& form) {
     if (!session.openFresh()) {
         return false;
     }
-    const Rows rows("SELECT CONTRACT_PUBLISHNUMBER FROM TBL_CUSTOMER_INFO WHERE USER_ID = '" + tCustomerInfo.USER_ID +
-                    "'");
+    const Rows rows("SELECT CONTRACT_PUBLISHNUMBER FROM TBL_CUSTOMER_INFO WHERE USER_ID = " +
+                    rawSqlText(tCustomerInfo.USER_ID));
     if (!rows.ok()) {
         return failFrom(services().db->DbError());
     }
