@@ -49,7 +49,7 @@ template <typename Act>
 void forEachLine(const std::string& text, Act act) {
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
-        act(std::string(trimmed(line, " \t\r")));
+        act(std::string(trimmed(line, kLineBlanks)));
     }
 }
 

@@ -25,6 +25,9 @@ inline bool equalWithoutCase(std::string_view left, std::string_view right) {
 }
 
 inline constexpr std::string_view kBlanksAndTabs = " \t";
+/// Blanks around the content of a line. A file with the line ends of Windows leaves "\r" at its end.
+inline constexpr std::string_view kLineBlanks = " \t\r";
+inline constexpr std::string_view kAllBlanks = " \t\r\n\f";
 
 /// Returns the text without the characters of `blanks` at its start.
 constexpr std::string_view trimmedLeft(std::string_view text, std::string_view blanks = " ") {

@@ -32,7 +32,7 @@ std::optional<FoundProgram> findProgram(std::string_view commandLine, const File
                        : std::nullopt;
     }
     for (std::size_t end = 0; end < line.size() && end < kLongestPath;) {
-        end = std::min(line.find_first_of(" \t", end + 1), line.size());
+        end = std::min(line.find_first_of(kBlanksAndTabs, end + 1), line.size());
         if (const auto program = programFile(line.substr(0, end), lookUp)) {
             return FoundProgram{*program, line.substr(end)};
         }

@@ -11,19 +11,18 @@
 #include <csignal>
 
 #include "adapters/machine/found_program.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
 namespace {
-
-constexpr std::string_view kBlanks = " \t";
 
 std::vector<std::string> splitArguments(std::string_view text) {
     std::vector<std::string> arguments;
     bool quoted = false;
     bool inside = false;
     for (const char c : text) {
-        const bool parts = !quoted && kBlanks.find(c) != std::string_view::npos;
+        const bool parts = !quoted && kBlanksAndTabs.find(c) != std::string_view::npos;
         if (!parts && !inside) {
             arguments.emplace_back();
         }

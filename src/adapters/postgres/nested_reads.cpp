@@ -15,7 +15,6 @@ constexpr auto kReadingWords =
 // The words that can precede a bracket without calling a function, except `Left`.
 constexpr auto kBracketWords =
     std::to_array<std::string_view>({"values", "where", "set", "and", "or", "not", "in", "left"});
-constexpr std::string_view kBlanks = " \t\r\n\f";
 
 bool isWordCharacter(char c) { return isAsciiAlphanumeric(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80; }
 
@@ -42,7 +41,7 @@ public:
 
 private:
     bool skipBlanks() {
-        rest_ = trimmedLeft(rest_, kBlanks);
+        rest_ = trimmedLeft(rest_, kAllBlanks);
         return !rest_.empty();
     }
 

@@ -21,7 +21,6 @@ constexpr StoreRefusal kCommitUnknown{"DBCONN08", Failure::ConnectionFailed,
                                       "データベースのサーバーとの接続が書き込みの完了前に切れました。"
                                       "保存されたかどうかわからないため、会社を開き直して内容を確認してください。"};
 
-constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr auto kReadingWords = std::to_array<std::string_view>({"select", "with", "values"});
 constexpr auto kChangingWords = std::to_array<std::string_view>({"insert", "update", "delete"});
 
@@ -74,7 +73,7 @@ constexpr auto kWholeNumbers = std::to_array<Oid>({20, 21, 23});
 constexpr auto kBrokenNumbers = std::to_array<Oid>({700, 701, 1700});
 
 std::string_view firstWord(std::string_view sql) {
-    const std::string_view text = trimmedLeft(sql, kBlanks);
+    const std::string_view text = trimmedLeft(sql, kAllBlanks);
     return {text.begin(), std::ranges::find_if_not(text, isAsciiLetter)};
 }
 
@@ -83,10 +82,10 @@ void requireStatement(std::string_view sql, std::span<const std::string_view> wo
     if (sql.find('\0') != std::string_view::npos) {
         refuse(kBadCharacter);
     }
-    std::string_view rest = trimmedRight(sql, kBlanks);
+    std::string_view rest = trimmedRight(sql, kAllBlanks);
     if (rest.ends_with(';')) {
         rest.remove_suffix(1);
-        if (trimmedRight(rest, kBlanks).ends_with(';')) {
+        if (trimmedRight(rest, kAllBlanks).ends_with(';')) {
             refuse(kManyStatements);
         }
     }

@@ -65,7 +65,7 @@ std::string connectionText(const std::string& nativePath) {
     std::ifstream file(filePath(nativePath), std::ios::binary);
     std::string text;
     for (std::string line; std::getline(file, line);) {
-        const std::string_view setting = trimmed(text.empty() ? withoutByteOrderMark(line) : line, " \t\r");
+        const std::string_view setting = trimmed(text.empty() ? withoutByteOrderMark(line) : line, kLineBlanks);
         if (!setting.empty() && !setting.starts_with('#')) {
             text.append(setting) += ' ';
         }

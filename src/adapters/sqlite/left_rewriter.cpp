@@ -7,8 +7,6 @@
 namespace orv {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\f";
-
 bool isWordCharacter(char c) {
     return isAsciiAlphanumeric(c) || c == '_' || c == '$' || static_cast<unsigned char>(c) >= 0x80;
 }
@@ -43,7 +41,8 @@ std::size_t tokenLength(std::string_view text) {
 }
 
 bool isBlankOrComment(std::string_view token) {
-    return kBlanks.find(token.front()) != std::string_view::npos || token.starts_with("--") || token.starts_with("/*");
+    return kAllBlanks.find(token.front()) != std::string_view::npos || token.starts_with("--") ||
+           token.starts_with("/*");
 }
 
 bool opensBracket(std::string_view text) {

@@ -21,7 +21,6 @@ namespace {
 // the state before the commit.
 constexpr const char* kFullDurability = "PRAGMA synchronous = EXTRA";
 constexpr const char* kReadSchema = "SELECT 1 FROM sqlite_schema LIMIT 1";
-constexpr std::string_view kBlanks = " \t\r\n\f";
 constexpr std::chrono::milliseconds kPause{1};
 constexpr int kLongestValue = 16 << 20;
 constexpr int kStepsBetween = 100;  // of the engine: microseconds, or milliseconds for the longest values
@@ -257,7 +256,7 @@ SqliteStatement::SqliteStatement(const SqliteDatabase& database, const std::stri
     if (prepared == nullptr) {
         refuse(kNoStatement);
     }
-    if (!trimmedLeft(rest, kBlanks).empty()) {
+    if (!trimmedLeft(rest, kAllBlanks).empty()) {
         refuse(kManyStatements);
     }
 }

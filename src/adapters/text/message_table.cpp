@@ -49,7 +49,6 @@ constexpr auto kBuiltIn = std::to_array<BuiltIn>({
     {"IMGMSG01", Kind::Question, Buttons::YesNo, "画像を削除します。\n\n削除してもよろしいですか？"},
 });
 
-constexpr std::string_view kBlanks = " \t\r";
 constexpr std::size_t kLongestId = 16;
 constexpr std::size_t kLongestText = 4096;
 
@@ -92,10 +91,10 @@ std::string unescaped(std::string_view text) {
 }
 
 bool readLine(std::string_view line, Messages& messages) {
-    const std::string_view id = trimmed(splitOff(line, ','), kBlanks);
-    const auto kind = findMeaning(trimmed(splitOff(line, ','), kBlanks), kKinds);
-    const auto buttons = findMeaning(trimmed(splitOff(line, ','), kBlanks), kButtons);
-    const std::string_view text = trimmed(line, kBlanks);
+    const std::string_view id = trimmed(splitOff(line, ','), kLineBlanks);
+    const auto kind = findMeaning(trimmed(splitOff(line, ','), kLineBlanks), kKinds);
+    const auto buttons = findMeaning(trimmed(splitOff(line, ','), kLineBlanks), kButtons);
+    const std::string_view text = trimmed(line, kLineBlanks);
     if (!isId(id) || !kind || !buttons || text.empty() || text.size() > kLongestText) {
         return false;
     }
@@ -108,7 +107,7 @@ bool readLine(std::string_view line, Messages& messages) {
 MessageFile readMessages(std::string_view content) {
     MessageFile file;
     for (std::size_t number = 1; !content.empty(); ++number) {
-        const std::string_view line = trimmed(splitOff(content, '\n'), kBlanks);
+        const std::string_view line = trimmed(splitOff(content, '\n'), kLineBlanks);
         if (line.empty() || line.starts_with(';')) {
             continue;
         }
