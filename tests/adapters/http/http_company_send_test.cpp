@@ -6,7 +6,8 @@
 #include <nlohmann/json.hpp>
 
 #include "adapters/http/company_document.h"
-#include "adapters/sqlite/sqlite_db_service.h"
+#include "adapters/sqlite/sqlite_store.h"
+#include "adapters/store/store_service.h"
 #include "http_fixture.h"
 #include "platform/waiting.h"
 #include "support/store_files.h"
@@ -45,7 +46,7 @@ protected:
     TempFolder served;
     RunningSuite suite{served.path()};
     const std::string storeFile = makeSampleStore(folder.file("ORVESTATE.MDB"));
-    SqliteDbService db{nativePaths()};
+    StoreService db{nativePaths(), sqliteStore()};
     std::string url = suite.url("/"), cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "180000";
     std::string store = storeFile;
     HttpCompanySend send{db,

@@ -1,9 +1,10 @@
-#include "adapters/sqlite/sqlite_db_service.h"
+#include "adapters/sqlite/sqlite_store.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include "adapters/file_size_limit.h"
+#include "adapters/store/store_service.h"
 #include "adapters/store_contract.h"
 #include "support/store_files.h"
 
@@ -17,7 +18,7 @@ constexpr SqliteLimits kShortWait{.busy = 50ms};
 StoreUnderTest makeStore(std::shared_ptr<void>& keep) {
     auto folder = std::make_shared<TempFolder>();
     keep = folder;
-    return {std::make_unique<SqliteDbService>(nativePaths(), kShortWait),
+    return {std::make_unique<StoreService>(nativePaths(), sqliteStore(kShortWait)),
             makeSampleStore(folder->file("ORVESTATE.MDB"))};
 }
 
@@ -26,7 +27,7 @@ protected:
     SqliteStore() { makeSampleStore(path); }
     TempFolder folder;
     const std::string path = folder.file("ORVESTATE.MDB");
-    SqliteDbService service{nativePaths(), kShortWait};
+    StoreService service{nativePaths(), sqliteStore(kShortWait)};
 };
 
 TEST_F(SqliteStore, ABooleanColumnGivesBooleansForAnyNumber) {
