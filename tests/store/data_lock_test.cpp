@@ -1,4 +1,4 @@
-#include "store/data_lock.h"
+#include "store/company_lock.h"
 
 #include "support/fixture.h"
 

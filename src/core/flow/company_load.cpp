@@ -16,7 +16,6 @@
 #include "platform/services.h"
 #include "platform/utf8.h"
 #include "store/company_lock.h"
-#include "store/data_lock.h"
 #include "store/rows.h"
 #include "store/statements.h"
 #include "store/store_session.h"

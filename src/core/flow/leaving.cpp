@@ -9,7 +9,6 @@
 #include "platform/machine/program_starter.h"
 #include "platform/services.h"
 #include "store/company_lock.h"
-#include "store/data_lock.h"
 #include "store/store_session.h"
 
 namespace orv {
