@@ -12,8 +12,8 @@
 #include "logging/write_log.h"
 #include "pages/forms/page_set.h"
 #include "platform/ascii.h"
+#include "platform/forms/busy.h"
 #include "platform/forms/form_host.h"
-#include "platform/forms/working.h"
 #include "platform/services.h"
 #include "validation/text/conversions.h"
 

@@ -8,7 +8,7 @@
 #include "pages/forms/control_helpers.h"
 #include "platform/ascii.h"
 #include "platform/controls/input_rules.h"
-#include "platform/forms/busy_form.h"
+#include "platform/forms/busy.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/sibling_programs.h"
 #include "platform/machine/window_system.h"

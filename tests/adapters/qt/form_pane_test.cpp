@@ -6,7 +6,7 @@
 
 #include "adapters/qt/qt_test.h"
 #include "adapters/qt/text_lines.h"
-#include "platform/forms/busy_form.h"
+#include "platform/forms/busy.h"
 #include "platform/waiting.h"
 
 namespace orv {
