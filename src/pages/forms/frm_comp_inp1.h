@@ -1,7 +1,6 @@
 #pragma once
 
 #include "pages/forms/page_form.h"
-#include "pages/forms/tick_boxes.h"
 
 namespace orv {
 

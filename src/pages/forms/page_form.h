@@ -32,6 +32,16 @@ inline constexpr std::array kPageButtons{pageButton("会社情報", "Alt+1"), pa
                                          pageButton("交通・会社ＰＲ", "Alt+3"), pageButton("業務内容", "Alt+4"),
                                          pageButton("動作環境", "Alt+5")};
 
+/// Returns boxes that start unticked, with the colours for that, one for each caption.
+template <std::size_t N>
+constexpr std::array<CheckDesign, N> tickBoxes(const std::array<std::string_view, N>& captions, int tabRank = 0) {
+    std::array<CheckDesign, N> designs{};
+    for (std::size_t i = 0; i < N; ++i) {
+        designs[i] = {.caption = captions[i], .back = kTickOff, .fore = kTickOffText, .tabRank = tabRank};
+    }
+    return designs;
+}
+
 /// The common controls of all pages, and the page's number.
 struct PageForm : Form {
     PageForm(std::string_view form, int page)
