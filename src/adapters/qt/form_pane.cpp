@@ -12,7 +12,6 @@
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/top_window.h"
 #include "adapters/qt/views/qt_text.h"
-#include "adapters/qt/views/text_lift.h"
 
 namespace orv {
 namespace {

@@ -5,7 +5,6 @@
 #include <QShortcut>
 
 #include "adapters/qt/views/qt_text.h"
-#include "adapters/qt/views/text_lift.h"
 #include "adapters/qt/views/views.h"
 
 namespace orv {

@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-#include "adapters/qt/views/text_lift.h"
+#include "adapters/qt/views/qt_text.h"
 
 namespace orv {
 namespace {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QColor>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QString>
 #include <string_view>
 
@@ -19,6 +21,13 @@ inline QString toQt(std::string_view text) {
 inline QColor toQt(Colour colour) {
     return QColor(static_cast<int>(colour.bgr & 0xffU), static_cast<int>((colour.bgr >> 8U) & 0xffU),
                   static_cast<int>((colour.bgr >> 16U) & 0xffU));
+}
+
+/// Returns how far a line of text must be raised to centre Japanese characters vertically. The font's ascent and
+/// descent do not centre them: their middle is 0.38 em above the baseline in every Japanese font.
+inline int textLift(const QFont& font) {
+    const QFontMetrics metrics(font);
+    return qRound((metrics.ascent() - metrics.descent()) / 2.0 + 0.5 - 0.38 * QFontInfo(font).pixelSize());
 }
 
 }  // namespace orv
