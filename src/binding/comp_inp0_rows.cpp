@@ -3,8 +3,8 @@
 #include "pages/forms/control_helpers.h"
 #include "platform/services.h"
 #include "platform/suite/string_check_service.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/controls/check_box.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 

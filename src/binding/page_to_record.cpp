@@ -5,7 +5,7 @@
 #include "logging/trap.h"
 #include "platform/services.h"
 #include "platform/suite/string_check_service.h"
-#include "validation/text/blanks.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

@@ -7,7 +7,7 @@
 #include "platform/ascii.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/services.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

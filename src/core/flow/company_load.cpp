@@ -19,8 +19,8 @@
 #include "store/rows.h"
 #include "store/statements.h"
 #include "store/store_session.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

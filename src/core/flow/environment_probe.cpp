@@ -13,7 +13,7 @@
 #include "platform/services.h"
 #include "platform/suite/sys_info_service.h"
 #include "validation/text/conversions.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

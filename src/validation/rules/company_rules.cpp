@@ -2,8 +2,8 @@
 
 #include "core/record/globals.h"
 #include "validation/rules/rule_tests.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

@@ -12,8 +12,8 @@
 #include "platform/services.h"
 #include "platform/value.h"
 #include "validation/rules/rule_tests.h"
-#include "validation/text/blanks.h"
 #include "validation/text/conversions.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

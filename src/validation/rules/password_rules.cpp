@@ -8,7 +8,7 @@
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/page_set.h"
 #include "platform/services.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

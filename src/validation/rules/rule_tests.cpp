@@ -7,7 +7,7 @@
 #include "platform/services.h"
 #include "platform/suite/string_check_service.h"
 #include "platform/utf8.h"
-#include "validation/text/blanks.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "validation/rules/rule.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 

@@ -3,8 +3,7 @@
 #include <limits>
 
 #include "support/form_test.h"
-#include "validation/text/blanks.h"
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 namespace orv {
 namespace {

@@ -1,18 +1,38 @@
-#include "validation/text/text_bytes.h"
+#include "validation/text/text_helpers.h"
 
 #include <algorithm>
 
+#include "platform/ascii.h"
 #include "platform/machine/code_page.h"
 #include "platform/services.h"
 
 namespace orv {
 namespace {
 
+constexpr std::string_view kIdeographicBlank = "\u3000";
+
 std::size_t clamped(std::int32_t count, std::size_t most) {
     return count < 0 ? 0 : std::min(static_cast<std::size_t>(count), most);
 }
 
 }  // namespace
+
+bool isBlank(std::string_view text) {
+    while (!text.empty()) {
+        if (text.front() == ' ') {
+            text.remove_prefix(1);
+        } else if (text.starts_with(kIdeographicBlank)) {
+            text.remove_prefix(kIdeographicBlank.size());
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string PF_NullToStr(const Value& value, const std::string& fallback) {
+    return value.isNull() ? fallback : std::string(trimmedRight(toText(value)));
+}
 
 std::int32_t PF_LenB(const std::string& text) {
     return static_cast<std::int32_t>(services().codePage->encode(text).size());
