@@ -6,6 +6,8 @@
 #include <QInputEvent>
 #include <utility>
 
+#include "platform/scope.h"
+
 namespace orv {
 namespace {
 
@@ -48,9 +50,8 @@ void InputOrder::fetch() {
     if (plugIn_ == nullptr) {
         return;
     }
-    fetching_ = true;
+    const FlagGuard fetching(fetching_);
     QCoreApplication::sendPostedEvents(plugIn_, QEvent::MetaCall);
-    fetching_ = false;
 }
 
 bool InputOrder::eventFilter(QObject* watched, QEvent* event) {
@@ -139,9 +140,8 @@ void InputOrder::deliverFirst() {
     held_.pop_front();
     QObject* focused = QGuiApplication::focusObject();
     if (first.text != nullptr && focused != nullptr) {
-        delivering_ = true;
+        const FlagGuard delivering(delivering_);
         QCoreApplication::sendEvent(focused, first.text.get());
-        delivering_ = false;
     }
 }
 

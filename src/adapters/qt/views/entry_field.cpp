@@ -12,6 +12,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/scope.h"
+
 namespace orv {
 namespace {
 
@@ -135,9 +137,8 @@ void EntryField::forgetLater() {
 }
 
 void EntryField::resetInputMethod() {
-    deaf_ = true;
+    const FlagGuard deaf(deaf_);
     QGuiApplication::inputMethod()->reset();
-    deaf_ = false;
 }
 
 void EntryField::finishComposition() { endComposition(preedit_); }
