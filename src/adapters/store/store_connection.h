@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/suite/db_service.h"
+#include "platform/value.h"
 
 namespace orv {
 
@@ -22,7 +23,13 @@ struct StoreObject {
 };
 
 /// Returns the objects found by a select of kind, name and definition.
-std::vector<StoreObject> objectsIn(const RecordsetPtr& rows);
+inline std::vector<StoreObject> objectsIn(const RecordsetPtr& rows) {
+    std::vector<StoreObject> all;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        all.push_back({toText(rows->Fields(0)), toText(rows->Fields(1)), toText(rows->Fields(2))});
+    }
+    return all;
+}
 
 /// An open store of any engine. Every failure is a RunTimeError, mostly a StoreFailure. A failed statement leaves an
 /// open transaction unchanged.
