@@ -1,7 +1,6 @@
 #include "config/cls_com.h"
 
 #include "config/settings.h"
-#include "logging/error_pair.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "platform/machine/file_system.h"

@@ -5,7 +5,6 @@
 
 #include "core/record/globals.h"
 #include "images/file_size_text.h"
-#include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
 #include "pages/forms/form_helpers.h"

@@ -9,7 +9,6 @@
 #include "core/record/globals.h"
 #include "images/file_size_text.h"
 #include "images/frm_img_common.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"

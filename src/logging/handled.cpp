@@ -3,7 +3,6 @@
 #include <string>
 
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "platform/forms/form_host.h"

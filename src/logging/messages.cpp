@@ -1,6 +1,6 @@
 #include "logging/messages.h"
 
-#include "logging/error_pair.h"
+#include "logging/trap.h"
 #include "platform/services.h"
 #include "platform/suite/message_service.h"
 

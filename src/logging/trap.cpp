@@ -2,11 +2,28 @@
 
 #include <new>
 #include <stdexcept>
-#include <string>
+#include <utility>
 
-#include "logging/error_pair.h"
+#include "core/record/globals.h"
 
 namespace orv {
+
+bool fail(std::string text, std::string code) {
+    setPair({std::move(text), std::move(code)});
+    return false;
+}
+
+bool failFrom(const FailureRecord& record) { return fail(record.text, record.code); }
+
+void setPair(FailureRecord record) {
+    gErrMsg = std::move(record.text);
+    gErrCode = std::move(record.code);
+}
+
+void clearPair() { setPair({}); }
+
+PairKeeper::PairKeeper() : pair_{gErrMsg, gErrCode} {}
+PairKeeper::~PairKeeper() { setPair(std::move(pair_)); }
 
 std::optional<RunTimeError> caught(const std::function<void()>& body) {
     try {

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/machine/clock.h"

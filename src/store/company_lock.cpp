@@ -4,7 +4,6 @@
 #include <optional>
 #include <string_view>
 
-#include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "platform/ascii.h"

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "platform/ascii.h"
 #include "platform/run_time_error.h"

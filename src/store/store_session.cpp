@@ -2,7 +2,7 @@
 
 #include "config/settings.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
+#include "logging/trap.h"
 #include "platform/services.h"
 
 namespace orv {

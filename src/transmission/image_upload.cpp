@@ -5,7 +5,6 @@
 
 #include "config/settings.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "platform/ascii.h"

@@ -15,7 +15,7 @@
 #include "core/flow/leaving.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
+#include "logging/trap.h"
 #include "logging/write_log.h"
 #include "pages/forms/page_set.h"
 #include "platform/forms/form_host.h"

@@ -7,7 +7,6 @@
 #include "core/flow/environment_probe.h"
 #include "core/flow/photo_files.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"

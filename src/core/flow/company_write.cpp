@@ -7,7 +7,6 @@
 
 #include "binding/page_bindings.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
 #include "pages/forms/control_helpers.h"

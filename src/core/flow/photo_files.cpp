@@ -4,7 +4,6 @@
 
 #include "config/settings.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/setting_trap.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"

@@ -8,7 +8,6 @@
 #include "core/flow/company_write.h"
 #include "core/flow/photo_files.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"

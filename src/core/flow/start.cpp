@@ -6,7 +6,6 @@
 #include "core/flow/company_load.h"
 #include "core/flow/leaving.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"

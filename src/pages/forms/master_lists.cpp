@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "platform/services.h"
 #include "platform/suite/sql_text.h"

@@ -1,7 +1,6 @@
 #include "pages/frame/page_frame.h"
 
 #include "binding/page_to_record.h"
-#include "logging/error_pair.h"
 #include "logging/trap.h"
 #include "pages/forms/control_helpers.h"
 #include "pages/forms/page_set.h"

@@ -3,7 +3,6 @@
 #include "core/flow/leaving.h"
 #include "core/flow/save_company.h"
 #include "core/record/globals.h"
-#include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/trap.h"
 #include "pages/forms/form_helpers.h"

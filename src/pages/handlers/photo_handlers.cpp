@@ -8,7 +8,6 @@
 #include "core/record/globals.h"
 #include "images/image_fit.h"
 #include "images/thumbnail.h"
-#include "logging/error_pair.h"
 #include "logging/handled.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
