@@ -5,7 +5,7 @@ WINDOWS_CORE_PACKAGES=(
     g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine cmake ninja-build ccache python3 dpkg-dev tcl
     libgtest-dev libsqlite3-dev
 )
-WINDOWS_PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}" nsis nasm bison flex qt6-base-dev-tools qt6-l10n-tools imagemagick)
+WINDOWS_PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}" nsis zip unzip sqlite3 xvfb nasm bison flex qt6-base-dev-tools qt6-l10n-tools imagemagick)
 
 windows() {
     local command="${1:-core}"
@@ -13,6 +13,7 @@ windows() {
     case "$command" in
         core) windowsCore ;;
         libraries) windowsLibraries ;;
+        package) source tools/dev/windows_package.sh; windowsPackage "$@" ;;
         *) help; exit 2 ;;
     esac
 }
