@@ -24,8 +24,8 @@ target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --in
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search packed_texts hostile_key)
-orv_add_tests(http_tests adapters/http orv_adapters_http orv_adapters_posix suite_server_library nlohmann_json::nlohmann_json
-              GTest::gtest_main)
+orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_posix suite_server_library
+              nlohmann_json::nlohmann_json GTest::gtest_main)
 orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_posix GTest::gtest_main)
 orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)

@@ -3,6 +3,7 @@
 #include "adapters/http/curl_http_control.h"
 #include "adapters/http/http_company_send.h"
 #include "app/office_store.h"
+#include "app/sent_tables.h"
 #include "config/settings.h"
 #include "platform/services.h"
 
@@ -35,7 +36,7 @@ OfficeAdapters::OfficeAdapters(const std::string& programFolder)
     all.sysInfo = &sysInfo;
     all.stringCheck = &stringCheck;
     all.files = &fileService;
-    all.send = [this] { return std::make_unique<HttpCompanySend>(db, sendSettings()); };
+    all.send = [this] { return std::make_unique<HttpCompanySend>(db, sentTables(), sendSettings()); };
     all.fileSystem = &files;
     all.profiles = &profiles;
     all.registry = &registry;

@@ -5,7 +5,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "adapters/http/company_document.h"
+#include "app/sent_tables.h"
 #include "bench.h"
 #include "bench_office.h"
 #include "config/settings.h"
@@ -83,7 +83,8 @@ Result save(const std::string& folder) {
     orv::PageForm& page = orv::page<orv::frm_CompInp0>();
     const std::string base = "http://127.0.0.1:" + server.port();
     // The server then does the same work for both.
-    const std::string body = orv::companyDocument(*orv::services().db, orv::com().MdbOrvEstateDB(), "000004601");
+    const std::string body =
+        orv::companyDocument(*orv::services().db, orv::sentTables(), orv::com().MdbOrvEstateDB(), "000004601");
     const auto photo = [&](int slot) {
         return office.drive() /
                ("ORV/IMG/" + std::to_string(slot) + "/000004601COS00000000_0" + std::to_string(slot) + ".jpg");

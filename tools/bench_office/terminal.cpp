@@ -1,6 +1,6 @@
 #include "terminal.h"
 
-#include "adapters/http/company_document.h"
+#include "app/sent_tables.h"
 #include "config/settings.h"
 #include "core/flow/start.h"
 #include "core/record/globals.h"
@@ -17,7 +17,7 @@ public:
     orv::FailureRecord SendError() const override { return {}; }
     void SendPrepare(bool& ok) override { ok = true; }
     void SendCompany(const std::string& userId, std::string& id, bool& ok) override {
-        ok = !orv::companyDocument(*orv::services().db, orv::com().MdbOrvEstateDB(), userId).empty();
+        ok = !orv::companyDocument(*orv::services().db, orv::sentTables(), orv::com().MdbOrvEstateDB(), userId).empty();
         id = userId;
     }
 };

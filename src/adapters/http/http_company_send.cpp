@@ -5,7 +5,6 @@
 #include <cmath>
 #include <limits>
 
-#include "adapters/http/company_document.h"
 #include "adapters/http/curl_session.h"
 #include "platform/ascii.h"
 #include "platform/run_time_error.h"
@@ -103,7 +102,7 @@ void HttpCompanySend::SendCompany(const std::string& userId, std::string& id, bo
         HttpRequest request;
         request.url = settings_.url() + settings_.sendCus();
         request.headers = {"Content-Type: application/json; charset=utf-8"};
-        request.body = companyDocument(db_, settings_.store(), userId);
+        request.body = companyDocument(db_, tables_, settings_.store(), userId);
         const HttpResponse answer = exchangeInTime(std::move(request));
         requireSuccess(answer, "会社情報の送信がサーバーに受け付けられませんでした。");
         const auto given = idInAnswer(answer.body);

@@ -2,12 +2,13 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "adapters/http/company_document.h"
 #include "platform/suite/company_send_service.h"
 
 namespace orv {
 
-class DbService;
 struct HttpRequest;
 struct HttpResponse;
 
@@ -20,12 +21,13 @@ struct CompanySendSettings {
     std::function<std::string()> store;           ///< MdbOrvEstateDB
 };
 
-/// Sends a company as one JSON document over HTTP. Does not retry; the next save sends a failed company again. The text
-/// of `SendError` says that the company is stored, that the next save sends it, and the cause. Its code is the server's
-/// status, a run-time failure's number, or "SEND0001" to "SEND0005".
+/// Sends a company's `tables` as one JSON document over HTTP. Does not retry; the next save sends a failed company
+/// again. The text of `SendError` says that the company is stored, that the next save sends it, and the cause. Its code
+/// is the server's status, a run-time failure's number, or "SEND0001" to "SEND0005".
 class HttpCompanySend : public CompanySendService {
 public:
-    HttpCompanySend(DbService& db, CompanySendSettings settings) : db_(db), settings_(std::move(settings)) {}
+    HttpCompanySend(DbService& db, std::vector<SentTable> tables, CompanySendSettings settings)
+        : db_(db), tables_(std::move(tables)), settings_(std::move(settings)) {}
 
     FailureRecord SendError() const override { return error_; }
     void SendPrepare(bool& ok) override;
@@ -36,6 +38,7 @@ private:
     HttpResponse exchangeInTime(HttpRequest request) const;
 
     DbService& db_;
+    std::vector<SentTable> tables_;
     CompanySendSettings settings_;
     FailureRecord error_;
 };

@@ -5,9 +5,9 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "adapters/http/company_document.h"
 #include "adapters/sqlite/sqlite_store.h"
 #include "adapters/store/store_service.h"
+#include "app/sent_tables.h"
 #include "http_fixture.h"
 #include "platform/waiting.h"
 #include "support/store_files.h"
@@ -50,6 +50,7 @@ protected:
     std::string url = suite.url("/"), cusSendService = "cussend/", sendCus = "cussend/register", timeOut = "180000";
     std::string store = storeFile;
     HttpCompanySend send{db,
+                         sentTables(),
                          {[this] { return url; }, [this] { return cusSendService; }, [this] { return sendCus; },
                           [this] { return timeOut; }, [this] { return store; }}};
     std::string id = "before";
