@@ -29,7 +29,7 @@ orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_po
 orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_posix GTest::gtest_main)
 orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
-orv_add_tests(window_tests app orv_app orv_pages_layout orv_adapters_qt orv_adapters_posix
+orv_add_tests(window_tests app orv_app orv_adapters_qt orv_adapters_posix
               orv_adapters_text Qt6::Test)
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_ui_driver private_server GTest::gtest_main)

@@ -3,7 +3,7 @@
 #include "adapters/qt/application.h"
 #include "config/settings.h"
 #include "logging/write_log.h"
-#include "pages/layout/layouts.h"
+#include "pages/handlers/form_layouts.h"
 #include "platform/services.h"
 #include "version.h"
 

@@ -2,7 +2,7 @@
 
 #include "config/settings.h"
 #include "logging/write_log.h"
-#include "pages/handlers/page_handlers.h"
+#include "pages/handlers/page_table.h"
 
 namespace orv {
 
@@ -12,7 +12,7 @@ void tieSystem() {
                   .snd = [] { return com().LogSndFile(); },
                   .rcv = [] { return com().LogRcvFile(); },
                   .dwl = [] { return com().LogDwlFile(); }};
-    wirePages();
+    usePages(kPages);
 }
 
 }  // namespace orv

@@ -2,7 +2,7 @@
 
 namespace orv {
 
-/// Fills the tables of functions through which lower modules call upwards: the paths of the logs, the handlers of the
+/// Fills the tables of functions through which lower modules call upwards: the paths of the logs, the table of
 /// pages. Uses no adapter, so that test fixtures can call it too.
 void tieSystem();
 

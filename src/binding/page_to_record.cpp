@@ -1,6 +1,6 @@
 #include "binding/page_to_record.h"
 
-#include "binding/page_bindings.h"
+#include "binding/binding_row.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "platform/services.h"
@@ -61,27 +61,24 @@ bool readPage(const PageBinding& binding) {
     return true;
 }
 
-bool readPage(int pageNumber, const PageBinding& binding) {
+bool readPage(int pageNumber) {
     return trapped("[ PF_SetData_tCustomerInfo" + std::to_string(pageNumber) + " ] ",
-                   [&] { return readPage(binding); });
+                   [&] { return readPage(*pageEntry(pageNumber).binding); });
 }
-
-constexpr std::array kRoutines{PF_SetData_tCustomerInfo0, PF_SetData_tCustomerInfo1, PF_SetData_tCustomerInfo2,
-                               PF_SetData_tCustomerInfo3, PF_SetData_tCustomerInfo4};
 
 }  // namespace
 
-bool PF_SetData_tCustomerInfo0() { return readPage(0, kBinding0); }
-bool PF_SetData_tCustomerInfo1() { return readPage(1, kBinding1); }
-bool PF_SetData_tCustomerInfo2() { return readPage(2, kBinding2); }
-bool PF_SetData_tCustomerInfo3() { return readPage(3, kBinding3); }
-bool PF_SetData_tCustomerInfo4() { return readPage(4, kBinding4); }
+bool PF_SetData_tCustomerInfo0() { return readPage(0); }
+bool PF_SetData_tCustomerInfo1() { return readPage(1); }
+bool PF_SetData_tCustomerInfo2() { return readPage(2); }
+bool PF_SetData_tCustomerInfo3() { return readPage(3); }
+bool PF_SetData_tCustomerInfo4() { return readPage(4); }
 
 bool PF_SetData_tCustomerInfo(const std::string& formName) {
     return trapped("[ PF_SetData_tCustomerInfo ] ", [&] {
-        for (int number = 0; number < kPageCount; ++number) {
-            if (formName == "frm_CompInp" + std::to_string(number)) {
-                return !pageAt(number).ready || kRoutines.at(static_cast<std::size_t>(number))();
+        for (const PageEntry& page : pageEntries()) {
+            if (formName == pageFormName(page.number)) {
+                return !page.form().ready || page.read();
             }
         }
         return true;

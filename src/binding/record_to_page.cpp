@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "binding/page_bindings.h"
+#include "binding/binding_row.h"
 #include "core/record/globals.h"
 #include "logging/messages.h"
 #include "logging/setting_trap.h"
@@ -75,12 +75,12 @@ bool fill(PageForm& form, const PageBinding& binding) {
     return true;
 }
 
-bool show(int pageNumber, const PageBinding& binding) {
+bool show(int pageNumber) {
     const std::string label = "[ PF_SetData_Frm_CompInp" + std::to_string(pageNumber) + " ] ";
     return trapped(label, [&] {
         gErrItems.clear();
-        PageForm& form = pageAt(pageNumber);
-        if (!withFieldNames([&] { return withSettings([&] { return fill(form, binding); }); })) {
+        const PageEntry& page = pageEntry(pageNumber);
+        if (!withFieldNames([&] { return withSettings([&] { return fill(page.form(), *page.binding); }); })) {
             return false;
         }
         if (!gErrItems.empty()) {
@@ -92,16 +92,10 @@ bool show(int pageNumber, const PageBinding& binding) {
 
 }  // namespace
 
-bool PF_SetData_Frm_CompInp0() { return show(0, kBinding0); }
-bool PF_SetData_Frm_CompInp1() { return show(1, kBinding1); }
-bool PF_SetData_Frm_CompInp2() { return show(2, kBinding2); }
-bool PF_SetData_Frm_CompInp3() { return show(3, kBinding3); }
-bool PF_SetData_Frm_CompInp4() { return show(4, kBinding4); }
-
-bool showRecordOn(int pageNumber) {
-    constexpr std::array kRoutines{PF_SetData_Frm_CompInp0, PF_SetData_Frm_CompInp1, PF_SetData_Frm_CompInp2,
-                                   PF_SetData_Frm_CompInp3, PF_SetData_Frm_CompInp4};
-    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
-}
+bool PF_SetData_Frm_CompInp0() { return show(0); }
+bool PF_SetData_Frm_CompInp1() { return show(1); }
+bool PF_SetData_Frm_CompInp2() { return show(2); }
+bool PF_SetData_Frm_CompInp3() { return show(3); }
+bool PF_SetData_Frm_CompInp4() { return show(4); }
 
 }  // namespace orv

@@ -11,7 +11,4 @@ namespace orv {
 [[nodiscard]] bool PF_SetData_Frm_CompInp3();
 [[nodiscard]] bool PF_SetData_Frm_CompInp4();
 
-/// Fills the page with that number.
-[[nodiscard]] bool showRecordOn(int pageNumber);
-
 }  // namespace orv

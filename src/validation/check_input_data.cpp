@@ -1,8 +1,5 @@
 #include "validation/check_input_data.h"
 
-#include <array>
-#include <optional>
-
 #include "core/record/globals.h"
 #include "logging/messages.h"
 #include "logging/trap.h"
@@ -11,24 +8,15 @@
 #include "platform/forms/form_host.h"
 #include "platform/scope.h"
 #include "platform/services.h"
-#include "validation/rules/page_checks.h"
+#include "validation/rules/rule.h"
 
 namespace orv {
 namespace {
 
-struct PageCheck {
-    std::int16_t page;
-    bool (*check)(Refusal& out);
-};
-
-/// The order of the checks, independent of the current page.
-constexpr auto kChecks = std::to_array<PageCheck>(
-    {{0, PF_CheckFrmCompInp0Data}, {1, PF_CheckFrmCompInp1Data}, {2, PF_CheckFrmCompInp2Data}});
-
 void pointerBack() { services().forms->setPointer(kPointerDefault); }
 
-void showFault(std::int16_t page, PageForm& currentForm, const Refusal& refusal) {
-    if (!PF_Change_Frm_CompInp(page, currentForm)) {
+void showFault(const PageEntry& page, PageForm& currentForm, const Refusal& refusal) {
+    if (!PF_Change_Frm_CompInp(static_cast<std::int16_t>(page.number), currentForm)) {
         return;
     }
     PF_SetFocusTo(refusal.focus);
@@ -39,25 +27,25 @@ void showFault(std::int16_t page, PageForm& currentForm, const Refusal& refusal)
     showMessage("COS19800", {refusal.text});
 }
 
-/// Returns the first page that fails, or nothing if all pass.
-std::optional<std::int16_t> failingPage(Refusal& refusal) {
+/// Checks the pages in their order, independent of the current page. Returns the first that fails, or null if all pass.
+const PageEntry* findFailingPage(Refusal& refusal) {
     const FlagGuard checking(gChecking);
-    for (const PageCheck& page : kChecks) {
+    for (const PageEntry& page : pageEntries()) {
         refusal.text.clear();
-        if (!page.check(refusal)) {
-            return page.page;
+        if (page.check != nullptr && !page.check(refusal)) {
+            return &page;
         }
     }
-    return std::nullopt;
+    return nullptr;
 }
 
 bool checkPages(PageForm& currentForm) {
     Refusal refusal;
-    const std::optional<std::int16_t> page = failingPage(refusal);
-    if (page) {
+    const PageEntry* const page = findFailingPage(refusal);
+    if (page != nullptr) {
         showFault(*page, currentForm, refusal);
     }
-    return !page;
+    return page == nullptr;
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "pages/layout/layouts.h"
+#include "pages/handlers/form_layouts.h"
 
 #include <QScrollArea>
 #include <QTest>
@@ -8,6 +8,7 @@
 #include "images/frm_img_common.h"
 #include "pages/forms/page_set.h"
 #include "support/form_test.h"
+#include "support/unwired_pages.h"
 #include "support/widgets.h"
 
 namespace orv {
@@ -15,7 +16,7 @@ namespace {
 
 class Layouts : public FormTest {
 protected:
-    Layouts() { wirePagesWith({}); }
+    Layouts() { useUnwiredPages(); }
     ~Layouts() override { dropPages(); }
 
     std::vector<Form*> all() {

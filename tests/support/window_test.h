@@ -7,7 +7,7 @@
 #include <QTimer>
 
 #include "adapters/qt/qt_window_system.h"
-#include "pages/layout/layouts.h"
+#include "pages/handlers/form_layouts.h"
 #include "support/fixture.h"
 #include "support/widgets.h"
 

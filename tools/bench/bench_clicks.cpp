@@ -5,7 +5,7 @@
 
 #include "bench.h"
 #include "bench_office.h"
-#include "pages/forms/page_form.h"
+#include "pages/handlers/page_table.h"
 #include "ui_driver.h"
 
 namespace bench {
@@ -125,7 +125,7 @@ private:
     }
     void goTo(int page) {
         clickAt("btm_ChangePage", page);
-        note("page_change", std::string(orv::kPageButtons[static_cast<std::size_t>(page)].caption));
+        note("page_change", std::string(orv::kPages.at(static_cast<std::size_t>(page)).name));
         arrived(terminal_.waitForPage(page));
     }
     void openDialog() {

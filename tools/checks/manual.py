@@ -64,7 +64,7 @@ def inputs(repository):
         names |= set(re.findall(r'\{"(\w+)",\s*-?\d', text))
     names = {name for name in names if not name.startswith("lbl_")} - {"pic_Logo", "pic_LeftLine", "pic_Info"}
     for _, text in sources(repository, "src/pages/forms/*.h"):
-        names |= set(re.findall(r'Form\("(frm_\w+)"', text))
+        names |= set(re.findall(r"struct (frm_\w+) :", text))
     return names
 
 

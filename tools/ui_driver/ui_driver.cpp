@@ -11,8 +11,8 @@
 #include <thread>
 
 #include "adapters/text/cp932.h"
-#include "pages/forms/page_form.h"
-#include "pages/layout/layouts.h"
+#include "pages/handlers/form_layouts.h"
+#include "pages/handlers/page_table.h"
 
 namespace ui_driver {
 namespace {
@@ -188,8 +188,8 @@ bool Terminal::waitForForm(const std::string& form, const std::string& title, bo
 }
 
 bool Terminal::waitForPage(int number, bool enabled) {
-    const std::string button(orv::kPageButtons[static_cast<std::size_t>(number)].caption);
-    return waitForForm("frm_CompInp" + std::to_string(number), ".* - " + button + "\\*?", enabled);
+    const std::string button(orv::kPages.at(static_cast<std::size_t>(number)).name);
+    return waitForForm(orv::pageFormName(number), ".* - " + button + "\\*?", enabled);
 }
 
 bool Terminal::waitForPasswordDialog() { return waitForForm("frm_ChangePassword", "パスワード変更"); }

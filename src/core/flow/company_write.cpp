@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "binding/page_bindings.h"
+#include "binding/binding_row.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "logging/write_log.h"
@@ -20,9 +20,6 @@ namespace orv {
 namespace {
 
 constexpr std::string_view kEndsLiteral("'\0", 2);
-constexpr std::size_t kEnvironmentPage = 4;
-
-const std::array kBindings{&kBinding0, &kBinding1, &kBinding2, &kBinding3, &kBinding4};
 
 bool isPhoto(TextField field) {
     return std::ranges::any_of(kPhotoSlots, [&](const PhotoSlot& slot) { return slot.file == field; });
@@ -35,14 +32,14 @@ std::string displayName(const BindingRow& row) {
 
 /// Returns where the field is shown, or which program sets it.
 std::string describePlace(const FieldInfo& field) {
-    for (std::size_t page = 0; page < kBindings.size(); ++page) {
-        const auto& rows = kBindings[page]->rows;
+    for (const PageEntry& page : pageEntries()) {
+        const auto& rows = page.binding->rows;
         const auto row = std::ranges::find(rows, field.text, &BindingRow::field);
         if (row != rows.end()) {
-            const std::string place =
-                "「" + std::string(kPageButtons[page].caption) + "」の画面の「" + displayName(*row) + "」";
-            return place + (page == kEnvironmentPage ? "は、この端末の設定から読まれています。設定を直してから、"
-                                                     : "を開いて直してから、");
+            const std::string place = "「" + std::string(page.name) + "」の画面の「" + displayName(*row) + "」";
+            return place + (page.number == frm_CompInp4::kNumber
+                                ? "は、この端末の設定から読まれています。設定を直してから、"
+                                : "を開いて直してから、");
         }
     }
     return "項目「" + std::string(field.name) +

@@ -7,7 +7,9 @@ namespace orv {
 
 /// The company, its office, and the site of the computer.
 struct frm_CompInp0 : PageForm {
-    frm_CompInp0() : PageForm("frm_CompInp0", 0) {
+    static constexpr int kNumber = 0;
+
+    frm_CompInp0() : PageForm(kNumber) {
         nameBlock(lbl_EqualData.labelDesign().caption, txt_Pc_Post_Code, txt_Pc_Mail_Address);
     }
 

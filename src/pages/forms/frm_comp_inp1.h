@@ -30,7 +30,9 @@ constexpr std::array<CheckDesign, 9> koutoriBoxes() {
 
 /// The broker's licence, the associations and the fair-trade councils.
 struct frm_CompInp1 : PageForm {
-    frm_CompInp1() : PageForm("frm_CompInp1", 1) {
+    static constexpr int kNumber = 1;
+
+    frm_CompInp1() : PageForm(kNumber) {
         nameBlock(cbo_License_No.caption(), txt_License_no_Dai, txt_License_No_Go);
         nameBlock("有効期限開始", txt_Get_License_Date[0], txt_Get_License_Date[2]);
         nameBlock("有効期限終了", cbo_Valid_License_Nengou, txt_Valid_License_Date[2]);

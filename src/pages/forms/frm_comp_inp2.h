@@ -15,7 +15,9 @@ inline constexpr int kTabPhoto2 = kTabFields + 2;
 
 /// Access to the agency, its presentation, and its two photos.
 struct frm_CompInp2 : PageForm {
-    frm_CompInp2() : PageForm("frm_CompInp2", 2) {
+    static constexpr int kNumber = 2;
+
+    frm_CompInp2() : PageForm(kNumber) {
         txt_Company_Comment.setBlock(kOtherHeading);
         for (std::size_t slot = 0; slot < kPhotoHeadings.size(); ++slot) {
             cbo_pic_PhotoFile[slot].setBlock(kPhotoHeadings[slot]);

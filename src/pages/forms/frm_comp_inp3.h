@@ -50,7 +50,9 @@ inline constexpr std::array<LabelDesign, 3> kBusinessGroups{
 
 /// The agency's kinds of business, and its related businesses.
 struct frm_CompInp3 : PageForm {
-    frm_CompInp3() : PageForm("frm_CompInp3", 3) {
+    static constexpr int kNumber = 3;
+
+    frm_CompInp3() : PageForm(kNumber) {
         nameBlocks<4>(lbl_Management_Type_Table, chk_Management_Type_Flg, {5, 8, 3, 12});
         nameBlocks<3>(lbl_Business_Type_Table, chk_Business_Type_Flg, {5, 6, 1});
     }

@@ -6,7 +6,9 @@ namespace orv {
 
 /// The measured data of the computer. Read-only.
 struct frm_CompInp4 : PageForm {
-    frm_CompInp4() : PageForm("frm_CompInp4", 4) {}
+    static constexpr int kNumber = 4;
+
+    frm_CompInp4() : PageForm(kNumber) {}
 
     // clang-format off
     Label lbl_OS_Ver_Title{*this, "lbl_OS_Ver_Title", {.caption = "OSバージョン："}};

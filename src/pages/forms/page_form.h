@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "pages/forms/page_entry.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
 #include "platform/controls/combo_box.h"
@@ -24,13 +25,14 @@ inline constexpr int kTabSave = 10;
 inline constexpr int kTabLeave = 11;
 inline constexpr int kTabPages = 12;
 
-constexpr ButtonDesign pageButton(std::string_view caption, std::string_view shortcut) {
-    return {.caption = caption, .look = ButtonLook::Page, .tabRank = kTabPages, .shortcut = shortcut};
+/// Returns a button for each page.
+inline std::array<ButtonDesign, kPageCount> pageButtons() {
+    std::array<ButtonDesign, kPageCount> buttons;
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        buttons[i] = {.caption = pageEntries()[i].name, .look = ButtonLook::Page, .tabRank = kTabPages};
+    }
+    return buttons;
 }
-
-inline constexpr std::array kPageButtons{pageButton("会社情報", "Alt+1"), pageButton("免許・所属団体", "Alt+2"),
-                                         pageButton("交通・会社ＰＲ", "Alt+3"), pageButton("業務内容", "Alt+4"),
-                                         pageButton("動作環境", "Alt+5")};
 
 /// Returns boxes that start unticked, with the colours for that, one for each caption.
 template <std::size_t N>
@@ -44,23 +46,25 @@ constexpr std::array<CheckDesign, N> tickBoxes(const std::array<std::string_view
 
 /// The common controls of all pages, and the page's number.
 struct PageForm : Form {
-    PageForm(std::string_view form, int page)
-        : Form(form, "お客様情報設定 - " + std::string(kPageButtons[static_cast<std::size_t>(page)].caption),
-               {kPageWidth, kPageHeight}),
+    explicit PageForm(int page)
+        : Form(pageFormName(page), "お客様情報設定 - " + std::string(pageEntry(page).name), {kPageWidth, kPageHeight}),
           number(page) {
+        for (std::size_t i = 0; i < btm_ChangePage.size(); ++i) {
+            btm_ChangePage[i].addShortcut("Alt+" + std::to_string(i + 1));
+        }
         const auto own = static_cast<std::size_t>(page);
         btm_ChangePage[own].setMarked(true);
         restAt(btm_ChangePage[own]);
         if (own > 0) {
             btm_ChangePage[own - 1].addShortcut("Ctrl+PgUp");
         }
-        if (own + 1 < kPageButtons.size()) {
+        if (own + 1 < btm_ChangePage.size()) {
             btm_ChangePage[own + 1].addShortcut("Ctrl+PgDown");
         }
     }
 
     /// Returns the page's name on its button.
-    std::string_view pageName() const { return kPageButtons[static_cast<std::size_t>(number)].caption; }
+    std::string_view pageName() const { return pageEntry(number).name; }
     /// Returns the page's name in failure texts: "CompInp0".
     std::string tag() const { return "CompInp" + std::to_string(number); }
 
@@ -88,7 +92,7 @@ struct PageForm : Form {
     Label lbl_UserId{*this, "lbl_UserId", {.look = LabelLook::Panel, .visible = false, .spokenName = lbl_User_Id.labelDesign().caption}};
     Label lbl_TitleCompany{*this, "lbl_TitleCompany", {.look = LabelLook::Title, .fontSize = 15, .spokenName = "会社"}};
     Label lbl_TitleRyutuKaiin{*this, "lbl_TitleRyutuKaiin", {.look = LabelLook::Title}};
-    ControlArray<Button, 5> btm_ChangePage{*this, "btm_ChangePage", kPageButtons};
+    ControlArray<Button, kPageCount> btm_ChangePage{*this, "btm_ChangePage", pageButtons()};
     Button btm_Save{*this, "btm_Save", {.caption = "保存", .look = ButtonLook::Action, .tabRank = kTabSave, .accessKey = U'S', .shortcut = "Ctrl+S"}};
     Button btm_Back_Menu{*this, "btm_Back_Menu", {.caption = "メニューへ戻る", .look = ButtonLook::Action, .tabRank = kTabLeave, .accessKey = U'M'}};
     Label pic_Logo{*this, "pic_Logo", {.caption = "不動産業務", .look = LabelLook::Title, .fontSize = 12}};

@@ -1,37 +1,20 @@
 #include "pages/forms/page_set.h"
 
-#include <array>
 #include <memory>
 #include <tuple>
+#include <type_traits>
 
 #include "platform/forms/form_host.h"
-#include "platform/run_time_error.h"
 #include "platform/services.h"
 
 namespace orv {
 namespace {
 
-using Pages =
+using Forms =
     std::tuple<std::unique_ptr<frm_CompInp0>, std::unique_ptr<frm_CompInp1>, std::unique_ptr<frm_CompInp2>,
                std::unique_ptr<frm_CompInp3>, std::unique_ptr<frm_CompInp4>, std::unique_ptr<frm_ChangePassword>>;
 
-Pages pages;
-PageWiring wiring;
-
-const auto& wiringFor(const frm_CompInp0&) { return wiring.compInp0; }
-const auto& wiringFor(const frm_CompInp1&) { return wiring.compInp1; }
-const auto& wiringFor(const frm_CompInp2&) { return wiring.compInp2; }
-const auto& wiringFor(const frm_CompInp3&) { return wiring.compInp3; }
-const auto& wiringFor(const frm_CompInp4&) { return wiring.compInp4; }
-const auto& wiringFor(const frm_ChangePassword&) { return wiring.changePassword; }
-
-template <class F>
-PageForm& asPage() {
-    return page<F>();
-}
-
-constexpr std::array<PageForm& (*)(), kPageCount> kPages{
-    asPage<frm_CompInp0>, asPage<frm_CompInp1>, asPage<frm_CompInp2>, asPage<frm_CompInp3>, asPage<frm_CompInp4>};
+Forms forms;
 
 template <class F>
 void dropIfSame(std::unique_ptr<F>& made, const Form& form) {
@@ -44,11 +27,11 @@ void dropIfSame(std::unique_ptr<F>& made, const Form& form) {
 
 template <class F>
 F& page() {
-    auto& made = std::get<std::unique_ptr<F>>(pages);
+    auto& made = std::get<std::unique_ptr<F>>(forms);
     if (!made) {
         made = std::make_unique<F>();
-        if (const auto& tie = wiringFor(*made)) {
-            tie(*made);
+        if constexpr (std::is_base_of_v<PageForm, F>) {
+            pageEntry(F::kNumber).wire();
         }
     }
     return *made;
@@ -61,19 +44,12 @@ template frm_CompInp3& page();
 template frm_CompInp4& page();
 template frm_ChangePassword& page();
 
-PageForm& pageAt(int number) {
-    if (number < 0 || number >= kPageCount) {
-        throw RunTimeError(Failure::SubscriptOutOfRange);
-    }
-    return kPages[static_cast<std::size_t>(number)]();
-}
+PageForm& pageAt(int number) { return pageEntry(number).form(); }
 
 void dropPage(Form& form) {
-    std::apply([&form](auto&... made) { (dropIfSame(made, form), ...); }, pages);
+    std::apply([&form](auto&... made) { (dropIfSame(made, form), ...); }, forms);
 }
 
-void dropPages() { pages = {}; }
-
-void wirePagesWith(PageWiring ties) { wiring = std::move(ties); }
+void dropPages() { forms = {}; }
 
 }  // namespace orv

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "pages/forms/frm_change_password.h"
 #include "pages/forms/frm_comp_inp0.h"
 #include "pages/forms/frm_comp_inp1.h"
@@ -10,35 +8,21 @@
 #include "pages/forms/frm_comp_inp4.h"
 
 namespace orv {
-inline constexpr int kPageCount = 5;
 
-/// Returns the one object of a page or of the password dialog. The first call creates it and connects its events, but
-/// does not load it.
+/// Returns the one object of a page or of the password dialog. The first call creates it, but does not load it. A
+/// page's events are then connected to their handlers.
 template <class F>
 F& page();
 
-/// Returns the page with that number. Failure 9 outside 0 to 4.
+/// Returns the page with that number. Failure 9 if there is none.
 PageForm& pageAt(int number);
 
 /// Removes the object; the next `page<F>()` creates a new one. The form host keeps the old one until no event is
-/// running. Does nothing for a form that is not one of the six.
+/// running. Does nothing for any other form.
 void dropPage(Form& form);
 
-/// Destroys all six at once. For tests only, while none of them is loaded.
+/// Destroys all objects at once. For tests only, while none of them is loaded.
 void dropPages();
-
-/// Functions that connect the events of a new page to its handlers, which are in a higher layer than this file.
-struct PageWiring {
-    std::function<void(frm_CompInp0&)> compInp0 = {};
-    std::function<void(frm_CompInp1&)> compInp1 = {};
-    std::function<void(frm_CompInp2&)> compInp2 = {};
-    std::function<void(frm_CompInp3&)> compInp3 = {};
-    std::function<void(frm_CompInp4&)> compInp4 = {};
-    std::function<void(frm_ChangePassword&)> changePassword = {};
-};
-
-/// Applies to pages created from now on. A page without a function is not connected.
-void wirePagesWith(PageWiring wiring);
 
 /// Names a control in a table. It is a function, so that a constexpr row can contain it and the page is created only
 /// when the row is used.

@@ -22,9 +22,6 @@ namespace orv {
 [[nodiscard]] bool P_MakeComboBox_CompInp3();
 [[nodiscard]] bool P_MakeComboBox_CompInp4();
 
-/// Fills the lists of the page with that number.
-[[nodiscard]] bool fillLists(int pageNumber);
-
 /// Starts a page when it is loaded: position, background, title, lists, data. True if the page is ready. On false the
 /// pair holds the failure.
 [[nodiscard]] bool startPage(PageForm& form);
@@ -34,13 +31,10 @@ void showTitle(PageForm& form);
 
 // The drawing below a page's controls: stripes, upper and lower band, title, bars and boxes.
 
-[[nodiscard]] bool P_MakeComp0View(frm_CompInp0& form);
-[[nodiscard]] bool P_MakeComp1View(frm_CompInp1& form);
-[[nodiscard]] bool P_MakeComp2View(frm_CompInp2& form);
-[[nodiscard]] bool P_MakeComp3View(frm_CompInp3& form);
-[[nodiscard]] bool P_MakeComp4View(frm_CompInp4& form);
-
-/// Draws the page with that number.
-[[nodiscard]] bool drawPage(int pageNumber);
+[[nodiscard]] bool P_MakeComp0View();
+[[nodiscard]] bool P_MakeComp1View();
+[[nodiscard]] bool P_MakeComp2View();
+[[nodiscard]] bool P_MakeComp3View();
+[[nodiscard]] bool P_MakeComp4View();
 
 }  // namespace orv

@@ -4,7 +4,6 @@
 #include <span>
 #include <string_view>
 
-#include "binding/record_to_page.h"
 #include "core/record/globals.h"
 #include "logging/trap.h"
 #include "pages/forms/form_helpers.h"
@@ -69,12 +68,6 @@ bool P_MakeComboBox_CompInp2() { return P_MakeComboBox_CompInpN("[ P_MakeComboBo
 bool P_MakeComboBox_CompInp3() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp3 ]", pageAt(3), {}); }
 bool P_MakeComboBox_CompInp4() { return P_MakeComboBox_CompInpN("[ P_MakeComboBox_CompInp4 ]", pageAt(4), {}); }
 
-bool fillLists(int pageNumber) {
-    constexpr std::array kRoutines{P_MakeComboBox_CompInp0, P_MakeComboBox_CompInp1, P_MakeComboBox_CompInp2,
-                                   P_MakeComboBox_CompInp3, P_MakeComboBox_CompInp4};
-    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
-}
-
 void showTitle(PageForm& form) {
     const std::string name = tCustomerInfo.COMPANY_NAME.empty() ? "" : " " + tCustomerInfo.COMPANY_NAME;
     form.setCaption(tCustomerInfo.USER_ID + name + " - " + std::string(form.pageName()));
@@ -85,12 +78,13 @@ void showTitle(PageForm& form) {
 }
 
 bool startPage(PageForm& form) {
+    const PageEntry& page = pageEntry(form.number);
     PS_SetFormCenter(form);
-    if (!drawPage(form.number)) {
+    if (!page.draw()) {
         return false;
     }
     showTitle(form);
-    form.ready = fillLists(form.number) && showRecordOn(form.number);
+    form.ready = page.fillLists() && page.show();
     return form.ready;
 }
 

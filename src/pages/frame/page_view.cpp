@@ -6,6 +6,7 @@
 
 #include "logging/trap.h"
 #include "pages/forms/form_helpers.h"
+#include "pages/forms/page_set.h"
 
 namespace orv {
 namespace {
@@ -118,18 +119,10 @@ bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> ba
 
 }  // namespace
 
-bool P_MakeComp0View(frm_CompInp0& form) { return P_MakeCompNView("[ P_MakeComp0View ] ", form, kBars0, Legend::Yes); }
-bool P_MakeComp1View(frm_CompInp1& form) { return P_MakeCompNView("[ P_MakeComp1View ] ", form, kBars1, Legend::Yes); }
-bool P_MakeComp2View(frm_CompInp2& form) { return P_MakeCompNView("[ P_MakeComp2View ] ", form, kBars2, Legend::Yes); }
-bool P_MakeComp3View(frm_CompInp3& form) { return P_MakeCompNView("[ P_MakeComp3View ] ", form, kBars3, Legend::No); }
-bool P_MakeComp4View(frm_CompInp4& form) { return P_MakeCompNView("[ P_MakeComp4View ] ", form, kBars4, Legend::No); }
-
-bool drawPage(int pageNumber) {
-    constexpr std::array<bool (*)(), kPageCount> kRoutines{
-        [] { return P_MakeComp0View(page<frm_CompInp0>()); }, [] { return P_MakeComp1View(page<frm_CompInp1>()); },
-        [] { return P_MakeComp2View(page<frm_CompInp2>()); }, [] { return P_MakeComp3View(page<frm_CompInp3>()); },
-        [] { return P_MakeComp4View(page<frm_CompInp4>()); }};
-    return kRoutines.at(static_cast<std::size_t>(pageNumber))();
-}
+bool P_MakeComp0View() { return P_MakeCompNView("[ P_MakeComp0View ] ", pageAt(0), kBars0, Legend::Yes); }
+bool P_MakeComp1View() { return P_MakeCompNView("[ P_MakeComp1View ] ", pageAt(1), kBars1, Legend::Yes); }
+bool P_MakeComp2View() { return P_MakeCompNView("[ P_MakeComp2View ] ", pageAt(2), kBars2, Legend::Yes); }
+bool P_MakeComp3View() { return P_MakeCompNView("[ P_MakeComp3View ] ", pageAt(3), kBars3, Legend::No); }
+bool P_MakeComp4View() { return P_MakeCompNView("[ P_MakeComp4View ] ", pageAt(4), kBars4, Legend::No); }
 
 }  // namespace orv

@@ -88,7 +88,10 @@ void hyphenate(TextInput& postCode, const char* label) {
 /// Disables the button while its dialog is open, and always unloads the dialog.
 class PasswordDialog : NonCopyable {
 public:
-    explicit PasswordDialog(Button& opener) : opener_(opener) { opener_.setEnabled(false); }
+    explicit PasswordDialog(Button& opener) : opener_(opener) {
+        opener_.setEnabled(false);
+        wireChangePassword(dialog_);
+    }
     ~PasswordDialog() {
         services().forms->unload(dialog_, UnloadMode::Code);
         opener_.setEnabled(true);

@@ -5,6 +5,7 @@
 #include "pages/forms/frm_comp_inp1.h"
 #include "pages/forms/frm_comp_inp2.h"
 #include "pages/forms/frm_comp_inp3.h"
+#include "pages/forms/frm_comp_inp4.h"
 
 namespace orv {
 
@@ -60,6 +61,9 @@ void chk_Business_Type_Flg_Click(frm_CompInp3& form, int index);
 
 void wireCompInp3(frm_CompInp3& form);
 
+/// This read-only page has no handlers of its own.
+void wireCompInp4(frm_CompInp4& form);
+
 void Form_Load(frm_ChangePassword& dialog);
 /// Accepts the change and closes the dialog. After a rejection the dialog stays open with the typed texts.
 void btm_Entry_Click(frm_ChangePassword& dialog);
@@ -67,8 +71,5 @@ void btm_Cancel_Click(frm_ChangePassword& dialog);
 
 /// Enter confirms in any field; Esc cancels everywhere.
 void wireChangePassword(frm_ChangePassword& dialog);
-
-/// Connects the events of all pages to their handlers. Applies to pages created from now on.
-void wirePages();
 
 }  // namespace orv

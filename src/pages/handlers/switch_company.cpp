@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "binding/record_to_page.h"
 #include "core/flow/company_load.h"
 #include "core/record/globals.h"
 #include "logging/handled.h"
@@ -56,7 +55,8 @@ bool loadCompany(const std::string& label, const std::string& wish) {
 /// A page whose start failed needs its lists first. Without them it would return blanks.
 bool fillPage(PageForm& form, const std::string& label, bool listsThere) {
     showTitle(form);
-    form.ready = trapped(label, [&] { return (listsThere || fillLists(form.number)) && showRecordOn(form.number); });
+    const PageEntry& page = pageEntry(form.number);
+    form.ready = trapped(label, [&] { return (listsThere || page.fillLists()) && page.show(); });
     return form.ready;
 }
 

@@ -4,12 +4,14 @@
 #include "sample_folder.h"
 #include "support/form_test.h"
 #include "support/temp_folder.h"
+#include "support/unwired_pages.h"
 
 namespace orv {
 namespace {
 
 class PageFields : public FormTest {
 protected:
+    PageFields() { useUnwiredPages(); }
     ~PageFields() override { dropPages(); }
 };
 
