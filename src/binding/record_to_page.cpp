@@ -45,7 +45,7 @@ void emptyPage(PageForm& form, const PageBinding& binding) {
             empty(*control);
         }
     }
-    for (const BindingRow& row : binding.rows) {
+    for (const BindingRow& row : binding.rows()) {
         if (row.control().kind() == ControlKind::Label) {
             static_cast<Label&>(row.control()).setCaption("");
         }
@@ -63,13 +63,14 @@ void showCompanyNumber(PageForm& form) {
 bool fill(PageForm& form, const PageBinding& binding) {
     emptyPage(form, binding);
     showCompanyNumber(form);
-    for (const Step& place : binding.toPage) {
+    for (const Step& place : binding.toPage()) {
         if (place.named != nullptr) {
             if (!place.named()) {
                 return false;
             }
         } else {
-            PF_SetControlValue(findRow(binding.rows, place.field).control(), tCustomerInfo.*place.field);
+            const TextField field = place.fields[0];
+            PF_SetControlValue(findRow(binding.rows(), field).control(), tCustomerInfo.*field);
         }
     }
     return true;

@@ -33,7 +33,7 @@ std::string displayName(const BindingRow& row) {
 /// Returns where the field is shown, or which program sets it.
 std::string describePlace(const FieldInfo& field) {
     for (const PageEntry& page : pageEntries()) {
-        const auto& rows = page.binding->rows;
+        const std::span<const BindingRow> rows = page.binding->rows();
         const auto row = std::ranges::find(rows, field.text, &BindingRow::field);
         if (row != rows.end()) {
             const std::string place = "「" + std::string(page.name) + "」の画面の「" + displayName(*row) + "」";

@@ -8,7 +8,7 @@
 
 namespace orv {
 
-struct PageBinding;
+class PageBinding;
 struct PageForm;
 struct Refusal;
 
