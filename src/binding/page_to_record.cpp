@@ -10,25 +10,6 @@
 namespace orv {
 namespace {
 
-/// Returns the control's content as text, or null for a number control without a number.
-Value readContent(const Control& control) {
-    switch (control.kind()) {
-        case ControlKind::TextInput:
-            return static_cast<const TextInput&>(control).text();
-        case ControlKind::NumberInput:
-            return static_cast<const NumberInput&>(control).value();
-        case ControlKind::ComboBox:
-            return static_cast<const ComboBox&>(control).text();
-        case ControlKind::Label:
-            return static_cast<const Label&>(control).caption();
-        case ControlKind::CheckBox:
-        case ControlKind::Button:
-        case ControlKind::Image:
-            break;
-    }
-    throw RunTimeError(Failure::InvalidCall);
-}
-
 std::string normalised(const std::string& text) {
     std::string cleaned;
     services().stringCheck->Normalize(text, cleaned);
@@ -36,7 +17,7 @@ std::string normalised(const std::string& text) {
 }
 
 std::string readField(const BindingRow& row) {
-    const Value content = readContent(row.control());
+    const Value content = row.control().content();
     switch (row.readAs) {
         case ReadAs::NullToStr:
             return PF_NullToStr(content, "");

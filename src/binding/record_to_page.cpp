@@ -13,41 +13,17 @@
 namespace orv {
 namespace {
 
-/// Resets an input to its initial state.
-void empty(Control& control) {
-    switch (control.kind()) {
-        case ControlKind::TextInput:
-            static_cast<TextInput&>(control).setText("");
-            break;
-        case ControlKind::NumberInput:
-            static_cast<NumberInput&>(control).setText("");
-            break;
-        case ControlKind::ComboBox:
-            static_cast<ComboBox&>(control).setEnabled(true);  // enabling later would select the first row
-            static_cast<ComboBox&>(control).setListIndex(-1);
-            break;
-        case ControlKind::CheckBox:
-            static_cast<CheckBox&>(control).setValue(static_cast<CheckBox&>(control).checkDesign().value);
-            break;
-        case ControlKind::Image:
-            static_cast<ImageControl&>(control).clear();
-            break;
-        case ControlKind::Label:
-        case ControlKind::Button:
-            break;
-    }
-}
-
 /// Clears the page, so that it does not show values of the previous company.
 void emptyPage(PageForm& form, const PageBinding& binding) {
     for (Control* control : form.controls()) {
         if (control != &form.cbo_User_Id) {
-            empty(*control);
+            control->reset();
         }
     }
     for (const BindingRow& row : binding.rows()) {
-        if (row.control().kind() == ControlKind::Label) {
-            static_cast<Label&>(row.control()).setCaption("");
+        const TypedControl control = row.control().self();
+        if (Label* const* label = std::get_if<Label*>(&control)) {
+            (*label)->setCaption("");
         }
     }
 }

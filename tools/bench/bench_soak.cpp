@@ -33,7 +33,7 @@ double residentKilobytes() {
 
 double cpuMilliseconds() { return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-orv::PageForm& pageOnScreen() { return static_cast<orv::PageForm&>(*orv::services().forms->activeForm()); }
+orv::PageForm& pageOnScreen() { return dynamic_cast<orv::PageForm&>(*orv::services().forms->activeForm()); }
 
 /// The memory in use after a round, and the cost of its page changes.
 struct Reading {

@@ -22,28 +22,6 @@ constexpr int kUnitGap = 3;
 constexpr int kUnitWidth = 60;
 constexpr int kKeySpace = 32;
 
-/// The frame around the control that has the focus. Clicks pass through it.
-class FocusFrame : public QWidget {
-public:
-    explicit FocusFrame(QWidget* page) : QWidget(page) {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-        setFocusPolicy(Qt::NoFocus);
-        hide();
-    }
-    void around(const QWidget& widget) {
-        setGeometry(widget.geometry().adjusted(-2, -2, 2, 2));
-        raise();
-        show();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setPen(QPen(toQt(kFocus), 2));
-        painter.drawRect(rect().adjusted(1, 1, -1, -1));
-    }
-};
-
 bool acceptsFocus(const Control& control) {
     return control.kind() != ControlKind::Label && control.kind() != ControlKind::Image;
 }
@@ -90,6 +68,28 @@ int toKeyCode(int key) {
 }
 
 }  // namespace
+
+/// The frame around the control that has the focus. Clicks pass through it.
+class FormPane::FocusFrame : public QWidget {
+public:
+    explicit FocusFrame(QWidget* page) : QWidget(page) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFocusPolicy(Qt::NoFocus);
+        hide();
+    }
+    void around(const QWidget& widget) {
+        setGeometry(widget.geometry().adjusted(-2, -2, 2, 2));
+        raise();
+        show();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(QPen(toQt(kFocus), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+};
 
 FormPane::FormPane(Form& form, FormHost& forms, std::span<const Placement> layout, const PageScale& scale)
     : form_(form), forms_(forms), scale_(scale) {
@@ -150,7 +150,7 @@ void FormPane::placeAll() {
         placed.view->widget().setGeometry(scale_.box(placed.view->control().box()));
     }
     if (const ControlView* view = findView(focusWidget()); view != nullptr && focusFrame_->isVisible()) {
-        static_cast<FocusFrame*>(focusFrame_)->around(view->widget());
+        focusFrame_->around(view->widget());
     }
     update();
 }
@@ -232,7 +232,7 @@ void FormPane::focusArrived(ControlView& view, Qt::FocusReason reason) {
     if (const PlacedView* placed = findPlaced(&view.widget()); top != nullptr && reason != Qt::MouseFocusReason) {
         top->reveal(placedArea(*placed));
     }
-    static_cast<FocusFrame*>(focusFrame_)->around(view.widget());
+    focusFrame_->around(view.widget());
     form_.focusArrived(view.control());
 }
 

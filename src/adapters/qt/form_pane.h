@@ -46,6 +46,8 @@ protected:
     void focusOutEvent(QFocusEvent*) override {}
 
 private:
+    class FocusFrame;
+
     struct PlacedView {
         std::unique_ptr<ControlView> view;
         int captionWidth = 0;
@@ -72,7 +74,7 @@ private:
     FormHost& forms_;
     PageScale scale_;
     std::vector<PlacedView> placed_;
-    QWidget* focusFrame_;
+    FocusFrame* focusFrame_;
     std::unique_ptr<InputGate> gate_;  // while the form is disabled
     bool centred_ = false;
     bool left_ = false;

@@ -6,6 +6,7 @@
 #include "platform/ascii.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
+#include "platform/controls/image_control.h"
 #include "platform/design.h"
 #include "platform/forms/form_host.h"
 #include "platform/machine/file_system.h"
@@ -28,7 +29,9 @@ bool fieldNamesInPlace() {
     return inPlace;
 }
 
-void choose(ComboBox& combo, const std::string& raw, const std::string& value) {
+// Assign `value`, which is `raw` without the blanks at its end, to a control.
+
+void assign(ComboBox& combo, const std::string& raw, const std::string& value) {
     if (raw.empty()) {
         combo.setListIndex(-1);
         return;
@@ -40,33 +43,17 @@ void choose(ComboBox& combo, const std::string& raw, const std::string& value) {
     }
 }
 
-bool hasValue(ControlKind kind) { return kind != ControlKind::Button && kind != ControlKind::Image; }
-
-void assign(Control& control, const std::string& raw) {
-    const std::string value(trimmedRight(raw));
-    switch (control.kind()) {
-        case ControlKind::ComboBox:
-            choose(static_cast<ComboBox&>(control), raw, value);
-            break;
-        case ControlKind::CheckBox:
-            if (!raw.empty()) {
-                static_cast<CheckBox&>(control).setText(value);
-            }
-            break;
-        case ControlKind::TextInput:
-            static_cast<TextInput&>(control).setText(value);
-            break;
-        case ControlKind::NumberInput:
-            static_cast<NumberInput&>(control).setText(value);
-            break;
-        case ControlKind::Label:
-            static_cast<Label&>(control).setCaption(value);
-            break;
-        case ControlKind::Button:
-        case ControlKind::Image:
-            break;
+void assign(CheckBox& box, const std::string& raw, const std::string& value) {
+    if (!raw.empty()) {
+        box.setText(value);
     }
 }
+
+void assign(TextInput& input, const std::string& /*raw*/, const std::string& value) { input.setText(value); }
+
+void assign(NumberInput& input, const std::string& /*raw*/, const std::string& value) { input.setText(value); }
+
+void assign(Label& label, const std::string& /*raw*/, const std::string& value) { label.setCaption(value); }
 
 /// The separator is put before the old list.
 void noteRefusal(const Control& control) {
@@ -79,6 +66,30 @@ void swallow(const std::function<void()>& body) {
     const auto failure = caught(body);
     static_cast<void>(failure);  // these helpers do not report failures
 }
+
+// Clear a control that has rejected a value. False if it has no state without a value.
+
+bool resetRefused(Control& /*control*/) { return false; }
+
+bool resetRefused(ComboBox& combo) {
+    swallow([&] { combo.setListIndex(-1); });
+    return true;
+}
+
+template <class C>
+bool setValue(C& control, const std::string& raw) {
+    if (!caught([&] { assign(control, raw, std::string(trimmedRight(raw))); })) {
+        return true;
+    }
+    noteRefusal(control);
+    return resetRefused(control);
+}
+
+// These take no value.
+
+bool setValue(Button& /*control*/, const std::string& /*raw*/) { return false; }
+
+bool setValue(ImageControl& /*control*/, const std::string& /*raw*/) { return false; }
 
 /// `Field` is a text or a number input.
 template <class Field>
@@ -116,18 +127,7 @@ bool PF_SetControlValue(Control& control, const std::string& value) {
         ++theContext.valuesNotShown;
         return true;
     }
-    if (!hasValue(control.kind())) {
-        return false;
-    }
-    if (!caught([&] { assign(control, value); })) {
-        return true;
-    }
-    noteRefusal(control);
-    if (control.kind() != ControlKind::ComboBox) {
-        return false;
-    }
-    swallow([&] { static_cast<ComboBox&>(control).setListIndex(-1); });
-    return true;
+    return std::visit([&](auto* own) { return setValue(*own, value); }, control.self());
 }
 
 bool withFieldNames(const std::function<bool()>& body) {

@@ -24,14 +24,14 @@ void dropPage(Form& form);
 /// Destroys all objects at once. For tests only, while none of them is loaded.
 void dropPages();
 
-/// Names a control in a table. It is a function, so that a constexpr row can contain it and the page is created only
-/// when the row is used.
+/// Identifies a control in a table. It is a function, so that a constexpr row can contain it and the page is created
+/// only when the row is used.
 using ControlRef = Control& (*)();
 
 /// Examples: `of<frm_CompInp0, &frm_CompInp0::txt_Tel_No1>`, and in an array `of<frm_CompInp1,
-/// &frm_CompInp1::chk_Dantai, 6>`.
-template <class F, auto Member, int Index = -1>
-Control& of() {
+/// &frm_CompInp1::chk_Dantai, 6>`. `C` is the control's class or a base of it.
+template <class F, auto Member, int Index = -1, class C = Control>
+C& of() {
     if constexpr (Index < 0) {
         return page<F>().*Member;
     } else {

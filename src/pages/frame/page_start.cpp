@@ -17,21 +17,24 @@ namespace {
 
 /// A list of a page in addition to the companies, with the type of its entries.
 struct PageList {
-    ControlRef combo;
+    ComboBox& (*combo)();
     const char* type;
     bool addBlank;
 };
 
+template <class F, auto Member, int Index = -1>
+constexpr auto comboRef = of<F, Member, Index, ComboBox>;
+
 constexpr std::array kLists1{
-    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_License_No>, "002", false},
-    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Get_License_Nengou>, "003", false},
-    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Valid_License_Nengou>, "003", false},
-    PageList{of<frm_CompInp1, &frm_CompInp1::cbo_Dantai_Name>, "004", false},
+    PageList{comboRef<frm_CompInp1, &frm_CompInp1::cbo_License_No>, "002", false},
+    PageList{comboRef<frm_CompInp1, &frm_CompInp1::cbo_Get_License_Nengou>, "003", false},
+    PageList{comboRef<frm_CompInp1, &frm_CompInp1::cbo_Valid_License_Nengou>, "003", false},
+    PageList{comboRef<frm_CompInp1, &frm_CompInp1::cbo_Dantai_Name>, "004", false},
 };
 
 constexpr std::array kLists2{
-    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 0>, "005", true},
-    PageList{of<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 1>, "005", true},
+    PageList{comboRef<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 0>, "005", true},
+    PageList{comboRef<frm_CompInp2, &frm_CompInp2::cbo_pic_PhotoFile, 1>, "005", true},
 };
 
 bool P_MakeComboBox_CompInpN(std::string_view label, PageForm& form, std::span<const PageList> lists) {
@@ -41,7 +44,7 @@ bool P_MakeComboBox_CompInpN(std::string_view label, PageForm& form, std::span<c
             return false;
         }
         for (const PageList& list : lists) {
-            if (!PF_MakeComboBox(static_cast<ComboBox&>(list.combo()), list.type, list.addBlank, kListOthers)) {
+            if (!PF_MakeComboBox(list.combo(), list.type, list.addBlank, kListOthers)) {
                 return false;
             }
         }

@@ -20,15 +20,11 @@ namespace {
 
 constexpr const char* kHelpGroup = "SSX";
 
-/// On a page without fields the page's own button has the focus.
-bool isMarkedButton(const Control& control) {
-    return control.kind() == ControlKind::Button && static_cast<const Button&>(control).marked();
-}
-
-/// Returns the name of the control with the focus, or of the form if the page has no field.
+/// Returns the name of the control with the focus, or of the form if the page has no field. The page's own button then
+/// has the focus.
 const std::string& helpSubject(const Form& form) {
     const Control* active = form.activeControl();
-    return active == nullptr || isMarkedButton(*active) ? form.name() : active->name();
+    return active == nullptr || active == form.restingControl() ? form.name() : active->name();
 }
 
 /// Does nothing if the save has moved to another page. If the company received its number, switches to it without

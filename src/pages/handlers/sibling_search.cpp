@@ -28,13 +28,13 @@ bool isText(const std::string& text) {
     });
 }
 
-/// The text comes from another program, so the control accepts only text that the operator could type.
-void enterInto(Control& control, const std::string& text) {
-    if (control.kind() == ControlKind::TextInput) {
-        static_cast<TextInput&>(control).typed("", text, "");
-    } else {
-        static_cast<Label&>(control).setCaption(text);
-    }
+/// The text comes from another program, so the field accepts only text that the operator could type.
+void enterInto(TextInput& input, const std::string& text) { input.typed("", text, ""); }
+
+void enterInto(Label& label, const std::string& text) { label.setCaption(text); }
+
+std::uint32_t readHandle(const FilledControl& filled) {
+    return std::visit([](const Control* control) { return control->handle(); }, filled);
 }
 
 /// One search while its program runs.
@@ -44,8 +44,7 @@ public:
         : form_(form), button_(search.button), filled_(search.filled) {}
 
     bool setText(std::uint32_t handle, const std::string& text) {
-        const auto control =
-            std::find_if(filled_.begin(), filled_.end(), [&](const Control* c) { return c->handle() == handle; });
+        const auto control = std::ranges::find(filled_, handle, readHandle);
         if (control == filled_.end() || !isText(text)) {
             return false;
         }
@@ -65,22 +64,22 @@ public:
     void giveUp() { finish(kKeyEnter, {}); }
 
 private:
-    using Texts = std::vector<std::pair<Control*, std::string>>;
+    using Texts = std::vector<std::pair<FilledControl, std::string>>;
 
     /// Dismisses the program before the controls and the page's events are used.
     void finish(int key, const Texts& texts) {
         form_.onCloseRefused = nullptr;
         services().siblings->dismiss();
         services().windows->pointToSibling(form_, {}, {});
-        for (const auto& [control, text] : texts) {
-            enterInto(*control, text);
+        for (const auto& [filled, text] : texts) {
+            std::visit([&text = text](auto* control) { enterInto(*control, text); }, filled);
         }
         button_.onKeyDown.raise(key);
     }
 
     Form& form_;
     Button& button_;
-    std::vector<Control*> filled_;
+    std::vector<FilledControl> filled_;
     Texts texts_;
 };
 
@@ -90,8 +89,8 @@ std::string parameters(const SiblingSearch& search) {
     for (const TextInput* input : search.known) {
         text.append(trimmed(input->text())) += ",";
     }
-    for (const Control* control : search.filled) {
-        text += std::to_string(control->handle()) + ",";
+    for (const FilledControl& filled : search.filled) {
+        text += std::to_string(readHandle(filled)) + ",";
     }
     return text + std::to_string(search.button.handle());
 }

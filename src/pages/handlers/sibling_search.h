@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "platform/controls/captions.h"
@@ -9,13 +10,16 @@
 
 namespace orv {
 
+/// A control that a sibling program fills.
+using FilledControl = std::variant<TextInput*, Label*>;
+
 /// A search that a sibling program does for a page.
 struct SiblingSearch {
     std::string program;
     /// Inputs whose texts are passed to the program.
     std::vector<const TextInput*> known;
-    /// The controls that the program fills, by handle: text inputs and labels.
-    std::vector<Control*> filled;
+    /// The controls that the program fills, by handle.
+    std::vector<FilledControl> filled;
     /// The program presses a key on this button when it has finished.
     Button& button;
     /// The title of the program's window.

@@ -25,6 +25,10 @@ class Label : public Control {
 public:
     Label(ControlOwner& owner, std::string_view name, const LabelDesign& design, int index = -1);
 
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {.spokenName = design_.spokenName}; }
+    Value content() const override { return caption_; }
+
     const LabelDesign& labelDesign() const { return design_; }
     const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
@@ -58,6 +62,9 @@ struct ButtonDesign {
 class Button : public Control {
 public:
     Button(ControlOwner& owner, std::string_view name, const ButtonDesign& design, int index = -1);
+
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {.spokenName = caption_}; }
 
     const ButtonDesign& buttonDesign() const { return design_; }
     const std::string& caption() const { return caption_; }

@@ -22,6 +22,13 @@ class CheckBox : public Control {
 public:
     CheckBox(ControlOwner& owner, std::string_view name, const CheckDesign& design, int index = -1);
 
+    TypedControl self() override { return this; }
+    /// The box draws its caption itself.
+    ControlTexts texts() const override {
+        return {.spokenName = design_.caption.empty() ? design_.spokenName : design_.caption};
+    }
+    void reset() override { setValue(design_.value); }
+
     const CheckDesign& checkDesign() const { return design_; }
     int value() const { return value_; }
     /// Throws failure 380 for a value outside 0 to 2.

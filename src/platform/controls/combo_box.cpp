@@ -14,6 +14,11 @@ ComboBox::ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign
     setTabRank(design.tabRank);
 }
 
+void ComboBox::reset() {
+    setEnabled(true);
+    setListIndex(-1);
+}
+
 const std::string& ComboBox::list(int index) const {
     static const std::string none;
     return index >= 0 && index < listCount() ? list_[static_cast<std::size_t>(index)] : none;

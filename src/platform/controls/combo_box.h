@@ -22,8 +22,13 @@ class ComboBox : public Control {
 public:
     ComboBox(ControlOwner& owner, std::string_view name, const ComboDesign& design, int index = -1);
 
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {design_.caption, {}, design_.spokenName}; }
+    Value content() const override { return text(); }
+    /// Also enables the list, because enabling it later would select the first entry.
+    void reset() override;
+
     std::string_view caption() const { return design_.caption; }
-    std::string_view spokenName() const { return design_.spokenName; }
     int listCount() const { return static_cast<int>(list_.size()); }
     /// Returns the entry, or "" for an index outside the list. The reference is valid until the list changes.
     const std::string& list(int index) const;

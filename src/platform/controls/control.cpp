@@ -25,6 +25,8 @@ std::uint32_t Control::handle() const {
 
 std::string Control::objectName() const { return index_ < 0 ? name_ : name_ + "(" + std::to_string(index_) + ")"; }
 
+Value Control::content() const { throw RunTimeError(Failure::InvalidCall); }
+
 void Control::setEnabled(bool enabled) {
     enabled_ = enabled;
     changed();

@@ -8,9 +8,11 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 
 #include "platform/design.h"
 #include "platform/scope.h"
+#include "platform/value.h"
 
 namespace orv {
 
@@ -43,6 +45,24 @@ inline constexpr int kKeyEscape = 27;
 inline constexpr int kKeyF1 = 112;
 
 class Control;
+class TextInput;
+class NumberInput;
+class ComboBox;
+class CheckBox;
+class Label;
+class Button;
+class ImageControl;
+
+/// A control by its own class, for code outside the controls that treats each class in its own way.
+using TypedControl = std::variant<TextInput*, NumberInput*, ComboBox*, CheckBox*, Label*, Button*, ImageControl*>;
+
+/// The texts drawn before and after a control, and the name that assistive technology reads. If that is empty, it reads
+/// the caption, or else the unit.
+struct ControlTexts {
+    std::string_view caption = {};
+    std::string_view unit = {};
+    std::string_view spokenName = {};
+};
 
 /// The services of a form that its controls use.
 class ControlOwner : public Interface {
@@ -70,6 +90,8 @@ public:
     /// Returns the name, with the index in an array: "chk_Dantai(0)".
     std::string objectName() const;
     ControlKind kind() const { return kind_; }
+    /// Returns this control as an object of its own class.
+    virtual TypedControl self() = 0;
     /// Returns a number above 0 by which other programs address the control. It is unique while the control exists.
     std::uint32_t handle() const;
     ControlOwner& owner() const { return owner_; }
@@ -83,6 +105,13 @@ public:
     void setVisible(bool visible);
     void setBackColour(Colour colour);
     void setForeColour(Colour colour);
+
+    virtual ControlTexts texts() const = 0;
+    /// Returns the entered or shown text, or null for a number input without a number. Throws failure 5 if the control
+    /// has no text.
+    virtual Value content() const;
+    /// Puts an input into its initial state. Does nothing for a label or a button.
+    virtual void reset() {}
 
     /// Returns the caption of the block of the form to which the control belongs: assistive technology reads it before
     /// the control's own name. Empty for none.

@@ -23,7 +23,9 @@ class ImageControl : public Control {
 public:
     ImageControl(ControlOwner& owner, std::string_view name, const ImageDesign& design, int index = -1);
 
-    std::string_view spokenName() const { return spokenName_; }
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {.spokenName = spokenName_}; }
+    void reset() override { clear(); }
 
     /// Reads a file's header into the values below. Throws the picture library's failure if the file is not a picture.
     void getFileInfo(const std::string& file);

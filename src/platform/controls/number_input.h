@@ -34,6 +34,11 @@ class NumberInput : public Control {
 public:
     NumberInput(ControlOwner& owner, std::string_view name, const NumberDesign& design, int index = -1);
 
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {design_.caption, design_.unit, design_.spokenName}; }
+    Value content() const override { return value_; }
+    void reset() override { setText(""); }
+
     const NumberDesign& numberDesign() const { return design_; }
     /// Returns a number or null.
     const Value& value() const { return value_; }

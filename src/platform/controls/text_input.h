@@ -44,6 +44,11 @@ class TextInput : public Control {
 public:
     TextInput(ControlOwner& owner, std::string_view name, const TextDesign& design, int index = -1);
 
+    TypedControl self() override { return this; }
+    ControlTexts texts() const override { return {design_.caption, design_.unit, design_.spokenName}; }
+    Value content() const override { return text_; }
+    void reset() override { setText(""); }
+
     const TextDesign& textDesign() const { return design_; }
     const std::string& text() const { return text_; }
     /// Raises change if the text differs from the old one.

@@ -66,6 +66,8 @@ public:
     /// Focuses the first input control, ignoring ranks below 0. If there is none, focuses the control of `restAt`, or
     /// else the first that can have the focus.
     void focusFirst();
+    /// Returns the control of `restAt`, or null.
+    const Control* restingControl() const { return resting_; }
     bool ownerEnabled() const override { return enabled_; }
     /// If true, the window's title is marked.
     virtual bool hasUnsavedChanges() const { return false; }

@@ -54,8 +54,8 @@ private:
 };
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-    if (dynamic_cast<AccessibleRole*>(object) != nullptr) {
-        return new NamedRole(static_cast<QWidget*>(object));
+    if (auto* widget = qobject_cast<QWidget*>(object); dynamic_cast<AccessibleRole*>(widget) != nullptr) {
+        return new NamedRole(widget);
     }
     auto* box = qobject_cast<QComboBox*>(object);
     return box != nullptr && !box->isEditable() ? new NamedList(box) : nullptr;

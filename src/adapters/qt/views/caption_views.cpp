@@ -164,12 +164,12 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeLabelView(Label& control, QWidget* page, const PageScale& scale) {
+std::unique_ptr<ControlView> makeViewFor(Label& control, QWidget* page, const PageScale& scale) {
     const bool isPanel = control.labelDesign().look == LabelLook::Panel;
     return std::make_unique<LabelView>(control, isPanel ? new ValueLabel(page) : new QLabel(page), scale);
 }
 
-std::unique_ptr<ControlView> makeButtonView(Button& control, QWidget* page, const PageScale& scale) {
+std::unique_ptr<ControlView> makeViewFor(Button& control, QWidget* page, const PageScale& scale) {
     return std::make_unique<ButtonView>(control, new QPushButton(page), scale);
 }
 

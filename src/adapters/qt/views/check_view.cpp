@@ -63,7 +63,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeCheckView(CheckBox& control, QWidget* page) {
+std::unique_ptr<ControlView> makeViewFor(CheckBox& control, QWidget* page, const PageScale& /*scale*/) {
     return std::make_unique<CheckView>(control, new QCheckBox(page));
 }
 

@@ -79,7 +79,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeComboView(ComboBox& control, QWidget* page) {
+std::unique_ptr<ControlView> makeViewFor(ComboBox& control, QWidget* page, const PageScale& /*scale*/) {
     return std::make_unique<ComboView>(control, new ListBox(page));
 }
 

@@ -3,7 +3,6 @@
 #include <QSignalBlocker>
 
 #include "adapters/qt/views/qt_text.h"
-#include "adapters/qt/views/views.h"
 
 namespace orv {
 namespace {
@@ -15,38 +14,9 @@ QString readOut(const QString& words) {
 }
 
 /// The spoken name defaults to the caption, or else to the unit.
-ControlWords words(std::string_view caption, std::string_view unit, std::string_view spoken) {
-    return {toQt(caption), toQt(unit), readOut(toQt(!spoken.empty() ? spoken : !caption.empty() ? caption : unit))};
-}
-
-ControlWords named(std::string_view spoken) { return {{}, {}, readOut(toQt(spoken))}; }
-
 ControlWords readOwnWords(const Control& control) {
-    switch (control.kind()) {
-        case ControlKind::TextInput: {
-            const TextDesign& design = static_cast<const TextInput&>(control).textDesign();
-            return words(design.caption, design.unit, design.spokenName);
-        }
-        case ControlKind::NumberInput: {
-            const NumberDesign& design = static_cast<const NumberInput&>(control).numberDesign();
-            return words(design.caption, design.unit, design.spokenName);
-        }
-        case ControlKind::ComboBox: {
-            const auto& combo = static_cast<const ComboBox&>(control);
-            return words(combo.caption(), {}, combo.spokenName());
-        }
-        case ControlKind::CheckBox: {
-            const CheckDesign& design = static_cast<const CheckBox&>(control).checkDesign();
-            return named(design.caption.empty() ? design.spokenName : design.caption);
-        }
-        case ControlKind::Label:
-            return named(static_cast<const Label&>(control).labelDesign().spokenName);
-        case ControlKind::Button:
-            return named(static_cast<const Button&>(control).caption());
-        case ControlKind::Image:
-            return named(static_cast<const ImageControl&>(control).spokenName());
-    }
-    return {};
+    const auto [caption, unit, spoken] = control.texts();
+    return {toQt(caption), toQt(unit), readOut(toQt(!spoken.empty() ? spoken : !caption.empty() ? caption : unit))};
 }
 
 }  // namespace

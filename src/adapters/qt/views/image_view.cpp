@@ -131,7 +131,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeImageView(ImageControl& control, QWidget* page, const PageScale& scale) {
+std::unique_ptr<ControlView> makeViewFor(ImageControl& control, QWidget* page, const PageScale& scale) {
     return std::make_unique<ImageView>(control, new PictureArea(control, page, scale));
 }
 

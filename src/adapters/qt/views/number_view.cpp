@@ -120,7 +120,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeNumberView(NumberInput& control, QWidget* page) {
+std::unique_ptr<ControlView> makeViewFor(NumberInput& control, QWidget* page, const PageScale& /*scale*/) {
     return std::make_unique<NumberView>(control, new NumberField(page));
 }
 

@@ -64,7 +64,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<ControlView> makeTextView(TextInput& control, QWidget* page) {
+std::unique_ptr<ControlView> makeViewFor(TextInput& control, QWidget* page, const PageScale& /*scale*/) {
     return std::make_unique<TextView>(control, new EntryField(page));
 }
 

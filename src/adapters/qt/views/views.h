@@ -10,12 +10,14 @@
 
 namespace orv {
 
-std::unique_ptr<ControlView> makeTextView(TextInput& control, QWidget* page);
-std::unique_ptr<ControlView> makeNumberView(NumberInput& control, QWidget* page);
-std::unique_ptr<ControlView> makeComboView(ComboBox& control, QWidget* page);
-std::unique_ptr<ControlView> makeCheckView(CheckBox& control, QWidget* page);
-std::unique_ptr<ControlView> makeLabelView(Label& control, QWidget* page, const PageScale& scale);
-std::unique_ptr<ControlView> makeButtonView(Button& control, QWidget* page, const PageScale& scale);
-std::unique_ptr<ControlView> makeImageView(ImageControl& control, QWidget* page, const PageScale& scale);
+// Make the view of one class of control. Its widget is a child of `page`.
+
+std::unique_ptr<ControlView> makeViewFor(TextInput& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(NumberInput& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(ComboBox& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(CheckBox& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(Label& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(Button& control, QWidget* page, const PageScale& scale);
+std::unique_ptr<ControlView> makeViewFor(ImageControl& control, QWidget* page, const PageScale& scale);
 
 }  // namespace orv
