@@ -62,7 +62,7 @@ TEST_F(PageFields, TakeAsMuchAsTheirColumnsHold) {
             ++compared;
         }
     }
-    EXPECT_EQ(compared, 43);
+    EXPECT_GE(compared, 43);
 }
 
 TEST_F(PageFields, DatesAndDistanceKeepToTheirRanges) {
