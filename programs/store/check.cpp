@@ -131,13 +131,14 @@ private:
     }
 
     void readTable(const std::string& table, const std::vector<OfficeColumn>& known) {
-        for (const std::string& column : store_.columns(table)) {
-            const auto isIt = [&](const OfficeColumn& each) { return equalWithoutCase(each.name, column); };
-            if (std::ranges::none_of(known, isIt)) {
-                found(table + "." + column, "column that the schema does not have");
-            }
-        }
         const RecordsetPtr rows = store_.select("SELECT * FROM " + table, {});
+        const ColumnDifferences differences = compareColumns(known, store_.columns(table));
+        for (const std::string& column : differences.foreign) {
+            found(table + "." + column, "column that the schema does not have");
+        }
+        for (const OfficeColumn& column : differences.missing) {
+            found(table, "no column " + column.name + ": orv_store upgrade");
+        }
         report_.facts["tables"][table] = rows->RecordCount();
         report_.say(table + ": " + std::to_string(rows->RecordCount()) + " rows");
     }

@@ -46,6 +46,7 @@ StoreReport unlockStore(const Options& options);
 StoreReport backUpStore(const Options& options);
 StoreReport restoreStore(const Options& options);
 StoreReport copyStore(const Options& options);
+StoreReport upgradeStore(const Options& options);
 StoreReport importJet(const Options& options);
 StoreReport showStatus(const Options& options);
 StoreReport runNightly(const Options& options);

@@ -24,6 +24,8 @@ OfficeColumn parseColumn(const std::string& line) {
     if (const std::size_t remark = line.find("-- "); remark != std::string::npos && column.kind == ColumnKind::Text) {
         std::istringstream(line.substr(remark + 3)) >> column.longest;
     }
+    column.definition = line.substr(0, line.find("--"));
+    column.definition.erase(column.definition.find_last_not_of(" ,") + 1);
     return column;
 }
 
@@ -42,6 +44,23 @@ std::string compact(const std::string& sql) {
     }
     std::erase_if(all, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
     return all;
+}
+
+/// Splits a compact definition into its start, its columns and constraints, and its end.
+std::vector<std::string> splitDefinition(const std::string& sql) {
+    std::vector<std::string> parts(1);
+    int depth = 0;
+    for (const char c : compact(sql)) {
+        const bool opens = c == '(' && depth++ == 0;
+        const bool closes = c == ')' && --depth == 0;
+        const bool separates = c == ',' && depth == 1;
+        if (opens || closes || separates) {
+            parts.emplace_back();
+        } else {
+            parts.back() += c;
+        }
+    }
+    return parts;
 }
 
 std::vector<OfficeColumn> listColumns(const std::string& table) {
@@ -70,9 +89,24 @@ std::vector<std::vector<OfficeColumn>> officeColumns() {
     return all;
 }
 
+ColumnDifferences compareColumns(const std::vector<OfficeColumn>& schema, const std::vector<std::string>& store) {
+    const auto isSame = [](const OfficeColumn& column, const std::string& name) {
+        return equalWithoutCase(column.name, name);
+    };
+    ColumnDifferences differences;
+    std::ranges::copy_if(schema, std::back_inserter(differences.missing), [&](const OfficeColumn& column) {
+        return std::ranges::none_of(store, [&](const std::string& name) { return isSame(column, name); });
+    });
+    std::ranges::copy_if(store, std::back_inserter(differences.foreign), [&](const std::string& name) {
+        return std::ranges::none_of(schema, [&](const OfficeColumn& column) { return isSame(column, name); });
+    });
+    return differences;
+}
+
 bool isOfficeDefinition(const std::string& sql) {
     return std::ranges::any_of(kOfficeTables, [&](const char* table) {
-        return equalWithoutCase(compact(findDefinition(table)), compact(sql));
+        return std::ranges::is_permutation(splitDefinition(findDefinition(table)), splitDefinition(sql),
+                                           equalWithoutCase);
     });
 }
 

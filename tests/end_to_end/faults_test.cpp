@@ -98,6 +98,14 @@ const std::vector<StartFault> kStartFaults{
     {"storeReadOnly", [](const Office& o) { fs::permissions(o.store(), fs::perms(0444)); }, kCompany, "DB8",
      std::string("[ PF_DataLock ] ") + kReadOnly},
 
+    {"storeOfAnOlderVersion",
+     [](const Office& o) {
+         readOutput({"sqlite3", o.store(), "alter table TBL_CUSTOMER_ADD drop column SEND_FLAG"});
+     },
+     kCompany, "DBCOL01",
+     "この版のプログラムで使う列（SEND_FLAG）が、データベースにありません。"
+     "管理者に「orv_store upgrade」の実行を依頼してください。"},
+
     // Without settings the file names are bare, and the store is searched in the program's folder.
     {"settingsAbsent", [](const Office& o) { fs::remove(settings(o)); }, kCompany, "DBFILE01", kMissing},
     {"settingsHuge", [](const Office& o) { writeFile(settings(o), randomBytes(50'000'000)); }, kCompany, "DBFILE01",

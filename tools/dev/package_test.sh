@@ -157,6 +157,8 @@ expect "its check reports nothing new" diff "$SCRATCH/found" "$SCRATCH/found-lat
 expect "the clerk works with the newer program" session
 expect "the office is rolled back" prints "version 0.9.0 replaces" inside orv-office rollback $OFFICE
 expect "the rollback is undone" prints "replaces 0.9.0" inside orv-office rollback $OFFICE
+sqlite3 "$ROOT$STORE" 'alter table TBL_CUSTOMER_DATE drop column LAST_SEND_DATE'
+expect "an update adds a missing column" prints "LAST_SEND_DATE: added" inside orv-office update $OFFICE
 filesOfOffice >"$SCRATCH/before"
 inside dpkg -L company-information >"$SCRATCH/installed"
 expect "the package is removed" inside apt-get purge -y company-information

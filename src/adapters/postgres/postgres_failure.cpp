@@ -64,6 +64,7 @@ constexpr auto kStates = std::to_array<ServerState>({
 
 constexpr StoreRefusal kNoServer{"DBCONN02", Failure::ConnectionFailed, "データベースのサーバーに接続できません。"};
 constexpr std::size_t kStateLength = 5;
+constexpr std::string_view kUndefinedColumn = "42703";
 constexpr std::string_view kStrangeState = "XXXXX";  // replaces anything that is not a state
 
 bool isState(std::string_view text) {
@@ -78,6 +79,9 @@ std::string_view firstLine(std::string_view text) { return text.substr(0, text.f
 StoreFailure serverFailure(std::string_view state, std::string_view detail) {
     if (!isState(state)) {
         state = kStrangeState;
+    }
+    if (state == kUndefinedColumn) {
+        return missingColumnFailure(detail);
     }
     const auto& row = *std::ranges::find_if(kStates, [&](const auto& each) { return state.starts_with(each.state); });
     return {row.number, "DB" + std::string(state),

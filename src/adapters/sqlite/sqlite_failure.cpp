@@ -66,9 +66,18 @@ const EngineResult& rowFor(int result) {
     return kStatementRefused;
 }
 
+/// The engine has no result of its own for this.
+bool isMissingColumn(int result, std::string_view detail) {
+    return result == SQLITE_ERROR &&
+           (detail.starts_with("no such column: ") || detail.find(" has no column named ") != std::string_view::npos);
+}
+
 }  // namespace
 
 StoreFailure sqliteFailure(int result, std::string_view detail) {
+    if (isMissingColumn(result, detail)) {
+        return missingColumnFailure(detail);
+    }
     const EngineResult& row = rowFor(result);
     return {row.number, "DB" + std::to_string(result),
             withDetail(row.text, row.detail == Detail::Shown ? detail : std::string_view())};

@@ -28,7 +28,13 @@ void FetchedRows::MoveNext() {
 
 void FetchedRows::MoveLast() { cursor_ = rows() == 0 ? 0 : rows() - 1; }
 
-Value FetchedRows::Fields(const std::string& name) const { return Fields(static_cast<int>(findColumn(name))); }
+Value FetchedRows::Fields(const std::string& name) const {
+    const auto column = findColumn(name);
+    if (!column) {
+        throw RunTimeError(Failure::SubscriptOutOfRange, "「" + name + "」という項目はありません。");
+    }
+    return Fields(static_cast<int>(*column));
+}
 
 Value FetchedRows::Fields(int index) const {
     if (index < 0 || static_cast<std::size_t>(index) >= columns_.size()) {
@@ -40,7 +46,7 @@ Value FetchedRows::Fields(int index) const {
     return cells_[cursor_ * columns_.size() + static_cast<std::size_t>(index)];
 }
 
-std::size_t FetchedRows::findColumn(const std::string& name) const {
+std::optional<std::size_t> FetchedRows::findColumn(const std::string& name) const {
     std::string_view wanted = name;
     const auto isWanted = [&](const std::string& column) { return equalWithoutCase(column, wanted); };
     const bool qualified = equalWithoutCase(wanted.substr(0, kFirstTable.size()), kFirstTable);
@@ -50,7 +56,7 @@ std::size_t FetchedRows::findColumn(const std::string& name) const {
     const auto found = std::ranges::find_if(columns_, isWanted);
     const bool isShared = std::ranges::count_if(columns_, isWanted) > 1;
     if (found == columns_.end() || (qualified && !isShared)) {
-        throw RunTimeError(Failure::SubscriptOutOfRange, "「" + name + "」という項目はありません。");
+        return std::nullopt;
     }
     return static_cast<std::size_t>(found - columns_.begin());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +26,7 @@ public:
     /// Throws failure 5 at the end.
     void MoveNext() override;
     void MoveLast() override;
+    bool Has(const std::string& name) const override { return findColumn(name).has_value(); }
     /// Throws failure 9 for an unknown name or index, 5 at the end. If two columns share a name, it means the first of
     /// them, with or without "A." before it; other qualifiers are unknown.
     Value Fields(const std::string& name) const override;
@@ -32,7 +34,7 @@ public:
 
 private:
     std::size_t rows() const { return columns_.empty() ? 0 : cells_.size() / columns_.size(); }
-    std::size_t findColumn(const std::string& name) const;
+    std::optional<std::size_t> findColumn(const std::string& name) const;
 
     std::vector<std::string> columns_;
     std::deque<Value> cells_;  // grows without moving its elements

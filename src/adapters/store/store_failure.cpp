@@ -3,11 +3,17 @@
 #include <utility>
 
 #include "adapters/words/printable.h"
+#include "platform/suite/missing_column.h"
 
 namespace orv {
 
 StoreFailure::StoreFailure(Failure number, std::string code, std::string description)
     : RunTimeError(number, std::move(description)), code_(std::move(code)) {}
+
+StoreFailure missingColumnFailure(std::string_view words) {
+    const FailureRecord failure = missingColumn(printable(words));
+    return {Failure::InvalidCall, failure.code, failure.text};
+}
 
 std::string withDetail(std::string_view text, std::string_view detail) {
     std::string whole(text);

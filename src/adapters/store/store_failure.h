@@ -9,7 +9,7 @@ namespace orv {
 
 /// A failure of the store. In addition to number and text it has a code for the log. If the engine failed, the code is
 /// "DB" and the engine's own result. If an adapter refused, it is "DBFILE", "DBSQL", "DBTRAN" or "DBCONN" and two
-/// digits.
+/// digits. A missing column has a code common to all engines (`missingColumn`).
 class StoreFailure : public RunTimeError {
 public:
     StoreFailure(Failure number, std::string code, std::string description);
@@ -29,6 +29,9 @@ struct StoreRefusal {
 
 /// Throws the StoreFailure for `refusal`. A non-empty `detail` is added in brackets.
 [[noreturn]] void refuse(const StoreRefusal& refusal, std::string_view detail = {});
+
+/// Returns the failure of a statement that names a column that the store does not have, in the engine's `words`.
+StoreFailure missingColumnFailure(std::string_view words);
 
 /// Returns `text` and, if not empty, `detail` in brackets. `detail` comes from outside and is made printable.
 std::string withDetail(std::string_view text, std::string_view detail);

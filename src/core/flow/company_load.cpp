@@ -13,6 +13,7 @@
 #include "platform/ascii.h"
 #include "platform/machine/file_system.h"
 #include "platform/services.h"
+#include "platform/suite/missing_column.h"
 #include "platform/utf8.h"
 #include "store/company_lock.h"
 #include "store/rows.h"
@@ -98,6 +99,14 @@ void readField(const Recordset& row, const FieldInfo& field) {
     }
 }
 
+/// Before the first field is read, so that nothing of an older store's row is used.
+bool requireColumns(const Recordset& row) {
+    const auto missing = std::ranges::find_if(kFields, [&](const FieldInfo& field) {
+        return field.source == Source::Stored && !row.Has(std::string(field.name));
+    });
+    return missing == kFields.end() || failFrom(missingColumn(missing->name));
+}
+
 bool readCompany(const std::string& userId) {
     Rows rows(companyJoin(userId));
     if (!rows.ok()) {
@@ -105,6 +114,9 @@ bool readCompany(const std::string& userId) {
     }
     if (rows->RecordCount() != 1) {
         return fail(userId + "がDBに存在しないか、\r\n複数存在します。", "DBERR:02");
+    }
+    if (!requireColumns(*rows)) {
+        return false;
     }
     for (const FieldInfo& field : kFields) {
         readField(*rows, field);

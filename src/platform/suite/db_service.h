@@ -25,6 +25,8 @@ public:
     virtual void MoveFirst() = 0;
     virtual void MoveNext() = 0;
     virtual void MoveLast() = 0;
+    /// True if the rows have a field of that name.
+    virtual bool Has(const std::string& name) const = 0;
     /// Returns a field of the current row by case-insensitive name. "A.USER_ID" names the first of two columns with the
     /// same name in a join. A database null stays null.
     virtual Value Fields(const std::string& name) const = 0;

@@ -43,6 +43,11 @@ protected:
         writeFile(folder.file(name), server().text(name) + "\n");
         return name;
     }
+    /// Runs `sql` on a store of either kind, without the adapter.
+    void change(const std::string& store, const std::string& sql) const {
+        const std::string file = folder.file(store);
+        readFile(file).starts_with("SQLite") ? runSql(file, sql) : static_cast<void>(server().sql(store, sql));
+    }
     /// Writes the content of `office` as a file of that version of the older engine.
     void makeJet(int version, const std::string& name = "old.mdb", const std::string& option = "") const {
         const std::string command = "python3 '" JET_WRITER "' '" + office + "' " + std::to_string(version) + " '" +

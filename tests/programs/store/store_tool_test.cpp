@@ -12,8 +12,8 @@ TEST_F(StoreTool, WrongUseIsReportedAndEndsWithTwo) {
     }
     const Outcome help = tool("--help");
     EXPECT_EQ(help.ending, 0);
-    for (const char* command :
-         {"create", "check", "status", "unlock", "backup", "nightly", "restore", "copy", "import", "support"}) {
+    for (const char* command : {"create", "check", "status", "unlock", "backup", "nightly", "restore", "copy",
+                                "upgrade", "import", "support"}) {
         EXPECT_TRUE(matches(help, command)) << command;
         EXPECT_EQ(tool(std::string(command) + " --help").ending, 0);
     }
@@ -35,7 +35,7 @@ TEST_F(StoreTool, AFileThatIsNotAStoreFailsInEveryCommand) {
              {std::string("check ") + bad, std::string("unlock ") + bad + " PC --yes",
               std::string("backup ") + bad + " new", std::string("restore office ") + bad + " --yes",
               std::string("copy ") + bad + " new", std::string("import ") + bad + " new", std::string("status ") + bad,
-              std::string("nightly ") + bad + " ."}) {
+              std::string("nightly ") + bad + " .", std::string("upgrade ") + bad + " new"}) {
             const Outcome run = tool(arguments, powerless);
             EXPECT_EQ(run.ending, 3) << arguments << run.out;
             EXPECT_TRUE(run.err.starts_with("orv_store: ")) << run.err;
@@ -76,9 +76,8 @@ TEST_F(StoreTool, TheCheckFindsEveryFault) {
         "UPDATE TBL_CUSTOMER_INFO SET LICENSE_NO = '江戸町奉行' WHERE USER_ID = '000004604';"
         "UPDATE MST_OTHERS SET DEL_FLAG = TRUE WHERE TYPE_CODE = '003';"
         "UPDATE TBL_LOCK SET USER_ID = '000009999', INSERT_DATE = 'soon';";
-    runSql(office, faults);
     onServer("faulty", "sample");
-    server().sql("faulty", faults);
+    for (const char* store : {"office", "faulty"}) change(store, faults);
     const auto report = json("check office");
     EXPECT_EQ(json("check faulty"), report) << "both kinds of store are looked at alike";
     std::string found;
@@ -147,8 +146,7 @@ TEST_F(StoreTool, ABackupRestoresTheContent) {
         const auto before = json("check " + store);
         ASSERT_EQ(tool("backup " + store + " " + store + ".bak").ending, 0);
         EXPECT_EQ(tool("backup " + store + " " + store + ".bak").ending, 3) << "no backup is overwritten";
-        const std::string loss = "DELETE FROM TBL_CUSTOMER_INFO; DELETE FROM MST_TIKU";
-        store == "office" ? runSql(office, loss) : static_cast<void>(server().sql("served", loss));
+        change(store, "DELETE FROM TBL_CUSTOMER_INFO; DELETE FROM MST_TIKU");
         ASSERT_NE(json("check " + store), before);
         EXPECT_EQ(tool("restore " + store + " " + store + ".bak", "", "no\n").ending, 1);
         EXPECT_EQ(tool("restore " + store + " " + store + ".bak --yes").ending, 0);
@@ -157,6 +155,72 @@ TEST_F(StoreTool, ABackupRestoresTheContent) {
     std::filesystem::remove(office);
     EXPECT_EQ(tool("restore office served.bak").ending, 0);
     EXPECT_EQ(json("check office")["tables"], json("check served")["tables"]);
+}
+
+TEST_F(StoreTool, AnUpgradeAddsTheMissingColumnsAndChangesNothingElse) {
+    const std::vector<std::string> missing{"TBL_CUSTOMER_INFO.LICENSE_NO", "TBL_CUSTOMER_ADD.SEND_FLAG",
+                                           "TBL_LOCK.INSERT_DATE"};
+    const auto content = [&](const std::string& store) {  // in the schema's order of columns
+        EXPECT_EQ(tool("copy " + store + " copied-" + store).ending, 0);
+        return json("copy copied-" + store + " again-" + store)["tables"];
+    };
+    makeSampleStore(folder.file("wanted"));
+    change("wanted",
+           "UPDATE TBL_CUSTOMER_INFO SET LICENSE_NO = NULL; UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = FALSE;"
+           "DELETE FROM TBL_LOCK");
+    const auto wanted = content("wanted");
+    onServer("served", "sample");
+    for (const std::string store : {"office", "served"}) {
+        EXPECT_TRUE(matches(tool("upgrade " + store + " saved"), store + ": nothing to do"));
+        for (const std::string& column : missing) {
+            const std::size_t dot = column.find('.');
+            change(store, "ALTER TABLE " + column.substr(0, dot) + " DROP COLUMN " + column.substr(dot + 1));
+        }
+        const Outcome check = tool("check " + store);
+        EXPECT_TRUE(matches(check, "TBL_CUSTOMER_ADD: no column SEND_FLAG: orv_store upgrade")) << check.out;
+        EXPECT_TRUE(matches(check, "[DBCOL01]")) << check.out;
+        const auto refused = json("upgrade " + store + " saved");
+        EXPECT_EQ(refused["computers"], nlohmann::json::array({"FRONT-PC02"})) << "a terminal is at work";
+        EXPECT_EQ(tool("upgrade " + store + " saved").ending, 1);
+        EXPECT_EQ(tool("check " + store).out, check.out);
+        change(store, "DELETE FROM TBL_LOCK");
+        EXPECT_FALSE(std::filesystem::exists(folder.file("saved")));
+        EXPECT_EQ(json("upgrade " + store + " saved-" + store)["added"], nlohmann::json(missing));
+        EXPECT_EQ(json("check saved-" + store)["tables"], json("check wanted")["tables"]);
+        EXPECT_EQ(json("check " + store)["findings"], json("check wanted")["findings"]);
+        change(store, "ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT");
+        const Outcome again = tool("upgrade " + store + " saved");
+        EXPECT_EQ(again.ending, 0);
+        EXPECT_TRUE(matches(again, store + ": nothing to do")) << again.out;
+        EXPECT_TRUE(matches(again, "that the schema does not have; kept")) << again.out;
+        change(store, "ALTER TABLE TBL_LOCK DROP COLUMN ROOM");
+        EXPECT_EQ(content(store), wanted) << store;
+    }
+}
+
+TEST_F(StoreTool, AnUpgradeThatFailsAddsNothing) {
+    change("office", "DELETE FROM TBL_LOCK; ALTER TABLE TBL_CUSTOMER_INFO DROP COLUMN LICENSE_NO");
+    const std::string older = readFile(office);
+    for (const auto& [sql, cause] : std::to_array<std::pair<std::string, std::string>>({
+             {"ALTER TABLE TBL_CUSTOMER_DATE RENAME TO DATES; "
+              "CREATE VIEW TBL_CUSTOMER_DATE AS SELECT USER_ID, CONTRACT_DATE, BILLING_DATE FROM DATES",
+              "TBL_CUSTOMER_DATE.LAST_SEND_DATE: adding"},
+             {"ALTER TABLE TBL_LOCK DROP COLUMN PROPERTY_NO", "TBL_LOCK.PROPERTY_NO: is missing and has no default"},
+             {"DROP TABLE MST_CORP", "MST_CORP: no such table"},
+         })) {
+        writeFile(office, older);
+        onServer("served", "sample");
+        change("served", "DELETE FROM TBL_LOCK; ALTER TABLE TBL_CUSTOMER_INFO DROP COLUMN LICENSE_NO");
+        for (const std::string store : {"office", "served"}) {
+            change(store, sql);
+            const std::string before = tool("check " + store).out;
+            const Outcome run = tool("upgrade " + store);
+            EXPECT_EQ(run.ending, 3) << sql;
+            EXPECT_TRUE(matches(run, cause)) << run.err;
+            EXPECT_EQ(tool("check " + store).out, before);
+            EXPECT_NE(before.find("TBL_CUSTOMER_INFO: no column LICENSE_NO: "), std::string::npos) << before;
+        }
+    }
 }
 
 TEST_F(StoreTool, TheNightlyRunKeepsSevenDaysAndFourWeeksAndTheStatusShowsTheLast) {
