@@ -7,6 +7,7 @@
 #include <span>
 
 #include "core/record/company_record.h"
+#include "logging/trap.h"
 #include "pages/forms/page_set.h"
 
 namespace orv {
@@ -31,10 +32,11 @@ struct Step {
 
 constexpr Step row(TextField field) { return {{field}, nullptr}; }
 
-/// A function without fields changes only the state of the page.
-template <std::same_as<TextField>... Fields>
-constexpr Step step(bool (*named)(), Fields... fields) {
-    return {{fields...}, named};
+/// A function that returns false on failure, or nothing if it fails only by throwing. A function without fields changes
+/// only the state of the page.
+template <auto Function, std::same_as<TextField>... Fields>
+constexpr Step step(Fields... fields) {
+    return {{fields...}, [] { return succeeds(Function); }};
 }
 
 /// Returns the row of the field. Compilation fails if an order names a field without a row.

@@ -53,11 +53,10 @@ constexpr auto kRows = std::to_array<BindingRow>({
 bool isSameAddress() { return toNumber(tCustomerInfo.SAME_CHECK) == 1; }
 
 /// The password can be typed here only for a company without a number.
-bool showPasswordBlock() {
+void showPasswordBlock() {
     P& form = page<P>();
     PF_EnableControl(form.txt_User_Passwd, isNew(), kRequiredField);
     form.btm_ChangePW.setVisible(!isNew());
-    return true;
 }
 
 void enableTypedAddresses(P& form) {
@@ -90,42 +89,34 @@ void enableSearchedAddresses(P& form) {
     form.btm_Pc_SearchOfficeAddress.setEnabled(!isSameAddress());
 }
 
-bool showAddressMode() {
+void showAddressMode() {
     if (gAddressByMaster) {
         enableSearchedAddresses(page<P>());
     } else {
         enableTypedAddresses(page<P>());
     }
-    return true;
 }
 
-bool showSameCheck() {
-    PF_SetControlValue(page<P>().chk_EqualData, isSameAddress() ? "1" : "0");
-    return true;
-}
+void showSameCheck() { PF_SetControlValue(page<P>().chk_EqualData, isSameAddress() ? "1" : "0"); }
 
 /// If nothing is selected in the list, the record keeps its key. Every page shows the key, independent of its binding.
-bool readUserId() {
+void readUserId() {
     const std::string chosen = page<P>().cbo_User_Id.text();
     if (!chosen.empty()) {
         services().stringCheck->Normalize(chosen, tCustomerInfo.USER_ID);
     }
-    return true;
 }
 
-bool readSameCheck() {
-    tCustomerInfo.SAME_CHECK = page<P>().chk_EqualData.value() == 1 ? "1" : "0";
-    return true;
-}
+void readSameCheck() { tCustomerInfo.SAME_CHECK = page<P>().chk_EqualData.value() == 1 ? "1" : "0"; }
 
 constexpr auto kToPage = std::to_array<Step>({
-    step(showPasswordBlock),
+    step<showPasswordBlock>(),
     row(&R::USER_PASSWD),
     row(&R::GROUP_NAME),
     row(&R::COMPANY_NAME),
     row(&R::COMPANY_KANA),
     row(&R::OFFICE_NAME),
-    step(showAddressMode),
+    step<showAddressMode>(),
     row(&R::POST_CODE),
     row(&R::ADDRESS),
     row(&R::ADDRESS_NUMBER),
@@ -141,7 +132,7 @@ constexpr auto kToPage = std::to_array<Step>({
     row(&R::TEL_NO2),
     row(&R::FAX_NO),
     row(&R::MAIL_ADDRESS),
-    step(showSameCheck, &R::SAME_CHECK),
+    step<showSameCheck>(&R::SAME_CHECK),
     row(&R::PC_ADDRESS_NUMBER),
     row(&R::PC_ADDRESS_GOU),
     row(&R::PC_ADDRESS),
@@ -156,7 +147,7 @@ constexpr auto kToPage = std::to_array<Step>({
 });
 
 constexpr auto kToRecord = std::to_array<Step>({
-    step(readUserId),           row(&R::USER_PASSWD),
+    step<readUserId>(),         row(&R::USER_PASSWD),
     row(&R::GROUP_NAME),        row(&R::COMPANY_NAME),
     row(&R::COMPANY_KANA),      row(&R::OFFICE_NAME),
     row(&R::POST_CODE),         row(&R::ADDRESS),
@@ -166,7 +157,7 @@ constexpr auto kToRecord = std::to_array<Step>({
     row(&R::DAIHYO_NAME_KANA),  row(&R::TAKKEN_SYUNIN_NAME),
     row(&R::TANTO_NAME),        row(&R::TEL_NO1),
     row(&R::TEL_NO2),           row(&R::FAX_NO),
-    row(&R::MAIL_ADDRESS),      step(readSameCheck, &R::SAME_CHECK),
+    row(&R::MAIL_ADDRESS),      step<readSameCheck>(&R::SAME_CHECK),
     row(&R::PC_ADDRESS_NUMBER), row(&R::PC_ADDRESS_GOU),
     row(&R::PC_ADDRESS),        row(&R::PC_ADDRESS_CODE),
     row(&R::PC_POST_CODE),      row(&R::PC_OFFICE_NAME),

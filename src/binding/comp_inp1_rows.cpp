@@ -32,26 +32,25 @@ constexpr auto kRows = std::to_array<BindingRow>({
 });
 
 /// Sets ListIndex directly, because PF_SetControlValue does nothing without the file of field names.
-bool choose(ComboBox& combo, const std::string& value) {
+void choose(ComboBox& combo, const std::string& value) {
     if (value.empty()) {
         combo.setListIndex(-1);
     } else {
         PF_SetControlValue(combo, value);
     }
-    return true;
 }
 
-bool showLicence() { return choose(page<P>().cbo_License_No, tCustomerInfo.LICENSE_NO); }
-bool showStartEra() { return choose(page<P>().cbo_Get_License_Nengou, tCustomerInfo.GET_LICENSE_NENGOU); }
-bool showEndEra() { return choose(page<P>().cbo_Valid_License_Nengou, tCustomerInfo.VALID_LICENSE_NENGOU); }
+void showLicence() { choose(page<P>().cbo_License_No, tCustomerInfo.LICENSE_NO); }
+void showStartEra() { choose(page<P>().cbo_Get_License_Nengou, tCustomerInfo.GET_LICENSE_NENGOU); }
+void showEndEra() { choose(page<P>().cbo_Valid_License_Nengou, tCustomerInfo.VALID_LICENSE_NENGOU); }
 
 /// Old records contain "なし" for no association.
-bool showListedAssociation() {
+void showListedAssociation() {
     const std::string& name = tCustomerInfo.DANTAI_NAME;
-    return choose(page<P>().cbo_Dantai_Name, name == "なし" ? std::string() : name);
+    choose(page<P>().cbo_Dantai_Name, name == "なし" ? std::string() : name);
 }
 
-bool showAssociations() {
+void showAssociations() {
     P& form = page<P>();
     for (std::size_t i = 0; i < form.chk_Dantai.size(); ++i) {
         const bool on = flagAt(tCustomerInfo.DANTAI_FLG, i);
@@ -60,43 +59,35 @@ bool showAssociations() {
         }
         form.chk_Dantai[i].setValue(on ? 1 : 0);
     }
-    return true;
 }
 
-bool showCouncils() {
+void showCouncils() {
     P& form = page<P>();
     for (std::size_t i = 0; i < form.chk_Koutori.size(); ++i) {
         PF_SetControlValue(form.chk_Koutori[i], flagAt(tCustomerInfo.KOUTORI_FLG, i) ? "1" : "0");
     }
-    return true;
 }
 
-bool readAssociations() {
-    tCustomerInfo.DANTAI_FLG = readFlags(page<P>().chk_Dantai, kFlags);
-    return true;
-}
+void readAssociations() { tCustomerInfo.DANTAI_FLG = readFlags(page<P>().chk_Dantai, kFlags); }
 
-bool readCouncils() {
-    tCustomerInfo.KOUTORI_FLG = readFlags(page<P>().chk_Koutori, kFlags);
-    return true;
-}
+void readCouncils() { tCustomerInfo.KOUTORI_FLG = readFlags(page<P>().chk_Koutori, kFlags); }
 
 constexpr auto kToPage = std::to_array<Step>({
-    step(showLicence, &R::LICENSE_NO),
+    step<showLicence>(&R::LICENSE_NO),
     row(&R::LICENSE_NO_DAI),
     row(&R::LICENSE_NO_GO),
-    step(showStartEra, &R::GET_LICENSE_NENGOU),
+    step<showStartEra>(&R::GET_LICENSE_NENGOU),
     row(&R::GET_LICENSE_DATE_YEAR),
     row(&R::GET_LICENSE_DATE_MONTH),
     row(&R::GET_LICENSE_DATE_DAY),
-    step(showEndEra, &R::VALID_LICENSE_NENGOU),
+    step<showEndEra>(&R::VALID_LICENSE_NENGOU),
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
-    step(showAssociations, &R::DANTAI_FLG),
+    step<showAssociations>(&R::DANTAI_FLG),
     row(&R::OTHER_DANTAI_NAME),
-    step(showListedAssociation, &R::DANTAI_NAME),
-    step(showCouncils, &R::KOUTORI_FLG),
+    step<showListedAssociation>(&R::DANTAI_NAME),
+    step<showCouncils>(&R::KOUTORI_FLG),
 });
 
 constexpr auto kToRecord = std::to_array<Step>({
@@ -111,10 +102,10 @@ constexpr auto kToRecord = std::to_array<Step>({
     row(&R::VALID_LICENSE_DATE_YEAR),
     row(&R::VALID_LICENSE_DATE_MONTH),
     row(&R::VALID_LICENSE_DATE_DAY),
-    step(readAssociations, &R::DANTAI_FLG),
+    step<readAssociations>(&R::DANTAI_FLG),
     row(&R::DANTAI_NAME),
     row(&R::OTHER_DANTAI_NAME),
-    step(readCouncils, &R::KOUTORI_FLG),
+    step<readCouncils>(&R::KOUTORI_FLG),
 });
 
 }  // namespace

@@ -60,7 +60,7 @@ bool showPhoto1() { return showPhoto(0); }
 bool showPhoto2() { return showPhoto(1); }
 
 /// Only companies with a number from the server can have photos.
-bool photoSlots() {
+void photoSlots() {
     P& form = page<P>();
     const bool numbered = !isNew();
     form.lbl_ImgMsg.setVisible(!numbered);
@@ -70,14 +70,10 @@ bool photoSlots() {
         form.btm_PhotoSelect[i].setEnabled(numbered);
         form.btm_PhotoDel[i].setEnabled(numbered);
     }
-    return true;
 }
 
 /// The district is derived from the line and is never read back from the page.
-bool deriveDistrict() {
-    tCustomerInfo.TIKU_CODE = firstCharacters(tCustomerInfo.RAILROAD_CODE, 2) + "00";
-    return true;
-}
+void deriveDistrict() { tCustomerInfo.TIKU_CODE = firstCharacters(tCustomerInfo.RAILROAD_CODE, 2) + "00"; }
 
 constexpr auto kToPage = std::to_array<Step>({
     row(&R::RAILROAD_NAME),
@@ -98,9 +94,9 @@ constexpr auto kToPage = std::to_array<Step>({
     row(&R::COMPANY_COMMENT),
     row(&R::COMPANY_URL_COMMENT),
     row(&R::COMPANY_URL),
-    step(showPhoto1, &R::PHOTO_GRP1, &R::PHOTO_FILE1),
-    step(showPhoto2, &R::PHOTO_GRP2, &R::PHOTO_FILE2),
-    step(photoSlots),
+    step<showPhoto1>(&R::PHOTO_GRP1, &R::PHOTO_FILE1),
+    step<showPhoto2>(&R::PHOTO_GRP2, &R::PHOTO_FILE2),
+    step<photoSlots>(),
 });
 
 constexpr auto kToRecord = std::to_array<Step>({
@@ -108,7 +104,7 @@ constexpr auto kToRecord = std::to_array<Step>({
     row(&R::RAILROAD_CODE),
     row(&R::STATION_NAME),
     row(&R::STATION_CODE),
-    step(deriveDistrict, &R::TIKU_CODE),
+    step<deriveDistrict>(&R::TIKU_CODE),
     row(&R::WALK_MINUTES),
     row(&R::BUS_ROUTE),
     row(&R::BUS_MINUTES),

@@ -112,7 +112,6 @@ bool cls_Com::P_ResolveIniPath(std::string& path) const {
             systemIni_ = (install ? P_AddBackslash(*install) : programFolder() + "..\\") + "SYS\\system.ini";
         }
         path = systemIni_;
-        return true;
     });
 }
 

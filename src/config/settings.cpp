@@ -57,7 +57,6 @@ bool PF_GetProFile(const std::string& file, const std::string& section, const st
         const std::string read = services().profiles->GetPrivateProfileString(section, key, file);
         // Only a quoted value still has blanks. Leading ones are dropped; trailing ones are kept, as they always were.
         value = trimmedLeft(read);
-        return true;
     });
 }
 

@@ -60,7 +60,7 @@ bool bas_Image::PF_Thumbnail(ImageControl& image, const std::string& file) {
     return trapped("[ PF_Thumbnail ] ", [&] {
         if (trimmed(file).empty() || !services().fileSystem->exists(file)) {
             uncover(image);
-            return true;
+            return;
         }
         const Covered covered(image);
         image.load(file, {image.scaleWidth() * kSharpest, image.scaleHeight() * kSharpest});
@@ -68,7 +68,6 @@ bool bas_Image::PF_Thumbnail(ImageControl& image, const std::string& file) {
         const Box whole{0, 0, image.scaleWidth(), image.scaleHeight()};
         image.setDstRect(whole);
         image.setDstClipRect(whole);
-        return true;
     });
 }
 

@@ -3,6 +3,8 @@
 #include <functional>
 #include <string_view>
 
+#include "logging/trap.h"
+
 namespace orv {
 
 /// How an event handler reports a failure. The default shows "COSERR01", logs, and clears the pair.
@@ -19,5 +21,11 @@ void report(const Report& how = {});
 
 /// Runs the body of an event handler. Reports a failure that `body` throws (under `label`) or leaves in the pair.
 void handled(std::string_view label, const std::function<bool()>& body, const Report& how = {});
+
+/// The same for a body without a result.
+void handled(std::string_view label, const BodyWithoutResult auto& body, const Report& how = {}) {
+    handled(
+        label, [&] { return succeeds(body); }, how);
+}
 
 }  // namespace orv

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/run_time_error.h"
 #include "platform/scope.h"
@@ -38,14 +39,31 @@ private:
 /// result is false. A body that fills the pair itself returns false, and the pair is kept.
 [[nodiscard]] bool trapped(std::string_view label, const std::function<bool()>& body);
 
+/// Runs `body` and returns its result. A body without a result succeeds unless it throws.
+template <class Body>
+bool succeeds(const Body& body) {
+    if constexpr (std::is_void_v<std::invoke_result_t<const Body&>>) {
+        body();
+        return true;
+    } else {
+        return body();
+    }
+}
+
+/// A body that fails only by throwing.
+template <class Body>
+concept BodyWithoutResult = std::is_void_v<std::invoke_result_t<const Body&>>;
+
+/// The same for a body without a result.
+[[nodiscard]] bool trapped(std::string_view label, const BodyWithoutResult auto& body) {
+    return trapped(label, [&] { return succeeds(body); });
+}
+
 /// The same for a routine whose result is not a boolean. Returns `onFailure` if the body fails.
 template <class Result>
 [[nodiscard]] Result trappedOr(std::string_view label, Result onFailure, const std::function<Result()>& body) {
     Result result = onFailure;
-    const bool fine = trapped(label, [&] {
-        result = body();
-        return true;
-    });
+    const bool fine = trapped(label, [&] { result = body(); });
     return fine ? result : onFailure;
 }
 

@@ -52,10 +52,7 @@ std::string assignKey(const std::string& newUserId) {
 
 bool made(std::string_view label, std::string& sql, const std::function<std::string()>& text) {
     sql.clear();
-    return trapped(label, [&] {
-        sql = text();
-        return true;
-    });
+    return trapped(label, [&] { sql = text(); });
 }
 
 /// Returns the columns of the pages: from the one after the key up to the associations and councils.

@@ -42,10 +42,7 @@ void readArgument(const std::string& tail) {
 }
 
 bool showFirstPage() {
-    const bool shown = trapped(kLabel, [] {
-        services().forms->show(page<frm_CompInp0>());
-        return true;
-    });
+    const bool shown = trapped(kLabel, [] { services().forms->show(page<frm_CompInp0>()); });
     if (!shown) {
         PF_Form_Clean();
         releaseAfterFailedStart(gUserId);

@@ -26,7 +26,6 @@ void enterMovesOn(const PageForm& form, Control& control, int key) {
         if (key == kKeyEnter) {
             control.owner().focusNext();
         }
-        return true;
     });
 }
 

@@ -113,7 +113,6 @@ bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> ba
             drawLegend(form);
         }
         write(form, {126, 5}, "設定/お客様情報", kTitleSize);
-        return true;
     });
 }
 

@@ -39,7 +39,6 @@ void Form_Load(frm_ChangePassword& dialog) {
             dialog.txt_Password[i].setText("");
         }
         dialog.ready = true;
-        return true;
     });
 }
 
@@ -54,10 +53,7 @@ void btm_Entry_Click(frm_ChangePassword& dialog) {
 }
 
 void btm_Cancel_Click(frm_ChangePassword& dialog) {
-    handled(kLabel, [&] {
-        close(dialog);
-        return true;
-    });
+    handled(kLabel, [&] { close(dialog); });
 }
 
 void wireChangePassword(frm_ChangePassword& dialog) {

@@ -68,10 +68,8 @@ void openSite(frm_CompInp0& form) {
 }
 
 void txt_Address_Code_Change(frm_CompInp0& form) {
-    handled("[ CompInp0 txt_Address_Code_Change ]", [&] {
-        form.txt_Area_Code.setText(deriveAreaCode(form.txt_Address_Code.text()));
-        return true;
-    });
+    handled("[ CompInp0 txt_Address_Code_Change ]",
+            [&] { form.txt_Area_Code.setText(deriveAreaCode(form.txt_Address_Code.text())); });
 }
 
 void hyphenate(TextInput& postCode, const char* label) {
@@ -81,7 +79,6 @@ void hyphenate(TextInput& postCode, const char* label) {
         if (digits && text.size() == kPostCodeDigits) {
             postCode.setText(text.substr(0, kPostCodeFront) + "-" + text.substr(kPostCodeFront));
         }
-        return true;
     });
 }
 
@@ -141,7 +138,6 @@ void chk_EqualData_Click(frm_CompInp0& form) {
             openSite(form);
         }
         showTick(form.chk_EqualData);
-        return true;
     });
 }
 
@@ -155,7 +151,6 @@ void btm_SearchOfficeAddress_Click(frm_CompInp0& form) {
                            .filled = {&form.txt_Post_Code, &form.txt_Address, &form.txt_Address_Code},
                            .button = form.btm_SearchOfficeAddress,
                            .title = "住所検索"});
-        return true;
     });
 }
 
@@ -165,7 +160,6 @@ void btm_ChangePW_Click(frm_CompInp0& form) {
         if (dialog.run()) {
             form.txt_User_Passwd.setText(tCustomerInfo.USER_PASSWD);
         }
-        return true;
     });
 }
 
@@ -174,7 +168,6 @@ void btm_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key) {
         form.setEnabled(true);
         form.btm_SearchOfficeAddress.setEnabled(true);
         goOnAfterSearch(form.txt_Address_number, key);
-        return true;
     });
 }
 
@@ -185,7 +178,6 @@ void btm_Pc_SearchOfficeAddress_Click(frm_CompInp0& form) {
                            .filled = {&form.txt_Pc_Post_Code, &form.txt_Pc_Address, &form.txt_Pc_Address_Code},
                            .button = form.btm_Pc_SearchOfficeAddress,
                            .title = "住所検索"});
-        return true;
     });
 }
 
@@ -193,7 +185,6 @@ void btm_Pc_SearchOfficeAddress_KeyDown(frm_CompInp0& form, int& key) {
     handled("[ CompInp0 btm_Pc_SearchOfficeAddress_KeyDown ]", [&] {
         form.setEnabled(true);
         goOnAfterSearch(form.txt_Pc_Address_number, key);
-        return true;
     });
 }
 

@@ -38,7 +38,6 @@ void openOtherAssociation(frm_CompInp1& form, bool open) {
 void tickOtherAssociation(frm_CompInp1& form, const char* label) {
     handled(label, [&] {
         form.chk_Dantai[kOtherAssociation].setValue(trimmed(form.txt_Other_Dantai_Name.text()).empty() ? 0 : 1);
-        return true;
     });
 }
 
@@ -52,10 +51,8 @@ bool keepEditionAssociation(frm_CompInp1& form) {
 }  // namespace
 
 void cbo_License_No_Click(frm_CompInp1& form) {
-    handled("[ CompInp1 cbo_License_No_Click ]", [&] {
-        openLicence(form, !isWithoutLicence(form.cbo_License_No.text()));
-        return true;
-    });
+    handled("[ CompInp1 cbo_License_No_Click ]",
+            [&] { openLicence(form, !isWithoutLicence(form.cbo_License_No.text())); });
 }
 
 void chk_Dantai_Click(frm_CompInp1& form, int index) {
@@ -68,15 +65,11 @@ void chk_Dantai_Click(frm_CompInp1& form, int index) {
             openOtherAssociation(form, on);
         }
         showTick(box);
-        return true;
     });
 }
 
 void chk_Koutori_Click(frm_CompInp1& form, int index) {
-    handled("[ CompInp1 chk_Koutori_Click ]", [&] {
-        showTick(form.chk_Koutori[static_cast<std::size_t>(index)]);
-        return true;
-    });
+    handled("[ CompInp1 chk_Koutori_Click ]", [&] { showTick(form.chk_Koutori[static_cast<std::size_t>(index)]); });
 }
 
 void cbo_Dantai_Name_Click(frm_CompInp1& form) {
@@ -84,7 +77,6 @@ void cbo_Dantai_Name_Click(frm_CompInp1& form) {
         if (!form.cbo_Dantai_Name.text().empty()) {
             form.chk_Dantai[kListedAssociation].setValue(1);
         }
-        return true;
     });
 }
 

@@ -25,7 +25,6 @@ void followLinkName(frm_CompInp2& form, const char* label) {
             } else if (!named && address == kUrlPrefix) {
                 form.txt_Company_URL.setText("");
             }
-            return true;
         },
         kTextReport);
 }
@@ -51,7 +50,6 @@ void leavePage(frm_CompInp2& form) {
     handled("[ CompInp2 Form_Unload ]", [&form] {
         acceptDrops(form);
         Form_Unload(form);
-        return true;
     });
 }
 
@@ -77,7 +75,6 @@ void btn_SelectRail_Click(frm_CompInp2& form) {
                                       &form.lbl_Station_Name},
                            .button = form.btn_SelectRail,
                            .title = "沿線検索"});
-        return true;
     });
 }
 
@@ -86,7 +83,6 @@ void btn_SelectRail_KeyDown(frm_CompInp2& form, int& key) {
         form.setEnabled(true);
         form.btn_SelectRail.setEnabled(true);
         goOnAfterSearch(form.txt_Walk_Minutes, key);
-        return true;
     });
 }
 
@@ -106,7 +102,6 @@ void btn_DelRail_Click(frm_CompInp2& form) {
         form.lbl_Station_Name.setCaption("");
         form.txt_Railroad_Code.setText("");
         form.txt_Station_Code.setText("");
-        return true;
     });
 }
 

@@ -8,10 +8,7 @@ namespace orv {
 namespace {
 
 void colour(CheckBox& box, const char* label) {
-    handled(label, [&] {
-        showTick(box);
-        return true;
-    });
+    handled(label, [&] { showTick(box); });
 }
 
 template <std::size_t N>

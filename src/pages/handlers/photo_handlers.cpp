@@ -169,7 +169,7 @@ void pic_PhotoFile_OLEDrop(const PhotoSlots& photos, std::size_t slot, const std
 void btm_PhotoDel_Click(const PhotoSlots& photos, std::size_t slot) {
     handled("[ CompInp2 btm_PhotoDel_Click ]", [&] {
         if (!confirm("IMGMSG01")) {
-            return true;
+            return;
         }
         const PhotoControls& controls = photos.slots.at(slot);
         controls.group.setListIndex(-1);
@@ -177,7 +177,6 @@ void btm_PhotoDel_Click(const PhotoSlots& photos, std::size_t slot) {
         controls.picture.setVisible(false);
         controls.picture.clear();
         controls.picture.setVisible(true);
-        return true;
     });
 }
 
