@@ -37,6 +37,7 @@ TEST_F(Settings, PresentEmptyAndUnreadable) {
               host, ofTheOffice},
              {[] { return multiCom().ORV_IMAGE_TRANSFER_TYPE(); }, "NET", "TRANSFERTYPE", "12", "FTP", "FTP",
               ofTheOffice},
+             {[] { return com().TerminalNo(); }, "NO_00", "PCNO", "12", "", "", "C:\\ORV\\SYS\\Kcount.ini"},
              {[] { return multiCom().ORV_FtpOverwrite(); }, "NET", "FTPOVERWRITE", "12", "True"},
          }) {
         settings.set(row.section, row.key, "");
@@ -96,24 +97,22 @@ TEST_F(Settings, TheInstallFolderIsInTheRegistryOrNextToTheProgram) {
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(Settings, PropertiesOfTheSampleOffice) {
-    using C = cls_Com;
-    settings.set("PATH", "SYS", "C:\\ORV\\SHARED");
-    settings.set("NET", "USEPROXY", "True");
-    settings.set("NO_00", "PCNO", "07");
-    settings.set("NO_00", "PCNAME", "受付");
-    for (const auto& [property, value] : std::initializer_list<std::pair<std::string (C::*)() const, const char*>>{
-             {&C::SeverSysPath, "C:\\ORV\\SHARED\\"},
-             {&C::SysBknoIni, "C:\\ORV\\SHARED\\BKNO.INI"},
-             {&C::SysMsgTbl, "C:\\ORV\\BIN\\..\\SYS\\MSG.TBL"},
-             {&C::LogRcvFile, "C:\\ORV\\LOG\\RCV\\260504_rcv.log"},
-             {&C::ORV_UseProxy, "True"},
-             {&C::ORV_GifImgMode, "False"},
-             {&C::TerminalNo, "07"},
-             {&C::TerminalName, "受付"},
-         }) {
-        EXPECT_EQ((com().*property)(), value);
+TEST_F(Settings, EachPropertyReadsItsSetting) {
+    std::istringstream sample(readFile(filePath(kSampleFolder) / "C/ORV/SYS/system.ini"));
+    std::string section;
+    for (std::string line; std::getline(sample, line);) {
+        const std::string key = line.substr(0, line.find('='));
+        if (line.starts_with('[')) section = line.substr(1, line.find(']') - 1);
+        if (key != line && !line.starts_with(';')) settings.set(section, key, section + "." + key);
     }
+    settings.set("LAN", "HIMSELF", "CLIENT");
+    settings.set("NO_00", "PCNO", "NO_00.PCNO");
+    settings.set("NO_00", "PCNAME", "NO_00.PCNAME");
+#define PROPERTY(owner, name, value) EXPECT_EQ(owner().name(), value) << #name;
+#include "config/properties.inc"
+}
+
+TEST_F(Settings, AKindOfPropertyHasItsFolderOfLeaflets) {
     for (const auto& [code, folder] : std::map<std::string, std::string>{{"RH", "CHINTAI\\"},
                                                                          {"RJ1", "TENANTO\\"},
                                                                          {"SL", "TOCHI\\"},
