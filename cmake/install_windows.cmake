@@ -14,5 +14,6 @@ install(FILES packaging/windows/licences.txt DESTINATION programs/HLP/licences)
 
 install(DIRECTORY sample/C/ORV/ DESTINATION office
         PATTERN .gitkeep EXCLUDE PATTERN *.jpg EXCLUDE PATTERN KELT_MENU.EXE EXCLUDE)
+install(PROGRAMS $<TARGET_FILE:suite_menu> DESTINATION office/BIN)
 install(DIRECTORY sample/search/ DESTINATION office/BIN/DAT)
 install(FILES ${empty_store} DESTINATION office/MDB)

@@ -40,7 +40,7 @@ makeWindowsTree() {
     placeWindowsProgram "$programs/BIN"
     addWindowsLicences "$programs/HLP/licences"
     checkWindowsLibraries "$programs/BIN"
-    for program in "$programs"/BIN/*.EXE; do
+    for program in "$WINDOWS_TREE"/*/BIN/*.EXE; do
         $WINDOWS_HOST-strip "$program"
         tools/checks/windows_program.sh "$program" "$(windowsVersion)"
     done

@@ -52,10 +52,10 @@ sums() { (cd "$1" && find . -type f "${@:2}" -exec sha256sum {} + | sort -k 2); 
 
 # The programs of an install, without the files that the installer makes itself.
 programsIn() { (cd "$1" && sums . \( -path './BIN/*' -o -path './HLP/*' \) -not -path './BIN/DAT/*' -not -name help.hlp \
-    -not -name KELT_UNINST.EXE -not -name KELT_COS.LST); }
+    -not -name KELT_MENU.EXE -not -name KELT_UNINST.EXE -not -name KELT_COS.LST); }
 
 # Everything else.
-dataIn() { (cd "$1" && sums . -not -path './BKUP/programs/*' \( -not -path './BIN/*' -o -path './BIN/DAT/*' \) \
+dataIn() { (cd "$1" && sums . -not -path './BKUP/programs/*' \( -not -path './BIN/*' -o -path './BIN/DAT/*' -o -name KELT_MENU.EXE \) \
     \( -not -path './HLP/*' -o -name help.hlp \)); }
 
 hasPrograms() { diff <(sums "$2/programs") <(programsIn "$1"); }
