@@ -76,8 +76,8 @@ TEST_F(Probe, EveryModeToTheBlank) {
                           Case{1, "K3", "TBL_SS_BASE", "     AND PROPERTY_NO = 'K2' "},
                           Case{2, "  ", "TBL_SS_BASE", "     AND ESTATE_INQUIRY_ID = 'K2' "},
                           Case{2, "K3", "TBL_SS_BASE", "     AND ESTATE_INQUIRY_ID = 'K2' " + other},
-                          Case{10, "", "TBL_CUSTOMER_INFO", ""}, Case{11, "", "TBL_CUSTOMER_ADD", ""},
-                          Case{12, "", "TBL_CUSTOMER_DATE", ""}}) {
+                          Case{10, "K3", "TBL_CUSTOMER_INFO", ""}, Case{11, "K3", "TBL_CUSTOMER_ADD", ""},
+                          Case{12, "K3", "TBL_CUSTOMER_DATE", ""}}) {
         static_cast<void>(PF_GetRowCountZero("K2", "U", c.mode, c.key3));
         EXPECT_EQ(store.statements.back(),
                   "  SELECT COUNT(*)     FROM " + c.table + "    WHERE USER_ID = 'U' " + c.condition);

@@ -182,6 +182,7 @@ TEST_F(Controls, TheViewIsNotifiedOfEveryAssignment) {
     // clang-format on
     EXPECT_TRUE(number.typed("　９ "));
     EXPECT_EQ(number.text(), "9");
+    EXPECT_THROW(box.setValue(3), RunTimeError);
     for (const auto& [name, assign] : assignments) {
         raised = 0;
         assign();
