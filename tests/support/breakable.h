@@ -141,12 +141,17 @@ public:
     void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
     void hide(const std::string& path) { hidden_.insert(folded(path)); }
     void allowAll() { refused_.clear(); }
+    /// True if other users got a copy at that path.
+    bool isPublished(const std::string& path) const { return published_.contains(folded(path)); }
 
     bool exists(const std::string& path) const override {
         return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : SystemFiles::exists(path);
     }
     void copy(const std::string& from, const std::string& to) override { SystemFiles::copy(from, allowed(to)); }
-    void publish(const std::string& from, const std::string& to) override { SystemFiles::publish(from, allowed(to)); }
+    void publish(const std::string& from, const std::string& to) override {
+        SystemFiles::publish(from, allowed(to));
+        published_.insert(folded(to));
+    }
     void remove(const std::string& path) override { SystemFiles::remove(allowed(path)); }
 
 private:
@@ -159,6 +164,7 @@ private:
 
     std::map<std::string, Failure> refused_;
     std::set<std::string> hidden_;
+    std::set<std::string> published_;
 };
 
 /// The settings of a real file, except those that a test sets, by section and key.

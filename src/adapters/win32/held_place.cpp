@@ -19,7 +19,7 @@ Win32Handle openShared(const std::string& nativePath, const FileOpening& opening
                                      opening.followsLinks ? flags : flags | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
-Win32Handle holdFolder(const std::string& nativeFolder, bool mustNotBeLink) {
+Win32Handle holdFolderOrLink(const std::string& nativeFolder) {
     Win32Handle folder = openShared(nativeFolder, {.access = FILE_LIST_DIRECTORY}, kSharedButNotRenamed);
     if (!folder && ::GetLastError() == ERROR_FILE_NOT_FOUND) {
         raiseError(ERROR_PATH_NOT_FOUND);
@@ -31,9 +31,6 @@ Win32Handle holdFolder(const std::string& nativeFolder, bool mustNotBeLink) {
     if (::GetFileInformationByHandle(folder.get(), &facts) == 0) {
         raiseLastError();
     }
-    if (mustNotBeLink && isLink(folder.get())) {
-        raiseLink();
-    }
     if ((facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         raiseError(ERROR_PATH_NOT_FOUND);
     }
@@ -44,6 +41,14 @@ Win32Handle holdFolder(const std::string& nativeFolder, bool mustNotBeLink) {
 
 Win32Handle openNative(const std::string& nativePath, const FileOpening& opening) {
     return openShared(nativePath, opening, kSharedByAll);
+}
+
+Win32Handle holdFolder(const std::string& nativeFolder) {
+    Win32Handle folder = holdFolderOrLink(nativeFolder);
+    if (isLink(folder.get())) {
+        raiseLink();
+    }
+    return folder;
 }
 
 bool isLink(HANDLE opened) {
@@ -66,9 +71,9 @@ HeldPlace::HeldPlace(const DrivePaths& paths, const std::string& nativePath) : p
     }
     Folders held;
     std::size_t end = isChosen_ ? last : install;
-    held.push_back(holdFolder(nativePath.substr(0, end + 1), false));
+    held.push_back(holdFolderOrLink(nativePath.substr(0, end + 1)));
     while ((end = nativePath.find('\\', end + 1)) <= last && end != std::string::npos) {
-        held.push_back(holdFolder(nativePath.substr(0, end), true));
+        held.push_back(holdFolder(nativePath.substr(0, end)));
     }
     held_ = std::make_shared<const Folders>(std::move(held));
 }

@@ -27,6 +27,9 @@ Win32Handle openNative(const std::string& nativePath, const FileOpening& opening
 /// True for a link, or a folder in whose place another folder appears.
 bool isLink(HANDLE opened);
 
+/// Opens a folder so that it cannot be renamed or replaced until the handle is closed. A link is failure 75.
+Win32Handle holdFolder(const std::string& nativeFolder);
+
 /// A name in a folder. Below the install folder, the folders of the path are held open, so that they cannot be renamed,
 /// and none of them is a link. Other users could have put it there.
 class HeldPlace {

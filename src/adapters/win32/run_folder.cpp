@@ -102,6 +102,7 @@ bool RunFolder::tryToMake(const std::string& folder) {
         return false;
     }
     lock_ = std::move(lock);
+    held_ = holdFolder(folder);
     folder_ = folder;
     return true;
 }

@@ -8,8 +8,8 @@
 namespace orv {
 
 /// The working files of this run, in a folder that several runs and users share. They are in a folder of their own that
-/// only this user can open, and that is locked until the run ends. The files remain; the next run of the user removes
-/// them.
+/// only this user can open, and that is locked and not renamed until the run ends. The files remain; the next run of
+/// the user removes them.
 class RunFolder {
 public:
     /// `shared` is the shared folder.
@@ -31,6 +31,7 @@ private:
     std::string shared_;
     std::string folder_;
     Win32Handle lock_;
+    Win32Handle held_;
 };
 
 }  // namespace orv

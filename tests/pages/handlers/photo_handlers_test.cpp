@@ -117,7 +117,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
         {[&] { limits("0", "480"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
         {[&] { limits("640", "0"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
         {[&] {
-             std::filesystem::remove(source);
+             std::filesystem::remove(filePath(source));
              pictures.script.broken = {"info"};
          },
          "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
