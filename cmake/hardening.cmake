@@ -9,8 +9,11 @@ else()
   add_link_options("$<$<CONFIG:Release>:-pie;-Wl,-z,relro,-z,now,-z,noexecstack>")
 endif()
 
-# Deletes a program of that build that lacks any of them.
+# Deletes a program of that build that lacks any of them. Programs of Windows have another form, which is not checked.
 function(orv_require_hardening program)
+  if(WIN32)
+    return()
+  endif()
   add_custom_command(TARGET ${program} POST_BUILD VERBATIM
                      COMMAND "$<IF:$<CONFIG:Release>,${CMAKE_SOURCE_DIR}/tools/checks/hardening.sh,true>"
                              "$<TARGET_FILE:${program}>")

@@ -16,6 +16,12 @@ foreach(setting ORV_WINDOWS_LIBRARIES ORV_WINE)
 endforeach()
 set(CMAKE_CROSSCOMPILING_EMULATOR ${ORV_WINE})
 
+# The toolkit's tools run on this system.
+set(QT_HOST_PATH /usr CACHE PATH "")
+set(QT_HOST_PATH_CMAKE_DIR /usr/lib/x86_64-linux-gnu/cmake CACHE PATH "")
+# Not the library that would have to be installed with the program.
+set(ZLIB_LIBRARY /usr/x86_64-w64-mingw32/lib/libz.a CACHE FILEPATH "")
+
 set(CMAKE_FIND_ROOT_PATH ${ORV_WINDOWS_LIBRARIES} /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

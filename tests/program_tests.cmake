@@ -1,4 +1,4 @@
-# Tests that need the libraries of the program, and mostly its tools.
+# Tests that need the libraries of the program. Most of them also need its tools.
 
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
@@ -8,6 +8,16 @@ target_include_directories(made_pictures PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(made_pictures PRIVATE orv_options PUBLIC sample_folder orv_adapters_pictures JPEG::JPEG TIFF::TIFF Qt6::Gui)
 
 orv_add_tests(sqlite_tests adapters/sqlite orv_adapters_sqlite GTest::gtest_main)
+orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_system GTest::gtest_main)
+orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_system orv_adapters_text
+              orv_adapters_pictures Qt6::Test)
+orv_add_tests(window_tests app orv_app orv_adapters_qt orv_adapters_system
+              orv_adapters_text Qt6::Test)
+target_sources(window_tests PRIVATE adapters/qt/main.cpp)
+if(NOT ORV_TOOLS)
+  return()
+endif()
+
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
 orv_add_one_test(store_tool_tests programs/store private_server orv_adapters_text nlohmann_json::nlohmann_json
                  GTest::gtest_main)
@@ -26,12 +36,7 @@ target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --in
 add_dependencies(security_tests company_information store_tool address_search line_search packed_texts hostile_key)
 orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_posix suite_server_library
               nlohmann_json::nlohmann_json GTest::gtest_main)
-orv_add_tests(pictures_tests adapters/pictures made_pictures orv_adapters_posix GTest::gtest_main)
-orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_adapters_posix orv_adapters_text orv_adapters_pictures Qt6::Test)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
-orv_add_tests(window_tests app orv_app orv_adapters_qt orv_adapters_posix
-              orv_adapters_text Qt6::Test)
-target_sources(window_tests PRIVATE adapters/qt/main.cpp)
 orv_add_tests(end_to_end_tests end_to_end orv_ui_driver private_server GTest::gtest_main)
 orv_add_tests(input_method_tests input_method orv_ui_driver GTest::gtest_main)
 orv_add_tests(screen_reader_tests screen_reader orv_ui_driver orv_version GTest::gtest_main)

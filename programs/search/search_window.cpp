@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "adapters/machine/own_process.h"
 #include "adapters/qt/application.h"
 #include "adapters/qt/views/screen_space.h"
 #include "sibling_client.h"
@@ -25,8 +26,8 @@ bool movesInList(int key) {
 /// Returns the text after the program's name.
 QString tail(int count, char* arguments[]) {
     QStringList words;
-    for (int i = 1; i < count; ++i) {
-        words << QString::fromUtf8(arguments[i]);
+    for (const std::string& argument : orv::programArguments(count, arguments)) {
+        words << QString::fromStdString(argument);
     }
     return words.join(' ');
 }
@@ -153,7 +154,7 @@ bool SearchWindow::eventFilter(QObject* watched, QEvent* event) {
 int runSearch(const SearchPlan& plan, int count, char* arguments[]) {
     const orv::Application application(arguments[0]);
     const auto line = readCommandLine(tail(count, arguments), plan.valueCount, plan.sent.size());
-    SiblingClient client;
+    SiblingClient client(line ? line->button : QString());
     if (!line || !client.connected()) {
         return refuse(plan, QStringLiteral("お客様情報設定の画面から起動してください。"));
     }

@@ -1,30 +1,31 @@
 #pragma once
 
-#include <QLocalSocket>
-#include <QStringList>
+#include <QString>
 #include <functional>
+#include <memory>
 
 namespace search {
 
-/// The connection to the program that has started this one.
+/// The connection to the program that has started this one. Handles are those of the command line.
 class SiblingClient {
 public:
-    /// Connects through the environment variable.
-    SiblingClient();
+    /// `button` belongs to the other program.
+    explicit SiblingClient(const QString& button);
+    ~SiblingClient();
 
-    bool connected() const { return socket_.state() == QLocalSocket::ConnectedState; }
+    bool connected() const;
     /// `hungUp` is called when the other side ends the work.
     void onHangUp(std::function<void()> hungUp);
     /// `toFront` is called when the other side asks for this window to be raised.
     void onToFront(std::function<void()> toFront);
     void setText(const QString& handle, const QString& text);
-    /// Sends the last line and waits until the other side has disconnected, one minute at most.
+    /// Sends the last message and waits until the other side has received it, one minute at most.
     void pressKey(const QString& handle);
 
 private:
-    void say(const QString& line);
+    class Link;
 
-    QLocalSocket socket_;
+    std::unique_ptr<Link> link_;
 };
 
 }  // namespace search

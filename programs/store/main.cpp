@@ -1,5 +1,3 @@
-#include <sys/prctl.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
@@ -7,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/machine/own_process.h"
 #include "keeper.h"
 #include "version.h"
 
@@ -152,7 +151,7 @@ int run(const Command& command, const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    ::prctl(PR_SET_DUMPABLE, 0);  // the memory contains passwords
+    keepMemoryPrivate();
     CLI::App app("Maintains the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
     app.set_version_flag("--version", "orv_store " + std::string(kVersion));

@@ -12,9 +12,9 @@ namespace orv {
 Composition::Composition(const std::string& programFolder)
     : office_(programFolder),
       programs_(office_.paths),
-      siblings_(programs_, watchDescriptor),
+      siblings_(programs_, watchHandle),
       windows_(findLayout, forms_),
-      running_(watchDescriptor, findInstallRoot(programFolder), [this] { windows_.toFront(); }),
+      running_(watchHandle, programFolder, [this] { windows_.toFront(); }),
       messages_(
           windows_, office_.files, office_.codePage, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),

@@ -25,7 +25,7 @@ lint() {
     buildPreset dev >/dev/null
     tidyCommands
     # The adapters of Windows are not compiled on this system.
-    sources | grep '^src/.*\.cpp$' | grep -v -e '/code_conversion\.cpp$' -e '/win32/' |
+    sources | grep '^src/.*\.cpp$' | grep -v -e '/code_conversion\.cpp$' -e '[/_]win32[./]' |
         xargs -P2 -n4 clang-tidy -quiet -p build/tidy 2>/dev/null || status=1
     # The analyzer of clang-tidy 14 crashes on this file; the other checks run.
     clang-tidy -quiet -checks='-clang-analyzer-*' -p build/tidy src/adapters/text/code_conversion.cpp 2>/dev/null || status=1

@@ -1,19 +1,23 @@
 # Builds the program for Windows and tests it under wine.
 source tools/dev/windows_libraries.sh
+source tools/dev/windows_program.sh
 
 WINDOWS_CORE_PACKAGES=(
-    g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine cmake ninja-build ccache python3 dpkg-dev tcl
+    g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine cmake ninja-build ccache python3 dpkg-dev tcl locales
     libgtest-dev libsqlite3-dev
 )
-WINDOWS_PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}" nsis zip unzip sqlite3 xvfb nasm bison flex qt6-base-dev-tools qt6-l10n-tools imagemagick)
+WINDOWS_PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}" nsis zip unzip sqlite3 xvfb qt6-base-dev-tools qt6-translations-l10n imagemagick)
 
 windows() {
-    local command="${1:-core}"
+    local command="${1:-all}"
     [ $# -gt 0 ] && shift
     case "$command" in
+        all) buildWindows; windowsTests ;;
         core) windowsCore ;;
-        libraries) windowsLibraries ;;
+        libraries) needAllWindowsLibraries ;;
         package) source tools/dev/windows_package.sh; windowsPackage "$@" ;;
+        test) buildWindows; windowsTests "$@" ;;
+        run) source tools/dev/windows_run.sh; windowsRun "$@" ;;
         *) help; exit 2 ;;
     esac
 }
@@ -27,8 +31,17 @@ windowsCore() {
     python3 tools/dev/report_wine.py windows-core
 }
 
-windowsLibraries() {
+needAllWindowsLibraries() {
     PACKAGES+=("${WINDOWS_PACKAGES[@]}")
     needPackages
     needWindowsLibraries "${WINDOWS_ALL_LIBRARIES[@]}"
+}
+
+buildWindows() {
+    needAllWindowsLibraries
+    buildPreset windows
+}
+
+windowsTests() {
+    ORV_WINE_PATH="Z:$(windowsLibrary qt)/bin;Z:$(windowsLibrary curl)/bin" python3 tools/dev/report_wine.py windows "$@"
 }

@@ -11,10 +11,10 @@ WINDOWS_TOOLCHAIN="$PWD/cmake/windows.cmake"
 declare -A WINDOWS_VERSION_OF=(
     [gtest]=googletest [sqlite]=libsqlite3-dev
     [jpeg]=libjpeg62-turbo-dev [png]=libpng-dev [tiff]=libtiff-dev [gif]=libgif-dev
-    [curl]=libcurl4-openssl-dev [openssl]=libssl-dev [pq]=libpq-dev [qt]=qt6-base-dev
+    [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [qt]=qt6-base-dev
 )
 WINDOWS_CORE_LIBRARIES=(gtest sqlite)
-WINDOWS_ALL_LIBRARIES=(gtest sqlite jpeg png tiff gif qt curl openssl pq)
+WINDOWS_ALL_LIBRARIES=(gtest sqlite jpeg png tiff gif json curl qt)
 
 # Each build_NAME SOURCE BUILD PREFIX builds one library in the empty folder BUILD and installs it.
 
@@ -79,20 +79,7 @@ build_curl() {
     withCMake "$1" "$2" "$3" "${off[@]}" -DBUILD_SHARED_LIBS=ON -DCURL_USE_SCHANNEL=ON -DHTTP_ONLY=ON
 }
 
-build_openssl() {
-    "$1/Configure" mingw64 --cross-compile-prefix=$WINDOWS_HOST- CC=gcc-posix --prefix="$3" --libdir=lib no-tests
-    make -s -j "$WINDOWS_JOBS" build_libs
-    make -s install_dev
-}
-
-build_pq() {
-    local ssl; ssl=$(windowsLibrary openssl)
-    "$1/configure" --host=$WINDOWS_HOST CC=$WINDOWS_CC --prefix="$3" --without-readline --without-zlib --disable-nls \
-        --with-ssl=openssl CPPFLAGS="-I$ssl/include" LDFLAGS="-L$ssl/lib"
-    make -s -j "$WINDOWS_JOBS" -C src/interfaces/libpq all
-    make -s -C src/interfaces/libpq install
-    make -s -C src/include install
-}
+build_json() { withCMake "$1" "$2" "$3" -DJSON_BuildTests=OFF; }
 
 # Without a feature that the program does not use. Debian's source has no files for tablets. Without direct2d the plug-in
 # for the screen does not link.
@@ -100,7 +87,7 @@ build_qt() {
     local feature settings=()
     for feature in dbus network sql xml concurrent printsupport vulkan pkg_config glib icu zstd system_zlib system_png system_jpeg \
         system_freetype system_harfbuzz system_pcre2 system_doubleconversion pdf tabletevent graphicsview textodfwriter \
-        textmarkdownreader textmarkdownwriter style_windowsvista wizard mdiarea dockwidget sessionmanager systemtrayicon; do
+        textmarkdownwriter style_windowsvista wizard mdiarea dockwidget sessionmanager systemtrayicon; do
         settings+=("-DFEATURE_$feature=OFF")
     done
     withCMake "$1" "$2" "$3" "${settings[@]}" -DINPUT_opengl=no -DFEATURE_testlib=ON -DBUILD_SHARED_LIBS=ON \

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -23,6 +24,7 @@ namespace fs = std::filesystem;
 /// Far longer than a stalled machine takes. Only a failing wait ever takes so long.
 constexpr auto kPatience = 180s;
 constexpr auto kPause = 10ms;
+constexpr auto kStillTime = 300ms;
 // From the package mate-backgrounds.
 constexpr const char* kPhoto = "/usr/share/backgrounds/mate/nature/Garden.jpg";
 constexpr const char* kNoticeTitle = "会社情報設定";
@@ -46,6 +48,13 @@ std::vector<std::string> keyCommand(const std::string& keys) {
     std::istringstream words(keys);
     command.insert(command.end(), std::istream_iterator<std::string>(words), std::istream_iterator<std::string>());
     return command;
+}
+
+/// Returns the command that runs the program, for a program of another system. Empty if it runs by itself.
+std::vector<std::string> runner() {
+    const char* given = std::getenv("ORV_RUN_WITH");
+    std::istringstream words(given == nullptr ? "" : given);
+    return {std::istream_iterator<std::string>(words), std::istream_iterator<std::string>()};
 }
 
 /// Makes the folder that a login would have made for the session.
@@ -142,7 +151,7 @@ Terminal::Terminal(const Office& office, std::string display, std::string comput
       environment_{{"DISPLAY", std::move(display)},
                    {"ORV_COMPUTER_NAME", std::move(computer)},
                    {"XDG_RUNTIME_DIR", runtimeFolder(office)},
-                   {"QT_QPA_PLATFORM", "xcb"},
+                   {"QT_QPA_PLATFORM", runner().empty() ? "xcb" : "windows"},
                    {"ORV_SCALE", "1"}} {
     for (const auto& [name, value] : extra) {
         environment_[name] = value;
@@ -150,7 +159,12 @@ Terminal::Terminal(const Office& office, std::string display, std::string comput
 }
 
 std::vector<std::string> Terminal::program(const std::string& argument) const {
-    return {(office_.drive() / "ORV/BIN/KELT_COS.EXE").string(), argument};
+    std::vector<std::string> command = runner();
+    if (command.empty()) {
+        command.push_back((office_.drive() / "ORV/BIN/KELT_COS.EXE").string());
+    }
+    command.push_back(argument);
+    return command;
 }
 
 void Terminal::start(const std::string& argument) {
@@ -177,14 +191,27 @@ bool Terminal::waitForWindow(const std::string& title) {
     return eventually([&] { return findWindow(title); });
 }
 
-/// The role of a form's window is the form's name, with " (disabled)" added while the form takes no input.
+/// The role of a form's window is the form's name, with " (disabled)" added while the form takes no input. A program
+/// for Windows has no roles: its form takes input when its window no longer changes.
 bool Terminal::waitForForm(const std::string& form, const std::string& title, bool enabled) {
     form_ = form;
     const std::string role = "\"" + form + (enabled ? "" : " (disabled)") + "\"";
-    return eventually([&] {
-        return findWindow(title) &&
-               contains(readOutput({"xprop", "-id", window_, "WM_WINDOW_ROLE"}, environment_), role);
-    });
+    const auto isReady = [&] {
+        return runner().empty() ? contains(readOutput({"xprop", "-id", window_, "WM_WINDOW_ROLE"}, environment_), role)
+                                : isPainted();
+    };
+    return eventually([&] { return findWindow(title) && isReady(); });
+}
+
+bool Terminal::isPainted() const {
+    constexpr int kFew = 16;
+    const auto picture = [this] {
+        return readOutput({"bash", "-c", "import -window " + window_ + " miff:- | identify -format '%k %#' -"},
+                          environment_);
+    };
+    const std::string before = picture();
+    std::this_thread::sleep_for(kStillTime);
+    return !before.empty() && std::stoi(before) > kFew && picture() == before;
 }
 
 bool Terminal::waitForPage(int number, bool enabled) {

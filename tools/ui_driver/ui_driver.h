@@ -70,7 +70,8 @@ private:
     std::filesystem::path folder_;
 };
 
-/// The program running in an office, in a real window, operated with real key and mouse events.
+/// The program running in an office, in a real window, operated with real key and mouse events. The environment
+/// variable ORV_RUN_WITH replaces the program by another command, such as one that runs a program for Windows.
 class Terminal {
 public:
     /// `extra` is added to the program's environment.
@@ -132,6 +133,8 @@ public:
 private:
     [[nodiscard]] bool findWindow(const std::string& title);
     [[nodiscard]] bool waitForForm(const std::string& form, const std::string& title, bool enabled = true);
+    /// True if the window has been painted and does not change.
+    bool isPainted() const;
     void waitForFocus() const;
     Spot inWindow(const std::string& control, int index) const;
     void putOnClipboard(const std::string& text) const;

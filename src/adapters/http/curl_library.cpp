@@ -1,26 +1,27 @@
 #include "adapters/http/curl_library.h"
 
-#include <dlfcn.h>
-
+#include "adapters/machine/loaded_library.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
 namespace {
 
-constexpr const char* kName = "libcurl.so.4";
+[[noreturn]] void refuse(const LoadedLibrary& library, const char* why) {
+    throw RunTimeError(Failure::Internal, "通信のライブラリ（" + library.file() + "）を" + why);
+}
 
 template <class Function>
-void loadSymbol(void* library, const char* name, Function& function) {
-    function = library == nullptr ? nullptr : reinterpret_cast<Function>(::dlsym(library, name));
+void loadSymbol(const LoadedLibrary& library, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(library.find(name));
     if (function == nullptr) {
-        throw RunTimeError(Failure::Internal, std::string("通信のライブラリ（") + kName + "）を使えません。");
+        refuse(library, "使えません。");
     }
 }
 
 }  // namespace
 
 CurlLibrary::CurlLibrary() {
-    void* library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
+    const LoadedLibrary library("curl", "4");
     decltype(&curl_global_init) globalInit = nullptr;
     loadSymbol(library, "curl_global_init", globalInit);
     loadSymbol(library, "curl_easy_init", easyInit);
@@ -39,7 +40,7 @@ CurlLibrary::CurlLibrary() {
     loadSymbol(library, "curl_slist_append", slistAppend);
     loadSymbol(library, "curl_slist_free_all", slistFreeAll);
     if (globalInit(CURL_GLOBAL_DEFAULT) != CURLE_OK) {
-        throw RunTimeError(Failure::Internal, std::string("通信のライブラリ（") + kName + "）を始められません。");
+        refuse(library, "始められません。");
     }
 }
 

@@ -11,8 +11,9 @@
 #include "platform/waiting.h"
 
 // Compiles the critical functions for wider vector units too, and the program uses those that the machine has. Not with
-// sanitizers or other tools, which cannot follow that choice.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+// sanitizers or other tools, which cannot follow that choice, and not on Windows, whose programs cannot make it.
+#if defined(__x86_64__) && !defined(_WIN32) && defined(__GNUC__) && !defined(__clang__) && \
+    !defined(__SANITIZE_ADDRESS__)
 #define ORV_WIDE_VECTORS [[gnu::target_clones("default", "avx2")]]
 #else
 #define ORV_WIDE_VECTORS

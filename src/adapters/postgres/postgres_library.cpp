@@ -1,23 +1,15 @@
 #include "adapters/postgres/postgres_library.h"
 
-#include <dlfcn.h>
-
-#include <string>
-
+#include "adapters/machine/loaded_library.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
-namespace {
-
-constexpr const char* kName = "libpq.so.5";
-
-}  // namespace
 
 PostgresLibrary::Function PostgresLibrary::function(const char* name) {
-    static void* const library = ::dlopen(kName, RTLD_NOW | RTLD_LOCAL);
-    const Function found{library == nullptr ? nullptr : ::dlsym(library, name)};
+    static const LoadedLibrary library("pq", "5");
+    const Function found{library.find(name)};
     if (found.address == nullptr) {
-        throw RunTimeError(Failure::Internal, std::string("データベースのライブラリ（") + kName + "）を使えません。");
+        throw RunTimeError(Failure::Internal, "データベースのライブラリ（" + library.file() + "）を使えません。");
     }
     return found;
 }

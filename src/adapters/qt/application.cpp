@@ -1,6 +1,5 @@
 #include "adapters/qt/application.h"
 
-#include <fontconfig/fontconfig.h>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QFont>
@@ -11,15 +10,13 @@
 #include <QPalette>
 #include <QPixmapCache>
 #include <QScreen>
-#include <QSocketNotifier>
 #include <QStyle>
 #include <QTranslator>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
 
-#include "adapters/qt/input_order.h"
+#include "adapters/qt/desktop.h"
 #include "adapters/qt/views/accessibility.h"
 #include "adapters/qt/views/office_style.h"
 #include "adapters/qt/views/page_scale.h"
@@ -57,8 +54,8 @@ void replacePlainColours(QStyle& style) {
 /// Returns the first installed font. For a font with several families the toolkit would look for substitutes at once
 /// instead of when a character is missing.
 QFont japaneseFont() {
-    for (const char* name : {"Noto Sans CJK JP", "IPAPGothic", "TakaoPGothic"}) {
-        if (const QString family = QString::fromLatin1(name); QFontDatabase::hasFamily(family)) {
+    for (const QString& family : japaneseFamilies()) {
+        if (QFontDatabase::hasFamily(family)) {
             return QFont(family);
         }
     }
@@ -78,16 +75,6 @@ QFont textFont() {
     QFont font = PageScale().font(kTextFont);
     font.setPixelSize(std::max(font.pixelSize(), wished));
     return font;
-}
-
-/// Makes the input method's plug-ins wait for the answer to each key. Otherwise a click overtakes the key before it,
-/// and the key reaches the field that has the focus by then.
-void keepKeysAndClicksInOrder() {
-    for (const char* plugIn : {"FCITX_QT_USE_SYNC", "IBUS_ENABLE_SYNC_MODE"}) {
-        if (!qEnvironmentVariableIsSet(plugIn)) {
-            qputenv(plugIn, "1");
-        }
-    }
 }
 
 /// Without a display the toolkit would abort with an English text. So it can fall back to a platform without windows,
@@ -126,14 +113,11 @@ void useOwnIcons() {
 
 Application::Application(const char* programName)
     : name_(programName),
+      platforms_(toolkitPlatforms()),
       arguments_{name_.data(), option_.data(), platforms_.data(), nullptr},
       count_(qEnvironmentVariableIsSet(kPlatform) ? 1 : 3) {
-    keepKeysAndClicksInOrder();
-    // The toolkit loads the machine's fonts after it has connected to the display. Both take time, so they run in
-    // parallel. The thread reads the environment: adding a variable meanwhile can crash it.
-    const std::jthread fonts([] { FcInit(); });
-    application_ = makeToolkit(count_, arguments_.data());
-    inputOrder_ = std::make_unique<InputOrder>();
+    application_ = prepareToolkit([this] { return makeToolkit(count_, arguments_.data()); });
+    inputOrder_ = keepInputInOrder();
     words_ = japaneseWords();
     useOwnIcons();
     installAccessibility();
@@ -149,15 +133,5 @@ Application::Application(const char* programName)
 Application::~Application() = default;
 
 int Application::run() const { return QApplication::exec(); }
-
-std::shared_ptr<void> watchDescriptor(int descriptor, std::function<void()> readable) {
-    auto* notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, notifier, std::move(readable));
-    // The notifier's own event may be running.
-    return {static_cast<void*>(notifier), [notifier](void*) {
-                notifier->setEnabled(false);
-                notifier->deleteLater();
-            }};
-}
 
 }  // namespace orv

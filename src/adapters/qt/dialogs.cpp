@@ -3,7 +3,6 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileSystemModel>
 #include <QFontInfo>
@@ -22,6 +21,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/qt/desktop.h"
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/text_lines.h"
 #include "adapters/qt/views/qt_text.h"
@@ -207,7 +207,7 @@ std::size_t runNotice(const Notice& notice, QWidget* owner, QSize space) {
 std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* owner, QSize space) {
     QFileDialog dialog(owner, toQt(question.title));
     dialog.setObjectName(QStringLiteral("open_file"));
-    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::ReadOnly);
+    dialog.setOptions(openDialogOptions());
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setViewMode(QFileDialog::Detail);
@@ -226,7 +226,7 @@ std::optional<std::string> runOpenDialog(const FileQuestion& question, QWidget* 
     if (!accepted) {
         return std::nullopt;
     }
-    return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+    return QDir::toNativeSeparators(dialog.selectedFiles().front()).toStdString();
 }
 
 }  // namespace orv

@@ -1,11 +1,12 @@
 #include "adapters/raster/raster_formats.h"
 
 #include <tiffio.h>
-#include <unistd.h>
 #include <tiffio.hxx>
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <limits>
 #include <memory>
 #include <sstream>
 #include <utility>
@@ -39,19 +40,43 @@ void require(bool whole) {
 /// Failures are reported through results; the library's messages would go to the terminal.
 int keepQuiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
 
-/// Does not map the file to memory, because a file that shrinks meanwhile would crash the program.
+// The library reads through these functions: its own ones take another kind of descriptor on each system.
+
+std::FILE* streamOf(thandle_t handle) { return static_cast<std::FILE*>(handle); }
+
+tmsize_t readPart(thandle_t handle, void* bytes, tmsize_t size) {
+    return static_cast<tmsize_t>(std::fread(bytes, 1, static_cast<std::size_t>(size), streamOf(handle)));
+}
+
+tmsize_t writeNothing(thandle_t, void*, tmsize_t) { return 0; }
+
+toff_t seekTo(thandle_t handle, toff_t offset, int origin) {
+    constexpr auto kNowhere = static_cast<toff_t>(-1);
+    const bool isPossible = offset <= static_cast<toff_t>(std::numeric_limits<long>::max());
+    const bool isDone = isPossible && std::fseek(streamOf(handle), static_cast<long>(offset), origin) == 0;
+    return isDone ? static_cast<toff_t>(std::ftell(streamOf(handle))) : kNowhere;
+}
+
+int keepOpen(thandle_t) { return 0; }
+
+/// Leaves the position as it is.
+toff_t measureSize(thandle_t handle) {
+    const long place = std::ftell(streamOf(handle));
+    const toff_t size = seekTo(handle, 0, SEEK_END);
+    std::fseek(streamOf(handle), place, SEEK_SET);
+    return size;
+}
+
+/// Does not map the file to memory, because a file that shrinks meanwhile would crash the program. The file must remain
+/// open.
 Tiff opened(const OpenFile& file) {
     const std::unique_ptr<TIFFOpenOptions, FreeOptions> options(TIFFOpenOptionsAlloc());
     TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), kLargestPiece);
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), keepQuiet, nullptr);
     TIFFOpenOptionsSetWarningHandlerExtR(options.get(), keepQuiet, nullptr);
-    const int descriptor = dup(fileno(file.fromStart()));
-    lseek(descriptor, 0, SEEK_SET);
-    Tiff tiff(TIFFFdOpenExt(descriptor, "", "rm", options.get()));
-    if (!tiff) {
-        close(descriptor);
-        throw pictureError(PictureFailure::Damaged);
-    }
+    Tiff tiff(TIFFClientOpenExt("", "rm", file.fromStart(), readPart, writeNothing, seekTo, keepOpen, measureSize,
+                                nullptr, nullptr, options.get()));
+    require(tiff != nullptr);
     return tiff;
 }
 

@@ -1,11 +1,13 @@
 #include "adapters/win32/running_events.h"
 
+#include "platform/utf8.h"
+
 namespace orv {
 namespace {
 
 /// A name of the system is short and has no backslash, so it contains hashes.
 std::wstring eventName(const std::string& place, const std::string& name) {
-    return L"Local\\orv-" + std::to_wstring(std::hash<std::string>()(place)) + L"-" +
+    return L"Local\\orv-" + std::to_wstring(std::hash<std::string>()(upperCase(place))) + L"-" +
            std::to_wstring(std::hash<std::string>()(name));
 }
 

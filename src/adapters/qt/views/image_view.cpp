@@ -1,6 +1,6 @@
 #include <QApplication>
+#include <QDir>
 #include <QDropEvent>
-#include <QFile>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
@@ -39,7 +39,7 @@ protected:
     void dropEvent(QDropEvent* event) override {
         answer(*event);
         if (event->isAccepted() && onDrop) {
-            onDrop(QFile::encodeName(droppedFile(*event)).toStdString());
+            onDrop(droppedFile(*event).toStdString());
         }
     }
     void wheelEvent(QWheelEvent* event) override {
@@ -74,7 +74,7 @@ private:
     /// which is meant.
     static QString droppedFile(const QDropEvent& event) {
         const QList<QUrl> files = event.mimeData()->urls();
-        return files.size() == 1 ? files.front().toLocalFile() : QString();
+        return files.size() == 1 ? QDir::toNativeSeparators(files.front().toLocalFile()) : QString();
     }
 
     QRect pictureArea() const { return scale_.box(image_.scrolledRect()) & scale_.box(image_.dstClipRect()); }

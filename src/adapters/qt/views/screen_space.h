@@ -11,10 +11,6 @@ class QScreen;
 
 namespace orv {
 
-/// Returns the frame that the window manager puts around a window, in pixels of the display. The manager is asked once
-/// for each sizing. A common frame is assumed if it does not answer. Empty if the toolkit does not use an X display.
-QMargins windowFrame(Sizing sizing);
-
 /// The part of a screen for windows, and the frame around each window.
 struct ScreenSpace {
     QRect area;

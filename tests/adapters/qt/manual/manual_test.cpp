@@ -8,8 +8,8 @@
 #include <QWindow>
 #include <memory>
 
-#include "adapters/posix/posix_files.h"
 #include "adapters/qt/manual/manual_help.h"
+#include "adapters/system/system_adapters.h"
 #include "support/temp_folder.h"
 #include "support/widgets.h"
 
@@ -44,8 +44,8 @@ protected:
     }
 
     const TempFolder folder;
-    const InstallPaths paths{folder.path().string(), folder.path().string()};
-    const PosixFiles files{paths};
+    const SystemPaths paths{folder.path().string(), folder.path().string()};
+    const SystemFiles files{paths};
     ManualHelp help{files, [] { return std::string("H:\\"); }, "9.8.7"};
 };
 

@@ -1,17 +1,11 @@
-#include "adapters/sqlite/plain_file.h"
-
-#ifdef _WIN32
 #include <windows.h>
 
 #include <filesystem>
 #include <string>
-#else
-#include <sys/stat.h>
-#endif
+
+#include "adapters/sqlite/plain_file.h"
 
 namespace orv {
-
-#ifdef _WIN32
 
 bool isPlainOrMissing(const char* path) {
     const std::filesystem::path native(std::u8string(path, path + std::char_traits<char>::length(path)));
@@ -31,14 +25,5 @@ bool isPlainOrMissing(const char* path) {
     ::CloseHandle(file);
     return isKnown && !isLink && (facts.dwFileAttributes & kNotPlain) == 0 && facts.nNumberOfLinks == 1;
 }
-
-#else
-
-bool isPlainOrMissing(const char* path) {
-    struct stat facts {};
-    return ::lstat(path, &facts) != 0 || (S_ISREG(facts.st_mode) && facts.st_nlink == 1);
-}
-
-#endif
 
 }  // namespace orv
