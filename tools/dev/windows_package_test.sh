@@ -48,6 +48,7 @@ waitFor() {
 
 not() { ! "$@"; }
 
+folders() { (cd "$1" && find . -type d | sort); }
 sums() { (cd "$1" && find . -type f "${@:2}" -exec sha256sum {} + | sort -k 2); }
 
 # The programs of an install, without the files that the installer makes itself.
@@ -59,7 +60,8 @@ dataIn() { (cd "$1" && sums . -not -path './BKUP/programs/*' \( -not -path './BI
     \( -not -path './HLP/*' -o -name help.hlp \)); }
 
 hasPrograms() { diff <(sums "$2/programs") <(programsIn "$1"); }
-hasOffice() { diff <(sums "$2/office") <(dataIn "$1"); }
+hasOffice() { diff <(sums "$2/office") <(dataIn "$1") && hasFolders "$@"; }
+hasFolders() { [ -z "$(comm -23 <(folders "$2/office") <(folders "$1"))" ]; }
 hasPrevious() { hasPrograms "$1/BKUP/programs" "$2"; }
 dataIs() { diff "$SCRATCH/data" <(dataIn "$1"); }
 filesAre() { diff "$SCRATCH/files" <(sums "$1"); }
@@ -135,10 +137,11 @@ forgetSuite() { wine reg delete 'HKLM\SOFTWARE\ZENTHA' /f /reg:32; }
 unzipped() {
     unzip -q "$ZIP" -d "$DRIVE/ZIP"
     diff <(sums "$TREE/programs"; sums "$TREE/office" -not -name system.ini) <(programsIn "$DRIVE/ZIP/ORV"; \
-        dataIn "$DRIVE/ZIP/ORV" | grep -v /system.ini)
+        dataIn "$DRIVE/ZIP/ORV" | grep -v /system.ini) && hasFolders "$DRIVE/ZIP/ORV" "$TREE"
 }
 
-# Wine starts anew for each command unless another one runs.
+# Wine starts anew for each command unless another one runs. The first command makes its folder.
+wine cmd /c exit
 runUntilClosed 9 more
 
 expect "the older version is installed" wine "$OLDER" /S
