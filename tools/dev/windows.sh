@@ -15,6 +15,7 @@ windows() {
         all) buildWindows; windowsTests ;;
         core) windowsCore ;;
         libraries) needAllWindowsLibraries ;;
+        cached) areWindowsLibrariesCached ;;
         package) source tools/dev/windows_package.sh; windowsPackage "$@" ;;
         test) buildWindows; windowsTests "$@" ;;
         run) source tools/dev/windows_run.sh; windowsRun "$@" ;;
@@ -35,6 +36,13 @@ needAllWindowsLibraries() {
     PACKAGES+=("${WINDOWS_PACKAGES[@]}")
     needPackages
     needWindowsLibraries "${WINDOWS_ALL_LIBRARIES[@]}"
+}
+
+areWindowsLibrariesCached() {
+    local name
+    for name in "${WINDOWS_ALL_LIBRARIES[@]}"; do
+        [ -d "$(windowsLibrary "$name" 2>/dev/null)" ] || return 1
+    done
 }
 
 buildWindows() {
