@@ -56,6 +56,7 @@ public:
     std::vector<std::string> calls;
     /// The line on the page about the work in progress.
     std::string work;
+    bool hourglass = false;
     int repaints = 0;
     /// "open" or "show": this operation fails.
     std::string broken;
@@ -79,6 +80,7 @@ public:
         EXPECT_EQ(notice.buttons.size(), 1U) << "unexpected question: " << notice.text;
         return notice.escapeButton;
     }
+    void pointer(bool busy) override { hourglass = busy; }
     void working(const std::string& what) override { work = what; }
     void repaint() override {
         ++repaints;

@@ -31,6 +31,7 @@ protected:
         EXPECT_TRUE(form.enabled());
         EXPECT_TRUE(form.btm_PhotoSelect[0].enabled());
         EXPECT_EQ(forms.pointer(), kPointerDefault);
+        EXPECT_FALSE(windows.hourglass);
         EXPECT_EQ(windows.work, "");
         EXPECT_FALSE(form.pic_LeadTmp.picture()) << "the pixels are given back";
     }
@@ -78,7 +79,7 @@ TEST_F(PhotoSlotsTest, WhileAPictureIsFittedThePageTakesNothing) {
     pictures.script.sizeAt = [](int factor) { return factor < 85 ? 61441 : 1536; };
     const auto expectClosed = [&] {
         EXPECT_FALSE(form.enabled());
-        EXPECT_EQ(forms.pointer(), kPointerHourglass);
+        EXPECT_TRUE(windows.hourglass);
         EXPECT_EQ(windows.work, "画像を調整しています…");
         drop(1, source);
         form.btm_PhotoSelect[1].press();
