@@ -59,12 +59,12 @@ std::vector<std::string> quarters(const Pixels& pixels) {
         std::string name = "other";
         for (const auto& [known, text] : std::vector<std::pair<std::uint32_t, std::string>>{
                  {kRed, "red"}, {kGreen, "green"}, {kBlue, "blue"}, {kWhite, "white"}, {0xFF202020, "dark"}}) {
-            bool near = colour >> 24 == 0xFF;
+            bool isNear = colour >> 24 == 0xFF;
             for (const int shift : {0, 8, 16}) {
-                near = near && std::abs(static_cast<int>(colour >> shift & 0xFF) -
-                                        static_cast<int>(known >> shift & 0xFF)) < 12;
+                isNear = isNear && std::abs(static_cast<int>(colour >> shift & 0xFF) -
+                                            static_cast<int>(known >> shift & 0xFF)) < 12;
             }
-            name = near ? text : name;
+            name = isNear ? text : name;
         }
         names.push_back(name);
     }
