@@ -17,7 +17,7 @@ STORE="$ORV/MDB/ORVESTATE.MDB"
 UNINSTALL='HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\KELT_COS'
 
 cleanUp() {
-    WINEPREFIX="$ORV_WINE_PREFIX" /usr/lib/wine/wineserver64 -k || true
+    endWine
     rm -rf "$SCRATCH"
 }
 trap cleanUp EXIT
@@ -30,6 +30,17 @@ expect() {
 }
 
 wine() { tools/dev/wine.sh "$@"; }
+
+endWine() {
+    exec 9>&-
+    WINEPREFIX="$ORV_WINE_PREFIX" /usr/lib/wine/wineserver64 -k || true
+}
+
+# Wine starts anew for each command unless another one runs. The first command makes its folder.
+startWine() {
+    wine cmd /c exit
+    runUntilClosed 9 more
+}
 
 # True if the command ends with the status: ends STATUS COMMAND...
 ends() {
@@ -72,14 +83,6 @@ registryHas() { wine reg query "$1" /v "$2" "${@:4}" | tr -d '\r' | grep -qF "  
 isRegistered() { wine reg query $UNINSTALL; }
 shortcuts() { find "$DRIVE/ProgramData" -name '*.lnk'; }
 
-# Each running program of the install is in a process that has its file in its memory.
-processesOf() { grep -ls "$DRIVE/.*/BIN/KELT_[A-Z]*\.EXE" /proc/[0-9]*/maps | cut -d/ -f3; }
-stopPrograms() {
-    local process
-    for process in $(processesOf); do kill -KILL "$process" 2>/dev/null || true; done
-    waitFor not processesRun
-}
-processesRun() { [ -n "$(processesOf)" ]; }
 isLocked() { [ -n "$(sqlite3 "$1/MDB/ORVESTATE.MDB" 'select USER_ID from TBL_LOCK')" ]; }
 
 # Starts the program of an install and waits until it has opened the company.
@@ -88,9 +91,11 @@ opens() {
     waitFor isLocked "$1" || { cat "$SCRATCH/program.log"; return 1; }
 }
 
-# Ends it and frees the company.
+# Ends it and frees the company. Wine would keep the files of a program open that only a signal ends.
 closes() {
-    stopPrograms && sqlite3 -bail "$1/MDB/ORVESTATE.MDB" 'delete from TBL_LOCK'
+    endWine
+    startWine
+    sqlite3 -bail "$1/MDB/ORVESTATE.MDB" 'delete from TBL_LOCK'
 }
 
 fillOffice() {
@@ -117,6 +122,7 @@ rollsBack() { ends 0 wine "$1\\BIN\\KELT_UNINST.EXE" /S /ROLLBACK "_?=$1\\BIN"; 
 
 # Runs a command of Windows until the end of its input, the file descriptor $1, is closed.
 runUntilClosed() {
+    rm -f "$SCRATCH/input$1"
     mkfifo "$SCRATCH/input$1"
     wine cmd /c "$2" <"$SCRATCH/input$1" >/dev/null 2>&1 &
     eval "exec $1>'$SCRATCH/input$1'"
@@ -142,9 +148,7 @@ unzipped() {
         dataIn "$DRIVE/ZIP/ORV" | grep -v /system.ini) && hasFolders "$DRIVE/ZIP/ORV" "$TREE"
 }
 
-# Wine starts anew for each command unless another one runs. The first command makes its folder.
-wine cmd /c exit
-runUntilClosed 9 more
+startWine
 
 expect "the older version is installed" ends 0 wine "$OLDER" /S
 expect "each file of the programs is there, and no other" hasPrograms "$ORV" "$OLDER_TREE"
