@@ -203,6 +203,8 @@ runUntilClosed 8 'cd /d C:\My office\HLP\manual & echo >C:\ready & more'
 waitFor test -e "$DRIVE/ready"
 expect "an update is refused while a folder is in use" ends 4 wine "$NEWER" /S
 exec 8>&-
+endWine
+startWine
 expect "nothing is changed" filesAre "$ORV"
 dataIn "$ORV" >"$SCRATCH/data"
 interruptUpdate
