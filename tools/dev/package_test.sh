@@ -6,6 +6,7 @@ set -euo pipefail
 OLDER="$1"
 NEWER="$2"
 CACHE=build/package
+mkdir -p "$CACHE"
 SCRATCH=$(mktemp -d "$PWD/$CACHE/test-XXXXXX")
 ROOT="$SCRATCH/root"
 OFFICE=/srv/orv
