@@ -1,6 +1,7 @@
 #include "images/fitting_case.h"
 #include "images/frm_img_common.h"
 #include "images/image_fit.h"
+#include "pages/handlers/frame_handlers.h"
 #include "platform/suite/help_service.h"
 
 namespace orv {
@@ -130,7 +131,9 @@ TEST_F(Confirmation, HelpIsShownByF1AndItsFailureIsLoggedFirst) {
         form.cmd_Entry.press();
     });
     EXPECT_EQ(fit(), kWork);
-    EXPECT_EQ(help.shown, (Texts{"IMG cmd_Cancel", "IMG cmd_Cancel"}));
+    help.works = true;
+    helpOnF1(frm_ImgCommon(), kKeyF1, "");
+    EXPECT_EQ(help.shown, (Texts{"IMG cmd_Cancel", "IMG cmd_Cancel", "SSX frm_ImgCommon"})) << "the last as on a page";
 }
 
 }  // namespace

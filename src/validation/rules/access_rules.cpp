@@ -64,14 +64,17 @@ constexpr auto kTexts = std::to_array<Rule>({
     {nullptr, &R::COMPANY_URL_COMMENT, notAdmitted, on<&P::txt_Company_URL_Comment>},
 });
 
+constexpr const char* kIncomplete = "画像種類と画像ファイルは双方の登録が必要です。";
+constexpr const char* kUnnumbered = "承認手続き前には画像登録はできません。";
+
 /// A company without a number cannot have images, so their kinds are not checked.
 constexpr auto kPairs = std::to_array<Rule>({
     {nullptr, &R::COMPANY_URL, onlyOneFilled<&R::COMPANY_URL_COMMENT>, on<&P::txt_Company_URL>, "リンク名称とURLは双方の入力が必要です。"},
     {nullptr, &R::COMPANY_URL, withoutPrefix, on<&P::txt_Company_URL>, "ホームページURL"},
-    {isNumbered, kPhotoSlots[0].group, onlyOneFilled<kPhotoSlots[0].file>, on<&P::cbo_pic_PhotoFile, 0>, "画像種類と画像ファイルは双方の登録が必要です。"},
-    {isNumbered, kPhotoSlots[1].group, onlyOneFilled<kPhotoSlots[1].file>, on<&P::cbo_pic_PhotoFile, 1>, "画像種類と画像ファイルは双方の登録が必要です。"},
-    {isNew, kPhotoSlots[0].file, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
-    {isNew, kPhotoSlots[1].file, filled, on<&P::cbo_pic_PhotoFile, 0>, "承認手続き前には画像登録はできません。"},
+    {isNumbered, kPhotoSlots[0].group, onlyOneFilled<kPhotoSlots[0].file>, on<&P::cbo_pic_PhotoFile, 0>, kIncomplete},
+    {isNumbered, kPhotoSlots[1].group, onlyOneFilled<kPhotoSlots[1].file>, on<&P::cbo_pic_PhotoFile, 1>, kIncomplete},
+    {isNew, kPhotoSlots[0].file, filled, on<&P::cbo_pic_PhotoFile, 0>, kUnnumbered},
+    {isNew, kPhotoSlots[1].file, filled, on<&P::cbo_pic_PhotoFile, 0>, kUnnumbered},
 });
 // clang-format on
 
