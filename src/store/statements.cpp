@@ -41,14 +41,17 @@ std::string insertInto(std::string_view table, std::span<const Column> columns) 
     return "insert into " + std::string(table) + " (" + names + "   ) values (" + values + std::string(kIndent) + ")";
 }
 
-std::string assignment(const Column& column) {
-    const std::string value = column.field == nullptr ? sendFlag() : rawSqlText(fieldText(column));
-    return std::string(kIndent) + std::string(column.name) + "  =" + value;
+/// Returns an assignment of an UPDATE, with the blanks before it. `name` ends with the blanks before the equals sign.
+std::string assign(std::string_view name, std::string_view value) {
+    return std::string(kIndent).append(name).append("=").append(value);
 }
 
-std::string assignKey(const std::string& newUserId) {
-    return std::string(kIndent) + "USER_ID  =" + rawSqlText(newUserId);
+std::string assignment(const Column& column) {
+    return assign(std::string(column.name) + "  ",
+                  column.field == nullptr ? sendFlag() : rawSqlText(fieldText(column)));
 }
+
+std::string assignKey(const std::string& newUserId) { return assign("USER_ID  ", rawSqlText(newUserId)); }
 
 bool made(std::string_view label, std::string& sql, const std::function<std::string()>& text) {
     sql.clear();
@@ -67,8 +70,8 @@ std::string updateInfo(const std::string& newUserId) {
     for (const Column& column : infoPageColumns()) {
         sql += assignment(column) + ",";
     }
-    sql += std::string(kIndent) + "UPDATE_DATE =" + rawSqlText(present()) + ",";
-    sql += std::string(kIndent) + "PWD_CHG_FLG =" + rawSqlText(tCustomerInfo.PWD_CHG_FLG);
+    sql += assign("UPDATE_DATE ", rawSqlText(present())) + ",";
+    sql += assign("PWD_CHG_FLG ", rawSqlText(tCustomerInfo.PWD_CHG_FLG));
     return sql + "     where  USER_ID = " + rawSqlText(tCustomerInfo.USER_ID);
 }
 
