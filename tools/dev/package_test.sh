@@ -22,12 +22,8 @@ cleanUp() {
 }
 trap cleanUp EXIT
 
-expect() {
-    local text="$1"
-    shift
-    "$@" >"$SCRATCH/output" 2>&1 || { cat "$SCRATCH/output" >&2; echo "package test: FAILED: $text" >&2; exit 1; }
-    echo "package test: $text"
-}
+TEST="package test"
+source tools/dev/expect.sh
 
 # True if the command fails and prints each of the texts: refused TEXT... -- COMMAND...
 refused() {

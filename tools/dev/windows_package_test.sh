@@ -22,12 +22,8 @@ cleanUp() {
 }
 trap cleanUp EXIT
 
-expect() {
-    local text="$1"
-    shift
-    "$@" >"$SCRATCH/output" 2>&1 || { cat "$SCRATCH/output" >&2; echo "windows package test: FAILED: $text" >&2; exit 1; }
-    echo "windows package test: $text"
-}
+TEST="windows package test"
+source tools/dev/expect.sh
 
 wine() { tools/dev/wine.sh "$@"; }
 
