@@ -32,7 +32,7 @@ package() {
         echo 'set(PROJECT_VERSION 0.9.0)' >$older/version.cmake
         makePackage $older -D "CMAKE_PROJECT_INCLUDE=$PWD/$older/version.cmake"
         buildPreset dev ui_driver suite_server
-        unshare --mount bash tools/dev/package_test.sh $older/*.deb $product/*.deb
+        unshare --mount bash packaging/package_test.sh $older/*.deb $product/*.deb
     fi
     ls $product/*.deb
 }

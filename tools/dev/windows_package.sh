@@ -74,7 +74,7 @@ testWindowsPackage() {
     echo "an older version" | tee -a "$older/programs/BIN/KELT_COS.EXE" >>"$older/programs/HLP/manual/index.md"
     touch "$older/programs/BIN/gone.dll" "$older/programs/HLP/manual/gone.md"
     makeInstaller "$older" 0.9.0 "$WINDOWS_BUILD/older-setup.exe"
-    xvfb-run -a tools/dev/windows_package_test.sh "$older" "$WINDOWS_BUILD/older-setup.exe" "$WINDOWS_TREE" "$1-setup.exe" "$1.zip" \
+    xvfb-run -a packaging/windows/package_test.sh "$older" "$WINDOWS_BUILD/older-setup.exe" "$WINDOWS_TREE" "$1-setup.exe" "$1.zip" \
         "$(windowsVersion)"
 }
 

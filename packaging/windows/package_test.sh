@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs, updates, rolls back and removes the program under wine, and checks every file each time:
-# windows_package_test.sh OLDER_TREE OLDER_INSTALLER TREE INSTALLER ZIP VERSION. The older version is 0.9.0. Needs a display.
+# package_test.sh OLDER_TREE OLDER_INSTALLER TREE INSTALLER ZIP VERSION. The older version is 0.9.0. Needs a display.
 set -euo pipefail
 
 OLDER_TREE="$1"
@@ -23,7 +23,7 @@ cleanUp() {
 trap cleanUp EXIT
 
 TEST="windows package test"
-source tools/dev/expect.sh
+source packaging/expect.sh
 
 wine() { tools/dev/wine.sh "$@"; }
 

@@ -23,7 +23,7 @@ cleanUp() {
 trap cleanUp EXIT
 
 TEST="package test"
-source tools/dev/expect.sh
+source packaging/expect.sh
 
 # True if the command fails and prints each of the texts: refused TEXT... -- COMMAND...
 refused() {
