@@ -23,7 +23,7 @@ cleanUp() {
 trap cleanUp EXIT
 
 TEST="package test"
-source packaging/expect.sh
+source packaging/test_steps.sh
 
 # True if the command fails and prints each of the texts: refused TEXT... -- COMMAND...
 refused() {
@@ -105,14 +105,6 @@ startServer() {
     build/dev/tools/suite_server/suite_server --port 0 --folder "$SCRATCH/server" >/dev/null &
     RUNNING+=($!)
     waitFor test -s "$SCRATCH/server/port"
-}
-
-waitFor() {
-    for _ in $(seq 600); do
-        ! "$@" >/dev/null 2>&1 || return 0
-        sleep 0.2
-    done
-    return 1
 }
 
 session() {

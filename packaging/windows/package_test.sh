@@ -23,7 +23,7 @@ cleanUp() {
 trap cleanUp EXIT
 
 TEST="windows package test"
-source packaging/expect.sh
+source packaging/test_steps.sh
 
 wine() { tools/dev/wine.sh "$@"; }
 
@@ -43,14 +43,6 @@ ends() {
     local status=0
     "${@:2}" || status=$?
     [ "$status" -eq "$1" ] || { echo "exit status $status"; return 1; }
-}
-
-waitFor() {
-    for _ in $(seq 600); do
-        ! "$@" >/dev/null 2>&1 || return 0
-        sleep 0.2
-    done
-    return 1
 }
 
 not() { ! "$@"; }

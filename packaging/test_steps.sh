@@ -7,3 +7,12 @@ expect() {
     "$@" >"$SCRATCH/output" 2>&1 || { cat "$SCRATCH/output" >&2; echo "$TEST: FAILED: $text" >&2; exit 1; }
     echo "$TEST: $text"
 }
+
+# True as soon as the command succeeds. Gives up after two minutes.
+waitFor() {
+    for _ in $(seq 600); do
+        ! "$@" >/dev/null 2>&1 || return 0
+        sleep 0.2
+    done
+    return 1
+}
