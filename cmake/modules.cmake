@@ -1,5 +1,5 @@
 # Creates one static library per module of src/, named after its folder and linked by the table of modules. A module
-# that contains only headers becomes an interface library.
+# that contains only headers becomes an interface library. All share the precompiled headers of the first: they are large.
 
 function(orv_module_target module out)
   string(REPLACE "/" "_" name ${module})
@@ -11,6 +11,7 @@ function(orv_add_modules table)
   cmake_parse_arguments(PARSE_ARGV 1 modules "" "WITHOUT;WITHOUT_FILES" "")
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${table})
   file(STRINGS ${table} lines REGEX "^[a-z].*:")
+  unset(first)
   foreach(line IN LISTS lines)
     string(REGEX MATCH "^([^:]+): *(.*)$" _ "${line}")
     set(module ${CMAKE_MATCH_1})
@@ -26,8 +27,13 @@ function(orv_add_modules table)
     if(sources)
       add_library(${target} STATIC ${sources})
       set(scope PUBLIC)
-      target_precompile_headers(${target} PRIVATE <algorithm> <array> <functional> <memory> <optional> <string>
-                                <string_view> <utility> <variant> <vector>)
+      if(first)
+        target_precompile_headers(${target} REUSE_FROM ${first})
+      else()
+        target_precompile_headers(${target} PRIVATE <algorithm> <array> <functional> <memory> <optional> <string>
+                                  <string_view> <utility> <variant> <vector>)
+        set(first ${target})
+      endif()
     else()
       add_library(${target} INTERFACE)
       set(scope INTERFACE)
