@@ -13,7 +13,8 @@ TEST_P(PhotoLimits, AFileNeverGrowsAsTheFactorRises) {
     PictureFiles real{files};
     services().pictures = &real;
     const int side = std::getenv("ORV_LIMIT_WHOLE") != nullptr ? 640 : 160;
-    image.load(std::string("/usr/share/backgrounds/mate/nature/") + GetParam() + ".jpg", {side, side});
+    const std::string photo = std::string("/usr/share/backgrounds/mate/nature/") + GetParam() + ".jpg";
+    image.load(std::filesystem::absolute(photo).string(), {side, side});
     image.size(side, side * 3 / 4);
     std::vector<std::uint64_t> sizes;
     for (int factor = kSmallestQuality; factor >= kBestQuality; --factor) {

@@ -8,13 +8,18 @@ withServer() {
     build/dev/tools/suite_server/suite_server --port 0 --folder "$OFFICE-server" >/dev/null &
     SERVER=$!
     trap 'kill $SERVER 2>/dev/null || true' EXIT
+    waitForFile "$OFFICE-server/port"
+}
+
+# Fails when the file is still empty after three minutes.
+waitForFile() {
     local tries
     for tries in $(seq 3600); do
-        [ -s "$OFFICE-server/port" ] && return
+        [ -s "$1" ] && return
         sleep 0.05
     done
-    echo "The server did not start." >&2
-    exit 1
+    echo "Nothing has been written to $1." >&2
+    return 1
 }
 
 # Prints the content of the store, the server and the log after the session.
@@ -36,7 +41,7 @@ reportOffice() {
     echo "== err log"
     find "$OFFICE/C/ORV/LOG" -name '*_err.log' -exec iconv -f CP932 -t UTF-8 {} +
     echo "== menu"
-    cat "$OFFICE/C/ORV/LOG/menu_started.log" 2>/dev/null || true
+    waitForFile "$OFFICE/C/ORV/LOG/menu_started.log" && cat "$OFFICE/C/ORV/LOG/menu_started.log"
 }
 
 run() {

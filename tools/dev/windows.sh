@@ -12,7 +12,7 @@ windows() {
     local command="${1:-all}"
     [ $# -gt 0 ] && shift
     case "$command" in
-        all) buildWindows; windowsTests ;;
+        all) buildWindows; windowsTests; source tools/dev/windows_package.sh; windowsPackage ;;
         core) windowsCore ;;
         libraries) needAllWindowsLibraries ;;
         cached) areWindowsLibrariesCached ;;

@@ -20,8 +20,8 @@ addWindowsLicences() {
     done
 }
 
-# True if Windows has the library: wine has libraries of the same names.
-isPartOfWindows() { find /usr/lib/*/wine/x86_64-windows -iname "$1" | grep -q .; }
+# True if Windows has the library: wine has libraries of the same names, except the many that only forward calls.
+isPartOfWindows() { [[ "$1" = api-ms-win-* ]] || find /usr/lib/*/wine/x86_64-windows -iname "$1" | grep -q .; }
 
 # Fails if a program or library in a folder needs a library that neither the folder nor Windows has.
 checkWindowsLibraries() {

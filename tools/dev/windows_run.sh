@@ -13,6 +13,11 @@ connectOffice() {
     LC_ALL=C sed -i 's/C:\\ORV/O:\\ORV/' "$OFFICE/C/ORV/SYS/system.ini"
 }
 
+# The open dialog is wine's, in the font of a Japanese Windows.
+giveJapaneseFont() {
+    tools/dev/wine.sh reg add 'HKCU\Software\Wine\Fonts\Replacements' /v 'MS UI Gothic' /d 'Noto Sans CJK JP' /f >/dev/null
+}
+
 windowsRun() {
     local argument="${1:-000004601,1,0}"
     buildWindows
@@ -22,6 +27,7 @@ windowsRun() {
     cp "$WINDOWS_BUILD/programs/menu/KELT_MENU.EXE" "$OFFICE/C/ORV/BIN/"
     placeWindowsProgram "$OFFICE/C/ORV/BIN"
     connectOffice
+    giveJapaneseFont
     if [ -n "${DISPLAY:-}" ]; then
         tools/dev/wine.sh 'O:\ORV\BIN\KELT_COS.EXE' "$argument"
         return
