@@ -25,7 +25,7 @@ protected:
             EXPECT_FALSE(form().btm_ChangePW.enabled());
             work();
             EXPECT_EQ(forms.activeForm(), &form()) << "the dialog is still open";
-            static_cast<void>(forms.unload(dialog(), UnloadMode::Code));
+            forms.unload(dialog(), UnloadMode::Code);
         });
         operatorAtWork.start(5);
         click(form().btm_ChangePW);

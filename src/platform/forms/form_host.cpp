@@ -48,18 +48,15 @@ void FormHost::showModal(Form& form) {
     services().windows->runModal(form);
 }
 
-bool FormHost::unload(Form& form, UnloadMode mode) {
+void FormHost::unload(Form& form, UnloadMode mode) {
     if (!form.loaded_) {
-        return true;
+        return;
     }
     bool kept = false;
     form.onQueryUnload.raise(kept, mode);
-    if (kept) {
-        return false;
-    }
     // The handler might have unloaded every form, including this one.
-    if (!form.loaded_) {
-        return true;
+    if (kept || !form.loaded_) {
+        return;
     }
     form.loaded_ = false;
     form.visible_ = false;
@@ -69,7 +66,6 @@ bool FormHost::unload(Form& form, UnloadMode mode) {
     form.active_ = nullptr;
     form.awaited_ = nullptr;
     services().windows->close(form);
-    return true;
 }
 
 bool FormHost::isLoaded(const Form& form) const {

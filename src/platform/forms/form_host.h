@@ -24,9 +24,8 @@ public:
     void show(Form& form);
     /// Returns after the form has been unloaded.
     void showModal(Form& form);
-    /// Raises query-unload. Unless a handler keeps the form, raises unload and closes the window. False if the form was
-    /// kept.
-    bool unload(Form& form, UnloadMode mode);
+    /// Raises query-unload. Unless a handler keeps the form, raises unload and closes the window.
+    void unload(Form& form, UnloadMode mode);
 
     const std::vector<Form*>& forms() const { return forms_; }
     bool isLoaded(const Form& form) const;

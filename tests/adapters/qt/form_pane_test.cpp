@@ -87,7 +87,7 @@ TEST_F(FormPaneTest, OneWindowShowsOneFormAfterTheOther) {
     show(page);
     const QWindow* window = findWindow(page)->windowHandle();
     forms.show(next);
-    [[maybe_unused]] const bool gone = forms.unload(page, UnloadMode::Code);
+    forms.unload(page, UnloadMode::Code);
     EXPECT_EQ(findWindow(next)->windowHandle(), window);
     EXPECT_EQ(findWindow(next)->windowTitle(), "次[*]");
     EXPECT_EQ(focused(), "txt_Code");
@@ -186,7 +186,7 @@ TEST_F(WindowSystemTest, AModalWindowCanBeDeletedInItsOwnLoop) {
     place(page);
     QTimer::singleShot(0, qApp, [&] {
         const QPointer<QWidget> pane = findPane(page);
-        EXPECT_TRUE(forms.unload(page, UnloadMode::Code));
+        forms.unload(page, UnloadMode::Code);
         settle();
         EXPECT_TRUE(pane.isNull());
     });

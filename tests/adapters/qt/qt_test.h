@@ -35,7 +35,7 @@ struct SamplePage : Form {
     explicit SamplePage(std::string_view form = "page") : Form(form, "見本", {400, 300}) {}
     ~SamplePage() override {
         onQueryUnload = nullptr;
-        [[maybe_unused]] const bool gone = services().forms->unload(*this, UnloadMode::Code);
+        services().forms->unload(*this, UnloadMode::Code);
     }
 
     TextInput code{*this, "txt_Code", {.caption = "番号：", .mask = "9", .limit = characters(4), .ime = Ime::Disabled}};
