@@ -14,6 +14,7 @@ windows() {
     case "$command" in
         all) buildWindows; windowsTests; source tools/dev/windows_package.sh; windowsPackage ;;
         core) windowsCore ;;
+        crash) windowsCrash "$@" ;;
         libraries) needAllWindowsLibraries ;;
         cached) areWindowsLibrariesCached ;;
         package) source tools/dev/windows_package.sh; windowsPackage "$@" ;;
@@ -25,11 +26,21 @@ windows() {
 
 # All that needs no Qt, with its tests under wine.
 windowsCore() {
+    buildWindowsCore
+    python3 tools/dev/report_wine.py windows-core
+}
+
+# The crash test with each point, or with every STEP-th.
+windowsCrash() {
+    buildWindowsCore crash_tests
+    ORV_CRASH_STEP="${1:-1}" tools/dev/wine.sh build/windows-core/tests/crash_tests.exe
+}
+
+buildWindowsCore() {
     PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}")
     needPackages
     needWindowsLibraries "${WINDOWS_CORE_LIBRARIES[@]}"
-    buildPreset windows-core
-    python3 tools/dev/report_wine.py windows-core
+    buildPreset windows-core "$@"
 }
 
 needAllWindowsLibraries() {
