@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "adapters/win32/wide_text.h"
+#include "support/interpose.h"
 #include "support/temp_office.h"
 
 namespace orv {
@@ -49,6 +50,20 @@ TEST_F(Win32FilesTest, WaitsForAProgramThatHoldsAFileButNotForLong) {
     EXPECT_EQ(office.countIn("C/D"), 2) << "nothing is left next to it";
 }
 
+/// The calls that make a change last.
+std::string lastingCalls;
+
+TEST_F(Win32FilesTest, AFileIsOnTheDiskBeforeItsNameIs) {
+    interpose<[](auto, auto...) { lastingCalls += "flush "; }>(&::FlushFileBuffers);
+    interpose<[](auto, auto, auto, DWORD flags) {
+        lastingCalls += (flags & MOVEFILE_WRITE_THROUGH) != 0 ? "rename " : "unflushed rename ";
+    }>(&::MoveFileExW);
+    files.copy("C:\\D\\a.txt", "C:\\D\\c.txt");
+    files.publish("C:\\D\\a.txt", "C:\\D\\b.txt");
+    files.rename("C:\\D\\b.txt", "C:\\D\\d.txt");
+    EXPECT_EQ(lastingCalls, "flush rename flush rename rename ");
+}
+
 TEST_F(Win32FilesTest, AFileThatALivingRunWritesIsNotALeftover) {
     const FileNextTo living(HeldPlace(office.paths(), office.paths().toNative("C:\\D\\other.txt")),
                             FileAccess::Private);
@@ -88,6 +103,9 @@ TEST_F(Win32FilesTest, OnRealDrivesAFileThatTheOperatorChoosesIsNotAWorkingFile)
     EXPECT_EQ(real.programFolder(), drives.toNative(office.root() + "/C/ORV/BIN"));
     EXPECT_EQ(real.nativePath("..\\SYS\\x"), drives.toNative(office.root() + "/C/ORV/SYS/x"));
     EXPECT_EQ(real.nativePath("//server/share/../../x/./y"), "\\\\server\\share\\x\\y");
+    const DrivePaths shared("", "\\\\server\\share\\ORV\\BIN");
+    EXPECT_EQ(shared.toNative("..\\SYS\\system.ini"), "\\\\server\\share\\ORV\\SYS\\system.ini");
+    EXPECT_EQ(fromWide(longPath(shared.programFolder())), "\\\\?\\UNC\\server\\share\\ORV\\BIN");
     real.workIn(folder + "\\");
     EXPECT_FALSE(real.exists(folder + "\\a.txt"));
     EXPECT_EQ(real.read(real.systemPath(folder + "\\a.txt"), 9), "alpha");
@@ -119,6 +137,12 @@ TEST_F(Win32FilesTest, PrivateFilesHaveAnAccessListOfTheirOwn) {
     const int ofCopy = listEntries(files.nativePath("C:\\ORV\\y"), isProtected);
     EXPECT_NE(ofCopy, ofFolder) << "protected: " << isProtected;
     EXPECT_LE(ofCopy, 2) << "this user and the system";
+    files.workIn("C:\\D\\");
+    files.copy("C:\\ORV\\x", "C:\\D\\work");
+    const std::string work = files.nativePath("C:\\D\\work");
+    for (const std::string& place : {work, work.substr(0, work.rfind('\\'))}) {
+        EXPECT_EQ(listEntries(place, isProtected), ofCopy) << place;
+    }
     EXPECT_FALSE(files.privateFolder().empty());
 }
 
