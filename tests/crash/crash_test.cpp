@@ -148,7 +148,7 @@ TEST(Crash, AtAnyPointLosesAndMixesNothingAndTheNextRunSaves) {
         const TempFolder folder;
         code = runAndKill(folder.path().string(), point);
         if (code != kKilled) {
-            EXPECT_EQ(code, 0) << "not killed, and not complete";
+            EXPECT_EQ(code, 0) << "not killed, and not complete: " << ::GetLastError();
             continue;
         }
         ++kills;
