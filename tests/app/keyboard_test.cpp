@@ -53,11 +53,13 @@ TEST_F(Keyboard, GoesThroughTheFivePagesAndSaves) {
     for (int number = 0; number < kPageCount; ++number) {
         ASSERT_EQ(screen().number, number);
         EXPECT_EQ(goThrough(), expectedOrder()) << number;
+        EXPECT_TRUE(findWindow(screen())->isWindowModified()) << number;
         if (number + 1 < kPageCount) press(Qt::Key_PageDown, Qt::ControlModifier);
     }
     EXPECT_EQ(focused(), "btm_Save");
     press(Qt::Key_Return);
     expectShown("COS05574", {});
+    EXPECT_FALSE(findWindow(screen())->isWindowModified());
     EXPECT_EQ(info("TANTO_NAME || '|' || MAIL_ADDRESS || '|' || LICENSE_NO_GO || '|' || KOUTORI_FLG"),
               "架空　次郎|desk@aozora.example.jp|654321|0011000000000000");
     EXPECT_EQ(info("GET_LICENSE_NENGOU"), "西暦") << "the entry above 令和";

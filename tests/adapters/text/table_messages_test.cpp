@@ -79,11 +79,11 @@ TEST_F(TableMessagesTest, AnswersOneForTheButtonThatKeepsThings) {
 
 TEST_F(TableMessagesTest, ReadsTheTableAtTheFirstMessageOnly) {
     writeFile(path_,
-              page_.encode("COS05574,WARN,OK,できました,本当に\r\nquatsch\r\n\r\nNEW00001,ASK,YESNO,%1？\r\n!\r\n"));
+              page_.encode("COS05574,WARN,OK,できました,本当に\r\nquatsch\r\n\r\nNEWZ0001,ASK,YESNO,%1？\r\n!\r\n"));
     EXPECT_EQ(readText("COS05574", {}), "できました,本当に");
     EXPECT_EQ(windows_.shown.kind, Notice::Kind::Warning);
     writeFile(path_, "");
-    EXPECT_EQ(readText("NEW00001", {"何"}), "何？");
+    EXPECT_EQ(readText("NEWZ0001", {"何"}), "何？");
     EXPECT_EQ(logged_, std::vector<std::string>{"MSGTBL01 メッセージテーブルに読めない行が2行あります。" + path_ +
                                                 " の2行目から"});
 }

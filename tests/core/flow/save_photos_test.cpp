@@ -109,6 +109,7 @@ TEST_F(SavePhotos, AFolderThatIsMissingOrUnknownLosesNoPhoto) {
             }
             const auto last = messages.shown.back();
             EXPECT_EQ(last.id == "COSERR01" ? toText(last.args.at(0)) : "", code);
+            EXPECT_TRUE(code != "76" || toText(last.args.at(1)).ends_with("」が見つかりません。"));
             settings.set("PATH", key, "C:\\ORV\\" + key);
             if (how == "gone") std::filesystem::rename(folder + ".away", folder);
             if (forms.activeForm() == nullptr) start();

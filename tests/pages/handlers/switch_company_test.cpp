@@ -41,8 +41,10 @@ TEST_F(Switch, MovesLockRecordAndPage) {
 }
 
 struct SecondRun : RunningPrograms {
-    bool claim(const std::string& name) override { return !name.ends_with(kOther); }
-    void leave(const std::string&) override {}
+    bool claim(const std::string& name) override { return !name.ends_with(kOther) && ours.insert(name).second; }
+    void leave(const std::string& name) override { ours.erase(name); }
+
+    std::set<std::string> ours;
 };
 
 TEST_F(Switch, ACompanyOfASecondRunOnThisComputerIsLeftToIt) {
@@ -54,6 +56,8 @@ TEST_F(Switch, ACompanyOfASecondRunOnThisComputerIsLeftToIt) {
     EXPECT_EQ(shownIds(), Texts{"COS20001"}) << "its window is answer enough";
     EXPECT_EQ(screen().cbo_User_Id.text(), kCompany);
     EXPECT_EQ(locks(), (Texts{"000004601 DESK01", "000004602 DESK01"}));
+    choose("000004603");
+    EXPECT_EQ(second.ours, std::set<std::string>{"DESK01/000004603"});
     leave();
     start("000004602,1,0");
     EXPECT_TRUE(forms.forms().empty());
