@@ -19,14 +19,10 @@ if(NOT ORV_TOOLS)
 endif()
 
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
-orv_add_one_test(store_tool_tests programs/store private_server orv_adapters_text nlohmann_json::nlohmann_json
-                 GTest::gtest_main)
-target_compile_definitions(store_tool_tests PRIVATE STORE_TOOL="$<TARGET_FILE:store_tool>"
-                                                    JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
-add_dependencies(store_tool_tests store_tool)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
 orv_add_one_test(security_tests security private_server suite_server_library jet_reading orv_app orv_office_store
                  orv_adapters_http orv_adapters_posix orv_adapters_text made_pictures GTest::gtest_main)
+target_sources(security_tests PRIVATE programs/store/tool_system_posix.cpp)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"
                                                   STORE_TOOL="$<TARGET_FILE:store_tool>"

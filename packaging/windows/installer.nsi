@@ -122,6 +122,7 @@ Function ${un}requireIdle
     !insertmacro RequireNotRunning "${un}" KELT_COS.EXE
     !insertmacro RequireNotRunning "${un}" KELT_ADD.EXE
     !insertmacro RequireNotRunning "${un}" KELT_LINE.EXE
+    !insertmacro RequireNotRunning "${un}" ORV_STORE.EXE
 FunctionEnd
 
 ; Opens the list $0 as $1 and reads its version. Without a list, $1 has no further line.

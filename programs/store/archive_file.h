@@ -1,30 +1,32 @@
 #pragma once
 
-#include <memory>
-#include <string>
+#include <zlib.h>
 
-struct archive;
+#include <fstream>
+#include <string>
+#include <string_view>
 
 namespace orv {
 
-/// A compressed tar archive. Every failure is a KeeperFailure.
+/// A compressed tar archive of small files. Every failure is a KeeperFailure.
 class ArchiveFile {
 public:
     explicit ArchiveFile(const std::string& path);
+    ArchiveFile(const ArchiveFile&) = delete;
+    ArchiveFile& operator=(const ArchiveFile&) = delete;
+    ~ArchiveFile();
 
-    /// Adds a file that only its owner can read.
+    /// Adds a file that only its owner can read. The name is in ASCII and has at most 99 characters.
     void add(const std::string& name, const std::string& bytes);
     /// Completes the archive. Fails if the rest cannot be written.
     void finish();
 
 private:
-    struct Closer {
-        void operator()(archive* open) const noexcept;
-    };
+    void write(std::string_view bytes, int flush);
+    void fill(std::size_t bytes);
 
-    void require(int result) const;
-
-    std::unique_ptr<archive, Closer> archive_;
+    std::ofstream file_;
+    z_stream packer_{};
 };
 
 }  // namespace orv

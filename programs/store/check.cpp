@@ -4,6 +4,7 @@
 #include "office_rights.h"
 #include "office_schema.h"
 #include "platform/ascii.h"
+#include "platform/file_path.h"
 #include "source_store.h"
 #include "table_copy.h"
 
@@ -98,7 +99,7 @@ public:
             });
         }
         runCheck("locks", [&] { listLocks(store_, report_); });
-        reportOpenRights(path_, !isEmbedded(path_),
+        reportOpenRights(filePath(path_), !isEmbedded(path_),
                          [&](const std::string& path, const std::string& what) { found(path, what); });
         return std::move(report_);
     }

@@ -5,6 +5,7 @@
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
 #include "app/office_store.h"
+#include "platform/file_path.h"
 #include "private_folder.h"
 
 namespace orv {
@@ -26,7 +27,7 @@ bool isEmbedded(const std::string& path) { return detectStoreKind(path) == Store
 
 bool storeExists(const std::string& path) {
     std::error_code error;
-    return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+    return fs::symlink_status(filePath(path), error).type() != fs::file_type::not_found;
 }
 
 std::int64_t count(StoreConnection& store, const std::string& table) {
@@ -46,10 +47,10 @@ void makeWhole(const std::string& path, const std::string& rightsFrom,
     if (storeExists(path)) {
         throw KeeperFailure(path + ": the file exists already");
     }
-    const fs::path parent = fs::path(path).parent_path();
+    const fs::path parent = fs::absolute(filePath(path)).parent_path();
     const PrivateFolder folder(parent);
     make(folder.file());
-    folder.publish(path, rightsLike(rightsFrom.empty() ? parent : fs::path(rightsFrom)));
+    folder.publish(path, rightsFrom.empty() ? parent : filePath(rightsFrom));
 }
 
 bool agreed(const Options& options, const std::string& question) {

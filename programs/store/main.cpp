@@ -152,6 +152,7 @@ int run(const Command& command, const Options& options) {
 
 int main(int argc, char* argv[]) {
     keepMemoryPrivate();
+    writeUtf8ToConsole();
     CLI::App app("Maintains the store of an office: the database file, or the database on a server.", "orv_store");
     app.footer(kFooter);
     app.set_version_flag("--version", "orv_store " + std::string(kVersion));
@@ -162,7 +163,9 @@ int main(int argc, char* argv[]) {
         add(app, command, options, chosen);
     }
     try {
-        app.parse(argc, argv);
+        std::vector<std::string> arguments = programArguments(argc, argv);
+        std::ranges::reverse(arguments);  // as the library reads them
+        app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : static_cast<int>(Ending::Usage);
     }

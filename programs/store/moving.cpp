@@ -1,5 +1,6 @@
 #include "adapters/sqlite/sqlite_files.h"
 #include "keeper.h"
+#include "platform/file_path.h"
 #include "private_folder.h"
 #include "source_store.h"
 #include "store_sql.h"
@@ -83,7 +84,7 @@ StoreReport copyStore(const Options& options) {
         copyIntoNewFile(source.get(), options.other, options, report);
         return report;
     }
-    if (fs::equivalent(options.store, options.other)) {
+    if (fs::equivalent(filePath(options.store), filePath(options.other))) {
         throw KeeperFailure("source and target are the same");
     }
     requireMayFill(options.other, options);

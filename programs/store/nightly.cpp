@@ -1,5 +1,6 @@
 #include "keeper.h"
 #include "nightly_backups.h"
+#include "platform/file_path.h"
 
 namespace orv {
 namespace {
@@ -8,16 +9,17 @@ namespace fs = std::filesystem;
 
 fs::path writeBackup(const Options& options, const fs::path& folder) {
     Options backup = options;
-    backup.other = (folder / nightlyName(localNow())).string();
+    const fs::path file = folder / nightlyName(localNow());
+    backup.other = pathText(file);
     backUpStore(backup);
-    return backup.other;
+    return file;
 }
 
 std::vector<std::string> removeOutdated(const fs::path& folder) {
     std::vector<std::string> removed;
     for (const NightlyBackup& backup : outdated(nightlyBackups(folder))) {
         fs::remove(backup.file);
-        removed.push_back(backup.file.string());
+        removed.push_back(pathText(backup.file));
     }
     return removed;
 }
@@ -30,13 +32,13 @@ StoreReport runNightly(const Options& options) {
     const fs::path folder = backupFolder(options);
     const fs::path file = writeBackup(options, folder);
     const std::vector<std::string> removed = removeOutdated(folder);
-    progress(options, file.string() + ": written");
+    progress(options, pathText(file) + ": written");
     StoreReport report = checkStore(options);
     const std::size_t findings = report.facts["findings"].size();
-    report.facts["backup"] = file.string();
+    report.facts["backup"] = pathText(file);
     report.facts["bytes"] = fs::file_size(file);
     report.facts["removed"] = removed;
-    report.say("nightly: " + std::string(findings == 0 ? "OK" : "FINDINGS") + ", " + file.string() + " written, " +
+    report.say("nightly: " + std::string(findings == 0 ? "OK" : "FINDINGS") + ", " + pathText(file) + " written, " +
                std::to_string(removed.size()) + " old backups removed, " + std::to_string(findings) +
                " findings of the check");
     return report;

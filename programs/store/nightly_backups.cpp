@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
-#include <ctime>
 #include <optional>
 #include <set>
+
+#include "adapters/system/system_adapters.h"
+#include "platform/file_path.h"
 
 namespace orv {
 namespace {
@@ -37,23 +40,21 @@ std::optional<local_seconds> timeIn(const std::string& name) {
 local_days toDay(const NightlyBackup& backup) { return std::chrono::floor<std::chrono::days>(backup.time); }
 
 /// Counts from the week of 1 January 1970, a Thursday.
-long toWeek(const NightlyBackup& backup) { return (toDay(backup).time_since_epoch().count() + 3) / 7; }
+std::int64_t toWeek(const NightlyBackup& backup) { return (toDay(backup).time_since_epoch().count() + 3) / 7; }
 
 }  // namespace
 
 fs::path backupFolder(const Options& options) {
     if (!options.other.empty()) {
-        return options.other;
+        return filePath(options.other);
     }
-    return fs::absolute(options.store).parent_path().parent_path() / "BKUP";
+    return fs::absolute(filePath(options.store)).parent_path().parent_path() / "BKUP";
 }
 
 local_seconds localNow() {
-    const std::time_t now = std::time(nullptr);
-    std::tm time{};
-    ::localtime_r(&now, &time);
-    return toMoment(time.tm_year + 1900, static_cast<unsigned>(time.tm_mon) + 1, static_cast<unsigned>(time.tm_mday),
-                    time.tm_hour, time.tm_min, time.tm_sec);
+    const DateTime now = SystemClock().now();
+    return toMoment(now.year, static_cast<unsigned>(now.month), static_cast<unsigned>(now.day), now.hour, now.minute,
+                    now.second);
 }
 
 std::string nightlyName(local_seconds time) {
@@ -71,13 +72,13 @@ std::vector<NightlyBackup> nightlyBackups(const fs::path& folder) {
     std::error_code error;
     std::vector<NightlyBackup> found;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        const auto time = timeIn(entry.path().filename().string());
+        const auto time = timeIn(pathText(entry.path().filename()));
         if (time && entry.symlink_status().type() == fs::file_type::regular) {
             found.push_back({entry.path(), *time});
         }
     }
     if (error) {
-        throw KeeperFailure(folder.string() + ": " + error.message());
+        throw KeeperFailure(pathText(folder) + ": " + error.message());
     }
     std::ranges::sort(found, std::greater(), &NightlyBackup::time);
     return found;
@@ -94,9 +95,9 @@ std::vector<NightlyBackup> outdated(const std::vector<NightlyBackup>& newestFirs
             old.push_back(backup);
         }
     }
-    std::set<long> weeks;
+    std::set<std::int64_t> weeks;
     for (std::size_t at = 0; at < older.size(); ++at) {
-        const long week = toWeek(older[at]);
+        const std::int64_t week = toWeek(older[at]);
         const bool isFirst = at + 1 == older.size() || toWeek(older[at + 1]) != week;
         if (!isFirst || weeks.size() == kWeeks) {
             old.push_back(older[at]);

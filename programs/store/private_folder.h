@@ -1,8 +1,7 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace orv {
@@ -11,7 +10,7 @@ namespace orv {
 /// The next object in the same place removes those of a killed run.
 class PrivateFolder {
 public:
-    /// Throws a KeeperFailure on failure.
+    /// Throws on failure.
     explicit PrivateFolder(const std::filesystem::path& parent);
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
@@ -19,17 +18,14 @@ public:
 
     /// Returns the path of an empty file for the caller to write.
     std::string file() const;
-    /// Gives the file another name, with these permissions. Does not replace a file created there meanwhile.
-    void publish(const std::string& target, ::mode_t rights) const;
+    /// Gives the file another name. Does not replace a file created there meanwhile. The file gets the permissions of
+    /// the file or folder `rightsFrom`, without those for all users, because a store contains passwords. If that is
+    /// empty, only this user can open the file.
+    void publish(const std::string& target, const std::filesystem::path& rightsFrom) const;
 
 private:
-    std::filesystem::path path_;
-    int folder_ = -1;  // locked during the run
-    int file_ = -1;
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
-
-/// Returns the permissions for a new store, from a file or folder. Those for all users are removed, because it contains
-/// passwords.
-::mode_t rightsLike(const std::filesystem::path& model);
 
 }  // namespace orv

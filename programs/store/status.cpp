@@ -1,6 +1,7 @@
 #include "adapters/store/store_file_check.h"
 #include "keeper.h"
 #include "nightly_backups.h"
+#include "platform/file_path.h"
 #include "source_store.h"
 #include "version.h"
 
@@ -14,7 +15,7 @@ constexpr std::chrono::hours kLongestAge(48);
 
 std::int64_t readSize(StoreConnection& store, const std::string& path) {
     if (isEmbedded(path)) {
-        return static_cast<std::int64_t>(fs::file_size(path));
+        return static_cast<std::int64_t>(fs::file_size(filePath(path)));
     }
     return std::stoll(toText(store.select("SELECT pg_database_size(current_database())", {})->Fields(0)));
 }
@@ -39,12 +40,12 @@ void addLastBackup(const Options& options, StoreReport& report) {
     const auto backups = fs::exists(folder, none) ? nightlyBackups(folder) : std::vector<NightlyBackup>();
     if (backups.empty()) {
         report.facts["backup"] = nullptr;
-        report.say("last backup: none in " + folder.string());
+        report.say("last backup: none in " + pathText(folder));
         report.ending = Ending::Findings;
         return;
     }
     const auto age = std::chrono::floor<std::chrono::hours>(localNow() - backups.front().time);
-    const std::string file = backups.front().file.string();
+    const std::string file = pathText(backups.front().file);
     report.facts["backup"] = {{"file", file}, {"hours", age.count()}};
     report.say("last backup: " + file + ", " + std::to_string(age.count()) + " hours ago");
     report.ending = age > kLongestAge ? Ending::Findings : Ending::Done;

@@ -1,18 +1,12 @@
-#include <sys/utsname.h>
-
 #include <algorithm>
 #include <regex>
 
 #include "adapters/machine/ini_reader.h"
-#include "adapters/machine/registry_text.h"
-#include "adapters/posix/install_paths.h"
-#include "adapters/posix/native_file.h"
-#include "adapters/posix/posix_facts.h"
-#include "adapters/posix/posix_files.h"
 #include "adapters/text/cp932.h"
 #include "archive_file.h"
 #include "keeper.h"
-#include "platform/machine/registry.h"
+#include "office_place.h"
+#include "platform/file_path.h"
 #include "private_folder.h"
 #include "redaction.h"
 #include "version.h"
@@ -25,7 +19,6 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLargestText = std::size_t{16} << 20;
 constexpr std::size_t kLargestProgram = std::size_t{256} << 20;
 constexpr std::size_t kMostLogs = 7;
-constexpr ::mode_t kForOwner = 0600;
 
 constexpr const char* kReadMe =
     "Made by orv_store support for the support of this office.\n\n"
@@ -41,13 +34,10 @@ constexpr const char* kReadMe =
 class Office {
 public:
     explicit Office(const std::string& folder)
-        : root_(fs::canonical(folder)), paths_(root_, root_ + "/C/ORV/BIN"), files_(paths_) {
-        const std::string registry = readWholeFile(root_ + "/registry.txt", kLargestText);
-        settings_ = RegistryText(registry)
-                        .findValue("HKEY_LOCAL_MACHINE\\" + std::string(kInstallKey), kInstallValue)
-                        .value_or("C:\\ORV") +
-                    "\\SYS\\system.ini";
-    }
+        : root_(pathText(fs::canonical(filePath(folder)).make_preferred())),
+          paths_(officePaths(root_)),
+          files_(paths_),
+          settings_(installFolder(root_) + "\\SYS\\system.ini") {}
 
     const std::string& root() const { return root_; }
     const std::string& settings() const { return settings_; }
@@ -70,10 +60,10 @@ public:
 
 private:
     std::string root_;
-    InstallPaths paths_;
-    PosixFiles files_;
+    SystemPaths paths_;
+    SystemFiles files_;
     Cp932 codePage_;
-    PosixFacts facts_;
+    SystemFacts facts_;
     std::string settings_;
 };
 
@@ -87,27 +77,16 @@ std::string versionIn(const std::string& program) {
     return program.substr(version, program.find_first_not_of("0123456789.", version) - version);
 }
 
-std::string systemName() {
-    const std::string text = readWholeFile("/etc/os-release", kLargestText);
-    std::smatch name;
-    return std::regex_search(text, name, std::regex("PRETTY_NAME=\"?([^\"\n]*)")) ? name[1].str() : "";
-}
-
-std::string kernelName() {
-    utsname names{};
-    ::uname(&names);
-    return std::string(names.sysname) + " " + names.release + " " + names.machine;
-}
-
 std::string asText(const nlohmann::ordered_json& facts) {
     return facts.dump(2, ' ', true, nlohmann::json::error_handler_t::replace) + "\n";
 }
 
 std::string versions(const Office& office) {
-    return asText({{"orv_store", kVersion},
-                   {"KELT_COS.EXE", versionIn(office.bytes(office.folder("BIN") + "\\KELT_COS.EXE", kLargestProgram))},
-                   {"system", systemName()},
-                   {"kernel", kernelName()}});
+    nlohmann::ordered_json facts = {
+        {"orv_store", kVersion},
+        {"KELT_COS.EXE", versionIn(office.bytes(office.folder("BIN") + "\\KELT_COS.EXE", kLargestProgram))}};
+    facts.update(systemVersions());
+    return asText(facts);
 }
 
 Options ofStore(const Office& office) {
@@ -132,8 +111,8 @@ std::vector<std::string> lastLogs(const Office& office) {
     const std::string folder = office.folder("LOGERR");
     std::vector<std::string> names;
     std::error_code none;
-    for (const fs::directory_entry& entry : fs::directory_iterator(office.nativePath(folder), none)) {
-        const std::string name = entry.path().filename().string();
+    for (const fs::directory_entry& entry : fs::directory_iterator(filePath(office.nativePath(folder)), none)) {
+        const std::string name = pathText(entry.path().filename());
         if (std::regex_match(name, std::regex(R"(\d{6}_err\.log)"))) {
             names.push_back(name);
         }
@@ -174,8 +153,7 @@ void collect(const Office& office, SupportFile& file) {
     file.add("settings/system.ini", [&] { return redactedSettings(office.text(office.settings())); });
     file.add("settings/shared_system.ini",
              [&] { return redactedSettings(office.text(office.folder("SYS") + "\\system.ini")); });
-    file.add("settings/registry.txt",
-             [&] { return redactedSettings(readWholeFile(office.root() + "/registry.txt", kLargestText)); });
+    file.add("settings/registry.txt", [&] { return redactedSettings(registryText(office.root())); });
     for (const std::string& log : lastLogs(office)) {
         file.add("logs/" + log.substr(log.rfind('\\') + 1), [&] { return redactedLog(office.endOfLog(log)); });
     }
@@ -186,14 +164,14 @@ void collect(const Office& office, SupportFile& file) {
 
 StoreReport writeSupportFile(const Options& options) {
     const std::string folder = options.other.empty() ? "." : options.other;
-    if (!fs::exists(folder + "/registry.txt")) {
-        throw KeeperFailure(folder + ": is not the folder of an office, which contains registry.txt");
+    if (!fs::exists(filePath(folder) / kFileOfOffice)) {
+        throw KeeperFailure(folder + ": is not the folder of an office, which contains " + kFileOfOffice);
     }
     const Office office(folder);
-    const PrivateFolder own(fs::path(options.store).parent_path());
+    const PrivateFolder own(filePath(options.store).parent_path());
     SupportFile file(own.file());
     collect(office, file);
-    own.publish(options.store, kForOwner);
+    own.publish(options.store, {});
     StoreReport report;
     report.facts = {{"office", office.root()}, {"file", options.store}};
     report.say(options.store + ": written; it contains no password and no data of a company");

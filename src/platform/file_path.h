@@ -9,4 +9,10 @@ namespace orv {
 /// the code page of the machine.
 inline std::filesystem::path filePath(const std::string& text) { return {std::u8string(text.begin(), text.end())}; }
 
+/// The reverse.
+inline std::string pathText(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 }  // namespace orv

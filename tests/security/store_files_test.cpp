@@ -232,7 +232,7 @@ TEST_F(StoreFiles, ForeignObjectsAreReportedAndOnlyRowsAreBackedUp) {
            "CREATE TABLE OTHERS (A TEXT); INSERT INTO OTHERS VALUES ('kept'); CREATE INDEX QUICK ON OTHERS (A);"
            "ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT; ALTER TABLE MST_CORP ADD COLUMN SUM AS (hex(CORP_CODE))");
     onServer("spied", "sample");
-    server().sql(
+    runOnServer(
         "spied",
         "CREATE VIEW LOOK AS SELECT 1; CREATE TABLE OTHERS (A TEXT); ALTER TABLE TBL_LOCK ADD COLUMN ROOM TEXT;"
         "CREATE FUNCTION SPY() RETURNS trigger AS 'BEGIN RETURN NEW; END' LANGUAGE plpgsql;"
@@ -271,9 +271,9 @@ TEST_F(StoreFiles, WordsOfTheStoreDoNothingToATerminal) {
            "CREATE TRIGGER T BEFORE DELETE ON TBL_LOCK BEGIN SELECT RAISE(ABORT, '" +
                evil + "'); END");
     onServer("loud", "sample");
-    server().sql("loud", "CREATE FUNCTION LOUD() RETURNS trigger AS 'BEGIN RAISE EXCEPTION ''" + evil +
-                             "''; END' LANGUAGE plpgsql;"
-                             "CREATE TRIGGER T BEFORE DELETE ON TBL_LOCK FOR EACH ROW EXECUTE FUNCTION LOUD()");
+    runOnServer("loud", "CREATE FUNCTION LOUD() RETURNS trigger AS 'BEGIN RAISE EXCEPTION ''" + evil +
+                            "''; END' LANGUAGE plpgsql;"
+                            "CREATE TRIGGER T BEFORE DELETE ON TBL_LOCK FOR EACH ROW EXECUTE FUNCTION LOUD()");
     std::string all;
     for (const std::string arguments : {"check office", "check office --json", "unlock loud FRONT-PC02 --yes",
                                         "unlock office PC --yes", "copy office loud --replace", "check \x1b[2J"}) {

@@ -11,10 +11,10 @@ WINDOWS_TOOLCHAIN="$PWD/cmake/windows.cmake"
 declare -A WINDOWS_VERSION_OF=(
     [gtest]=googletest [sqlite]=libsqlite3-dev
     [jpeg]=libjpeg62-turbo-dev [png]=libpng-dev [tiff]=libtiff-dev [gif]=libgif-dev
-    [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [qt]=qt6-base-dev
+    [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [cli]=libcli11-dev [qt]=qt6-base-dev
 )
-WINDOWS_CORE_LIBRARIES=(gtest sqlite)
-WINDOWS_ALL_LIBRARIES=(gtest sqlite jpeg png tiff gif json curl qt)
+WINDOWS_CORE_LIBRARIES=(gtest sqlite json cli)
+WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl qt)
 
 # Each build_NAME SOURCE BUILD PREFIX builds one library in the empty folder BUILD and installs it.
 
@@ -80,6 +80,8 @@ build_curl() {
 }
 
 build_json() { withCMake "$1" "$2" "$3" -DJSON_BuildTests=OFF; }
+
+build_cli() { withCMake "$1" "$2" "$3" -DCLI11_BUILD_TESTS=OFF -DCLI11_BUILD_EXAMPLES=OFF -DCLI11_BUILD_DOCS=OFF; }
 
 # Without a feature that the program does not use. Debian's source has no files for tablets. Without direct2d the plug-in
 # for the screen does not link.

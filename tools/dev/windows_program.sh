@@ -2,13 +2,13 @@
 
 WINDOWS_BUILD=build/windows
 
-# Copies the program, the two search programs and all that they need to a folder.
+# Copies the program, the two search programs, the store tool and all that they need to a folder.
 placeWindowsProgram() {
     local folder="$1" qt
     qt=$(windowsLibrary qt)
     mkdir -p "$folder/qt/platforms"
     cp "$WINDOWS_BUILD/src/app/company_information.exe" "$folder/KELT_COS.EXE"
-    cp "$WINDOWS_BUILD"/programs/search/KELT_{ADD,LINE}.EXE "$folder/"
+    cp "$WINDOWS_BUILD"/programs/search/KELT_{ADD,LINE}.EXE "$WINDOWS_BUILD/programs/store/ORV_STORE.EXE" "$folder/"
     cp "$qt/plugins/platforms/qwindows.dll" "$folder/qt/platforms/"
     cp "$(windowsLibrary curl)/bin/libcurl.dll" "$folder/"
     cp /usr/share/qt6/translations/qtbase_ja.qm "$folder/qt/"

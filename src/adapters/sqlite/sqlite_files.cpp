@@ -16,6 +16,7 @@
 #include "adapters/sqlite/guarded_vfs.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_failure.h"
+#include "platform/file_path.h"
 
 namespace orv {
 namespace {
@@ -91,7 +92,7 @@ using Copies = std::array<EngineFilePtr, kParts.size()>;
 /// A sparse file can claim more than the disk has.
 void requireSpace(std::int64_t bytes, const std::string& file) {
     std::error_code error;
-    const std::uintmax_t free = fs::space(fs::path(file).parent_path(), error).available;
+    const std::uintmax_t free = fs::space(filePath(file).parent_path(), error).available;
     if (!error && bytes > 0 && static_cast<std::uintmax_t>(bytes) + kSpare > free) {
         throw sqliteFailure(SQLITE_FULL, "");
     }
@@ -144,9 +145,9 @@ public:
 private:
     static std::string fullPath(const std::string& path) {
         std::error_code error;
-        const fs::path full = fs::canonical(path, error);  // the engine follows links to a store, and no others
+        const fs::path full = fs::canonical(filePath(path), error);  // the engine follows links to a store, no others
         refuseUnlessOk(error ? SQLITE_CANTOPEN : SQLITE_OK);
-        return full.string();
+        return pathText(full);
     }
 
     bool updateJournal(const Part& part, const EngineFile& copy) {

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <memory>
 
 #include "adapters/machine/own_process.h"
@@ -13,6 +14,13 @@ namespace orv {
 void keepMemoryPrivate() { ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX); }
 
 void surviveBrokenConnections() {}
+
+/// The console keeps the code page, so that the next program would have it.
+void writeUtf8ToConsole() {
+    static const UINT before = ::GetConsoleOutputCP();
+    ::SetConsoleOutputCP(CP_UTF8);
+    std::atexit([] { ::SetConsoleOutputCP(before); });
+}
 
 /// The arguments of main() are in the code page of the machine, which does not have every character.
 std::vector<std::string> programArguments(int, char*[]) {

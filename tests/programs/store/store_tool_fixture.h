@@ -1,13 +1,12 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
-#include "private_server.h"
+#include "programs/store/tool_system.h"
 #include "support/store_files.h"
 
 namespace orv {
@@ -19,34 +18,30 @@ struct Outcome {
 
 class StoreTool : public ::testing::Test {
 protected:
-    static PrivateServer& server() {
-        static PrivateServer shared;
-        return shared;
-    }
-
-    /// `before` is shell code that runs first, such as setting limits, or a command that runs the tool.
     Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
         writeFile(folder.file("in"), input);
-        const std::string command =
-            "cd '" + folder.path().string() + "' && (" + before + "'" STORE_TOOL "' " + arguments + ") <in >out 2>err";
-        const int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(folder.file("out")),
-                readFile(folder.file("err"))};
+        const int ending = runTool(folder.path().string(), arguments, before);
+        return {ending, readFile(folder.file("out")), readFile(folder.file("err"))};
     }
     nlohmann::json json(const std::string& arguments) const {
         return nlohmann::json::parse(tool(arguments + " --json").out, nullptr, false);
     }
     /// Returns a file that names a new database of the server.
     std::string onServer(const std::string& name, const std::string& createdFrom) const {
-        server().sql("postgres", "DROP DATABASE IF EXISTS " + name);
-        server().sql("postgres", "CREATE DATABASE " + name + " TEMPLATE " + createdFrom);
-        writeFile(folder.file(name), server().text(name) + "\n");
+        runOnServer("postgres", "DROP DATABASE IF EXISTS " + name);
+        runOnServer("postgres", "CREATE DATABASE " + name + " TEMPLATE " + createdFrom);
+        writeFile(folder.file(name), serverText(name) + "\n");
         return name;
+    }
+    /// Returns a store in a file and, if the tool can use a server, a new one there.
+    std::vector<std::string> bothKinds(const std::string& file, const std::string& served,
+                                       const std::string& createdFrom = "sample") const {
+        return hasServer() ? std::vector{file, onServer(served, createdFrom)} : std::vector{file};
     }
     /// Runs `sql` on a store of either kind, without the adapter.
     void change(const std::string& store, const std::string& sql) const {
         const std::string file = folder.file(store);
-        readFile(file).starts_with("SQLite") ? runSql(file, sql) : static_cast<void>(server().sql(store, sql));
+        readFile(file).starts_with("SQLite") ? runSql(file, sql) : static_cast<void>(runOnServer(store, sql));
     }
     /// Writes the content of `office` as a file of that version of the older engine.
     void makeJet(int version, const std::string& name = "old.mdb", const std::string& option = "") const {
@@ -56,8 +51,8 @@ protected:
     }
     std::vector<std::string> names(const std::string& in = "") const {
         std::vector<std::string> all;
-        for (const auto& entry : std::filesystem::directory_iterator(folder.path() / in)) {
-            const std::string name = entry.path().filename();
+        for (const auto& entry : std::filesystem::directory_iterator(folder.file(in))) {
+            const std::string name = pathText(entry.path().filename());
             if (name != "in" && name != "out" && name != "err") all.push_back(name);
         }
         std::sort(all.begin(), all.end());

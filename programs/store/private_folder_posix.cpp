@@ -1,5 +1,3 @@
-#include "private_folder.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -10,6 +8,7 @@
 #include <cstring>
 
 #include "keeper.h"
+#include "private_folder.h"
 
 namespace orv {
 namespace {
@@ -19,6 +18,7 @@ namespace fs = std::filesystem;
 constexpr const char* kPrefix = ".orv_store-";
 constexpr const char* kFile = "store";
 constexpr int kMostAttempts = 10;
+constexpr ::mode_t kForOwner = 0600;
 constexpr auto kContents = std::to_array<const char*>({kFile, "store-journal", "store-wal", "store-shm"});
 
 [[noreturn]] void failed(const fs::path& path) { throw KeeperFailure(path.string() + ": " + std::strerror(errno)); }
@@ -80,62 +80,70 @@ bool isSame(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+/// Returns the permissions of a new file like those of another file or a folder.
+::mode_t rightsLike(const fs::path& model) {
+    struct stat facts {};
+    if (::stat(model.c_str(), &facts) != 0) {
+        failed(model);
+    }
+    return facts.st_mode & 0660U;
+}
+
 }  // namespace
 
-PrivateFolder::PrivateFolder(const fs::path& parent) {
+struct PrivateFolder::Parts {
+    fs::path path;
+    int folder = -1;  // locked during the run
+    int file = -1;
+};
+
+PrivateFolder::PrivateFolder(const fs::path& parent) : parts_(std::make_unique<Parts>()) {
     std::error_code error;
     const fs::path place = fs::canonical(parent.empty() ? "." : parent, error);  // the engine follows no link
     if (error) {
         throw KeeperFailure(parent.string() + ": " + error.message());
     }
     removeLeft(place);
-    for (int attempt = 0; folder_ < 0 && attempt < kMostAttempts; ++attempt) {
-        path_ = newFolder(place);
-        folder_ = openLocked(path_);
+    for (int attempt = 0; parts_->folder < 0 && attempt < kMostAttempts; ++attempt) {
+        parts_->path = newFolder(place);
+        parts_->folder = openLocked(parts_->path);
     }
-    if (folder_ < 0) {
-        failed(path_);
+    if (parts_->folder < 0) {
+        failed(parts_->path);
     }
-    if (!isOfThisUserAlone(folder_)) {
-        throw KeeperFailure(path_.string() + ": was taken away as soon as it was made");
+    if (!isOfThisUserAlone(parts_->folder)) {
+        throw KeeperFailure(parts_->path.string() + ": was taken away as soon as it was made");
     }
-    file_ = ::openat(folder_, kFile, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-    if (file_ < 0) {
-        failed(path_);
+    parts_->file = ::openat(parts_->folder, kFile, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kForOwner);
+    if (parts_->file < 0) {
+        failed(parts_->path);
     }
 }
 
 PrivateFolder::~PrivateFolder() {
-    removeFolder(path_, folder_);
-    ::close(file_);
-    ::close(folder_);
+    removeFolder(parts_->path, parts_->folder);
+    ::close(parts_->file);
+    ::close(parts_->folder);
 }
 
-std::string PrivateFolder::file() const { return (path_ / kFile).string(); }
+std::string PrivateFolder::file() const { return (parts_->path / kFile).string(); }
 
-void PrivateFolder::publish(const std::string& target, ::mode_t rights) const {
+void PrivateFolder::publish(const std::string& target, const fs::path& rightsFrom) const {
     struct stat made {};
     struct stat found {};
-    if (::fstat(file_, &made) != 0 || ::lstat(file().c_str(), &found) != 0 || !isSame(made, found)) {
+    if (::fstat(parts_->file, &made) != 0 || ::lstat(file().c_str(), &found) != 0 || !isSame(made, found)) {
         throw KeeperFailure(file() + ": was removed while it was written");
     }
-    if (::fchmod(file_, rights) != 0) {
+    if (::fchmod(parts_->file, rightsFrom.empty() ? kForOwner : rightsLike(rightsFrom)) != 0) {
         failed(target);
     }
     // Unlike a rename, a hard link never replaces a file that was created meanwhile.
-    const bool isLinked = ::linkat(folder_, kFile, AT_FDCWD, target.c_str(), 0) == 0;
+    const bool isLinked = ::linkat(parts_->folder, kFile, AT_FDCWD, target.c_str(), 0) == 0;
     const bool hasLinks = isLinked || (errno != EOPNOTSUPP && errno != EPERM);
-    if (!isLinked && (hasLinks || ::renameat2(folder_, kFile, AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0)) {
+    if (!isLinked &&
+        (hasLinks || ::renameat2(parts_->folder, kFile, AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0)) {
         failed(target);
     }
-}
-
-::mode_t rightsLike(const fs::path& model) {
-    struct stat facts {};
-    if (::stat(model.empty() ? "." : model.c_str(), &facts) != 0) {
-        failed(model);
-    }
-    return facts.st_mode & 0660U;
 }
 
 }  // namespace orv
