@@ -14,6 +14,13 @@ orv_add_tests(qt_tests adapters/qt orv_adapters_qt orv_adapters_qt_manual orv_ad
 orv_add_tests(window_tests app orv_app orv_adapters_qt orv_adapters_system
               orv_adapters_text Qt6::Test)
 target_sources(window_tests PRIVATE adapters/qt/main.cpp)
+if(TARGET suite_server_library)
+  orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_system suite_server_library
+                nlohmann_json::nlohmann_json GTest::gtest_main)
+  if(WIN32)
+    orv_copy_library(http_tests CURL::libcurl)
+  endif()
+endif()
 if(NOT ORV_TOOLS)
   return()
 endif()
@@ -30,8 +37,6 @@ target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --in
                                                   HOSTILE_KEY="$<TARGET_FILE:hostile_key>"
                                                   JET_WRITER="${CMAKE_CURRENT_SOURCE_DIR}/programs/store/jet_file.py")
 add_dependencies(security_tests company_information store_tool address_search line_search packed_texts hostile_key)
-orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_posix suite_server_library
-              nlohmann_json::nlohmann_json GTest::gtest_main)
 orv_add_tests(audit_tests tools bench_audit GTest::gtest_main)
 orv_add_tests(end_to_end_tests end_to_end orv_ui_driver private_server GTest::gtest_main)
 orv_add_tests(input_method_tests input_method orv_ui_driver GTest::gtest_main)

@@ -53,7 +53,7 @@ public:
     }
 
     const std::filesystem::path& path() const { return path_; }
-    std::string file(const std::string& place) const { return (path_ / filePath(place)).string(); }
+    std::string file(const std::string& place) const { return pathText(path_ / filePath(place)); }
     /// Creates missing folders of the path.
     std::string write(const std::string& place, const std::string& bytes) const {
         std::filesystem::create_directories((path_ / filePath(place)).parent_path());

@@ -12,9 +12,12 @@ declare -A WINDOWS_VERSION_OF=(
     [gtest]=googletest [sqlite]=libsqlite3-dev
     [jpeg]=libjpeg62-turbo-dev [png]=libpng-dev [tiff]=libtiff-dev [gif]=libgif-dev
     [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [cli]=libcli11-dev [qt]=qt6-base-dev
+    [openssl]=libssl-dev [http]=libcpp-httplib-dev
 )
+# A library that another one contains.
+declare -A WINDOWS_PART_OF=([http]=openssl)
 WINDOWS_CORE_LIBRARIES=(gtest sqlite json cli)
-WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl qt)
+WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl openssl http qt)
 
 # Each build_NAME SOURCE BUILD PREFIX builds one library in the empty folder BUILD and installs it.
 
@@ -79,7 +82,19 @@ build_curl() {
     withCMake "$1" "$2" "$3" "${off[@]}" -DBUILD_SHARED_LIBS=ON -DCURL_USE_SCHANNEL=ON -DHTTP_ONLY=ON
 }
 
-build_json() { withCMake "$1" "$2" "$3" -DJSON_BuildTests=OFF; }
+# Ignores settings of OpenSSL on the machine, which could name other libraries to load.
+build_openssl() {
+    "$1/Configure" mingw64 --cross-compile-prefix=$WINDOWS_HOST- CC=gcc-posix --prefix="$3" --libdir=lib \
+        --openssldir="C:/Program Files/Common Files/SSL" no-shared no-tests no-engine no-module no-autoload-config
+    make -s -j "$WINDOWS_JOBS" build_libs
+    make -s install_dev
+}
+
+# With TLS, for the tests.
+build_http() {
+    withCMake "$1" "$2" "$3" -DHTTPLIB_COMPILE=ON -DHTTPLIB_REQUIRE_OPENSSL=ON \
+        -DHTTPLIB_USE_ZLIB_IF_AVAILABLE=OFF -DHTTPLIB_USE_BROTLI_IF_AVAILABLE=OFF
+}
 
 build_cli() { withCMake "$1" "$2" "$3" -DCLI11_BUILD_TESTS=OFF -DCLI11_BUILD_EXAMPLES=OFF -DCLI11_BUILD_DOCS=OFF; }
 
@@ -102,7 +117,9 @@ windowsSource() { dpkg-query -W -f='${source:Package} ${source:Version}' "${WIND
 
 windowsLibrary() {
     local key
-    key=$({ windowsSource "$1"; declare -f "build_$1" withCMake withZlib archive; $WINDOWS_CC --version; } | sha256sum)
+    local part="${WINDOWS_PART_OF[$1]:-}"
+    key=$({ windowsSource "$1"; declare -f "build_$1" withCMake withZlib archive; $WINDOWS_CC --version
+        [ -z "$part" ] || windowsLibrary "$part"; } | sha256sum)
     echo "$WINDOWS_CACHE/$1-${key:0:16}"
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "durable_file.h"
+#include "platform/file_path.h"
 
 namespace orv {
 namespace {
@@ -30,7 +31,7 @@ ServiceAnswer PhotoService::put(const std::string& name, const std::string& auth
     if (!isPlainName(name)) {
         return {400, "not a file name\n"};
     }
-    const auto file = folder_ / name;
+    const auto file = folder_ / filePath(name);
     const bool known = std::filesystem::exists(file);
     writeDurably(file, bytes);
     return {known ? 204 : 201, ""};

@@ -26,7 +26,7 @@ constexpr std::size_t kPromisedBytes = 1000;
 /// Reserves the port for one server. The library's default lets a second server share it unnoticed.
 void ownPortOnly(int socket) {
     const int yes = 1;
-    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, reinterpret_cast<const char*>(&yes), sizeof yes);
 }
 
 /// Announces a body and closes the connection in the middle of it.
@@ -62,11 +62,9 @@ public:
         std::ranges::replace_if(
             path, [](char c) { return (c >= 0 && c <= ' ') || c == '\x7F'; }, '?');
         const std::time_t now = std::time(nullptr);
-        std::tm local{};
-        localtime_r(&now, &local);
         const std::lock_guard lock(guard_);
-        stream_ << std::put_time(&local, "%Y-%m-%dT%H:%M:%S") << ' ' << method << ' ' << path << ' ' << status << ' '
-                << bytes << std::endl;
+        stream_ << std::put_time(std::localtime(&now), "%Y-%m-%dT%H:%M:%S") << ' ' << method << ' ' << path << ' '
+                << status << ' ' << bytes << std::endl;
     }
 
 private:

@@ -45,12 +45,12 @@ TEST(CurlHttpControl, FilesArriveByteForByteUnderTheirNames) {
     const std::map<std::string, std::string> photos{{"---------COS00000000_02.jpg", everyByte},
                                                     {"外観㈱髙 b+c&d.jpg", "kanji"}};
     for (const auto& [name, bytes] : photos) {
-        writeFile(folder.path() / name, bytes);
+        writeFile(folder.file(name), bytes);
         control.URL(suite.url("/rereceive46/davroot/" + name));
         std::string response;
         control.Upload(folder.file(name), std::nullopt, response, std::nullopt, "kvr73node", "Xk9TRbmW2");
         EXPECT_EQ(control.ResponseCode(), 201) << name;
-        EXPECT_EQ(readFile(served.path() / "photos" / name), bytes) << name;
+        EXPECT_EQ(readFile(served.file("photos/" + name)), bytes) << name;
     }
 }
 

@@ -55,14 +55,14 @@ public:
 private:
     bool process_and_close_socket(socket_t client) override {
         std::array<char, 4096> request{};
-        const ssize_t count = ::recv(client, request.data(), request.size(), 0);
+        const ssize_t count = httplib::detail::read_socket(client, request.data(), request.size(), 0);
         lastRequest_.assign(request.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
         requests_ += count > 0 ? 1 : 0;
         for (std::string_view rest = answer_; !rest.empty();) {
-            const ssize_t sent = ::send(client, rest.data(), rest.size(), MSG_NOSIGNAL);
+            const ssize_t sent = httplib::detail::send_socket(client, rest.data(), rest.size(), 0);
             rest.remove_prefix(sent > 0 ? static_cast<std::size_t>(sent) : rest.size());
         }
-        ::close(client);
+        httplib::detail::close_socket(client);
         return true;
     }
 
