@@ -21,6 +21,7 @@ find_package(JPEG REQUIRED)
 find_package(PNG REQUIRED)
 find_package(TIFF REQUIRED COMPONENTS CXX)
 find_package(GIF REQUIRED)
+find_package(PostgreSQL REQUIRED)
 find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets)
 
 # The parts of the toolkit that only one system needs.
@@ -29,7 +30,6 @@ if(WIN32)
   # A static library does not name those that it uses.
   set_property(TARGET TIFF::TIFF APPEND PROPERTY INTERFACE_LINK_LIBRARIES JPEG::JPEG ZLIB::ZLIB)
 else()
-  find_package(PostgreSQL REQUIRED)
   find_package(Fontconfig REQUIRED)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
@@ -39,7 +39,7 @@ endif()
 
 # libpq and libcurl are loaded at first use.
 if(ORV_SERVER_STORE)
-  orv_module_uses(orv_adapters_postgres PRIVATE Threads::Threads)
+  orv_module_uses(orv_adapters_postgres PRIVATE Threads::Threads $<$<BOOL:${WIN32}>:ws2_32>)
   target_include_directories(orv_adapters_postgres SYSTEM PRIVATE ${PostgreSQL_INCLUDE_DIRS})
 endif()
 orv_module_uses(orv_adapters_http PRIVATE nlohmann_json::nlohmann_json)

@@ -18,7 +18,7 @@ if(TARGET suite_server_library)
   orv_add_tests(http_tests adapters/http orv_app orv_adapters_http orv_adapters_system suite_server_library
                 nlohmann_json::nlohmann_json GTest::gtest_main)
   if(WIN32)
-    orv_copy_library(http_tests CURL::libcurl)
+    orv_copy_library(http_tests $<TARGET_FILE:CURL::libcurl> http_tests)
   endif()
 endif()
 if(NOT ORV_TOOLS)

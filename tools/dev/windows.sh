@@ -6,7 +6,10 @@ WINDOWS_CORE_PACKAGES=(
     g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine cmake ninja-build ccache python3 dpkg-dev tcl locales
     libgtest-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev
 )
-WINDOWS_PACKAGES=("${WINDOWS_CORE_PACKAGES[@]}" libssl-dev libcpp-httplib-dev perl nsis zip unzip sqlite3 xvfb qt6-base-dev-tools qt6-translations-l10n imagemagick)
+WINDOWS_PACKAGES=(
+    "${WINDOWS_CORE_PACKAGES[@]}" libssl-dev libcpp-httplib-dev perl bison flex nsis zip unzip sqlite3 xvfb qt6-base-dev-tools
+    qt6-translations-l10n imagemagick
+)
 
 windows() {
     local command="${1:-all}"
@@ -62,5 +65,6 @@ buildWindows() {
 }
 
 windowsTests() {
-    ORV_WINE_PATH="Z:$(windowsLibrary qt)/bin;Z:$(windowsLibrary curl)/bin" python3 tools/dev/report_wine.py windows "$@"
+    buildPreset dev server_for_tests
+    ORV_WINE_PATH="Z:$(windowsLibrary qt)/bin;Z:$(windowsLibrary curl)/bin;Z:$(windowsLibrary pq)/bin" python3 tools/dev/report_wine.py windows "$@"
 }

@@ -12,12 +12,12 @@ declare -A WINDOWS_VERSION_OF=(
     [gtest]=googletest [sqlite]=libsqlite3-dev
     [jpeg]=libjpeg62-turbo-dev [png]=libpng-dev [tiff]=libtiff-dev [gif]=libgif-dev
     [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [cli]=libcli11-dev [qt]=qt6-base-dev
-    [openssl]=libssl-dev [http]=libcpp-httplib-dev
+    [openssl]=libssl-dev [pq]=libpq-dev [http]=libcpp-httplib-dev
 )
 # A library that another one contains.
-declare -A WINDOWS_PART_OF=([http]=openssl)
+declare -A WINDOWS_PART_OF=([pq]=openssl [http]=openssl)
 WINDOWS_CORE_LIBRARIES=(gtest sqlite json cli)
-WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl openssl http qt)
+WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl openssl http pq qt)
 
 # Each build_NAME SOURCE BUILD PREFIX builds one library in the empty folder BUILD and installs it.
 
@@ -89,6 +89,17 @@ build_openssl() {
     make -s -j "$WINDOWS_JOBS" build_libs
     make -s install_dev
 }
+
+build_pq() {
+    local ssl; ssl=$(windowsLibrary openssl)
+    "$1/configure" --host=$WINDOWS_HOST CC=$WINDOWS_CC --prefix="$3" --without-readline --without-zlib --disable-nls \
+        --with-ssl=openssl CPPFLAGS="-I$ssl/include" LDFLAGS="-L$ssl/lib" LIBS="-lcrypt32 -lws2_32 -lgdi32"
+    make -s -j "$WINDOWS_JOBS" -C src/interfaces/libpq all
+    make -s -C src/interfaces/libpq install
+    make -s -C src/include install
+}
+
+build_json() { withCMake "$1" "$2" "$3" -DJSON_BuildTests=OFF; }
 
 # With TLS, for the tests.
 build_http() {

@@ -10,7 +10,7 @@ placeWindowsProgram() {
     cp "$WINDOWS_BUILD/src/app/company_information.exe" "$folder/KELT_COS.EXE"
     cp "$WINDOWS_BUILD"/programs/search/KELT_{ADD,LINE}.EXE "$WINDOWS_BUILD/programs/store/ORV_STORE.EXE" "$folder/"
     cp "$qt/plugins/platforms/qwindows.dll" "$folder/qt/platforms/"
-    cp "$(windowsLibrary curl)/bin/libcurl.dll" "$folder/"
+    cp "$(windowsLibrary curl)/bin/libcurl.dll" "$(windowsLibrary pq)/bin/libpq.dll" "$folder/"
     cp /usr/share/qt6/translations/qtbase_ja.qm "$folder/qt/"
     printf '[Paths]\r\nPrefix=.\r\nPlugins=qt\r\nTranslations=qt\r\n' >"$folder/qt.conf"
     placeLibraries "$folder"

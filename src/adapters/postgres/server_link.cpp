@@ -1,7 +1,6 @@
 #include "adapters/postgres/server_link.h"
 
 #include <libpq-fe.h>
-#include <poll.h>
 
 #include <algorithm>
 #include <optional>
@@ -104,7 +103,7 @@ bool ServerLink::flushed(Clock::time_point deadline) {
     PGconn* connection = connection_.get();
     int left = pq().flush(connection);
     while (left == 1) {
-        if (!waitForSocket(connection, POLLIN | POLLOUT, deadline)) {
+        if (!waitForSocket(connection, WireState::Either, deadline)) {
             cut(kSilent);
             return false;
         }
@@ -118,7 +117,7 @@ ServerResult ServerLink::nextResult(Clock::time_point deadline) {
     while (connection_ != nullptr && pq().isBusy(connection_.get()) != 0) {
         if (received_.areTooMany()) {
             cut(kAnswerTooLong);
-        } else if (!waitForSocket(connection_.get(), POLLIN, deadline)) {
+        } else if (!waitForSocket(connection_.get(), WireState::Readable, deadline)) {
             cut(kSilent);
         } else if (!receiveInput()) {
             break;

@@ -1,16 +1,11 @@
 #include "adapters/postgres/server_opening.h"
 
 #include <libpq-fe.h>
-#include <poll.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cerrno>
 #include <cstdlib>
-#include <fstream>
 #include <future>
 #include <iterator>
 #include <string>
@@ -62,25 +57,13 @@ std::vector<std::string> listed(const std::string& text) {
     return parts;
 }
 
-/// Returns the number of bytes that have arrived and have not been read.
-std::size_t waitingIn(PGconn* connection) {
-    int bytes = 0;
-    return ::ioctl(pq().socket(connection), FIONREAD, &bytes) == 0 && bytes > 0 ? static_cast<std::size_t>(bytes) : 0;
-}
-
-/// Returns the bytes of memory that this process has reserved, or 0 if the system does not say.
-std::size_t reservedMemory() {
-    std::size_t pages = 0;
-    std::ifstream("/proc/self/statm") >> pages;
-    return pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-}
-
 /// False if the host was not ready in time. Otherwise it has accepted the connection or reported why not.
 bool letIn(PGconn* connection, Clock::time_point deadline) {
     ReceivedBytes received(kMostWhenOpening);
     PostgresPollingStatusType next = PGRES_POLLING_WRITING;
     while (pq().status(connection) != CONNECTION_BAD && next != PGRES_POLLING_OK && next != PGRES_POLLING_FAILED) {
-        if (!waitForSocket(connection, next == PGRES_POLLING_READING ? POLLIN : POLLOUT, deadline)) {
+        if (!waitForSocket(connection, next == PGRES_POLLING_READING ? WireState::Readable : WireState::Writable,
+                           deadline)) {
             return false;
         }
         received.count(connection, [&] { next = pq().connectPoll(connection); });
@@ -170,16 +153,15 @@ private:
 
 }  // namespace
 
-bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline) {
+bool waitForSocket(pg_conn* connection, WireState state, std::chrono::steady_clock::time_point deadline) {
     while (true) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
         if (left.count() <= 0) {
             return false;
         }
-        pollfd wire{pq().socket(connection), events, 0};
-        const int ready = ::poll(&wire, 1, static_cast<int>(std::min(left, kWaitingPause).count()));
-        if (ready > 0 || (ready < 0 && errno != EINTR)) {
-            return ready > 0;
+        const WireAnswer answer = waitForWire(pq().socket(connection), state, std::min(left, kWaitingPause));
+        if (answer != WireAnswer::NotYet) {
+            return answer == WireAnswer::Ready;
         }
         whileWaiting();
     }
@@ -192,9 +174,9 @@ bool ReceivedBytes::areTooMany() const { return received_ > most_ || reservedMem
 
 void ReceivedBytes::count(pg_conn* connection, const std::function<void()>& read) {
     constexpr std::size_t kAtLeast = 8192;  // bytes that the library reads at a time, if available
-    const std::size_t before = waitingIn(connection);
+    const std::size_t before = bytesWaiting(pq().socket(connection));
     read();
-    const std::size_t taken = before - std::min(before, waitingIn(connection));
+    const std::size_t taken = before - std::min(before, bytesWaiting(pq().socket(connection)));
     received_ += std::max(taken, std::min(before, kAtLeast));
 }
 

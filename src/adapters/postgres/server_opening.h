@@ -5,11 +5,12 @@
 #include <functional>
 
 #include "adapters/postgres/server_settings.h"
+#include "adapters/postgres/wire.h"
 
 namespace orv {
 
-/// Waits for events of `poll` on the connection. False if the time is over.
-bool waitForSocket(pg_conn* connection, short events, std::chrono::steady_clock::time_point deadline);
+/// Waits for a state of the connection. False if the time is over.
+bool waitForSocket(pg_conn* connection, WireState state, std::chrono::steady_clock::time_point deadline);
 
 /// Counts the bytes that the client library reads from a connection. The library stores a whole answer, however long,
 /// and does not report how much it has read. As soon as it knows the length of a message, it reserves memory for all of

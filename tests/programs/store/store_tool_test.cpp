@@ -61,6 +61,7 @@ TEST_F(StoreTool, ANewStoreHasItsTablesAndListsAndNoCompany) {
 }
 
 TEST_F(StoreTool, AServerGetsAWholeStoreOrNothing) {
+    if (!hasServer()) GTEST_SKIP() << "without a server";
     onServer("fresh", "template0");
     ASSERT_EQ(tool("create fresh").ending, 0);
     runOnServer("fresh", "DROP TABLE MST_CORP, TBL_LOCK; DROP COLLATION NOCASE");
@@ -124,6 +125,7 @@ TEST_F(StoreTool, ALockIsFreedWhenThePersonAgrees) {
 }
 
 TEST_F(StoreTool, AnOfficeMovesToAServerAndBackUnchanged) {
+    if (!hasServer()) GTEST_SKIP() << "without a server";
     runSql(office,
            "UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = TRUE WHERE USER_ID = '000004602';"
            "UPDATE TBL_CUSTOMER_INFO SET COMPANY_NAME = 'O''Hara \\ 髙﨑 ' || char(10) WHERE USER_ID = '000004601'");

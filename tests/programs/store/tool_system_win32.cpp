@@ -54,10 +54,6 @@ bool isPrivate(const std::string& path) {
     return !isOpen;
 }
 
-bool hasServer() { return false; }
-std::string serverText(const std::string&) { return ""; }
-std::string runOnServer(const std::string&, const std::string&) { return ""; }
-
 const char* const kOffice = "srv\\C\\ORV";
 
 std::shared_ptr<void> setProxy(const std::string&, const std::string& value) {
