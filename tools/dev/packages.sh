@@ -3,7 +3,7 @@
 PACKAGES=(
     g++ cmake ninja-build ccache pkg-config python3
     qt6-base-dev libsqlite3-dev libpq-dev mdbtools-dev libcurl4-openssl-dev libfontconfig-dev libxcb1-dev
-    libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev zlib1g-dev
+    libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev libarchive-dev zlib1g-dev
     libcpp-httplib-dev libcli11-dev libssl-dev nlohmann-json3-dev libgtest-dev libgmock-dev
     postgresql pgbouncer openssl
     fonts-noto-cjk qt6-translations-l10n mate-backgrounds

@@ -4,7 +4,7 @@ source tools/dev/windows_program.sh
 
 WINDOWS_CORE_PACKAGES=(
     g++-mingw-w64-x86-64-posix libz-mingw-w64-dev wine64 wine cmake ninja-build ccache python3 dpkg-dev tcl locales
-    libgtest-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev
+    libgtest-dev libsqlite3-dev nlohmann-json3-dev libcli11-dev libarchive-dev
 )
 WINDOWS_PACKAGES=(
     "${WINDOWS_CORE_PACKAGES[@]}" libssl-dev libcpp-httplib-dev perl bison flex nsis zip unzip sqlite3 xvfb qt6-base-dev-tools

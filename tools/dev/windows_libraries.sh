@@ -11,12 +11,12 @@ WINDOWS_TOOLCHAIN="$PWD/cmake/windows.cmake"
 declare -A WINDOWS_VERSION_OF=(
     [gtest]=googletest [sqlite]=libsqlite3-dev
     [jpeg]=libjpeg62-turbo-dev [png]=libpng-dev [tiff]=libtiff-dev [gif]=libgif-dev
-    [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [cli]=libcli11-dev [qt]=qt6-base-dev
-    [openssl]=libssl-dev [pq]=libpq-dev [http]=libcpp-httplib-dev
+    [curl]=libcurl4-openssl-dev [json]=nlohmann-json3-dev [cli]=libcli11-dev [archive]=libarchive-dev
+    [qt]=qt6-base-dev [openssl]=libssl-dev [pq]=libpq-dev [http]=libcpp-httplib-dev
 )
 # A library that another one contains.
 declare -A WINDOWS_PART_OF=([pq]=openssl [http]=openssl)
-WINDOWS_CORE_LIBRARIES=(gtest sqlite json cli)
+WINDOWS_CORE_LIBRARIES=(gtest sqlite json cli archive)
 WINDOWS_ALL_LIBRARIES=("${WINDOWS_CORE_LIBRARIES[@]}" jpeg png tiff gif curl openssl http pq qt)
 
 # Each build_NAME SOURCE BUILD PREFIX builds one library in the empty folder BUILD and installs it.
@@ -105,6 +105,17 @@ build_json() { withCMake "$1" "$2" "$3" -DJSON_BuildTests=OFF; }
 build_http() {
     withCMake "$1" "$2" "$3" -DHTTPLIB_COMPILE=ON -DHTTPLIB_REQUIRE_OPENSSL=ON \
         -DHTTPLIB_USE_ZLIB_IF_AVAILABLE=OFF -DHTTPLIB_USE_BROTLI_IF_AVAILABLE=OFF
+}
+
+# Only the parts that write a compressed tar archive. CMake cannot run the program that would find ZLIB_WINAPI.
+build_archive() {
+    local part off=()
+    for part in TEST TAR CPIO CAT OPENSSL LZMA ZSTD BZip2 LIBXML2 EXPAT LZ4 LZO LIBB2 ICONV ACL XATTR CNG WERROR PCREPOSIX; do
+        off+=("-DENABLE_$part=OFF")
+    done
+    withZlib "$1" "$2" "$3" "${off[@]}" -DZLIB_WINAPI=OFF -DZLIB_WINAPI_WITH_LIB=/usr/$WINDOWS_HOST/lib/libz.a
+    mv "$3/lib/libarchive_static.a" "$3/lib/libarchive.a"
+    rm "$3/lib/libarchive.dll.a"
 }
 
 build_cli() { withCMake "$1" "$2" "$3" -DCLI11_BUILD_TESTS=OFF -DCLI11_BUILD_EXAMPLES=OFF -DCLI11_BUILD_DOCS=OFF; }

@@ -4,7 +4,8 @@ WINDOWS_TREE="$WINDOWS_BUILD/tree"
 
 # Debian's packages whose code is in the programs or in their libraries.
 WINDOWS_LICENCES=(
-    libsqlite3-dev libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev libcurl4-openssl-dev libpq-dev libssl-dev nlohmann-json3-dev libcli11-dev qt6-base-dev
+    libsqlite3-dev libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev libcurl4-openssl-dev libpq-dev libssl-dev
+    nlohmann-json3-dev libcli11-dev libarchive-dev qt6-base-dev
     qt6-translations-l10n libz-mingw-w64-dev g++-mingw-w64-x86-64-posix mingw-w64-x86-64-dev
 )
 
