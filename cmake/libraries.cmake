@@ -2,7 +2,7 @@
 
 orv_module_uses(orv_adapters_machine PRIVATE ${CMAKE_DL_LIBS})
 if(WIN32)
-  orv_module_uses(orv_adapters_win32 PRIVATE iphlpapi ws2_32)
+  orv_module_uses(orv_adapters_system PRIVATE iphlpapi ws2_32)
 endif()
 if(ORV_SQLITE)
   find_package(SQLite3 REQUIRED)

@@ -28,7 +28,7 @@ endif()
 orv_add_one_test(postgres_tests adapters/postgres private_server orv_office_store GTest::gtest_main)
 # Attacks by another user, a row of the store, a foreign file, a server or the network.
 orv_add_one_test(security_tests security private_server suite_server_library jet_reading orv_app orv_office_store
-                 orv_adapters_http orv_adapters_posix orv_adapters_text made_pictures GTest::gtest_main)
+                 orv_adapters_http orv_adapters_system orv_adapters_text made_pictures GTest::gtest_main)
 target_sources(security_tests PRIVATE programs/store/tool_system_posix.cpp)
 add_library(hostile_key MODULE hostile_key/hostile_key.cpp)
 target_compile_definitions(security_tests PRIVATE INSTALL="${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR} --prefix"

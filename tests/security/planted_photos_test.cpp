@@ -161,7 +161,7 @@ TEST_F(PhotoFolders, ARowCanNotFinishOrDropThePhotoOfAnotherCompany) {
 TEST_F(PhotoFolders, ChangesInTmpDoNotReachTheWorkingCopy) {
     const std::string own = readBytes(kStored);
     startOn(2);
-    PosixFiles otherRun(paths);
+    SystemFiles otherRun(paths);
     otherRun.workIn(com().TmpFolder());
     files.copy("C:\\ORV\\IMG\\2\\000004601COS00000000_02.jpg", "C:\\ORV\\PHOTO.jpg");
     otherRun.copy("C:\\ORV\\PHOTO.jpg", kWorking);
@@ -179,7 +179,7 @@ TEST_F(PhotoFolders, TheNextStartRemovesOnlyTheFilesOfDeadRuns) {
     start();
     const fs::path living = fs::path(files.nativePath(kWorking)).parent_path();
     const auto leaveFile = [&] {
-        PosixFiles run(paths);
+        SystemFiles run(paths);
         run.workIn("C:\\ORV\\TMP\\");
         run.copy(kStored, kWorking);
     };
@@ -202,7 +202,7 @@ TEST_F(PhotoFolders, AnotherUserNeitherReadsNorRemovesAWorkingCopy) {
     fs::permissions(tmp, fs::perms::all);
     const std::string copy = files.nativePath(kWorking);
     EXPECT_EQ(asAnotherUser([&] {
-                  PosixFiles(paths).workIn("C:\\ORV\\TMP\\");
+                  SystemFiles(paths).workIn("C:\\ORV\\TMP\\");
                   return ::open(copy.c_str(), O_RDONLY) < 0 && errno == EACCES;
               }),
               1);
@@ -211,7 +211,7 @@ TEST_F(PhotoFolders, AnotherUserNeitherReadsNorRemovesAWorkingCopy) {
     fs::create_directory(tmp / ".orv-run-1");
     fs::permissions(tmp / ".orv-run-1", fs::perms::all);
     EXPECT_EQ(asAnotherUser([&] {
-                  PosixFiles(paths).workIn("C:\\ORV\\TMP\\");
+                  SystemFiles(paths).workIn("C:\\ORV\\TMP\\");
                   return fs::exists(tmp / ".orv-run-1");
               }),
               1)

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "adapters/pictures/picture_files.h"
-#include "adapters/posix/posix_files.h"
+#include "adapters/system/system_files.h"
 #include "bench.h"
 
 namespace {
@@ -22,9 +22,9 @@ constexpr QSize kSlot{484, 400};
 constexpr QSize kShown{121, 100};
 
 /// The machine's own files, with their native paths.
-orv::PosixFiles& files() {
+orv::SystemFiles& files() {
     static const orv::InstallPaths none("/no install", "/no install");
-    static orv::PosixFiles native(none);
+    static orv::SystemFiles native(none);
     return native;
 }
 

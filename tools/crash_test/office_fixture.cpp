@@ -8,7 +8,7 @@
 
 #include "adapters/pictures/picture_files.h"
 #include "adapters/posix/install_paths.h"
-#include "adapters/posix/posix_files.h"
+#include "adapters/system/system_files.h"
 
 namespace crash_test {
 namespace {
@@ -66,7 +66,7 @@ void OfficeFixture::changeSettings(const std::string& usual, const std::string& 
 /// Larger than the limits, so that each is fitted.
 void OfficeFixture::makePhotos() const {
     const orv::InstallPaths paths(office_.folder().string(), (orv() / "BIN").string());
-    orv::PosixFiles files(paths);
+    orv::SystemFiles files(paths);
     const orv::PictureFiles pictures(files);
     for (int round = 0; round < kRounds; ++round) {
         for (int slot = 0; slot < 2; ++slot) {

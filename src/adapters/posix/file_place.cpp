@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 #include "adapters/posix/native_file.h"
@@ -42,10 +43,26 @@ Descriptor parentFolder(const NativePath& path) {
     return folder;
 }
 
+/// Returns 0, or -1 with errno. Not every file system can refuse an existing target by itself.
+int renameToFreeName(const FilePlace& from, const FilePlace& to) {
+    const int result = ::renameat2(from.folder(), from.name(), to.folder(), to.name(), RENAME_NOREPLACE);
+    if (result == 0 || (errno != EINVAL && errno != ENOSYS)) {
+        return result;
+    }
+    struct stat facts {};
+    if (to.look(facts)) {
+        errno = EEXIST;
+        return -1;
+    }
+    return ::renameat(from.folder(), from.name(), to.folder(), to.name());
+}
+
 }  // namespace
 
 FilePlace::FilePlace(const NativePath& path)
-    : FilePlace(std::make_shared<const Descriptor>(parentFolder(path)), path.below.substr(path.below.rfind('/') + 1)) {}
+    : FilePlace(std::make_shared<const Descriptor>(parentFolder(path)), path.below.substr(path.below.rfind('/') + 1)) {
+    isChosen_ = path.chosen;
+}
 
 FilePlace::FilePlace(std::shared_ptr<const Descriptor> folder, std::string name)
     : folder_(std::move(folder)), name_(std::move(name)) {}
@@ -58,6 +75,8 @@ Descriptor FilePlace::open(int flags, mode_t rights) const {
     return opened;
 }
 
+Descriptor FilePlace::openToRead() const { return open(O_RDONLY); }
+
 Descriptor FilePlace::tryOpen(int flags, mode_t rights) const {
     // Does not wait. Otherwise opening a pipe without a writer would hang the program.
     constexpr int kAlways = O_NOFOLLOW | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
@@ -66,6 +85,29 @@ Descriptor FilePlace::tryOpen(int flags, mode_t rights) const {
 
 bool FilePlace::look(struct stat& facts) const { return ::fstatat(folder(), name(), &facts, AT_SYMLINK_NOFOLLOW) == 0; }
 
+bool FilePlace::holdsFile() const {
+    struct stat facts {};
+    if (!look(facts) || S_ISLNK(facts.st_mode)) {
+        return false;
+    }
+    if (!S_ISREG(facts.st_mode)) {
+        throw RunTimeError(Failure::PathFileAccess);
+    }
+    return true;
+}
+
 bool FilePlace::unlink() const { return ::unlinkat(folder(), name(), 0) == 0; }
+
+void FilePlace::remove() const {
+    if (!unlink()) {
+        raiseErrno(errno);
+    }
+}
+
+void FilePlace::renameTo(const FilePlace& target) const {
+    if (renameToFreeName(*this, target) != 0) {
+        raiseErrno(errno);
+    }
+}
 
 }  // namespace orv

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "adapters/machine/whole_file.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -37,6 +38,7 @@ constexpr auto kFailures = std::to_array<std::pair<int, Failure>>({
 });
 
 constexpr mode_t kOwnerOnly = 0600;
+constexpr int kMostAttempts = 3;
 constexpr mode_t kReadAndWrite = 0666;
 constexpr std::string_view kReplacementBegin = ".orv-";
 constexpr std::string_view kReplacementEnd = ".tmp";
@@ -55,6 +57,12 @@ Descriptor openFollowing(const std::string& path, int flags) {
         raiseErrno(errno, path);
     }
     return opened;
+}
+
+/// A user who can write a log need not be able to read it.
+Descriptor existingLog(const FilePlace& place) {
+    Descriptor log = place.tryOpen(O_RDWR | O_APPEND);
+    return log || errno != EACCES ? std::move(log) : place.tryOpen(O_WRONLY | O_APPEND);
 }
 
 /// The name is short and independent of the target's, which can already have the maximum length.
@@ -190,6 +198,44 @@ void NativeFile::sync() const {
     }
 }
 
+/// Only the user who creates the log sets its permissions.
+NativeFile openLog(const FilePlace& place) {
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        if (Descriptor existing = existingLog(place)) {
+            requireOneName(existing);
+            return NativeFile(std::move(existing));
+        }
+        if (errno != ENOENT) {
+            raiseErrno(errno);
+        }
+        if (Descriptor made = place.tryOpen(O_RDWR | O_APPEND | O_CREAT | O_EXCL, sharedRights(place.folder()))) {
+            NativeFile log(std::move(made));
+            log.copyRightsFrom(place.folder());
+            return log;
+        }
+        if (errno != EEXIST) {
+            raiseErrno(errno);
+        }
+    }
+    throw RunTimeError(Failure::PathFileAccess);
+}
+
+void requireOneName(const Descriptor& file) {
+    struct stat facts {};
+    if (::fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_nlink > 1) {
+        raiseErrno(ELOOP);
+    }
+}
+
+FileStream toStream(Descriptor file) {
+    FileStream stream(::fdopen(file.number(), "rb"));
+    if (!stream) {
+        throw RunTimeError(Failure::DeviceIo);
+    }
+    file.release();
+    return stream;
+}
+
 bool tryLock(const Descriptor& file) { return ::flock(file.number(), LOCK_EX | LOCK_NB) == 0; }
 
 bool waitForLock(const Descriptor& file) {
@@ -215,8 +261,8 @@ void forEachName(int folder, const std::function<void(const std::string& name)>&
     }
 }
 
-ReplacementFile::ReplacementFile(FilePlace target)
-    : target_(std::move(target)), place_(target_), file_(makeReplacement(target_, place_)) {}
+ReplacementFile::ReplacementFile(FilePlace target, FileAccess access)
+    : target_(std::move(target)), place_(target_), access_(access), file_(makeReplacement(target_, place_)) {}
 
 ReplacementFile::~ReplacementFile() {
     if (!placed_) {
@@ -225,6 +271,9 @@ ReplacementFile::~ReplacementFile() {
 }
 
 void ReplacementFile::place() {
+    if (access_ == FileAccess::AsFolder) {
+        file_->copyRightsFrom(target_.folder());
+    }
     file_->sync();
     rename();
 }
@@ -246,24 +295,7 @@ void ReplacementFile::rename() {
 }
 
 std::string readWholeFile(const std::string& nativePath, std::size_t limit) {
-    const NativeFile file(nativePath, O_RDONLY);
-    const auto size = static_cast<std::size_t>(file.facts().st_size);
-    if (size > limit) {
-        throw RunTimeError(Failure::OutOfMemory);
-    }
-    std::string bytes(size + 1, '\0');  // one more, to see the end in the same reading
-    std::size_t filled = 0;
-    while (const std::size_t count = file.read(bytes.data() + filled, bytes.size() - filled)) {
-        filled += count;
-        if (filled > limit) {
-            throw RunTimeError(Failure::OutOfMemory);
-        }
-        if (filled == bytes.size()) {
-            bytes.resize(filled * 2);
-        }
-    }
-    bytes.resize(filled);
-    return bytes;
+    return readWhole(NativeFile(nativePath, O_RDONLY), limit);
 }
 
 }  // namespace orv

@@ -8,8 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "adapters/machine/file_access.h"
 #include "adapters/posix/descriptor.h"
 #include "adapters/posix/file_place.h"
+#include "platform/machine/file_system.h"
 
 namespace orv {
 
@@ -26,7 +28,7 @@ public:
     /// writes.
     NativeFile(const std::string& path, int flags);
 
-    const struct stat& facts() const { return facts_; }
+    std::uint64_t size() const { return static_cast<std::uint64_t>(facts_.st_size); }
     /// Reads the next bytes into `buffer`. Returns 0 at the end.
     std::size_t read(char* buffer, std::size_t size) const;
     void writeAll(std::string_view bytes) const;
@@ -43,6 +45,15 @@ private:
     struct stat facts_ {};
 };
 
+/// Opens a file for records that several users write. A new one gets its folder's permissions.
+NativeFile openLog(const FilePlace& place);
+
+/// A file with several names in folders is failure 75.
+void requireOneName(const Descriptor& file);
+
+/// Returns an open file as a stream.
+FileStream toStream(Descriptor file);
+
 /// Locks the file until it is closed. False if another run has locked it or the lock fails.
 bool tryLock(const Descriptor& file);
 /// Waits for the lock. False if the file has lost its name meanwhile.
@@ -55,11 +66,11 @@ mode_t sharedRights(int folder);
 /// Calls `act` with each name in the folder, in any order. Calls nothing if the folder cannot be read.
 void forEachName(int folder, const std::function<void(const std::string& name)>& act);
 
-/// A file of this user alone that is written next to its target and then renamed over it. It is removed unless it was
-/// placed. Creating one also removes those that crashed runs have left in the folder.
+/// A file that is written next to its target and then renamed over it. It is removed unless it was placed. Creating one
+/// also removes those that crashed runs have left in the folder.
 class ReplacementFile {
 public:
-    explicit ReplacementFile(FilePlace target);
+    ReplacementFile(FilePlace target, FileAccess access);
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
     ~ReplacementFile();
@@ -76,6 +87,7 @@ private:
 
     FilePlace target_;
     FilePlace place_;
+    FileAccess access_;
     std::unique_ptr<NativeFile> file_;
     bool placed_ = false;
 };

@@ -63,7 +63,7 @@ RegistryText readForWriting(const std::string& nativePath) {
 }
 
 void write(const std::string& nativePath, const RegistryText& text) {
-    ReplacementFile file{FilePlace(chosenPath(nativePath))};
+    ReplacementFile file(FilePlace(chosenPath(nativePath)), FileAccess::Private);
     file.file().writeAll(text.text());
     file.place();
 }

@@ -13,15 +13,15 @@ namespace orv {
 /// removes them.
 class WorkFolder {
 public:
-    /// `shared` is any place in the shared folder.
-    explicit WorkFolder(NativePath shared) : shared_(std::move(shared)) {}
+    /// `shared` is the path of the shared folder, with its separator.
+    WorkFolder(const InstallPaths& paths, const std::string& shared) : shared_(paths.split(shared + "any")) {}
 
     /// Removes the folders of this user's ended runs. Never throws.
     void removeDead() const;
     /// Returns the place of a working file. The first call creates the folder. Failure 75 if it would not be private.
     FilePlace place(const std::string& name);
     /// True if the folder has been created.
-    explicit operator bool() const { return folder_ != nullptr; }
+    bool isMade() const { return folder_ != nullptr; }
     /// Returns the path of a working file. The folder must have been created.
     std::string nativePath(const std::string& name) const;
 
@@ -29,7 +29,7 @@ private:
     void make();
     bool tryToMake(const FilePlace& place);
 
-    NativePath shared_;
+    NativePath shared_;  // any place in the shared folder
     std::string name_;
     std::shared_ptr<const Descriptor> folder_;
     Descriptor lock_;

@@ -2,6 +2,7 @@
 
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/win32_failure.h"
+#include "adapters/win32/win32_file.h"
 #include "platform/run_time_error.h"
 
 namespace orv {
@@ -62,18 +63,18 @@ bool isLink(HANDLE opened) {
            IsReparseTagNameSurrogate(tag.ReparseTag);
 }
 
-HeldPlace::HeldPlace(const DrivePaths& paths, const std::string& nativePath) : path_(nativePath) {
-    const std::size_t install = paths.installFolderIn(nativePath);
-    const std::size_t last = nativePath.rfind('\\');
+HeldPlace::HeldPlace(const DrivePaths& paths, const std::string& path) : path_(paths.toNative(path)) {
+    const std::size_t install = paths.installFolderIn(path_);
+    const std::size_t last = path_.rfind('\\');
     isChosen_ = install == 0;
     if (last == std::string::npos) {
         raiseError(ERROR_INVALID_NAME);
     }
     Folders held;
     std::size_t end = isChosen_ ? last : install;
-    held.push_back(holdFolderOrLink(nativePath.substr(0, end + 1)));
-    while ((end = nativePath.find('\\', end + 1)) <= last && end != std::string::npos) {
-        held.push_back(holdFolder(nativePath.substr(0, end)));
+    held.push_back(holdFolderOrLink(path_.substr(0, end + 1)));
+    while ((end = path_.find('\\', end + 1)) <= last && end != std::string::npos) {
+        held.push_back(holdFolder(path_.substr(0, end)));
     }
     held_ = std::make_shared<const Folders>(std::move(held));
 }
@@ -111,8 +112,27 @@ Win32Handle HeldPlace::open(const FileOpening& opening) const {
     return opened;
 }
 
-bool HeldPlace::remove() const {
-    return retryWhileInUse([this] { return ::DeleteFileW(longPath(path_).c_str()) != 0; });
+bool HeldPlace::holdsFile() const {
+    Win32Handle opened = tryOpen({});
+    if (!opened || isLink(opened.get())) {
+        return false;
+    }
+    const Win32File file(std::move(opened));
+    return true;
+}
+
+void HeldPlace::remove() const {
+    if (!retryWhileInUse([this] { return ::DeleteFileW(longPath(path_).c_str()) != 0; })) {
+        raiseLastError();
+    }
+}
+
+void HeldPlace::renameTo(const HeldPlace& target) const {
+    const std::wstring from = longPath(path_);
+    const std::wstring to = longPath(target.path_);
+    if (!retryWhileInUse([&] { return ::MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH) != 0; })) {
+        raiseLastError();
+    }
 }
 
 void forEachName(const std::string& nativeFolder, const std::function<void(const std::string& name)>& act) {

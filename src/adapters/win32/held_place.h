@@ -34,8 +34,9 @@ Win32Handle holdFolder(const std::string& nativeFolder);
 /// and none of them is a link. Other users could have put it there.
 class HeldPlace {
 public:
-    /// Failure 76 if a folder is missing, 75 if a folder below the install folder is a link.
-    HeldPlace(const DrivePaths& paths, const std::string& nativePath);
+    /// `path` is in the system's form. Failure 76 if a folder is missing, 75 if a folder below the install folder is a
+    /// link.
+    HeldPlace(const DrivePaths& paths, const std::string& path);
     /// A name in a folder that the caller has checked.
     HeldPlace(std::string nativeFolder, const std::string& name);
 
@@ -49,10 +50,15 @@ public:
 
     /// Throws on failure. A link is failure 75.
     Win32Handle open(const FileOpening& opening) const;
+    Win32Handle openToRead() const { return open({}); }
     /// Returns an empty handle on failure; the thread's last error is the reason.
     Win32Handle tryOpen(const FileOpening& opening) const;
-    /// Deletes the file. False: the thread's last error is the reason.
-    bool remove() const;
+    /// True for a regular file, false for a link and if nothing can be opened. Failure 75 for anything else.
+    bool holdsFile() const;
+    /// Removes the file. Throws on failure.
+    void remove() const;
+    /// Failure 58 if the target exists.
+    void renameTo(const HeldPlace& target) const;
 
 private:
     using Folders = std::vector<Win32Handle>;

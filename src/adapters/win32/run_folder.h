@@ -12,8 +12,8 @@ namespace orv {
 /// the user removes them.
 class RunFolder {
 public:
-    /// `shared` is the shared folder.
-    RunFolder(const DrivePaths& paths, std::string shared) : paths_(paths), shared_(std::move(shared)) {}
+    /// `shared` is the path of the shared folder.
+    RunFolder(const DrivePaths& paths, const std::string& shared) : paths_(paths), shared_(paths.toNative(shared)) {}
 
     /// Removes the folders of this user's ended runs. Never throws.
     void removeDead() const;

@@ -1,10 +1,14 @@
 #include "adapters/win32/win32_file.h"
 
+#include <fcntl.h>
+#include <io.h>
+
 #include <algorithm>
 #include <atomic>
 #include <limits>
 #include <utility>
 
+#include "adapters/machine/whole_file.h"
 #include "adapters/win32/access_list.h"
 #include "adapters/win32/win32_failure.h"
 #include "platform/run_time_error.h"
@@ -15,6 +19,8 @@ namespace {
 constexpr std::string_view kNextToBegin = ".orv-";
 constexpr std::string_view kNextToEnd = ".tmp";
 constexpr DWORD kLockPlace = 0x7FFFFFFF;  // the upper half of the offset, after any content
+constexpr int kMostAttempts = 3;
+constexpr DWORD kReadAndWrite = GENERIC_READ | GENERIC_WRITE;
 constexpr DWORD kLargestTransfer = 1U << 30;
 
 std::uint64_t joined(DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; }
@@ -23,7 +29,7 @@ DWORD atMost(std::size_t size) { return static_cast<DWORD>(std::min<std::size_t>
 
 /// A run that still exists holds the lock of its file, on whichever computer it runs.
 void removeUnlessHeld(const HeldPlace& place) {
-    const Win32Handle file = openNative(place.path(), {.access = GENERIC_READ | GENERIC_WRITE});
+    const Win32Handle file = openNative(place.path(), {.access = kReadAndWrite});
     if (file && !isLink(file.get()) && tryLock(file.get())) {
         static_cast<void>(::DeleteFileW(longPath(place.path()).c_str()));
     }
@@ -43,11 +49,17 @@ HeldPlace freshPlace(const HeldPlace& target) {
                           std::to_string(++count) + std::string(kNextToEnd));
 }
 
+/// A user who can write a log might not be able to read it.
+Win32Handle existingLog(const HeldPlace& place) {
+    Win32Handle log = place.tryOpen({.access = kReadAndWrite});
+    return log || ::GetLastError() != ERROR_ACCESS_DENIED ? std::move(log) : place.tryOpen({.access = GENERIC_WRITE});
+}
+
 /// Another run can lock the new file first, because it looks like a leftover. Then the next name is used.
 std::unique_ptr<Win32File> createNextTo(const HeldPlace& target, FileAccess access, HeldPlace& place) {
     removeLeftovers(target);
     PrivateAccess forThisUser;
-    FileOpening opening{.access = GENERIC_READ | GENERIC_WRITE, .disposition = CREATE_NEW};
+    FileOpening opening{.access = kReadAndWrite, .disposition = CREATE_NEW};
     opening.security = access == FileAccess::Private ? forThisUser.attributes() : nullptr;
     for (;;) {
         place = freshPlace(target);
@@ -70,12 +82,7 @@ Win32File::Win32File(Win32Handle opened) : handle_(std::move(opened)) {
         throw RunTimeError(Failure::PathFileAccess);
     }
     size_ = joined(facts.nFileSizeHigh, facts.nFileSizeLow);
-    id_ = joined(facts.nFileIndexHigh, facts.nFileIndexLow);
-    volume_ = facts.dwVolumeSerialNumber;
-    names_ = facts.nNumberOfLinks;
 }
-
-bool Win32File::isSame(const Win32File& other) const { return id_ == other.id_ && volume_ == other.volume_; }
 
 std::size_t Win32File::read(char* buffer, std::size_t size) const {
     DWORD count = 0;
@@ -137,6 +144,51 @@ void Win32File::flush() const {
     }
 }
 
+Win32File openLog(const HeldPlace& place) {
+    for (int attempt = 0; attempt < kMostAttempts; ++attempt) {
+        if (Win32Handle existing = existingLog(place)) {
+            if (isLink(existing.get())) {
+                raiseLink();
+            }
+            requireOneName(existing);
+            return Win32File(std::move(existing));
+        }
+        if (::GetLastError() != ERROR_FILE_NOT_FOUND) {
+            raiseLastError();
+        }
+        if (Win32Handle created = place.tryOpen({.access = kReadAndWrite, .disposition = CREATE_NEW})) {
+            return Win32File(std::move(created));
+        }
+        if (::GetLastError() != ERROR_FILE_EXISTS) {
+            raiseLastError();
+        }
+    }
+    throw RunTimeError(Failure::PathFileAccess);
+}
+
+void requireOneName(const Win32Handle& file) {
+    BY_HANDLE_FILE_INFORMATION facts{};
+    if (::GetFileInformationByHandle(file.get(), &facts) != 0 &&
+        (facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 && facts.nNumberOfLinks > 1) {
+        raiseLink();
+    }
+}
+
+FileStream toStream(Win32Handle opened) {
+    Win32File file(std::move(opened));
+    const int descriptor = ::_open_osfhandle(reinterpret_cast<std::intptr_t>(file.handle()), _O_RDONLY | _O_BINARY);
+    if (descriptor < 0) {
+        throw RunTimeError(Failure::DeviceIo);
+    }
+    file.release();
+    FileStream stream(::_fdopen(descriptor, "rb"));
+    if (!stream) {
+        ::_close(descriptor);
+        throw RunTimeError(Failure::DeviceIo);
+    }
+    return stream;
+}
+
 bool tryLock(HANDLE file) {
     OVERLAPPED place{};
     place.OffsetHigh = kLockPlace;
@@ -158,7 +210,7 @@ void FileNextTo::place() {
     rename(MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
 }
 
-void FileNextTo::placeUnflushed() { rename(MOVEFILE_REPLACE_EXISTING); }
+void FileNextTo::placeUnsynced() { rename(MOVEFILE_REPLACE_EXISTING); }
 
 void FileNextTo::rename(DWORD flags) {
     const std::wstring from = longPath(place_.path());
@@ -179,23 +231,7 @@ std::string readWholeFile(const std::string& nativePath, std::size_t limit) {
     if (!opened) {
         raiseLastError();
     }
-    const Win32File file(std::move(opened));
-    if (file.size() > limit) {
-        throw RunTimeError(Failure::OutOfMemory);
-    }
-    std::string bytes(static_cast<std::size_t>(file.size()) + 1, '\0');  // one more, to detect the end
-    std::size_t filled = 0;
-    while (const std::size_t count = file.read(bytes.data() + filled, bytes.size() - filled)) {
-        filled += count;
-        if (filled > limit) {
-            throw RunTimeError(Failure::OutOfMemory);
-        }
-        if (filled == bytes.size()) {
-            bytes.resize(filled * 2);
-        }
-    }
-    bytes.resize(filled);
-    return bytes;
+    return readWhole(Win32File(std::move(opened)), limit);
 }
 
 }  // namespace orv

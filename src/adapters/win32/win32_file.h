@@ -6,8 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "adapters/machine/file_access.h"
 #include "adapters/win32/held_place.h"
 #include "adapters/win32/win32_handle.h"
+#include "platform/machine/file_system.h"
 #include "platform/scope.h"
 
 namespace orv {
@@ -19,10 +21,6 @@ public:
 
     HANDLE handle() const { return handle_.get(); }
     std::uint64_t size() const { return size_; }
-    /// True if both are the same file.
-    bool isSame(const Win32File& other) const;
-    /// Returns the number of names in folders that the file has.
-    unsigned names() const { return names_; }
     /// Reads the next bytes into `buffer`. Returns 0 at the end.
     std::size_t read(char* buffer, std::size_t size) const;
     void writeAll(std::string_view bytes) const;
@@ -39,16 +37,19 @@ public:
 private:
     Win32Handle handle_;
     std::uint64_t size_ = 0;
-    std::uint64_t id_ = 0;
-    DWORD volume_ = 0;
-    DWORD names_ = 0;
 };
+
+/// Opens a file for records that several users write. A new one gets the access list of its folder.
+Win32File openLog(const HeldPlace& place);
+
+/// A file with several names in folders is failure 75.
+void requireOneName(const Win32Handle& file);
+
+/// Returns an open file as a stream.
+FileStream toStream(Win32Handle opened);
 
 /// Takes the lock of an open file until the file is closed. False if another run has it.
 bool tryLock(HANDLE file);
-
-/// Access to the finished file: this user only, or as its folder allows.
-enum class FileAccess { Private, AsFolder };
 
 /// A file that is written next to its target and then takes the target's name in one step. The destructor removes it
 /// unless it was placed. Files that crashed runs left in the folder are removed by the next one created there.
@@ -62,7 +63,7 @@ public:
     /// The content is on the disk before the name is.
     void place();
     /// For a file that can be created again if it is lost: complete for every program, but not waited for.
-    void placeUnflushed();
+    void placeUnsynced();
 
 private:
     void rename(DWORD flags);

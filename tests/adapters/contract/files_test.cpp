@@ -95,6 +95,13 @@ TEST_F(FilesContract, TheNextCopyRemovesTheFilesOfACrashedRunAndNoOthers) {
     EXPECT_EQ(office.countIn("C/D"), 3);
 }
 
+TEST_F(FilesContract, AFileThatALivingRunWritesIsNotALeftover) {
+    const SystemReplacement living(SystemPlace(office.paths(), "C:\\D\\other.txt"), FileAccess::Private);
+    living.file().writeAll("being written");
+    files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
+    EXPECT_EQ(office.countIn("C/D"), 3);
+}
+
 TEST_F(FilesContract, WorkingFilesAreThoseOfOneRun) {
     office.write("C/T/x", "shared");
     SystemFiles second{office.paths()};

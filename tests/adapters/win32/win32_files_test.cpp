@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_files.h"
+#include "adapters/system/system_files.h"
 
 #include <aclapi.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ protected:
     }
 
     TempOffice office;
-    Win32Files files{office.paths()};
+    SystemFiles files{office.paths()};
 };
 
 TEST_F(Win32FilesTest, WaitsForAProgramThatHoldsAFileButNotForLong) {
@@ -64,14 +64,6 @@ TEST_F(Win32FilesTest, AFileIsOnTheDiskBeforeItsNameIs) {
     EXPECT_EQ(lastingCalls, "flush rename flush rename rename ");
 }
 
-TEST_F(Win32FilesTest, AFileThatALivingRunWritesIsNotALeftover) {
-    const FileNextTo living(HeldPlace(office.paths(), office.paths().toNative("C:\\D\\other.txt")),
-                            FileAccess::Private);
-    living.file().writeAll("being written");
-    files.copy("C:\\D\\a.txt", "C:\\D\\b.txt");
-    EXPECT_EQ(office.countIn("C/D"), 3);
-}
-
 TEST_F(Win32FilesTest, NamesThatTheSystemWouldReinterpret) {
     for (const char* path : {"C:\\D\\a.txt:stream", "C:\\D\\a.txt::$DATA"}) {
         EXPECT_FALSE(files.exists(path)) << path;
@@ -98,7 +90,7 @@ TEST_F(Win32FilesTest, APhotoOrLogWithASecondNameIsRefused) {
 
 TEST_F(Win32FilesTest, OnRealDrivesAFileThatTheOperatorChoosesIsNotAWorkingFile) {
     const DrivePaths drives(findInstallRoot(""), office.root() + "/C/ORV/BIN");
-    Win32Files real{drives};
+    SystemFiles real{drives};
     const std::string folder = drives.toNative(office.root() + "/C/D/");
     EXPECT_EQ(real.programFolder(), drives.toNative(office.root() + "/C/ORV/BIN"));
     EXPECT_EQ(real.nativePath("..\\SYS\\x"), drives.toNative(office.root() + "/C/ORV/SYS/x"));

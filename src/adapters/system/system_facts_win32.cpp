@@ -1,7 +1,6 @@
-#include "adapters/win32/win32_facts.h"
-
 #include <array>
 
+#include "adapters/system/system_facts.h"
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/windows_api.h"
 #include "platform/ascii.h"
@@ -17,19 +16,19 @@ std::string nameOfComputer() {
 
 }  // namespace
 
-std::string Win32Facts::GetComputerName() const {
+std::string SystemFacts::GetComputerName() const {
     const std::string given = environmentValue(L"ORV_COMPUTER_NAME");
     const std::string name(trimmed(given, kBlanksAndTabs));
     return upperAscii(name.empty() ? nameOfComputer() : name);
 }
 
-std::string Win32Facts::GetWindowsDirectory() const {
+std::string SystemFacts::GetWindowsDirectory() const {
     std::array<wchar_t, MAX_PATH> folder{};
     const UINT length = ::GetWindowsDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
     return length < folder.size() ? fromWide({folder.data(), length}) : "";
 }
 
-DateTime Win32Clock::now() const {
+DateTime SystemClock::now() const {
     SYSTEMTIME local{};
     ::GetLocalTime(&local);
     return {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond};

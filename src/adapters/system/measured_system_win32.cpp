@@ -1,8 +1,7 @@
-#include "adapters/win32/win32_sys_info.h"
-
 #include <array>
 #include <cstring>
 
+#include "adapters/system/measured_system.h"
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/windows_api.h"
 
@@ -70,7 +69,7 @@ std::vector<unsigned char> adapterList() {
 
 }  // namespace
 
-std::optional<MachineSysInfo::OsFacts> Win32SysInfo::measureOs() const {
+std::optional<MachineSysInfo::OsFacts> MeasuredSystem::measureOs() const {
     const auto version = kernelVersion();
     if (!version) {
         return std::nullopt;
@@ -80,13 +79,13 @@ std::optional<MachineSysInfo::OsFacts> Win32SysInfo::measureOs() const {
                    fromWide(version->szCSDVersion)};
 }
 
-std::optional<std::uint64_t> Win32SysInfo::measureMemoryBytes() const {
+std::optional<std::uint64_t> MeasuredSystem::measureMemoryBytes() const {
     MEMORYSTATUSEX memory{};
     memory.dwLength = sizeof memory;
     return ::GlobalMemoryStatusEx(&memory) != 0 ? std::optional<std::uint64_t>(memory.ullTotalPhys) : std::nullopt;
 }
 
-std::optional<MachineSysInfo::DiskBytes> Win32SysInfo::measureDisk(const std::string& drive) const {
+std::optional<MachineSysInfo::DiskBytes> MeasuredSystem::measureDisk(const std::string& drive) const {
     const std::wstring folder = toWide(paths_.toNative(drive + "\\"));
     ULARGE_INTEGER free{};
     ULARGE_INTEGER all{};
@@ -96,7 +95,7 @@ std::optional<MachineSysInfo::DiskBytes> Win32SysInfo::measureDisk(const std::st
     return DiskBytes{.free = free.QuadPart, .all = all.QuadPart};
 }
 
-std::vector<NetAddress> Win32SysInfo::measureAddresses() const {
+std::vector<NetAddress> MeasuredSystem::measureAddresses() const {
     const std::vector<unsigned char> list = adapterList();
     const auto* adapter = list.empty() ? nullptr : reinterpret_cast<const IP_ADAPTER_ADDRESSES*>(list.data());
     std::vector<NetAddress> addresses;

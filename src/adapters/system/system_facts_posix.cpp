@@ -1,11 +1,10 @@
-#include "adapters/posix/posix_facts.h"
-
 #include <unistd.h>
 
 #include <array>
 #include <cstdlib>
 #include <ctime>
 
+#include "adapters/system/system_facts.h"
 #include "platform/ascii.h"
 
 namespace orv {
@@ -18,13 +17,15 @@ std::string hostName() {
 
 }  // namespace
 
-std::string PosixFacts::GetComputerName() const {
+std::string SystemFacts::GetComputerName() const {
     const char* given = std::getenv("ORV_COMPUTER_NAME");
     const std::string name(trimmed(given != nullptr ? given : "", kBlanksAndTabs));
     return upperAscii(name.empty() ? hostName() : name);
 }
 
-DateTime PosixClock::now() const {
+std::string SystemFacts::GetWindowsDirectory() const { return "C:\\WINDOWS"; }
+
+DateTime SystemClock::now() const {
     const std::time_t seconds = std::time(nullptr);
     std::tm local{};
     ::localtime_r(&seconds, &local);

@@ -1,5 +1,3 @@
-#include "adapters/posix/posix_sys_info.h"
-
 #include <arpa/inet.h>
 #include <ifaddrs.h>
 #include <net/if.h>
@@ -13,6 +11,7 @@
 #include <optional>
 
 #include "adapters/posix/native_file.h"
+#include "adapters/system/measured_system.h"
 #include "platform/ascii.h"
 #include "platform/run_time_error.h"
 
@@ -20,6 +19,38 @@ namespace orv {
 namespace {
 
 constexpr std::size_t kLargestOsRelease = std::size_t{1} << 20;
+
+/// Returns a value from a file of NAME=value lines, without its quotes. Empty if the name is missing.
+std::string osReleaseValue(std::string_view text, std::string_view name) {
+    while (!text.empty()) {
+        const auto line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
+            auto value = trimmed(line.substr(name.size() + 1), kBlanksAndTabs);
+            const bool quoted = value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
+            return std::string(quoted ? value.substr(1, value.size() - 2) : value);
+        }
+    }
+    return {};
+}
+
+/// Returns the first three numbers of a kernel's release. A missing number is "0".
+std::array<std::string, 3> releaseNumbers(std::string_view release) {
+    std::array<std::string, 3> numbers{"0", "0", "0"};
+    for (auto& number : numbers) {
+        const auto end = std::min(release.find_first_not_of("0123456789"), release.size());
+        if (end == 0) {
+            break;
+        }
+        number = release.substr(0, end);
+        release.remove_prefix(end);
+        if (!release.starts_with('.')) {
+            break;
+        }
+        release.remove_prefix(1);
+    }
+    return numbers;
+}
 
 std::string distributionName() {
     for (const char* file : {"/etc/os-release", "/usr/lib/os-release"}) {
@@ -46,37 +77,7 @@ std::string formatAddress(const sockaddr& address) {
 
 }  // namespace
 
-std::string osReleaseValue(std::string_view text, std::string_view name) {
-    while (!text.empty()) {
-        const auto line = text.substr(0, text.find('\n'));
-        text.remove_prefix(std::min(line.size() + 1, text.size()));
-        if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
-            auto value = trimmed(line.substr(name.size() + 1), kBlanksAndTabs);
-            const bool quoted = value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
-            return std::string(quoted ? value.substr(1, value.size() - 2) : value);
-        }
-    }
-    return {};
-}
-
-std::array<std::string, 3> releaseNumbers(std::string_view release) {
-    std::array<std::string, 3> numbers{"0", "0", "0"};
-    for (auto& number : numbers) {
-        const auto end = std::min(release.find_first_not_of("0123456789"), release.size());
-        if (end == 0) {
-            break;
-        }
-        number = release.substr(0, end);
-        release.remove_prefix(end);
-        if (!release.starts_with('.')) {
-            break;
-        }
-        release.remove_prefix(1);
-    }
-    return numbers;
-}
-
-std::optional<MachineSysInfo::OsFacts> PosixSysInfo::measureOs() const {
+std::optional<MachineSysInfo::OsFacts> MeasuredSystem::measureOs() const {
     utsname kernel{};
     if (::uname(&kernel) != 0) {
         return std::nullopt;
@@ -86,12 +87,12 @@ std::optional<MachineSysInfo::OsFacts> PosixSysInfo::measureOs() const {
     return OsFacts{name.empty() ? kernel.sysname : name, major, minor, build, kernel.release};
 }
 
-std::optional<std::uint64_t> PosixSysInfo::measureMemoryBytes() const {
+std::optional<std::uint64_t> MeasuredSystem::measureMemoryBytes() const {
     struct sysinfo facts {};
     return ::sysinfo(&facts) == 0 ? std::optional(std::uint64_t{facts.totalram} * facts.mem_unit) : std::nullopt;
 }
 
-std::optional<MachineSysInfo::DiskBytes> PosixSysInfo::measureDisk(const std::string& drive) const {
+std::optional<MachineSysInfo::DiskBytes> MeasuredSystem::measureDisk(const std::string& drive) const {
     struct statvfs facts {};
     if (::statvfs(paths_.toNative(drive).c_str(), &facts) != 0) {
         return std::nullopt;
@@ -100,7 +101,7 @@ std::optional<MachineSysInfo::DiskBytes> PosixSysInfo::measureDisk(const std::st
                      .all = std::uint64_t{facts.f_blocks} * facts.f_frsize};
 }
 
-std::vector<NetAddress> PosixSysInfo::measureAddresses() const {
+std::vector<NetAddress> MeasuredSystem::measureAddresses() const {
     ifaddrs* list = nullptr;
     if (::getifaddrs(&list) != 0) {
         return {};
