@@ -46,7 +46,9 @@ struct PrivateFolder::Parts {
 PrivateFolder::PrivateFolder(const fs::path& parent) : parts_(std::make_unique<Parts>(parent)) {
     parts_->run->removeDead();
     const HeldPlace place = parts_->run->place(kFile);
-    if (!openNative(place.path(), {.access = GENERIC_WRITE, .disposition = CREATE_NEW})) {
+    PrivateAccess access;
+    if (!openNative(place.path(),
+                    {.access = GENERIC_WRITE, .disposition = CREATE_NEW, .security = access.attributes()})) {
         failed(place.path());
     }
 }

@@ -6,8 +6,6 @@ compiler=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.
 export WINEPREFIX="${ORV_WINE_PREFIX:-${XDG_CACHE_HOME:-$HOME/.cache}/orv-windows/wine}" WINEDEBUG="${WINEDEBUG:--all}" WINEARCH=win64
 export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
 export WINEPATH="Z:$compiler;Z:/usr/x86_64-w64-mingw32/lib${ORV_WINE_PATH:+;$ORV_WINE_PATH}"
-# New files are closed to other users, as in the user's folders of Windows.
-umask 077
 # The code page of a Japanese Windows.
 locales="${XDG_CACHE_HOME:-$HOME/.cache}/orv-windows/locale"
 if [ ! -e "$locales/ja_JP.UTF-8" ]; then

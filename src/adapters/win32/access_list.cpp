@@ -69,22 +69,14 @@ bool isOwnedByThisUser(HANDLE opened) {
 }
 
 bool copyAccess(const std::wstring& from, const std::wstring& to) {
-    const DWORD attributes = ::GetFileAttributesW(from.c_str());
-    const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    ACL none{};
-    ::InitializeAcl(&none, sizeof none, ACL_REVISION);
-    PACL list = &none;
+    PACL list = nullptr;
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    DWORD error = ERROR_SUCCESS;
-    if (!isFolder) {
-        error = ::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                                        &list, nullptr, &descriptor);
-    }
+    DWORD error = ::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                          &list, nullptr, &descriptor);
     if (error == ERROR_SUCCESS) {
-        const DWORD entriesAbove =
-            isFolder ? UNPROTECTED_DACL_SECURITY_INFORMATION : PROTECTED_DACL_SECURITY_INFORMATION;
         error = ::SetNamedSecurityInfoW(std::wstring(to).data(), SE_FILE_OBJECT,
-                                        DACL_SECURITY_INFORMATION | entriesAbove, nullptr, nullptr, list, nullptr);
+                                        DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr,
+                                        nullptr, list, nullptr);
     }
     ::LocalFree(descriptor);
     ::SetLastError(error);

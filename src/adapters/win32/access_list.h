@@ -23,8 +23,8 @@ private:
 /// True if the file or folder belongs to this user. False if it cannot be determined.
 bool isOwnedByThisUser(HANDLE opened);
 
-/// Replaces the access list of a file by that of the file `from`. If `from` is the folder of the file, its entries for
-/// new files are used. False on failure; the thread's last error is the reason.
+/// Replaces the access list of a file by that of another file or a folder. False on failure; the thread's last error is
+/// the reason.
 bool copyAccess(const std::wstring& from, const std::wstring& to);
 
 /// Replaces the access list of an open folder, opened with WRITE_DAC, by that of PrivateAccess.

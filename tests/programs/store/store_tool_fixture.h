@@ -18,6 +18,10 @@ struct Outcome {
 
 class StoreTool : public ::testing::Test {
 protected:
+    StoreTool() {
+        closeToOthers(folder.path().string());
+        closeToOthers(office);
+    }
     Outcome tool(const std::string& arguments, const std::string& before = "", const std::string& input = "") const {
         writeFile(folder.file("in"), input);
         const int ending = runTool(folder.path().string(), arguments, before);

@@ -170,7 +170,7 @@ TEST_F(StoreTool, AnUpgradeAddsTheMissingColumnsAndChangesNothingElse) {
         EXPECT_EQ(tool("copy " + store + " copied-" + store).ending, 0);
         return json("copy copied-" + store + " again-" + store)["tables"];
     };
-    makeSampleStore(folder.file("wanted"));
+    closeToOthers(makeSampleStore(folder.file("wanted")));
     change("wanted",
            "UPDATE TBL_CUSTOMER_INFO SET LICENSE_NO = NULL; UPDATE TBL_CUSTOMER_ADD SET SEND_FLAG = FALSE;"
            "DELETE FROM TBL_LOCK");

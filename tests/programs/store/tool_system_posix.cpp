@@ -31,6 +31,8 @@ Unreadable makeUnreadable(const std::string& path) {
     return {::geteuid() == 0 ? "setpriv --bounding-set=-dac_override,-dac_read_search " : "", nullptr};
 }
 
+void closeToOthers(const std::string&) {}
+
 void openToAllUsers(const std::string& path) { std::filesystem::permissions(path, std::filesystem::perms(0666)); }
 
 bool isPrivate(const std::string& path) {

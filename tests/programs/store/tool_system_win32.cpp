@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdlib>
 
+#include "adapters/win32/access_list.h"
+#include "adapters/win32/held_place.h"
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/win32_handle.h"
 #include "programs/store/tool_system.h"
@@ -30,6 +32,10 @@ Unreadable makeUnreadable(const std::string& path) {
     const HANDLE file = ::CreateFileW(toWide(path).c_str(), GENERIC_READ, kSharedWithNobody, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     return {"", std::make_shared<Win32Handle>(file)};
+}
+
+void closeToOthers(const std::string& path) {
+    makePrivate(openNative(path, {.access = WRITE_DAC | READ_CONTROL}).get());
 }
 
 void openToAllUsers(const std::string& path) {
