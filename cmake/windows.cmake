@@ -7,10 +7,10 @@ set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
-# The environment is only there when the build is configured for the first time.
+# Kept for a build that is configured again without them in the environment.
 foreach(setting ORV_WINDOWS_LIBRARIES ORV_WINE)
-  if(NOT ${setting})
-    set(${setting} "$ENV{${setting}}" CACHE STRING "")
+  if(NOT "$ENV{${setting}}" STREQUAL "")
+    set(${setting} "$ENV{${setting}}" CACHE STRING "" FORCE)
   endif()
   list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ${setting})
 endforeach()
