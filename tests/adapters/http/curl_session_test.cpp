@@ -7,7 +7,6 @@
 
 #include "adapters/http/curl_http_control.h"
 #include "http_fixture.h"
-#include "support/native_files.h"
 
 namespace orv {
 namespace {

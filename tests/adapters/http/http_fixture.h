@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <httplib.h>
 
 #include <atomic>
 #include <filesystem>
@@ -10,7 +9,11 @@
 #include "adapters/http/curl_session.h"
 #include "platform/run_time_error.h"
 #include "suite_server.h"
+#include "support/native_files.h"
 #include "support/temp_folder.h"
+
+// After the interfaces of the system, which the macros of its Windows header would rename.
+#include <httplib.h>
 
 namespace orv {
 
