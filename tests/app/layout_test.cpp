@@ -32,10 +32,7 @@ private:
 };
 
 TEST_F(Layouts, PlaceEveryControlThatCanBeSeenOnceAndInsideItsForm) {
-    const frm_ImgCommon confirmation;
-    std::vector<const Form*> all{&confirmation, &page<frm_ChangePassword>()};
-    for (int number = 0; number < kPageCount; ++number) all.push_back(&pageAt(number));
-    for (const Form* form : all) {
+    for (const Form* form : all()) {
         std::set<const Control*> placed;
         for (const Placement& place : findLayout(form->name())) {
             const Control* control = form->find(place.control, place.index);

@@ -19,7 +19,7 @@ TEST_P(Seeds, AreTakenWholeAndCutOff) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Doors, Seeds, testing::ValuesIn(fuzzTargets()),
+INSTANTIATE_TEST_SUITE_P(Targets, Seeds, testing::ValuesIn(fuzzTargets()),
                          [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace

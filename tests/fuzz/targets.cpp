@@ -131,7 +131,7 @@ void feedServerAnswer(const std::string& bytes) {
 }
 
 std::string withoutQuotes(std::string sql) {
-    sql = folded(sql);
+    sql = upperAscii(sql);
     std::erase(sql, '"');
     return sql;
 }

@@ -67,6 +67,9 @@ TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
         during(way);
         EXPECT_EQ(fit(), target);
     }
+    during([](frm_ImgCommon&) { throw RunTimeError(Failure::OutOfMemory); });
+    EXPECT_EQ(fit(), "7 [ PF_ImeResize ] メモリが足りません。");
+    EXPECT_EQ(windows.calls.back(), "close frm_ImgCommon");
 }
 
 /// The window without the fixed margins is divided among the controls. If the result is not positive, nothing changes.

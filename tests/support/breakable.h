@@ -2,24 +2,18 @@
 
 // The real store, files and settings, with failures that a test injects.
 
-#include <algorithm>
 #include <functional>
 #include <map>
 #include <optional>
 #include <set>
 
 #include "adapters/system/system_adapters.h"
+#include "platform/ascii.h"
 #include "platform/machine/profile_reader.h"
 #include "platform/run_time_error.h"
 #include "platform/suite/db_service.h"
 
 namespace orv {
-
-/// Returns a path, section or key in the form for comparison, without regard to case.
-inline std::string folded(std::string name) {
-    std::ranges::transform(name, name.begin(), [](unsigned char letter) { return std::tolower(letter); });
-    return name;
-}
 
 /// Forwards to the real store and records the calls; the operations that a test names fail. A failed close or rollback
 /// is carried out, so that the real store has no leftovers.
@@ -138,25 +132,25 @@ class WatchedFiles : public SystemFiles {
 public:
     using SystemFiles::SystemFiles;
 
-    void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(folded(path), failure); }
-    void hide(const std::string& path) { hidden_.insert(folded(path)); }
+    void refuse(const std::string& path, Failure failure) { refused_.insert_or_assign(upperAscii(path), failure); }
+    void hide(const std::string& path) { hidden_.insert(upperAscii(path)); }
     void allowAll() { refused_.clear(); }
     /// True if other users got a copy at that path.
-    bool isPublished(const std::string& path) const { return published_.contains(folded(path)); }
+    bool isPublished(const std::string& path) const { return published_.contains(upperAscii(path)); }
 
     bool exists(const std::string& path) const override {
-        return hidden_.contains(folded(path)) ? throw RunTimeError(Failure::DeviceIo) : SystemFiles::exists(path);
+        return hidden_.contains(upperAscii(path)) ? throw RunTimeError(Failure::DeviceIo) : SystemFiles::exists(path);
     }
     void copy(const std::string& from, const std::string& to) override { SystemFiles::copy(from, allowed(to)); }
     void publish(const std::string& from, const std::string& to) override {
         SystemFiles::publish(from, allowed(to));
-        published_.insert(folded(to));
+        published_.insert(upperAscii(to));
     }
     void remove(const std::string& path) override { SystemFiles::remove(allowed(path)); }
 
 private:
     const std::string& allowed(const std::string& path) const {
-        if (const auto refusal = refused_.find(folded(path)); refusal != refused_.end()) {
+        if (const auto refusal = refused_.find(upperAscii(path)); refusal != refused_.end()) {
             throw RunTimeError(refusal->second);
         }
         return path;
@@ -175,16 +169,16 @@ public:
     mutable std::string lastFile;
 
     void set(const std::string& section, const std::string& key, std::string value) {
-        values_[folded(section + "=" + key)] = std::move(value);
+        values_[upperAscii(section + "=" + key)] = std::move(value);
     }
     void refuse(const std::string& section, const std::string& key) {
-        values_[folded(section + "=" + key)] = std::nullopt;
+        values_[upperAscii(section + "=" + key)] = std::nullopt;
     }
 
     std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                         const std::string& file) const override {
         lastFile = file;
-        const auto value = values_.find(folded(section + "=" + key));
+        const auto value = values_.find(upperAscii(section + "=" + key));
         if (value == values_.end()) return real_.GetPrivateProfileString(section, key, file);
         return value->second ? *value->second : throw RunTimeError(Failure::DeviceIo);
     }

@@ -54,7 +54,7 @@ public:
     std::vector<Notice> notices;
     /// "open frm_CompInp0" and the like, in order.
     std::vector<std::string> calls;
-    /// The line on the page about the work in progress.
+    /// The line on the page about the work or the search in progress.
     std::string work;
     bool hourglass = false;
     int repaints = 0;
@@ -82,6 +82,7 @@ public:
     }
     void pointer(bool busy) override { hourglass = busy; }
     void working(const std::string& what) override { work = what; }
+    void pointToSibling(Form&, const std::string& line, std::function<void()>) override { work = line; }
     void repaint() override {
         ++repaints;
         if (onRepaint) onRepaint();

@@ -7,7 +7,6 @@
 namespace orv {
 namespace {
 
-constexpr Registry::Handle kMachine = -2147483646;
 constexpr std::int32_t kReadAndWrite = 0x20006 | 0x20019;
 constexpr std::int32_t kText = 1;
 constexpr std::int32_t kNotFound = 2;
@@ -20,7 +19,7 @@ TEST(RegistryContract, GivesBackTheValuesThatWereSet) {
     TestRegistry registry{
         office.write("registry.txt", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ORV\n"), codePage};
     Registry::Handle key = 0;
-    ASSERT_EQ(registry.RegOpenKeyEx(kMachine, "software\\zentha\\orv", kReadAndWrite, key), 0);
+    ASSERT_EQ(registry.RegOpenKeyEx(Registry::kLocalMachine, "software\\zentha\\orv", kReadAndWrite, key), 0);
     std::string value;
     EXPECT_EQ(registry.RegQueryValueEx(key, "INSTALLKEY", value, 1024), 0);
     EXPECT_EQ(value, "C:\\ORV");
@@ -36,9 +35,9 @@ TEST(RegistryContract, GivesBackTheValuesThatWereSet) {
     EXPECT_EQ(registry.RegCloseKey(key), 0);
     EXPECT_EQ(registry.RegCloseKey(key), kNoHandle);
     EXPECT_EQ(registry.RegQueryValueEx(key, "名前", value, 1024), kNoHandle);
-    EXPECT_EQ(registry.RegOpenKeyEx(kMachine, "SOFTWARE\\ZENTHA\\NO", kReadAndWrite, key), kNotFound);
+    EXPECT_EQ(registry.RegOpenKeyEx(Registry::kLocalMachine, "SOFTWARE\\ZENTHA\\NO", kReadAndWrite, key), kNotFound);
     EXPECT_EQ(key, 0);
-    EXPECT_EQ(registry.RegCreateKeyEx(kMachine, "SOFTWARE\\ZENTHA\\New", kReadAndWrite, key), 0);
+    EXPECT_EQ(registry.RegCreateKeyEx(Registry::kLocalMachine, "SOFTWARE\\ZENTHA\\New", kReadAndWrite, key), 0);
     EXPECT_GT(key, 0);
 }
 

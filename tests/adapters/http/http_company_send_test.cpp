@@ -9,7 +9,6 @@
 #include "adapters/store/store_service.h"
 #include "app/sent_tables.h"
 #include "http_fixture.h"
-#include "platform/waiting.h"
 #include "support/store_files.h"
 
 namespace orv {
@@ -98,15 +97,6 @@ TEST_F(HttpCompanySendTest, TheDocumentHoldsEveryColumnOfTheCompany) {
     ASSERT_TRUE(sendCompany()) << send.SendError().text;
     EXPECT_EQ(id, "000004601");
     EXPECT_EQ(kept("000004601"), expected);
-}
-
-TEST_F(HttpCompanySendTest, TheWindowsArePaintedWhileTheServerKeepsUsWaiting) {
-    int painted = 0;
-    setWhileWaiting([&] { ++painted; });
-    suite.misbehave("companies:delay=500");
-    EXPECT_TRUE(sendCompany());
-    setWhileWaiting({});
-    EXPECT_GT(painted, 2);
 }
 
 TEST_F(HttpCompanySendTest, ANewCompanyGetsItsNumber) {

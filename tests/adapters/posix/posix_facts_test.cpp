@@ -30,19 +30,15 @@ TEST(PosixFacts, ComputerNameIsUpperCaseAndWhole) {
 
 TEST(InstallPaths, FindsTheNativePlace) {
     const TempOffice office;
-    for (const char* place : {"C/ORV/Sys/System.INI", "C/ORV/Dup/b", "C/ORV/Dup/B", "C/ORV/Dup/NAME", "C/ORV/Dup/Name",
-                              "C/ORV/写真/外観.jpg", "secret"}) {
+    for (const char* place :
+         {"C/ORV/Sys/x", "C/ORV/Dup/b", "C/ORV/Dup/B", "C/ORV/Dup/NAME", "C/ORV/Dup/Name", "secret"}) {
         office.write(place, "");
     }
     const std::map<std::string, std::vector<std::string>> cases{
-        {"/C/ORV/Sys/System.INI",
-         {"C:\\ORV\\SYS\\system.ini", "c:/orv/sys/SYSTEM.INI", "C:\\ORV\\.\\BIN\\..\\SYS\\\\system.ini",
-          "..\\SYS\\system.ini"}},
         {"/C", {"C:", "C:\\"}},
         {"/C/ORV/NOT/New.txt", {"C:\\ORV\\NOT\\THERE\\..\\New.txt"}},
         {"/C/ORV/Dup/b", {"C:\\ORV\\Dup\\b"}},
         {"/C/ORV/Dup/NAME", {"C:\\ORV\\Dup\\name"}},
-        {"/C/ORV/写真/外観.jpg", {"C:\\orv\\写真\\外観.JPG"}},
         {"/C/secret", {"C:\\..\\..\\..\\secret", "..\\..\\..\\..\\..\\secret"}},
         {"/C/ORV/BIN/new.txt", {"new.txt"}},
         {"/C/ORV/Sys", {"\\ORV\\sys"}},

@@ -10,8 +10,6 @@
 namespace orv {
 namespace {
 
-constexpr Registry::Handle kMachine = -2147483646;
-constexpr Registry::Handle kUser = -2147483647;
 constexpr std::int32_t kQuery = 1;
 constexpr std::int32_t kWrite = 6;
 constexpr std::int32_t kText = 1;
@@ -34,7 +32,8 @@ protected:
     RegistryFileTest() { office.write("registry.txt", kFile); }
 
     /// Returns the code, or the value after "=".
-    std::string query(const std::string& subKey, const std::string& name, Registry::Handle hive = kMachine) {
+    std::string query(const std::string& subKey, const std::string& name,
+                      Registry::Handle hive = Registry::kLocalMachine) {
         Registry::Handle key = 0;
         std::string value;
         std::int32_t code = registry.RegOpenKeyEx(hive, subKey, kQuery, key);
@@ -46,7 +45,7 @@ protected:
     }
     std::int32_t set(const std::string& subKey, const std::string& name, const std::string& value) {
         Registry::Handle key = 0;
-        const std::int32_t code = registry.RegCreateKeyEx(kMachine, subKey, kWrite, key);
+        const std::int32_t code = registry.RegCreateKeyEx(Registry::kLocalMachine, subKey, kWrite, key);
         return code != 0 ? code : registry.RegSetValueEx(key, name, kText, value, 0);
     }
 
@@ -63,8 +62,8 @@ TEST_F(RegistryFileTest, FindsValues) {
     for (const auto& [name, expected] : values) EXPECT_EQ(query(orv, name), expected) << name;
     EXPECT_EQ(query("software\\zentha\\orv\\", "INSTALLKEY"), "=C:\\ORV");
     EXPECT_EQ(query("SOFTWARE\\ZENTHA", "InstallKey"), "2");
-    EXPECT_EQ(query(orv, "InstallKey", kUser), "2");
-    EXPECT_EQ(query("Software\\Other", "InstallKey", kUser), "=D:\\");
+    EXPECT_EQ(query(orv, "InstallKey", Registry::kCurrentUser), "2");
+    EXPECT_EQ(query("Software\\Other", "InstallKey", Registry::kCurrentUser), "=D:\\");
 }
 
 TEST_F(RegistryFileTest, WritesOneLineAndKeepsAllOthers) {

@@ -53,30 +53,14 @@ protected:
 TEST_F(MasterLists, TheStatementsToTheBlank) {
     for (const auto& [kind, sqlText] : {
              std::pair{kListOthers,
-                       "  SELECT ITEM_NAME "
-                       "    FROM MST_OTHERS "
-                       "   WHERE TYPE_CODE = '002' "
-                       "     AND DEL_FLAG = FALSE "
-                       "ORDER BY SORT_KEY"},
+                       "  SELECT ITEM_NAME     FROM MST_OTHERS    WHERE TYPE_CODE = '002' "
+                       "     AND DEL_FLAG = FALSE ORDER BY SORT_KEY"},
              {kListPropertyTypes,
-              "  SELECT PROPERTY_TYPE_NAME "
-              "    FROM MST_PROPERTY_TYPE "
-              "   WHERE Left(PROPERTY_TYPE_CODE,2) = '002' "
-              "     AND DEL_FLAG = FALSE "
-              "ORDER BY SORT_KEY"},
-             {kListCompanies,
-              "  SELECT USER_ID "
-              "    FROM TBL_CUSTOMER_INFO "
-              "ORDER BY USER_ID"},
-             {kListDistricts,
-              "  SELECT TIKU_NAME "
-              "    FROM MST_TIKU "
-              "   WHERE DEL_FLG = FALSE "
-              "ORDER BY SORT_KEY"},
-             {kListCorporations,
-              "  SELECT CORP_NAME, CORP_CODE "
-              "    FROM MST_CORP "
-              "ORDER BY CORP_CODE "},
+              "  SELECT PROPERTY_TYPE_NAME     FROM MST_PROPERTY_TYPE    WHERE Left(PROPERTY_TYPE_CODE,2) = '002' "
+              "     AND DEL_FLAG = FALSE ORDER BY SORT_KEY"},
+             {kListCompanies, "  SELECT USER_ID     FROM TBL_CUSTOMER_INFO ORDER BY USER_ID"},
+             {kListDistricts, "  SELECT TIKU_NAME     FROM MST_TIKU    WHERE DEL_FLG = FALSE ORDER BY SORT_KEY"},
+             {kListCorporations, "  SELECT CORP_NAME, CORP_CODE     FROM MST_CORP ORDER BY CORP_CODE "},
              {std::int16_t{5}, ""},
              {std::int16_t{-1}, ""},
          }) {
@@ -96,19 +80,6 @@ TEST_F(MasterLists, MayBeEmptyOrNot) {
         EXPECT_EQ(list.listCount(), 0);
     }
     EXPECT_TRUE(PF_MakeComboBox(list, "", false, kListCorporations));
-}
-
-TEST_F(MasterLists, AnUnknownListIsEmptyAlsoOnAStoreThatTakesNoStatement) {
-    struct Taking : FailingStore {
-        using FailingStore::FailingStore;
-        void DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string&, bool& ok) override {
-            FailingStore::DbOpenRs(connection, recordset, "SELECT USER_ID FROM TBL_LOCK WHERE USER_ID = ''", ok);
-        }
-    } taking{wholeStore};
-    services().db = &taking;
-    EXPECT_FALSE(PF_MakeComboBox(list, "", false, 5));
-    EXPECT_EQ(gErrCode, "ECBO0001");
-    services().db = &store;
 }
 
 }  // namespace

@@ -88,6 +88,7 @@ TEST_P(SiblingSearches, StartsItsProgramWaitsAndPutsEverythingInAtOnceByTheKey) 
     std::string line = GetParam().begins;
     for (const Control* control : filled()) line += std::to_string(control->handle()) + ",";
     EXPECT_EQ(siblings.commandLines, Texts{line + std::to_string(button().handle())});
+    EXPECT_EQ(windows.work, std::string(GetParam().page == 0 ? "住所" : "沿線") + "検索の画面で選択してください");
     EXPECT_FALSE(screen().enabled());
     EXPECT_EQ(button().enabled(), !GetParam().closesButton);
     EXPECT_TRUE(siblings.setText(filled()[0]->handle(), "1"));

@@ -1,34 +1,8 @@
-#include "adapters/pictures/picture_files.h"
 #include "images/fitting_case.h"
 #include "images/image_fit.h"
 
 namespace orv {
 namespace {
-
-/// Checks the assumptions of the search on the real encoder. ORV_LIMIT_WHOLE=1 uses the photos at their usual fitted
-/// size.
-class PhotoLimits : public FittingTest, public testing::WithParamInterface<const char*> {};
-
-TEST_P(PhotoLimits, AFileNeverGrowsAsTheFactorRises) {
-    PictureFiles real{files};
-    services().pictures = &real;
-    const int side = std::getenv("ORV_LIMIT_WHOLE") != nullptr ? 640 : 160;
-    const std::string photo = std::string("/usr/share/backgrounds/mate/nature/") + GetParam() + ".jpg";
-    image.load(std::filesystem::absolute(photo).string(), {side, side});
-    image.size(side, side * 3 / 4);
-    std::vector<std::uint64_t> sizes;
-    for (int factor = kSmallestQuality; factor >= kBestQuality; --factor) {
-        image.save(kWork, 1, 24, factor);
-        sizes.push_back(files.fileSize(kWork));
-    }
-    EXPECT_LT(sizes.front(), sizes.back());
-    EXPECT_TRUE(std::ranges::is_sorted(sizes));
-}
-
-INSTANTIATE_TEST_SUITE_P(Photos, PhotoLimits,
-                         testing::Values("Aqua", "Dune", "Garden", "LadyBird", "RainDrops", "Storm", "TwoWings", "Wood",
-                                         "YellowFlower"),
-                         [](const auto& photo) { return std::string(photo.param); });
 
 class QualitySearch : public FittingTest {
 protected:
