@@ -118,7 +118,7 @@ TEST_F(Binding, OnlyTheNamedPageWritesAndOnlyWhenItIsReady) {
 
 TEST_F(Binding, RejectedValuesAreReportedTogetherAndTheOthersAreFilled) {
     sql("update TBL_CUSTOMER_INFO set GET_LICENSE_DATE_YEAR = 'x', VALID_LICENSE_DATE_MONTH = '13', "
-        "VALID_LICENSE_DATE_DAY = '1e9', OTHER_DANTAI_NAME = '家主会' where USER_ID = '000004601'");
+        "VALID_LICENSE_DATE_DAY = '1e9', OTHER_DANTAI_NAME = '家主会', DANTAI_FLG = '0' where USER_ID = '000004601'");
     start();
     turnTo(1);
     expectShown("ESSX5050", {"、、免許証有効期限(開始)免許証有効期限(終了)免許証有効期限(終了)"});
@@ -126,6 +126,7 @@ TEST_F(Binding, RejectedValuesAreReportedTogetherAndTheOthersAreFilled) {
     EXPECT_EQ(form.txt_Get_License_Date[0].text(), "");
     EXPECT_EQ(form.txt_Get_License_Date[1].text(), "4");
     EXPECT_EQ(form.txt_Other_Dantai_Name.text(), "家主会");
+    EXPECT_EQ(form.chk_Dantai[0].value(), 0) << "whatever the list shows";
     EXPECT_TRUE(form.ready);
     EXPECT_EQ(log(), "");
 }

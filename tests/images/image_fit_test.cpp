@@ -73,6 +73,9 @@ TEST(FileSizeText, IsCutAtTheBordersAndRoundsAHalfUp) {
         EXPECT_EQ(PF_GetFileSizeString(c.size), c.text);
     }
     EXPECT_EQ(gErrMsg, "");
+    EXPECT_EQ(PF_GetFileSizeString(1e300), "-1");
+    EXPECT_EQ(gErrMsg, "[ PF_GetFileSizeString ] " + std::string(describe(Failure::Overflow)));
+    clearPair();
 }
 
 }  // namespace

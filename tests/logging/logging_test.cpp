@@ -25,6 +25,7 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
     };
     const DateTime moment{.year = 2026, .month = 1, .day = 2, .hour = 3, .minute = 4, .second = 5};
     const Values rows{Value("a"), Value("b")};
+    const Values more{Value("a"), Value("b"), Value("c")};
     for (const Kind& row : std::vector<Kind>{
              {"ERR", "ERR\\260504_err.log", {moment, 13, "型が。"}, "2026/01/02 03:04:05,13,型が。\r\n"},
              {"RAS", "RAS\\ras.log", {"x", 1.5, true}, "x,1.5,True\r\n"},
@@ -32,7 +33,7 @@ TEST_F(Logging, WritesTheRecordOfEachKindIntoItsFile) {
              {"SND", "SND\\260504_snd.log", {Values{"a", 2, "ｶﾅ"}}, "a,2,ｶﾅ,\r\n"},
              {"RCV",
               "RCV\\260504_rcv.log",
-              {rows, rows, rows, rows, rows, rows},
+              {rows, more, more, more, more, more},
               "2026/05/04 09:08:07,a,a,a,a,a,a,\r\n2026/05/04 09:08:07,b,b,b,b,b,b,\r\n\r\n"},
          }) {
         EXPECT_TRUE(PF_WriteLog(row.kind, row.args)) << row.kind << gErrMsg;
