@@ -147,7 +147,7 @@ TEST_F(SavedValues, ARecordThatCouldChangeAStatementIsNotWritten) {
         tCustomerInfo.*row.field = row.value;
         const Texts before = everything();
         EXPECT_FALSE(valuesFitStatements(PhotoFields::Chosen));
-        EXPECT_NE(gErrMsg.find(row.place), std::string::npos) << gErrMsg;
+        EXPECT_NE(gErrMsg.find("があります。" + row.place), std::string::npos) << gErrMsg;
         save();
         EXPECT_TRUE(everything() == before) << row.value;
         messages.shown.clear();
