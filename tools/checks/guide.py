@@ -9,6 +9,7 @@ variables. Prints one line for each fault and ends with 1 when there is any.
 
 import pathlib
 import re
+import sqlite3
 import sys
 
 GUIDES = ("docs/operating", "docs/ja/operating")
@@ -48,8 +49,11 @@ class Code:
         named = self.found(r'"([A-Z]{3,6}\d{2,5}|[A-Z]{5,6}:(?:\d\d)?)"')
         named -= {code for name in WITHOUT_CODES for code in self.found(r'"(\w+)"', "src/" + name)}
         named -= {code for code in named if re.fullmatch(r"GIF\d\d", code)}  # the signs of a file
-        numbers = self.listed(r"= (\d+),", "enum class Failure : int")
-        return named | numbers | {"DB" + state for state in self.listed(r'\{"(\w+)", Failure', "kStates =")}
+        numbers = self.listed(r"= (\d+),", "Failure : int {")
+        # The guide has the remainder of a longer number.
+        results = {getattr(sqlite3, name) % 256 for name in self.found(r"\{(SQLITE_\w+), Failure")}
+        states = self.listed(r'\{"(\w+)", Failure', "kStates =")
+        return named | numbers | {f"DB{engines}" for engines in results | states}
 
 
 def names_in(page):
