@@ -1,22 +1,23 @@
 #include <cstdio>
 #include <ctime>
+#include <optional>
 
 #include "keeper.h"
 
 namespace orv {
 namespace {
 
-/// Returns the whole hours since a lock's time, in the local time that the terminals write, or "" if it is not a time.
-std::string formatAge(const std::string& since) {
+/// Returns the whole hours since a lock's time in the terminals' local time, or null if it is not a time.
+std::optional<long> hoursSince(const std::string& since) {
     std::tm time{};
     time.tm_isdst = -1;
     if (std::sscanf(since.c_str(), "%4d/%2d/%2d %2d:%2d:%2d", &time.tm_year, &time.tm_mon, &time.tm_mday, &time.tm_hour,
                     &time.tm_min, &time.tm_sec) != 6) {
-        return {};
+        return std::nullopt;
     }
     time.tm_year -= 1900;
     time.tm_mon -= 1;
-    return std::to_string(static_cast<long>(std::difftime(std::time(nullptr), std::mktime(&time)) / 3600));
+    return static_cast<long>(std::difftime(std::time(nullptr), std::mktime(&time)) / 3600);
 }
 
 }  // namespace
@@ -29,10 +30,13 @@ void listLocks(StoreConnection& store, StoreReport& report) {
         const std::string user = toText(rows->Fields(0));
         const std::string computer = toText(rows->Fields(1));
         const std::string since = rows->Fields(2).isNull() ? "" : toText(rows->Fields(2));
-        const std::string age = formatAge(since);
-        locks.push_back({{"company", user}, {"computer", computer}, {"since", since}, {"hours", age}});
+        const std::optional<long> age = hoursSince(since);
+        locks.push_back({{"company", user}, {"computer", computer}, {"since", since}, {"hours", nullptr}});
+        if (age) {
+            locks.back()["hours"] = *age;
+        }
         report.say("lock: " + user + " by " + computer + " since " + since +
-                   (age.empty() ? "" : ", " + age + " hours"));
+                   (age ? ", " + std::to_string(*age) + " hours" : ""));
     }
 }
 
