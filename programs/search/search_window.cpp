@@ -79,6 +79,7 @@ void SearchWindow::fillList() {
             list_->setItem(row, column, new QTableWidgetItem(rows_[row].fields[plan_.shown[column]]));
         }
     }
+    list_->setAccessibleName(QStringLiteral("検索結果"));
     list_->setHorizontalHeaderLabels(plan_.headings);
     list_->horizontalHeader()->setStretchLastSection(true);
     list_->verticalHeader()->hide();

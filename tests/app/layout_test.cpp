@@ -21,9 +21,7 @@ protected:
 
     std::vector<Form*> all() {
         std::vector<Form*> made{&confirmation_, &page<frm_ChangePassword>()};
-        for (int number = 0; number < kPageCount; ++number) {
-            made.push_back(&pageAt(number));
-        }
+        for (int number = 0; number < kPageCount; ++number) made.push_back(&pageAt(number));
         return made;
     }
 

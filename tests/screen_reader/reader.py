@@ -12,7 +12,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
 
-NAMED = {"label", "text", "password text", "combo box", "check box", "push button", "image"}
+NAMED = {"label", "text", "password text", "combo box", "check box", "push button", "image", "list",
+         "table", "tree"}
 
 
 def has(item, state):

@@ -75,6 +75,14 @@ TEST_F(ScreenReader, ReadsOutPagesAndDialogs) {
         turnTo(terminal, page);
         expectRead("page " + std::to_string(page));
     }
+    const auto expectDialog = [&](const char* button, const char* title, int page) {
+        terminal.click(button);
+        ASSERT_TRUE(terminal.waitForWindow(title));
+        expectRead(title);
+        terminal.key("Escape");
+        ASSERT_TRUE(terminal.waitForPage(page));
+    };
+    expectDialog("btn_SelectRail", "沿線検索", 2);
     const std::string photo = office_->copyPhoto();
     terminal.click("btm_PhotoSelect", 0);
     ASSERT_TRUE(terminal.waitForWindow("ファイルを開く"));
@@ -91,11 +99,8 @@ TEST_F(ScreenReader, ReadsOutPagesAndDialogs) {
     terminal.key("Escape");
     ASSERT_TRUE(terminal.waitForPage(2));
     turnTo(terminal, 0);
-    terminal.click("btm_ChangePW");
-    ASSERT_TRUE(terminal.waitForPasswordDialog());
-    expectRead("password");
-    terminal.key("Escape");
-    ASSERT_TRUE(terminal.waitForPage(0));
+    expectDialog("btm_SearchOfficeAddress", "住所検索", 0);
+    expectDialog("btm_ChangePW", "パスワード変更", 0);
     terminal.click("btm_Back_Menu");
     ASSERT_TRUE(terminal.waitForNotice());
     expectRead("question");

@@ -1,7 +1,6 @@
 #include "adapters/qt/dialogs.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -140,15 +139,21 @@ QString toFilter(const FileQuestion& question) {
     return parts.front() + QStringLiteral(" (") + parts.back() + QStringLiteral(")");
 }
 
-/// Names the two lists for assistive technology, because the toolkit does not connect them with their labels.
+/// Names the lists for assistive technology, because the toolkit does not.
 void nameLists(const QFileDialog& dialog) {
+    const auto setName = [&dialog](const char* list, const QString& name) {
+        if (auto* named = dialog.findChild<QWidget*>(QLatin1String(list))) {
+            named->setAccessibleName(name);
+        }
+    };
     for (const auto& [list, label] : {std::pair("lookInCombo", "lookInLabel"), {"fileTypeCombo", "fileTypeLabel"}}) {
-        auto* named = dialog.findChild<QComboBox*>(QLatin1String(list));
-        const auto* name = dialog.findChild<QLabel*>(QLatin1String(label));
-        if (named != nullptr && name != nullptr) {
-            named->setAccessibleName(name->text());
+        if (const auto* named = dialog.findChild<QLabel*>(QLatin1String(label))) {
+            setName(list, named->text());
         }
     }
+    setName("sidebar", QStringLiteral("場所"));
+    setName("treeView", QStringLiteral("ファイル"));
+    setName("listView", QStringLiteral("ファイル"));
 }
 
 /// Hides the type of the files: its names are not all in Japanese, and the filter already shows the type.
