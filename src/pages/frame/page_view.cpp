@@ -120,7 +120,7 @@ bool P_MakeCompNView(std::string_view label, Form& form, std::span<const Bar> ba
 
 bool P_MakeComp0View() { return P_MakeCompNView("[ P_MakeComp0View ] ", pageAt(0), kBars0, Legend::Yes); }
 bool P_MakeComp1View() { return P_MakeCompNView("[ P_MakeComp1View ] ", pageAt(1), kBars1, Legend::Yes); }
-bool P_MakeComp2View() { return P_MakeCompNView("[ P_MakeComp2View ] ", pageAt(2), kBars2, Legend::Yes); }
+bool P_MakeComp2View() { return P_MakeCompNView("[ P_MakeComp2View ] ", pageAt(2), kBars2, Legend::No); }
 bool P_MakeComp3View() { return P_MakeCompNView("[ P_MakeComp3View ] ", pageAt(3), kBars3, Legend::No); }
 bool P_MakeComp4View() { return P_MakeCompNView("[ P_MakeComp4View ] ", pageAt(4), kBars4, Legend::No); }
 
