@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "place_rights.h"
 #include "platform/ascii.h"
 #include "platform/file_path.h"
 
@@ -9,6 +10,9 @@ namespace orv {
 namespace {
 
 namespace fs = std::filesystem;
+
+/// The use of a file or folder: programs and settings, an office's data, or the text that names a server.
+enum class PlaceUse : std::uint8_t { Programs, Data, ServerText };
 
 struct Part {
     const char* folder;
@@ -25,7 +29,31 @@ constexpr auto kParts = std::to_array<Part>({
     {"LOG", PlaceUse::Data},
 });
 
+/// The users of an office change its data. A text that names a server contains no password, so all users can read it.
+bool isWrong(RightKind kind, PlaceUse use) {
+    switch (use) {
+        case PlaceUse::Programs:
+            return true;
+        case PlaceUse::Data:
+            return kind == RightKind::Use;
+        case PlaceUse::ServerText:
+            return kind == RightKind::Change;
+    }
+    return false;
+}
+
 using Look = std::function<void(const fs::path& path, PlaceUse use)>;
+
+/// Returns a function that reports each permission of a file or folder that goes beyond its use.
+Look reportTo(const FoundRight& found, const fs::path& office) {
+    return [found, office](const fs::path& path, PlaceUse use) {
+        for (const OpenRight& right : findOpenRights(path, office)) {
+            if (isWrong(right.kind, use)) {
+                found(pathText(path), right.what);
+            }
+        }
+    };
+}
 
 /// The program can be running: entries that are private to another clerk's run, or that disappear, are skipped.
 void lookThrough(const fs::path& folder, PlaceUse use, const Look& look) {
@@ -55,7 +83,7 @@ fs::path findPart(const fs::path& install, std::string_view name) {
 }
 
 void lookAtOffice(const fs::path& install, const FoundRight& found) {
-    const Look look = placeRights(officeOf(install), found);
+    const Look look = reportTo(found, officeOf(install));
     look(install, PlaceUse::Programs);
     for (const fs::path& path : placesAbove(install)) {
         look(path, PlaceUse::Programs);
@@ -76,7 +104,7 @@ void reportOpenRights(const fs::path& store, bool isServerText, const FoundRight
     if (isNamed(place.parent_path(), "MDB") && !findPart(install, "BIN").empty()) {
         lookAtOffice(install, found);
     } else {
-        placeRights(place, found)(place, isServerText ? PlaceUse::ServerText : PlaceUse::Data);
+        reportTo(found, place)(place, isServerText ? PlaceUse::ServerText : PlaceUse::Data);
     }
 }
 

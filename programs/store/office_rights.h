@@ -1,10 +1,12 @@
 #pragma once
 
 #include <filesystem>
-
-#include "place_rights.h"
+#include <functional>
+#include <string>
 
 namespace orv {
+
+using FoundRight = std::function<void(const std::string& path, const std::string& what)>;
 
 /// Reports each part of a store, and of the office that it is in, that more users can read or write than an office
 /// needs. A user who can write the programs or the settings can do everything that the program can. For a store outside

@@ -2,21 +2,22 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <functional>
-#include <string>
 #include <vector>
 
 namespace orv {
 
-using FoundRight = std::function<void(const std::string& path, const std::string& what)>;
+/// A permission by which users can change a place or use it, or an owner who can give such permissions.
+enum class RightKind : std::uint8_t { Change, Owner, Use };
 
-/// The use of a file or folder: programs and settings, an office's data, or the text that names a server.
-enum class PlaceUse : std::uint8_t { Programs, Data, ServerText };
+/// A permission that goes beyond those of an office, and how to remove it.
+struct OpenRight {
+    RightKind kind;
+    const char* what;
+};
 
-/// Returns a function that reports each permission of a file or folder that goes beyond its use. It skips links.
-/// `office` is the folder whose owner and group everything has.
-std::function<void(const std::filesystem::path& path, PlaceUse use)> placeRights(const std::filesystem::path& office,
-                                                                                 const FoundRight& found);
+/// Returns such permissions of a file or folder, none for a link. `office` is the folder whose owner and group
+/// everything has.
+std::vector<OpenRight> findOpenRights(const std::filesystem::path& path, const std::filesystem::path& office);
 
 /// Returns the folder of the office that has the folder of an install.
 std::filesystem::path officeOf(const std::filesystem::path& install);

@@ -2,7 +2,6 @@
 #include <sys/xattr.h>
 
 #include <array>
-#include <span>
 
 #include "place_rights.h"
 
@@ -17,12 +16,12 @@ constexpr ::mode_t kGroup = 070;
 struct Place {
     fs::path path;
     struct stat facts;
-    const struct stat& office;
+    struct stat office;
 };
 
 struct Rule {
     bool (*isBroken)(const Place& place);
-    const char* what;
+    OpenRight right;
 };
 
 /// Includes the list that new files of a folder get.
@@ -33,47 +32,33 @@ bool hasAccessList(const Place& place) {
 
 constexpr auto kRules = std::to_array<Rule>({
     {[](const Place& place) { return (place.facts.st_mode & 022U) != 0; },
-     "can be changed by others than its owner: chmod go-w"},
+     {RightKind::Change, "can be changed by others than its owner: chmod go-w"}},
     {[](const Place& place) { return place.facts.st_uid != 0 && place.facts.st_uid != place.office.st_uid; },
-     "belongs to another user than the office: chown"},
+     {RightKind::Owner, "belongs to another user than the office: chown"}},
     {[](const Place& place) { return (place.facts.st_mode & 007U) != 0; },
-     "is open to all users of this computer: chmod o="},
+     {RightKind::Use, "is open to all users of this computer: chmod o="}},
     {[](const Place& place) {
          return (place.facts.st_mode & kGroup) != 0 && place.facts.st_gid != place.office.st_gid;
      },
-     "is open to another group than that of the office: chgrp"},
-    {hasAccessList, "is open to users on an access list: setfacl -bk"},
+     {RightKind::Use, "is open to another group than that of the office: chgrp"}},
+    {hasAccessList, {RightKind::Use, "is open to users on an access list: setfacl -bk"}},
 });
-
-std::span<const Rule> rulesFor(PlaceUse use) {
-    const std::span<const Rule> all(kRules);
-    switch (use) {
-        case PlaceUse::Programs:
-            return all;
-        case PlaceUse::Data:
-            return all.subspan(2);
-        case PlaceUse::ServerText:
-            return all.first(1);
-    }
-    return {};
-}
 
 }  // namespace
 
-std::function<void(const fs::path&, PlaceUse)> placeRights(const fs::path& office, const FoundRight& found) {
-    struct stat ofOffice {};
-    ::stat(office.c_str(), &ofOffice);
-    return [ofOffice, found](const fs::path& path, PlaceUse use) {
-        Place place{path, {}, ofOffice};
-        if (::lstat(path.c_str(), &place.facts) != 0 || S_ISLNK(place.facts.st_mode)) {
-            return;
+std::vector<OpenRight> findOpenRights(const fs::path& path, const fs::path& office) {
+    Place place{path, {}, {}};
+    ::stat(office.c_str(), &place.office);
+    std::vector<OpenRight> found;
+    if (::lstat(path.c_str(), &place.facts) != 0 || S_ISLNK(place.facts.st_mode)) {
+        return found;
+    }
+    for (const Rule& rule : kRules) {
+        if (rule.isBroken(place)) {
+            found.push_back(rule.right);
         }
-        for (const Rule& rule : rulesFor(use)) {
-            if (rule.isBroken(place)) {
-                found(path.string(), rule.what);
-            }
-        }
-    };
+    }
+    return found;
 }
 
 fs::path officeOf(const fs::path& install) { return install.parent_path().parent_path(); }

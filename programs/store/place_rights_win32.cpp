@@ -5,7 +5,6 @@
 
 #include "adapters/win32/windows_api.h"
 #include "place_rights.h"
-#include "platform/file_path.h"
 
 // After windows.h.
 #include <aclapi.h>
@@ -29,26 +28,13 @@ constexpr std::span<const WELL_KNOWN_SID_TYPE> kAllUsers = kUsers.first(3);
 struct Rule {
     std::span<const WELL_KNOWN_SID_TYPE> groups;
     DWORD rights;
-    const char* what;
+    OpenRight right;
 };
 
 constexpr auto kRules = std::to_array<Rule>({
-    {kUsers, kChange, "can be changed by users who are not administrators: icacls"},
-    {kAllUsers, kAnything, "is open to all users of this computer: icacls"},
+    {kUsers, kChange, {RightKind::Change, "can be changed by users who are not administrators: icacls"}},
+    {kAllUsers, kAnything, {RightKind::Use, "is open to all users of this computer: icacls"}},
 });
-
-std::span<const Rule> rulesFor(PlaceUse use) {
-    const std::span<const Rule> all(kRules);
-    switch (use) {
-        case PlaceUse::Programs:
-            return all;
-        case PlaceUse::Data:
-            return all.subspan(1);
-        case PlaceUse::ServerText:
-            return all.first(1);
-    }
-    return {};
-}
 
 /// The access list of a file or folder.
 class AccessList {
@@ -95,18 +81,18 @@ bool isLink(const fs::path& path) {
 
 }  // namespace
 
-std::function<void(const fs::path&, PlaceUse)> placeRights(const fs::path&, const FoundRight& found) {
-    return [found](const fs::path& path, PlaceUse use) {
-        if (isLink(path)) {
-            return;
+std::vector<OpenRight> findOpenRights(const fs::path& path, const fs::path&) {
+    std::vector<OpenRight> found;
+    if (isLink(path)) {
+        return found;
+    }
+    const AccessList list(path);
+    for (const Rule& rule : kRules) {
+        if (list.breaks(rule)) {
+            found.push_back(rule.right);
         }
-        const AccessList list(path);
-        for (const Rule& rule : rulesFor(use)) {
-            if (list.breaks(rule)) {
-                found(pathText(path), rule.what);
-            }
-        }
-    };
+    }
+    return found;
 }
 
 fs::path officeOf(const fs::path& install) { return install; }
