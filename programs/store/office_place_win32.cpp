@@ -25,7 +25,7 @@ constexpr auto kValues = std::to_array<RegistryValue>({
 /// The measurements of this machine.
 struct Machine {
     Cp932 codePage;
-    SystemRegistry registry{codePage};
+    SystemRegistry registry{"", codePage};
     SystemPaths paths{"", runningProgramFolder()};
     MeasuredSystem facts{registry, paths};
 };

@@ -25,7 +25,7 @@ OfficeAdapters::OfficeAdapters(const std::string& programFolder)
       files(paths),
       fileService(files),
       profiles(files, codePage, facts),
-      registry(systemRegistry(programFolder, codePage)),
+      registry(findInstallRoot(programFolder), codePage),
       sysInfo(registry, paths),
       stringCheck(codePage),
       db(files, officeStore()),

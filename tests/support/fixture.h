@@ -212,7 +212,7 @@ protected:
     FileDeletion fileService{files};
     IniReader iniReader{files, codePage, facts};
     OverriddenProfiles settings{iniReader};
-    TestRegistry registry{office.root() + "/registry.txt", codePage};
+    TestRegistry registry{office.root(), codePage};
     StoreService wholeStore{files, testStore()};
     FailingStore store{wholeStore};
     ScriptedSysInfo machine;

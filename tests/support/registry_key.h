@@ -3,8 +3,8 @@
 #include <string>
 
 #include "adapters/machine/registry_text.h"
+#include "adapters/system/system_registry.h"
 #include "adapters/win32/wide_text.h"
-#include "adapters/win32/win32_registry.h"
 #include "platform/scope.h"
 #include "support/temp_folder.h"
 
@@ -32,10 +32,11 @@ private:
     HKEY key_ = nullptr;
 };
 
-/// The registry of Windows, with the install folder that a text file names.
-class TestRegistry : public Win32Registry {
+/// The registry of Windows, with the install folder that the text file of other systems names.
+class TestRegistry : public SystemRegistry {
 public:
-    TestRegistry(std::string file, const CodePage& codePage) : Win32Registry(codePage), file_(std::move(file)) {}
+    TestRegistry(const std::string& root, const CodePage& codePage)
+        : SystemRegistry(root, codePage), file_(root + "/registry.txt") {}
 
     std::int32_t RegOpenKeyEx(Handle hive, const std::string& subKey, std::int32_t access, Handle& key) override {
         const RegistryText text(readFile(file_));
@@ -45,7 +46,7 @@ public:
             ::RegSetKeyValueW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\ZENTHA\\ORV", L"InstallKey", REG_SZ, value.c_str(),
                               static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
         }
-        return Win32Registry::RegOpenKeyEx(hive, subKey, access, key);
+        return SystemRegistry::RegOpenKeyEx(hive, subKey, access, key);
     }
 
 private:

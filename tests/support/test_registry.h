@@ -3,9 +3,9 @@
 #ifdef _WIN32
 #include "support/registry_key.h"
 #else
-#include "adapters/posix/registry_file.h"
+#include "adapters/system/system_registry.h"
 
 namespace orv {
-using TestRegistry = RegistryFile;
+using TestRegistry = SystemRegistry;
 }
 #endif

@@ -4,6 +4,7 @@
 #ifdef _WIN32
 
 #include "adapters/win32/drive_paths.h"
+#include "adapters/win32/registry_views.h"
 #include "adapters/win32/run_folder.h"
 #include "adapters/win32/win32_file.h"
 
@@ -15,6 +16,7 @@ using SystemHandle = Win32Handle;
 using SystemFile = Win32File;
 using SystemReplacement = FileNextTo;
 using SystemWorkFolder = RunFolder;
+using SystemKey = RegistryViews;
 
 }  // namespace orv
 
@@ -32,6 +34,8 @@ using SystemHandle = Descriptor;
 using SystemFile = NativeFile;
 using SystemReplacement = ReplacementFile;
 using SystemWorkFolder = WorkFolder;
+/// The name of a key, with that of its hive.
+using SystemKey = std::string;
 
 }  // namespace orv
 

@@ -29,10 +29,13 @@ TEST(ChooseAddress, TakesTheOneThatOthersReach) {
 
 class MachineContract : public testing::Test {
 protected:
+    MachineContract() {
+        office.write("registry.txt", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\店\n");
+    }
+
     TempOffice office;
     Cp932 codePage;
-    TestRegistry registry{
-        office.write("registry.txt", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\店\n"), codePage};
+    TestRegistry registry{office.root(), codePage};
     MeasuredSystem info{registry, office.paths()};
 };
 

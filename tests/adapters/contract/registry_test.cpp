@@ -15,9 +15,9 @@ constexpr std::int32_t kMoreData = 234;
 
 TEST(RegistryContract, GivesBackTheValuesThatWereSet) {
     const TempOffice office;
+    office.write("registry.txt", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ORV\n");
     const Cp932 codePage;
-    TestRegistry registry{
-        office.write("registry.txt", "[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ORV\n"), codePage};
+    TestRegistry registry{office.root(), codePage};
     Registry::Handle key = 0;
     ASSERT_EQ(registry.RegOpenKeyEx(Registry::kLocalMachine, "software\\zentha\\orv", kReadAndWrite, key), 0);
     std::string value;

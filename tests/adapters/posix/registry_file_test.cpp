@@ -1,4 +1,4 @@
-#include "adapters/posix/registry_file.h"
+#include "adapters/system/system_registry.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ protected:
 
     TempOffice office;
     Cp932 codePage;
-    RegistryFile registry{office.root() + "/registry.txt", codePage};
+    SystemRegistry registry{office.root(), codePage};
 };
 
 TEST_F(RegistryFileTest, FindsValues) {

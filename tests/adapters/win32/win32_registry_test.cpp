@@ -1,4 +1,4 @@
-#include "adapters/win32/win32_registry.h"
+#include "adapters/system/system_registry.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ protected:
     }
 
     Cp932 codePage;
-    Win32Registry registry{codePage};
+    SystemRegistry registry{"", codePage};
 };
 
 TEST_F(RegistryViews, TheLargerOneIsReadFirstAndTheSmallerOneGetsNewKeys) {
