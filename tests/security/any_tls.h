@@ -1,23 +1,9 @@
 #pragma once
 
-#include <cstdlib>
-#include <string>
-
 #include "support/temp_folder.h"
+#include "support/variable.h"
 
 namespace orv {
-
-/// An environment variable that is set while in scope.
-class Variable {
-public:
-    Variable(const char* name, const std::string& value) : name_(name) { ::setenv(name, value.c_str(), 1); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-    ~Variable() { ::unsetenv(name_); }
-
-private:
-    const char* name_;
-};
 
 /// The system's own settings reject old TLS. In these tests every program accepts it, so that only this program rejects
 /// it. The TLS library reads the settings once, before the first test.

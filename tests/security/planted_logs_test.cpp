@@ -3,6 +3,7 @@
 #include "another_user.h"
 #include "logging/write_log.h"
 #include "support/fixture.h"
+#include "support/variable.h"
 
 namespace orv {
 namespace {
@@ -14,16 +15,13 @@ constexpr const char* kPrivate = "alias ls=ls\n";
 /// A log folder that all users of the office can write.
 class PlantedLogs : public SystemTest {
 protected:
-    PlantedLogs() {
-        ::setenv("XDG_STATE_HOME", state.path().c_str(), 1);
-        fs::permissions(folder, fs::perms::all);
-    }
-    ~PlantedLogs() override { ::unsetenv("XDG_STATE_HOME"); }
+    PlantedLogs() { fs::permissions(folder, fs::perms::all); }
 
     fs::perms readRights(const fs::path& file) { return fs::status(file).permissions(); }
     std::string kept() { return state.has("orv") ? codePage.decode(state.readBytes("orv/260504_err.log")) : ""; }
 
     TempFolder state;
+    const Variable stateHome{"XDG_STATE_HOME", state.path().string()};
     const fs::path folder = office.root() + "/C/ORV/LOG/ERR";
     const fs::path log = folder / "260504_err.log";
     const fs::path owned = office.folder.write("home/.bashrc", kPrivate);

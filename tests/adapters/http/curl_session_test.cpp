@@ -7,6 +7,7 @@
 
 #include "adapters/http/curl_http_control.h"
 #include "http_fixture.h"
+#include "support/variable.h"
 
 namespace orv {
 namespace {
@@ -19,6 +20,16 @@ TEST(CurlSession, OnlyWholeWebAddressesAreAsked) {
         EXPECT_EQ(raisedBy([&] { get(url); }).number(), 24011) << url;
     }
     EXPECT_EQ(server.requests(), 0);
+}
+
+TEST(CurlSession, AProxyOfTheEnvironmentIsNotUsed) {
+    const RawServer proxy("HTTP/1.1 204 No Content\r\n\r\n");
+    const RawServer server("HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n");
+    for (const char* name : {"http_proxy", "all_proxy", "ALL_PROXY"}) {
+        const Variable set(name, proxy.url());
+        EXPECT_EQ(get(server.url()).status, 200) << name;
+    }
+    EXPECT_EQ(proxy.requests(), 0);
 }
 
 TEST(CurlSession, TheNameAtTheEndOfAUrlIsEncodedAndNothingElse) {
