@@ -68,7 +68,8 @@ void PrivateFolder::publish(const std::string& target, const fs::path& rightsFro
             [&] { return ::MoveFileExW(from.c_str(), longPath(fromWide(to)).c_str(), MOVEFILE_WRITE_THROUGH) != 0; })) {
         failed(target);
     }
-    if (!rightsFrom.empty() && !copyAccess(rightsFrom.wstring(), to)) {
+    if (!rightsFrom.empty() &&
+        !(fs::is_directory(rightsFrom) ? inheritAccess(to) : copyAccess(rightsFrom.wstring(), to))) {
         const DWORD error = ::GetLastError();
         ::DeleteFileW(to.c_str());
         ::SetLastError(error);

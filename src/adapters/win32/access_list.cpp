@@ -42,6 +42,19 @@ private:
     std::vector<unsigned char> bytes_;
 };
 
+/// Makes entries that were inherited the file's own, because a protected list has no inherited ones.
+void makeOwn(PACL list) {
+    void* entry = nullptr;
+    for (DWORD place = 0; list != nullptr && ::GetAce(list, place, &entry) != 0; ++place) {
+        static_cast<ACE_HEADER*>(entry)->AceFlags &= static_cast<BYTE>(~INHERITED_ACE);
+    }
+}
+
+DWORD setList(std::wstring path, PACL list, DWORD protection) {
+    return ::SetNamedSecurityInfoW(path.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | protection, nullptr,
+                                   nullptr, list, nullptr);
+}
+
 }  // namespace
 
 /// "P" keeps out the entries of the folder above. Both entries also apply to files created inside.
@@ -74,11 +87,18 @@ bool copyAccess(const std::wstring& from, const std::wstring& to) {
     DWORD error = ::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
                                           &list, nullptr, &descriptor);
     if (error == ERROR_SUCCESS) {
-        error = ::SetNamedSecurityInfoW(std::wstring(to).data(), SE_FILE_OBJECT,
-                                        DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr,
-                                        nullptr, list, nullptr);
+        makeOwn(list);
+        error = setList(to, list, PROTECTED_DACL_SECURITY_INFORMATION);
     }
     ::LocalFree(descriptor);
+    ::SetLastError(error);
+    return error == ERROR_SUCCESS;
+}
+
+bool inheritAccess(const std::wstring& file) {
+    ACL none{};
+    ::InitializeAcl(&none, sizeof none, ACL_REVISION);
+    const DWORD error = setList(file, &none, UNPROTECTED_DACL_SECURITY_INFORMATION);
     ::SetLastError(error);
     return error == ERROR_SUCCESS;
 }

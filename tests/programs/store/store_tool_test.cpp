@@ -58,6 +58,10 @@ TEST_F(StoreTool, ANewStoreHasItsTablesAndListsAndNoCompany) {
         EXPECT_EQ(tool("create " + store).ending, 3) << "it exists already";
         EXPECT_EQ(json("check " + store), report);
     }
+    std::filesystem::create_directory(folder.file("shared"));
+    openToAllUsers(folder.file("shared"));
+    EXPECT_EQ(tool("create shared/new").ending, 0);
+    EXPECT_FALSE(isPrivate(folder.file("shared/new"))) << "the users of the folder use the store";
 }
 
 TEST_F(StoreTool, AServerGetsAWholeStoreOrNothing) {

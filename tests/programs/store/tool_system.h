@@ -21,7 +21,7 @@ Unreadable makeUnreadable(const std::string& path);
 
 /// Lets only this user open a new file or folder, on a system where it is open to others.
 void closeToOthers(const std::string& path);
-/// Lets all users read and write the file.
+/// Lets all users read and write the file, or the folder and its new files.
 void openToAllUsers(const std::string& path);
 /// True if only this user can open the file.
 bool isPrivate(const std::string& path);

@@ -33,7 +33,7 @@ Unreadable makeUnreadable(const std::string& path) {
 
 void closeToOthers(const std::string&) {}
 
-void openToAllUsers(const std::string& path) { std::filesystem::permissions(path, std::filesystem::perms(0666)); }
+void openToAllUsers(const std::string& path) { std::filesystem::permissions(path, std::filesystem::perms(0777)); }
 
 bool isPrivate(const std::string& path) {
     return std::filesystem::status(path).permissions() == std::filesystem::perms(0600);

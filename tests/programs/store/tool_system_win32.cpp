@@ -34,13 +34,16 @@ Unreadable makeUnreadable(const std::string& path) {
     return {"", std::make_shared<Win32Handle>(file)};
 }
 
+/// To a list that is set with SetSecurityInfo, wine adds the entries of the folder above even if it is protected.
 void closeToOthers(const std::string& path) {
-    makePrivate(openNative(path, {.access = WRITE_DAC | READ_CONTROL}).get());
+    PrivateAccess access;
+    ::SetFileSecurityW(toWide(path).c_str(), DACL_SECURITY_INFORMATION, access.attributes()->lpSecurityDescriptor);
 }
 
 void openToAllUsers(const std::string& path) {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
-    ::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &descriptor, nullptr);
+    ::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;OICI;FA;;;WD)", SDDL_REVISION_1, &descriptor,
+                                                           nullptr);
     ::SetFileSecurityW(toWide(path).c_str(), DACL_SECURITY_INFORMATION, descriptor);
     ::LocalFree(descriptor);
 }
