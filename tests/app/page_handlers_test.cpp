@@ -45,17 +45,6 @@ TEST_F(Handlers, TheSiteBlockOpensAndCloses) {
     }
 }
 
-TEST_F(Handlers, AKeyOnASearchButtonOnlyMovesToTheNextField) {
-    for (const auto& [number, button, next] :
-         {std::tuple{0, "btm_SearchOfficeAddress", "txt_Address_number"}, {2, "btn_SelectRail", "txt_Walk_Minutes"}}) {
-        startOn(number);
-        findWidget(*screen().find(button))->setFocus();
-        press(Qt::Key_Down);
-        EXPECT_EQ(focused(), next);
-        leave();
-    }
-}
-
 TEST_F(Handlers, TheLicenceBlock) {
     startOn(1);
     auto& form = page<frm_CompInp1>();

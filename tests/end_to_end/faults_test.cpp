@@ -70,26 +70,15 @@ const std::vector<StartFault> kStartFaults{
     {"unknownCompany", kNothing, "999999999,1,0", "ECOS5120", kUnknown},
     {"apostrophe", kNothing, "'; drop table TBL_LOCK; --,1,0", "DBSQL03",
      "[ PF_DataLockCheck ] データベースへの命令は一度に一つだけ実行できます。"},
-    {"longArgument", kNothing, std::string(100000, '9') + ",1,0", "ECOS5120", kUnknown},
     {"toolkitOption", kNothing, "-platform,1,0", "ECOS5120", kUnknown},
 
     {"storeMissing", [](const Office& o) { fs::remove(o.store()); }, kCompany, "DBFILE01", kMissing},
-    {"storeFolder",
-     [](const Office& o) {
-         fs::remove(o.store());
-         fs::create_directory(o.store());
-     },
-     kCompany, "DBFILE02", "データベースのファイルがあるはずの場所に、フォルダーがあります。"},
     {"storeUnreadable", [](const Office& o) { fs::permissions(o.store(), fs::perms::none); }, kCompany, "DBFILE04",
      "データベースのファイルを読む権限がありません。"},
-    {"storeEmpty", [](const Office& o) { writeFile(o.store(), ""); }, kCompany, "DBFILE05",
-     "データベースのファイルが空です。バックアップから戻してください。"},
     {"storeJet",
      [](const Office& o) { writeFile(o.store(), std::string("\0\1\0\0Standard Jet DB\0", 20) + randomBytes(5000)); },
      kCompany, "DBFILE06",
      "データベースのファイルが以前の形式（Jet）です。新しい形式へ移したファイルを置いてください。"},
-    {"storeRandom", [](const Office& o) { writeFile(o.store(), randomBytes(100000)); }, kCompany, "DBFILE07",
-     "データベースの場所にあるファイルは、データベースではありません。"},
     {"storeDamaged",
      [](const Office& o) {
          std::fstream(o.store(), std::ios::in | std::ios::out | std::ios::binary).seekp(100) << randomBytes(20000);
@@ -108,8 +97,6 @@ const std::vector<StartFault> kStartFaults{
 
     // Without settings the file names are bare, and the store is searched in the program's folder.
     {"settingsAbsent", [](const Office& o) { fs::remove(settings(o)); }, kCompany, "DBFILE01", kMissing},
-    {"settingsHuge", [](const Office& o) { writeFile(settings(o), randomBytes(50'000'000)); }, kCompany, "DBFILE01",
-     kMissing},
 };
 
 class AtTheStart : public Faults, public ::testing::WithParamInterface<StartFault> {};

@@ -15,6 +15,7 @@
 #include "adapters/posix/descriptor.h"
 #include "adapters/posix/sibling_socket.h"
 #include "support/temp_office.h"
+#include "support/variable.h"
 
 namespace orv {
 
@@ -85,16 +86,10 @@ private:
 
 class SiblingSocketTest : public testing::Test {
 protected:
-    SiblingSocketTest() {
-        ::setenv("XDG_RUNTIME_DIR", (runtime.root() + "/C/ORV/BIN").c_str(), 1);
-        ::setenv(kSiblingSocketVariable, "of another program", 1);
-    }
     ~SiblingSocketTest() override {
         office.write("end", "");
         socket.dismiss();
         EXPECT_EQ(leftovers(), 0);
-        ::unsetenv("XDG_RUNTIME_DIR");
-        ::unsetenv(kSiblingSocketVariable);
     }
 
     /// Starts a program that reports its socket and runs until "end" exists or the office is removed. Returns the
@@ -133,6 +128,8 @@ protected:
 
     TempOffice office;
     TempOffice runtime;
+    const Variable runtimeFolder{"XDG_RUNTIME_DIR", runtime.root() + "/C/ORV/BIN"};
+    const Variable otherSocket{kSiblingSocketVariable, "of another program"};
     PosixStarter programs{office.paths()};
     PolledWatches loop;
     SiblingSocket socket{programs, loop.watch()};

@@ -63,7 +63,7 @@ TEST_F(SiblingSocketTest, AnEarlierProgramIsIgnored) {
 }
 
 TEST_F(SiblingSocketTest, AFolderThatMeansAnotherPlaceElsewhereIsPassedOver) {
-    ::setenv("XDG_RUNTIME_DIR", ".", 1);
+    const Variable relative("XDG_RUNTIME_DIR", ".");
     EXPECT_EQ(start().substr(0, 18), "/tmp/orv-siblings-");
 }
 

@@ -43,7 +43,10 @@ TEST_F(StoreTool, AFileThatIsNotAStoreFailsInEveryCommand) {
         EXPECT_EQ(tool(std::string("create ") + bad, secret.before).ending, 3) << bad;
         EXPECT_EQ(tool(std::string("copy office ") + bad + " --replace", secret.before).ending, 3) << bad;
     }
-    EXPECT_EQ(json("check missing")["failure"]["code"], "DBFILE01");
+    for (const auto& [bad, code] : std::map<std::string, std::string>{
+             {"missing", "DBFILE01"}, {"drawer", "DBFILE02"}, {"empty", "DBFILE05"}, {"letter", "DBFILE07"}}) {
+        EXPECT_EQ(json("check " + bad)["failure"]["code"], code);
+    }
     EXPECT_EQ(names(), before);
     EXPECT_EQ(readFile(office), good);
 }
