@@ -16,8 +16,8 @@ public:
     bool connected() const;
     /// `hungUp` is called when the other side ends the work.
     void onHangUp(std::function<void()> hungUp);
-    /// `toFront` is called when the other side asks for this window to be raised.
-    void onToFront(std::function<void()> toFront);
+    /// `bringToFront` is called when the other side asks for this window to be raised.
+    void onToFront(std::function<void()> bringToFront);
     void setText(const QString& handle, const QString& text);
     /// Sends the last message and waits until the other side has received it, one minute at most.
     void pressKey(const QString& handle);

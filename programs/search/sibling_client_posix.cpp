@@ -34,14 +34,15 @@ void SiblingClient::onHangUp(std::function<void()> hungUp) {
     QObject::connect(link_.get(), &QLocalSocket::disconnected, link_.get(), std::move(hungUp));
 }
 
-void SiblingClient::onToFront(std::function<void()> toFront) {
-    QObject::connect(link_.get(), &QLocalSocket::readyRead, link_.get(), [this, toFront = std::move(toFront)] {
-        while (link_->canReadLine()) {
-            if (link_->readLine().trimmed() == "FRONT") {
-                toFront();
-            }
-        }
-    });
+void SiblingClient::onToFront(std::function<void()> bringToFront) {
+    QObject::connect(link_.get(), &QLocalSocket::readyRead, link_.get(),
+                     [this, bringToFront = std::move(bringToFront)] {
+                         while (link_->canReadLine()) {
+                             if (link_->readLine().trimmed() == "FRONT") {
+                                 bringToFront();
+                             }
+                         }
+                     });
 }
 
 void SiblingClient::setText(const QString& handle, const QString& text) {

@@ -16,7 +16,7 @@ HWND toWindow(const QString& handle) {
 }
 
 /// Returns the process of a window, to wait for its end. Empty if the window does not exist.
-orv::Win32Handle processOf(HWND window) {
+orv::Win32Handle findProcess(HWND window) {
     DWORD process = 0;
     ::GetWindowThreadProcessId(window, &process);
     return orv::Win32Handle(process == 0 ? nullptr : ::OpenProcess(SYNCHRONIZE, FALSE, process));
@@ -32,7 +32,7 @@ void send(const QString& handle, UINT message, WPARAM first, LPARAM second) {
 /// The process of the other program. It ends, or dismisses the windows of this one by a message.
 class SiblingClient::Link : public QAbstractNativeEventFilter {
 public:
-    explicit Link(HWND button) : process_(processOf(button)) {
+    explicit Link(HWND button) : process_(findProcess(button)) {
         QCoreApplication::instance()->installNativeEventFilter(this);
     }
 

@@ -84,7 +84,7 @@ public:
     StoreReport run() {
         runCheck("damage", [&] {
             for (const std::string& damage : store_.damages()) {
-                found("damage", damage);
+                reportFinding("damage", damage);
             }
         });
         runCheck("objects", [&] { listForeignObjects(); });
@@ -94,18 +94,18 @@ public:
         for (const Question& question : questions()) {
             runCheck(question.what, [&] {
                 for (const std::string& what : firstTexts(store_.select(question.sql, {}))) {
-                    found(what, question.what);
+                    reportFinding(what, question.what);
                 }
             });
         }
         runCheck("locks", [&] { listLocks(store_, report_); });
         reportOpenRights(filePath(path_), !isEmbedded(path_),
-                         [&](const std::string& path, const std::string& what) { found(path, what); });
+                         [&](const std::string& path, const std::string& what) { reportFinding(path, what); });
         return std::move(report_);
     }
 
 private:
-    void found(const std::string& where, const std::string& what) {
+    void reportFinding(const std::string& where, const std::string& what) {
         report_.ending = Ending::Findings;
         report_.facts["findings"].push_back({{"where", where}, {"what", what}});
         report_.say(where + ": " + what);
@@ -117,16 +117,16 @@ private:
         try {
             ask();
         } catch (const StoreFailure& failure) {
-            found(what, failure.description() + " [" + failure.code() + "]");
+            reportFinding(what, failure.description() + " [" + failure.code() + "]");
         }
     }
 
     void listForeignObjects() {
         for (const StoreObject& object : store_.objects()) {
             if (!isOfSchema(object)) {
-                found(object.name, object.kind + " that the schema does not have");
+                reportFinding(object.name, object.kind + " that the schema does not have");
             } else if (!isDefinedAsInSchema(object)) {
-                found(object.name, "is not defined as in the schema: it can hold checks or computed columns");
+                reportFinding(object.name, "is not defined as in the schema: it can hold checks or computed columns");
             }
         }
     }
@@ -135,10 +135,10 @@ private:
         const RecordsetPtr rows = store_.select("SELECT * FROM " + table, {});
         const ColumnDifferences differences = compareColumns(known, store_.columns(table));
         for (const std::string& column : differences.foreign) {
-            found(table + "." + column, "column that the schema does not have");
+            reportFinding(table + "." + column, "column that the schema does not have");
         }
         for (const OfficeColumn& column : differences.missing) {
-            found(table, "no column " + column.name + ": orv_store upgrade");
+            reportFinding(table, "no column " + column.name + ": orv_store upgrade");
         }
         report_.facts["tables"][table] = rows->RecordCount();
         report_.say(table + ": " + std::to_string(rows->RecordCount()) + " rows");

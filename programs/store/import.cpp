@@ -23,7 +23,7 @@ std::vector<WholeTable> tablesIn(const Options& options, StoreReport& report) {
         throw KeeperFailure(options.store + ": is not a Jet file");
     }
     requireAtRest(options.store);
-    progress(options, options.store + ": reading");
+    reportProgress(options, options.store + ": reading");
     const JetFile file = readJetFile(options.store, {kOfficeTables.begin(), kOfficeTables.end()});
     return makeOfficeTables(file, options, report);
 }

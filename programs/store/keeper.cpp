@@ -62,7 +62,7 @@ bool agreed(const Options& options, const std::string& question) {
     return std::getline(std::cin, answer) && (answer == "y" || answer == "Y" || answer == "yes");
 }
 
-void progress(const Options& options, const std::string& line) {
+void reportProgress(const Options& options, const std::string& line) {
     if (!options.json) {
         std::cerr << printable(line) << std::endl;
     }

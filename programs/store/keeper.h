@@ -79,6 +79,6 @@ void makeWhole(const std::string& path, const std::string& rightsFrom,
 bool agreed(const Options& options, const std::string& question);
 
 /// Shows a progress text if a person is reading.
-void progress(const Options& options, const std::string& line);
+void reportProgress(const Options& options, const std::string& line);
 
 }  // namespace orv

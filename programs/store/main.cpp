@@ -132,7 +132,7 @@ int print(const StoreReport& report, const Options& options) {
     return static_cast<int>(report.ending);
 }
 
-int failed(const Options& options, const std::string& text, const std::string& code) {
+int reportFailure(const Options& options, const std::string& text, const std::string& code) {
     StoreReport report;
     report.ending = Ending::Failed;
     report.facts = {{"failure", {{"text", text}, {"code", code}}}};
@@ -144,7 +144,7 @@ int run(const Command& command, const Options& options) {
     try {
         return print(command.run(options), options);
     } catch (const std::exception& failure) {
-        return failed(options, failure.what(), errorCode(failure));
+        return reportFailure(options, failure.what(), errorCode(failure));
     }
 }
 

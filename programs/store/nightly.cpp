@@ -32,7 +32,7 @@ StoreReport runNightly(const Options& options) {
     const fs::path folder = backupFolder(options);
     const fs::path file = writeBackup(options, folder);
     const std::vector<std::string> removed = removeOutdated(folder);
-    progress(options, pathText(file) + ": written");
+    reportProgress(options, pathText(file) + ": written");
     StoreReport report = checkStore(options);
     const std::size_t findings = report.facts["findings"].size();
     report.facts["backup"] = pathText(file);

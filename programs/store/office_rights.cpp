@@ -83,7 +83,7 @@ fs::path findPart(const fs::path& install, std::string_view name) {
 }
 
 void lookAtOffice(const fs::path& install, const FoundRight& found) {
-    const Look look = reportTo(found, officeOf(install));
+    const Look look = reportTo(found, findOffice(install));
     look(install, PlaceUse::Programs);
     for (const fs::path& path : placesAbove(install)) {
         look(path, PlaceUse::Programs);

@@ -20,7 +20,7 @@ struct OpenRight {
 std::vector<OpenRight> findOpenRights(const std::filesystem::path& path, const std::filesystem::path& office);
 
 /// Returns the folder of the office that has the folder of an install.
-std::filesystem::path officeOf(const std::filesystem::path& install);
+std::filesystem::path findOffice(const std::filesystem::path& install);
 
 /// Returns the files and folders above the folder of an install through which its programs could be replaced.
 std::vector<std::filesystem::path> placesAbove(const std::filesystem::path& install);

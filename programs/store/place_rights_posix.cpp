@@ -61,11 +61,11 @@ std::vector<OpenRight> findOpenRights(const fs::path& path, const fs::path& offi
     return found;
 }
 
-fs::path officeOf(const fs::path& install) { return install.parent_path().parent_path(); }
+fs::path findOffice(const fs::path& install) { return install.parent_path().parent_path(); }
 
 /// A user who can rename BIN in one of them can replace it.
 std::vector<fs::path> placesAbove(const fs::path& install) {
-    const fs::path office = officeOf(install);
+    const fs::path office = findOffice(install);
     return {install.parent_path(), office, office / "registry.txt"};
 }
 

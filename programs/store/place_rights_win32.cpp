@@ -95,7 +95,7 @@ std::vector<OpenRight> findOpenRights(const fs::path& path, const fs::path&) {
     return found;
 }
 
-fs::path officeOf(const fs::path& install) { return install; }
+fs::path findOffice(const fs::path& install) { return install; }
 
 /// Windows itself protects the folders of a drive.
 std::vector<fs::path> placesAbove(const fs::path&) { return {}; }

@@ -21,7 +21,7 @@ constexpr int kMostAttempts = 10;
 constexpr ::mode_t kForOwner = 0600;
 constexpr auto kContents = std::to_array<const char*>({kFile, "store-journal", "store-wal", "store-shm"});
 
-[[noreturn]] void failed(const fs::path& path) { throw KeeperFailure(path.string() + ": " + std::strerror(errno)); }
+[[noreturn]] void raise(const fs::path& path) { throw KeeperFailure(path.string() + ": " + std::strerror(errno)); }
 
 void removeFolder(const fs::path& path, int folder) {
     for (const char* name : kContents) {
@@ -54,7 +54,7 @@ void removeLeft(const fs::path& parent) {
 fs::path newFolder(const fs::path& parent) {
     std::string pattern = (parent / (std::string(kPrefix) + "XXXXXX")).string();
     if (::mkdtemp(pattern.data()) == nullptr) {
-        failed(parent);
+        raise(parent);
     }
     return pattern;
 }
@@ -84,7 +84,7 @@ bool isSame(const struct stat& one, const struct stat& other) {
 ::mode_t rightsLike(const fs::path& model) {
     struct stat facts {};
     if (::stat(model.c_str(), &facts) != 0) {
-        failed(model);
+        raise(model);
     }
     return facts.st_mode & 0660U;
 }
@@ -109,14 +109,14 @@ PrivateFolder::PrivateFolder(const fs::path& parent) : parts_(std::make_unique<P
         parts_->folder = openLocked(parts_->path);
     }
     if (parts_->folder < 0) {
-        failed(parts_->path);
+        raise(parts_->path);
     }
     if (!isOfThisUserAlone(parts_->folder)) {
         throw KeeperFailure(parts_->path.string() + ": was taken away as soon as it was made");
     }
     parts_->file = ::openat(parts_->folder, kFile, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, kForOwner);
     if (parts_->file < 0) {
-        failed(parts_->path);
+        raise(parts_->path);
     }
 }
 
@@ -135,14 +135,14 @@ void PrivateFolder::publish(const std::string& target, const fs::path& rightsFro
         throw KeeperFailure(file() + ": was removed while it was written");
     }
     if (::fchmod(parts_->file, rightsFrom.empty() ? kForOwner : rightsLike(rightsFrom)) != 0) {
-        failed(target);
+        raise(target);
     }
     // Unlike a rename, a hard link never replaces a file that was created meanwhile.
     const bool isLinked = ::linkat(parts_->folder, kFile, AT_FDCWD, target.c_str(), 0) == 0;
     const bool hasLinks = isLinked || (errno != EOPNOTSUPP && errno != EPERM);
     if (!isLinked &&
         (hasLinks || ::renameat2(parts_->folder, kFile, AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0)) {
-        failed(target);
+        raise(target);
     }
 }
 

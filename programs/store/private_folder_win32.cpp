@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 constexpr const char* kFile = "store";
 
 /// Throws for the thread's last error.
-[[noreturn]] void failed(const std::string& path) {
+[[noreturn]] void raise(const std::string& path) {
     try {
         raiseLastError();
     } catch (const RunTimeError& reason) {
@@ -49,7 +49,7 @@ PrivateFolder::PrivateFolder(const fs::path& parent) : parts_(std::make_unique<P
     PrivateAccess access;
     if (!openNative(place.path(),
                     {.access = GENERIC_WRITE, .disposition = CREATE_NEW, .security = access.attributes()})) {
-        failed(place.path());
+        raise(place.path());
     }
 }
 
@@ -66,14 +66,14 @@ void PrivateFolder::publish(const std::string& target, const fs::path& rightsFro
     // Never replaces a file that was created meanwhile.
     if (!retryWhileInUse(
             [&] { return ::MoveFileExW(from.c_str(), longPath(fromWide(to)).c_str(), MOVEFILE_WRITE_THROUGH) != 0; })) {
-        failed(target);
+        raise(target);
     }
     if (!rightsFrom.empty() &&
         !(fs::is_directory(rightsFrom) ? inheritAccess(to) : copyAccess(rightsFrom.wstring(), to))) {
         const DWORD error = ::GetLastError();
         ::DeleteFileW(to.c_str());
         ::SetLastError(error);
-        failed(target);
+        raise(target);
     }
 }
 

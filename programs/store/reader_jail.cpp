@@ -45,7 +45,7 @@ class Filter {
 public:
     explicit Filter(int output) {
         load(offsetof(seccomp_data, arch));
-        unless(kMachine, SECCOMP_RET_KILL_PROCESS);
+        endUnless(kMachine, SECCOMP_RET_KILL_PROCESS);
         load(offsetof(seccomp_data, nr));
         allow(kAllowed);
         allow(kStat);
@@ -68,16 +68,16 @@ private:
     }
     void load(std::size_t offset) { add(BPF_LD | BPF_W | BPF_ABS, static_cast<std::uint32_t>(offset)); }
     void end(std::uint32_t verdict) { add(BPF_RET | BPF_K, verdict); }
-    void when(std::uint32_t value, std::uint32_t verdict) {
+    void endIf(std::uint32_t value, std::uint32_t verdict) {
         add(BPF_JMP | BPF_JEQ | BPF_K, value, 0, 1);
         end(verdict);
     }
     void allow(std::span<const std::uint32_t> calls) {
         for (const std::uint32_t call : calls) {
-            when(call, SECCOMP_RET_ALLOW);
+            endIf(call, SECCOMP_RET_ALLOW);
         }
     }
-    void unless(std::uint32_t value, std::uint32_t verdict) {
+    void endUnless(std::uint32_t value, std::uint32_t verdict) {
         add(BPF_JMP | BPF_JEQ | BPF_K, value, 1, 0);
         end(verdict);
     }
@@ -88,8 +88,8 @@ private:
         constexpr std::size_t kSteps = 6;
         add(BPF_JMP | BPF_JEQ | BPF_K, __NR_write, 0, kSteps);
         load(argument(0));
-        when(descriptors[0], SECCOMP_RET_ALLOW);
-        when(descriptors[1], SECCOMP_RET_ALLOW);
+        endIf(descriptors[0], SECCOMP_RET_ALLOW);
+        endIf(descriptors[1], SECCOMP_RET_ALLOW);
         end(SECCOMP_RET_KILL_PROCESS);
     }
 

@@ -111,7 +111,7 @@ CopiedTable write(const WholeTable& table, StoreConnection& to) {
 
 std::function<void(const CopiedTable&)> makeReporter(const Options& options, StoreReport& report) {
     return [&options, &report](const CopiedTable& table) {
-        progress(options, table.name + ": " + std::to_string(table.rows) + " rows");
+        reportProgress(options, table.name + ": " + std::to_string(table.rows) + " rows");
         report.facts["tables"].push_back({{"name", table.name}, {"rows", table.rows}, {"checksum", table.checksum}});
         report.say(table.name + " " + std::to_string(table.rows) + " " + table.checksum);
     };

@@ -15,7 +15,7 @@ StoreReport unlockStore(const Options& options) {
     }
     for (; !held->Eof(); held->MoveNext()) {
         const Value since = held->Fields(1);
-        progress(options, toText(held->Fields(0)) + " since " + (since.isNull() ? "?" : toText(since)));
+        reportProgress(options, toText(held->Fields(0)) + " since " + (since.isNull() ? "?" : toText(since)));
     }
     if (!agreed(options, "Is the program on " + options.other + " no longer running, and may these be freed?")) {
         report.say("nothing freed");

@@ -55,7 +55,7 @@ Upgrade planUpgrade(StoreConnection& store) {
 void addColumns(StoreConnection& store, const std::vector<NewColumn>& columns, const Options& options) {
     store.begin();
     for (const NewColumn& column : columns) {
-        progress(options, column.name() + ": adding");
+        reportProgress(options, column.name() + ": adding");
         store.runScript("ALTER TABLE " + column.table + " ADD COLUMN " + column.column.definition);
     }
     store.commit();

@@ -14,7 +14,7 @@ Composition::Composition(const std::string& programFolder)
       programs_(office_.paths),
       siblings_(programs_, watchHandle),
       windows_(findLayout, forms_),
-      running_(watchHandle, programFolder, [this] { windows_.toFront(); }),
+      running_(watchHandle, programFolder, [this] { windows_.bringToFront(); }),
       messages_(
           windows_, office_.files, office_.codePage, [] { return com().SysMsgTbl(); },
           [](const std::string& code, const std::string& text) { logError(code, text); }),

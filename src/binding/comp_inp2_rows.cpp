@@ -60,7 +60,7 @@ bool showPhoto1() { return showPhoto(0); }
 bool showPhoto2() { return showPhoto(1); }
 
 /// Only companies with a number from the server can have photos.
-void photoSlots() {
+void enablePhotoSlots() {
     P& form = page<P>();
     const bool numbered = !isNew();
     form.lbl_ImgMsg.setVisible(!numbered);
@@ -96,7 +96,7 @@ constexpr auto kToPage = std::to_array<Step>({
     row(&R::COMPANY_URL),
     step<showPhoto1>(&R::PHOTO_GRP1, &R::PHOTO_FILE1),
     step<showPhoto2>(&R::PHOTO_GRP2, &R::PHOTO_FILE2),
-    step<photoSlots>(),
+    step<enablePhotoSlots>(),
 });
 
 constexpr auto kToRecord = std::to_array<Step>({

@@ -95,7 +95,7 @@ void PF_ImageDataTransfer() {
         }
         const std::string path = com().ImgNoFolder(slot.index) + photo;
         if (PF_FileCanOpen(path) && !isFtp) {
-            services().windows->working(sendingPhoto(slot));
+            services().windows->showWork(sendingPhoto(slot));
             RH_ImageDataTransfr(path);
         }
     }

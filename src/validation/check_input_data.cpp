@@ -13,7 +13,7 @@
 namespace orv {
 namespace {
 
-void pointerBack() { services().forms->setPointer(kPointerDefault); }
+void restorePointer() { services().forms->setPointer(kPointerDefault); }
 
 void showFault(const PageEntry& page, PageForm& currentForm, const Refusal& refusal) {
     if (!PF_Change_Frm_CompInp(static_cast<std::int16_t>(page.number), currentForm)) {
@@ -23,7 +23,7 @@ void showFault(const PageEntry& page, PageForm& currentForm, const Refusal& refu
     if (refusal.focus != nullptr) {
         refusal.focus->setFault(refusal.text);
     }
-    pointerBack();
+    restorePointer();
     showMessage("COS19800", {refusal.text});
 }
 
@@ -55,7 +55,7 @@ bool PF_CheckInputData(PageForm& currentForm) {
         bool passed = false;
         // Restores the pointer before a failure is reported.
         if (const auto failure = caught([&] { passed = checkPages(currentForm); })) {
-            pointerBack();
+            restorePointer();
             throw *failure;
         }
         return passed;

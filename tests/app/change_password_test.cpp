@@ -14,7 +14,7 @@ protected:
         }
     }
     /// Opens the dialog by mouse and runs `work` in it. The dialog must be closed at the end.
-    void inDialog(const std::function<void()>& work) {
+    void runInDialog(const std::function<void()>& work) {
         bool worked = false;
         QTimer operatorAtWork;
         QObject::connect(&operatorAtWork, &QTimer::timeout, [&] {
@@ -38,7 +38,7 @@ protected:
 
 TEST_F(ChangePassword, IsTakenOverByEnterAndStoredByTheSave) {
     startOn(0);
-    inDialog([&] {
+    runInDialog([&] {
         EXPECT_EQ(focused(), "txt_Password(0)");
         EXPECT_EQ(findWindow(dialog())->windowTitle(), "パスワード変更[*]");
         EXPECT_EQ(dialog().canvas().back(), kPageBack);
@@ -86,7 +86,7 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndShowsNoPassword) {
          }) {
         SCOPED_TRACE(std::string(row.present) + "/" + row.wanted + "/" + row.again);
         messages.shown.clear();
-        inDialog([&] {
+        runInDialog([&] {
             typeThree(row.present, row.wanted, row.again);
             click(dialog().btm_Entry);
             EXPECT_EQ(messages.shown, std::vector{row.shown});
@@ -102,12 +102,12 @@ TEST_F(ChangePassword, ARefusalLeavesTheDialogOpenAndShowsNoPassword) {
 
 TEST_F(ChangePassword, AFailureOfTheCheckIsReported) {
     startOn(0);
-    inDialog([&] {
+    runInDialog([&] {
         typeThree("mihon01", "abcde", "abcde");
         store.fail(Call::Close);
         store.raised = Failure::OutOfMemory;
         click(dialog().btm_Entry);
-        store.mend();
+        store.repair();
         expectReported("7", "[ PF_CheckPwd ] メモリが足りません。");
         press(Qt::Key_Escape);
     });

@@ -6,7 +6,7 @@ namespace {
 
 class Settings : public SystemTest {
 protected:
-    void registryIs(const std::string& text) const { writeFile(office.root() + "/registry.txt", text); }
+    void writeRegistry(const std::string& text) const { writeFile(office.root() + "/registry.txt", text); }
 };
 
 /// A setting for each way of reading one.
@@ -78,18 +78,18 @@ TEST_F(Settings, ABackslashIsAddedByTheLastByte) {
 TEST_F(Settings, TheInstallFolderIsInTheRegistryOrNextToTheProgram) {
     for (const auto& [folder, file] : {std::pair{"C:\\Z", "C:\\Z\\SYS\\system.ini"}, {"Z:\\", "Z:\\SYS\\system.ini"}}) {
         dropSharedSettings();
-        registryIs(std::string("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=") + folder);
+        writeRegistry(std::string("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=") + folder);
         EXPECT_EQ(com().P_GetInstallFolderPath(), folder);
         EXPECT_EQ(com().SysSystemIni(), file);
     }
     dropSharedSettings();
-    registryIs("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ｏrv_μёⅳ社");
+    writeRegistry("[HKEY_LOCAL_MACHINE\\SOFTWARE\\ZENTHA\\ORV]\nInstallKey=C:\\ｏrv_μёⅳ社");
     EXPECT_EQ(com().SysKcount(), "C:\\ＯRV_ΜЁⅣ社\\SYS\\Kcount.ini");
     std::filesystem::create_directories(filePath(office.root() + "/C/ｏrv_μёⅳ社/sys"));
     writeFile(office.root() + "/C/ｏrv_μёⅳ社/sys/Kcount.ini", "");
     EXPECT_TRUE(files.exists(com().SysKcount()));
     dropSharedSettings();
-    registryIs("");
+    writeRegistry("");
     EXPECT_EQ(com().SysSystemIni(), "C:\\ORV\\BIN\\..\\SYS\\system.ini");
     EXPECT_EQ(com().P_GetInstallFolderPath(), "C:\\ORV\\BIN\\");
     EXPECT_EQ(gErrMsg, "[ P_GetRegQueryString ] レジストリファイルをオープンできませんでした。");

@@ -23,7 +23,7 @@ protected:
     Terminal makeTerminal(const std::string& computer) { return Terminal(*office_, display_.name(), computer); }
 
     /// Returns a terminal that shows the company's first page.
-    Terminal opened(const std::string& argument = "000004601,1,0") {
+    Terminal openProgram(const std::string& argument = "000004601,1,0") {
         Terminal terminal = makeTerminal("DESK-01");
         terminal.start(argument);
         EXPECT_TRUE(terminal.waitForPage(0));

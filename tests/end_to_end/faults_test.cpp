@@ -136,7 +136,7 @@ TEST_F(Faults, ASlowSaveIsPaintedAndTakesNoInput) {
     terminal.click("btm_Save");
     ASSERT_TRUE(eventually([&] { return contains(server_->log(), "/cussend/ "); }));
     terminal.minimise();
-    terminal.toFront();
+    terminal.bringToFront();
     EXPECT_TRUE(eventually([&] { return terminal.coloursShown() > colours / 2; })) << terminal.coloursShown();
     {
         const Process cover({"bash", "-c", "exec xev -geometry 1200x740+20+20 >/dev/null"},

@@ -10,7 +10,7 @@ using OpenEditSave = EndToEnd;
 
 TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
     const std::string mailFlag = field("MAIL_FLG");
-    Terminal terminal = opened();
+    Terminal terminal = openProgram();
     EXPECT_EQ(locks(), "000004601 DESK-01");
     terminal.signal(SIGPIPE);  // a broken pipe does not end the program
     terminal.enter("txt_Tanto_Name", "操作　花子");
@@ -43,7 +43,7 @@ TEST_F(OpenEditSave, AChangeOnTwoPagesReachesStoreAndServer) {
 }
 
 TEST_F(OpenEditSave, KeysChangePagesHelpSaveAndCloseDialogs) {
-    Terminal terminal = opened();
+    Terminal terminal = openProgram();
     const auto expectHelp = [&](const std::string& subject, int page) {
         terminal.key("F1");
         ASSERT_TRUE(terminal.waitForWindow(subject + " - ヘルプ"));
@@ -90,7 +90,7 @@ protected:
     std::string photo = office_->copyPhoto();
     std::filesystem::path original = office_->drive() / "ORV/PHOTO" / photo;
     std::filesystem::path stored = office_->drive() / "ORV/IMG/1/000004601COS00000000_01.jpg";
-    Terminal terminal = opened();
+    Terminal terminal = openProgram();
 };
 
 TEST_F(Photo, TakenThroughTheDialogsItReachesStoreAndServer) {
@@ -135,7 +135,7 @@ TEST_F(Photo, EveryWayBackLeavesTheStoredPhoto) {
 using TwoTerminals = EndToEnd;
 
 TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunDoesNotLockOthersOut) {
-    Terminal first = opened();
+    Terminal first = openProgram();
     Terminal second = makeTerminal("DESK-02");
     second.start("000004601,1,0");
     answer(second);
@@ -155,7 +155,7 @@ TEST_F(TwoTerminals, TheSecondIsRefusedAndADeadRunDoesNotLockOthersOut) {
 
     first.kill();
     EXPECT_EQ(locks(), "000004601 DESK-01") << "a dead run leaves its lock";
-    Terminal again = opened();
+    Terminal again = openProgram();
     EXPECT_EQ(locks(), "000004601 DESK-01");
     again.key("alt+F4");
     leaveByYes(again);

@@ -23,7 +23,7 @@ protected:
 };
 
 TEST_F(ServerStore, AServerThatGoesAndComesBackCostsNothing) {
-    Terminal terminal = opened();
+    Terminal terminal = openProgram();
     terminal.enter("txt_Tanto_Name", "操作　花子");
     database_.stop("immediate");
     terminal.click("btm_Save");

@@ -28,14 +28,14 @@ protected:
     /// Expects the page to accept input at the house number, with the old address.
     void expectUsable(const std::string& number) {
         ASSERT_TRUE(terminal.waitForPage(0));
-        terminal.toFront();
+        terminal.bringToFront();
         typeOver(number);
         saveAndAnswer(0);
         EXPECT_EQ(field("ADDRESS_NUMBER"), number);
         EXPECT_EQ(field("ADDRESS || ADDRESS_CODE || POST_CODE"), "東京都新宿区新宿３丁目13104022003160-0022");
     }
 
-    Terminal terminal = opened();
+    Terminal terminal = openProgram();
 };
 
 TEST_F(SiblingPrograms, AnAddressIsFoundByItsPostCode) {
@@ -69,7 +69,7 @@ TEST_F(SiblingPrograms, ALineAndAStation) {
 TEST_F(SiblingPrograms, OnesThatEndWithoutAChoiceGiveThePageBack) {
     openSearch("btm_SearchOfficeAddress", kAddressSearch);
     ASSERT_TRUE(terminal.waitForPage(0, false));
-    terminal.toFront();
+    terminal.bringToFront();
     terminal.click("txt_Tanto_Name");
     EXPECT_TRUE(eventually([&] { return terminal.frontTitle() == kAddressSearch; })) << terminal.frontTitle();
     ASSERT_TRUE(terminal.waitForWindow(kAddressSearch));
@@ -89,7 +89,7 @@ TEST_F(SiblingPrograms, OneThatAnswersNoMoreIsLeftByTheCloseBox) {
     const int search = terminal.windowProcess();
     kill(search, SIGSTOP);
     ASSERT_TRUE(terminal.waitForPage(0, false));
-    terminal.toFront();
+    terminal.bringToFront();
     terminal.click("btm_Back_Menu");
     terminal.key("alt+F4");
     expectUsable("66");

@@ -210,7 +210,7 @@ public:
         start();
         page<frm_CompInp0>().chk_EqualData.setValue(0);
     }
-    void hear(const std::string& said) {
+    void receive(const std::string& said) {
         auto& form = page<frm_CompInp0>();
         form.btm_SearchOfficeAddress.press();
         const SiblingCalls calls{
@@ -244,7 +244,7 @@ private:
 
 /// Tests the lines that a search program sends to a waiting page. The handles of the fields are written as 1 to 3, that
 /// of the button as 4.
-void feedSibling(const std::string& bytes) { sharedOffice<Searches>().hear(bytes); }
+void feedSibling(const std::string& bytes) { sharedOffice<Searches>().receive(bytes); }
 
 std::vector<std::string> pictureSeeds() {
     std::vector<std::string> seeds;

@@ -15,7 +15,7 @@ protected:
         picture(1600, 1200, 3 << 20);
         pictures.script.sizeAt = [](int factor) { return factor < 85 ? 61441 : 1536; };
     }
-    void during(const Script& script) {
+    void operate(const Script& script) {
         windows.onModal("frm_ImgCommon", [script](Form& form) { script(dynamic_cast<frm_ImgCommon&>(form)); });
     }
     /// Returns the resulting target, or the pair.
@@ -26,7 +26,7 @@ protected:
 };
 
 TEST_F(Confirmation, ShowsTheExactFiguresOfBothPictures) {
-    during([](frm_ImgCommon& form) {
+    operate([](frm_ImgCommon& form) {
         EXPECT_EQ(form.caption(), "画像変換確認");
         EXPECT_EQ(form.lbl_ImgCommonTitle.caption(),
                   "以下の登録画像を保存します。よろしければ確定ボタンを押してください。");
@@ -41,7 +41,7 @@ TEST_F(Confirmation, ShowsTheExactFiguresOfBothPictures) {
     EXPECT_EQ(windows.calls, (std::vector<std::string>{"open frm_ImgCommon", "centre frm_ImgCommon",
                                                        "modal frm_ImgCommon", "close frm_ImgCommon"}));
     pictures.script.sizeAt = [](int) { return 1000; };
-    during([](frm_ImgCommon& form) {
+    operate([](frm_ImgCommon& form) {
         EXPECT_TRUE(form.lbl_AfterImg.caption().ends_with(",255/255(画質率)")) << "scaled and not searched for";
         form.cmd_Entry.press();
     });
@@ -53,7 +53,7 @@ TEST_F(Confirmation, APictureThatWasNotChangedIsNotAskedAbout) {
     EXPECT_EQ(fit(), kWork);
     EXPECT_TRUE(windows.calls.empty());
     picture(640, 480, 61441);
-    during([](frm_ImgCommon& form) { form.cmd_Entry.press(); });
+    operate([](frm_ImgCommon& form) { form.cmd_Entry.press(); });
     EXPECT_EQ(fit(), kWork);
 }
 
@@ -64,7 +64,7 @@ TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
         {[&](frm_ImgCommon& form) { forms.unload(form, UnloadMode::CloseBox); }, ""},
     };
     for (const auto& [way, target] : ways) {
-        during(way);
+        operate(way);
         EXPECT_EQ(fit(), target);
     }
     during([](frm_ImgCommon&) { throw RunTimeError(Failure::OutOfMemory); });
@@ -74,7 +74,7 @@ TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
 
 /// The window without the fixed margins is divided among the controls. If the result is not positive, nothing changes.
 TEST_F(Confirmation, FollowsTheWindow) {
-    during([](frm_ImgCommon& form) {
+    operate([](frm_ImgCommon& form) {
         struct Case {
             Point size;
             int width, height, top, left;
@@ -120,7 +120,7 @@ public:
 TEST_F(Confirmation, HelpIsShownByF1AndItsFailureIsLoggedFirst) {
     RecordedHelp help;
     services().help = &help;
-    during([&](frm_ImgCommon& form) {
+    operate([&](frm_ImgCommon& form) {
         form.cmd_Cancel.setFocus();
         form.keyDown(kKeyF1);
         form.keyDown(kKeyEscape);

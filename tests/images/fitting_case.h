@@ -18,7 +18,7 @@ protected:
     void picture(int width, int height, std::int32_t size = 1000) {
         pictures.script.unwritten = {.sizeDisk = size, .width = width, .height = height, .bits = 24, .format = 7};
     }
-    void limits(const std::string& width, const std::string& height, const std::string& size = "61440") {
+    void setLimits(const std::string& width, const std::string& height, const std::string& size = "61440") {
         settings.set("IMG", "LONG_W", width);
         settings.set("IMG", "LONG_H", height);
         settings.set("IMG", "MAXSIZE", size);

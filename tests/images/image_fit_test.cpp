@@ -26,7 +26,7 @@ TEST_F(ImageFit, TheSideThatIsFurtherOutDecidesAndTheOtherFollows) {
           Case{65536, 65536, 32768, 32768, "6"}, Case{65540, 65538, 32766, 32766, "32766x32765"}}) {
         SCOPED_TRACE(std::to_string(c.width) + "x" + std::to_string(c.height) + " to " + c.outcome);
         picture(c.width, c.height);
-        limits(std::to_string(c.limitWidth), std::to_string(c.limitHeight));
+        setLimits(std::to_string(c.limitWidth), std::to_string(c.limitHeight));
         pictures.script.written.clear();
         pictures.script.factors.clear();
         clearPair();

@@ -12,7 +12,7 @@ protected:
         pictures.script.written[kWork] = {.sizeDisk = 1 << 20, .width = 640, .height = 480, .bits = 24, .format = 7};
         pictures.script.sizeAt = [first](int factor) { return factor >= first ? 5 : 9; };
         pictures.script.factors.clear();
-        limits("640", "480", "5");
+        setLimits("640", "480", "5");
         bool changed = false;
         windows.repaints = 0;
         EXPECT_TRUE(PF_ChangeQFactor(image, changed) && changed);

@@ -93,7 +93,7 @@ TEST_F(Probe, AFailureLooksLikeARowAndIsReportedByThePair) {
     EXPECT_FALSE(PF_GetRowCountZero("", "000009999", kCountInfo, ""));
     EXPECT_EQ(gErrMsg + gErrCode, "ストアの故障DB:77");
     clearPair();
-    store.mend();
+    store.repair();
     store.fail(FailingStore::Call::CloseRows);
     EXPECT_TRUE(PF_GetRowCountZero("", "000009999", kCountInfo, ""))
         << "the answer was there before the closing failed";

@@ -29,7 +29,7 @@ public:
     void fail(Call call, const std::string& part = "", int nth = 1, bool again = false) {
         faults_.push_back({call, part, nth, again});
     }
-    void mend() {
+    void repair() {
         faults_.clear();
         raised.reset();
     }
@@ -95,7 +95,7 @@ private:
         statements.push_back(sql);
         if (watch) watch(sql);
     }
-    bool hit(Call call, const std::string& text) {
+    bool fails(Call call, const std::string& text) {
         bool failing = false;
         for (Fault& fault : faults_) {
             if (fault.call == call && text.find(fault.part) != std::string::npos) {
@@ -109,14 +109,14 @@ private:
         return failing;
     }
     void unlessHit(Call call, const std::string& text, bool& ok, const std::function<void()>& real) {
-        ok = !hit(call, text);
+        ok = !fails(call, text);
         if (ok) {
             real();
             injected_ = injected_ && ok;
         }
     }
     void alsoWhenHit(Call call, bool& ok, const std::function<void()>& real) {
-        const bool failing = hit(call, "");
+        const bool failing = fails(call, "");
         real();
         ok = ok && !failing;
     }

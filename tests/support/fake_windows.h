@@ -22,10 +22,10 @@ public:
     std::size_t showNotice(const Notice&) override { return 0; }
     std::optional<std::string> openFile(const FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
-    void working(const std::string&) override {}
+    void showWork(const std::string&) override {}
     void pointToSibling(Form&, const std::string&, std::function<void()>) override {}
     void beep() override {}
-    void pointer(bool) override {}
+    void showPointer(bool) override {}
     void repaint() override {}
 };
 
@@ -80,8 +80,8 @@ public:
         EXPECT_EQ(notice.buttons.size(), 1U) << "unexpected question: " << notice.text;
         return notice.escapeButton;
     }
-    void pointer(bool busy) override { hourglass = busy; }
-    void working(const std::string& what) override { work = what; }
+    void showPointer(bool busy) override { hourglass = busy; }
+    void showWork(const std::string& what) override { work = what; }
     void pointToSibling(Form&, const std::string& line, std::function<void()>) override { work = line; }
     void repaint() override {
         ++repaints;

@@ -123,7 +123,7 @@ protected:
     void turnTo(int page) { screen().btm_ChangePage[static_cast<std::size_t>(page)].press(); }
     void save() { screen().btm_Save.press(); }
     void leave() { screen().btm_Back_Menu.press(); }
-    void closeBox() { forms.unload(screen(), UnloadMode::CloseBox); }
+    void pressCloseBox() { forms.unload(screen(), UnloadMode::CloseBox); }
     void choose(const std::string& userId) { screen().cbo_User_Id.setText(userId); }
     /// Sets the answer to the next question: 1 keeps the present state.
     void answer(std::int32_t number) { messages.answers.push_back(number); }

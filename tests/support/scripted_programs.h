@@ -35,7 +35,7 @@ public:
         commandLines.push_back(commandLine);
         calls_ = std::move(calls);
     }
-    void toFront() override {}
+    void bringToFront() override {}
     void dismiss() override { calls_.reset(); }
 
     bool listenedTo() const { return calls_.has_value(); }

@@ -54,17 +54,17 @@ inline QImage decoded(const std::string& photo, QSize size) {
     return reader.read();
 }
 
-Result start(const std::string& folder);
-Result save(const std::string& folder);
+Result measureStart(const std::string& folder);
+Result measureSave(const std::string& folder);
 /// Opens the page of the photos in a real window with `photo` in both slots.
-void window(const std::string& folder, const std::string& photo);
+void measureWindow(const std::string& folder, const std::string& photo);
 /// Operates all pages for that time. 0 minutes means 10,000 page changes, 1,000 switches and 1,000 saves. Prints the
 /// growth of memory and of the time for a page change.
-void soak(const std::string& folder, double minutes);
+void measureGrowth(const std::string& folder, double minutes);
 /// Prints the time from each kind of input to the last painting that follows it. Measures the real program at two
 /// scales, with few and many companies. `photo` is chosen and shown.
-void clicks(const std::string& folder, const std::string& photo);
+void measureClicks(const std::string& folder, const std::string& photo);
 /// `companies` is the number of companies in the store.
-Result list(const std::string& folder, int companies);
+Result measureList(const std::string& folder, int companies);
 
 }  // namespace bench

@@ -162,7 +162,7 @@ void measure(const std::string& folder, const std::string& photo, const std::str
 
 }  // namespace
 
-void clicks(const std::string& folder, const std::string& photo) {
+void measureClicks(const std::string& folder, const std::string& photo) {
     for (const int companies : {kSampleCompanies, kManyCompanies}) {
         for (const char* scale : {"1", "2"}) {
             measure(folder, photo, scale, companies);

@@ -54,7 +54,7 @@ double startTime(const std::string& folder, int companies, int rounds) {
 
 }  // namespace
 
-Result list(const std::string& folder, int companies) {
+Result measureList(const std::string& folder, int companies) {
     const orv::Application application("bench");
     constexpr int kRounds = 15;
     const double few = startTime(folder + "/list-office-few", 10, kRounds);

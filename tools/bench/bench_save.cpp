@@ -57,7 +57,7 @@ void post(const std::string& url, const std::string& body) {
 }
 
 /// Runs the three statements in one transaction that is as durable as the program's.
-void transaction(const std::filesystem::path& store) {
+void runTransaction(const std::filesystem::path& store) {
     std::array<std::string, 3> statements;
     static_cast<void>(orv::P_MakeUpdateSQL_Info(statements[0], orv::tCustomerInfo.USER_ID));
     static_cast<void>(orv::P_MakeUpdateSQL_Add(statements[1], orv::tCustomerInfo.USER_ID));
@@ -75,7 +75,7 @@ void transaction(const std::filesystem::path& store) {
 
 }  // namespace
 
-Result save(const std::string& folder) {
+Result measureSave(const std::string& folder) {
     const ui_driver::ServerProcess server(folder + "/save-server");
     const ui_driver::Office office(folder + "/save-office", server.port());
     const orv::Application application("bench");
@@ -96,12 +96,12 @@ Result save(const std::string& folder) {
         }
     };
     const auto peer = [&] {
-        transaction(office.store());
+        runTransaction(office.store());
         perform(request(base + "/cussend/"));
         put(base + "/rereceive46/davroot/peer_01.jpg", photo(1));
         put(base + "/rereceive46/davroot/peer_02.jpg", photo(2));
         post(base + "/cussend/register", body);
-        transaction(office.store());
+        runTransaction(office.store());
     };
     ours();
     peer();

@@ -138,7 +138,7 @@ void printCourse(const char* name, const char* unit, const std::vector<Reading>&
 
 }  // namespace
 
-void soak(const std::string& folder, double minutes) {
+void measureGrowth(const std::string& folder, double minutes) {
     const auto start = std::chrono::steady_clock::now();
     const std::vector<Reading> readings = workedFor(folder, [&](std::size_t rounds) {
         const std::chrono::duration<double, std::ratio<60>> passed = std::chrono::steady_clock::now() - start;

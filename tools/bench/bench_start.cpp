@@ -6,7 +6,7 @@
 
 namespace bench {
 
-Result start(const std::string& folder) {
+Result measureStart(const std::string& folder) {
     const ui_driver::VirtualDisplay display;
     const ui_driver::Office office(folder + "/start-office", "1");
     const std::string program = (office.drive() / "ORV/BIN/START.EXE").string();

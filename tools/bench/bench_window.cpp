@@ -45,7 +45,7 @@ private:
 
 }  // namespace
 
-void window(const std::string& folder, const std::string& photo) {
+void measureWindow(const std::string& folder, const std::string& photo) {
     const ui_driver::Office office(folder + "/window-office", "1");
     for (const std::string slot : {"1", "2"}) {
         std::filesystem::copy_file(photo,

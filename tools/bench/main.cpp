@@ -14,23 +14,23 @@ void run(int argc, char* argv[]) {
     const std::string folder = argv[1];
     const std::string only = argc > 2 ? argv[2] : "";
     if (only.empty() || only == "start") {
-        bench::print("start", bench::start(folder));
+        bench::print("start", bench::measureStart(folder));
     }
     if (only.empty() || only == "save") {
-        bench::print("save", bench::save(folder));
+        bench::print("save", bench::measureSave(folder));
     }
     if (only.empty() || only == "list") {
-        bench::print("list100000", bench::list(folder, 100000));
-        bench::print("list10000", bench::list(folder, 10000));
+        bench::print("list100000", bench::measureList(folder, 100000));
+        bench::print("list10000", bench::measureList(folder, 10000));
     }
     if (only == "window" && argc == 4) {
-        bench::window(folder, argv[3]);
+        bench::measureWindow(folder, argv[3]);
     }
     if (only == "clicks" && argc == 4) {
-        bench::clicks(folder, argv[3]);
+        bench::measureClicks(folder, argv[3]);
     }
     if (only == "soak") {
-        bench::soak(folder, argc > 3 ? std::atof(argv[3]) : 0);
+        bench::measureGrowth(folder, argc > 3 ? std::atof(argv[3]) : 0);
     }
 }
 

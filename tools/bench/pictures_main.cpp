@@ -38,7 +38,7 @@ QSize within(const orv::PictureInfo& info, QSize limit) {
 }
 
 /// Fits a photo as the program does: scales it, and searches the best factor in ten saves.
-void fitted(const std::string& photo, const std::string& target, std::int64_t limit) {
+void fitByProgram(const std::string& photo, const std::string& target, std::int64_t limit) {
     const orv::PictureInfo info = pictures().info(photo);
     const auto picture = pictures().load(photo, {kLimit.width(), kLimit.height()});
     const QSize size = within(info, kLimit);
@@ -59,7 +59,7 @@ void fitted(const std::string& photo, const std::string& target, std::int64_t li
 }
 
 /// The same work by the toolkit: one scaled decoding and ten encodings.
-void fittedByToolkit(const std::string& photo, QSize size) {
+void fitByToolkit(const std::string& photo, QSize size) {
     const QImage image = decoded(photo, size);
     for (const int quality : {1, 95, 60, 80, 88, 92, 90, 91, 91, 91}) {
         QBuffer buffer;
@@ -67,17 +67,17 @@ void fittedByToolkit(const std::string& photo, QSize size) {
     }
 }
 
-void fit(const std::string& photo, const fs::path& work) {
+void measureFit(const std::string& photo, const fs::path& work) {
     const QSize size = within(pictures().info(photo), kLimit);
     for (const int kilobytes : {60, 20}) {
-        const auto ours = [&] { fitted(photo, work / "target.jpg", kilobytes * 1024); };
+        const auto ours = [&] { fitByProgram(photo, work / "target.jpg", kilobytes * 1024); };
         print("fit " + fs::path(photo).stem().string() + " to " + std::to_string(kilobytes) + " KB",
-              alternately(kRounds, ours, [&] { fittedByToolkit(photo, size); }));
+              alternately(kRounds, ours, [&] { fitByToolkit(photo, size); }));
     }
 }
 
 /// Fills both slots of a page: loads the photo for the slot's size and scales it.
-void thumb(const std::string& photo, const fs::path& /*work*/) {
+void measureThumb(const std::string& photo, const fs::path& /*work*/) {
     const orv::PictureInfo info = pictures().info(photo);
     const QSize shown = within(info, kShown);
     const auto twice = [](const auto& work) {
@@ -97,7 +97,8 @@ void thumb(const std::string& photo, const fs::path& /*work*/) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    const std::map<std::string, void (*)(const std::string&, const fs::path&)> works{{"fit", fit}, {"thumb", thumb}};
+    const std::map<std::string, void (*)(const std::string&, const fs::path&)> works{{"fit", measureFit},
+                                                                                     {"thumb", measureThumb}};
     const auto work = argc == 4 ? works.find(argv[1]) : works.end();
     if (work == works.end()) {
         std::cerr << "bench_pictures fit|thumb PHOTOS WORK\n";

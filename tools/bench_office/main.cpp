@@ -49,7 +49,7 @@ int onFile(const Measure& measure) {
 }
 
 /// Makes the server as durable as the file, with two sessions per terminal.
-void makeEarnest(const orv::PrivateServer& server) {
+void makeDurable(const orv::PrivateServer& server) {
     server.sql("postgres", "ALTER SYSTEM SET fsync = on");
     server.sql("postgres", "ALTER SYSTEM SET max_connections = 200");
     server.stop("fast");
@@ -79,7 +79,7 @@ int overPooler(const Measure& measure, orv::PrivateServer& server, const Site& s
 
 int onServer(const Measure& measure) {
     orv::PrivateServer server;
-    makeEarnest(server);
+    makeDurable(server);
     const Site site(measure.folder / "server", server.storeFile(), measure.companies);
     int lost = 0;
     for (const int terminals : kTerminals) {

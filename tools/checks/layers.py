@@ -42,7 +42,7 @@ def table_faults(modules):
     return faults
 
 
-def graph_of(modules):
+def draw_graph(modules):
     """Draws the modules by layer. Each line names the highest modules that a module uses."""
     lower = {module: set(modules) - {module} if others == ["*"] else set(others) for module, others in modules.items()}
     layers = {}
@@ -60,18 +60,18 @@ def graph_faults(modules, write):
     text = DOCUMENT.read_text(encoding="utf-8")
     before, begin, rest = text.partition("<!-- graph -->\n")
     _, end, after = rest.partition("<!-- end of graph -->\n")
-    current = f"{before}{begin}\n{graph_of(modules)}\n{end}{after}"
+    current = f"{before}{begin}\n{draw_graph(modules)}\n{end}{after}"
     if write:
         DOCUMENT.write_text(current, encoding="utf-8")
         return []
     return [] if text == current else ["docs/architecture.md: another graph than the table's; run layers.py --write-graph"]
 
 
-def module_of(path):
+def find_module(path):
     return str(Path(path).parent)
 
 
-def includes_of(path):
+def read_includes(path):
     text = path.read_text(encoding="utf-8")
     own = re.findall(r'^#include "([^"]+)"', text, re.M)
     foreign = re.findall(r"^#include <([^>]+)>", text, re.M)
@@ -86,7 +86,7 @@ TYPE = re.compile(r"(?:^|\W)(?:struct|class|union|enum(?: class| struct)?) (\w+)
 ALIAS = re.compile(r"^(?:template <.*> )?using (\w+) = ")
 
 
-def types_of(text):
+def find_types(text):
     """Returns the names of the types that a file defines in namespace orv and in the named namespaces inside it."""
     names, scopes, before, start = [], [], "", 0
     for token in TOKEN.finditer(text):
@@ -121,7 +121,7 @@ def type_faults(root):
     """Two types with the same name are undefined behaviour, and no other tool reports them reliably."""
     homes = {}
     for file in (p for p in code_files(root, "src", "programs", "tools") if p.suffix != ".py"):
-        for name in types_of(file.read_text(encoding="utf-8")):
+        for name in find_types(file.read_text(encoding="utf-8")):
             homes.setdefault(name, set()).add(str(file.relative_to(root)))
     return [f"two types named orv::{name}: {', '.join(sorted(files))}" for name, files in homes.items() if len(files) > 1]
 
@@ -149,9 +149,9 @@ def include_faults(modules, graph):
     allowed = {(module, other) for module, lower in modules.items() for other in lower if other != "*"}
     faults, used = [], set()
     for name, own in graph.items():
-        module = module_of(name)
+        module = find_module(name)
         for other in own:
-            edge = module, module_of(other)
+            edge = module, find_module(other)
             used.add(edge)
             if edge[0] != edge[1] and modules.get(module) != ["*"] and edge not in allowed:
                 faults.append(f"{name}: includes {other}, which {module} must not")
@@ -165,9 +165,9 @@ def main():
     files = sorted(p for p in SRC.rglob("*") if p.suffix in (".h", ".cpp"))
     for file in files:
         name = str(file.relative_to(SRC))
-        module = module_of(name)
+        module = find_module(name)
         free = module == "app" or module.startswith("adapters")
-        own, foreign = includes_of(file)
+        own, foreign = read_includes(file)
         graph[name] = own
         stems.setdefault((file.stem, file.suffix), []).append(name)
         if module not in modules:

@@ -27,7 +27,7 @@ class Section:
         return "\n".join(self.lines).strip()
 
 
-def sections_of(page):
+def read_sections(page):
     sections, anchors = [], []
     for line in page.read_text(encoding="utf-8").splitlines():
         if anchor := ANCHOR.fullmatch(line):
@@ -43,7 +43,7 @@ def sections_of(page):
 class Manual:
     def __init__(self, folder):
         self.folder = folder
-        self.sections = [section for page in sorted(folder.glob("*.md")) for section in sections_of(page)]
+        self.sections = [section for page in sorted(folder.glob("*.md")) for section in read_sections(page)]
         self.by_anchor = {anchor: section for section in self.sections for anchor in section.anchors}
 
     def rows(self, page):

@@ -89,7 +89,7 @@ Outcome Checker::runUnder(const Injection& injection, const std::string& company
 
 void Checker::checkEvent(const std::string& line) {
     if (eventName(line) == "edit") {
-        fixture_.edited();
+        fixture_.editCompany();
     }
     const std::string state = fixture_.state();
     if (eventName(line) == "save" && saved_.empty()) {
@@ -98,8 +98,8 @@ void Checker::checkEvent(const std::string& line) {
     if (isLearning_) {
         states_.insert(state);
     } else if (!states_.contains(state)) {
-        fault("after \"" + line +
-              "\" the store is in none of the expected states: " + describeDifference(state, states_));
+        reportFault("after \"" + line +
+                    "\" the store is in none of the expected states: " + describeDifference(state, states_));
     }
 }
 
@@ -161,14 +161,14 @@ void Checker::checkPoint(const std::function<void()>& point) {
 
 void Checker::checkStore() {
     if (const std::string damage = fixture_.damage(); !damage.empty()) {
-        fault("the store is damaged: " + damage);
+        reportFault("the store is damaged: " + damage);
     }
     if (const std::string state = fixture_.state(); !states_.contains(state)) {
-        fault("the store is in none of the expected states: " + describeDifference(state, states_));
+        reportFault("the store is in none of the expected states: " + describeDifference(state, states_));
     }
     const std::vector<std::string> locks = fixture_.ownLocks();
     if (locks.size() > 1) {
-        fault("more than one lock");
+        reportFault("more than one lock");
     }
 }
 
@@ -186,7 +186,7 @@ void Checker::checkPhotos() {
         if (found == now.end() && replacement != now.end() && replacement->second == fresh) {
             ++instants_;
         } else if (found == now.end() || (found->second != old && found->second != fresh)) {
-            fault(name + (found == now.end() ? " is gone" : " is cut"));
+            reportFault(name + (found == now.end() ? " is gone" : " is cut"));
         }
     }
 }
@@ -202,7 +202,7 @@ void Checker::checkLog(const Outcome& outcome) {
         torn += records_.contains(record) ? 0 : mayBeTorn && isStart ? 1 : 2;
     }
     if (torn > 1) {
-        fault("a log record is not whole");
+        reportFault("a log record is not whole");
     }
 }
 
@@ -216,25 +216,25 @@ void Checker::checkNextRun() {
     const Outcome next = runUnder({}, company, 1);
     const std::vector<std::string> report = fixture_.report();
     if (!next.fine || report.size() < 2) {
-        fault("the next start ends with " + next.ending);
+        reportFault("the next start ends with " + next.ending);
         return;
     }
     if (!report[1].starts_with("shown|" + name + "|")) {
-        fault("the next start shows another company: " + report[1] + " instead of " + name);
+        reportFault("the next start shows another company: " + report[1] + " instead of " + name);
     }
     for (const std::string& line : report) {
         if (isStored && !failuresIn(line).empty()) {
-            fault("the next run fails: " + line);
+            reportFault("the next run fails: " + line);
         }
     }
     // If the company has its number by now, its lock without a number remains until a new company is opened here.
     const std::vector<std::string> locks = fixture_.ownLocks();
     if (!locks.empty() && (number.empty() || locks != std::vector<std::string>{fixture_.company()})) {
-        fault("the next run leaves a lock");
+        reportFault("the next run leaves a lock");
     }
     for (const auto& [file, content] : fixture_.files()) {
         if (!names_.contains(file)) {
-            fault("left over: " + file);
+            reportFault("left over: " + file);
         }
     }
 }
@@ -253,7 +253,7 @@ void Checker::checkReport(const Outcome& outcome) {
     const std::vector<std::string> log = fixture_.log(isWhole);
     const bool logWorks = !touched(outcome, "/LOG/") && !touched(outcome, "/SYS/");  // settings contain the log's path
     if (logWorks && !isWhole) {
-        fault("the log does not end with a whole record");
+        reportFault("the log does not end with a whole record");
     }
     for (const std::string& line : fixture_.report()) {
         for (const std::string& failure : failuresIn(line)) {
@@ -261,18 +261,18 @@ void Checker::checkReport(const Outcome& outcome) {
             const bool isLogged = std::ranges::any_of(
                 log, [&](const std::string& record) { return record.find("," + code + ",") != std::string::npos; });
             if (logWorks && !isLogged) {
-                fault("not in the log: " + line);
+                reportFault("not in the log: " + line);
             }
         }
         if (eventName(line) == "save" && failuresIn(line).empty() && !line.ends_with(kSaved)) {
-            fault("a save that reports nothing");
+            reportFault("a save that reports nothing");
         }
     }
 }
 
 void Checker::checkAlive(const Outcome& outcome) {
     if (!outcome.fine) {
-        fault("ends with " + outcome.ending);
+        reportFault("ends with " + outcome.ending);
         return;
     }
     checkReport(outcome);
@@ -281,28 +281,28 @@ void Checker::checkAlive(const Outcome& outcome) {
     const std::vector<std::string> report = fixture_.report();
     if (report.size() == 1) {
         if (failuresIn(report.front()).empty()) {
-            fault("does not start and does not report why");
+            reportFault("does not start and does not report why");
         }
         checkNextRun();
         return;
     }
     if (eventName(report.back()) != "leave" || !failuresIn(report.back()).empty()) {
-        fault("cannot be left: " + report.back());
+        reportFault("cannot be left: " + report.back());
     }
     if (fixture_.state() != final_) {
-        fault("the repeated save is not complete: " + report[report.size() - 2]);
+        reportFault("the repeated save is not complete: " + report[report.size() - 2]);
     }
     // If the operator must open the new number again, that run takes over a lock whose state was uncertain.
     const bool willOpenAgain =
         std::ranges::any_of(report, [](const std::string& line) { return line.find("SAVE0001") != std::string::npos; });
     if (!willOpenAgain && !fixture_.ownLocks().empty()) {
-        fault("a lock is left");
+        reportFault("a lock is left");
     }
     // A remaining journal belongs to the store, and its next opening will use it.
     for (const auto& [file, content] : fixture_.files()) {
         const auto found = finalFiles_.find(file);
         if (found == finalFiles_.end() ? file != kJournal : found->second != content) {
-            fault((found == finalFiles_.end() ? "left over: " : "not the new one: ") + file);
+            reportFault((found == finalFiles_.end() ? "left over: " : "not the new one: ") + file);
         }
     }
 }

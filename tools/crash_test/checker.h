@@ -29,7 +29,7 @@ protected:
     virtual void afterEvent(const std::string& /*line*/) {}
     void checkDead(const Outcome& outcome);
     void checkAlive(const Outcome& outcome);
-    void fault(const std::string& what) { found_.push_back(what); }
+    void reportFault(const std::string& what) { found_.push_back(what); }
     /// Runs a point with the short time limit. If a check fails, a stalled machine may have caused it. The point is
     /// then repeated with the long limit, and a check that still fails is a fault.
     void checkPoint(const std::function<void()>& point);

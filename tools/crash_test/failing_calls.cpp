@@ -59,7 +59,7 @@ bool FailingCalls::injectOnce(const Injection& injection, const std::string& nam
     const auto begun = Clock::now();
     const Outcome outcome = runUnder(injection, fixture_.company(), 0);
     if (Clock::now() - begun > kLimits * fixture_.limit()) {
-        fault("takes " + std::to_string(std::chrono::duration<double>(Clock::now() - begun).count()) + " s");
+        reportFault("takes " + std::to_string(std::chrono::duration<double>(Clock::now() - begun).count()) + " s");
     }
     if (outcome.injected.empty()) {
         return false;

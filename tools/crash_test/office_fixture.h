@@ -48,7 +48,7 @@ public:
     void changeSettings(const std::string& usual, const std::string& other) const;
     void begin(const CompanyKind& kind);
     void comeBack();
-    void edited() { observer_->run(kind_->edited); }
+    void editCompany() { observer_->run(kind_->edited); }
 
     /// Returns the folders in which failures are injected, in addition to the connections. A kill matters where the
     /// scenario writes. A failing call also matters where it only reads: settings and help file. Later scenarios omit

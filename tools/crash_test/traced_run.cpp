@@ -57,7 +57,7 @@ private:
     long handleStop(int status, const std::function<void()>& onEvent);
     void beforeCall();
     void afterCall();
-    void hit(const CallKind& kind, user_regs_struct& all);
+    void inject(const CallKind& kind, user_regs_struct& all);
     bool touches(const std::string& object) const;
     bool counts(const CallKind& kind, unsigned long long size) const;
     bool isInjected(const CallKind& kind, unsigned long long size) {
@@ -121,7 +121,7 @@ void Watched::beforeCall() {
     ++outcome_.calls;
     if (isInjected(*kind, all.rdx)) {
         outcome_.injected.push_back(std::string(kind->name) + " " + object);
-        hit(*kind, all);
+        inject(*kind, all);
     } else if (kind->isFlush) {
         answer(all, 0);
         setRegisters(all);
@@ -138,7 +138,7 @@ void cutConnection(pid_t process, int descriptor) {
     ::close(handle);
 }
 
-void Watched::hit(const CallKind& kind, user_regs_struct& all) {
+void Watched::inject(const CallKind& kind, user_regs_struct& all) {
     using enum Injection::Kind;
     if (injection_.kind == Kill) {
         ::kill(process_, SIGKILL);

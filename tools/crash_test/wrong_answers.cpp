@@ -59,7 +59,7 @@ void WrongAnswers::tryOne(const Wrong& wrong) {
     server_.misbehave("well\n" + std::string(wrong.instruction));
     const Outcome outcome = runUnder({}, fixture_.company(), 0);
     if (slowest_ > kLimits * fixture_.limit()) {
-        fault("an event takes " + std::to_string(std::chrono::duration<double>(slowest_).count()) + " s");
+        reportFault("an event takes " + std::to_string(std::chrono::duration<double>(slowest_).count()) + " s");
     }
     checkAlive(outcome);
     checkMessage(wrong);
@@ -70,10 +70,10 @@ void WrongAnswers::tryOne(const Wrong& wrong) {
 void WrongAnswers::checkMessage(const Wrong& wrong) {
     const std::string line = savedLine(fixture_.report());
     if (wrong.code == nullptr ? line != kSuccess : !line.starts_with(kFailed + std::string(wrong.code))) {
-        fault("is not reported correctly: " + line);
+        reportFault("is not reported correctly: " + line);
     }
     if ((line == kSuccess) != (saved_ == final_)) {
-        fault("leaves the store in another state than reported: " + line);
+        reportFault("leaves the store in another state than reported: " + line);
     }
 }
 
@@ -81,7 +81,7 @@ void WrongAnswers::checkMessage(const Wrong& wrong) {
 void WrongAnswers::checkNumber() {
     for (const std::string& number : fixture_.newNumbers()) {
         if (number.size() != 9 || number.find_first_not_of("0123456789") != std::string::npos) {
-            fault("a company has the number \"" + number + "\"");
+            reportFault("a company has the number \"" + number + "\"");
         }
     }
 }

@@ -20,7 +20,7 @@ def shortened(text, width):
     return text[: width // 3] + "…" + text[len(text) - (width - width // 3 - 1):]
 
 
-def line_of(number, total, name, outcome, seconds):
+def format_line(number, total, name, outcome, seconds):
     start = f"[{number:>{len(total)}}/{total}] {'ok    ' if outcome == 'Passed' else 'FAILED'} {float(seconds):6.1f} s  "
     return start + shortened(name, WIDTH - len(start))
 
@@ -33,7 +33,7 @@ def run(preset, arguments, junit):
         for line in ctest.stdout:
             result = RESULT.match(line)
             if result:
-                print(line_of(*result.groups()), flush=True)
+                print(format_line(*result.groups()), flush=True)
             else:
                 rest.append(line)
     return ctest.returncode, rest

@@ -19,7 +19,7 @@ LONGEST = 3600  # seconds
 BEGIN = re.compile(r"^\[ RUN      \] (\S+)", re.M)
 
 
-def names_of(program):
+def read_names(program):
     """Returns the full names of the tests of a program."""
     listed = subprocess.run([WINE, program, "--gtest_list_tests"], stdout=subprocess.PIPE, text=True, check=True).stdout
     names, suite = [], ""
@@ -73,7 +73,7 @@ def report(preset, pattern):
     place = Path.cwd() / "build" / preset
     passed, failed = 0, {}
     for program in sorted(place.glob("tests/*_tests.exe")):
-        names = [name for name in names_of(program) if pattern in f"{program.stem}.{name}" and (program.stem, name) not in without]
+        names = [name for name in read_names(program) if pattern in f"{program.stem}.{name}" and (program.stem, name) not in without]
         count = len(names)
         fine, bad = 0, 0
         while names:

@@ -22,10 +22,10 @@ public:
     std::size_t showNotice(const orv::Notice& notice) override { return notice.defaultButton; }
     std::optional<std::string> openFile(const orv::FileQuestion&) override { return std::nullopt; }
     void commitComposition() override {}
-    void working(const std::string&) override {}
+    void showWork(const std::string&) override {}
     void pointToSibling(orv::Form&, const std::string&, std::function<void()>) override {}
     void beep() override {}
-    void pointer(bool) override {}
+    void showPointer(bool) override {}
     void repaint() override {}
 };
 
@@ -34,7 +34,7 @@ class NoPrograms : public orv::ProgramStarter, public orv::SiblingPrograms {
 public:
     void start(const std::string&) override {}
     void start(const std::string&, orv::SiblingCalls) override {}
-    void toFront() override {}
+    void bringToFront() override {}
     void dismiss() override {}
 };
 

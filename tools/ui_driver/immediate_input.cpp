@@ -14,7 +14,7 @@ using ui_driver::Spot;
 constexpr const char* kNotice = "会社情報設定";
 constexpr const char* kMiddle = "txt_Takken_Syunin_Name";
 
-void must(bool done, const std::string& what) {
+void require(bool done, const std::string& what) {
     if (!done) {
         throw std::runtime_error(what);
     }
@@ -38,13 +38,13 @@ private:
         office_.change("delete from TBL_LOCK");
         probe_.startTiming();
         terminal_.start("000004601,1,0");
-        must(terminal_.waitForPage(0), "the page");
+        require(terminal_.waitForPage(0), "the page");
         probe_.settled("the page", [] { return true; });
         middle_ = onPage(kMiddle);
         colour_ = probe_.colourAt(middle_);
     }
     Spot onPage(const std::string& control) {
-        must(terminal_.waitForPage(0), "the page");
+        require(terminal_.waitForPage(0), "the page");
         return terminal_.onScreen(control);
     }
     void clickAt(Spot spot) {
@@ -54,8 +54,8 @@ private:
     /// Opens a window with a click, closes it with a key and waits until a place below it is painted as before.
     void openAndClose(Spot button, const std::string& title, const std::string& key) {
         clickAt(button);
-        must(terminal_.waitForWindow(title), "the click that opens " + title);
-        must(ui_driver::eventually([&] { return terminal_.frontTitle() == title; }), "the focus of " + title);
+        require(terminal_.waitForWindow(title), "the click that opens " + title);
+        require(ui_driver::eventually([&] { return terminal_.frontTitle() == title; }), "the focus of " + title);
         probe_.key(key);
         probe_.waitForColourAt(middle_, colour_);
     }
@@ -74,7 +74,7 @@ private:
         openAndClose(save, kNotice, "Return");
         const std::string stored =
             office_.ask("select ADDRESS_NUMBER from TBL_CUSTOMER_INFO where USER_ID = '000004601'");
-        must(stored == number, "the typed " + number + ": " + stored);
+        require(stored == number, "the typed " + number + ": " + stored);
     }
     void openTwice(const std::string& button, const std::string& title) {
         const Spot spot = onPage(button);

@@ -63,7 +63,7 @@ void killProcesses(const std::string& home) {
     }
 }
 
-void must(const std::function<bool()>& condition, const std::string& what) {
+void require(const std::function<bool()>& condition, const std::string& what) {
     if (!eventually(condition)) {
         throw std::runtime_error("not at work: " + what);
     }
@@ -104,19 +104,19 @@ void InputMethod::writeSettings() const {
 void InputMethod::startBus() {
     bus_ = std::make_unique<Process>(
         unprivileged({"dbus-daemon", "--nofork", "--config-file=" + (home_ / "bus.conf").string()}), environment_);
-    must([&] { return fs::exists(home_ / "run/bus"); }, "the session bus");
+    require([&] { return fs::exists(home_ / "run/bus"); }, "the session bus");
 }
 
 void InputMethod::startFcitx() {
     daemon_ = std::make_unique<Process>(unprivileged({"fcitx5", "--disable=wayland,waylandim"}), environment_);
-    must([&] { return !readOutput(unprivileged({"fcitx5-remote"}), environment_).empty(); }, "fcitx5");
+    require([&] { return !readOutput(unprivileged({"fcitx5-remote"}), environment_).empty(); }, "fcitx5");
 }
 
 void InputMethod::startIbus() {
     daemon_ = std::make_unique<Process>(
         unprivileged({"ibus-daemon", "--panel=disable", "--config=disable", "--emoji-extension=disable"}),
         environment_);
-    must(
+    require(
         [&] {
             readOutput(unprivileged({"ibus", "engine", "mozc-jp"}), environment_);
             return readOutput(unprivileged({"ibus", "engine"}), environment_) == "mozc-jp";

@@ -15,7 +15,7 @@ namespace {
 using ui_driver::Office;
 using ui_driver::Terminal;
 
-void must(bool done, const std::string& what) {
+void require(bool done, const std::string& what) {
     if (!done) {
         throw std::runtime_error("not seen on the screen: " + what);
     }
@@ -24,13 +24,13 @@ void must(bool done, const std::string& what) {
 
 void goTo(Terminal& terminal, int page, const std::filesystem::path& pictures) {
     terminal.click("btm_ChangePage", page);
-    must(terminal.waitForPage(page), "page " + std::to_string(page));
+    require(terminal.waitForPage(page), "page " + std::to_string(page));
     terminal.shot(pictures / ("page" + std::to_string(page) + ".png"));
 }
 
 void open(Terminal& terminal, const std::string& argument, const std::filesystem::path& pictures) {
     terminal.start(argument);
-    must(terminal.waitForPage(0), "page 0 of " + argument);
+    require(terminal.waitForPage(0), "page 0 of " + argument);
     terminal.shot(pictures / "page0.png");
 }
 
@@ -38,24 +38,24 @@ void open(Terminal& terminal, const std::string& argument, const std::filesystem
 void choosePhoto(Terminal& terminal, const Office& office, const std::filesystem::path& pictures) {
     const std::string photo = office.copyPhoto();
     terminal.click("btm_PhotoSelect", 0);
-    must(terminal.waitForWindow("ファイルを開く"), "the open dialog");
+    require(terminal.waitForWindow("ファイルを開く"), "the open dialog");
     terminal.shot(pictures / "open_dialog.png");
     terminal.typeAscii(photo);
     terminal.key("Return");
-    must(terminal.waitForConfirmation(), "the confirmation dialog");
+    require(terminal.waitForConfirmation(), "the confirmation dialog");
     terminal.shot(pictures / "confirmation.png");
     terminal.key("F1");
-    must(terminal.waitForWindow(".* - ヘルプ"), "the help window");
+    require(terminal.waitForWindow(".* - ヘルプ"), "the help window");
     terminal.shot(pictures / "help.png");
     terminal.key("Escape");
-    must(terminal.waitForConfirmation(), "the confirmation dialog again");
+    require(terminal.waitForConfirmation(), "the confirmation dialog again");
     terminal.click("cmd_Entry");
-    must(terminal.waitForPage(2), "page 2 with the photo");
+    require(terminal.waitForPage(2), "page 2 with the photo");
     terminal.shot(pictures / "page2_photo.png");
 }
 
-void session(Terminal& terminal, const Office& office, const std::string& argument,
-             const std::filesystem::path& pictures) {
+void runSession(Terminal& terminal, const Office& office, const std::string& argument,
+                const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     terminal.enter("txt_Tanto_Name", "操作　花子");
     for (int page = 1; page < 5; ++page) {
@@ -66,66 +66,66 @@ void session(Terminal& terminal, const Office& office, const std::string& argume
         }
     }
     terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the message after the save");
+    require(terminal.waitForNotice(), "the message after the save");
     terminal.shot(pictures / "saved.png");
     terminal.key("Return");
-    must(terminal.isNoticeGone() && terminal.waitForPage(4), "back on page 4");
+    require(terminal.isNoticeGone() && terminal.waitForPage(4), "back on page 4");
     terminal.click("btm_Back_Menu");
-    must(terminal.waitForEnd() == 0, "the program has ended");
+    require(terminal.waitForEnd() == 0, "the program has ended");
 }
 
 /// Takes pictures of a search program's window and of the page that waits for it.
-void searchShots(Terminal& terminal, const std::string& button, const std::string& title, const std::string& name,
-                 const std::filesystem::path& pictures) {
+void takeSearchShots(Terminal& terminal, const std::string& button, const std::string& title, const std::string& name,
+                     const std::filesystem::path& pictures) {
     terminal.click(button);
-    must(terminal.waitForWindow(title), title);
+    require(terminal.waitForWindow(title), title);
     terminal.shot(pictures / (name + ".png"));
     terminal.shotOfScreen(pictures / (name + "_waiting.png"));
     terminal.key("Escape");
-    must(terminal.isWindowGone(title), title + " has ended");
+    require(terminal.isWindowGone(title), title + " has ended");
 }
 
 /// Answers the notice on the screen with its default button and waits for the page.
 void dismiss(Terminal& terminal, int page) {
     terminal.key("Return");
-    must(terminal.isNoticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
+    require(terminal.isNoticeGone() && terminal.waitForPage(page), "page " + std::to_string(page) + " again");
 }
 
-void passwordShots(Terminal& terminal, const std::filesystem::path& pictures) {
+void takePasswordShots(Terminal& terminal, const std::filesystem::path& pictures) {
     terminal.click("btm_ChangePW");
-    must(terminal.waitForPasswordDialog(), "the password dialog");
+    require(terminal.waitForPasswordDialog(), "the password dialog");
     terminal.typeAscii("mihon01");
     terminal.shot(pictures / "password.png");
     terminal.key("Return");
-    must(terminal.waitForNotice(), "the refusal of an empty password");
+    require(terminal.waitForNotice(), "the refusal of an empty password");
     terminal.shot(pictures / "password_refused.png");
     terminal.key("Return");
-    must(terminal.isNoticeGone() && terminal.waitForPasswordDialog(),
-         "the password dialog with the focus on the field");
+    require(terminal.isNoticeGone() && terminal.waitForPasswordDialog(),
+            "the password dialog with the focus on the field");
     terminal.shot(pictures / "password_focus.png");
     terminal.key("Escape");
-    must(terminal.waitForPage(0), "page 0 after the password dialog");
+    require(terminal.waitForPage(0), "page 0 after the password dialog");
 }
 
-void refusalShots(Terminal& terminal, const std::filesystem::path& pictures) {
+void takeRefusalShots(Terminal& terminal, const std::filesystem::path& pictures) {
     terminal.enter("txt_Company_Name", "　");
     terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the refusal of a blank company name");
+    require(terminal.waitForNotice(), "the refusal of a blank company name");
     terminal.shot(pictures / "refused.png");
     dismiss(terminal, 0);
     terminal.shot(pictures / "refused_focus.png");
     terminal.enter("txt_Company_Name", "あおぞら架空不動産");
 }
 
-void councilShots(Terminal& terminal, const std::filesystem::path& pictures) {
+void takeCouncilShots(Terminal& terminal, const std::filesystem::path& pictures) {
     terminal.click("btm_ChangePage", 1);
-    must(terminal.waitForPage(1), "page 1");
+    require(terminal.waitForPage(1), "page 1");
     terminal.click("chk_Koutori", 2);
     terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the question for a council");
+    require(terminal.waitForNotice(), "the question for a council");
     terminal.shot(pictures / "council.png");
     terminal.key("Return");
-    must(terminal.waitForNotice(), "the refusal that follows");
+    require(terminal.waitForNotice(), "the refusal that follows");
     terminal.shot(pictures / "council_refused.png");
     dismiss(terminal, 1);
     terminal.shot(pictures / "council_focus.png");
@@ -133,55 +133,56 @@ void councilShots(Terminal& terminal, const std::filesystem::path& pictures) {
 
 void leave(Terminal& terminal, const std::filesystem::path& pictures) {
     terminal.click("btm_Back_Menu");
-    must(terminal.waitForNotice(), "the question before leaving");
+    require(terminal.waitForNotice(), "the question before leaving");
     terminal.shot(pictures / "leave.png");
     terminal.key("Left");
     terminal.key("Return");
-    must(terminal.waitForEnd() == 0, "the program has ended");
+    require(terminal.waitForEnd() == 0, "the program has ended");
 }
 
 /// Takes pictures of a company without a licence and with its own site, where addresses are typed.
-void otherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures) {
+void takeOtherCompanyShots(Terminal& terminal, const std::filesystem::path& pictures) {
     open(terminal, "000004602,1,1", pictures / "other");
     goTo(terminal, 1, pictures / "other");
     terminal.kill();
 }
 
-void shots(Terminal& terminal, const Office& office, const std::string& argument,
-           const std::filesystem::path& pictures) {
+void takeShots(Terminal& terminal, const Office& office, const std::string& argument,
+               const std::filesystem::path& pictures) {
     open(terminal, argument, pictures);
     for (const int page : {1, 2, 3, 4, 0}) {
         goTo(terminal, page, pictures);
         if (page == 2) {
-            searchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
-            must(terminal.waitForPage(page), "page 2 is back");
+            takeSearchShots(terminal, "btn_SelectRail", "沿線検索", "rail_search", pictures);
+            require(terminal.waitForPage(page), "page 2 is back");
             choosePhoto(terminal, office, pictures);
         }
     }
-    searchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
-    must(terminal.waitForPage(0), "page 0 is back");
-    passwordShots(terminal, pictures);
-    refusalShots(terminal, pictures);
-    councilShots(terminal, pictures);
+    takeSearchShots(terminal, "btm_SearchOfficeAddress", "住所検索", "address_search", pictures);
+    require(terminal.waitForPage(0), "page 0 is back");
+    takePasswordShots(terminal, pictures);
+    takeRefusalShots(terminal, pictures);
+    takeCouncilShots(terminal, pictures);
     leave(terminal, pictures);
-    otherCompanyShots(terminal, pictures);
+    takeOtherCompanyShots(terminal, pictures);
 }
 
-void saving(Terminal& terminal, const Office& /*office*/, const std::string& argument,
-            const std::filesystem::path& pictures) {
+void runSave(Terminal& terminal, const Office& /*office*/, const std::string& argument,
+             const std::filesystem::path& pictures) {
     open(terminal, argument, pictures / "other");
     terminal.shotOfScreen(pictures / "1.png");
     terminal.enter("txt_Tanto_Name", "操作　花子");
     terminal.shotOfScreen(pictures / "2.png");
     terminal.click("btm_Save");
-    must(terminal.waitForNotice(), "the message after the save");
+    require(terminal.waitForNotice(), "the message after the save");
     terminal.shotOfScreen(pictures / "3.png");
     dismiss(terminal, 0);
     terminal.shotOfScreen(pictures / "4.png");
     terminal.kill();
 }
 
-const std::map<std::string, decltype(&shots)> kWorks{{"session", session}, {"shots", shots}, {"saving", saving}};
+const std::map<std::string, decltype(&takeShots)> kWorks{
+    {"session", runSession}, {"shots", takeShots}, {"saving", runSave}};
 
 }  // namespace
 

@@ -233,7 +233,7 @@ bool Terminal::isNoticeGone() const { return isWindowGone(kNoticeTitle); }
 
 int Terminal::windowProcess() const { return std::stoi(tool({"getwindowpid", window_})); }
 
-void Terminal::toFront() const { tool({"windowactivate", "--sync", window_}); }
+void Terminal::bringToFront() const { tool({"windowactivate", "--sync", window_}); }
 
 /// Keys are sent to the window that has the focus, and clicks to the window in front.
 void Terminal::waitForFocus() const {

@@ -95,7 +95,7 @@ public:
     /// Returns the process of the window that was last waited for.
     int windowProcess() const;
     /// Brings that window to the front, even if it is minimised.
-    void toFront() const;
+    void bringToFront() const;
     void minimise() const;
     /// Returns the title of the window that has the keyboard focus.
     std::string frontTitle() const { return tool({"getactivewindow", "getwindowname"}); }

@@ -41,7 +41,7 @@ void SiblingSession::begin(const PosixStarter& programs, const std::string& comm
     programs.startWith(commandLine, {.environment = {kSiblingSocketVariable + ("=" + socket_->path())},
                                      .lifeLine = life.writeEnd.number()});
     lifeLine_.descriptor = std::move(life.readEnd);
-    lifeLine_.watch = watched(lifeLine_.descriptor, &SiblingSession::endLife);
+    lifeLine_.watch = watched(lifeLine_.descriptor, &SiblingSession::handleExit);
     listening_ = watched(socket_->listener(), &SiblingSession::acceptConnection);
 }
 
@@ -73,7 +73,7 @@ void SiblingSession::acceptConnection() {
 }
 
 /// Messages that an ended program has sent can still be waiting at the socket.
-void SiblingSession::endLife() {
+void SiblingSession::handleExit() {
     lifeLine_.close();
     if (!connection_.descriptor) {
         acceptConnection();

@@ -34,7 +34,7 @@ private:
 
     std::shared_ptr<void> watched(const Descriptor& descriptor, void (SiblingSession::*act)());
     void acceptConnection();
-    void endLife();
+    void handleExit();
     void receive();
     void handleLines();
     void leave();

@@ -18,7 +18,7 @@ void SiblingSocket::start(const std::string& commandLine, SiblingCalls calls) {
     session_ = session;
 }
 
-void SiblingSocket::toFront() {
+void SiblingSocket::bringToFront() {
     if (session_) {
         session_->send("FRONT\n");
     }

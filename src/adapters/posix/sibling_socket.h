@@ -28,7 +28,7 @@ public:
 
     /// Also failure 57 if no socket can be created.
     void start(const std::string& commandLine, SiblingCalls calls) override;
-    void toFront() override;
+    void bringToFront() override;
     void dismiss() override;
 
 private:

@@ -10,7 +10,7 @@
 namespace orv {
 namespace {
 
-constexpr short eventsOf(WireState state) {
+constexpr short toEvents(WireState state) {
     switch (state) {
         case WireState::Readable:
             return POLLIN;
@@ -25,7 +25,7 @@ constexpr short eventsOf(WireState state) {
 }  // namespace
 
 WireAnswer waitForWire(int socket, WireState state, std::chrono::milliseconds time) {
-    pollfd wire{socket, eventsOf(state), 0};
+    pollfd wire{socket, toEvents(state), 0};
     const int ready = ::poll(&wire, 1, static_cast<int>(time.count()));
     if (ready > 0) {
         return WireAnswer::Ready;

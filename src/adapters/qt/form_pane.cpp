@@ -347,7 +347,7 @@ void FormPane::paintCaptions(QPainter& painter) const {
     }
 }
 
-void FormPane::closeBox() {
+void FormPane::pressCloseBox() {
     if (gate_) {
         form_.onCloseRefused.raise();
         return;

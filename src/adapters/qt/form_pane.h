@@ -30,7 +30,7 @@ public:
     QString role() const;
     Sizing sizing() const { return form_.sizing(); }
     /// Called when the operator has pressed the window's close box.
-    void closeBox();
+    void pressCloseBox();
     /// Called when another window has received the focus.
     void windowLeft();
     /// Writes unfinished input of the field with the focus to its control.

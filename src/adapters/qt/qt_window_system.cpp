@@ -8,6 +8,7 @@
 #include "adapters/qt/nested_events.h"
 #include "adapters/qt/views/qt_text.h"
 #include "platform/run_time_error.h"
+#include "platform/scope.h"
 #include "platform/waiting.h"
 
 namespace orv {
@@ -18,14 +19,12 @@ constexpr int kTidyPause = 50;  // milliseconds, while an event still runs
 }  // namespace
 
 /// Hides the hourglass while the operator has to answer.
-class QtWindowSystem::PlainPointer {
+class QtWindowSystem::PlainPointer : NonCopyable {
 public:
     explicit PlainPointer(QtWindowSystem& windows) : windows_(windows), busy_(windows.busy_) {
-        windows_.pointer(false);
+        windows_.showPointer(false);
     }
-    PlainPointer(const PlainPointer&) = delete;
-    PlainPointer& operator=(const PlainPointer&) = delete;
-    ~PlainPointer() { windows_.pointer(busy_); }
+    ~PlainPointer() { windows_.showPointer(busy_); }
 
 private:
     QtWindowSystem& windows_;
@@ -39,7 +38,7 @@ QtWindowSystem::~QtWindowSystem() {
     }
 }
 
-void QtWindowSystem::toFront() const {
+void QtWindowSystem::bringToFront() const {
     QWidget* window = QApplication::activeModalWidget();
     if (window == nullptr) {
         window = activeWindow();
@@ -145,7 +144,7 @@ void QtWindowSystem::commitComposition() {
     }
 }
 
-void QtWindowSystem::working(const std::string& what) {
+void QtWindowSystem::showWork(const std::string& what) {
     if (what.empty()) {
         endWork();
         return;
@@ -178,7 +177,7 @@ void QtWindowSystem::pointToSibling(Form& form, const std::string& line, std::fu
 
 void QtWindowSystem::beep() { QApplication::beep(); }
 
-void QtWindowSystem::pointer(bool busy) {
+void QtWindowSystem::showPointer(bool busy) {
     if (busy == busy_) {
         return;
     }

@@ -25,7 +25,7 @@ public:
     ~QtWindowSystem() override;
 
     /// Brings the operator's current window to the front and restores it if it is minimised.
-    void toFront() const;
+    void bringToFront() const;
 
     void open(Form& form) override;
     void show(Form& form) override;
@@ -35,10 +35,10 @@ public:
     std::size_t showNotice(const Notice& notice) override;
     std::optional<std::string> openFile(const FileQuestion& question) override;
     void commitComposition() override;
-    void working(const std::string& what) override;
+    void showWork(const std::string& what) override;
     void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) override;
     void beep() override;
-    void pointer(bool busy) override;
+    void showPointer(bool busy) override;
     void repaint() override;
 
 private:

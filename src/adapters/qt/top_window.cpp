@@ -148,7 +148,7 @@ void TopWindow::centre() {
 void TopWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (pane_ != nullptr) {
-        pane_->closeBox();
+        pane_->pressCloseBox();
     }
 }
 

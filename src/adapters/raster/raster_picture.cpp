@@ -43,7 +43,7 @@ QImage blankImage(PictureSize size, QImage::Format format) {
 
 /// Handles one row at a time, so that no second copy of a large picture is needed.
 template <typename Sample, typename Visit>
-void eachRow(const QImage& source, Visit visit) {
+void forEachRow(const QImage& source, Visit visit) {
     for (int y = 0; y < source.height(); ++y) {
         const QImage row = source.copy(0, y, source.width(), 1).convertToFormat(kFormat<Sample>);
         visit(reinterpret_cast<const Sample*>(row.constScanLine(0)));
@@ -57,7 +57,7 @@ QImage resampledAs(const QImage& source, int width, int height) {
     int y = 0;
     Resampler<Sample> resampler({source.width(), source.height()}, {width, height}, kChannels,
                                 [&](const auto& row) { putRow(row, target.scanLine(y++)); });
-    eachRow<Sample>(source, [&](const Sample* row) { resampler.push(row); });
+    forEachRow<Sample>(source, [&](const Sample* row) { resampler.push(row); });
     return target;
 }
 
@@ -66,7 +66,7 @@ QImage averagedAs(const QImage& source, int side) {
     BoxReducer<Sample> reducer({source.width(), source.height()}, kChannels, side);
     QImage target = blankImage(reducer.to(), kFormat<Sample>);
     int y = 0;
-    eachRow<Sample>(source, [&](const Sample* row) {
+    forEachRow<Sample>(source, [&](const Sample* row) {
         reducer.add(row);
         if (++y % side == 0 || y == source.height()) {
             reducer.finishRow(reinterpret_cast<Sample*>(target.scanLine((y - 1) / side)));

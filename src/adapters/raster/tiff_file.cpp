@@ -42,10 +42,10 @@ int keepQuiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
 
 // The library reads through these functions: its own ones take another kind of descriptor on each system.
 
-std::FILE* streamOf(thandle_t handle) { return static_cast<std::FILE*>(handle); }
+std::FILE* toFile(thandle_t handle) { return static_cast<std::FILE*>(handle); }
 
 tmsize_t readPart(thandle_t handle, void* bytes, tmsize_t size) {
-    return static_cast<tmsize_t>(std::fread(bytes, 1, static_cast<std::size_t>(size), streamOf(handle)));
+    return static_cast<tmsize_t>(std::fread(bytes, 1, static_cast<std::size_t>(size), toFile(handle)));
 }
 
 tmsize_t writeNothing(thandle_t, void*, tmsize_t) { return 0; }
@@ -53,23 +53,23 @@ tmsize_t writeNothing(thandle_t, void*, tmsize_t) { return 0; }
 toff_t seekTo(thandle_t handle, toff_t offset, int origin) {
     constexpr auto kNowhere = static_cast<toff_t>(-1);
     const bool isPossible = offset <= static_cast<toff_t>(std::numeric_limits<long>::max());
-    const bool isDone = isPossible && std::fseek(streamOf(handle), static_cast<long>(offset), origin) == 0;
-    return isDone ? static_cast<toff_t>(std::ftell(streamOf(handle))) : kNowhere;
+    const bool isDone = isPossible && std::fseek(toFile(handle), static_cast<long>(offset), origin) == 0;
+    return isDone ? static_cast<toff_t>(std::ftell(toFile(handle))) : kNowhere;
 }
 
 int keepOpen(thandle_t) { return 0; }
 
 /// Leaves the position as it is.
 toff_t measureSize(thandle_t handle) {
-    const long place = std::ftell(streamOf(handle));
+    const long place = std::ftell(toFile(handle));
     const toff_t size = seekTo(handle, 0, SEEK_END);
-    std::fseek(streamOf(handle), place, SEEK_SET);
+    std::fseek(toFile(handle), place, SEEK_SET);
     return size;
 }
 
 /// Does not map the file to memory, because a file that shrinks meanwhile would crash the program. The file must remain
 /// open.
-Tiff opened(const OpenFile& file) {
+Tiff openTiff(const OpenFile& file) {
     const std::unique_ptr<TIFFOpenOptions, FreeOptions> options(TIFFOpenOptionsAlloc());
     TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), kLargestPiece);
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), keepQuiet, nullptr);
@@ -233,7 +233,7 @@ void setColours(const Tiff& tiff, const QList<QRgb>& colours, int bits) {
 }  // namespace
 
 PictureHeader tiffHeader(const OpenFile& file) {
-    const Tiff tiff = opened(file);
+    const Tiff tiff = openTiff(file);
     const int channels = readNumber<std::uint16_t>(tiff, TIFFTAG_SAMPLESPERPIXEL);
     const int depth = readNumber<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE);
     require(channels > 0 && depth > 0 && depth <= 64);
@@ -253,7 +253,7 @@ PictureHeader tiffHeader(const OpenFile& file) {
 }
 
 Raster readTiff(const OpenFile& file, const PictureHeader& header) {
-    const Tiff tiff = opened(file);
+    const Tiff tiff = openTiff(file);
     const PictureSize size{static_cast<int>(header.width), static_cast<int>(header.height)};
     const PictureSize stored = swapsSides(header.orientation) ? PictureSize{size.height, size.width} : size;
     const QImage::Format format = rowFormat(tiff, header);

@@ -7,7 +7,7 @@
 namespace orv {
 namespace {
 
-StoreConnection& opened(const ConnectionPtr& connection) {
+StoreConnection& requireOpen(const ConnectionPtr& connection) {
     auto* own = dynamic_cast<StoreConnection*>(connection.get());
     if (own == nullptr) {
         refuse(kNotOpen);
@@ -44,13 +44,13 @@ void StoreService::DbOpen(ConnectionPtr& connection, const std::string& path, bo
 void StoreService::DbOpenRs(ConnectionPtr& connection, RecordsetPtr& recordset, const std::string& sql, bool& ok) {
     ok = guarded([&] {
         recordset.reset();
-        recordset = opened(connection).select(sql, {});
+        recordset = requireOpen(connection).select(sql, {});
     });
 }
 
 void StoreService::DbExecute(ConnectionPtr& connection, const std::string& sql, std::int32_t& rows) {
     rows = -1;
-    static_cast<void>(guarded([&] { rows = opened(connection).change(sql, {}); }));
+    static_cast<void>(guarded([&] { rows = requireOpen(connection).change(sql, {}); }));
 }
 
 void StoreService::DbClose(ConnectionPtr& connection, bool& ok) {
@@ -65,7 +65,7 @@ void StoreService::DbCloseRs(RecordsetPtr& recordset, bool& ok) {
 
 void StoreService::DbBeginTrans(ConnectionPtr& connection, bool& ok) {
     ok = guarded([&] {
-        StoreConnection& store = opened(connection);
+        StoreConnection& store = requireOpen(connection);
         if (store.inTransaction()) {
             refuse(kTransactionOpen);
         }
@@ -74,12 +74,12 @@ void StoreService::DbBeginTrans(ConnectionPtr& connection, bool& ok) {
 }
 
 void StoreService::DbRollback(ConnectionPtr& connection, bool& ok) {
-    ok = connection == nullptr || guarded([&] { opened(connection).rollBack(); });
+    ok = connection == nullptr || guarded([&] { requireOpen(connection).rollBack(); });
 }
 
 void StoreService::DbCommit(ConnectionPtr& connection, bool& ok) {
     ok = guarded([&] {
-        StoreConnection& store = opened(connection);
+        StoreConnection& store = requireOpen(connection);
         if (!store.inTransaction()) {
             refuse(kNoTransaction);
         }

@@ -63,8 +63,8 @@ SystemFiles::Kind SystemFiles::findKind(const std::string& path) const {
     }
 }
 
-/// A file that the operator has chosen can have any number of names.
-SystemHandle SystemFiles::opened(const std::string& path) const {
+/// Opens a file for reading and rejects one with several names, unless the operator has chosen it.
+SystemHandle SystemFiles::openChecked(const std::string& path) const {
     const SystemPlace from = place(path);
     SystemHandle file = from.openToRead();
     if (!from.isChosen()) {
@@ -75,16 +75,16 @@ SystemHandle SystemFiles::opened(const std::string& path) const {
 
 bool SystemFiles::canOpen(const std::string& path) const {
     try {
-        const SystemFile file(opened(path));
+        const SystemFile file(openChecked(path));
         return true;
     } catch (const RunTimeError&) {
         return false;
     }
 }
 
-bool SystemFiles::same(const std::string& a, const std::string& b) const {
+bool SystemFiles::haveSameContent(const std::string& a, const std::string& b) const {
     try {
-        return sameContent(SystemFile(opened(a)), SystemFile(opened(b)));
+        return sameContent(SystemFile(openChecked(a)), SystemFile(openChecked(b)));
     } catch (const RunTimeError&) {
         return false;
     }
@@ -92,9 +92,9 @@ bool SystemFiles::same(const std::string& a, const std::string& b) const {
 
 /// Does not wait for the disk for a working file, which is needed only during the run.
 void SystemFiles::copy(const std::string& from, const std::string& to) {
-    const SystemFile source(opened(from));
+    const SystemFile source(openChecked(from));
     const SystemPlace target = place(to);
-    if (target.holdsFile() && same(from, to)) {
+    if (target.holdsFile() && haveSameContent(from, to)) {
         return;
     }
     SystemReplacement copied(target, FileAccess::Private);
@@ -107,7 +107,7 @@ void SystemFiles::copy(const std::string& from, const std::string& to) {
 }
 
 void SystemFiles::publish(const std::string& from, const std::string& to) {
-    const SystemFile source(opened(from));
+    const SystemFile source(openChecked(from));
     SystemReplacement copied(place(to), FileAccess::AsFolder);
     copyBytes(source, copied.file());
     copied.place();

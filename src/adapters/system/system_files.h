@@ -20,8 +20,8 @@ public:
     bool canOpen(const std::string& path) const override;
     /// Changes nothing if the target is the file itself or already has the same bytes.
     void copy(const std::string& from, const std::string& to) override;
-    FileStream open(const std::string& path) const override { return toStream(opened(path)); }
-    bool same(const std::string& a, const std::string& b) const override;
+    FileStream open(const std::string& path) const override { return toStream(openChecked(path)); }
+    bool haveSameContent(const std::string& a, const std::string& b) const override;
     void publish(const std::string& from, const std::string& to) override;
     void write(const std::string& path, std::span<const std::uint8_t> bytes) override;
     void remove(const std::string& path) override { place(path).remove(); }
@@ -46,7 +46,7 @@ private:
     Kind readKind(const std::string& path) const;
     SystemWorkFolder* findWorkFolder(const std::string& path) const;
     SystemPlace place(const std::string& path) const;
-    SystemHandle opened(const std::string& path) const;
+    SystemHandle openChecked(const std::string& path) const;
 
     const SystemPaths& paths_;
     /// The key is the folder's path in capitals.

@@ -43,10 +43,10 @@ void SiblingWindows::start(const std::string& commandLine, SiblingCalls calls) {
     controls_.onText = std::move(calls.setText);
     controls_.onKey = std::move(calls.pressKey);
     gone_ = std::move(calls.gone);
-    end_ = watch_(process_.get(), [this] { ended(); });
+    end_ = watch_(process_.get(), [this] { handleEnd(); });
 }
 
-void SiblingWindows::toFront() {
+void SiblingWindows::bringToFront() {
     if (process_) {
         forEachWindow(process_.get(), [](HWND window) {
             if (::IsIconic(window) != 0) {
@@ -69,7 +69,7 @@ void SiblingWindows::dismiss() {
 }
 
 /// The last messages of a program that has ended can still be in the queue.
-void SiblingWindows::ended() {
+void SiblingWindows::handleEnd() {
     controls_.handlePosted();
     if (const auto gone = std::exchange(gone_, nullptr)) {
         dismiss();

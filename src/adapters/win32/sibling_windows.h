@@ -22,11 +22,11 @@ public:
     ~SiblingWindows() override;
 
     void start(const std::string& commandLine, SiblingCalls calls) override;
-    void toFront() override;
+    void bringToFront() override;
     void dismiss() override;
 
 private:
-    void ended();
+    void handleEnd();
 
     const Win32Starter& programs_;
     ControlWindows controls_;

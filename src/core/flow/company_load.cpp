@@ -48,7 +48,7 @@ void applyAssociationRule() {
     tCustomerInfo.DANTAI_FLG = toUtf8(flags);
 }
 
-void zerosForBlank(const FieldInfo& field) {
+void fillWithZeros(const FieldInfo& field) {
     std::string& flags = tCustomerInfo.*field.text;
     if (field.zeros > 0 && flags.empty()) {
         flags.assign(field.zeros, '0');
@@ -75,7 +75,7 @@ void readText(const Recordset& row, const FieldInfo& field) {
     const bool isKey = field.text == &R::USER_ID;
     const Value value = row.Fields(isKey ? "A.USER_ID" : std::string(field.name));
     tCustomerInfo.*field.text = PF_NullToStr(value, std::string(field.cleared));
-    zerosForBlank(field);
+    fillWithZeros(field);
 }
 
 void readField(const Recordset& row, const FieldInfo& field) {

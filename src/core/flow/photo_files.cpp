@@ -114,7 +114,7 @@ bool deleteOld(const std::string& stored) {
 
 /// A photo that the operator has not changed is not written again, so it cannot be lost.
 bool holdsAlready(const std::string& stored, const std::string& chosen) {
-    return isInPlace(stored, parentFolder(stored)) && services().fileSystem->same(stored, chosen);
+    return isInPlace(stored, parentFolder(stored)) && services().fileSystem->haveSameContent(stored, chosen);
 }
 
 /// Completes the new file before removing the old one, so that the photo is missing only for the time of a rename.

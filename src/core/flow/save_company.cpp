@@ -80,10 +80,10 @@ bool send(SaveRun& run) {
     prepareSending(run);
     sendImages();
     if (run.prepared) {
-        services().windows->working("会社情報を送信しています…");
+        services().windows->showWork("会社情報を送信しています…");
         sendCompany(run);
     }
-    services().windows->working(kSaving);
+    services().windows->showWork(kSaving);
     renewWorkingCopies();
     run.target = chooseNumber(run);
     return run.sent || failFrom(run.service->SendError());
@@ -170,8 +170,7 @@ void refreshCompanies(ComboBox& combo) {
             combo.addItem(std::string(kNewCompany));
         }
     }
-    const auto notListed = caught([&] { combo.setText(current); });
-    static_cast<void>(notListed);
+    static_cast<void>(caught([&] { combo.setText(current); }));  // the page then shows no number
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ void startSearch(Form& form, const SiblingSearch& search) {
     }
     form.onCloseRefused = [running] { running->giveUp(); };
     services().windows->pointToSibling(form, search.title + "の画面で選択してください",
-                                       [] { services().siblings->toFront(); });
+                                       [] { services().siblings->bringToFront(); });
     disabled.leaveDisabled();
 }
 

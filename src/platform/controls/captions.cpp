@@ -17,12 +17,12 @@ Label::Label(ControlOwner& owner, std::string_view name, const LabelDesign& desi
 
 void Label::setCaption(std::string caption) {
     caption_ = std::move(caption);
-    changed();
+    notifyObserver();
 }
 
 void Label::setFontSize(int points) {
     fontSize_ = points;
-    changed();
+    notifyObserver();
 }
 
 Button::Button(ControlOwner& owner, std::string_view name, const ButtonDesign& design, int index)
@@ -37,7 +37,7 @@ void Button::addShortcut(std::string keys) { shortcuts_.push_back(std::move(keys
 
 void Button::setMarked(bool marked) {
     marked_ = marked;
-    changed();
+    notifyObserver();
 }
 
 void Button::press() {

@@ -28,13 +28,13 @@ void ComboBox::clear() {
     list_.clear();
     ++listVersion_;
     listIndex_ = -1;
-    changed();
+    notifyObserver();
 }
 
 void ComboBox::addItem(std::string text) {
     list_.push_back(std::move(text));
     ++listVersion_;
-    changed();
+    notifyObserver();
 }
 
 void ComboBox::addItems(std::vector<std::string> texts) {
@@ -44,7 +44,7 @@ void ComboBox::addItems(std::vector<std::string> texts) {
         list_.insert(list_.end(), std::make_move_iterator(texts.begin()), std::make_move_iterator(texts.end()));
     }
     ++listVersion_;
-    changed();
+    notifyObserver();
 }
 
 void ComboBox::setListIndex(int index) {
@@ -56,7 +56,7 @@ void ComboBox::setListIndex(int index) {
     }
 }
 
-void ComboBox::picked(int index) {
+void ComboBox::pick(int index) {
     if (index >= 0 && index < listCount()) {
         choose(index);
     }
@@ -76,7 +76,7 @@ void ComboBox::setText(const std::string& text) {
 
 void ComboBox::choose(int index) {
     const bool differs = index != std::exchange(listIndex_, index);
-    differs ? contentChanged() : changed();
+    differs ? contentChanged() : notifyObserver();
     if (enabled()) {
         onClick.raise();
     }

@@ -49,7 +49,7 @@ public:
     /// Selects the entry with that text and raises click. Throws failure 383 if the list does not contain it.
     void setText(const std::string& text);
     /// Called when the operator selects an entry. Raises click even if it was selected already.
-    void picked(int index);
+    void pick(int index);
 
     bool focusable() const override { return usable(); }
 

@@ -29,28 +29,28 @@ Value Control::content() const { throw RunTimeError(Failure::InvalidCall); }
 
 void Control::setEnabled(bool enabled) {
     enabled_ = enabled;
-    changed();
+    notifyObserver();
 }
 
 void Control::setVisible(bool visible) {
     visible_ = visible;
-    changed();
+    notifyObserver();
 }
 
 void Control::setBackColour(Colour colour) {
     backColour_ = colour;
-    changed();
+    notifyObserver();
 }
 
 void Control::setForeColour(Colour colour) {
     foreColour_ = colour;
-    changed();
+    notifyObserver();
 }
 
 void Control::setFault(std::string fault) {
     if (fault != fault_) {
         fault_ = std::move(fault);
-        changed();
+        notifyObserver();
     }
 }
 
@@ -61,7 +61,7 @@ void Control::setFocus() {
     owner_.giveFocus(*this);
 }
 
-void Control::changed() const {
+void Control::notifyObserver() const {
     if (observer_) {
         observer_();
     }
@@ -69,7 +69,7 @@ void Control::changed() const {
 
 void Control::contentChanged() const {
     owner_.contentChanged(*this);
-    changed();
+    notifyObserver();
 }
 
 void Control::design(std::optional<Colour> back, bool enabled, bool visible) {

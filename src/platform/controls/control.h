@@ -152,7 +152,7 @@ public:
     Event<> onValidate;
 
 protected:
-    void changed() const;
+    void notifyObserver() const;
     /// Notifies the owner of a changed value.
     void contentChanged() const;
     void setTabRank(int rank) { tabRank_ = rank; }

@@ -86,7 +86,7 @@ Picture& ImageControl::loaded() const {
 
 void ImageControl::repaint() const {
     if (autoRepaint_) {
-        changed();
+        notifyObserver();
     }
 }
 

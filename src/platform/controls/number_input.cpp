@@ -102,7 +102,7 @@ void NumberInput::setText(const std::string& text) {
     }
     const bool differs = !(next == value_);
     value_ = next;
-    differs ? contentChanged() : changed();
+    differs ? contentChanged() : notifyObserver();
     if (differs) {
         onChange.raise();
     }
@@ -113,7 +113,7 @@ bool NumberInput::typed(const std::string& text) {
     const std::optional<double> number = readNumber(narrow);
     const bool blank = trimmed(narrow).empty();
     if (!blank && (!number || *number < design_.least || *number > design_.most)) {
-        changed();
+        notifyObserver();
         return false;
     }
     setText(narrow);

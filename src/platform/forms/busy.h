@@ -12,8 +12,8 @@ namespace orv {
 /// Shows on the active page, while in scope, which work the program is doing.
 class Working : NonCopyable {
 public:
-    explicit Working(const std::string& what) { services().windows->working(what); }
-    ~Working() { services().windows->working({}); }
+    explicit Working(const std::string& what) { services().windows->showWork(what); }
+    ~Working() { services().windows->showWork({}); }
 };
 
 /// Disables a form during a piece of work, which ends with `enable` or `leaveDisabled`. If a failure leaves the scope

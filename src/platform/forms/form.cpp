@@ -10,13 +10,13 @@ Form::Form(std::string_view name, std::string_view caption, Point size, Sizing s
 
 void Form::setCaption(std::string caption) {
     caption_ = std::move(caption);
-    changed();
+    notifyObserver();
 }
 
 void Form::resize(Point size) {
     size_ = size;
     onResize.raise();
-    changed();
+    notifyObserver();
 }
 
 Control* Form::find(std::string_view control, int index) const {
@@ -41,7 +41,7 @@ std::vector<Control*> Form::tabOrder() const {
 
 void Form::setEnabled(bool enabled) {
     enabled_ = enabled;
-    changed();
+    notifyObserver();
     if (enabled_ && awaited_ != nullptr) {
         Control& control = *awaited_;
         awaited_ = nullptr;
@@ -136,7 +136,7 @@ void Form::leaveActive() {
     left.onLostFocus.raise();
 }
 
-void Form::changed() const {
+void Form::notifyObserver() const {
     if (observer_) {
         observer_();
     }

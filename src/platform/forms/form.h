@@ -98,7 +98,7 @@ private:
 
     void activate(Control& control);
     void leaveActive();
-    void changed() const;
+    void notifyObserver() const;
 
     std::string name_;
     std::string caption_;

@@ -76,7 +76,7 @@ Form* FormHost::activeForm() const { return shown_.empty() ? nullptr : shown_.ba
 
 void FormHost::setPointer(int pointer) {
     pointer_ = pointer;
-    services().windows->pointer(pointer == kPointerHourglass);
+    services().windows->showPointer(pointer == kPointerHourglass);
 }
 
 }  // namespace orv

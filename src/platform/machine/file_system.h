@@ -31,7 +31,7 @@ public:
     /// can create links among the office's files. A link is failure 75.
     virtual FileStream open(const std::string& path) const = 0;
     /// True if both files have the same content. A file that cannot be read counts as different.
-    virtual bool same(const std::string& a, const std::string& b) const = 0;
+    virtual bool haveSameContent(const std::string& a, const std::string& b) const = 0;
     /// Creates the copy next to the target and renames it, so that no reader sees a partial file. Only this user can
     /// read the copy.
     virtual void copy(const std::string& from, const std::string& to) = 0;

@@ -25,7 +25,7 @@ public:
     /// ends or is dismissed. Failure 53 if it cannot be started; no call follows then.
     virtual void start(const std::string& commandLine, SiblingCalls calls) = 0;
     /// Asks the program to bring its window to the front. Does nothing if there is none.
-    virtual void toFront() = 0;
+    virtual void bringToFront() = 0;
     /// Stops accepting messages; the program continues to run. Does nothing if there is none. Can be used within a
     /// call.
     virtual void dismiss() = 0;

@@ -53,14 +53,14 @@ public:
     virtual void commitComposition() = 0;
     /// Shows on the active page which work is running, and blocks all input to the page until called with an empty
     /// text. A message or a modal form ends this too. Meanwhile `whileWaiting` paints the windows.
-    virtual void working(const std::string& what) = 0;
+    virtual void showWork(const std::string& what) = 0;
     /// Shows on the disabled form's window that another program's window must be used, until called with an empty text
     /// or the form closes. Calls `pressed` when the operator presses a mouse button there.
     virtual void pointToSibling(Form& form, const std::string& line, std::function<void()> pressed) = 0;
     /// Makes the short alert sound of the desktop.
     virtual void beep() = 0;
     /// Shows the hourglass pointer while `busy`.
-    virtual void pointer(bool busy) = 0;
+    virtual void showPointer(bool busy) = 0;
     /// Paints pending updates without handling input.
     virtual void repaint() = 0;
 };

@@ -82,7 +82,8 @@ TEST_F(FilesContract, PutsAWholeFileInPlace) {
     const std::string bytes = "gamma";
     files.write("C:\\D\\b.txt", {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     EXPECT_EQ(office.readBytes("C/D/b.txt"), bytes);
-    EXPECT_TRUE(files.same("C:\\D\\b.txt", "C:\\D\\B.TXT") && !files.same("C:\\D\\a.txt", "C:\\D\\b.txt"));
+    EXPECT_TRUE(files.haveSameContent("C:\\D\\b.txt", "C:\\D\\B.TXT"));
+    EXPECT_FALSE(files.haveSameContent("C:\\D\\a.txt", "C:\\D\\b.txt"));
     EXPECT_EQ(office.countIn("C/D"), 2);
 }
 

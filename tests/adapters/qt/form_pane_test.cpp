@@ -145,7 +145,7 @@ TEST_F(FormPaneTest, AFailureEnablesTheFormAndHandlesNoEventOnItsWay) {
 class WindowSystemTest : public QtTest {
 protected:
     /// Runs `act` once the next modal window is shown.
-    static void meanwhile(std::function<void(QWidget&)> act) {
+    static void actMeanwhile(std::function<void(QWidget&)> act) {
         QTimer::singleShot(0, qApp, [act = std::move(act)] {
             ASSERT_NE(QApplication::activeModalWidget(), nullptr);
             act(*QApplication::activeModalWidget());
@@ -170,7 +170,7 @@ TEST_F(WindowSystemTest, ANoticeAnswersWithItsButtons) {
     for (const bool withForm : {false, true}) {
         if (withForm) show(page);
         for (const auto& [act, answer] : acts) {
-            meanwhile([&](QWidget& box) {
+            actMeanwhile([&](QWidget& box) {
                 EXPECT_EQ(box.parentWidget(), withForm ? findWindow(page) : nullptr);
                 EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
                 EXPECT_LT(box.findChild<QWidget*>("notice_0")->x(), box.findChild<QWidget*>("notice_1")->x());
@@ -226,7 +226,7 @@ TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
     page.name.onLostFocus = [&] { ++clicks; };
     show(page);
     enter(page.name);
-    windows.working("保存しています…");
+    windows.showWork("保存しています…");
     const auto* cover = findWindow(page)->findChild<QWidget*>("work");
     EXPECT_FALSE(cover->isVisible()) << "a short work is not worth a flicker";
     EXPECT_TRUE(QTest::qWaitFor(
@@ -242,7 +242,7 @@ TEST_F(WindowSystemTest, WorkIsShownAfterAWhileAndTakesAllInput) {
     findWindow(page)->window()->close();
     QEvent otherWindow(QEvent::ActivationChange);
     QApplication::sendEvent(findWindow(page)->window(), &otherWindow);
-    windows.working("");
+    windows.showWork("");
     settle();
     EXPECT_EQ(findWindow(page)->findChild<QWidget*>("work"), nullptr);
     EXPECT_EQ(clicks, 0);
@@ -265,7 +265,7 @@ TEST_F(WindowSystemTest, AFormStaysAsLongAsItsOwnHandlerRuns) {
         show(next);
         forms.unload(page, UnloadMode::Code);
         forms.retire(std::move(mortal));
-        meanwhile([&](QWidget& box) {
+        actMeanwhile([&](QWidget& box) {
             QTest::qWait(120);
             box.close();
         });

@@ -9,7 +9,7 @@ class Leaving : public SystemTest, public testing::WithParamInterface<std::tuple
 protected:
     int page() const { return std::get<0>(GetParam()); }
     bool byButton() const { return std::get<1>(GetParam()); }
-    void out() { byButton() ? leave() : closeBox(); }
+    void out() { byButton() ? leave() : pressCloseBox(); }
     std::string tag() const {
         return byButton() ? "[ CompInp" + std::to_string(page()) + " btm_Back_Menu_Click ]" : "[ Form_QueryUnload ]";
     }
@@ -38,7 +38,7 @@ TEST_P(Leaving, AFailureOfTheStoreKeepsThePageAndCanBeTriedAgain) {
         out();
         expectReported("DB:77", std::string(call == Call::Open ? "" : "[ PF_DataUnlock ] ") + "ストアの故障");
         expectStillThere({"000004601 DESK01"});
-        store.mend();
+        store.repair();
     }
     out();
     EXPECT_TRUE(forms.forms().empty());

@@ -50,7 +50,7 @@ TEST_F(PageStart, AStartThatFailsIsReportedAndHandsNothingOver) {
         part != nullptr ? store.fail(call, part) : settings.set("PATH", "HLP", "");
         turnTo(page);
         EXPECT_EQ(screen().failure.text, text);
-        store.mend();
+        store.repair();
         settings.set("PATH", "HLP", "C:\\ORV\\HLP");
         expectReported(code, text);
         EXPECT_EQ(screen().number, page);
@@ -113,7 +113,7 @@ TEST_F(PageStart, APublishNumberThatCannotBeReadIsReported) {
         store.raised = text == "ストアの故障" ? std::nullopt : std::optional(Failure::OutOfMemory);
         start();
         expectReported(store.raised ? "7" : "DB:77", "F_Check_Pubish_Number\r\n" + text);
-        store.mend();
+        store.repair();
         leave();
     }
 }

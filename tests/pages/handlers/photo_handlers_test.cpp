@@ -114,16 +114,16 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
         bool prefixed = false;  // by the handler's own label
     };
     const std::vector<Case> cases{
-        {[&] { limits("640", "480", "0"); }, "IMGERR:01", "ファイルサイズが大きすぎて保存できません。"},
-        {[&] { limits("0", "480"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
-        {[&] { limits("640", "0"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] { setLimits("640", "480", "0"); }, "IMGERR:01", "ファイルサイズが大きすぎて保存できません。"},
+        {[&] { setLimits("0", "480"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
+        {[&] { setLimits("640", "0"); }, "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
         {[&] {
              std::filesystem::remove(filePath(source));
              pictures.script.broken = {"info"};
          },
          "IMGERR:02", "[ PF_ResizeImePic ] において、システム設定値が不正です。"},
-        {[&] { limits("640", "480", "x"); }, "13", "[ PF_ChangeQFactor ] 型が一致しません。"},
-        {[&] { limits("", "480"); }, "13", "[ PF_ResizeImePic ] 型が一致しません。"},
+        {[&] { setLimits("640", "480", "x"); }, "13", "[ PF_ChangeQFactor ] 型が一致しません。"},
+        {[&] { setLimits("", "480"); }, "13", "[ PF_ResizeImePic ] 型が一致しません。"},
         {[&] { pictures.script.broken = {"info"}; }, "57", "[ PF_ImeResize ] 画像ではありません。"},
         {[&] { pictures.script.broken = {"load"}; }, "57", "[ PF_ResizeImePic ] 画像ではありません。"},
         {[&] { files.refuse(kWork, Failure::DiskFull); }, "61", "[ PF_ResizeImePic ] ディスクの空き容量が足りません。"},
@@ -133,7 +133,7 @@ TEST_F(PhotoSlotsTest, FailuresAreShownAndLoggedAndKeepTheSlot) {
     for (const bool byDrop : {false, true}) {
         for (const Case& c : cases) {
             SCOPED_TRACE(c.code + c.text + (byDrop ? " by drop" : ""));
-            limits("640", "480");
+            setLimits("640", "480");
             writeFile(source, "a picture");
             pictures.script.broken.clear();
             files.allowAll();

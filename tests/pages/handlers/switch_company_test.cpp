@@ -156,7 +156,7 @@ TEST_P(SwitchFrom, AFailedStepChangesNothing) {
         store.raised = step.raised ? std::optional(Failure::OutOfMemory) : std::nullopt;
         screen().lbl_UserId.observe(step.fill ? breaks : std::function<void()>());
         bySave() ? save() : choose(kOther);
-        store.mend();
+        store.repair();
         EXPECT_EQ(shownIds(), bySave() ? (Texts{"COS63212", "COS05574", "COSERR01"}) : (Texts{"COS20001", "COSERR01"}));
         const std::string expected = toText(messages.shown.back().args.at(1));
         EXPECT_TRUE(expected.ends_with(step.text)) << expected;
@@ -234,7 +234,7 @@ TEST_F(Switch, APageWhoseListsFailedMakesUpForThemBeforeItIsFilled) {
     turnTo(0);
     EXPECT_EQ(tCustomerInfo.LICENSE_NO, "国土交通大臣") << "an empty list changes nothing in the record";
     turnTo(1);
-    store.mend();
+    store.repair();
     choose(kCompany);
     EXPECT_TRUE(screen().ready);
     EXPECT_EQ(page<frm_CompInp1>().cbo_License_No.text(), "東京都知事");

@@ -84,7 +84,7 @@ protected:
         }
     }
     /// Runs a terminal in a separate process, which writes its tally.
-    void terminal(int own, Clock::time_point end) {
+    void runTerminal(int own, Clock::time_point end) {
         if (fork() == 0) {
             const Tally tally = work(own, end);
             std::ofstream(report(own)) << tally.switches << ' ' << tally.refused << ' ' << tally.races << ' '
@@ -103,8 +103,8 @@ protected:
 TEST_F(TwoTerminals, NeverHaveACompanyTogetherButByTheRaceForAFreeOne) {
     const char* seconds = std::getenv("ORV_TERMINALS_SECONDS");
     const Clock::time_point end = Clock::now() + std::chrono::seconds(seconds == nullptr ? 2 : std::atoi(seconds));
-    terminal(1, end);
-    terminal(2, end);
+    runTerminal(1, end);
+    runTerminal(2, end);
     for (int ended = 0; ended < 2; ++ended) {
         int status = 0;
         EXPECT_GT(wait(&status), 0);

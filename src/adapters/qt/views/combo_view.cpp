@@ -67,7 +67,7 @@ private:
 
     void choose(int index) {
         setFault({});
-        combo_.picked(index);
+        combo_.pick(index);
         refresh();
     }
 
