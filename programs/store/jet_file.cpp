@@ -20,6 +20,7 @@
 
 #include "jet_reader.h"
 #include "keeper.h"
+#include "platform/scope.h"
 #include "reader_jail.h"
 
 namespace orv {
@@ -72,7 +73,7 @@ std::span<char> mapped(const std::string& path) {
 }
 
 /// The reading process and its output.
-class Reading {
+class Reading : NonCopyable {
 public:
     Reading(const std::string& path, const std::vector<std::string>& tables, std::chrono::milliseconds longest)
         : deadline_(Clock::now() + longest) {
@@ -90,8 +91,6 @@ public:
             throw KeeperFailure(std::string("no second process: ") + std::strerror(errno));
         }
     }
-    Reading(const Reading&) = delete;
-    Reading& operator=(const Reading&) = delete;
     ~Reading() {
         ::close(input_);
         if (child_ > 0) {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "platform/ascii.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
@@ -30,12 +31,10 @@ struct Closer {
     void operator()(void* bytes) const noexcept { std::free(bytes); }
 };
 
-class Sender {
+class Sender : NonCopyable {
 public:
     explicit Sender(int descriptor) : descriptor_(descriptor) {}
     ~Sender() { flush(); }
-    Sender(const Sender&) = delete;
-    Sender& operator=(const Sender&) = delete;
 
     void send(JetFrame kind, std::string_view bytes = {}) {
         const auto length = static_cast<std::uint32_t>(bytes.size());

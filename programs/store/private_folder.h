@@ -4,16 +4,16 @@
 #include <memory>
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// A folder that only this user can enter, with one new file that only this user can read. The destructor removes both.
 /// The next object in the same place removes those of a killed run.
-class PrivateFolder {
+class PrivateFolder : NonCopyable {
 public:
     /// Throws on failure.
     explicit PrivateFolder(const std::filesystem::path& parent);
-    PrivateFolder(const PrivateFolder&) = delete;
-    PrivateFolder& operator=(const PrivateFolder&) = delete;
     ~PrivateFolder();
 
     /// Returns the path of an empty file for the caller to write.

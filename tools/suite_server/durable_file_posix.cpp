@@ -8,6 +8,8 @@
 #include <iterator>
 #include <system_error>
 
+#include "platform/scope.h"
+
 namespace orv {
 namespace {
 
@@ -15,15 +17,13 @@ namespace {
     throw std::system_error(errno, std::generic_category(), file.string());
 }
 
-class OpenFile {
+class OpenFile : NonCopyable {
 public:
     OpenFile(const std::filesystem::path& path, int flags) : path_(path), number_(::open(path.c_str(), flags, 0600)) {
         if (number_ < 0) {
             raise(path_);
         }
     }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
     ~OpenFile() { ::close(number_); }
 
     void write(std::string_view bytes) const {

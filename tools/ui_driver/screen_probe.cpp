@@ -9,6 +9,8 @@
 #include <optional>
 #include <stdexcept>
 
+#include "platform/scope.h"
+
 namespace ui_driver {
 namespace {
 
@@ -20,7 +22,7 @@ constexpr auto kQuiet = 300ms;
 
 }  // namespace
 
-class ScreenProbe::Connection {
+class ScreenProbe::Connection : orv::NonCopyable {
 public:
     explicit Connection(const std::string& name) : display_(XOpenDisplay(name.c_str())) {
         int error = 0;
@@ -30,8 +32,6 @@ public:
         XDamageCreate(display_, DefaultRootWindow(display_), XDamageReportRawRectangles);
         XSync(display_, False);
     }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
     ~Connection() { XCloseDisplay(display_); }
 
     void moveTo(Spot spot) { XTestFakeMotionEvent(display_, -1, spot.x, spot.y, CurrentTime); }

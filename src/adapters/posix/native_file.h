@@ -12,6 +12,7 @@
 #include "adapters/posix/descriptor.h"
 #include "adapters/posix/file_place.h"
 #include "platform/machine/file_system.h"
+#include "platform/scope.h"
 
 namespace orv {
 
@@ -68,11 +69,9 @@ void forEachName(int folder, const std::function<void(const std::string& name)>&
 
 /// A file that is written next to its target and then renamed over it. It is removed unless it was placed. Creating one
 /// also removes those that crashed runs have left in the folder.
-class ReplacementFile {
+class ReplacementFile : NonCopyable {
 public:
     ReplacementFile(FilePlace target, FileAccess access);
-    ReplacementFile(const ReplacementFile&) = delete;
-    ReplacementFile& operator=(const ReplacementFile&) = delete;
     ~ReplacementFile();
 
     const NativeFile& file() const { return *file_; }

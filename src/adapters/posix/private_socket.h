@@ -3,6 +3,7 @@
 #include <string>
 
 #include "adapters/posix/descriptor.h"
+#include "platform/scope.h"
 
 namespace orv {
 
@@ -15,12 +16,10 @@ Descriptor acceptOwnUser(int listener);
 
 /// A local socket for programs of this user only, in a folder that only this user can enter. Both are removed when the
 /// object is destroyed.
-class PrivateSocket {
+class PrivateSocket : NonCopyable {
 public:
     /// Uses the user's session folder (XDG_RUNTIME_DIR), or else /tmp. Failure 57 if the socket cannot be created.
     PrivateSocket();
-    PrivateSocket(const PrivateSocket&) = delete;
-    PrivateSocket& operator=(const PrivateSocket&) = delete;
     ~PrivateSocket();
 
     const std::string& path() const { return path_; }

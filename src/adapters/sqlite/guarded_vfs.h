@@ -4,17 +4,17 @@
 
 #include <string>
 
+#include "platform/scope.h"
+
 namespace orv {
 
 /// Restricts the files that the engine opens and deletes for one store to the database and its own journals. Any user
 /// can put a journal into a folder of the office, and the engine would delete the other files that it names.
 ///
 /// Registered under its own name while in scope. The database that uses it must be closed first.
-class GuardedVfs : private sqlite3_vfs {
+class GuardedVfs : private sqlite3_vfs, NonCopyable {
 public:
     GuardedVfs();
-    GuardedVfs(const GuardedVfs&) = delete;
-    GuardedVfs& operator=(const GuardedVfs&) = delete;
     ~GuardedVfs();
 
     const char* name() const noexcept { return name_.c_str(); }

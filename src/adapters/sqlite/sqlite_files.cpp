@@ -17,6 +17,7 @@
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_failure.h"
 #include "platform/file_path.h"
+#include "platform/scope.h"
 
 namespace orv {
 namespace {
@@ -47,7 +48,7 @@ void refuseUnlessOk(int result) {
 }
 
 /// A file that is opened like the engine opens it, with its rules for links and its locks.
-class EngineFile {
+class EngineFile : NonCopyable {
 public:
     EngineFile(sqlite3_vfs& vfs, std::string path, int flags)
         : path_(std::move(path)),
@@ -55,8 +56,6 @@ public:
           file_(reinterpret_cast<sqlite3_file*>(memory_.data())) {
         refuseUnlessOk(vfs.xOpen(&vfs, path_.c_str(), file_, flags, nullptr));
     }
-    EngineFile(const EngineFile&) = delete;
-    EngineFile& operator=(const EngineFile&) = delete;
     ~EngineFile() { file_->pMethods->xClose(file_); }
 
     const std::string& path() const { return path_; }
