@@ -30,9 +30,7 @@ const char* const kFileOfOffice = "registry.txt";
 SystemPaths officePaths(const std::string& root) { return {root, root + "/C/ORV/BIN"}; }
 
 std::string installFolder(const std::string& root) {
-    return RegistryText(registryText(root))
-        .findValue("HKEY_LOCAL_MACHINE\\" + std::string(kInstallKey), kInstallValue)
-        .value_or("C:\\ORV");
+    return RegistryText(registryText(root)).findValue(fullKey(kInstallFolder), kInstallFolder.name).value_or("C:\\ORV");
 }
 
 std::string registryText(const std::string& root) { return readWholeFile(root + "/registry.txt", kLargestText); }

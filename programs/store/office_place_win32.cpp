@@ -7,21 +7,6 @@
 namespace orv {
 namespace {
 
-/// A value of the registry that the program reads.
-struct RegistryValue {
-    const char* hiveName;
-    Registry::Handle hive;
-    const char* key;
-    const char* name;
-};
-
-constexpr auto kValues = std::to_array<RegistryValue>({
-    {"HKEY_LOCAL_MACHINE", Registry::kLocalMachine, kInstallKey, kInstallValue},
-    {"HKEY_LOCAL_MACHINE", Registry::kLocalMachine, "SOFTWARE\\Microsoft\\Internet Explorer", "Version"},
-    {"HKEY_CURRENT_USER", Registry::kCurrentUser, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings",
-     "ProxyServer"},
-});
-
 /// The measurements of this machine.
 struct Machine {
     Cp932 codePage;
@@ -41,14 +26,13 @@ std::string installFolder(const std::string& root) { return root; }
 std::string registryText(const std::string&) {
     Machine machine;
     RegistryText text("");
-    for (const RegistryValue& wanted : kValues) {
+    for (const RegistryValue& wanted : {kInstallFolder, kBrowserVersion, kProxyServer}) {
         std::string value;
         bool isKnown = false;
-        machine.facts.SysGetRegString(wanted.key, wanted.name, std::to_string(wanted.hive), value, isKnown);
+        machine.facts.SysGetRegString(wanted.key, wanted.name, std::to_string(wanted.hive.handle), value, isKnown);
         if (isKnown) {
-            const std::string key = std::string(wanted.hiveName) + "\\" + wanted.key;
-            text.addKey(key);
-            text.setValue(key, wanted.name, value);
+            text.addKey(fullKey(wanted));
+            text.setValue(fullKey(wanted), wanted.name, value);
         }
     }
     return text.text();

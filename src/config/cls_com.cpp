@@ -52,8 +52,8 @@ std::int32_t wideByteCount(const std::string& text) {
 /// Returns the folder of the install from the registry, or nothing if it cannot be read.
 std::optional<std::string> readInstallFolder(const cls_Com& settings) {
     std::string folder;
-    const std::string hive = std::to_string(Registry::kLocalMachine);
-    const bool found = settings.P_GetRegQueryString(kInstallKey, kInstallValue, hive, folder);
+    const std::string hive = std::to_string(kInstallFolder.hive.handle);
+    const bool found = settings.P_GetRegQueryString(kInstallFolder.key, kInstallFolder.name, hive, folder);
     return found ? std::optional(folder) : std::nullopt;
 }
 

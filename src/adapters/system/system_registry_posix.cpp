@@ -1,4 +1,3 @@
-#include <array>
 #include <string_view>
 #include <utility>
 
@@ -13,16 +12,6 @@ namespace {
 
 constexpr const char* kFile = "/registry.txt";
 constexpr std::size_t kLargestFile = std::size_t{16} << 20;
-
-struct Hive {
-    Registry::Handle handle;
-    std::string_view name;
-};
-
-constexpr auto kHives = std::to_array<Hive>({
-    {Registry::kLocalMachine, "HKEY_LOCAL_MACHINE"},
-    {Registry::kCurrentUser, "HKEY_CURRENT_USER"},
-});
 
 std::int32_t toRegistryCode(const RunTimeError& error) {
     switch (static_cast<Failure>(error.number())) {

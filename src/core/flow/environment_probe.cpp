@@ -65,16 +65,14 @@ void probeIpAddress() {
     storeResult(&R::IP_ADDRESS, ok, address);
 }
 
-void probeRegistryText(TextField field, const char* key, const char* name, Registry::Handle hive, const char* note) {
+void probeRegistryText(TextField field, const RegistryValue& wanted, const char* note) {
     std::string value;
     bool ok = false;
-    sysInfo().SysGetRegString(key, name, std::to_string(hive), value, ok);
+    sysInfo().SysGetRegString(wanted.key, wanted.name, std::to_string(wanted.hive.handle), value, ok);
     storeResult(field, ok, value, note);
 }
 
-void probeInstallFolder() {
-    probeRegistryText(&R::INS_ORV_PATH, kInstallKey, kInstallValue, Registry::kLocalMachine, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)");
-}
+void probeInstallFolder() { probeRegistryText(&R::INS_ORV_PATH, kInstallFolder, "(ｲﾝｽﾄｰﾙﾌｫﾙﾀﾞｰ)"); }
 
 void probeDiskSpace(TextField field, std::string drive) {
     std::string first;
@@ -96,15 +94,9 @@ void probeMemory() {
     storeResult(&R::MEMORY, ok, megabytes + "MB");
 }
 
-void probeBrowser() {
-    probeRegistryText(&R::IE_VER, "SOFTWARE\\Microsoft\\Internet Explorer", "Version", Registry::kLocalMachine,
-                      "(IEバージョン)");
-}
+void probeBrowser() { probeRegistryText(&R::IE_VER, kBrowserVersion, "(IEバージョン)"); }
 
-void probeProxy() {
-    probeRegistryText(&R::PROXY_INFO, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Internet Settings", "ProxyServer",
-                      Registry::kCurrentUser, "(プロキシ設定)");
-}
+void probeProxy() { probeRegistryText(&R::PROXY_INFO, kProxyServer, "(プロキシ設定)"); }
 
 constexpr std::array kProbes{probeOperatingSystem, probeConnectionType, probeIpAddress,
                              probeInstallFolder,   probeInstallDrive,   probeSystemDrive,
