@@ -44,6 +44,12 @@ constexpr std::string_view trimmed(std::string_view text, std::string_view blank
     return trimmedRight(trimmedLeft(text, blanks), blanks);
 }
 
+/// Returns the text without a pair of equal quotes around it, single or double.
+constexpr std::string_view withoutQuotes(std::string_view text) {
+    const bool quoted = text.size() >= 2 && text.front() == text.back() && (text[0] == '"' || text[0] == '\'');
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
 /// Returns the text as a C function reads it: up to the first NUL.
 inline std::string_view upToNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 

@@ -7,17 +7,17 @@
 #include <stdexcept>
 #include <thread>
 
+#include "platform/ascii.h"
+
 namespace crash_test {
 namespace {
 
 namespace fs = std::filesystem;
 
 /// True for the free disk space, and for the kind of network, which is blank by design if the settings cannot be read.
-bool isMeasured(std::string name) {
-    for (char& c : name) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-    }
-    return name.ends_with("hd_cap") || name == "net_type";
+bool isMeasured(const std::string& name) {
+    const std::string column = orv::upperAscii(name);
+    return column.ends_with("HD_CAP") || column == "NET_TYPE";
 }
 
 class FileObserver : public StoreObserver {

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "adapters/store/store_failure.h"
+#include "platform/ascii.h"
 #include "platform/utf8.h"
 #include "sql_reader.h"
 
@@ -120,7 +121,7 @@ private:
         }
         expect("BY");
         std::vector<Cell> keys;
-        list([&] { keys.push_back(isdigit(words_.at(at_)[0]) != 0 ? nthItem(std::stoul(nextWord())) : term()); });
+        list([&] { keys.push_back(isAsciiDigit(words_.at(at_)[0]) ? nthItem(std::stoul(nextWord())) : term()); });
         std::ranges::stable_sort(rows, [&](const Values& left, const Values& right) {
             for (const Cell& key : keys) {
                 if (isBefore(key(left), key(right)) || isBefore(key(right), key(left))) {

@@ -1,15 +1,15 @@
 #include "sql_reader.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "adapters/store/store_failure.h"
+#include "platform/ascii.h"
 #include "platform/utf8.h"
 
 namespace orv {
 namespace {
 
-bool isNameCharacter(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$'; }
+bool isNameCharacter(char c) { return isAsciiAlphanumeric(c) || c == '_' || c == '$'; }
 
 /// A quote inside a text is doubled.
 std::size_t endOfText(const std::string& sql, std::size_t from) {
@@ -59,7 +59,7 @@ std::vector<std::vector<std::string>> splitStatements(const std::string& sql) {
     for (std::size_t at = 0; at < sql.size();) {
         if (sql.compare(at, 2, "--") == 0) {
             at = std::min(sql.find('\n', at), sql.size());
-        } else if (std::isspace(static_cast<unsigned char>(sql[at])) != 0) {
+        } else if (kAllBlanks.find(sql[at]) != std::string_view::npos) {
             ++at;
         } else {
             const std::size_t end = endOfWord(sql, at);
@@ -134,7 +134,7 @@ SqlReader::Cell SqlReader::term() {
     if (word.starts_with('$')) {
         return constant(parameters_.at(std::stoul(word.substr(1)) - 1));
     }
-    if (!word.empty() && std::ranges::all_of(word, [](unsigned char c) { return std::isdigit(c) != 0; })) {
+    if (!word.empty() && std::ranges::all_of(word, isAsciiDigit)) {
         return constant(std::int64_t{std::stoll(word)});
     }
     return name(word);

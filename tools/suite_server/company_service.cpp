@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "durable_file.h"
+#include "platform/ascii.h"
 
 namespace orv {
 namespace {
@@ -18,9 +19,7 @@ constexpr std::string_view kMarker = "---------";
 constexpr std::size_t kDigits = 9;
 constexpr int kBeforeFirst = 5000;
 
-bool isNumber(std::string_view id) {
-    return id.size() == kDigits && std::ranges::all_of(id, [](char c) { return c >= '0' && c <= '9'; });
-}
+bool isNumber(std::string_view id) { return id.size() == kDigits && std::ranges::all_of(id, isAsciiDigit); }
 
 std::string nineDigits(int number) {
     std::string digits = std::to_string(number);

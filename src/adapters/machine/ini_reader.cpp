@@ -84,11 +84,6 @@ Text findValue(Text rest, Text key) {
     return {};
 }
 
-Text withoutQuotes(Text value) {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() && (value[0] == '"' || value[0] == '\'');
-    return quoted ? value.substr(1, value.size() - 2) : value;
-}
-
 /// Returns as many whole characters as fit.
 Text cut(Text value, std::size_t limit) {
     std::size_t end = 0;

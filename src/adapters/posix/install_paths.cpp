@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "adapters/machine/path_names.h"
+#include "platform/ascii.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 
@@ -134,7 +135,7 @@ std::string InstallPaths::onDrive(char letter, std::string_view path) const {
 std::string InstallPaths::toSystem(const std::string& nativePath) const {
     const std::string prefix = root_ + "/";
     const std::string rest = nativePath.starts_with(prefix) ? nativePath.substr(prefix.size()) : "";
-    const bool onADrive = !rest.empty() && rest[0] >= 'A' && rest[0] <= 'Z' && (rest.size() == 1 || rest[1] == '/');
+    const bool onADrive = !rest.empty() && isAsciiCapital(rest[0]) && (rest.size() == 1 || rest[1] == '/');
     if (!onADrive || rest.find('\\') != std::string::npos) {
         return nativePath;
     }
@@ -156,7 +157,7 @@ std::string findInstallRoot(const std::string& nativeProgramFolder) {
     const std::filesystem::path programFolder = withoutTrailingSlash(nativeProgramFolder);
     for (auto folder = programFolder; folder.has_relative_path(); folder = folder.parent_path()) {
         const std::string name = folder.filename().string();
-        if (name.size() == 1 && name[0] >= 'A' && name[0] <= 'Z') {
+        if (name.size() == 1 && isAsciiCapital(name[0])) {
             return folder.parent_path().string();
         }
     }

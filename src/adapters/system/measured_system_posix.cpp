@@ -26,9 +26,7 @@ std::string osReleaseValue(std::string_view text, std::string_view name) {
         const auto line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(line.size() + 1, text.size()));
         if (line.starts_with(name) && line.substr(name.size()).starts_with('=')) {
-            auto value = trimmed(line.substr(name.size() + 1), kBlanksAndTabs);
-            const bool quoted = value.size() >= 2 && (value[0] == '"' || value[0] == '\'') && value.back() == value[0];
-            return std::string(quoted ? value.substr(1, value.size() - 2) : value);
+            return std::string(withoutQuotes(trimmed(line.substr(name.size() + 1), kBlanksAndTabs)));
         }
     }
     return {};
