@@ -122,7 +122,7 @@ bool writeAnswer(SaveRun& run) {
     }
     renewWorkingCopies();
     gSaved = true;
-    PageForm::unsaved = false;
+    theContext.unsavedChanges = false;
     return true;
 }
 

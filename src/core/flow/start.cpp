@@ -57,7 +57,7 @@ bool load() {
 
 bool begin(const std::string& tail) {
     readArgument(tail);
-    PageForm::unsaved = false;
+    theContext.unsavedChanges = false;
     return load() && showFirstPage();
 }
 

@@ -35,6 +35,8 @@ struct Context {
     bool gSaved = false;
     bool gSaving = false;
     bool gChecking = false;
+    /// True if an input of a page has changed since the company was loaded or completely saved.
+    bool unsavedChanges = false;
 
     std::optional<FailureRecord> gLoadFailure;
     std::string gGivenNumber;

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/record/globals.h"
 #include "pages/forms/page_entry.h"
 #include "platform/controls/captions.h"
 #include "platform/controls/check_box.h"
@@ -69,15 +70,13 @@ struct PageForm : Form {
     std::string tag() const { return "CompInp" + std::to_string(number); }
 
     void contentChanged(const Control& control) override {
-        if (ready && !unsaved && &control != &cbo_User_Id) {
-            unsaved = true;
+        if (ready && !theContext.unsavedChanges && &control != &cbo_User_Id) {
+            theContext.unsavedChanges = true;
             setCaption(caption());
         }
     }
-    bool hasUnsavedChanges() const override { return unsaved; }
+    bool hasUnsavedChanges() const override { return theContext.unsavedChanges; }
 
-    /// True if an input of a page has changed since the company was loaded or completely saved.
-    static inline bool unsaved = false;
     const int number;
     /// True if the lists and the fill succeeded. A page that is not ready does not change the record, and a save on it
     /// reports `failure`, the reason.

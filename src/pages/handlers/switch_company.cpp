@@ -42,7 +42,7 @@ void rememberBrokenLoad(const std::string& wish) {
 
 bool loadCompany(const std::string& label, const std::string& wish) {
     gLoadFailure.reset();
-    PageForm::unsaved = false;
+    theContext.unsavedChanges = false;
     gGivenNumber.clear();
     const bool loaded =
         trapped(label, [&] { return PF_SetCompanyDataStructureInis() && PF_SetCompanyDataStructureChng(wish); });

@@ -60,7 +60,7 @@ TEST_F(PhotoSlotsTest, APictureInsideTheLimitsGoesIn) {
 }
 
 TEST_F(PhotoSlotsTest, TheOpenDialog) {
-    PageForm::unsaved = false;
+    theContext.unsavedChanges = false;
     select();
     EXPECT_TRUE(form.hasUnsavedChanges()) << "another picture under the same name";
     ASSERT_EQ(windows.questions.size(), 1U);
