@@ -24,7 +24,7 @@ constexpr const char* kReadMe =
     "Made by orv_store support for the support of this office.\n\n"
     "versions.json    versions of the programs and the system\n"
     "status.json      kind and size of the store, number of companies, last nightly backup\n"
-    "check.json       what orv_store check finds\n"
+    "check.json       the findings of orv_store check\n"
     "settings/        sections, keys and values of system.ini and registry.txt\n"
     "logs/            time, code and routine of each record of the last error logs\n\n"
     "Removed: passwords, users, queries, command lines and comments in settings; texts and statements in logs;\n"

@@ -93,7 +93,7 @@ TEST_P(PlantedPhotos, LeadToNoFileOfTheOperator) {
     });
     EXPECT_FALSE(isOut());
     EXPECT_EQ(readFile(owned), kPrivate);
-    EXPECT_EQ(office.folder.countIn("home"), 1) << "nothing was put beside it either";
+    EXPECT_EQ(office.folder.countIn("home"), 1) << "nothing was put next to it either";
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -191,7 +191,7 @@ TEST_F(PhotoFolders, TheNextStartRemovesOnlyTheFilesOfDeadRuns) {
     EXPECT_TRUE(fs::exists(living / "TmpImg_1") && fs::exists(tmp / ".orv-run-of the clerk/notes"));
     fs::remove_all(living);
     EXPECT_EQ(catchFailure([&] { files.copy(kStored, kWorking); }), 0)
-        << "somebody has cleaned up TMP: a new one is made";
+        << "another program has emptied TMP: a new one is made";
 }
 
 TEST_F(PhotoFolders, AnotherUserNeitherReadsNorRemovesAWorkingCopy) {
@@ -215,7 +215,7 @@ TEST_F(PhotoFolders, AnotherUserNeitherReadsNorRemovesAWorkingCopy) {
                   return fs::exists(tmp / ".orv-run-1");
               }),
               1)
-        << "a folder of somebody else is nobody's to remove";
+        << "a folder of another user is not removed";
 }
 
 }  // namespace

@@ -210,7 +210,7 @@ TEST_F(StoreFiles, ALinkInTheWayIsNotWrittenThrough) {
     EXPECT_EQ(catchCode([&] { copySqliteRows(office, folder.file("link")); }), "DB14");
     EXPECT_EQ(readFile(other), before);
     if (!canBeAnotherUser()) {
-        GTEST_SKIP() << "no second user here: only root can plant what another user cannot remove";
+        GTEST_SKIP() << "no second user here: only root can create a file that another user cannot remove";
     }
     // A folder in which a user cannot remove the files of others.
     ASSERT_EQ(::chmod(folder.path().c_str(), 01777), 0);
@@ -260,7 +260,7 @@ TEST_F(StoreFiles, ForeignObjectsAreReportedAndOnlyRowsAreBackedUp) {
         for (const char* what : {"SPY:", "LOOK:", "SEARCH:"}) {
             EXPECT_FALSE(isReported(copy, what)) << copy;
         }
-        EXPECT_TRUE(isReported(copy, "OTHERS: table")) << "rows are kept, whoever put them there";
+        EXPECT_TRUE(isReported(copy, "OTHERS: table")) << "rows are kept, regardless of their origin";
     }
 }
 

@@ -55,7 +55,7 @@ TEST_F(BothStores, AValueThatEndsItsLiteralReadsNoOtherRow) {
                       store->change("delete from TBL_CUSTOMER_DATE where USER_ID = '000004699'", {});
                   }),
                   "")
-            << "what a literal holds is only text";
+            << "the content of a literal is only text";
     }
     const auto embedded = officeStore()(file, StoreAccess::ReadWrite);
     EXPECT_EQ(catchCode([&] { embedded->change(update("'||('x' in TBL_CUSTOMER_DATE)||'"), {}); }), "DB23");

@@ -83,7 +83,7 @@ private:
         }
         pageOnScreen().btm_Save.press();
         if (program_.messages().last() != "COS05574") {
-            throw std::runtime_error("the save did not come to its end");
+            throw std::runtime_error("the save did not end");
         }
     }
     int endRound() {

@@ -15,7 +15,7 @@ Result measureStart(const std::string& folder) {
         {"DISPLAY", display.name()}, {"QT_QPA_PLATFORM", "xcb"}, {"ORV_SCALE", "1"}};
     const auto ended = [&](const std::vector<std::string>& command) {
         if (ui_driver::Process(command, environment).wait(std::chrono::seconds(20)) != 0) {
-            throw std::runtime_error(command.front() + " did not come to its first page");
+            throw std::runtime_error(command.front() + " did not show its first page");
         }
     };
     return alternately(

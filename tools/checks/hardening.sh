@@ -5,8 +5,8 @@ program="$1"
 status=0
 
 expect() {
-    local what="$1" text="$2" pattern="$3"
-    grep -qE "$pattern" <<<"$text" || { echo "$program: $what is missing" >&2; status=1; }
+    local part="$1" text="$2" pattern="$3"
+    grep -qE "$pattern" <<<"$text" || { echo "$program: $part is missing" >&2; status=1; }
 }
 
 header=$(readelf --wide --file-header --program-headers "$program" 2>&1)

@@ -4,7 +4,8 @@
     tools/checks/language.py [--count] [--subject TEXT] [FILE...]
 
 Prints one line for each fault and ends with 1 if there is any. --count prints the number of faults per folder instead.
-Only comments and prose are read: string literals, code blocks and words in the form of code are not.
+Reads comments, prose, and the string literals of C++ that have several words. Code blocks and words in the form of code are
+left out.
 """
 import ast
 import io
@@ -79,8 +80,9 @@ def comment_blocks(lines):
     return [(line, "\n".join(texts)) for line, texts in blocks]
 
 
-CPP = re.compile(r"""(?P<line>//[^\n]*)|(?P<block>/\*.*?\*/)|R"(?P<mark>[^(\s]*)\(.*?\)(?P=mark)"|"(?:\\.|[^"\\\n])*\"""" +
-                 r"""|(?<![0-9a-fA-F])'(?:\\.|[^'\\\n])+'""", re.S)
+CPP = re.compile(r"""(?P<line>//[^\n]*)|(?P<block>/\*.*?\*/)|R"(?P<mark>[^(\s]*)\((?P<raw>.*?)\)(?P=mark)\"""" +
+                 r"""|"(?P<text>(?:\\.|[^"\\\n])*)"|(?<![0-9a-fA-F])'(?:\\.|[^'\\\n])+'""", re.S)
+WORDS_OF_TEXT = re.compile(r"[A-Za-z]{2,} [A-Za-z]{2,}")
 
 
 def cpp_comments(text):
@@ -93,6 +95,11 @@ def cpp_comments(text):
             body = re.sub(r"^//[/!<]* ?", "", body) if token["line"] else re.sub(r"^\s*\* ?", "", body[2:-2].strip("*< \n"), flags=re.M)
             found.append((line, "" if body.startswith("  ") else body, alone))
     return comment_blocks(found)
+
+
+def cpp_texts(text):
+    found = ((token.start(), token["text"] or token["raw"] or "") for token in CPP.finditer(text))
+    return [(text.count("\n", 0, at) + 1, body) for at, body in found if WORDS_OF_TEXT.search(body)]
 
 
 def python_comments(text):
@@ -144,12 +151,20 @@ def prose(text):
     return [(line, "\n".join(texts)) for line, texts, _ in blocks]
 
 
-def blocks_of(path):
+def manual_text(text):
+    """The text of a manual page, without examples. Fonts are dropped; other macros end a paragraph."""
+    text = re.sub(r"^\.nf$.*?^\.fi$", lambda code: re.sub(r"[^\n]", "", code[0]), text, flags=re.M | re.S)
+    return re.sub(r"^\..*", "", re.sub(r"^\.[BIR]{1,2} ", "", text, flags=re.M), flags=re.M)
+
+
+def read_blocks(path):
     text = path.read_text(encoding="utf-8")
     if path.suffix in (".h", ".cpp", ".c"):
-        return cpp_comments(text)
+        return cpp_comments(text) + cpp_texts(text)
     if path.suffix == ".py":
         return python_comments(text)
+    if path.suffix == ".1":
+        return prose(manual_text(text))
     return prose(text) if path.suffix == ".md" else hash_comments(text)
 
 
@@ -199,7 +214,7 @@ def git(*arguments):
 
 def written_files():
     names = git("ls-files", "--cached", "--others", "--exclude-standard", "-z").split("\0")
-    kept = [name for name in names if name in ("dev", ".ci/run") or Path(name).suffix in HASH - {""} | {".h", ".cpp", ".c", ".md"}]
+    kept = [name for name in names if name in ("dev", ".ci/run") or Path(name).suffix in HASH - {""} | {".h", ".cpp", ".c", ".md", ".1"}]
     return [name for name in kept if (ROOT / name).is_file() and (
         not name.endswith(".txt") or name.endswith(("CMakeLists.txt", "modules.txt")))]
 
@@ -223,7 +238,7 @@ def main(arguments):
         read += 1
         if name.endswith(".md"):
             faults += link_faults(name, (ROOT / name).read_text(encoding="utf-8"))
-        for line, text in blocks_of(ROOT / name):
+        for line, text in read_blocks(ROOT / name):
             for at, fault in block_faults(line, text):
                 faults.append(f"{name}:{at}: {fault}")
                 folders["/".join(name.split("/")[:2 if not name.startswith("src/adapters") else 3]),

@@ -77,7 +77,7 @@ def check_controls(repository, manual):
             faults.append(f"{name} has no section")
     for anchor, section in manual.by_anchor.items():
         if re.match(r"[a-z]{3}_", anchor) and anchor not in names:
-            faults.append(f"{section.page}: {anchor} is no control")
+            faults.append(f"{section.page}: {anchor} is not a control")
     return faults
 
 

@@ -77,7 +77,7 @@ def main():
     for name in names:
         ignored = machine_boxes() if name == "page4.png" else []
         if words := fault(pictures / name, new / name, ignored):
-            print(f"{name} is not what the program shows: {words}")
+            print(f"{name} differs from the program's: {words}")
             faults += 1
     return 1 if faults else 0
 

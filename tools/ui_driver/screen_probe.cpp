@@ -27,7 +27,7 @@ public:
     explicit Connection(const std::string& name) : display_(XOpenDisplay(name.c_str())) {
         int error = 0;
         if (display_ == nullptr || !XDamageQueryExtension(display_, &damageEvents_, &error)) {
-            throw std::runtime_error("no display " + name + " that reports what is painted");
+            throw std::runtime_error("no display " + name + " that reports its paintings");
         }
         XDamageCreate(display_, DefaultRootWindow(display_), XDamageReportRawRectangles);
         XSync(display_, False);

@@ -196,7 +196,7 @@ TEST_F(Controls, TheViewIsNotifiedOfEveryAssignment) {
     number.onChange = [&] { ++changes; };
     number.setText("3");
     number.setText("3.0");
-    EXPECT_EQ(changes, 1) << "the same number is no change";
+    EXPECT_EQ(changes, 1) << "the same number changes nothing";
     image.setAutoScroll(true);
     image.setDstRect({0, 0, image.width() + 3, image.height() + 3});
     for (const auto& [by, left] : {std::pair{9, -3}, {-9, 0}}) {
