@@ -105,7 +105,7 @@ private:
         }
     }
 
-    /// Makes the page the current one for reading.
+    /// Reads the page into the library's buffer. If it is not a page with rows of this table, reports it as broken.
     bool openPage(std::int32_t page) {
         const bool isRead = mdb_read_pg(file_, static_cast<unsigned long>(page)) == file_->fmt->pg_size;
         const bool isOurs = isRead && file_->pg_buf[0] == MDB_PAGE_DATA &&

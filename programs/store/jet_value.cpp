@@ -75,21 +75,27 @@ std::string expanded(std::string_view bytes) {
     return units;
 }
 
+/// Returns two bytes as one unit. 0 after the end.
+char32_t unitAt(std::string_view bytes, std::size_t at) {
+    const std::string_view unit = bytes.substr(std::min(at, bytes.size()), 2);
+    const auto byte = [unit](std::size_t i) -> char32_t { return static_cast<unsigned char>(unit[i]); };
+    return unit.size() == 2 ? byte(0) + (byte(1) << 8U) : 0;
+}
+
+constexpr bool isHighHalf(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
+constexpr bool isLowHalf(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
+
+/// Replaces a half of a pair that has no other half.
 std::u32string fromUtf16(std::string_view bytes) {
-    const auto unitAt = [&](std::size_t at) -> char32_t {
-        return at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at]) +
-                                           (static_cast<char32_t>(static_cast<unsigned char>(bytes[at + 1])) << 8U)
-                                     : 0;
-    };
     std::u32string characters;
     for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        const char32_t unit = unitAt(at);
-        const char32_t next = unitAt(at + 2);
-        if (unit >= 0xD800 && unit < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
+        const char32_t unit = unitAt(bytes, at);
+        const char32_t next = unitAt(bytes, at + 2);
+        if (isHighHalf(unit) && isLowHalf(next)) {
             characters += 0x10000 + ((unit - 0xD800) << 10U) + (next - 0xDC00);
             at += 2;
         } else {
-            characters += unit >= 0xD800 && unit < 0xE000 ? kReplacement : unit;
+            characters += isHighHalf(unit) || isLowHalf(unit) ? kReplacement : unit;
         }
     }
     return characters;

@@ -50,8 +50,8 @@ ManualPage parsePage(std::string file, std::string_view text) {
     return page;
 }
 
-/// The files of the pages that the text links, without regard to places in them.
-std::vector<std::string> linkedPages(std::string_view text) {
+/// Returns the files of the pages to which the text has links. A place within a page is left out.
+std::vector<std::string> findLinks(std::string_view text) {
     std::vector<std::string> files;
     for (std::size_t at = text.find(kLinkBegins); at != std::string_view::npos; at = text.find(kLinkBegins, at)) {
         at += kLinkBegins.size();
@@ -68,7 +68,7 @@ std::vector<std::string> linkedPages(std::string_view text) {
 std::vector<ManualPage> readManual(const FileSystem& files, const std::string& folder) {
     const std::string contents = files.read(folder + kManualContents, kLongestPage);
     std::vector<ManualPage> pages{parsePage(kManualContents, contents)};
-    for (std::string& file : linkedPages(contents)) {
+    for (std::string& file : findLinks(contents)) {
         const bool isKnown = std::ranges::find(pages, file, &ManualPage::file) != pages.end();
         if (!isKnown && files.exists(folder + file)) {
             const std::string text = files.read(folder + file, kLongestPage);
