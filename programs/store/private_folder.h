@@ -19,7 +19,7 @@ public:
     /// Returns the path of an empty file for the caller to write.
     std::string file() const;
     /// Gives the file another name. Does not replace a file created there meanwhile. The file gets the permissions of
-    /// the file `rightsFrom`, or of its new folder if that is named, without those for all users, because a store
+    /// the file `rightsFrom`, or of its new folder if that is named. Those for all users are left out, because a store
     /// contains passwords. On Windows, it gets all that the folder passes on to its files. If `rightsFrom` is empty,
     /// only this user can open the file.
     void publish(const std::string& target, const std::filesystem::path& rightsFrom) const;

@@ -67,7 +67,7 @@ TEST_F(Confirmation, OnlyTheEntryButtonTakesThePicture) {
         operate(way);
         EXPECT_EQ(fit(), target);
     }
-    during([](frm_ImgCommon&) { throw RunTimeError(Failure::OutOfMemory); });
+    operate([](frm_ImgCommon&) { throw RunTimeError(Failure::OutOfMemory); });
     EXPECT_EQ(fit(), "7 [ PF_ImeResize ] メモリが足りません。");
     EXPECT_EQ(windows.calls.back(), "close frm_ImgCommon");
 }

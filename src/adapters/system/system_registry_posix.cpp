@@ -64,7 +64,7 @@ bool isValueName(std::string_view name) {
 
 /// Returns the name of a key, or "" for an unknown hive.
 SystemKey nameBelow(Registry::Handle hive, const std::string& subKey) {
-    const auto* const found = std::ranges::find(kHives, hive, &Hive::handle);
+    const auto* const found = std::ranges::find(kHives, hive, &RegistryHive::handle);
     if (found == kHives.end()) {
         return "";
     }
