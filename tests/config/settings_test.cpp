@@ -113,17 +113,11 @@ TEST_F(Settings, EachPropertyReadsItsSetting) {
 }
 
 TEST_F(Settings, AKindOfPropertyHasItsFolderOfLeaflets) {
-    for (const auto& [code, folder] : std::map<std::string, std::string>{{"RH", "CHINTAI\\"},
-                                                                         {"RJ1", "TENANTO\\"},
-                                                                         {"SL", "TOCHI\\"},
-                                                                         {"SHM", "MANSION\\"},
-                                                                         {"SHW ", "MANSION\\"},
-                                                                         {"SHR", "KODATE\\"},
-                                                                         {"SHT", "KODATE\\"},
-                                                                         {"SHX", ""},
-                                                                         {"SH", ""},
-                                                                         {"XX", ""}}) {
-        EXPECT_EQ(com().VimblChirasiDir(code), "C:\\ORV\\VIMBL\\CHIRASI\\" + folder) << code;
+    using Kind = std::pair<const char*, const char*>;
+    for (const auto& [code, folder] : {Kind{"RH", "CHINTAI\\"}, Kind{"RJ1", "TENANTO\\"}, Kind{"SL", "TOCHI\\"},
+                                       Kind{"SHM", "MANSION\\"}, Kind{"SHW ", "MANSION\\"}, Kind{"SHR", "KODATE\\"},
+                                       Kind{"SHT", "KODATE\\"}, Kind{"SHX", ""}, Kind{"SH", ""}, Kind{"XX", ""}}) {
+        EXPECT_EQ(com().VimblChirasiDir(code), std::string("C:\\ORV\\VIMBL\\CHIRASI\\") + folder) << code;
     }
     EXPECT_EQ(log(), "");
 }

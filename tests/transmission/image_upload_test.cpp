@@ -74,29 +74,22 @@ TEST_F(ImageUpload, WithoutItsFormNothingIsSentAndTheLogSaysSo) {
 }
 
 TEST_F(ImageUpload, NamesOfFiles) {
-    for (const auto& [text, bare] : {std::pair{"\"C:\\a b\"", "C:\\a b"},
-                                     {" \"a\" ", "a"},
-                                     {"\"\"", ""},
-                                     {"\"a", "\"a"},
-                                     {"a\"", "a\""},
-                                     {"ab", "ab"},
-                                     {"写真", "写真"}}) {
+    using Name = std::pair<const char*, const char*>;
+    for (const auto& [text, bare] : {Name{"\"C:\\a b\"", "C:\\a b"}, Name{" \"a\" ", "a"}, Name{"\"\"", ""},
+                                     Name{"\"a", "\"a"}, Name{"a\"", "a\""}, Name{"ab", "ab"}, Name{"写真", "写真"}}) {
         EXPECT_EQ(PF_StripQuotes(text), bare);
     }
     for (const char* tooShort : {"", " ", "a", "写", "\""}) {
         EXPECT_EQ(catchFailure([&] { PF_StripQuotes(tooShort); }), 5) << tooShort;
     }
     for (const auto& [path, name] :
-         {std::pair{"C:\\a\\b.jpg", "b.jpg"}, {"C:b.jpg", "b.jpg"}, {"b.jpg", "b.jpg"}, {"C:\\a\\", ""}}) {
+         {Name{"C:\\a\\b.jpg", "b.jpg"}, Name{"C:b.jpg", "b.jpg"}, Name{"b.jpg", "b.jpg"}, Name{"C:\\a\\", ""}}) {
         EXPECT_EQ(PF_BaseName(path), name);
     }
     const std::string first = kFirst;
-    for (const auto& [file, opens] : std::map<std::string, bool>{{first, true},
-                                                                 {"\"" + first + "\"", true},
-                                                                 {first + "\\", true},
-                                                                 {first + "x", false},
-                                                                 {"x", false},
-                                                                 {"", false}}) {
+    using File = std::pair<std::string, bool>;
+    for (const auto& [file, opens] : {File{first, true}, File{"\"" + first + "\"", true}, File{first + "\\", true},
+                                      File{first + "x", false}, File{"x", false}, File{"", false}}) {
         EXPECT_EQ(PF_FileCanOpen(file), opens) << file;
     }
 }

@@ -97,6 +97,7 @@ TEST_F(NewCompany, ItsNumberThatCannotBeOpenedMakesNoSecondCompanyOfIt) {
     messages.shown.clear();
     save();
     EXPECT_EQ(toText(messages.shown.at(0).args.at(0)), "SAVE0001");
+    EXPECT_TRUE(toText(messages.shown.at(0).args.at(1)).ends_with("メニューへ戻って開き直してください。"));
     EXPECT_EQ(server.sent.size() + everything().size(), 1u + 20u);
     choose("000004700");
     save();

@@ -31,6 +31,7 @@ TEST_F(Save, ACompleteSave) {
     EXPECT_TRUE(gSaved);
     EXPECT_EQ(add("PHOTO_FILE1 || PHOTO_FILE2"), "000004601COS00000000_01.jpg000004601COS00000000_02.jpg");
     EXPECT_EQ(tCustomerInfo.PHOTO_FILE1 + tCustomerInfo.PHOTO_FILE2, "C:\\ORV\\TMP\\TmpImg_1C:\\ORV\\TMP\\TmpImg_2");
+    EXPECT_EQ(windows.calls.back(), "show frm_CompInp0") << "in front again after the send";
     expectAtRest();
     EXPECT_EQ(log(), "");
 }
