@@ -6,8 +6,8 @@
 #include <cerrno>
 #include <ctime>
 
+#include "adapters/store/file_path.h"
 #include "keeper.h"
-#include "platform/file_path.h"
 
 namespace orv {
 namespace {

@@ -1,10 +1,10 @@
 #include "adapters/store/fetched_rows.h"
+#include "adapters/store/file_path.h"
 #include "adapters/store/store_failure.h"
 #include "keeper.h"
 #include "office_rights.h"
 #include "office_schema.h"
 #include "platform/ascii.h"
-#include "platform/file_path.h"
 #include "source_store.h"
 #include "table_copy.h"
 

@@ -2,10 +2,10 @@
 
 #include <iostream>
 
+#include "adapters/store/file_path.h"
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
 #include "app/office_store.h"
-#include "platform/file_path.h"
 #include "private_folder.h"
 
 namespace orv {

@@ -1,6 +1,6 @@
 #include "adapters/sqlite/sqlite_files.h"
+#include "adapters/store/file_path.h"
 #include "keeper.h"
-#include "platform/file_path.h"
 #include "private_folder.h"
 #include "source_store.h"
 #include "store_sql.h"

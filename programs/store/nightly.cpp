@@ -1,6 +1,6 @@
+#include "adapters/store/file_path.h"
 #include "keeper.h"
 #include "nightly_backups.h"
-#include "platform/file_path.h"
 
 namespace orv {
 namespace {

@@ -7,8 +7,8 @@
 #include <optional>
 #include <set>
 
+#include "adapters/store/file_path.h"
 #include "adapters/system/system_adapters.h"
-#include "platform/file_path.h"
 
 namespace orv {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <array>
 
+#include "adapters/store/file_path.h"
 #include "place_rights.h"
 #include "platform/ascii.h"
-#include "platform/file_path.h"
 
 namespace orv {
 namespace {

@@ -1,11 +1,11 @@
 #include "private_folder.h"
 
+#include "adapters/store/file_path.h"
 #include "adapters/win32/access_list.h"
 #include "adapters/win32/run_folder.h"
 #include "adapters/win32/wide_text.h"
 #include "adapters/win32/win32_failure.h"
 #include "keeper.h"
-#include "platform/file_path.h"
 #include "platform/run_time_error.h"
 
 namespace orv {

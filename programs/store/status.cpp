@@ -1,7 +1,7 @@
+#include "adapters/store/file_path.h"
 #include "adapters/store/store_file_check.h"
 #include "keeper.h"
 #include "nightly_backups.h"
-#include "platform/file_path.h"
 #include "source_store.h"
 #include "version.h"
 

@@ -2,11 +2,11 @@
 #include <regex>
 
 #include "adapters/machine/ini_reader.h"
+#include "adapters/store/file_path.h"
 #include "adapters/text/cp932.h"
 #include "archive_file.h"
 #include "keeper.h"
 #include "office_place.h"
-#include "platform/file_path.h"
 #include "private_folder.h"
 #include "redaction.h"
 #include "version.h"

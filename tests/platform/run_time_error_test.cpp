@@ -26,6 +26,7 @@ TEST(RunTimeError, EachFailureHasTheTextOfTheGuide) {
         }
     }
     for (int number = 0; number < 30000; ++number) {
+        if (number / 10 == 2010) continue;  // of the picture library
         const auto row = texts.find(number);
         EXPECT_EQ(describe(Failure(number)), row == texts.end() ? "不明なエラーです。" : row->second) << number;
     }

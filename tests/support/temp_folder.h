@@ -6,7 +6,7 @@
 #include <random>
 #include <string>
 
-#include "platform/file_path.h"
+#include "adapters/store/file_path.h"
 #include "platform/scope.h"
 
 namespace orv {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "adapters/store/file_path.h"
 #include "durable_file.h"
-#include "platform/file_path.h"
 
 namespace orv {
 namespace {

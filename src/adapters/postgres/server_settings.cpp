@@ -10,10 +10,10 @@
 
 #include "adapters/postgres/postgres_failure.h"
 #include "adapters/postgres/postgres_library.h"
+#include "adapters/store/file_path.h"
 #include "adapters/store/store_failure.h"
 #include "adapters/store/store_file_check.h"
 #include "platform/ascii.h"
-#include "platform/file_path.h"
 #include "platform/run_time_error.h"
 #include "platform/utf8.h"
 

@@ -16,7 +16,7 @@
 #include "adapters/sqlite/guarded_vfs.h"
 #include "adapters/sqlite/sqlite_database.h"
 #include "adapters/sqlite/sqlite_failure.h"
-#include "platform/file_path.h"
+#include "adapters/store/file_path.h"
 #include "platform/scope.h"
 
 namespace orv {

@@ -6,9 +6,9 @@
 #include <fstream>
 #include <string_view>
 
+#include "adapters/store/file_path.h"
 #include "adapters/store/store_failure.h"
 #include "platform/ascii.h"
-#include "platform/file_path.h"
 #include "platform/utf8.h"
 
 namespace orv {

@@ -59,6 +59,7 @@ TEST_F(Switch, ACompanyOfASecondRunOnThisComputerIsLeftToIt) {
     choose("000004603");
     EXPECT_EQ(second.ours, std::set<std::string>{"DESK01/000004603"});
     leave();
+    EXPECT_TRUE(second.ours.empty());
     start("000004602,1,0");
     EXPECT_TRUE(forms.forms().empty());
     EXPECT_EQ(locks(), Texts{"000004602 DESK01"});

@@ -65,7 +65,7 @@ TEST_F(InputRules, InputIsFilteredAndThenCut) {
         {{.limit = bytes(3)}, "", "😀あb", "😀あ", "全角1文字（3バイト）までです。"},
         // A rejected character does not count.
         {{.mask = "9", .limit = characters(2)}, "", "a1b2c3", "12", "半角の数字で入力してください。"},
-        {{.limit = bytes(10), .ime = Ime::FullKatakana}, "", "ﾊﾟｳﾞｶﾞﾅﾞ", "パヴガナ゛"},
+        {{.limit = bytes(12), .ime = Ime::FullKatakana}, "", "ﾊﾟｳﾞｶﾞﾅﾞぁ", "パヴガナ゛ァ"},
         {{.mask = "Ｋ"}, "", "ア漢", "ア", "カタカナで入力してください。"},
         {{.mask = "aA9#@"}, "", "ａ！～漢", "a!~", "半角の英数字と記号で入力してください。"},
         {{.refuse = "K"}, "", "山ｱ", "山", "半角カタカナは使えません。"},
